@@ -1,0 +1,32 @@
+# The installed package: `find_package(MorrantUI)` gives a host Morrant::UI and Morrant::Core. Skia is
+# part of the public interface and of no distribution, so the package carries it.
+set(packageDir "${CMAKE_INSTALL_LIBDIR}/cmake/MorrantUI")
+
+# Ours find each other and Skia beside themselves.
+if(NOT WIN32)
+    set(ownTargets MorrantUI)
+    if(TARGET Core)
+        list(APPEND ownTargets Core)
+    endif()
+    set_target_properties(${ownTargets} PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/../lib")
+endif()
+
+set(exported MorrantUI)
+if(TARGET Core)
+    list(APPEND exported Core)
+endif()
+install(TARGETS ${exported} EXPORT MorrantUITargets
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+    FILE_SET generated DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(EXPORT MorrantUITargets NAMESPACE Morrant:: DESTINATION "${packageDir}")
+install(DIRECTORY "${MORRANT_SKIA_PREFIX}/" DESTINATION . USE_SOURCE_PERMISSIONS)
+
+configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/MorrantUIConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake" INSTALL_DESTINATION "${packageDir}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/MorrantUIConfigVersion.cmake"
+    COMPATIBILITY SameMinorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake"
+    "${PROJECT_BINARY_DIR}/MorrantUIConfigVersion.cmake" DESTINATION "${packageDir}")

@@ -1,0 +1,63 @@
+#include "support/FakePointer.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWindow>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace ui::test {
+
+FakePointer::FakePointer(QWidget* widget)
+    : m_widget(widget)
+{
+}
+
+void FakePointer::moveTo(QPoint position)
+{
+    m_position = position;
+    send(QEvent::MouseMove, Qt::NoButton);
+}
+
+void FakePointer::press(Qt::MouseButton button)
+{
+    m_buttons |= button;
+    send(QEvent::MouseButtonPress, button);
+}
+
+void FakePointer::release(Qt::MouseButton button)
+{
+    m_buttons &= ~Qt::MouseButtons(button);
+    send(QEvent::MouseButtonRelease, button);
+}
+
+void FakePointer::dragTo(QPoint position, int step)
+{
+    const QPoint start = m_position;
+    const QPoint way = position - start;
+    const int steps = std::max(1, std::max(std::abs(way.x()), std::abs(way.y())) / std::max(1, step));
+    for (int i = 1; i <= steps; ++i) {
+        moveTo(start + QPoint(way.x() * i / steps, way.y() * i / steps));
+    }
+}
+
+void FakePointer::send(QEvent::Type type, Qt::MouseButton button)
+{
+    if (!m_widget || !m_widget->window()->windowHandle()) {
+        return;
+    }
+    QWindow* const window = m_widget->window()->windowHandle();
+    const QPoint inWindow = m_widget->mapTo(m_widget->window(), m_position);
+    QMouseEvent event(
+        type,
+        QPointF(inWindow),
+        QPointF(inWindow),
+        QPointF(m_widget->mapToGlobal(m_position)),
+        button,
+        m_buttons,
+        m_modifiers);
+    QCoreApplication::sendEvent(window, &event);
+}
+
+} // namespace ui::test

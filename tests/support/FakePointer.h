@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPoint>
+#include <QPointer>
+#include <QWidget>
+
+namespace ui::test {
+
+/// A mouse whose events go through the window, as the platform plug-in sends them, so that grabs,
+/// hover and event filters take part. Positions are logical pixels relative to `widget`.
+class FakePointer
+{
+public:
+    /// The widget must be shown; it may die while the pointer is in use, which ends all delivery.
+    explicit FakePointer(QWidget* widget);
+
+    void moveTo(QPoint position);
+    void press(Qt::MouseButton button = Qt::LeftButton);
+    void release(Qt::MouseButton button = Qt::LeftButton);
+
+    /// Moves in straight steps of at most `step` pixels.
+    void dragTo(QPoint position, int step = 5);
+
+    void setModifiers(Qt::KeyboardModifiers modifiers) { m_modifiers = modifiers; }
+    QPoint position() const { return m_position; }
+
+private:
+    void send(QEvent::Type type, Qt::MouseButton button);
+
+    QPointer<QWidget> m_widget;
+    QPoint m_position;
+    Qt::MouseButtons m_buttons;
+    Qt::KeyboardModifiers m_modifiers;
+};
+
+} // namespace ui::test

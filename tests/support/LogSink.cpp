@@ -1,0 +1,44 @@
+#include "support/LogSink.h"
+
+#include <spdlog/sinks/base_sink.h>
+#include <spdlog/spdlog.h>
+
+#include <mutex>
+
+namespace ui::test {
+
+static QStringList gLines;
+
+namespace {
+
+class RecordingSink : public spdlog::sinks::base_sink<std::mutex>
+{
+protected:
+    void sink_it_(const spdlog::details::log_msg& message) override
+    {
+        const auto level = spdlog::level::to_string_view(message.level);
+        gLines.append(
+            QString::fromUtf8(level.data(), static_cast<qsizetype>(level.size()))
+            + QStringLiteral(": ")
+            + QString::fromUtf8(
+                message.payload.data(), static_cast<qsizetype>(message.payload.size())));
+    }
+
+    void flush_() override {}
+};
+
+} // namespace
+
+void LogSink::install()
+{
+    auto logger = std::make_shared<spdlog::logger>("test", std::make_shared<RecordingSink>());
+    logger->set_level(spdlog::level::trace);
+    spdlog::set_default_logger(logger);
+}
+
+QStringList LogSink::take()
+{
+    return std::exchange(gLines, {});
+}
+
+} // namespace ui::test

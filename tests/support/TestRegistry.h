@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ui::test {
+
+/// When a test class runs within its program.
+enum class RunOrder
+{
+    First, ///< before any theme exists: the current-theme pointer is never cleared again
+    Normal,
+};
+
+struct TestEntry
+{
+    std::string name;
+    RunOrder order = RunOrder::Normal;
+    std::function<std::unique_ptr<QObject>()> make;
+};
+
+/// Every test class linked into this program, in no particular order.
+std::vector<TestEntry>& testRegistry();
+
+/// A file-level `const ui::test::Registration<FooTest> kRegistration;` adds FooTest to the program.
+template <typename Test>
+struct Registration
+{
+    explicit Registration(RunOrder order = RunOrder::Normal)
+    {
+        testRegistry().push_back(
+            {Test::staticMetaObject.className(), order, [] { return std::make_unique<Test>(); }});
+    }
+};
+
+} // namespace ui::test
