@@ -1,0 +1,8 @@
+#pragma once
+
+#include <Core/Color.h>
+#include <Core/Expression.h>
+#include <Core/FontRegistry.h>
+#include <Core/ShapeRendering.h>
+#include <Core/native.h>
+#include <Core/num2.h>
