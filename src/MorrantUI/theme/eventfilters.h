@@ -1,0 +1,23 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <functional>
+
+class QEvent;
+class QObject;
+
+namespace ui {
+
+/// Sees an event before its receiver does; true keeps the event from it.
+using EventFilter = std::function<bool(QObject* watched, QEvent* event)>;
+
+/// Filters the events of `target`, which may be the application, through a callback.
+///
+/// The filter ends with its owner or, when that is null, with the target, or when it is deleted.
+/// The callback may delete owner, filter or target; an event whose receiver it deletes is kept.
+/// @return the filter object, owned by `owner`; null without a target or a callback
+MORRANT_UI_EXPORT QObject* installEventFilter(
+    QObject* target, EventFilter callback, QObject* owner);
+
+} // namespace ui

@@ -1,0 +1,12 @@
+#include <MorrantUI/theme/events.h>
+
+#include <QCoreApplication>
+
+namespace ui {
+
+void processEvents()
+{
+    QCoreApplication::processEvents();
+}
+
+} // namespace ui

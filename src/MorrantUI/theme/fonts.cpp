@@ -1,0 +1,13 @@
+#include <MorrantUI/theme/VisualDesignBase.h>
+#include <MorrantUI/theme/currenttheme.h>
+#include <MorrantUI/theme/fonts.h>
+
+namespace ui {
+
+QFont font()
+{
+    const VisualDesignBase* theme = currentTheme();
+    return theme ? theme->getFont() : QFont();
+}
+
+} // namespace ui

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QString>
+
+namespace ui {
+
+/// How the Control key is called in texts for the user.
+MORRANT_UI_EXPORT QString ctrlKeyName();
+
+} // namespace ui

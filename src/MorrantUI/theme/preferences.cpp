@@ -1,0 +1,13 @@
+#include <MorrantUI/theme/VisualDesignBase.h>
+#include <MorrantUI/theme/currenttheme.h>
+#include <MorrantUI/theme/preferences.h>
+
+namespace ui {
+
+QVariant themePreference(const QString& key)
+{
+    VisualDesignBase* theme = currentTheme();
+    return theme ? theme->getPref(key) : QVariant();
+}
+
+} // namespace ui

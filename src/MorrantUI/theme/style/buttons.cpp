@@ -1,0 +1,218 @@
+#include <MorrantUI/theme/style/elements.h>
+#include <MorrantUI/theme/style/shades.h>
+#include <MorrantUI/theme/style/shapes.h>
+
+#include <QPainter>
+
+namespace ui::style {
+
+namespace {
+
+bool isDefault(const QStyleOptionButton& button)
+{
+    return button.features.testFlag(QStyleOptionButton::DefaultButton);
+}
+
+QColor buttonFill(
+    const QStyleOption& option, const Mood& mood, bool emphasised, const QWidget* widget)
+{
+    if (emphasised) {
+        return option.palette.color(QPalette::Highlight);
+    }
+    return mood.on ? quietHighlight() : groundOf(option, QPalette::Button, widget);
+}
+
+void drawRaised(
+    const QStyleOption& option, QPainter& painter, bool emphasised, const QWidget* widget)
+{
+    const Mood mood = moodOf(option);
+    const QColor ground = buttonFill(option, mood, emphasised, widget);
+    fillRounded(painter, option.rect, kRadius, shade(ground, mood));
+    if (mood.on && mood.enabled) {
+        strokeRounded(painter, option.rect, kRadius, option.palette.color(QPalette::Highlight));
+    }
+}
+
+/// The box behind a tick or a radio dot: a field when off, filled with the highlight when on.
+void drawIndicatorBox(
+    const QStyleOption& option, QPainter& painter, double radius, const QWidget* widget)
+{
+    const Mood mood = moodOf(option);
+    const bool filled = mood.on || option.state.testFlag(QStyle::State_NoChange);
+    const QRectF box = centredSquare(option.rect, option.rect.width());
+    const QColor ground = filled ? option.palette.color(QPalette::Highlight)
+                                 : groundOf(option, QPalette::Base, widget);
+    fillRounded(painter, box, radius, shade(ground, mood));
+    if (!filled) {
+        const QColor text = option.palette.color(QPalette::Text);
+        strokeRounded(
+            painter, box, radius, ink(translucent(text, mood.hovered ? 0.55 : 0.3), mood));
+    }
+    if (mood.keyboard) {
+        drawFocusRing(painter, box, radius);
+    }
+}
+
+QColor markColor(const QStyleOption& option)
+{
+    return ink(option.palette.color(QPalette::HighlightedText), moodOf(option));
+}
+
+/// The elements that make up a check box or a radio button.
+struct Checkable
+{
+    QStyle::PrimitiveElement mark;
+    QStyle::SubElement markRect;
+    QStyle::ControlElement label;
+    QStyle::SubElement labelRect;
+};
+
+/// The focus is ringed at the mark: a second ring around the text would only repeat it.
+void drawMarkAndLabel(
+    const QStyleOption& option, QPainter& painter, const Context& context, const Checkable& parts)
+{
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    if (!button) {
+        return;
+    }
+    QStyleOptionButton part(*button);
+    part.rect = context.style.subElementRect(parts.markRect, button, context.widget);
+    context.style.drawPrimitive(parts.mark, &part, &painter, context.widget);
+    part.rect = context.style.subElementRect(parts.labelRect, button, context.widget);
+    context.style.drawControl(parts.label, &part, &painter, context.widget);
+}
+
+} // namespace
+
+void drawButtonPanel(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    drawRaised(option, painter, false, context.widget);
+}
+
+void drawPushButtonBevel(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    if (!button) {
+        return;
+    }
+    const Mood mood = moodOf(option);
+    const bool flat = button->features.testFlag(QStyleOptionButton::Flat);
+    if (!flat || mood.hovered || mood.pressed || mood.on) {
+        drawRaised(option, painter, isDefault(*button), context.widget);
+    }
+    if (mood.keyboard) {
+        drawFocusRing(painter, option.rect);
+    }
+    if (button->features.testFlag(QStyleOptionButton::HasMenu)) {
+        const int column =
+            context.style.pixelMetric(QStyle::PM_MenuButtonIndicator, &option, context.widget);
+        const QRect arrow(
+            option.rect.right() - column, option.rect.top(), column, option.rect.height());
+        drawChevron(
+            painter,
+            QStyle::visualRect(option.direction, option.rect, arrow),
+            Qt::DownArrow,
+            ink(option.palette.color(QPalette::ButtonText), mood));
+    }
+}
+
+void drawPushButtonLabel(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    if (!button) {
+        return;
+    }
+    QStyleOptionButton label(*button);
+    if (isDefault(label)) {
+        label.palette.setColor(
+            QPalette::ButtonText, label.palette.color(QPalette::HighlightedText));
+    }
+    context.base.drawControl(QStyle::CE_PushButtonLabel, &label, &painter, context.widget);
+}
+
+void drawToolButtonPanel(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const Mood mood = moodOf(option);
+    const bool raises = option.state.testFlag(QStyle::State_AutoRaise);
+    if (!raises || mood.hovered || mood.pressed || mood.on) {
+        drawRaised(option, painter, false, context.widget);
+    }
+}
+
+void drawToolButtonDropDown(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const Mood mood = moodOf(option);
+    const QRectF rect = option.rect;
+    if (mood.hovered || mood.pressed) {
+        fillRounded(
+            painter,
+            rect,
+            kRadius,
+            shade(groundOf(option, QPalette::Button, context.widget), mood));
+    }
+    drawChevron(
+        painter, rect, Qt::DownArrow, ink(option.palette.color(QPalette::ButtonText), mood));
+}
+
+void drawCheckMark(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    drawIndicatorBox(option, painter, kSmallRadius, context.widget);
+    const QRectF box = centredSquare(option.rect, option.rect.width());
+    if (option.state.testFlag(QStyle::State_NoChange)) {
+        const QPointF reach(box.width() * 0.22, 1.0);
+        fillRounded(painter, {box.center() - reach, box.center() + reach}, 1.0, markColor(option));
+    } else if (option.state.testFlag(QStyle::State_On)) {
+        drawTick(painter, box, markColor(option));
+    }
+}
+
+void drawRadioMark(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const QRectF circle = centredSquare(option.rect, option.rect.width());
+    drawIndicatorBox(option, painter, circle.width() / 2, context.widget);
+    if (option.state.testFlag(QStyle::State_On)) {
+        const QRectF dot = centredSquare(circle, circle.width() - 8);
+        fillRounded(painter, dot, dot.width() / 2, markColor(option));
+    }
+}
+
+void drawCheckBox(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    drawMarkAndLabel(
+        option,
+        painter,
+        context,
+        {QStyle::PE_IndicatorCheckBox,
+         QStyle::SE_CheckBoxIndicator,
+         QStyle::CE_CheckBoxLabel,
+         QStyle::SE_CheckBoxContents});
+}
+
+void drawRadioButton(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    drawMarkAndLabel(
+        option,
+        painter,
+        context,
+        {QStyle::PE_IndicatorRadioButton,
+         QStyle::SE_RadioButtonIndicator,
+         QStyle::CE_RadioButtonLabel,
+         QStyle::SE_RadioButtonContents});
+}
+
+void drawToolButton(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(&option);
+    if (!button) {
+        return;
+    }
+    // The base style would ring the icon, three pixels inside the button.
+    QStyleOptionToolButton unfocused(*button);
+    unfocused.state.setFlag(QStyle::State_HasFocus, false);
+    context.base.drawComplexControl(QStyle::CC_ToolButton, &unfocused, &painter, context.widget);
+    if (moodOf(option).keyboard) {
+        drawFocusRing(painter, option.rect);
+    }
+}
+
+} // namespace ui::style

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QPalette>
+
+class QStyleOption;
+class QWidget;
+
+namespace ui::style {
+
+/// What a control's state does to its colours, read once from the option.
+struct Mood
+{
+    bool enabled = true;
+    bool hovered = false;  ///< never when disabled
+    bool pressed = false;  ///< never when disabled
+    bool focused = false;  ///< by any means
+    bool keyboard = false; ///< focused, and the window's focus last moved by a key
+    bool on = false;
+};
+Mood moodOf(const QStyleOption& option);
+
+/// The fill of a control in its state: brighter under the pointer, darker when pressed, faint when
+/// disabled. Keeps the colour's own alpha.
+QColor shade(const QColor& fill, const Mood& mood);
+
+/// The colour of text, marks and icons in a state: as it is, or faded when disabled.
+QColor ink(const QColor& colour, const Mood& mood);
+
+/// Faded to the strength of a disabled control.
+QColor faded(const QColor& colour);
+
+/// Strength of what a disabled control draws.
+inline constexpr double kDisabledOpacity = 0.4;
+
+/// The colour at `share` (0 to 1) of its own alpha. Lines and handles are drawn so rather than in a
+/// mixture with the ground: grounds may be transparent and show a parent's.
+QColor translucent(const QColor& colour, double share);
+
+/// The ground of a control, from its palette's Button or Base role. Panels hand their own ground
+/// down to their children in these roles, which would make buttons and fields vanish: a control
+/// without a palette of its own then gets the theme's colour of that name.
+QColor groundOf(const QStyleOption& option, QPalette::ColorRole role, const QWidget* widget);
+
+/// The edge of fields, frames and panels.
+QColor edge(const QStyleOption& option);
+
+/// Keyboard focus and the edge of a field being edited.
+QColor focusColor();
+
+/// Ground of switched-on buttons and of hovered rows: the theme's quiet highlight.
+QColor quietHighlight();
+
+} // namespace ui::style

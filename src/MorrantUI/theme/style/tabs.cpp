@@ -1,0 +1,125 @@
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/style/elements.h>
+#include <MorrantUI/theme/style/shades.h>
+#include <MorrantUI/theme/style/shapes.h>
+
+#include <QPainter>
+#include <QTabBar>
+
+namespace ui::style {
+
+namespace {
+
+constexpr double kAccentLine = 2.0; ///< along the outer side of the selected tab
+
+/// The side of the tabs that faces away from their page.
+enum class OuterSide
+{
+    Top,
+    Bottom,
+    Left,
+    Right,
+};
+
+OuterSide outerSide(QTabBar::Shape shape)
+{
+    switch (shape) {
+    case QTabBar::RoundedSouth:
+    case QTabBar::TriangularSouth: return OuterSide::Bottom;
+    case QTabBar::RoundedWest:
+    case QTabBar::TriangularWest: return OuterSide::Left;
+    case QTabBar::RoundedEast:
+    case QTabBar::TriangularEast: return OuterSide::Right;
+    default: return OuterSide::Top;
+    }
+}
+
+QRectF outerLine(const QRectF& tab, OuterSide side)
+{
+    switch (side) {
+    case OuterSide::Bottom:
+        return {tab.left(), tab.bottom() - kAccentLine, tab.width(), kAccentLine};
+    case OuterSide::Left: return {tab.left(), tab.top(), kAccentLine, tab.height()};
+    case OuterSide::Right: return {tab.right() - kAccentLine, tab.top(), kAccentLine, tab.height()};
+    default: return {tab.left(), tab.top(), tab.width(), kAccentLine};
+    }
+}
+
+/// The tab drawn out beyond its inner side, so that only the outer corners are round.
+QRectF openTowardsPage(QRectF tab, OuterSide side)
+{
+    switch (side) {
+    case OuterSide::Bottom: tab.setTop(tab.top() - kRadius); break;
+    case OuterSide::Left: tab.setRight(tab.right() + kRadius); break;
+    case OuterSide::Right: tab.setLeft(tab.left() - kRadius); break;
+    default: tab.setBottom(tab.bottom() + kRadius); break;
+    }
+    return tab;
+}
+
+} // namespace
+
+void drawTabShape(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(&option);
+    if (!tab) {
+        return;
+    }
+    Mood mood = moodOf(option);
+    mood.pressed = false;
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const OuterSide side = outerSide(tab->shape);
+    const PainterState state(painter);
+    painter.setClipRect(option.rect, Qt::IntersectClip);
+    const QRectF shape = openTowardsPage(option.rect, side);
+    if (selected) {
+        fillRounded(painter, shape, kRadius, ink(option.palette.color(QPalette::Window), mood));
+        painter.setClipRect(outerLine(option.rect, side), Qt::IntersectClip);
+        fillRounded(painter, shape, kRadius, ink(focusColor(), mood));
+        painter.setClipRect(option.rect);
+    } else {
+        fillRounded(painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), mood));
+    }
+    if (mood.keyboard && selected) {
+        drawFocusRing(painter, QRectF(option.rect).adjusted(2, 4, -2, -2));
+    }
+}
+
+void drawTabLabel(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(&option);
+    if (!tab) {
+        return;
+    }
+    QStyleOptionTab label(*tab);
+    label.state.setFlag(QStyle::State_HasFocus, false); // the shape has drawn the ring
+    const bool quiet = !option.state.testFlag(QStyle::State_Selected)
+                       && !option.state.testFlag(QStyle::State_MouseOver);
+    if (quiet) {
+        label.palette.setColor(QPalette::WindowText, colorQt(QStringLiteral("HelperHints")));
+    }
+    context.base.drawControl(QStyle::CE_TabBarTabLabel, &label, &painter, context.widget);
+}
+
+void drawTabPane(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    fillSharp(painter, option.rect, option.palette.color(QPalette::Window));
+}
+
+void drawTabBarBase(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    fillSharp(painter, option.rect, option.palette.color(QPalette::Window));
+}
+
+void drawTabClose(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    const Mood mood = moodOf(option);
+    const QRectF box = centredSquare(option.rect, 16);
+    if (mood.hovered || mood.pressed) {
+        fillRounded(
+            painter, box, kSmallRadius, shade(option.palette.color(QPalette::Button), mood));
+    }
+    drawCross(painter, box, ink(option.palette.color(QPalette::WindowText), mood));
+}
+
+} // namespace ui::style

@@ -1,0 +1,141 @@
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/style/elements.h>
+#include <MorrantUI/theme/style/shades.h>
+#include <MorrantUI/theme/style/shapes.h>
+
+#include <QPainter>
+
+namespace ui::style {
+
+namespace {
+
+constexpr double kQuietRow = 0.5; ///< strength of the hovered row's ground
+
+QColor headerGround(const QStyleOption& option)
+{
+    const Mood mood = moodOf(option);
+    const QColor ground = colorQt(QStringLiteral("ElementHeader"));
+    return mood.enabled ? shade(ground, mood) : ground;
+}
+
+QPalette fadedTexts(QPalette palette)
+{
+    for (const QPalette::ColorRole role :
+         {QPalette::Text, QPalette::WindowText, QPalette::HighlightedText})
+    {
+        palette.setColor(role, faded(palette.color(role)));
+    }
+    return palette;
+}
+
+QColor itemGround(const QStyleOptionViewItem& item)
+{
+    const bool enabled = item.state.testFlag(QStyle::State_Enabled);
+    if (item.state.testFlag(QStyle::State_Selected)) {
+        const QColor highlight = item.palette.color(QPalette::Highlight);
+        return enabled ? highlight : faded(highlight);
+    }
+    const bool hovered = enabled && item.state.testFlag(QStyle::State_MouseOver);
+    return hovered ? translucent(quietHighlight(), kQuietRow) : QColor();
+}
+
+} // namespace
+
+void drawItemGround(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(&option);
+    if (!item) {
+        return;
+    }
+    if (item->backgroundBrush.style() != Qt::NoBrush) {
+        const PainterState state(painter);
+        painter.setBrushOrigin(item->rect.topLeft());
+        painter.fillRect(item->rect, item->backgroundBrush);
+    }
+    const QColor ground = itemGround(*item);
+    if (!ground.isValid()) {
+        return;
+    }
+    if (item->viewItemPosition == QStyleOptionViewItem::OnlyOne) {
+        fillRounded(painter, QRectF(item->rect).adjusted(1, 0, -1, 0), kSmallRadius, ground);
+    } else {
+        painter.fillRect(item->rect, ground);
+    }
+}
+
+void drawItem(const QStyleOption& option, QPainter& painter, const Context& context)
+{
+    const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(&option);
+    if (!item) {
+        return;
+    }
+    QStyleOptionViewItem copy(*item);
+    if (!option.state.testFlag(QStyle::State_Enabled)) {
+        copy.palette = fadedTexts(copy.palette);
+    }
+    context.base.drawControl(QStyle::CE_ItemViewItem, &copy, &painter, context.widget);
+}
+
+void drawBranch(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    if (!option.state.testFlag(QStyle::State_Children)) {
+        return;
+    }
+    const bool open = option.state.testFlag(QStyle::State_Open);
+    const bool leftToRight = option.direction == Qt::LeftToRight;
+    const Qt::ArrowType closedArrow = leftToRight ? Qt::RightArrow : Qt::LeftArrow;
+    drawChevron(
+        painter,
+        centredSquare(option.rect, 12),
+        open ? Qt::DownArrow : closedArrow,
+        ink(option.palette.color(QPalette::Text), moodOf(option)));
+}
+
+void drawHeaderSection(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(&option);
+    const bool vertical = header && header->orientation == Qt::Vertical;
+    const QRectF rect = option.rect;
+    painter.fillRect(option.rect, headerGround(option));
+    const QColor line = translucent(option.palette.color(QPalette::Midlight), 0.8);
+    const QRectF below(rect.left(), rect.bottom() - 1, rect.width(), 1);
+    const QRectF beside(rect.right() - 1, rect.top() + 4, 1, rect.height() - 8);
+    fillSharp(painter, below, line);
+    const bool last = header
+                      && (header->position == QStyleOptionHeader::End
+                          || header->position == QStyleOptionHeader::OnlyOneSection);
+    if (!vertical && !last) {
+        fillSharp(painter, beside, line);
+    }
+}
+
+void drawHeaderEmptyArea(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    painter.fillRect(option.rect, colorQt(QStringLiteral("ElementHeader")));
+}
+
+void drawHeaderArrow(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(&option);
+    if (!header || header->sortIndicator == QStyleOptionHeader::None) {
+        return;
+    }
+    const bool up = header->sortIndicator == QStyleOptionHeader::SortUp;
+    drawChevron(
+        painter,
+        centredSquare(option.rect, 12),
+        up ? Qt::UpArrow : Qt::DownArrow,
+        ink(option.palette.color(QPalette::ButtonText), moodOf(option)));
+}
+
+void drawDropIndicator(const QStyleOption& option, QPainter& painter, const Context&)
+{
+    if (option.rect.height() == 0) {
+        const QRectF line(option.rect.left(), option.rect.top() - 1, option.rect.width(), 2);
+        fillSharp(painter, line, focusColor());
+    } else {
+        drawFocusRing(painter, option.rect, kSmallRadius);
+    }
+}
+
+} // namespace ui::style
