@@ -123,8 +123,8 @@ void HarnessTest::aPixelIsProbedInLogicalPixels()
 
 void HarnessTest::loggedLinesAreRecordedWordForWord()
 {
-    const VisualDesignDark& theme = *new VisualDesignDark(QStringLiteral("nowhere"));
-    QVERIFY(!theme.iconExists(QStringLiteral("icons:{}.png")));
+    static const auto* theme = new VisualDesignDark(QStringLiteral("nowhere")); // to the end
+    QVERIFY(!theme->iconExists(QStringLiteral("icons:{}.png")));
     QVERIFY(ui::getCachedIcon(QStringLiteral("icons:{}.png")).isNull());
     QCOMPARE(takeLog(), QStringList(QStringLiteral("debug: File doesn't exist: icons:{}.png")));
     QVERIFY(takeLog().isEmpty());
