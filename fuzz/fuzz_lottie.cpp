@@ -1,0 +1,78 @@
+// Any bytes as a Lottie file: reading gives a document or a sentence, never both and never neither;
+// what was read can be drawn, and every place it remembers lies within the file.
+
+#include "lottie/reader.h"
+#include "lottie/renderer.h"
+
+#include <include/core/SkCanvas.h>
+#include <include/core/SkSurface.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+using namespace studio;
+
+constexpr int kSide = 32; // pixels: the drawing itself is not what is tried
+
+// Files that draw more would say more about the machine's patience than about the reader.
+constexpr std::size_t kMaxDrawnBytes = 1 << 14;
+
+void check(bool holds, const char* claim)
+{
+    if (!holds) {
+        std::fprintf(stderr, "violated: %s\n", claim);
+        std::abort();
+    }
+}
+
+void checkSpans(const Document& document, const NumberProperty& property)
+{
+    const auto isWithin = [&](Span span) {
+        return span.begin <= span.end && span.end <= document.bytes.size();
+    };
+    check(isWithin(property.span) && isWithin(property.valueSpan), "a property lies in the file");
+    double last = -1e300;
+    for (const auto& key : property.keys) {
+        check(isWithin(key.span) && isWithin(key.valueSpan), "a key lies in the file");
+        check(key.time >= last, "keys are in order");
+        last = key.time;
+    }
+}
+
+void checkDocument(const Document& document)
+{
+    check(document.frameRate > 0 && document.outPoint > document.inPoint, "it can be played");
+    check(document.width > 0 && document.height > 0, "it can be seen");
+    for (const Layer& layer : document.main.layers) {
+        check(layer.stretch != 0, "time passes in every layer");
+        checkSpans(document, layer.transform.position);
+        checkSpans(document, layer.transform.rotation);
+        checkSpans(document, layer.timeRemap);
+    }
+}
+
+void drawFrames(const Document& document)
+{
+    const auto surface = SkSurfaces::Raster(SkImageInfo::MakeN32Premul(kSide, kSide));
+    for (const double frame : {document.inPoint, (document.inPoint + document.outPoint) / 2}) {
+        draw(*surface->getCanvas(), document, frame);
+    }
+    check(surface->getCanvas()->getSaveCount() == 1, "the canvas is given back");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const ReadResult result = read(std::string(reinterpret_cast<const char*>(data), size));
+    check(result.error.isEmpty() == result.document.has_value(), "a document or a sentence");
+    if (result) {
+        checkDocument(*result.document);
+        if (size <= kMaxDrawnBytes) {
+            drawFrames(*result.document);
+        }
+    }
+    return 0;
+}

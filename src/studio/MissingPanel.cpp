@@ -1,0 +1,62 @@
+#include "MissingPanel.h"
+
+#include "lottie/Document.h"
+#include <MorrantUI/theme/colors.h>
+
+#include <QHash>
+#include <QHeaderView>
+#include <QLocale>
+#include <QTreeWidget>
+
+namespace studio {
+
+std::vector<MissingOfLayer> byLayer(const std::vector<MissingFeature>& missing)
+{
+    std::vector<MissingOfLayer> result;
+    QHash<QString, std::size_t> places;
+    for (const MissingFeature& entry : missing) {
+        const auto place = places.constFind(entry.layer);
+        if (place == places.constEnd()) {
+            places.insert(entry.layer, result.size());
+            result.push_back({entry.layer, {entry.feature}});
+        } else {
+            result[place.value()].features.append(entry.feature);
+        }
+    }
+    return result;
+}
+
+MissingPanel::MissingPanel(QWidget* parent)
+    : Panel(tr("Not drawn"), parent)
+    , m_tree(new QTreeWidget)
+{
+    m_tree->setFrameShape(QFrame::NoFrame);
+    m_tree->setColumnCount(2);
+    m_tree->setHeaderHidden(true);
+    m_tree->setRootIsDecorated(false);
+    m_tree->setUniformRowHeights(true);
+    m_tree->header()->setSectionResizeMode(QHeaderView::Stretch);
+    m_tree->setAccessibleName(tr("What is not drawn, by layer"));
+    setContent(m_tree);
+    hide();
+}
+
+void MissingPanel::setMissing(const std::vector<MissingFeature>& missing)
+{
+    m_tree->clear();
+    const QColor featureColor = ui::colorQt(QStringLiteral("Accent4"));
+    QList<QTreeWidgetItem*> rows;
+    for (const MissingOfLayer& entry : byLayer(missing)) {
+        const QString features = entry.features.join(tr(", "));
+        auto* row = new QTreeWidgetItem({entry.layer, features});
+        row->setToolTip(0, entry.layer);
+        row->setToolTip(1, features);
+        row->setForeground(1, featureColor);
+        rows.append(row);
+    }
+    m_tree->addTopLevelItems(rows);
+    setRemark(QLocale().toString(missing.size()));
+    setVisible(!missing.empty());
+}
+
+} // namespace studio

@@ -1,0 +1,125 @@
+#include "Player.h"
+
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+constexpr double kLongestWait = 3600.0 * 1000.0; ///< ms; the timer counts in 32 bits
+
+double steadySeconds()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(now).count();
+}
+
+} // namespace
+
+Player::Player(QObject* parent)
+    : Player(steadySeconds, parent)
+{}
+
+Player::Player(Clock clock, QObject* parent)
+    : QObject(parent)
+    , m_clock(std::move(clock))
+    , m_timer(this)
+{
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &Player::advance);
+}
+
+void Player::setTrack(FrameRange range, double rate)
+{
+    pause();
+    m_range = range;
+    m_rate = rate > 0 ? rate : 0;
+    m_dropped = 0;
+    Q_EMIT trackChanged();
+    setFrame(range.first);
+}
+
+void Player::play()
+{
+    if (m_playing) {
+        return;
+    }
+    m_dropped = 0;
+    startClock();
+    setPlaying(true);
+}
+
+void Player::pause()
+{
+    m_timer.stop();
+    setPlaying(false);
+}
+
+void Player::toggle()
+{
+    m_playing ? pause() : play();
+}
+
+void Player::seek(int frame)
+{
+    setFrame(m_range.clamped(frame));
+    if (m_playing) {
+        startClock();
+    }
+}
+
+void Player::step(int frames)
+{
+    pause();
+    const int offset = (m_frame - m_range.first + frames % m_range.count()) + m_range.count();
+    setFrame(m_range.first + offset % m_range.count());
+}
+
+void Player::startClock()
+{
+    m_startTime = m_clock();
+    m_startFrame = m_frame;
+    m_passed = 0;
+    scheduleNextFrame(0);
+}
+
+void Player::advance()
+{
+    const double elapsed = m_clock() - m_startTime;
+    const qint64 passed = framesPassed(elapsed, m_rate);
+    m_dropped += qMax<qint64>(0, passed - m_passed - 1);
+    m_passed = passed;
+    scheduleNextFrame(elapsed);
+    setFrame(frameAt(elapsed, m_rate, m_range, m_startFrame));
+}
+
+void Player::scheduleNextFrame(double elapsed)
+{
+    if (m_rate <= 0) {
+        return;
+    }
+    const double next = static_cast<double>(m_passed + 1) / m_rate;
+    const double wait = std::ceil((next - elapsed) * 1000.0);
+    m_timer.start(static_cast<int>(qBound(1.0, wait, kLongestWait)));
+}
+
+void Player::setFrame(int frame)
+{
+    if (m_frame != frame) {
+        m_frame = frame;
+        Q_EMIT frameChanged(frame);
+    }
+}
+
+void Player::setPlaying(bool playing)
+{
+    if (m_playing != playing) {
+        m_playing = playing;
+        Q_EMIT playingChanged(playing);
+    }
+}
+
+} // namespace studio

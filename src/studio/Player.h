@@ -1,0 +1,68 @@
+#pragma once
+
+#include "playback.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+namespace studio {
+
+/// Plays frames by real elapsed time, looping: a slow repaint drops frames and never slows down.
+/// Its timer runs only while it plays.
+class Player : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Clock = std::function<double()>; ///< seconds since any fixed moment, never going back
+
+    explicit Player(QObject* parent = nullptr);
+    Player(Clock clock, QObject* parent);
+
+    /// Pauses, takes over range and rate and goes to the first frame.
+    /// @param rate frames a second; a rate that is not above 0 never leaves a frame
+    void setTrack(FrameRange range, double rate);
+
+    FrameRange range() const { return m_range; }
+    double rate() const { return m_rate; }
+    int frame() const { return m_frame; }
+    bool isPlaying() const { return m_playing; }
+    /// Frames that were not shown since play() because their time had passed.
+    qint64 droppedFrames() const { return m_dropped; }
+
+    void play();
+    void pause();
+    void toggle();
+    /// Goes to a frame, or the nearest one in range; playing goes on from there.
+    void seek(int frame);
+    /// Pauses and moves by so many frames, looping past either end.
+    void step(int frames);
+
+Q_SIGNALS:
+    void trackChanged();
+    void frameChanged(int frame);
+    void playingChanged(bool playing);
+
+private:
+    void startClock();
+    void advance();
+    void scheduleNextFrame(double elapsed);
+    void setFrame(int frame);
+    void setPlaying(bool playing);
+
+    Clock m_clock;
+    QTimer m_timer;
+    FrameRange m_range;
+    double m_rate = 0;
+    int m_frame = 0;
+    bool m_playing = false;
+
+    double m_startTime = 0; ///< on the clock
+    int m_startFrame = 0;
+    qint64 m_passed = 0; ///< frames since m_startTime
+    qint64 m_dropped = 0;
+};
+
+} // namespace studio

@@ -1,0 +1,325 @@
+#include "StudioWindow.h"
+
+#include "LayerPanel.h"
+#include "MissingPanel.h"
+#include "NoticeBar.h"
+#include "Player.h"
+#include "TransportBar.h"
+#include "Viewport.h"
+#include "gallery/GalleryPage.h"
+#include "lottie/Document.h"
+#include "lottie/reader.h"
+#include "readouts.h"
+#include <MorrantUI/theme/OverrideCursor.h>
+#include <MorrantUI/theme/icons.h>
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace studio {
+
+namespace {
+
+constexpr QSize kWindowSize(1440, 900);
+constexpr int kSidebarWidth = 260;
+constexpr double kZoomStep = 1.25;
+
+struct Command
+{
+    QString text;
+    QString icon; ///< name among the icons; may be empty
+    QList<QKeySequence> keys;
+    std::function<void()> run;
+};
+
+/// Adds actions that name their first key in their tool tips.
+QList<QAction*> addCommands(QMenu& menu, const std::vector<Command>& commands)
+{
+    QList<QAction*> actions;
+    for (const Command& command : commands) {
+        QAction* action = menu.addAction(command.text, &menu, command.run);
+        action->setShortcuts(command.keys);
+        if (!command.icon.isEmpty()) {
+            action->setIcon(ui::getCachedIcon(u"icons:%1.png"_qs.arg(command.icon)));
+        }
+        const QString key = command.keys.value(0).toString(QKeySequence::NativeText);
+        action->setToolTip(StudioWindow::tr("%1 (%2)").arg(action->toolTip(), key));
+        actions.append(action);
+    }
+    return actions;
+}
+
+QString titleOf(const Document& document, const QString& path)
+{
+    const QString name =
+        document.name.isEmpty() ? QFileInfo(path).completeBaseName() : document.name;
+    return StudioWindow::tr("%1 (%2)").arg(name, sizeText(document.width, document.height));
+}
+
+} // namespace
+
+QString droppedFile(const QMimeData& data)
+{
+    const QList<QUrl> urls = data.urls();
+    const QString path = urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    return path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive) ? path : QString();
+}
+
+QStringList samplePaths()
+{
+    QStringList paths;
+    const QDir folder(u":/samples"_qs);
+    for (const QString& name : folder.entryList(QDir::Files, QDir::Name)) {
+        paths.append(folder.filePath(name));
+    }
+    return paths;
+}
+
+StudioWindow::StudioWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , m_player(new Player(this))
+    , m_viewport(new Viewport)
+    , m_layers(new LayerPanel)
+    , m_missing(new MissingPanel)
+    , m_notice(new NoticeBar)
+    , m_pages(new QStackedWidget)
+{
+    setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
+    setAcceptDrops(true);
+    resize(kWindowSize);
+
+    buildFileMenu();
+    const QList<QAction*> playback = buildPlaybackMenu();
+    const QList<QAction*> view = buildViewMenu();
+    m_transport = new TransportBar(*m_player, playback, view);
+    m_pages->addWidget(buildEditor());
+    setCentralWidget(m_pages);
+    m_viewport->setFocus();
+
+    connect(m_player, &Player::frameChanged, m_viewport, &Viewport::setFrame);
+    connect(m_player, &Player::playingChanged, this, &StudioWindow::showPlaying);
+    connect(m_viewport, &Viewport::scaleChanged, m_transport, &TransportBar::setZoom);
+}
+
+StudioWindow::~StudioWindow() = default;
+
+bool StudioWindow::openFile(const QString& path)
+{
+    const ui::OverrideCursor busy(Qt::WaitCursor);
+    ReadResult result = readFile(path);
+    if (!result) {
+        // What is wrong inside a file is told without its name.
+        const QString name = QFileInfo(path).fileName();
+        const bool named = result.error.contains(name);
+        fail(named ? result.error : tr("“%1”: %2").arg(name, result.error));
+        return false;
+    }
+    auto document = std::make_shared<const Document>(*std::move(result.document));
+    const QString title = titleOf(*document, path);
+    setDocument(std::move(document), title);
+    return true;
+}
+
+void StudioWindow::setDocument(std::shared_ptr<const Document> document, const QString& title)
+{
+    m_document = std::move(document);
+    m_notice->dismiss();
+    m_layers->setDocument(*m_document);
+    m_missing->setMissing(m_document->missing);
+    m_player->setTrack(
+        frameRange(m_document->inPoint, m_document->outPoint), m_document->frameRate);
+    m_viewport->setFrame(m_player->frame());
+    m_viewport->setDocument(m_document);
+    setWindowTitle(title);
+    setGalleryShown(false);
+}
+
+void StudioWindow::setGalleryShown(bool shown)
+{
+    if (shown && !m_gallery) {
+        m_gallery = new GalleryPage;
+        m_pages->addWidget(m_gallery);
+    }
+    m_pages->setCurrentIndex(shown ? m_pages->indexOf(m_gallery) : 0);
+    m_galleryAction->setChecked(shown);
+    if (shown) {
+        m_player->pause();
+    }
+}
+
+void StudioWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    // Files that cannot be opened are let in too: the drop then says why.
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    }
+}
+
+void StudioWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    const QString path = droppedFile(*event->mimeData());
+    if (path.isEmpty()) {
+        fail(tr("Drop one Lottie file, with the ending .json, from this computer."));
+        return;
+    }
+    openFile(path);
+}
+
+QWidget* StudioWindow::buildEditor()
+{
+    auto* sidebar = new QSplitter(Qt::Vertical);
+    sidebar->addWidget(m_layers);
+    sidebar->addWidget(m_missing);
+    sidebar->setChildrenCollapsible(false);
+    sidebar->setStretchFactor(0, 3);
+    sidebar->setStretchFactor(1, 2);
+
+    auto* middle = new QSplitter(Qt::Horizontal);
+    middle->addWidget(sidebar);
+    middle->addWidget(m_viewport);
+    middle->setChildrenCollapsible(false);
+    middle->setStretchFactor(1, 1);
+    middle->setSizes({kSidebarWidth, kWindowSize.width() - kSidebarWidth});
+
+    auto* editor = new QWidget;
+    auto* layout = new QVBoxLayout(editor);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_notice);
+    layout->addWidget(middle, 1);
+    layout->addWidget(m_transport);
+    return editor;
+}
+
+void StudioWindow::buildFileMenu()
+{
+    QMenu& menu = *menuBar()->addMenu(tr("&File"));
+    addCommands(menu, {{tr("&Open…"), u"open"_qs, {QKeySequence::Open}, [this] { chooseFile(); }}});
+    QMenu* samples = menu.addMenu(tr("Open &Sample"));
+    for (const QString& path : samplePaths()) {
+        samples->addAction(
+            QFileInfo(path).completeBaseName(), this, [this, path] { openFile(path); });
+    }
+    menu.addSeparator();
+    addCommands(menu, {{tr("&Quit"), {}, {QKeySequence::Quit}, [this] { close(); }}});
+}
+
+/// @return the buttons of the transport
+QList<QAction*> StudioWindow::buildPlaybackMenu()
+{
+    Player& player = *m_player;
+    const QList<QAction*> actions = addCommands(
+        *menuBar()->addMenu(tr("&Playback")),
+        {
+            {tr("&First Frame"),
+             u"toStart"_qs,
+             {Qt::Key_Home},
+             [&player] { player.seek(player.range().first); }},
+            {tr("Step &Back"), u"stepBack"_qs, {Qt::Key_Left}, [&player] { player.step(-1); }},
+            {tr("&Play"), u"play"_qs, {Qt::Key_Space}, [&player] { player.toggle(); }},
+            {tr("Step F&orward"),
+             u"stepForward"_qs,
+             {Qt::Key_Right},
+             [&player] { player.step(1); }},
+            {tr("&Last Frame"),
+             u"toEnd"_qs,
+             {Qt::Key_End},
+             [&player] { player.seek(player.range().last); }},
+        });
+    m_playAction = actions.at(2);
+    return actions;
+}
+
+/// @return the buttons beside the zoom
+QList<QAction*> StudioWindow::buildViewMenu()
+{
+    QMenu& menu = *menuBar()->addMenu(tr("&View"));
+    Viewport& view = *m_viewport;
+    const QList<QAction*> zooms = addCommands(
+        menu,
+        {
+            {tr("Zoom &Out"),
+             u"zoomOut"_qs,
+             {Qt::Key_Minus},
+             [&view] { view.zoomBy(1.0 / kZoomStep); }},
+            {tr("Zoom &In"),
+             u"zoomIn"_qs,
+             {Qt::Key_Plus, Qt::Key_Equal},
+             [&view] { view.zoomBy(kZoomStep); }},
+            {tr("&Fit"), u"fit"_qs, {Qt::Key_F}, [&view] { view.fit(); }},
+            {tr("&Actual Size"), {}, {Qt::Key_1}, [&view] { view.showActualSize(); }},
+        });
+    addBackdropMenu(*menu.addMenu(tr("&Backdrop")));
+    menu.addSeparator();
+    const QList<QAction*> others = addCommands(
+        menu,
+        {
+            {tr("Control &Gallery"),
+             {},
+             {Qt::CTRL | Qt::Key_G},
+             [this] { setGalleryShown(m_pages->currentIndex() == 0); }},
+            {tr("&Dismiss Notice"), {}, {Qt::Key_Escape}, [this] { m_notice->dismiss(); }},
+        });
+    m_galleryAction = others.first();
+    m_galleryAction->setCheckable(true);
+    return zooms.mid(0, 3);
+}
+
+void StudioWindow::addBackdropMenu(QMenu& menu)
+{
+    auto* group = new QActionGroup(this);
+    const std::pair<Backdrop, QString> choices[] = {
+        {Backdrop::Chequer, tr("&Chequer")},
+        {Backdrop::Light, tr("&Light")},
+        {Backdrop::Dark, tr("&Dark")},
+    };
+    for (const auto& [backdrop, name] : choices) {
+        QAction* action = group->addAction(name);
+        action->setCheckable(true);
+        action->setChecked(backdrop == Backdrop::Chequer);
+        connect(action, &QAction::triggered, m_viewport, [view = m_viewport, chosen = backdrop] {
+            view->setBackdrop(chosen);
+        });
+        menu.addAction(action);
+    }
+}
+
+void StudioWindow::showPlaying(bool playing)
+{
+    const QString icon = playing ? u"icons:pause.png"_qs : u"icons:play.png"_qs;
+    m_playAction->setIcon(ui::getCachedIcon(icon));
+    m_playAction->setText(playing ? tr("&Pause") : tr("&Play"));
+    m_playAction->setToolTip(playing ? tr("Pause (Space)") : tr("Play (Space)"));
+}
+
+void StudioWindow::chooseFile()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open"), {}, tr("Lottie animations (*.json);;All files (*)"));
+    if (!path.isEmpty()) {
+        openFile(path);
+    }
+}
+
+void StudioWindow::fail(const QString& sentence)
+{
+    setGalleryShown(false);
+    m_notice->showSentence(sentence);
+    Q_EMIT failed(sentence);
+}
+
+} // namespace studio

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QAction;
+class QMimeData;
+class QStackedWidget;
+
+namespace studio {
+
+class LayerPanel;
+class MissingPanel;
+class NoticeBar;
+class Player;
+class TransportBar;
+class Viewport;
+struct Document;
+
+/// The file that a drop brings: the one local .json file; empty for anything else.
+QString droppedFile(const QMimeData& data);
+
+/// The bundled animations, the one to open by default first.
+QStringList samplePaths();
+
+/// The studio's window: layers at the left, the viewport in the middle, the transport below.
+class StudioWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit StudioWindow(QWidget* parent = nullptr);
+    ~StudioWindow() override;
+
+    /// Opens a file in place of the one that was open. One that cannot be opened changes nothing:
+    /// the notice and failed() say why.
+    bool openFile(const QString& path);
+    void setDocument(std::shared_ptr<const Document> document, const QString& title);
+
+    /// Null until a file was opened.
+    const Document* document() const { return m_document.get(); }
+    Player& player() { return *m_player; }
+    Viewport& viewport() { return *m_viewport; }
+    const NoticeBar& notice() const { return *m_notice; }
+
+    void setGalleryShown(bool shown);
+
+Q_SIGNALS:
+    /// One sentence for the user, already shown in the window.
+    void failed(const QString& sentence);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    QWidget* buildEditor();
+    void buildFileMenu();
+    QList<QAction*> buildPlaybackMenu();
+    QList<QAction*> buildViewMenu();
+    void addBackdropMenu(QMenu& menu);
+    void showPlaying(bool playing);
+    void chooseFile();
+    void fail(const QString& sentence);
+
+    std::shared_ptr<const Document> m_document;
+    Player* m_player;
+    Viewport* m_viewport;
+    LayerPanel* m_layers;
+    MissingPanel* m_missing;
+    NoticeBar* m_notice;
+    TransportBar* m_transport = nullptr;
+    QStackedWidget* m_pages;
+    QWidget* m_gallery = nullptr; ///< made when first asked for
+    QAction* m_playAction = nullptr;
+    QAction* m_galleryAction = nullptr;
+};
+
+} // namespace studio

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <MorrantUI/theme/Widget.h>
+
+class QAction;
+class QHBoxLayout;
+class QLabel;
+
+namespace studio {
+
+class FrameSlider;
+class Player;
+
+/// The bar below the viewport: buttons, a slider over the frames, and the read-outs of a player.
+class TransportBar : public Widget
+{
+    Q_OBJECT
+
+public:
+    /// @param player must outlive the bar
+    /// @param playback buttons at the left of the slider
+    /// @param view buttons at the right end, beside the zoom
+    TransportBar(
+        Player& player,
+        const QList<QAction*>& playback,
+        const QList<QAction*>& view,
+        QWidget* parent = nullptr);
+
+    /// @param scale logical pixels a composition pixel
+    void setZoom(double scale);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void addButtons(const QList<QAction*>& actions);
+    QLabel* addReadout(const QString& hint, const QString& widest);
+    void scrub(int frame);
+    void showTrack();
+    void showFrame();
+
+    Player& m_player;
+    QHBoxLayout* m_layout;
+    FrameSlider* m_slider;
+    QLabel* m_time = nullptr;
+    QLabel* m_frame = nullptr;
+    QLabel* m_rate = nullptr;
+    QLabel* m_dropped = nullptr;
+    QLabel* m_zoom = nullptr;
+};
+
+} // namespace studio

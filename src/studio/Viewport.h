@@ -1,0 +1,72 @@
+#pragma once
+
+#include "viewmapping.h"
+#include <MorrantUI/theme/SkiaQWidgetAdapter.h>
+
+#include <memory>
+#include <optional>
+
+namespace studio {
+
+struct Document;
+
+/// What lies behind a composition, which itself is transparent.
+enum class Backdrop
+{
+    Chequer,
+    Light,
+    Dark,
+};
+
+/// Shows one frame of a document. The wheel zooms at the pointer, a drag with the left or the
+/// middle button pans. Repaints only when frame, document, backdrop or mapping change.
+class Viewport : public ui::SkiaQWidgetAdapter
+{
+    Q_OBJECT
+
+public:
+    explicit Viewport(QWidget* parent = nullptr);
+    ~Viewport() override;
+
+    /// Shows a document from its first frame, fitted; null shows how to open one.
+    void setDocument(std::shared_ptr<const Document> document);
+    void setFrame(int frame);
+    void setBackdrop(Backdrop backdrop);
+
+    const ViewMapping& mapping() const { return m_mapping; }
+
+    /// Fits the composition, and keeps it fitted when the viewport's size changes.
+    void fit();
+    /// Zooms at the middle of the viewport. @param factor above 1 enlarges
+    void zoomBy(double factor);
+    /// One logical pixel for each composition pixel, centred.
+    void showActualSize();
+
+Q_SIGNALS:
+    void scaleChanged(double scale);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void paintSkia(SkCanvas* canvas, const SkPaint& paint) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QSizeF compositionSize() const;
+    void setMapping(const ViewMapping& mapping);
+    void zoomAt(QPointF anchor, double factor);
+    void paintBackdrop(SkCanvas& canvas, const SkPaint& paint, const QRectF& area) const;
+    void paintBorder(SkCanvas& canvas, const SkPaint& paint, const QRectF& area) const;
+
+    std::shared_ptr<const Document> m_document;
+    int m_frame = 0;
+    Backdrop m_backdrop = Backdrop::Chequer;
+    ViewMapping m_mapping;
+    bool m_fitted = true;
+    std::optional<QPointF> m_panFrom; ///< the pointer's last place, while panning
+};
+
+} // namespace studio

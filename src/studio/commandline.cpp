@@ -1,0 +1,66 @@
+#include "commandline.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <string_view>
+
+namespace studio {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("CommandLine", text);
+}
+
+} // namespace
+
+CommandLine parseCommandLine(const QStringList& arguments)
+{
+    const QCommandLineOption pictures(
+        QStringLiteral("pictures"),
+        tr("Render the studio off screen into PNG files in <folder>, and end."),
+        tr("folder"));
+    const QCommandLineOption gallery(
+        QStringLiteral("gallery"), tr("Show every control in every state."));
+    const QCommandLineOption quit(
+        QStringLiteral("quit-after-first-frame"), tr("End once the first frame is painted."));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(tr("Opens and plays Lottie animations."));
+    parser.addPositionalArgument(tr("FILE"), tr("A Lottie file (.json)."), tr("[FILE]"));
+    parser.addOptions({pictures, gallery, quit});
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+
+    CommandLine result;
+    const bool understood = parser.parse(arguments);
+    if (parser.isSet(help)) {
+        result.answer = parser.helpText();
+    } else if (parser.isSet(version)) {
+        result.answer = QStringLiteral("studio " MORRANT_VERSION "\n");
+    } else if (!understood) {
+        result.error = parser.errorText();
+    } else if (parser.positionalArguments().size() > 1) {
+        result.error = tr("The studio opens one file at a time.");
+    } else if (parser.isSet(pictures) && parser.value(pictures).isEmpty()) {
+        result.error = tr("The option --pictures needs a folder.");
+    }
+    result.file = parser.positionalArguments().value(0);
+    result.picturesFolder = parser.value(pictures);
+    result.gallery = parser.isSet(gallery);
+    result.quitAfterFirstFrame = parser.isSet(quit);
+    return result;
+}
+
+bool worksOffScreen(int argc, const char* const* argv)
+{
+    return std::any_of(argv, argv + argc, [](std::string_view argument) {
+        return argument.starts_with("--pictures") || argument == "--help" || argument == "-h"
+               || argument == "--version" || argument == "-v";
+    });
+}
+
+} // namespace studio

@@ -1,0 +1,186 @@
+#include "lottie/readshapes.h"
+
+#include "lottie/readproperties.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace studio {
+
+namespace {
+
+// What the kinds that are not drawn are called for the user.
+struct UndrawnKind
+{
+    const char* key;
+    const char* name;
+};
+
+constexpr UndrawnKind kUndrawnKinds[] = {
+    {"gf", QT_TRANSLATE_NOOP("studio::Reader", "gradient fill")},
+    {"gs", QT_TRANSLATE_NOOP("studio::Reader", "gradient stroke")},
+    {"op", QT_TRANSLATE_NOOP("studio::Reader", "offset path")},
+    {"pb", QT_TRANSLATE_NOOP("studio::Reader", "pucker and bloat")},
+    {"rd", QT_TRANSLATE_NOOP("studio::Reader", "rounded corners")},
+    {"rp", QT_TRANSLATE_NOOP("studio::Reader", "repeater")},
+    {"tw", QT_TRANSLATE_NOOP("studio::Reader", "twist")},
+    {"zz", QT_TRANSLATE_NOOP("studio::Reader", "zig-zag")},
+};
+
+// The file counts an enumeration from 1; what lies outside becomes its first value.
+template <typename Enumeration>
+Enumeration choice(
+    ReadContext& context, const JsonValue& value, std::string_view key, Enumeration last)
+{
+    const int number = context.integer(value, key, 1) - 1;
+    return number < 0 || number > static_cast<int>(last) ? Enumeration()
+                                                         : static_cast<Enumeration>(number);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, GroupShape& group)
+{
+    readShapes(context, value, "it", group.items, &group.transform);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, PathShape& shape)
+{
+    readProperty(context, value, "ks", shape.path, context.flag(value, "closed"));
+}
+
+void readShape(ReadContext& context, const JsonValue& value, RectangleShape& shape)
+{
+    readProperty(context, value, "p", shape.position);
+    readProperty(context, value, "s", shape.size);
+    readProperty(context, value, "r", shape.radius);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, EllipseShape& shape)
+{
+    readProperty(context, value, "p", shape.position);
+    readProperty(context, value, "s", shape.size);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, StarShape& shape)
+{
+    shape.isPolygon = context.integer(value, "sy") == 2;
+    readProperty(context, value, "p", shape.position);
+    readProperty(context, value, "pt", shape.points);
+    readProperty(context, value, "r", shape.rotation);
+    readProperty(context, value, "or", shape.outerRadius);
+    readProperty(context, value, "os", shape.outerRoundness);
+    readProperty(context, value, "ir", shape.innerRadius);
+    readProperty(context, value, "is", shape.innerRoundness);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, FillShape& shape)
+{
+    readColor(context, value, "c", shape.color);
+    readProperty(context, value, "o", shape.opacity);
+    shape.rule = choice(context, value, "r", FillRule::EvenOdd);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, StrokeShape& shape)
+{
+    readColor(context, value, "c", shape.color);
+    readProperty(context, value, "o", shape.opacity);
+    readProperty(context, value, "w", shape.width);
+    shape.cap = choice(context, value, "lc", StrokeCap::Square);
+    shape.join = choice(context, value, "lj", StrokeJoin::Bevel);
+    shape.miterLimit = context.number(value, "ml", shape.miterLimit);
+    for (const JsonValue& dash : context.list(value, "d")) {
+        if (dash["n"].string() == u"o") {
+            readProperty(context, dash, "v", shape.dashOffset);
+        } else {
+            readProperty(context, dash, "v", shape.dashes.emplace_back());
+        }
+    }
+}
+
+void readShape(ReadContext& context, const JsonValue& value, TrimShape& shape)
+{
+    readProperty(context, value, "s", shape.start);
+    readProperty(context, value, "e", shape.end);
+    readProperty(context, value, "o", shape.offset);
+    shape.sequential = context.integer(value, "m") == 2;
+}
+
+void readShape(ReadContext& context, const JsonValue& value, MergeShape& shape)
+{
+    shape.mode = choice(context, value, "mm", MergeMode::Exclude);
+}
+
+template <typename Shape>
+void readAs(ReadContext& context, const JsonValue& value, ShapeItem& item)
+{
+    readShape(context, value, item.shape.emplace<Shape>());
+}
+
+void readUndrawn(ReadContext& context, const QString& kind)
+{
+    const auto known =
+        std::find_if(std::begin(kUndrawnKinds), std::end(kUndrawnKinds), [&](const auto& entry) {
+            return kind == QLatin1String(entry.key);
+        });
+    const bool isKnown = known != std::end(kUndrawnKinds);
+    context.missing(
+        isKnown ? QCoreApplication::translate("studio::Reader", known->name)
+                : QCoreApplication::translate("studio::Reader", "shape of kind “%1”").arg(kind));
+}
+
+ShapeItem readItem(ReadContext& context, const JsonValue& value)
+{
+    using Read = void (*)(ReadContext&, const JsonValue&, ShapeItem&);
+    static constexpr std::pair<QLatin1String, Read> kReaders[] = {
+        {QLatin1String("gr"), readAs<GroupShape>},
+        {QLatin1String("sh"), readAs<PathShape>},
+        {QLatin1String("rc"), readAs<RectangleShape>},
+        {QLatin1String("el"), readAs<EllipseShape>},
+        {QLatin1String("sr"), readAs<StarShape>},
+        {QLatin1String("fl"), readAs<FillShape>},
+        {QLatin1String("st"), readAs<StrokeShape>},
+        {QLatin1String("tm"), readAs<TrimShape>},
+        {QLatin1String("mm"), readAs<MergeShape>},
+    };
+
+    ShapeItem item;
+    item.name = value["nm"].string();
+    item.hidden = context.flag(value, "hd");
+    item.reversed = value["d"].number() == 3; // a stroke's "d" is its list of dashes
+    const QString kind = value["ty"].string();
+    const auto reader = std::find_if(
+        std::begin(kReaders), std::end(kReaders), [&](const auto& r) { return kind == r.first; });
+    if (reader != std::end(kReaders)) {
+        reader->second(context, value, item);
+    } else {
+        readUndrawn(context, kind);
+    }
+    if (context.number(value, "bm") != 0) {
+        context.missing(QCoreApplication::translate("studio::Reader", "blend mode"));
+    }
+    return item;
+}
+
+} // namespace
+
+void readShapes(
+    ReadContext& context,
+    const JsonValue& parent,
+    std::string_view key,
+    std::vector<ShapeItem>& items,
+    Transform* transform)
+{
+    for (const JsonValue& value : context.list(parent, key)) {
+        context.countItem();
+        if (context.failed()) {
+            return;
+        }
+        if (transform && value["ty"].string() == u"tr") {
+            readTransform(context, value, *transform);
+        } else {
+            items.push_back(readItem(context, value));
+        }
+    }
+}
+
+} // namespace studio

@@ -1,0 +1,88 @@
+#include "StudioWindow.h"
+#include "assetsfolder.h"
+#include "commandline.h"
+#include "pictures.h"
+#include <MorrantUI/theme/VisualDesignDark.h>
+#include <MorrantUI/theme/eventfilters.h>
+
+#include <QApplication>
+#include <QEvent>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void complain(const QString& sentence)
+{
+    std::fprintf(stderr, "studio: %s\n", qUtf8Printable(sentence));
+}
+
+void quitAfterFirstFrame(studio::StudioWindow& window)
+{
+    // The window is painted before its children, in one go: the end waits for the event loop.
+    const auto quit = [](QObject*, QEvent* event) {
+        if (event->type() == QEvent::Paint) {
+            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        }
+        return false;
+    };
+    ui::installEventFilter(&window, quit, &window);
+}
+
+/// @return the program's exit code
+int run(const studio::CommandLine& wanted)
+{
+    studio::StudioWindow window;
+    QObject::connect(&window, &studio::StudioWindow::failed, &window, complain);
+    const QString file = wanted.file.isEmpty() ? studio::samplePaths().value(0) : wanted.file;
+    const bool opened = window.openFile(file);
+
+    if (!wanted.picturesFolder.isEmpty()) {
+        const QString error =
+            opened ? studio::writePictures(window, wanted.picturesFolder) : QString();
+        if (!error.isEmpty()) {
+            complain(error);
+        }
+        return opened && error.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    if (wanted.quitAfterFirstFrame) {
+        quitAfterFirstFrame(window);
+    }
+    window.setGalleryShown(wanted.gallery);
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (studio::worksOffScreen(argc, argv)) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("studio"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Morrant Studio"));
+
+    const studio::CommandLine wanted = studio::parseCommandLine(QApplication::arguments());
+    if (!wanted.answer.isEmpty()) {
+        std::fputs(qUtf8Printable(wanted.answer), stdout);
+        return EXIT_SUCCESS;
+    }
+    if (!wanted.error.isEmpty()) {
+        complain(wanted.error);
+        return EXIT_FAILURE;
+    }
+
+    const QString assets =
+        studio::findAssets(studio::assetsCandidates(QApplication::applicationDirPath()));
+    if (assets.isEmpty()) {
+        complain(QApplication::translate(
+            "main", "The assets were not found; set MORRANT_ASSETS to their folder."));
+        return EXIT_FAILURE;
+    }
+    VisualDesignDark theme(assets);
+    theme.applyAppStyle();
+    return run(wanted);
+}

@@ -1,0 +1,34 @@
+#include "playback.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace studio {
+
+namespace {
+
+constexpr double kRounding = 1e-6; ///< frames
+constexpr double kMostFrames = 1e15;
+
+} // namespace
+
+FrameRange frameRange(double in, double out)
+{
+    const int first = static_cast<int>(std::ceil(in));
+    const int last = static_cast<int>(std::ceil(out)) - 1;
+    return {first, std::max(first, last)};
+}
+
+qint64 framesPassed(double seconds, double rate)
+{
+    const double frames = std::floor(seconds * rate + kRounding);
+    return frames > 0 ? static_cast<qint64>(std::min(frames, kMostFrames)) : 0;
+}
+
+int frameAt(double seconds, double rate, FrameRange range, int startFrame)
+{
+    const qint64 fromFirst = range.clamped(startFrame) - range.first + framesPassed(seconds, rate);
+    return range.first + static_cast<int>(fromFirst % range.count());
+}
+
+} // namespace studio

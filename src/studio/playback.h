@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace studio {
+
+/// The whole frames that a document plays. Never empty.
+struct FrameRange
+{
+    int first = 0;
+    int last = 0; ///< inclusive
+
+    int count() const { return last - first + 1; }
+    int clamped(int frame) const { return qBound(first, frame, last); }
+    bool operator==(const FrameRange&) const = default;
+};
+
+/// The whole frames within [in, out); the one at or after `in` when there is none.
+FrameRange frameRange(double in, double out);
+
+/// Whole frames that have passed after so many seconds. A millionth of a frame counts as rounding.
+/// Negative or non-finite times count as none.
+qint64 framesPassed(double seconds, double rate);
+
+/// The frame shown so many seconds after `startFrame`, looping over the range.
+int frameAt(double seconds, double rate, FrameRange range, int startFrame);
+
+} // namespace studio

@@ -1,0 +1,63 @@
+#include "readouts.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace studio {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("studio", text);
+}
+
+/// Plain digits: a group separator in a running number makes it jump.
+QLocale ungrouped(QLocale locale)
+{
+    locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    return locale;
+}
+
+QString twoDigits(const QLocale& locale, qint64 value)
+{
+    return (value < 10 ? locale.zeroDigit() : QString()) + locale.toString(value);
+}
+
+} // namespace
+
+QString frameText(int frame, int count, const QLocale& locale)
+{
+    const QLocale plain = ungrouped(locale);
+    return tr("%1 / %2").arg(plain.toString(frame), plain.toString(count));
+}
+
+QString timeText(int frame, double rate, const QLocale& locale)
+{
+    const qint64 hundredths = rate > 0 ? std::llround(std::abs(frame) / rate * 100.0) : 0;
+    const QLocale plain = ungrouped(locale);
+    return (frame < 0 ? plain.negativeSign() : QString()) + plain.toString(hundredths / 6000) + u':'
+           + twoDigits(plain, hundredths / 100 % 60) + plain.decimalPoint()
+           + twoDigits(plain, hundredths % 100);
+}
+
+QString rateText(double rate, const QLocale& locale)
+{
+    const QLocale plain = ungrouped(locale);
+    return tr("%1 fps").arg(plain.toString(std::round(rate * 1000.0) / 1000.0, 'g', 7));
+}
+
+QString zoomText(double scale, const QLocale& locale)
+{
+    const double percent = scale * 100.0;
+    return tr("%1 %").arg(ungrouped(locale).toString(percent, 'f', percent < 10 ? 1 : 0));
+}
+
+QString sizeText(int width, int height, const QLocale& locale)
+{
+    const QLocale plain = ungrouped(locale);
+    return tr("%1 × %2").arg(plain.toString(width), plain.toString(height));
+}
+
+} // namespace studio
