@@ -7,8 +7,8 @@
 #include <include/core/SkCanvas.h>
 #include <include/core/SkSurface.h>
 
-/// Uses the theme, a widget, a free helper, Core and Skia through the installed headers. Exit code 0
-/// when all of them answered.
+/// Uses the theme, a widget, a free helper, Core and Skia through the installed headers. Exit code
+/// 0 when all of them answered.
 int main(int argc, char** argv)
 {
     const QApplication app(argc, argv);

@@ -10,8 +10,7 @@ class FakeClock
 public:
     explicit FakeClock(QObject* root)
         : m_root(root)
-    {
-    }
+    {}
 
     /// Sets every running animation below the root `milliseconds` ahead and stops those that have
     /// reached their end.

@@ -11,8 +11,7 @@ namespace ui::test {
 
 FakePointer::FakePointer(QWidget* widget)
     : m_widget(widget)
-{
-}
+{}
 
 void FakePointer::moveTo(QPoint position)
 {
@@ -36,7 +35,8 @@ void FakePointer::dragTo(QPoint position, int step)
 {
     const QPoint start = m_position;
     const QPoint way = position - start;
-    const int steps = std::max(1, std::max(std::abs(way.x()), std::abs(way.y())) / std::max(1, step));
+    const int steps =
+        std::max(1, std::max(std::abs(way.x()), std::abs(way.y())) / std::max(1, step));
     for (int i = 1; i <= steps; ++i) {
         moveTo(start + QPoint(way.x() * i / steps, way.y() * i / steps));
     }

@@ -2,7 +2,6 @@
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
-
 #include <MorrantUI/MorrantUI.h>
 
 #include <QMouseEvent>

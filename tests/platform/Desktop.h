@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+namespace ui::test {
+
+/// What the window system says about windows. On an X server without a window manager it plays that
+/// part and grants what windows ask for.
+class Desktop
+{
+public:
+    Desktop();
+    ~Desktop();
+
+    /// False off screen, where nothing below ever holds.
+    bool isReal() const;
+
+    /// Whether title bars can be looked at here.
+    bool showsTitleBars() const;
+
+    bool hasDarkTitleBar(const QWidget& window) const;
+    bool isAlwaysOnTop(const QWidget& window);
+    bool isOwnedBy(const QWidget& window, const QWidget& owner) const;
+
+private:
+    class Connection;
+    std::unique_ptr<Connection> m_connection;
+};
+
+} // namespace ui::test

@@ -1,0 +1,45 @@
+#include "Desktop.h"
+
+#include <QGuiApplication>
+
+#include <windows.h>
+
+namespace ui::test {
+
+class Desktop::Connection
+{};
+
+static HWND handleOf(const QWidget& window)
+{
+    return reinterpret_cast<HWND>(window.internalWinId());
+}
+
+Desktop::Desktop() = default;
+Desktop::~Desktop() = default;
+
+bool Desktop::isReal() const
+{
+    return QGuiApplication::platformName() == u"windows";
+}
+
+bool Desktop::showsTitleBars() const
+{
+    return false; // the attribute can be set but not read everywhere
+}
+
+bool Desktop::hasDarkTitleBar(const QWidget& /*window*/) const
+{
+    return false;
+}
+
+bool Desktop::isAlwaysOnTop(const QWidget& window)
+{
+    return isReal() && (GetWindowLongPtrW(handleOf(window), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+}
+
+bool Desktop::isOwnedBy(const QWidget& window, const QWidget& owner) const
+{
+    return isReal() && GetWindow(handleOf(window), GW_OWNER) == handleOf(owner);
+}
+
+} // namespace ui::test

@@ -1,0 +1,201 @@
+#include "Desktop.h"
+#include "support/TestCase.h"
+#include "support/paths.h"
+#include <MorrantUI/platform/native.h>
+
+#include <QDialog>
+#include <QFontDatabase>
+#include <QTemporaryFile>
+#include <QWindow>
+
+namespace native = morrant::native;
+
+class NativeWindowsTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whatIsNoWindowIsLeftAlone();
+    void aTitleBarTurnsDarkWhenItsWindowFirstShows();
+    void aDarkTitleBarOutlivesItsNativeWindow();
+    void aFloatingWindowLiesAboveAllAndBelongsToItsParent();
+    void aWindowFloatsAgainAfterItWasDocked();
+    void aFloatingWindowDoesNotCoverAModalDialog();
+    void activationBringsAMinimisedWindowBack();
+
+    void theFontsOfAFileCanBeUsedOnceItIsRegistered();
+    void whatIsNoFontFileIsRefused();
+
+private:
+    ui::test::Desktop m_desktop;
+};
+
+/// A main window on screen and a panel that belongs to it.
+struct MainWindowWithPanel
+{
+    QWidget main;
+    QWidget panel{&main, Qt::Window};
+
+    MainWindowWithPanel()
+    {
+        main.resize(300, 200);
+        panel.resize(100, 100);
+        main.show();
+    }
+};
+
+void NativeWindowsTest::whatIsNoWindowIsLeftAlone()
+{
+    native::setDarkTitleBar(nullptr);
+    native::setFloating(nullptr, true);
+    native::activateWindow(nullptr);
+
+    QWidget window;
+    QWidget child(&window);
+    QWidget sibling(&window);
+    window.show();
+    native::setDarkTitleBar(&child);
+    native::setFloating(&child, true);
+    native::activateWindow(&child);
+    QVERIFY(!child.internalWinId());
+    QVERIFY(!sibling.internalWinId());
+    QVERIFY(!m_desktop.isAlwaysOnTop(window));
+    QVERIFY(!m_desktop.hasDarkTitleBar(window));
+}
+
+void NativeWindowsTest::aTitleBarTurnsDarkWhenItsWindowFirstShows()
+{
+    QWidget window;
+    native::setDarkTitleBar(&window);
+    QVERIFY(!window.internalWinId());
+
+    window.show();
+    QCOMPARE(m_desktop.hasDarkTitleBar(window), m_desktop.showsTitleBars());
+
+    QWidget shown;
+    shown.show();
+    QVERIFY(!m_desktop.hasDarkTitleBar(shown));
+    native::setDarkTitleBar(&shown);
+    QCOMPARE(m_desktop.hasDarkTitleBar(shown), m_desktop.showsTitleBars());
+}
+
+void NativeWindowsTest::aDarkTitleBarOutlivesItsNativeWindow()
+{
+    QWidget parent;
+    QWidget window;
+    native::setDarkTitleBar(&window);
+    window.show();
+
+    window.setParent(&parent); // docked: the native window goes
+    window.setParent(nullptr);
+    window.show();
+    QCOMPARE(m_desktop.hasDarkTitleBar(window), m_desktop.showsTitleBars());
+}
+
+void NativeWindowsTest::aFloatingWindowLiesAboveAllAndBelongsToItsParent()
+{
+    MainWindowWithPanel windows;
+    const Qt::WindowFlags flags = windows.panel.windowFlags();
+    native::setFloating(&windows.panel, true);
+    QVERIFY(!windows.panel.isVisible());
+
+    windows.panel.show();
+    QCOMPARE(m_desktop.isAlwaysOnTop(windows.panel), m_desktop.isReal());
+    QTRY_COMPARE(m_desktop.isOwnedBy(windows.panel, windows.main), m_desktop.isReal());
+    QCOMPARE(windows.panel.windowHandle()->transientParent(), windows.main.windowHandle());
+
+    native::setFloating(&windows.panel, false);
+    QVERIFY(!m_desktop.isAlwaysOnTop(windows.panel));
+    QCOMPARE(m_desktop.isOwnedBy(windows.panel, windows.main), m_desktop.isReal());
+
+    native::setFloating(&windows.panel, true);
+    native::setFloating(&windows.panel, true);
+    QCOMPARE(m_desktop.isAlwaysOnTop(windows.panel), m_desktop.isReal());
+    QVERIFY(!m_desktop.isAlwaysOnTop(windows.main));
+    QCOMPARE(windows.panel.windowFlags(), flags);
+}
+
+void NativeWindowsTest::aWindowFloatsAgainAfterItWasDocked()
+{
+    MainWindowWithPanel windows;
+    native::setFloating(&windows.panel, true);
+    windows.panel.show();
+
+    windows.panel.setParent(&windows.main);
+    windows.panel.show();
+    QVERIFY(!m_desktop.isAlwaysOnTop(windows.main));
+
+    windows.panel.setParent(&windows.main, Qt::Window);
+    windows.panel.show();
+    QCOMPARE(m_desktop.isAlwaysOnTop(windows.panel), m_desktop.isReal());
+    QTRY_COMPARE(m_desktop.isOwnedBy(windows.panel, windows.main), m_desktop.isReal());
+}
+
+void NativeWindowsTest::aFloatingWindowDoesNotCoverAModalDialog()
+{
+    MainWindowWithPanel windows;
+    native::setFloating(&windows.panel, true);
+    windows.panel.show();
+
+    QDialog dialog(&windows.main);
+    dialog.setModal(true);
+    dialog.show();
+    QVERIFY(!m_desktop.isAlwaysOnTop(windows.panel));
+    // As the host does when the user goes to another application and comes back.
+    native::setFloating(&windows.panel, false);
+    native::setFloating(&windows.panel, true);
+    QVERIFY(!m_desktop.isAlwaysOnTop(windows.panel));
+
+    dialog.close();
+    QCOMPARE(m_desktop.isAlwaysOnTop(windows.panel), m_desktop.isReal());
+}
+
+void NativeWindowsTest::activationBringsAMinimisedWindowBack()
+{
+    QWidget other;
+    QWidget window;
+    window.showMaximized();
+    other.show();
+    window.setWindowState(window.windowState() | Qt::WindowMinimized);
+
+    native::activateWindow(&window);
+    QVERIFY(window.isVisible());
+    QVERIFY(!window.isMinimized());
+    QVERIFY(window.isMaximized());
+    QTRY_VERIFY(window.isActiveWindow());
+}
+
+void NativeWindowsTest::theFontsOfAFileCanBeUsedOnceItIsRegistered()
+{
+    const QString file =
+        ui::test::dataPath(QStringLiteral("theme")) + QStringLiteral("/MorrantTest.ttf");
+    const QStringList before = QFontDatabase::families();
+
+    QVERIFY(native::registerFontFile(file.toStdString()));
+    const QStringList after = QFontDatabase::families();
+    QCOMPARE(after.size(), before.size() + 1);
+
+    // Qt would count another registration under another number.
+    QVERIFY(native::registerFontFile(file.toStdString()));
+    QVERIFY(QFontDatabase::applicationFontFamilies(1).isEmpty());
+
+    QFontDatabase::removeAllApplicationFonts();
+    QVERIFY(native::registerFontFile(file.toStdString()));
+    QCOMPARE(QFontDatabase::families(), after);
+}
+
+void NativeWindowsTest::whatIsNoFontFileIsRefused()
+{
+    QTemporaryFile text;
+    QVERIFY(text.open());
+    text.write("not a font");
+    text.close();
+
+    QVERIFY(!native::registerFontFile(text.fileName().toStdString()));
+    QVERIFY(!native::registerFontFile("fonts:none.ttf"));
+    QVERIFY(!native::registerFontFile(""));
+}
+
+const ui::test::Registration<NativeWindowsTest> kRegistration;
+
+#include "tst_nativewindows.moc"

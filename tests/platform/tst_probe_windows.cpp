@@ -1,0 +1,127 @@
+#include "RegistryKey.h"
+#include "support/TestCase.h"
+#include <MorrantUI/platform/notifications.h>
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+/// Hosts in processes of their own.
+class ProbeTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aClickStartsTheProgramThatRegistered();
+    void anOlderWindowsIsLeftAlone();
+    void aHostMayRegisterBeforeItsApplication_data();
+    void aHostMayRegisterBeforeItsApplication();
+
+private:
+    QString copyProbe(const QString& name);
+    QStringList run(const QString& program, const QStringList& arguments) const;
+
+    QTemporaryDir m_folder;
+    ui::test::RegistryKey m_key{HKEY_CURRENT_USER, classKey()};
+
+    static QString classKey()
+    {
+        return QStringLiteral("Software\\Classes\\CLSID\\")
+               + QString::fromWCharArray(morrant::native::kActivatorClassId);
+    }
+};
+
+static QString probePath()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/toastprobe.exe");
+}
+
+QString ProbeTest::copyProbe(const QString& name)
+{
+    const QString path = m_folder.filePath(name);
+    QDir().mkpath(QFileInfo(path).path());
+    return QFile::copy(probePath(), path) ? path : QString();
+}
+
+QStringList ProbeTest::run(const QString& program, const QStringList& arguments) const
+{
+    QProcess process;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    const QString libraries = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+    environment.insert(
+        QStringLiteral("PATH"), libraries + u';' + environment.value(QStringLiteral("PATH")));
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QCoreApplication::applicationDirPath());
+    environment.insert(
+        QStringLiteral("MORRANT_PROBE_FILE"), m_folder.filePath(QStringLiteral("started.txt")));
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    if (!process.waitForFinished(60000) || process.exitCode() != 0) {
+        return {process.errorString()};
+    }
+    const QString output = QString::fromUtf8(process.readAllStandardOutput()).remove(u'\r');
+    return output.split(u'\n', Qt::SkipEmptyParts);
+}
+
+void ProbeTest::aClickStartsTheProgramThatRegistered()
+{
+    const QString program = copyProbe(QStringLiteral(
+        "My Host \u00e4\u00f6 \u0413\u043e\u0442\u043e\u0432\u043e \u5b8c/a host.exe"));
+    QCOMPARE(run(program, {QStringLiteral("register")}), QStringList());
+
+    const QString server = QStringLiteral("LocalServer32");
+    const QString command = m_key.value(QString(), server);
+    QCOMPARE(command, u'"' + QDir::toNativeSeparators(program) + u"\" -ToastActivated");
+
+    // COM looks for a user's own classes only where this system merges them into all classes.
+    ui::test::RegistryKey everybody(HKEY_LOCAL_MACHINE, classKey() + u'\\' + server);
+    QVERIFY(everybody.setValue(QString(), command));
+    QCOMPARE(
+        run(probePath(), {QStringLiteral("click")}), QStringList{QStringLiteral("created yes")});
+
+    QFile started(m_folder.filePath(QStringLiteral("started.txt")));
+    QVERIFY(started.open(QIODevice::ReadOnly));
+    QCOMPARE(QString::fromUtf8(started.readAll()), command + u" -Embedding");
+    started.close();
+    QVERIFY(started.remove());
+}
+
+void ProbeTest::anOlderWindowsIsLeftAlone()
+{
+    const QString program = copyProbe(QStringLiteral("toastprobe-windows7.exe"));
+    ui::test::RegistryKey version(
+        HKEY_CURRENT_USER, QStringLiteral("Software\\Wine\\AppDefaults\\toastprobe-windows7.exe"));
+    QVERIFY(version.setValue(QStringLiteral("Version"), QStringLiteral("win7")));
+
+    QCOMPARE(
+        run(program, {QStringLiteral("register")}),
+        QStringList{QStringLiteral("warning: Notifications are only supported on Windows 10.")});
+    QCOMPARE(run(program, {QStringLiteral("send")}), QStringList());
+    QVERIFY(!m_key.exists());
+}
+
+void ProbeTest::aHostMayRegisterBeforeItsApplication_data()
+{
+    QTest::addColumn<QString>("apartment");
+
+    QTest::newRow("without COM") << QStringLiteral("none");
+    QTest::newRow("multithreaded") << QStringLiteral("mta");
+}
+
+void ProbeTest::aHostMayRegisterBeforeItsApplication()
+{
+    QFETCH(const QString, apartment);
+
+    // The toast itself fails: no classes are registered here.
+    QCOMPARE(
+        run(probePath(), {QStringLiteral("life"), apartment}),
+        (QStringList{
+            QStringLiteral("error: Could not create Notification Contents."),
+            QStringLiteral("created yes"),
+            QStringLiteral("clicked on the GUI thread"),
+            u"afterwards " + apartment,
+            QStringLiteral("offered no"),
+            QStringLiteral("end none")}));
+}
+
+const ui::test::Registration<ProbeTest> kRegistration;
+
+#include "tst_probe_windows.moc"
