@@ -1,12 +1,8 @@
 #include "FontRegistry.h"
 
-#include <include/core/SkString.h>
+#include "fontmanager.h"
 
-#ifdef _WIN32
-#include <include/ports/SkFontMgr_empty.h>
-#else
-#include <include/ports/SkFontMgr_fontconfig.h>
-#endif
+#include <include/core/SkString.h>
 
 #include <memory>
 #include <set>
@@ -15,15 +11,6 @@
 namespace morrant {
 
 namespace {
-
-sk_sp<SkFontMgr> makeFontManager()
-{
-#ifdef _WIN32
-    return SkFontMgr_New_Custom_Empty();
-#else
-    return SkFontMgr_New_FontConfig(nullptr);
-#endif
-}
 
 std::string familyName(const SkTypeface& typeface)
 {

@@ -3,7 +3,6 @@
 #include "Player.h"
 #include "StudioWindow.h"
 #include "gallery/GalleryPage.h"
-#include "lottie/Document.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,7 +11,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 
 namespace studio {
 
@@ -72,24 +70,6 @@ void writeFrames(PictureFolder& pictures, StudioWindow& window)
     window.player().seek(range.first + range.count() / 2);
 }
 
-/// The list of a document that draws everything is made up, so that the panel is seen.
-void writeMissing(PictureFolder& pictures, StudioWindow& window)
-{
-    auto document = std::make_shared<Document>(*window.document());
-    if (document->missing.empty()) {
-        document->missing = {
-            {tr("Title"), tr("text")},
-            {tr("Glow"), tr("gradient")},
-            {tr("Glow"), tr("effect")},
-            {tr("Photo"), tr("image")},
-        };
-    }
-    const int frame = window.player().frame();
-    window.setDocument(document, window.windowTitle());
-    window.player().seek(frame);
-    pictures.write(QStringLiteral("missing"), window);
-}
-
 void writeNotice(PictureFolder& pictures, StudioWindow& window)
 {
     const QSignalBlocker blocker(window);
@@ -135,7 +115,6 @@ QString writePictures(StudioWindow& window, const QString& folder)
     PictureFolder pictures(folder);
     window.show();
     writeFrames(pictures, window);
-    writeMissing(pictures, window);
     writeNotice(pictures, window);
     writeEmpty(pictures, window.size());
     writeGallery(pictures);

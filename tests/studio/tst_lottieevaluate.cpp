@@ -5,6 +5,7 @@
 #include "support/TestCase.h"
 
 #include <cmath>
+#include <numbers>
 
 using namespace studio;
 using namespace studio::test;
@@ -163,7 +164,7 @@ void LottieEvaluateTest::aSpatialCurveIsWalkedAtAnEvenPace()
     constexpr double kCircle = 55.2284749831;
     const SpatialCurve quarter{{100, 0}, {100, kCircle}, {kCircle, 100}, {0, 100}};
     const Point third = pointAlong(quarter, 1.0 / 3);
-    QVERIFY(std::abs(std::atan2(third[1], third[0]) - M_PI / 6) < 1e-3);
+    QVERIFY(std::abs(std::atan2(third[1], third[0]) - std::numbers::pi / 6) < 1e-3);
     // No length at all.
     const SpatialCurve still{{5, 6}, {5, 6}, {5, 6}, {5, 6}};
     QCOMPARE(pointAlong(still, 0.5), (Point{5, 6}));

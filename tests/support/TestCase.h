@@ -17,13 +17,12 @@ class TestCase : public QObject
 {
     Q_OBJECT
 
-protected Q_SLOTS:
-    virtual void init();
-    virtual void cleanup();
-
 protected:
     /// The lines logged since the last call or the start of the test function.
     QStringList takeLog() { return LogSink::take(); }
+
+    Q_SLOT virtual void init();
+    Q_SLOT virtual void cleanup();
 };
 
 } // namespace ui::test

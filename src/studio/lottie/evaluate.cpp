@@ -4,6 +4,7 @@
 #include "lottie/spatial.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace studio {
 
@@ -105,7 +106,7 @@ double headingAt(const Transform& transform, double frame)
     constexpr double kStep = 0.01; // frames
     const Numbers before = positionAt(transform, frame - kStep);
     const Numbers after = positionAt(transform, frame + kStep);
-    return std::atan2(after[1] - before[1], after[0] - before[0]) * 180 / M_PI;
+    return std::atan2(after[1] - before[1], after[0] - before[0]) * 180 / std::numbers::pi;
 }
 
 } // namespace
@@ -143,7 +144,7 @@ SkMatrix matrixAt(const Transform& transform, double frame)
     if (skew != 0) {
         const float axis = toScalar(scalarAt(transform.skewAxis, frame));
         matrix.preRotate(-axis);
-        matrix.preSkew(toScalar(-std::tan(skew * M_PI / 180)), 0);
+        matrix.preSkew(toScalar(-std::tan(skew * std::numbers::pi / 180)), 0);
         matrix.preRotate(axis);
     }
     matrix.preScale(toScalar(scale[0] / 100), toScalar(scale[1] / 100));

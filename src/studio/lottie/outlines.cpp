@@ -7,6 +7,7 @@
 #include <include/pathops/SkPathOps.h>
 
 #include <cmath>
+#include <numbers>
 
 namespace studio {
 
@@ -85,7 +86,7 @@ SkPath starAt(const StarShape& shape, bool reversed, double frame)
         std::clamp(std::floor(scalarAt(shape.points, frame)), 0.0, kMaxStarPoints);
     const int corners = static_cast<int>(points) * (shape.isPolygon ? 1 : 2);
     const Numbers center = valueAt(shape.position, frame);
-    const double start = (scalarAt(shape.rotation, frame) - 90) * M_PI / 180;
+    const double start = (scalarAt(shape.rotation, frame) - 90) * std::numbers::pi / 180;
     const double turn = reversed ? -1 : 1;
     BezierPath outline;
     outline.closed = true;
@@ -94,11 +95,11 @@ SkPath starAt(const StarShape& shape, bool reversed, double frame)
         const double radius = scalarAt(isOuter ? shape.outerRadius : shape.innerRadius, frame);
         const double roundness =
             scalarAt(isOuter ? shape.outerRoundness : shape.innerRoundness, frame) / 100;
-        const double angle = start + turn * 2 * M_PI * i / corners;
+        const double angle = start + turn * 2 * std::numbers::pi * i / corners;
         // Full roundness spans half of the arc between two corners on its own circle, or a quarter
         // in a polygon.
-        const double reach =
-            turn * roundness * 2 * M_PI * radius / (corners * (shape.isPolygon ? 4 : 2));
+        const double reach = turn * roundness * 2 * std::numbers::pi * radius
+                             / (corners * (shape.isPolygon ? 4 : 2));
         const double x = std::cos(angle);
         const double y = std::sin(angle);
         outline.vertices.push_back({center[0] + radius * x, center[1] + radius * y});

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QHash>
 
+#include <algorithm>
 #include <cmath>
 
 namespace studio {
@@ -418,10 +419,11 @@ ReadResult readFile(const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return failure(tr("“%1” cannot be opened: %2.").arg(path, file.errorString()));
     }
-    if (file.size() > static_cast<qint64>(kMaxFileBytes)) {
-        return failure(tooLarge(file.size()));
+    // A pipe has no size: one byte more than is allowed tells.
+    const QByteArray bytes = file.read(static_cast<qint64>(kMaxFileBytes) + 1);
+    if (bytes.size() > static_cast<qsizetype>(kMaxFileBytes)) {
+        return failure(tooLarge(std::max(file.size(), qint64(bytes.size()))));
     }
-    const QByteArray bytes = file.readAll();
     return read(bytes.toStdString());
 }
 

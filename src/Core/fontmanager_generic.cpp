@@ -1,0 +1,8 @@
+#include "fontmanager.h"
+
+#include <include/ports/SkFontMgr_fontconfig.h>
+
+sk_sp<SkFontMgr> morrant::makeFontManager()
+{
+    return SkFontMgr_New_FontConfig(nullptr);
+}
