@@ -9,6 +9,7 @@
 #include "support/TestCase.h"
 #include "support/paths.h"
 #include "support/pixels.h"
+#include "support/themes.h"
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/eventfilters.h>
@@ -97,7 +98,7 @@ void drop(StudioWindow& window, const QMimeData& data)
 
 void StudioWindowTest::initTestCase()
 {
-    static VisualDesignDark theme(ui::test::assetsPath());
+    auto& theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
     theme.applyAppStyle();
 }
 

@@ -2,6 +2,7 @@
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
+#include "support/themes.h"
 #include <MorrantUI/MorrantUI.h>
 
 #include <QMouseEvent>
@@ -122,8 +123,8 @@ void HarnessTest::aPixelIsProbedInLogicalPixels()
 
 void HarnessTest::loggedLinesAreRecordedWordForWord()
 {
-    static const auto* theme = new VisualDesignDark(QStringLiteral("nowhere")); // to the end
-    QVERIFY(!theme->iconExists(QStringLiteral("icons:{}.png")));
+    const auto& theme = makeTheme<VisualDesignDark>(QStringLiteral("nowhere"));
+    QVERIFY(!theme.iconExists(QStringLiteral("icons:{}.png")));
     QVERIFY(ui::getCachedIcon(QStringLiteral("icons:{}.png")).isNull());
     QCOMPARE(takeLog(), QStringList(QStringLiteral("debug: File doesn't exist: icons:{}.png")));
     QVERIFY(takeLog().isEmpty());

@@ -1,5 +1,6 @@
 #include "support/TestCase.h"
 #include "support/paths.h"
+#include "support/themes.h"
 #include "theme/contrast.h"
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/fonts.h>
@@ -75,12 +76,12 @@ private:
     /// A palette role by its name in the file, or else a named colour, as widgets get them.
     QColor colour(const QString& name) const;
 
-    VisualDesignDark* m_theme = nullptr; ///< leaked: the current theme must outlive the program
+    VisualDesignDark* m_theme = nullptr;
 };
 
 void AssetsTest::initTestCase()
 {
-    m_theme = new VisualDesignDark(ui::test::assetsPath());
+    m_theme = &ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
 }
 
 QColor AssetsTest::colour(const QString& name) const

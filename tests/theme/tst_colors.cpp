@@ -1,4 +1,5 @@
 #include "support/TestCase.h"
+#include "support/themes.h"
 #include <MorrantUI/theme/VisualDesignBase.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -84,14 +85,14 @@ void ColorsTest::integerColorsOnlyGetDarkerOrPaler()
 void ColorsTest::namesAreLookedUpInTheNewestTheme()
 {
     const QString name = QString::fromUtf8("Gr\xC3\xBCn");
-    static auto* const older = new VisualDesignBase;
-    older->setColor(name, Qt::green);
+    auto& older = ui::test::makeTheme<VisualDesignBase>();
+    older.setColor(name, Qt::green);
     QCOMPARE(ui::colorQt(name), QColor(Qt::green));
 
-    static auto* const newer = new VisualDesignBase;
+    auto& newer = ui::test::makeTheme<VisualDesignBase>();
     QCOMPARE(ui::colorQt(name), QColor(Qt::black));
-    newer->setColor(name, QColor(1, 2, 3, 4));
-    newer->setColor(QStringLiteral("Base"), QColor(100, 200, 40));
+    newer.setColor(name, QColor(1, 2, 3, 4));
+    newer.setColor(QStringLiteral("Base"), QColor(100, 200, 40));
 
     QCOMPARE(ui::colorQt(name), QColor(1, 2, 3, 4));
     QVERIFY(ui::color("Gr\xC3\xBCn") == Color(0x04010203U));

@@ -1,4 +1,5 @@
 #include "support/TestCase.h"
+#include "support/themes.h"
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/VisualDesignBase.h>
 #include <MorrantUI/theme/eventfilters.h>
@@ -171,10 +172,10 @@ void HelpersTest::foregroundAndAppendedRolesReachAllGroups()
 
 void HelpersTest::theCommonStyleSheetIsSpelledOut()
 {
-    static auto* const theme = new VisualDesignBase; // the current theme to the program's end
-    theme->setColor(QStringLiteral("Window"), QColor(0x10, 0x20, 0x30));
-    theme->setColor(QStringLiteral("Base"), QColor(0x40, 0x50, 0x60, 0x70));
-    theme->setColor(QStringLiteral("Shadow"), QColor(0x70, 0x80, 0x90));
+    auto& theme = ui::test::makeTheme<VisualDesignBase>();
+    theme.setColor(QStringLiteral("Window"), QColor(0x10, 0x20, 0x30));
+    theme.setColor(QStringLiteral("Base"), QColor(0x40, 0x50, 0x60, 0x70));
+    theme.setColor(QStringLiteral("Shadow"), QColor(0x70, 0x80, 0x90));
 
     const QString common = QStringLiteral(
         "\nQLabel{\n    min-width:240 px;\n}\n"

@@ -1,5 +1,6 @@
 #include "support/TestCase.h"
 #include "support/pixels.h"
+#include "support/themes.h"
 #include <MorrantUI/theme/VisualDesignBase.h>
 #include <MorrantUI/theme/images.h>
 
@@ -52,9 +53,8 @@ private:
 
 void ImagesTest::initTestCase()
 {
-    static auto* const theme = new VisualDesignBase; // the current theme to the program's end
-    theme->setColor(QStringLiteral("Base"), QColor(40, 50, 60));
-    m_theme = theme;
+    m_theme = &ui::test::makeTheme<VisualDesignBase>();
+    m_theme->setColor(QStringLiteral("Base"), QColor(40, 50, 60));
 }
 
 void ImagesTest::aSwatchHasRoundedTransparentCorners()

@@ -1,6 +1,7 @@
 #include "support/TestCase.h"
 #include "support/paths.h"
 #include "support/pixels.h"
+#include "support/themes.h"
 #include "theme/contrast.h"
 #include <MorrantUI/theme/Style.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
@@ -127,7 +128,7 @@ private Q_SLOTS:
 private:
     const QStyle& style() const { return *QApplication::style(); }
 
-    VisualDesignDark* m_theme = nullptr; ///< leaked: the current theme must outlive the program
+    VisualDesignDark* m_theme = nullptr;
     QPalette m_palette;                  ///< of the application before
     QPalette m_toolTipPalette;
     QFont m_font;
@@ -138,7 +139,7 @@ void StyleTest::initTestCase()
     m_palette = QApplication::palette();
     m_toolTipPalette = QToolTip::palette();
     m_font = QApplication::font();
-    m_theme = new VisualDesignDark(ui::test::assetsPath());
+    m_theme = &ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
     m_theme->applyAppStyle();
 }
 

@@ -1,5 +1,6 @@
 #include "support/TestCase.h"
 #include "support/paths.h"
+#include "support/themes.h"
 #include <MorrantUI/theme/Style.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/colors.h>
@@ -117,11 +118,8 @@ void VisualDesignTest::cleanup()
 
 VisualDesignDark& VisualDesignTest::themeFrom(const QByteArray& json)
 {
-    // The newest theme stays the current one, so none may ever die.
-    static auto* const themes = new std::vector<std::unique_ptr<VisualDesignDark>>;
     writeFile(assetPath(QStringLiteral("Style/theme.json")), json);
-    themes->push_back(std::make_unique<VisualDesignDark>(m_assets->path()));
-    return *themes->back();
+    return ui::test::makeTheme<VisualDesignDark>(m_assets->path());
 }
 
 void VisualDesignTest::searchPathsLeadBelowTheAssets()
@@ -441,11 +439,11 @@ void VisualDesignTest::applyingAgainOverAStyleSheetTakesTheNewContrast()
 
 void VisualDesignTest::aThemeWithoutStyleKeepsTheApplications()
 {
-    static auto* const theme = new VisualDesignBase;
+    auto& theme = ui::test::makeTheme<VisualDesignBase>();
     const QPointer<QStyle> style = QApplication::style();
-    theme->applyAppStyle();
+    theme.applyAppStyle();
     QCOMPARE(QApplication::style(), style.data());
-    QVERIFY(theme->getLayoutFile().isEmpty());
+    QVERIFY(theme.getLayoutFile().isEmpty());
 }
 
 void VisualDesignTest::anyFileMakesATheme_data()
