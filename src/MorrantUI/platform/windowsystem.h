@@ -1,0 +1,18 @@
+#pragma once
+
+class QWindow;
+
+/// What native.h needs of the window system, for windows that have a native handle. Each system's
+/// folder implements it; what the system cannot do is left undone.
+namespace morrant::native::system {
+
+void setDarkTitleBar(QWindow& window);
+
+/// Keeps a window above its owner and lets it share the owner's task-bar button.
+void setOwner(QWindow& window, QWindow& owner);
+
+/// Moves a window between the ordinary windows and those that lie above all of them, without
+/// activating it. A window that comes down lies no higher than the window the user works in.
+void setAlwaysOnTop(QWindow& window, bool on);
+
+} // namespace morrant::native::system
