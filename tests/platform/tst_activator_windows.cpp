@@ -87,7 +87,7 @@ void ActivatorTest::aRefusedRegistrationIsOneLineAndCanBeRepeated()
     QCOMPARE(
         m_key->value(QString(), QStringLiteral("LocalServer32")),
         u'"' + QDir::toNativeSeparators(QCoreApplication::applicationFilePath())
-            + u"\" -ToastActivated");
+            + QStringLiteral("\" -ToastActivated"));
 }
 
 void ActivatorTest::registeringAgainChangesNothing()

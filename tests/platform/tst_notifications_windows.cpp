@@ -40,13 +40,13 @@ private:
 
 bool NotificationsTest::registerClasses()
 {
-    const QString path =
-        QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u"/faketoast.dll");
+    const QString path = QDir::toNativeSeparators(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/faketoast.dll"));
     bool all = true;
     for (const QString& name : faketoast::classNames()) {
         m_classes.push_back(std::make_unique<ui::test::RegistryKey>(
             HKEY_LOCAL_MACHINE,
-            u"Software\\Microsoft\\WindowsRuntime\\ActivatableClassId\\" + name));
+            QStringLiteral("Software\\Microsoft\\WindowsRuntime\\ActivatableClassId\\") + name));
         all = m_classes.back()->setValue(QStringLiteral("DllPath"), path) && all;
     }
     return all;

@@ -69,7 +69,8 @@ void ProbeTest::aClickStartsTheProgramThatRegistered()
 
     const QString server = QStringLiteral("LocalServer32");
     const QString command = m_key.value(QString(), server);
-    QCOMPARE(command, u'"' + QDir::toNativeSeparators(program) + u"\" -ToastActivated");
+    QCOMPARE(
+        command, u'"' + QDir::toNativeSeparators(program) + QStringLiteral("\" -ToastActivated"));
 
     // COM looks for a user's own classes only where this system merges them into all classes.
     ui::test::RegistryKey everybody(HKEY_LOCAL_MACHINE, classKey() + u'\\' + server);
@@ -79,7 +80,7 @@ void ProbeTest::aClickStartsTheProgramThatRegistered()
 
     QFile started(m_folder.filePath(QStringLiteral("started.txt")));
     QVERIFY(started.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(started.readAll()), command + u" -Embedding");
+    QCOMPARE(QString::fromUtf8(started.readAll()), command + QStringLiteral(" -Embedding"));
     started.close();
     QVERIFY(started.remove());
 }
@@ -117,7 +118,7 @@ void ProbeTest::aHostMayRegisterBeforeItsApplication()
             QStringLiteral("error: Could not create Notification Contents."),
             QStringLiteral("created yes"),
             QStringLiteral("clicked on the GUI thread"),
-            u"afterwards " + apartment,
+            QStringLiteral("afterwards ") + apartment,
             QStringLiteral("offered no"),
             QStringLiteral("end none")}));
 }

@@ -129,7 +129,7 @@ private:
     const QStyle& style() const { return *QApplication::style(); }
 
     VisualDesignDark* m_theme = nullptr;
-    QPalette m_palette;                  ///< of the application before
+    QPalette m_palette; ///< of the application before
     QPalette m_toolTipPalette;
     QFont m_font;
 };

@@ -221,7 +221,8 @@ HRESULT WINAPI DllGetActivationFactory(HSTRING className, IActivationFactory** f
     if (index < 0) {
         return CLASS_E_CLASSNOTAVAILABLE;
     }
-    if (const HRESULT refused = record(u"class " + classNames().at(index).section(u'.', -1));
+    if (const HRESULT refused =
+            record(QStringLiteral("class ") + classNames().at(index).section(u'.', -1));
         FAILED(refused))
     {
         return refused;
