@@ -1,5 +1,6 @@
 # The installed package: `find_package(MorrantUI)` gives a host Morrant::UI and Morrant::Core. Skia is
-# part of the public interface and of no distribution, so the package carries it.
+# part of the public interface and of no distribution, so the package carries the one that set-up
+# built.
 set(packageDir "${CMAKE_INSTALL_LIBDIR}/cmake/MorrantUI")
 
 # Ours find each other and Skia beside themselves.
@@ -14,6 +15,9 @@ endif()
 set(exported MorrantUI)
 if(TARGET Core)
     list(APPEND exported Core)
+    set(MORRANT_OWN_CORE ON)
+else()
+    set(MORRANT_OWN_CORE OFF)
 endif()
 install(TARGETS ${exported} EXPORT MorrantUITargets
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
@@ -22,7 +26,9 @@ install(TARGETS ${exported} EXPORT MorrantUITargets
     FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
     FILE_SET generated DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(EXPORT MorrantUITargets NAMESPACE Morrant:: DESTINATION "${packageDir}")
-install(DIRECTORY "${MORRANT_SKIA_PREFIX}/" DESTINATION . USE_SOURCE_PERMISSIONS)
+if(MORRANT_BUNDLE_SKIA)
+    install(DIRECTORY "${MORRANT_SKIA_PREFIX}/" DESTINATION . USE_SOURCE_PERMISSIONS)
+endif()
 
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/MorrantUIConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake" INSTALL_DESTINATION "${packageDir}")

@@ -3,9 +3,16 @@
 set -euo pipefail
 
 MORRANT_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-MORRANT_CACHE=${MORRANT_CACHE_DIR:-${XDG_CACHE_HOME:-$HOME/.cache}/morrant-ui}
 MORRANT_JOBS=${MORRANT_JOBS:-$(nproc)}
-mkdir -p "$MORRANT_CACHE"
+
+say() { printf '[%s] %s\n' "${STAGE:-setup}" "$*"; }
+fail() { printf '[%s] error: %s\n' "${STAGE:-setup}" "$*" >&2; exit 1; }
+
+MORRANT_CACHE=${MORRANT_CACHE_DIR:-${XDG_CACHE_HOME:-${HOME:-}/.cache}/morrant-ui}
+mkdir -p "$MORRANT_CACHE" 2> /dev/null && [ -w "$MORRANT_CACHE" ] ||
+    fail "the cache folder $MORRANT_CACHE cannot be written; set MORRANT_CACHE_DIR to one that can"
+MORRANT_CACHE=$(cd "$MORRANT_CACHE" && pwd)
+export MORRANT_CACHE_DIR=$MORRANT_CACHE
 
 # ccache serves any clone: paths below the checkout count as relative, and precompiled headers are
 # compared by content.
@@ -14,9 +21,6 @@ export CCACHE_BASEDIR=$MORRANT_ROOT
 export CCACHE_NOHASHDIR=1
 export CCACHE_SLOPPINESS=pch_defines,time_macros
 export CCACHE_MAXSIZE=${CCACHE_MAXSIZE:-5G}
-
-say() { printf '[%s] %s\n' "${STAGE:-setup}" "$*"; }
-fail() { printf '[%s] error: %s\n' "${STAGE:-setup}" "$*" >&2; exit 1; }
 
 # quietly LOG COMMAND...: runs a command with its output in a log, whose end is shown when it fails.
 quietly() {
@@ -30,10 +34,8 @@ quietly() {
 as_root() {
     if [ "$(id -u)" = 0 ]; then
         "$@"
-    elif command -v sudo > /dev/null; then
-        sudo "$@"
     else
-        fail "packages are missing, and installing them takes root or sudo: $*"
+        sudo env DEBIAN_FRONTEND=noninteractive "$@"
     fi
 }
 
@@ -55,7 +57,7 @@ compile() {
     status=${PIPESTATUS[0]}
     set -e
     if [ "$status" != 0 ]; then
-        grep -vE '^\[[0-9]+/[0-9]+\]|^ninja: Entering' "$log" | head -n 80 >&2
+        { grep -vE '^\[[0-9]+/[0-9]+\]|^ninja: Entering' "$log" | head -n 80 >&2; } || true
         fail "the build in ${dir#"$MORRANT_ROOT"/} failed"
     fi
 }

@@ -20,8 +20,8 @@ using VariableTable = std::map<std::string, double>;
 /// @param error  set to an English sentence, or to nothing when all is well; may be null. Errors
 ///               are: text that does not parse, more than one value, an infinite or undefined
 ///               result, bytes outside ASCII, and more than 4096 bytes.
-/// @return on an error the value of the longest beginning of the text that has one, cut between
+/// @return on an error the value of the longest prefix of the text that has one, cut between
 ///         numbers, names and signs ("12+" gives 12, "3px" gives 3), or 0. In a text of thousands
-///         of bytes only the longest beginnings are looked at, so that a call stays short.
+///         of bytes only the longest prefixes are tried, so that a call stays short.
 MORRANT_CORE_EXPORT double evaluateExpression(
     const std::string& utf8, const VariableTable& variables, std::string* error);

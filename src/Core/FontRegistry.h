@@ -29,12 +29,13 @@ public:
     /// asking again for the same path reads nothing. Null for a file that is missing or is not a
     /// font; such a path is read anew the next time.
     ///
-    /// The callback hears of each loaded file once, from the first call for its path that finds a
+    /// The callback is told each loaded file once, from the first call for its path that finds a
     /// callback set.
     MORRANT_CORE_EXPORT sk_sp<SkTypeface> addFont(const std::string& utf8Path);
 
-    /// Replaces the callback; an empty one stops the reports. Files that an earlier callback heard
-    /// of are not reported again. A callback may call any operation of the registry, this one too.
+    /// Replaces the callback; an empty one stops the reports. Files that an earlier callback was
+    /// told are not reported again. A callback may call any operation of the registry, this one
+    /// too.
     MORRANT_CORE_EXPORT void setFontFileCallback(FontFileCallback callback);
 
     /// The family names of the loaded fonts, sorted, each once.

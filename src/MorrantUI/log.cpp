@@ -1,4 +1,4 @@
-#include "log.h"
+#include <MorrantUI/log.h>
 
 #include <spdlog/spdlog.h>
 

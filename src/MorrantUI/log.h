@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <string_view>
+#include <utility>
 
 /// The library's own log lines. They go to the default logger of spdlog, which belongs to the host;
 /// only log.cpp includes spdlog, since its headers cost every unit seconds of compiling.

@@ -23,6 +23,9 @@ protected:
 
     Q_SLOT virtual void init();
     Q_SLOT virtual void cleanup();
+
+private:
+    void failOnLoggedLines();
 };
 
 } // namespace ui::test

@@ -61,7 +61,7 @@ public:
     void setFontSizeOverride(int override);
 
     bool highContrastMode() const;
-    /// Darkens the ground colours. Shows after the next applyAppStyle().
+    /// Darkens the background colours. Shows after the next applyAppStyle().
     void setHighContrastMode(bool on);
 
     /// Whether dragging a value hides and pins the pointer.

@@ -80,7 +80,7 @@ void Widget::setChild(QWidget* child)
         if (child != nullptr && previous->isAncestorOf(child)) {
             child->setParent(this); // out of what is about to be deleted
         }
-        delete previous.data();
+        delete previous.data(); // at once, deliberate: the new child must not meet the old one
     }
     delete layout();
 

@@ -54,9 +54,10 @@ public:
     /// by default. Without a border it changes nothing.
     void setPixelAlignedBorder(bool aligned);
 
-    /// Hosts a child that fills the widget, and takes it over. The previous child and the layout
-    /// are deleted; a previous child that has moved to another parent is left alone. Null leaves
-    /// the widget empty. The widget itself and its ancestors are ignored.
+    /// Hosts a child that fills the widget, and owns it. The previous child and the layout are
+    /// deleted at once, so call it later (queued) from a slot of that child; one that has moved to
+    /// another parent is left alone. Null leaves the widget empty. The widget itself and its
+    /// ancestors are ignored.
     void setChild(QWidget* child);
 
 protected:

@@ -9,14 +9,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace ui {
 
 namespace {
 
-constexpr int kPreviewHeight = 16; ///< pixels of a palette strip
-constexpr int kTileSize = 8;       ///< pixels of the chequer below translucent colours
+constexpr int kPreviewHeight = 16;           ///< pixels of a palette strip
+constexpr double kMaxPreviewWidth = 32767.0; ///< pixels; the most that painting can address
+constexpr int kTileSize = 8;                 ///< pixels of the chequer below translucent colours
 
 QImage filledImage(QSize size, const QColor& color)
 {
@@ -86,7 +86,7 @@ QImage drawRoundColor(const QColor& color, QSize size)
 
 QImage drawPalettePreview(std::vector<QColor> colors, double width)
 {
-    if (!(width >= 1.0 && width <= std::numeric_limits<int>::max())) {
+    if (!(width >= 1.0 && width <= kMaxPreviewWidth)) {
         return {};
     }
     const QSize size(static_cast<int>(width), kPreviewHeight);

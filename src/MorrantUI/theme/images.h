@@ -29,7 +29,7 @@ MORRANT_UI_EXPORT QImage drawRoundColor(const QColor& color, QSize size);
 
 /// The colours side by side in a strip 16 pixels high, translucent ones over a chequer of white and
 /// the theme's "Base". Without colours the strip is transparent.
-/// @param width pixels; a fraction is dropped
+/// @param width pixels; a fraction is dropped. Below 1 and above 32767 the image is null.
 MORRANT_UI_EXPORT QImage drawPalettePreview(std::vector<QColor> colors, double width);
 
 /// Where drawPalettePreview() puts the segment `index` of `count`: equal widths in whole pixels,
@@ -46,7 +46,7 @@ MORRANT_UI_EXPORT QPixmap tintPixmap(QPixmap pixmap, const QColor& color);
 /// narrower than 32 bits.
 ///
 /// RGBA pixels keep their values under a format that is not premultiplied, and any colour type
-/// other than RGBA and BGRA is read as opaque 32-bit RGB: deliberate, callers hand in opaque
+/// other than RGBA and BGRA is read as opaque 32-bit RGB: deliberate, callers pass opaque
 /// bitmaps.
 MORRANT_UI_EXPORT QImage SkBitmapToQImage(const SkBitmap* bitmap);
 

@@ -6,7 +6,7 @@
 
 namespace ui {
 
-/// How the Control key is called in texts for the user.
+/// What the Control key is called in texts for the user.
 MORRANT_UI_EXPORT QString ctrlKeyName();
 
 } // namespace ui

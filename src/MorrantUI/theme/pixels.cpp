@@ -9,12 +9,15 @@
 #include <include/core/SkPixmap.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 
 namespace ui {
 
 namespace {
+
+constexpr std::size_t kKeptHeaders = 8; ///< as many Skia widgets may paint in turn
 
 /// Takes world and view transform off a painter for a while. Unlike QPainter::save() this allocates
 /// nothing.
@@ -64,17 +67,21 @@ std::optional<QImage::Format> sameFormat(const SkImageInfo& info)
 
 /// An image over memory that it does not own.
 ///
-/// The last one is kept, since even an empty image header is allocated and a surface is drawn again
-/// and again at the same place. A header that was kept may name memory that is gone; it is returned
-/// only when it equals the pixels asked for, which are alive.
+/// The last few are kept, since even an empty image header is allocated and surfaces are drawn
+/// again and again from the same places. A header that was kept may name memory that is gone; it is
+/// returned only when it equals the pixels asked for, which are alive.
 QImage& wrapped(const SkPixmap& pixels, QImage::Format format)
 {
-    static QImage image;
-    const bool same = image.constBits() == pixels.addr() && image.width() == pixels.width()
-                      && image.height() == pixels.height() && image.format() == format
-                      && image.bytesPerLine() == static_cast<qsizetype>(pixels.rowBytes());
+    static std::array<QImage, kKeptHeaders> kept;
+    static std::size_t oldest = 0;
+    const auto found = std::find_if(kept.begin(), kept.end(), [&](const QImage& image) {
+        return image.constBits() == pixels.addr() && image.width() == pixels.width()
+               && image.height() == pixels.height() && image.format() == format
+               && image.bytesPerLine() == static_cast<qsizetype>(pixels.rowBytes());
+    });
+    QImage& image = found != kept.end() ? *found : kept.at(oldest++ % kept.size());
     // One that a paint engine still shares cannot be changed without copying the pixels.
-    if (!same || !image.isDetached()) {
+    if (found == kept.end() || !image.isDetached()) {
         image = QImage(
             static_cast<uchar*>(pixels.writable_addr()),
             pixels.width(),
