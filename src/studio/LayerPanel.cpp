@@ -1,7 +1,6 @@
 #include "LayerPanel.h"
 
 #include "lottie/Document.h"
-#include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/icons.h>
 
 #include <QListWidget>
@@ -55,17 +54,17 @@ LayerPanel::LayerPanel(QWidget* parent)
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setUniformItemSizes(true);
     m_list->setAccessibleName(tr("Layers"));
+    writeInNamedColors(m_list);
     setContent(m_list);
 }
 
 void LayerPanel::setDocument(const Document& document)
 {
     m_list->clear();
-    const QColor hiddenColor = ui::colorQt(QStringLiteral("Grey"));
     for (const Layer& layer : document.main.layers) {
         QListWidgetItem* row = makeRow(layer);
         if (layer.hidden) {
-            row->setForeground(hiddenColor);
+            row->setData(kColorNameRole, QStringLiteral("HelperHints"));
         }
         m_list->addItem(row);
     }

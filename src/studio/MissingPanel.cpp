@@ -1,7 +1,6 @@
 #include "MissingPanel.h"
 
 #include "lottie/Document.h"
-#include <MorrantUI/theme/colors.h>
 
 #include <QHash>
 #include <QHeaderView>
@@ -13,11 +12,12 @@ namespace studio {
 std::vector<MissingOfLayer> byLayer(const std::vector<MissingFeature>& missing)
 {
     std::vector<MissingOfLayer> result;
-    QHash<QString, std::size_t> places;
+    QHash<std::pair<quint32, QString>, std::size_t> places;
     for (const MissingFeature& entry : missing) {
-        const auto place = places.constFind(entry.layer);
+        const std::pair layer(entry.layerByte, entry.layer);
+        const auto place = places.constFind(layer);
         if (place == places.constEnd()) {
-            places.insert(entry.layer, result.size());
+            places.insert(layer, result.size());
             result.push_back({entry.layer, {entry.feature}});
         } else {
             result[place.value()].features.append(entry.feature);
@@ -37,6 +37,7 @@ MissingPanel::MissingPanel(QWidget* parent)
     m_tree->setUniformRowHeights(true);
     m_tree->header()->setSectionResizeMode(QHeaderView::Stretch);
     m_tree->setAccessibleName(tr("What is not drawn, by layer"));
+    writeInNamedColors(m_tree);
     setContent(m_tree);
     hide();
 }
@@ -44,14 +45,13 @@ MissingPanel::MissingPanel(QWidget* parent)
 void MissingPanel::setMissing(const std::vector<MissingFeature>& missing)
 {
     m_tree->clear();
-    const QColor featureColor = ui::colorQt(QStringLiteral("Accent4"));
     QList<QTreeWidgetItem*> rows;
     for (const MissingOfLayer& entry : byLayer(missing)) {
         const QString features = entry.features.join(tr(", "));
         auto* row = new QTreeWidgetItem({entry.layer, features});
         row->setToolTip(0, entry.layer);
         row->setToolTip(1, features);
-        row->setForeground(1, featureColor);
+        row->setData(1, kColorNameRole, QStringLiteral("Accent4"));
         rows.append(row);
     }
     m_tree->addTopLevelItems(rows);

@@ -20,7 +20,7 @@ struct MissingOfLayer
     bool operator==(const MissingOfLayer&) const = default;
 };
 
-/// Gathers features by layer, both in order of first appearance.
+/// Gathers features by layer, twins of one name apart, both in order of first appearance.
 std::vector<MissingOfLayer> byLayer(const std::vector<MissingFeature>& missing);
 
 /// What the document asks for and the viewport does not draw. Hidden while there is nothing.

@@ -3,8 +3,11 @@
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/palettes.h>
 
+#include <QAbstractItemView>
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 namespace studio {
@@ -15,7 +18,28 @@ constexpr int kTitleHeight = 30;
 constexpr int kTitleIndent = 12;
 constexpr int kContentIndent = 8; ///< rows pad themselves by the rest
 
+class NamedColorDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QString name = index.data(kColorNameRole).toString();
+        if (!name.isEmpty()) {
+            option->palette.setColor(QPalette::Text, ui::colorQt(name));
+        }
+    }
+};
+
 } // namespace
+
+void writeInNamedColors(QAbstractItemView* view)
+{
+    view->setItemDelegate(new NamedColorDelegate(view));
+}
 
 Panel::Panel(const QString& title, QWidget* parent)
     : Widget(parent)
@@ -26,7 +50,7 @@ Panel::Panel(const QString& title, QWidget* parent)
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);
     m_title->setFont(bold);
-    ui::setWidgetForeground(m_remark, ui::colorQt(QStringLiteral("HelperHints")));
+    colorRemark();
 
     auto* heading = new QHBoxLayout;
     heading->setContentsMargins(kTitleIndent, 0, kTitleIndent, 0);
@@ -51,6 +75,19 @@ void Panel::setContent(QWidget* content)
 void Panel::setRemark(const QString& text)
 {
     m_remark->setText(text);
+}
+
+void Panel::changeEvent(QEvent* event)
+{
+    Widget::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) { // as of every applyAppStyle()
+        colorRemark();
+    }
+}
+
+void Panel::colorRemark()
+{
+    ui::setWidgetForeground(m_remark, ui::colorQt(QStringLiteral("HelperHints")));
 }
 
 void Panel::paintEvent(QPaintEvent*)

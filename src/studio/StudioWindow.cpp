@@ -25,6 +25,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -69,6 +70,13 @@ QString titleOf(const Document& document, const QString& path)
     return StudioWindow::tr("%1 (%2)").arg(name, sizeText(document.width, document.height));
 }
 
+/// Whoever offers to move a file must not delete it after we have read it.
+void acceptCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 QString droppedFile(const QMimeData& data)
@@ -106,12 +114,24 @@ StudioWindow::StudioWindow(QWidget* parent)
     const QList<QAction*> view = buildViewMenu();
     m_transport = new TransportBar(*m_player, playback, view);
     m_pages->addWidget(buildEditor());
-    setCentralWidget(m_pages);
+    auto* center = new QWidget;
+    auto* layout = new QVBoxLayout(center);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_notice);
+    layout->addWidget(m_pages, 1);
+    setCentralWidget(center);
     m_viewport->setFocus();
 
     connect(m_player, &Player::frameChanged, m_viewport, &Viewport::setFrame);
     connect(m_player, &Player::playingChanged, this, &StudioWindow::showPlaying);
     connect(m_viewport, &Viewport::scaleChanged, m_transport, &TransportBar::setZoom);
+    connect(
+        m_viewport,
+        &Viewport::leftUnfinished,
+        this,
+        &StudioWindow::listUnfinished,
+        Qt::QueuedConnection);
 }
 
 StudioWindow::~StudioWindow() = default;
@@ -121,10 +141,7 @@ bool StudioWindow::openFile(const QString& path)
     const ui::OverrideCursor busy(Qt::WaitCursor);
     ReadResult result = readFile(path);
     if (!result) {
-        // What is wrong inside a file is told without its name.
-        const QString name = QFileInfo(path).fileName();
-        const bool named = result.error.contains(name);
-        fail(named ? result.error : tr("“%1”: %2").arg(name, result.error));
+        fail(result.error);
         return false;
     }
     auto document = std::make_shared<const Document>(*std::move(result.document));
@@ -138,7 +155,8 @@ void StudioWindow::setDocument(std::shared_ptr<const Document> document, const Q
     m_document = std::move(document);
     m_notice->dismiss();
     m_layers->setDocument(*m_document);
-    m_missing->setMissing(m_document->missing);
+    m_notDrawn = m_document->missing;
+    m_missing->setMissing(m_notDrawn);
     m_player->setTrack(
         frameRange(m_document->inPoint, m_document->outPoint), m_document->frameRate);
     m_viewport->setFrame(m_player->frame());
@@ -155,6 +173,9 @@ void StudioWindow::setGalleryShown(bool shown)
     }
     m_pages->setCurrentIndex(shown ? m_pages->indexOf(m_gallery) : 0);
     m_galleryAction->setChecked(shown);
+    for (QAction* action : std::as_const(m_editorActions)) {
+        action->setEnabled(!shown);
+    }
     if (shown) {
         m_player->pause();
     }
@@ -164,16 +185,16 @@ void StudioWindow::dragEnterEvent(QDragEnterEvent* event)
 {
     // Files that cannot be opened are let in too: the drop then says why.
     if (event->mimeData()->hasUrls()) {
-        event->acceptProposedAction();
+        acceptCopy(*event);
     }
 }
 
 void StudioWindow::dropEvent(QDropEvent* event)
 {
-    event->acceptProposedAction();
+    acceptCopy(*event);
     const QString path = droppedFile(*event->mimeData());
     if (path.isEmpty()) {
-        fail(tr("Drop one Lottie file, with the ending .json, from this computer."));
+        fail(tr("Drop one Lottie file, with the extension .json, from this computer."));
         return;
     }
     openFile(path);
@@ -199,7 +220,6 @@ QWidget* StudioWindow::buildEditor()
     auto* layout = new QVBoxLayout(editor);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_notice);
     layout->addWidget(middle, 1);
     layout->addWidget(m_transport);
     return editor;
@@ -241,6 +261,7 @@ QList<QAction*> StudioWindow::buildPlaybackMenu()
              [&player] { player.seek(player.range().last); }},
         });
     m_playAction = actions.at(2);
+    m_editorActions += actions;
     return actions;
 }
 
@@ -264,6 +285,7 @@ QList<QAction*> StudioWindow::buildViewMenu()
             {tr("&Actual Size"), {}, {Qt::Key_1}, [&view] { view.showActualSize(); }},
         });
     addBackdropMenu(*menu.addMenu(tr("&Backdrop")));
+    m_editorActions += menu.actions();
     menu.addSeparator();
     const QList<QAction*> others = addCommands(
         menu,
@@ -317,9 +339,16 @@ void StudioWindow::chooseFile()
 
 void StudioWindow::fail(const QString& sentence)
 {
-    setGalleryShown(false);
     m_notice->showSentence(sentence);
     Q_EMIT failed(sentence);
+}
+
+void StudioWindow::listUnfinished(const MissingFeature& layer)
+{
+    if (std::find(m_notDrawn.begin(), m_notDrawn.end(), layer) == m_notDrawn.end()) {
+        m_notDrawn.push_back(layer);
+        m_missing->setMissing(m_notDrawn);
+    }
 }
 
 } // namespace studio

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <vector>
 
 class QAction;
 class QMimeData;
@@ -17,6 +18,7 @@ class Player;
 class TransportBar;
 class Viewport;
 struct Document;
+struct MissingFeature;
 
 /// The file that a drop brings: the one local .json file; empty for anything else.
 QString droppedFile(const QMimeData& data);
@@ -46,6 +48,9 @@ public:
 
     void setGalleryShown(bool shown);
 
+    /// Shows one sentence about what went wrong, and emits failed().
+    void fail(const QString& sentence);
+
 Q_SIGNALS:
     /// One sentence for the user, already shown in the window.
     void failed(const QString& sentence);
@@ -62,7 +67,7 @@ private:
     void addBackdropMenu(QMenu& menu);
     void showPlaying(bool playing);
     void chooseFile();
-    void fail(const QString& sentence);
+    void listUnfinished(const MissingFeature& layer);
 
     std::shared_ptr<const Document> m_document;
     Player* m_player;
@@ -72,7 +77,9 @@ private:
     NoticeBar* m_notice;
     TransportBar* m_transport = nullptr;
     QStackedWidget* m_pages;
-    QWidget* m_gallery = nullptr; ///< made when first asked for
+    QWidget* m_gallery = nullptr;           ///< made when first asked for
+    std::vector<MissingFeature> m_notDrawn; ///< as read, and found while drawing
+    QList<QAction*> m_editorActions;        ///< for what the gallery hides
     QAction* m_playAction = nullptr;
     QAction* m_galleryAction = nullptr;
 };

@@ -70,8 +70,7 @@ Viewport::~Viewport() = default;
 void Viewport::setDocument(std::shared_ptr<const Document> document)
 {
     m_document = std::move(document);
-    m_panFrom.reset();
-    setCursor(m_document ? Qt::OpenHandCursor : Qt::ArrowCursor);
+    endPan();
     fit();
     update();
 }
@@ -137,9 +136,12 @@ void Viewport::paintSkia(SkCanvas* canvas, const SkPaint& paint)
     canvas->save();
     canvas->translate(toSkia(area).x(), toSkia(area).y());
     canvas->scale(static_cast<float>(mapping.scale), static_cast<float>(mapping.scale));
-    draw(*canvas, *m_document, m_frame);
+    const DrawResult drawn = draw(*canvas, *m_document, m_frame);
     canvas->restore();
     paintBorder(*canvas, paint, area);
+    if (const Layer* layer = drawn.unfinished) {
+        Q_EMIT leftUnfinished({layer->name, tr("too complex"), layer->span.begin});
+    }
 }
 
 void Viewport::paintBackdrop(SkCanvas& canvas, const SkPaint& paint, const QRectF& area) const
@@ -178,8 +180,11 @@ void Viewport::resizeEvent(QResizeEvent* event)
 
 void Viewport::wheelEvent(QWheelEvent* event)
 {
-    zoomAt(event->position(), std::pow(kZoomPerWheelStep, event->angleDelta().y() / kWheelStep));
-    event->accept();
+    const int turned = event->angleDelta().y();
+    event->setAccepted(turned != 0); // sideways is not for us
+    if (turned != 0) {
+        zoomAt(event->position(), std::pow(kZoomPerWheelStep, turned / kWheelStep));
+    }
 }
 
 void Viewport::mousePressEvent(QMouseEvent* event)
@@ -189,28 +194,50 @@ void Viewport::mousePressEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
+    if (m_panButton != Qt::NoButton) {
+        return;
+    }
+    m_panButton = event->button();
     m_panFrom = event->position();
     setCursor(Qt::ClosedHandCursor);
 }
 
 void Viewport::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!m_panFrom) {
+    if (!(event->buttons() & m_panButton)) {
+        endPan(); // its release went elsewhere
         return;
     }
     m_fitted = false;
     ViewMapping mapping = m_mapping;
-    mapping.origin += event->position() - *m_panFrom;
+    mapping.origin += event->position() - m_panFrom;
     m_panFrom = event->position();
     setMapping(mapping);
 }
 
 void Viewport::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (m_panFrom && event->buttons() == Qt::NoButton) {
-        m_panFrom.reset();
-        setCursor(Qt::OpenHandCursor);
+    if (event->button() == m_panButton) {
+        endPan();
     }
+}
+
+void Viewport::hideEvent(QHideEvent* event)
+{
+    endPan();
+    SkiaQWidgetAdapter::hideEvent(event);
+}
+
+void Viewport::focusOutEvent(QFocusEvent* event)
+{
+    endPan();
+    SkiaQWidgetAdapter::focusOutEvent(event);
+}
+
+void Viewport::endPan()
+{
+    m_panButton = Qt::NoButton;
+    setCursor(m_document ? Qt::OpenHandCursor : Qt::ArrowCursor);
 }
 
 QSizeF Viewport::compositionSize() const

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "lottie/Document.h"
 #include "viewmapping.h"
 #include <MorrantUI/theme/SkiaQWidgetAdapter.h>
 
 #include <memory>
-#include <optional>
 
 namespace studio {
-
-struct Document;
 
 /// What lies behind a composition, which itself is transparent.
 enum class Backdrop
@@ -44,6 +42,8 @@ public:
 
 Q_SIGNALS:
     void scaleChanged(double scale);
+    /// A layer of the document cost too much to draw it whole. From within painting.
+    void leftUnfinished(const studio::MissingFeature& layer);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -53,8 +53,11 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void endPan();
     QSizeF compositionSize() const;
     void setMapping(const ViewMapping& mapping);
     void zoomAt(QPointF anchor, double factor);
@@ -66,7 +69,8 @@ private:
     Backdrop m_backdrop = Backdrop::Chequer;
     ViewMapping m_mapping;
     bool m_fitted = true;
-    std::optional<QPointF> m_panFrom; ///< the pointer's last place, while panning
+    Qt::MouseButton m_panButton = Qt::NoButton; ///< held down to pan
+    QPointF m_panFrom;                          ///< the pointer's last place, while panning
 };
 
 } // namespace studio

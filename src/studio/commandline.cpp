@@ -31,8 +31,10 @@ CommandLine parseCommandLine(const QStringList& arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(tr("Opens and plays Lottie animations."));
     parser.addPositionalArgument(tr("FILE"), tr("A Lottie file (.json)."), tr("[FILE]"));
-    parser.addOptions({pictures, gallery, quit});
-    const QCommandLineOption help = parser.addHelpOption();
+    // Qt's own help option brings a second one along, for options that the studio does not have.
+    const QCommandLineOption help(
+        {QStringLiteral("h"), QStringLiteral("help")}, tr("Show this help."));
+    parser.addOptions({pictures, gallery, quit, help});
     const QCommandLineOption version = parser.addVersionOption();
 
     CommandLine result;

@@ -1,3 +1,4 @@
+#include "Player.h"
 #include "StudioWindow.h"
 #include "assetsfolder.h"
 #include "commandline.h"
@@ -8,13 +9,17 @@
 #include <QApplication>
 #include <QEvent>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
 
-void complain(const QString& sentence)
+/// On one line, whatever a file is called.
+void complain(QString sentence)
 {
+    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    std::replace_if(sentence.begin(), sentence.end(), isControl, QChar(u'?'));
     std::fprintf(stderr, "studio: %s\n", qUtf8Printable(sentence));
 }
 
@@ -39,18 +44,17 @@ int run(const studio::CommandLine& wanted)
     const bool opened = window.openFile(file);
 
     if (!wanted.picturesFolder.isEmpty()) {
-        const QString error =
-            opened ? studio::writePictures(window, wanted.picturesFolder) : QString();
-        if (!error.isEmpty()) {
-            complain(error);
-        }
-        return opened && error.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
+        const bool written = opened && studio::writePictures(window, wanted.picturesFolder);
+        return written ? EXIT_SUCCESS : EXIT_FAILURE;
     }
     if (wanted.quitAfterFirstFrame) {
         quitAfterFirstFrame(window);
     }
     window.setGalleryShown(wanted.gallery);
     window.show();
+    if (!wanted.gallery && !wanted.quitAfterFirstFrame) {
+        window.player().play();
+    }
     return QApplication::exec();
 }
 
@@ -81,6 +85,13 @@ int main(int argc, char** argv)
         complain(QApplication::translate(
             "main", "The assets were not found; set MORRANT_ASSETS to their folder."));
         return EXIT_FAILURE;
+    }
+    const QString wantedAssets = qEnvironmentVariable("MORRANT_ASSETS");
+    if (!wantedAssets.isEmpty() && studio::findAssets({wantedAssets}).isEmpty()) {
+        complain(QApplication::translate(
+                     "main", "MORRANT_ASSETS is “%1”, which holds no theme; using “%2”.")
+                     .arg(wantedAssets, assets));
+        qunsetenv("MORRANT_ASSETS"); // said once: processes that we start find the same folder
     }
     VisualDesignDark theme(assets);
     theme.applyAppStyle();

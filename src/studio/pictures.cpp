@@ -16,6 +16,9 @@ namespace studio {
 
 namespace {
 
+/// Tells a process that it is one of those that render, each at its own device ratio.
+constexpr char kRatio[] = "MORRANT_PICTURES_RATIO";
+
 constexpr int kFrames = 5; ///< pictures of the animation, from the first frame to the last
 
 QString tr(const char* text)
@@ -73,7 +76,7 @@ void writeFrames(PictureFolder& pictures, StudioWindow& window)
 void writeNotice(PictureFolder& pictures, StudioWindow& window)
 {
     const QSignalBlocker blocker(window);
-    window.openFile(QStringLiteral("no-such-file.json"));
+    window.fail(tr("“no-such-file.json” cannot be opened: No such file or directory."));
     pictures.write(QStringLiteral("notice"), window);
 }
 
@@ -93,24 +96,7 @@ void writeGallery(PictureFolder& pictures)
     pictures.write(QStringLiteral("gallery"), page);
 }
 
-/// The device pixel ratio belongs to a process, so a second one renders the rest.
-QString writeAtTwiceThePixels()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.setProcessChannelMode(QProcess::ForwardedChannels);
-    std::fflush(stdout);
-    process.start(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
-    const bool done = process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit
-                      && process.exitCode() == EXIT_SUCCESS;
-    return done ? QString() : tr("The pictures at twice the pixels could not be rendered.");
-}
-
-} // namespace
-
-QString writePictures(StudioWindow& window, const QString& folder)
+QString writeAll(StudioWindow& window, const QString& folder)
 {
     PictureFolder pictures(folder);
     window.show();
@@ -118,8 +104,47 @@ QString writePictures(StudioWindow& window, const QString& folder)
     writeNotice(pictures, window);
     writeEmpty(pictures, window.size());
     writeGallery(pictures);
-    const bool isLast = window.devicePixelRatioF() > 1.0;
-    return isLast || !pictures.error().isEmpty() ? pictures.error() : writeAtTwiceThePixels();
+    return pictures.error();
+}
+
+/// @return whether the process has ended by itself: it has then said what went wrong
+bool runAtRatio(const QString& ratio, int& exitCode)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("QT_SCREEN_SCALE_FACTORS"));
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), ratio);
+    environment.insert(QLatin1String(kRatio), ratio);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
+    const bool ended = process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit;
+    exitCode = process.exitCode();
+    return ended;
+}
+
+} // namespace
+
+bool writePictures(StudioWindow& window, const QString& folder)
+{
+    if (qEnvironmentVariableIsSet(kRatio)) {
+        const QString error = writeAll(window, folder);
+        if (!error.isEmpty()) {
+            window.fail(error);
+        }
+        return error.isEmpty();
+    }
+    for (const QString& ratio : {QStringLiteral("1"), QStringLiteral("2")}) {
+        int exitCode = EXIT_FAILURE;
+        if (!runAtRatio(ratio, exitCode)) {
+            window.fail(tr("The pictures at device ratio %1 could not be rendered.").arg(ratio));
+            return false;
+        }
+        if (exitCode != EXIT_SUCCESS) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace studio

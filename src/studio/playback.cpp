@@ -22,7 +22,8 @@ FrameRange frameRange(double in, double out)
 qint64 framesPassed(double seconds, double rate)
 {
     const double frames = std::floor(seconds * rate + kRounding);
-    return frames > 0 ? static_cast<qint64>(std::min(frames, kMostFrames)) : 0;
+    return frames > 0 && std::isfinite(frames) ? static_cast<qint64>(std::min(frames, kMostFrames))
+                                               : 0;
 }
 
 int frameAt(double seconds, double rate, FrameRange range, int startFrame)

@@ -15,7 +15,8 @@ struct FrameRange
     bool operator==(const FrameRange&) const = default;
 };
 
-/// The whole frames within [in, out); the one at or after `in` when there is none.
+/// The whole frames within [in, out). A document that is over before its first whole frame plays
+/// that one, which is then empty.
 FrameRange frameRange(double in, double out);
 
 /// Whole frames that have passed after so many seconds. A millionth of a frame counts as rounding.

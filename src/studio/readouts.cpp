@@ -27,10 +27,10 @@ QString twoDigits(const QLocale& locale, qint64 value)
 
 } // namespace
 
-QString frameText(int frame, int count, const QLocale& locale)
+QString frameText(int frame, int last, const QLocale& locale)
 {
     const QLocale plain = ungrouped(locale);
-    return tr("%1 / %2").arg(plain.toString(frame), plain.toString(count));
+    return tr("%1 / %2").arg(plain.toString(frame), plain.toString(last));
 }
 
 QString timeText(int frame, double rate, const QLocale& locale)

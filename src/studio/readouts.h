@@ -7,7 +7,7 @@ namespace studio {
 
 /// Numbers as the user reads them, in the user's own format.
 
-QString frameText(int frame, int count, const QLocale& locale = {});  ///< "12 / 90"
+QString frameText(int frame, int last, const QLocale& locale = {});   ///< "12 / 90"
 QString timeText(int frame, double rate, const QLocale& locale = {}); ///< "1:02.50"
 QString rateText(double rate, const QLocale& locale = {});            ///< "29.97 fps"
 QString zoomText(double scale, const QLocale& locale = {});           ///< "150 %"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QWidget>
 
 #include <memory>
@@ -23,6 +24,10 @@ public:
     bool hasDarkTitleBar(const QWidget& window) const;
     bool isAlwaysOnTop(const QWidget& window);
     bool isOwnedBy(const QWidget& window, const QWidget& owner) const;
+
+    /// The windows among these that are on screen, the topmost first; none where there is nobody to
+    /// stack them.
+    QList<const QWidget*> stacked(const QList<const QWidget*>& windows) const;
 
 private:
     class Connection;

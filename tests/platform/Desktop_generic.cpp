@@ -140,4 +140,9 @@ bool Desktop::isOwnedBy(const QWidget& window, const QWidget& owner) const
                   == std::vector{Connection::idOf(owner)};
 }
 
+QList<const QWidget*> Desktop::stacked(const QList<const QWidget*>& /*windows*/) const
+{
+    return {}; // requests for another place are the window manager's, and this one grants none
+}
+
 } // namespace ui::test

@@ -42,4 +42,20 @@ bool Desktop::isOwnedBy(const QWidget& window, const QWidget& owner) const
     return isReal() && GetWindow(handleOf(window), GW_OWNER) == handleOf(owner);
 }
 
+QList<const QWidget*> Desktop::stacked(const QList<const QWidget*>& windows) const
+{
+    QList<const QWidget*> found;
+    if (!isReal()) {
+        return found;
+    }
+    for (HWND next = GetTopWindow(nullptr); next; next = GetWindow(next, GW_HWNDNEXT)) {
+        for (const QWidget* window : windows) {
+            if (handleOf(*window) == next) {
+                found.append(window);
+            }
+        }
+    }
+    return found;
+}
+
 } // namespace ui::test

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void aTitleBarTurnsDarkWhenItsWindowFirstShows();
     void aDarkTitleBarOutlivesItsNativeWindow();
     void aFloatingWindowLiesAboveAllAndBelongsToItsParent();
+    void aWindowThatNoLongerFloatsLiesJustAboveItsParent();
     void aWindowFloatsAgainAfterItWasDocked();
     void aFloatingWindowDoesNotCoverAModalDialog();
     void activationBringsAMinimisedWindowBack();
@@ -30,10 +31,11 @@ private:
     ui::test::Desktop m_desktop;
 };
 
-/// A main window on screen and a panel that belongs to it.
+/// A main window on screen, a window of somebody else's above it, and a panel that belongs to it.
 struct MainWindowWithPanel
 {
     QWidget main;
+    QWidget other;
     QWidget panel{&main, Qt::Window};
 
     MainWindowWithPanel()
@@ -41,6 +43,7 @@ struct MainWindowWithPanel
         main.resize(300, 200);
         panel.resize(100, 100);
         main.show();
+        other.show(); // also because Wine never lets go of a window that has none above its owner
     }
 };
 
@@ -113,6 +116,20 @@ void NativeWindowsTest::aFloatingWindowLiesAboveAllAndBelongsToItsParent()
     QCOMPARE(m_desktop.isAlwaysOnTop(windows.panel), m_desktop.isReal());
     QVERIFY(!m_desktop.isAlwaysOnTop(windows.main));
     QCOMPARE(windows.panel.windowFlags(), flags);
+}
+
+void NativeWindowsTest::aWindowThatNoLongerFloatsLiesJustAboveItsParent()
+{
+    MainWindowWithPanel windows;
+    native::setFloating(&windows.panel, true);
+    windows.panel.show();
+    const QList<const QWidget*> floating{&windows.panel, &windows.other, &windows.main};
+    const QList<const QWidget*> ordinary{&windows.other, &windows.panel, &windows.main};
+    const bool seen = !m_desktop.stacked(floating).isEmpty();
+    QCOMPARE(m_desktop.stacked(ordinary), seen ? floating : QList<const QWidget*>());
+
+    native::setFloating(&windows.panel, false);
+    QCOMPARE(m_desktop.stacked(floating), seen ? ordinary : QList<const QWidget*>());
 }
 
 void NativeWindowsTest::aWindowFloatsAgainAfterItWasDocked()

@@ -5,12 +5,16 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <optional>
+
 /// Hosts in processes of their own.
 class ProbeTest : public ui::test::TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() override;
+
     void aClickStartsTheProgramThatRegistered();
     void anOlderWindowsIsLeftAlone();
     void aHostMayRegisterBeforeItsApplication_data();
@@ -21,18 +25,24 @@ private:
     QStringList run(const QString& program, const QStringList& arguments) const;
 
     QTemporaryDir m_folder;
-    ui::test::RegistryKey m_key{HKEY_CURRENT_USER, classKey()};
-
-    static QString classKey()
-    {
-        return QStringLiteral("Software\\Classes\\CLSID\\")
-               + QString::fromWCharArray(morrant::native::kActivatorClassId);
-    }
+    std::optional<ui::test::RegistryKey> m_key;
 };
+
+static QString classKey()
+{
+    return QStringLiteral("Software\\Classes\\CLSID\\")
+           + QString::fromWCharArray(morrant::native::kActivatorClassId);
+}
 
 static QString probePath()
 {
     return QCoreApplication::applicationDirPath() + QStringLiteral("/toastprobe.exe");
+}
+
+void ProbeTest::init()
+{
+    TestCase::init();
+    m_key.emplace(HKEY_CURRENT_USER, classKey());
 }
 
 QString ProbeTest::copyProbe(const QString& name)
@@ -49,7 +59,6 @@ QStringList ProbeTest::run(const QString& program, const QStringList& arguments)
     const QString libraries = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
     environment.insert(
         QStringLiteral("PATH"), libraries + u';' + environment.value(QStringLiteral("PATH")));
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QCoreApplication::applicationDirPath());
     environment.insert(
         QStringLiteral("MORRANT_PROBE_FILE"), m_folder.filePath(QStringLiteral("started.txt")));
     process.setProcessEnvironment(environment);
@@ -68,13 +77,14 @@ void ProbeTest::aClickStartsTheProgramThatRegistered()
     QCOMPARE(run(program, {QStringLiteral("register")}), QStringList());
 
     const QString server = QStringLiteral("LocalServer32");
-    const QString command = m_key.value(QString(), server);
+    const QString command = m_key->value(QString(), server);
     QCOMPARE(
         command, u'"' + QDir::toNativeSeparators(program) + QStringLiteral("\" -ToastActivated"));
 
     // COM looks for a user's own classes only where this system merges them into all classes.
-    ui::test::RegistryKey everybody(HKEY_LOCAL_MACHINE, classKey() + u'\\' + server);
-    QVERIFY(everybody.setValue(QString(), command));
+    const ui::test::RegistryKey everybody(HKEY_LOCAL_MACHINE, classKey());
+    ui::test::RegistryKey launch(HKEY_LOCAL_MACHINE, classKey() + u'\\' + server);
+    QVERIFY(launch.setValue(QString(), command));
     QCOMPARE(
         run(probePath(), {QStringLiteral("click")}), QStringList{QStringLiteral("created yes")});
 
@@ -96,7 +106,7 @@ void ProbeTest::anOlderWindowsIsLeftAlone()
         run(program, {QStringLiteral("register")}),
         QStringList{QStringLiteral("warning: Notifications are only supported on Windows 10.")});
     QCOMPARE(run(program, {QStringLiteral("send")}), QStringList());
-    QVERIFY(!m_key.exists());
+    QVERIFY(!m_key->exists());
 }
 
 void ProbeTest::aHostMayRegisterBeforeItsApplication_data()
@@ -123,6 +133,7 @@ void ProbeTest::aHostMayRegisterBeforeItsApplication()
             QStringLiteral("end none")}));
 }
 
-const ui::test::Registration<ProbeTest> kRegistration;
+// Before this process offers an activator itself: COM would take a click to it.
+const ui::test::Registration<ProbeTest> kRegistration(ui::test::RunOrder::First);
 
 #include "tst_probe_windows.moc"

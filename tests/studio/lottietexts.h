@@ -3,34 +3,27 @@
 #include "lottie/reader.h"
 
 #include <QImage>
-#include <QString>
 
 namespace studio::test {
 
-/// A document of 100 by 100 pixels, ten frames a second and 100 frames around a list of layers.
-/// @param extra further members, each with its comma, for example `"nm":"A",`
-std::string documentText(const QByteArray& layers, const QByteArray& extra = {});
-
-/// A shape layer over all frames.
-/// @param transform members of its transform
-QByteArray shapeLayer(const QByteArray& shapes, const QByteArray& transform = {});
-
-/// A layer of any kind, from its members.
+/// A layer of any kind over all frames, from its members.
 QByteArray layer(const QByteArray& members);
 
-/// A group without a transform of its own: a rectangle by centre and size, filled.
-QByteArray filledRect(const QByteArray& center, const QByteArray& size, const QByteArray& color);
+/// The same of shapes, with the members of its transform.
+QByteArray shapeLayer(const QByteArray& shapes, const QByteArray& transform = {});
 
-/// Reads a text that must be readable; a failure shows as a document without layers.
-Document readText(const std::string& text);
+/// A document of 100 by 100 pixels, ten frames a second and 100 frames around a list of layers.
+/// @param extra further members, each with its comma, for example `"nm":"A",`
+QByteArray documentText(const QByteArray& layers, const QByteArray& extra = {});
 
-/// The only property of a document whose layer turns by it: `k` is written as its "k".
-NumberProperty rotation(const QByteArray& k);
+/// Reads a document that must be readable; a failure shows as one without layers.
+Document documentOf(const QByteArray& layers, const QByteArray& extra = {});
 
-/// Draws a frame over what is there, and checks that the canvas is given back as it was.
-void drawInto(QImage& image, const Document& document, double frame);
+/// The only layer of a document; one without a name when it cannot be read.
+Layer onlyLayer(const QByteArray& members);
 
-/// A frame over white.
+/// Draws a frame over white, with ten pixels more to the right, and checks that the canvas is given
+/// back as it was.
 QImage frameOf(const Document& document, double frame);
 
 } // namespace studio::test

@@ -12,7 +12,7 @@ void setDarkTitleBar(QWindow& window);
 void setOwner(QWindow& window, QWindow& owner);
 
 /// Moves a window between the ordinary windows and those that lie above all of them, without
-/// activating it. A window that comes down lies no higher than the window the user works in.
+/// activating it. A window that comes down lies just above its owner, where the system lets us say.
 void setAlwaysOnTop(QWindow& window, bool on);
 
 } // namespace morrant::native::system

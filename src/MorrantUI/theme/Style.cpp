@@ -3,6 +3,8 @@
 #include <MorrantUI/theme/style/metrics.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>
+#include <MorrantUI/theme/style/sharpicons.h>
+#include <MorrantUI/theme/style/standardicons.h>
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
@@ -13,11 +15,14 @@
 #include <QPainter>
 #include <QSlider>
 #include <QSplitterHandle>
+#include <QStyleOption>
 #include <QTabBar>
 
 #include <algorithm>
 
 namespace {
+
+constexpr int kStandardPixmap = 32; ///< largest side of a standard picture, logical pixels
 
 /// Controls that look different under the pointer.
 bool reactsToHover(const QWidget* widget)
@@ -28,16 +33,58 @@ bool reactsToHover(const QWidget* widget)
            || qobject_cast<const QTabBar*>(widget) || qobject_cast<const QSplitterHandle*>(widget);
 }
 
+/// Dynamic properties of polished widgets: what polish() has added and unpolish() takes back. A
+/// panel keeps its notes, empty, since its window stays one that can be translucent.
+constexpr const char* kAddedHover = "_morrantAddedHover";
+constexpr const char* kAddedFlags = "_morrantAddedFlags";
+constexpr const char* kAddedTranslucency = "_morrantAddedTranslucency";
+
+void addHover(QWidget* widget)
+{
+    if (!widget->testAttribute(Qt::WA_Hover)) {
+        widget->setAttribute(Qt::WA_Hover);
+        widget->setProperty(kAddedHover, true);
+    }
+}
+
+void removeHover(QWidget* widget)
+{
+    if (widget->property(kAddedHover).toBool()) {
+        widget->setAttribute(Qt::WA_Hover, false);
+        widget->setProperty(kAddedHover, QVariant());
+    }
+}
+
 /// Corners can only be round in a window without a ground and a frame of its own, which a window
-/// that exists already cannot become.
+/// that exists already cannot become unless it was one before.
 void makeTranslucent(QWidget* panel)
 {
-    if (!panel->isWindow() || panel->testAttribute(Qt::WA_WState_Created)) {
+    const bool exists = panel->testAttribute(Qt::WA_WState_Created);
+    const bool couldBe = !exists || panel->property(kAddedFlags).isValid();
+    if (!panel->isWindow() || !couldBe) {
         return;
     }
-    panel->overrideWindowFlags(
-        panel->windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    const Qt::WindowFlags flags = panel->windowFlags();
+    const Qt::WindowFlags added = (Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint) & ~flags;
+    panel->setProperty(kAddedFlags, added.toInt());
+    panel->setProperty(kAddedTranslucency, !panel->testAttribute(Qt::WA_TranslucentBackground));
+    panel->overrideWindowFlags(flags | added);
     panel->setAttribute(Qt::WA_TranslucentBackground);
+}
+
+void makeOpaque(QWidget* panel)
+{
+    const QVariant added = panel->property(kAddedFlags);
+    if (!added.isValid()) {
+        return;
+    }
+    panel->overrideWindowFlags(panel->windowFlags() & ~Qt::WindowFlags::fromInt(added.toInt()));
+    if (panel->property(kAddedTranslucency).toBool()) {
+        panel->setAttribute(Qt::WA_TranslucentBackground, false);
+        panel->setAttribute(Qt::WA_NoSystemBackground, false); // Qt turns it on with the other
+    }
+    panel->setProperty(kAddedFlags, 0);
+    panel->setProperty(kAddedTranslucency, false);
 }
 
 } // namespace
@@ -71,11 +118,18 @@ void Style::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
     if (reactsToHover(widget)) {
-        widget->setAttribute(Qt::WA_Hover);
+        addHover(widget);
     }
     if (qobject_cast<QMenu*>(widget) || widget->inherits("QTipLabel")) {
         makeTranslucent(widget);
     }
+}
+
+void Style::unpolish(QWidget* widget)
+{
+    removeHover(widget);
+    makeOpaque(widget);
+    QProxyStyle::unpolish(widget);
 }
 
 void Style::drawPrimitive(
@@ -134,6 +188,19 @@ void Style::drawItemText(
     painter->setOpacity(painter->opacity() * ui::style::kDisabledOpacity);
     // As enabled text: the base style would emboss disabled text in the Light role.
     QProxyStyle::drawItemText(painter, rect, flags, palette, true, text, textRole);
+}
+
+void Style::drawItemPixmap(
+    QPainter* painter, const QRect& rect, int alignment, const QPixmap& pixmap) const
+{
+    const QSize size = pixmap.deviceIndependentSize().toSize();
+    const QRect place = alignedRect(
+        QGuiApplication::layoutDirection(), Qt::Alignment::fromInt(alignment), size, rect);
+    if (pixmap.isNull() || !rect.contains(place)) {
+        QProxyStyle::drawItemPixmap(painter, rect, alignment, pixmap);
+        return;
+    }
+    ui::style::drawSharp(*painter, place, pixmap);
 }
 
 QPixmap Style::generatedIconPixmap(
@@ -211,6 +278,26 @@ int Style::styleHint(
     case SH_DitherDisabledText: return 0;
     case SH_ToolTipLabel_Opacity: return 255;
     case SH_TitleBar_NoBorder: return 1;
+    case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
     default: return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
+}
+
+QIcon Style::standardIcon(
+    StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const
+{
+    const Qt::LayoutDirection direction =
+        option ? option->direction : QGuiApplication::layoutDirection();
+    const QIcon icon = ui::style::standardIcon(picture, direction);
+    return icon.isNull() ? QProxyStyle::standardIcon(picture, option, widget) : icon;
+}
+
+QPixmap Style::standardPixmap(
+    StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const
+{
+    const Qt::LayoutDirection direction =
+        option ? option->direction : QGuiApplication::layoutDirection();
+    const QIcon icon = ui::style::standardIcon(picture, direction);
+    return icon.isNull() ? QProxyStyle::standardPixmap(picture, option, widget)
+                         : icon.pixmap(kStandardPixmap, kStandardPixmap);
 }

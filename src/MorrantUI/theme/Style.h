@@ -37,6 +37,9 @@ public:
     void polish(QApplication* application) override;
     /// Lets menus and tool tips have round corners and controls know that they are hovered.
     void polish(QWidget* widget) override;
+    /// Takes back what polish() did to the widget.
+    void unpolish(QWidget* widget) override;
+    using QProxyStyle::unpolish;
 
     void drawPrimitive(
         PrimitiveElement element,
@@ -61,6 +64,9 @@ public:
         bool enabled,
         const QString& text,
         QPalette::ColorRole textRole = QPalette::NoRole) const override;
+    /// Icons keep to whole device pixels.
+    void drawItemPixmap(
+        QPainter* painter, const QRect& rect, int alignment, const QPixmap& pixmap) const override;
     QPixmap generatedIconPixmap(
         QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override;
 
@@ -87,6 +93,15 @@ public:
         const QStyleOption* option = nullptr,
         const QWidget* widget = nullptr,
         QStyleHintReturn* returnData = nullptr) const override;
+    /// The pictures of Qt's own dialogs, from the theme's icons where it has them.
+    QIcon standardIcon(
+        StandardPixmap picture,
+        const QStyleOption* option = nullptr,
+        const QWidget* widget = nullptr) const override;
+    QPixmap standardPixmap(
+        StandardPixmap picture,
+        const QStyleOption* option,
+        const QWidget* widget = nullptr) const override;
 
 private:
     QPalette m_palette;

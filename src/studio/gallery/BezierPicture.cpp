@@ -1,5 +1,6 @@
 #include "gallery/BezierPicture.h"
 
+#include "gallery/recoloring.h"
 #include <MorrantUI/theme/colors.h>
 
 #include <include/core/SkCanvas.h>
@@ -59,13 +60,13 @@ Segment segmentIn(float width, float height)
     return {{left, bottom}, {left + reach, bottom}, {right - reach, top}, {right, top}};
 }
 
-SkPaint stroke(const SkPaint& base, SkColor colour, float width)
+SkPaint stroke(const SkPaint& base, SkColor color, float width)
 {
     SkPaint paint(base);
     paint.setStyle(SkPaint::kStroke_Style);
     paint.setStrokeWidth(width);
     paint.setStrokeCap(SkPaint::kRound_Cap);
-    paint.setColor(colour);
+    paint.setColor(color);
     return paint;
 }
 
@@ -96,13 +97,13 @@ void drawShapes(SkCanvas& canvas, const SkPaint& base, const Segment& segment)
     SkPaint paint(base);
     for (int index = 0; index < kShapes; ++index) {
         const float t = static_cast<float>(index) / (kShapes - 1);
-        const SkPoint centre = segment.at(t);
+        const SkPoint center = segment.at(t);
         const float side = 6.0F + 22.0F * t;
         const SkRect square =
-            SkRect::MakeXYWH(centre.x() - side / 2, centre.y() - side / 2, side, side);
+            SkRect::MakeXYWH(center.x() - side / 2, center.y() - side / 2, side, side);
         SkPath path;
         path.addRoundRect(square, side * 0.22F, side * 0.22F);
-        path.transform(SkMatrix::RotateDeg(90.0F * t, centre));
+        path.transform(SkMatrix::RotateDeg(90.0F * t, center));
         paint.setColor4f(between("Accent2", "Accent3", t));
         paint.setAlphaf(0.12F + 0.3F * t);
         canvas.drawPath(path, paint);
@@ -126,16 +127,16 @@ void drawHandle(SkCanvas& canvas, const SkPaint& base, SkPoint key, SkPoint hand
     canvas.drawCircle(handle, 4.0F, stroke(base, named("Light"), 1.5F));
 }
 
-void drawKey(SkCanvas& canvas, const SkPaint& base, SkPoint centre, const char* colour)
+void drawKey(SkCanvas& canvas, const SkPaint& base, SkPoint center, const char* color)
 {
     SkPath diamond;
-    diamond.moveTo(centre.x() - kKeyReach, centre.y());
-    diamond.lineTo(centre.x(), centre.y() - kKeyReach);
-    diamond.lineTo(centre.x() + kKeyReach, centre.y());
-    diamond.lineTo(centre.x(), centre.y() + kKeyReach);
+    diamond.moveTo(center.x() - kKeyReach, center.y());
+    diamond.lineTo(center.x(), center.y() - kKeyReach);
+    diamond.lineTo(center.x() + kKeyReach, center.y());
+    diamond.lineTo(center.x(), center.y() + kKeyReach);
     diamond.close();
     SkPaint fill(base);
-    fill.setColor(named(colour));
+    fill.setColor(named(color));
     canvas.drawPath(diamond, fill);
     canvas.drawPath(diamond, stroke(base, named("Base"), 1.5F));
 }
@@ -145,7 +146,8 @@ void drawKey(SkCanvas& canvas, const SkPaint& base, SkPoint centre, const char* 
 BezierPicture::BezierPicture(QWidget* parent)
     : SkiaQWidgetAdapter(parent)
 {
-    setBackgroundColor(ui::colorQt(QStringLiteral("WindowBase")));
+    gallery::keepColored(
+        this, [this] { setBackgroundColor(ui::colorQt(QStringLiteral("WindowBase"))); });
     setRadius(6);
     setMinimumHeight(180);
 }

@@ -16,6 +16,7 @@ constexpr int kNameWidth = 110; ///< column of the controls' names, logical pixe
 constexpr int kCellWidth = 136; ///< column of a state
 constexpr int kRowHeight = 34;
 constexpr QSize kControlSize(116, 22);
+constexpr int kTallHeight = 30; ///< of what does not fit into a control's usual height
 
 struct StateColumn
 {
@@ -94,6 +95,9 @@ void toolButton(const Canvas& canvas)
     option.iconSize = QSize(16, 16);
     option.subControls = QStyle::SC_ToolButton;
     option.state |= QStyle::State_AutoRaise;
+    if (option.state.testFlag(QStyle::State_MouseOver)) {
+        option.state |= QStyle::State_Raised;
+    }
     if (option.state.testFlag(QStyle::State_Sunken)) {
         option.activeSubControls = QStyle::SC_ToolButton;
     }
@@ -223,13 +227,100 @@ void listRow(const Canvas& canvas)
     canvas.widget.style()->drawControl(QStyle::CE_ItemViewItem, &option, &canvas.painter);
 }
 
+void tallScrollBar(const Canvas& canvas)
+{
+    auto option = optionFor<QStyleOptionSlider>(canvas);
+    option.orientation = Qt::Vertical;
+    option.rect = leadingSquare(canvas, kTallHeight);
+    option.rect.setWidth(canvas.widget.style()->pixelMetric(QStyle::PM_ScrollBarExtent, &option));
+    option.maximum = 100;
+    option.pageStep = 100;
+    option.sliderPosition = 40;
+    option.subControls = QStyle::SC_All;
+    option.activeSubControls = QStyle::SC_ScrollBarSlider;
+    canvas.widget.style()->drawComplexControl(QStyle::CC_ScrollBar, &option, &canvas.painter);
+}
+
+void dial(const Canvas& canvas)
+{
+    auto option = optionFor<QStyleOptionSlider>(canvas);
+    option.rect = leadingSquare(canvas, kTallHeight);
+    option.maximum = 100;
+    option.sliderPosition = 65;
+    option.subControls = QStyle::SC_DialGroove | QStyle::SC_DialHandle;
+    canvas.widget.style()->drawComplexControl(QStyle::CC_Dial, &option, &canvas.painter);
+}
+
+/// What a menu shows of the pointer is the selection.
+QStyleOptionMenuItem menuOption(const Canvas& canvas)
+{
+    auto option = optionFor<QStyleOptionMenuItem>(canvas);
+    option.font = canvas.painter.font();
+    option.fontMetrics = canvas.painter.fontMetrics();
+    if (option.state & (QStyle::State_MouseOver | QStyle::State_Sunken)) {
+        option.state |= QStyle::State_Selected;
+    }
+    return option;
+}
+
+void menuRow(const Canvas& canvas)
+{
+    auto option = menuOption(canvas);
+    option.text = ControlSheet::tr("Snap") + QStringLiteral("\tF6");
+    option.menuHasCheckableItems = true;
+    option.checkType = QStyleOptionMenuItem::NonExclusive;
+    option.checked = option.state.testFlag(QStyle::State_On);
+    canvas.widget.style()->drawControl(QStyle::CE_MenuItem, &option, &canvas.painter);
+}
+
+void menuBarItem(const Canvas& canvas)
+{
+    auto option = menuOption(canvas);
+    option.rect.setWidth(option.rect.width() / 2);
+    option.text = ControlSheet::tr("Layer");
+    canvas.widget.style()->drawControl(QStyle::CE_MenuBarItem, &option, &canvas.painter);
+}
+
+void headerSection(const Canvas& canvas)
+{
+    auto option = optionFor<QStyleOptionHeader>(canvas);
+    option.state |= QStyle::State_Horizontal;
+    option.text = ControlSheet::tr("Mode");
+    option.textAlignment = Qt::AlignVCenter | Qt::AlignLeft;
+    if (option.state.testFlag(QStyle::State_On)) {
+        option.sortIndicator = QStyleOptionHeader::SortUp;
+    }
+    canvas.widget.style()->drawControl(QStyle::CE_Header, &option, &canvas.painter);
+}
+
+void splitter(const Canvas& canvas)
+{
+    auto option = optionFor<QStyleOption>(canvas);
+    option.rect.setHeight(canvas.widget.style()->pixelMetric(QStyle::PM_SplitterWidth, &option));
+    option.rect.moveCenter(canvas.rect.center());
+    canvas.widget.style()->drawControl(QStyle::CE_Splitter, &option, &canvas.painter);
+}
+
+void groupBox(const Canvas& canvas)
+{
+    auto option = optionFor<QStyleOptionGroupBox>(canvas);
+    option.rect = leadingSquare(canvas, kTallHeight);
+    option.rect.setWidth(canvas.rect.width());
+    option.text = ControlSheet::tr("Stroke");
+    option.lineWidth = 1;
+    option.textAlignment = Qt::AlignLeft;
+    option.subControls =
+        QStyle::SC_GroupBoxFrame | QStyle::SC_GroupBoxLabel | QStyle::SC_GroupBoxCheckBox;
+    canvas.widget.style()->drawComplexControl(QStyle::CC_GroupBox, &option, &canvas.painter);
+}
+
 struct Row
 {
     const char* name;
     void (*draw)(const Canvas&);
 };
 
-constexpr std::array<Row, 13> kRows{{
+constexpr std::array<Row, 20> kRows{{
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Push button"), plainButton},
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Default button"), defaultButton},
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Tool button"), toolButton},
@@ -240,9 +331,16 @@ constexpr std::array<Row, 13> kRows{{
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Spin box"), spinBox},
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Slider"), slider},
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Scroll bar"), scrollBar},
+    {QT_TRANSLATE_NOOP("studio::ControlSheet", "Upright scroll bar"), tallScrollBar},
+    {QT_TRANSLATE_NOOP("studio::ControlSheet", "Dial"), dial},
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Progress bar"), progressBar},
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "Tab"), tab},
     {QT_TRANSLATE_NOOP("studio::ControlSheet", "List row"), listRow},
+    {QT_TRANSLATE_NOOP("studio::ControlSheet", "Header section"), headerSection},
+    {QT_TRANSLATE_NOOP("studio::ControlSheet", "Menu row"), menuRow},
+    {QT_TRANSLATE_NOOP("studio::ControlSheet", "Menu bar item"), menuBarItem},
+    {QT_TRANSLATE_NOOP("studio::ControlSheet", "Splitter"), splitter},
+    {QT_TRANSLATE_NOOP("studio::ControlSheet", "Group box"), groupBox},
 }};
 
 } // namespace

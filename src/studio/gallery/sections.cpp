@@ -1,5 +1,6 @@
 #include "gallery/sections.h"
 
+#include "gallery/recoloring.h"
 #include <MorrantUI/theme/FocusFrame.h>
 #include <MorrantUI/theme/Widget.h>
 #include <MorrantUI/theme/colors.h>
@@ -11,6 +12,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include <functional>
 
 namespace studio::gallery {
 
@@ -36,20 +39,33 @@ QWidget* captioned(QWidget* sample, const QString& text)
     return pair;
 }
 
-Widget* card(const QString& colour)
+Widget* grounded(Widget* widget, const QString& ground)
 {
-    auto* widget = new Widget;
+    keepColored(widget, [=] { widget->setBackgroundColor(ui::colorQt(ground)); });
+    return widget;
+}
+
+void addBorder(Widget* widget, const QString& color, double width)
+{
+    keepColored(widget, [=] { widget->setBorder(QPen(ui::colorQt(color), width)); });
+}
+
+Widget* card(const QString& ground)
+{
+    auto* widget = grounded(new Widget, ground);
     widget->setFixedSize(kSampleSize);
-    widget->setBackgroundColor(ui::colorQt(colour));
     return widget;
 }
 
 /// A generated image as a label, made at twice the size so that it is sharp on dense screens.
-QLabel* picture(QImage image)
+QLabel* picture(const std::function<QImage()>& make)
 {
-    image.setDevicePixelRatio(2.0);
     auto* label = new QLabel;
-    label->setPixmap(QPixmap::fromImage(image));
+    keepColored(label, [=] {
+        QImage image = make();
+        image.setDevicePixelRatio(2.0);
+        label->setPixmap(QPixmap::fromImage(image));
+    });
     return label;
 }
 
@@ -57,7 +73,7 @@ QWidget* bordered()
 {
     Widget* widget = card(QStringLiteral("Base"));
     widget->setRadius(6);
-    widget->setBorder(QPen(ui::colorQt(QStringLiteral("Accent2")), 1));
+    addBorder(widget, QStringLiteral("Accent2"), 1);
     return captioned(widget, tr("1 px border"));
 }
 
@@ -65,7 +81,7 @@ QWidget* thickBordered()
 {
     Widget* widget = card(QStringLiteral("RowHighlight2"));
     widget->setRadius(12);
-    widget->setBorder(QPen(ui::colorQt(QStringLiteral("Accent1")), 2));
+    addBorder(widget, QStringLiteral("Accent1"), 2);
     return captioned(widget, tr("2 px border"));
 }
 
@@ -80,28 +96,38 @@ QWidget* focusLine()
 {
     auto* frame = new morrant::FocusFrame(ui::colorQt(QStringLiteral("Green")));
     frame->setFixedSize(kSampleSize);
-    frame->setBackgroundColor(ui::colorQt(QStringLiteral("TabBackground")));
-    return captioned(frame, tr("Focus frame"));
+    return captioned(grounded(frame, QStringLiteral("TabBackground")), tr("Focus frame"));
+}
+
+QColor accent3()
+{
+    return ui::colorQt(QStringLiteral("Accent3"));
+}
+
+QImage paletteStrip()
+{
+    QColor translucent = accent3();
+    translucent.setAlpha(130);
+    return ui::drawPalettePreview(
+        {ui::colorQt(QStringLiteral("Accent1")),
+         ui::colorQt(QStringLiteral("Accent2")),
+         translucent,
+         ui::colorQt(QStringLiteral("Accent4")),
+         ui::colorQt(QStringLiteral("Accent5"))},
+        280);
 }
 
 QWidget* generatedImages()
 {
-    const QSize size(2 * kImageSide, 2 * kImageSide);
-    const QColor accent = ui::colorQt(QStringLiteral("Accent3"));
-    const std::vector<QColor> palette{
-        ui::colorQt(QStringLiteral("Accent1")),
-        ui::colorQt(QStringLiteral("Accent2")),
-        QColor(accent.red(), accent.green(), accent.blue(), 130),
-        ui::colorQt(QStringLiteral("Accent4")),
-        ui::colorQt(QStringLiteral("Accent5"))};
+    constexpr QSize kSize(2 * kImageSide, 2 * kImageSide);
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins({});
     layout->setSpacing(12);
-    layout->addWidget(picture(ui::drawColorSquare(accent, size, 12)));
-    layout->addWidget(picture(ui::drawChequerBox(accent, size, 0)));
-    layout->addWidget(picture(ui::drawRoundColor(accent, size)));
-    layout->addWidget(picture(ui::drawPalettePreview(palette, 280)));
+    layout->addWidget(picture([] { return ui::drawColorSquare(accent3(), kSize, 12); }));
+    layout->addWidget(picture([] { return ui::drawChequerBox(accent3(), kSize, 0); }));
+    layout->addWidget(picture([] { return ui::drawRoundColor(accent3(), kSize); }));
+    layout->addWidget(picture(paletteStrip));
     layout->addStretch();
     return row;
 }
@@ -110,10 +136,9 @@ QWidget* generatedImages()
 
 QWidget* section(const QString& title, QWidget* content)
 {
-    auto* widget = new Widget;
-    widget->setBackgroundColor(ui::colorQt(QStringLiteral("Window")));
+    auto* widget = grounded(new Widget, QStringLiteral("Window"));
     widget->setRadius(kCardRadius);
-    widget->setBorder(QPen(ui::colorQt(QStringLiteral("Mid")), 1));
+    addBorder(widget, QStringLiteral("Mid"), 1);
     auto* heading = new QLabel(title);
     QFont font = heading->font();
     font.setWeight(QFont::DemiBold);
@@ -129,7 +154,8 @@ QWidget* section(const QString& title, QWidget* content)
 QWidget* caption(const QString& text)
 {
     auto* label = new QLabel(text);
-    ui::setWidgetForeground(label, ui::colorQt(QStringLiteral("HelperHints")));
+    keepColored(
+        label, [=] { ui::setWidgetForeground(label, ui::colorQt(QStringLiteral("HelperHints"))); });
     return label;
 }
 

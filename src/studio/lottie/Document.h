@@ -202,8 +202,9 @@ struct Marker
 /// Something that the file asks for and we do not draw.
 struct MissingFeature
 {
-    QString layer;   ///< its name, as the user knows it
-    QString feature; ///< "mask", translated
+    QString layer;               ///< its name, as the user knows it
+    QString feature;             ///< "mask", translated
+    std::uint32_t layerByte = 0; ///< where the layer stands in the file: names repeat
 
     bool operator==(const MissingFeature&) const = default;
 };
@@ -223,7 +224,7 @@ struct Document
     std::vector<Composition> compositions; ///< of precomposition layers
     std::vector<Marker> markers;
     double colorUnit = 1; ///< what the file writes for a full colour channel: 255 in old files
-    std::vector<MissingFeature> missing; ///< each once, in order of appearance
+    std::vector<MissingFeature> missing; ///< each once a layer, in order of appearance
     std::string bytes;                   ///< the file, which every Span points into
 };
 

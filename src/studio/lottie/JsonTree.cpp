@@ -190,13 +190,17 @@ std::optional<double> JsonValue::number() const
         return written == "true" ? 1.0 : 0.0;
     }
     double result = 0;
-    if (type() != JsonType::Number
-        || std::from_chars(written.data(), written.data() + written.size(), result).ec
-               != std::errc())
-    {
+    if (type() != JsonType::Number) {
         return std::nullopt;
     }
-    return result;
+    const auto error = std::from_chars(written.data(), written.data() + written.size(), result).ec;
+    if (error == std::errc()) {
+        return result;
+    }
+    // Out of range: too small is as good as nothing, too large is not a number for us.
+    const auto size = static_cast<qsizetype>(written.size());
+    const bool isTiny = QByteArray::fromRawData(written.data(), size).toDouble() == 0;
+    return isTiny ? std::optional(0.0) : std::nullopt;
 }
 
 QString JsonValue::string() const

@@ -29,10 +29,10 @@ void ReadContext::fail(const QString& sentence)
 
 void ReadContext::missing(const QString& feature)
 {
-    const MissingFeature entry{m_layer, feature};
+    const MissingFeature entry{m_layer, feature, m_layerByte};
     auto& all = m_document.missing;
     // A layer's features follow each other, so that only its own need to be looked through.
-    for (auto it = all.rbegin(); it != all.rend() && it->layer == m_layer; ++it) {
+    for (auto it = all.rbegin(); it != all.rend() && it->layerByte == m_layerByte; ++it) {
         if (*it == entry) {
             return;
         }
@@ -50,9 +50,10 @@ void ReadContext::countItem()
 void ReadContext::failType(const JsonValue& value, const QString& expected)
 {
     fail(tr("“%1” at byte %2 of the file should be %3.")
-             .arg(QString::fromUtf8(value.key().data(), static_cast<qsizetype>(value.key().size())))
-             .arg(value.span().begin)
-             .arg(expected));
+             .arg(
+                 QString::fromUtf8(value.key().data(), static_cast<qsizetype>(value.key().size())),
+                 QString::number(value.span().begin),
+                 expected));
 }
 
 double ReadContext::number(const JsonValue& parent, std::string_view key, double fallback)

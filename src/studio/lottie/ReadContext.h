@@ -19,8 +19,12 @@ public:
     const QString& error() const { return m_error; }
     bool failed() const { return !m_error.isEmpty(); }
 
-    void setLayer(const QString& name) { m_layer = name; }
-    const QString& layer() const { return m_layer; }
+    /// @param byte where it stands in the file
+    void setLayer(const QString& name, std::uint32_t byte)
+    {
+        m_layer = name;
+        m_layerByte = byte;
+    }
     /// Lists a feature of the current layer as not drawn, once.
     void missing(const QString& feature);
 
@@ -47,6 +51,7 @@ private:
     QString m_error;
     std::size_t m_items = 0;
     QString m_layer;
+    std::uint32_t m_layerByte = 0;
 };
 
 } // namespace studio

@@ -3,8 +3,10 @@
 #include "lottie/easing.h"
 #include "lottie/spatial.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace studio {
 
@@ -100,13 +102,65 @@ Numbers positionAt(const Transform& transform, double frame)
     return valueAt(transform.position, frame);
 }
 
-// The direction of movement in degrees, from a step too small to be seen.
+std::vector<double> positionKeyTimes(const Transform& transform)
+{
+    std::vector<double> times;
+    const auto append = [&times](const NumberProperty& property) {
+        for (const auto& key : property.keys) {
+            times.push_back(key.time);
+        }
+    };
+    if (transform.splitPosition) {
+        append(transform.positionX);
+        append(transform.positionY);
+        std::sort(times.begin(), times.end());
+    } else {
+        append(transform.position);
+    }
+    return times;
+}
+
+// The direction of movement in degrees between two keys, from a step around the frame: one too
+// small to be seen, unless slow easing asks for more. Empty where nothing moves.
+std::optional<double> headingBetween(
+    const Transform& transform, double begin, double end, double frame)
+{
+    constexpr double kStep = 0.01;   // frames
+    constexpr double kStill = 1e-6;  // pixels
+    constexpr double kInside = 1e-4; // frames; at the second key itself a hold jumps
+    const double last = end - kInside;
+    if (last <= begin) {
+        return std::nullopt;
+    }
+    const double middle = std::clamp(frame, begin, last);
+    for (double step = kStep;; step *= 10) {
+        const Numbers before = positionAt(transform, std::max(middle - step, begin));
+        const Numbers after = positionAt(transform, std::min(middle + step, last));
+        const double x = after[0] - before[0];
+        const double y = after[1] - before[1];
+        if (std::hypot(x, y) > kStill) {
+            return std::atan2(y, x) * 180 / std::numbers::pi;
+        }
+        if (middle - step <= begin && middle + step >= last) {
+            return std::nullopt;
+        }
+    }
+}
+
+// Before the first key the way it sets out, and where it stands still the way it came.
 double headingAt(const Transform& transform, double frame)
 {
-    constexpr double kStep = 0.01; // frames
-    const Numbers before = positionAt(transform, frame - kStep);
-    const Numbers after = positionAt(transform, frame + kStep);
-    return std::atan2(after[1] - before[1], after[0] - before[0]) * 180 / std::numbers::pi;
+    const std::vector<double> times = positionKeyTimes(transform);
+    const auto next = std::upper_bound(times.begin(), times.end(), frame);
+    const auto reached = std::max<std::ptrdiff_t>(next - times.begin(), 1);
+    const auto count = static_cast<std::ptrdiff_t>(times.size());
+    for (std::ptrdiff_t i = std::min(reached, count - 1); i > 0; --i) {
+        const auto end = times.begin() + i;
+        if (const auto heading = headingBetween(transform, *(end - 1), *end, frame)) {
+            return *heading;
+        }
+    }
+    return 0;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
@@ -190,7 +191,7 @@ void Reader::readLayer(const JsonValue& value, Layer& layer, LayerReferences& re
     if (layer.name.isEmpty()) {
         layer.name = tr("Layer %1").arg(references.index);
     }
-    m_context.setLayer(layer.name);
+    m_context.setLayer(layer.name, value.span().begin);
     layer.inPoint = m_context.number(value, "ip", m_document.inPoint);
     layer.outPoint = m_context.number(value, "op", m_document.outPoint);
     layer.startTime = m_context.number(value, "st");
@@ -311,8 +312,7 @@ void Reader::resolveParents(
         }
         if (height > kMaxParents) {
             m_context.fail(tr("Layer “%1” has more than %2 parents above each other.")
-                               .arg(layers[start].name)
-                               .arg(kMaxParents));
+                               .arg(layers[start].name, QString::number(kMaxParents)));
             return;
         }
     }
@@ -376,7 +376,7 @@ QString parseError(const JsonTree& tree)
     case JsonTree::Failure::Syntax:
     case JsonTree::Failure::None: break;
     }
-    return tr("The file is damaged or not JSON: it cannot be read on from byte %1.")
+    return tr("The file is damaged or not JSON: it is unreadable from byte %1.")
         .arg(tree.failedAt());
 }
 
@@ -415,16 +415,25 @@ ReadResult read(std::string bytes)
 
 ReadResult readFile(const QString& path)
 {
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile()) {
+        return failure(tr("“%1” is not a file.").arg(path)); // opening a pipe would wait
+    }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return failure(tr("“%1” cannot be opened: %2.").arg(path, file.errorString()));
     }
-    // A pipe has no size: one byte more than is allowed tells.
+    // The file may grow, and some systems' files have no size: one byte more than is allowed tells.
     const QByteArray bytes = file.read(static_cast<qint64>(kMaxFileBytes) + 1);
     if (bytes.size() > static_cast<qsizetype>(kMaxFileBytes)) {
-        return failure(tooLarge(std::max(file.size(), qint64(bytes.size()))));
+        const qint64 size = std::max(file.size(), qint64(bytes.size()));
+        return failure(tr("“%1”: %2").arg(info.fileName(), tooLarge(size)));
     }
-    return read(bytes.toStdString());
+    ReadResult result = read(bytes.toStdString());
+    if (!result) {
+        result.error = tr("“%1”: %2").arg(info.fileName(), result.error);
+    }
+    return result;
 }
 
 } // namespace studio

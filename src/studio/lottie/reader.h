@@ -6,8 +6,8 @@
 
 namespace studio {
 
-/// What a document may hold at most. Larger files are refused: each limit bounds the time or the
-/// memory that a hostile file could claim.
+/// What a document may hold at most. Larger files are refused: each limit bounds the memory, and
+/// the time that reading takes. The time that drawing takes has its own limit, see drawcost.h.
 inline constexpr std::size_t kMaxFileBytes = 64u << 20;
 inline constexpr int kMaxNesting = 256; ///< lists and objects within each other
 inline constexpr std::size_t kMaxJsonValues = 4'000'000;
@@ -31,7 +31,7 @@ struct ReadResult
 /// draw is in Document::missing.
 ReadResult read(std::string bytes);
 
-/// Reads a file. One that is missing, unreadable or too large gives a sentence that names it.
+/// Reads a file; the sentence names it. Only regular files are opened.
 ReadResult readFile(const QString& path);
 
 } // namespace studio

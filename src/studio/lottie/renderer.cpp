@@ -1,5 +1,6 @@
 #include "lottie/renderer.h"
 
+#include "lottie/drawcost.h"
 #include "lottie/evaluate.h"
 #include "lottie/outlines.h"
 
@@ -20,6 +21,9 @@ constexpr float kInvisible = 0.5f / 255;
 // Precompositions never hold themselves as read; an edit could make them. Deeper ones stay out.
 constexpr int kMaxLevel = 100;
 
+// A dash and its gap that are shorter than this cannot be told from a line, in device pixels.
+constexpr double kShortestDash = 0.1;
+
 using Items = std::vector<ShapeItem>;
 
 // The trims that a group lies under, the innermost first.
@@ -36,59 +40,12 @@ bool isStyle(const ShapeItem& item)
     return is<FillShape>(item) || is<StrokeShape>(item);
 }
 
-int countStyles(const Items& items)
-{
-    return std::accumulate(items.begin(), items.end(), 0, [](int sum, const ShapeItem& item) {
-        const auto* group = std::get_if<GroupShape>(&item.shape);
-        return item.hidden ? sum : sum + (group ? countStyles(group->items) : isStyle(item));
-    });
-}
-
 // The outlines of a list of items, and how many of them stand above each item.
 struct Outlines
 {
     std::vector<SkPath> paths;
     std::vector<std::size_t> above;
 };
-
-Outlines collectOutlines(const Items& items, const Trims& outer, double frame)
-{
-    Outlines result;
-    const bool hasStyle = std::any_of(items.begin(), items.end(), isStyle);
-    for (const ShapeItem& item : items) {
-        result.above.push_back(result.paths.size());
-        if (item.hidden) {
-            continue;
-        }
-        if (const auto* trimming = std::get_if<TrimShape>(&item.shape)) {
-            trim(result.paths, *trimming, frame);
-        } else if (const auto* merging = std::get_if<MergeShape>(&item.shape)) {
-            merge(result.paths, *merging);
-        } else if (const auto* group = std::get_if<GroupShape>(&item.shape)) {
-            if (hasStyle) {
-                const SkMatrix matrix = matrixAt(group->transform, frame);
-                for (const SkPath& path : collectOutlines(group->items, {}, frame).paths) {
-                    path.transform(matrix, &result.paths.emplace_back());
-                }
-            }
-        } else if (SkPath path = outlineAt(item, frame); !path.isEmpty()) {
-            result.paths.push_back(std::move(path));
-        }
-    }
-    for (const TrimShape* trimming : outer) {
-        trim(result.paths, *trimming, frame);
-    }
-    return result;
-}
-
-SkPath joined(const std::vector<SkPath>& paths, std::size_t count)
-{
-    SkPath all = count > 0 ? paths.front() : SkPath();
-    for (std::size_t i = 1; i < count; ++i) {
-        all.addPath(paths[i]);
-    }
-    return all;
-}
 
 SkPaint paintOf(const NumberProperty& color, float opacity, double frame)
 {
@@ -101,7 +58,22 @@ SkPaint paintOf(const NumberProperty& color, float opacity, double frame)
     return paint;
 }
 
-sk_sp<SkPathEffect> dashesOf(const StrokeShape& stroke, double frame)
+// Of looking at one shape item, whatever it is.
+constexpr double kItemCost = 100;
+
+double layerMatrixCost(const Composition& composition, const Layer& layer)
+{
+    double cost = transformCost(layer.transform);
+    for (int parent = layer.parent; parent >= 0 && cost <= kMaxDrawCost;) {
+        const Layer& above = composition.layers[static_cast<std::size_t>(parent)];
+        cost += transformCost(above.transform);
+        parent = above.parent;
+    }
+    return cost;
+}
+
+// Lengths of dash, gap, dash, gap ... in path units.
+std::vector<float> dashesOf(const StrokeShape& stroke, double frame)
 {
     std::vector<float> lengths;
     for (const NumberProperty& dash : stroke.dashes) {
@@ -112,12 +84,7 @@ sk_sp<SkPathEffect> dashesOf(const StrokeShape& stroke, double frame)
         const std::vector<float> once = lengths;
         lengths.insert(lengths.end(), once.begin(), once.end());
     }
-    if (lengths.empty()) {
-        return nullptr;
-    }
-    return SkDashPathEffect::Make(
-        SkSpan<const float>(lengths.data(), lengths.size()),
-        static_cast<float>(scalarAt(stroke.dashOffset, frame)));
+    return lengths;
 }
 
 void applyStroke(const StrokeShape& stroke, double frame, SkPaint& paint)
@@ -131,7 +98,6 @@ void applyStroke(const StrokeShape& stroke, double frame, SkPaint& paint)
     paint.setStrokeCap(kCaps[static_cast<int>(stroke.cap)]);
     paint.setStrokeJoin(kJoins[static_cast<int>(stroke.join)]);
     paint.setStrokeMiter(static_cast<float>(stroke.miterLimit));
-    paint.setPathEffect(dashesOf(stroke, frame));
 }
 
 // What is drawn shows through with an opacity. A single draw takes it into its paint; several that
@@ -166,6 +132,8 @@ public:
 
     void drawComposition(const Composition& composition, double frame);
 
+    const DrawResult& result() const { return m_result; }
+
 private:
     void drawLayer(const Composition& composition, const Layer& layer, double frame);
     void drawPrecomposition(const Layer& layer, double frame, float opacity);
@@ -175,10 +143,122 @@ private:
     void drawFill(const FillShape& fill, SkPath path, float opacity, double frame);
     void drawStroke(const StrokeShape& stroke, const SkPath& path, float opacity, double frame);
 
+    Outlines collectOutlines(const Items& items, const Trims& outer, double frame);
+    void trimWithin(std::vector<SkPath>& paths, const TrimShape& trimming, double frame);
+    void mergeWithin(std::vector<SkPath>& paths, const MergeShape& merging);
+    SkPath joined(const std::vector<SkPath>& paths, std::size_t count);
+    int countStyles(const Items& items);
+
+    // Whether there is still budget for this; once there is not, nothing more is drawn.
+    bool spend(double cost);
+    double pixelsUnder(const SkRect& area) const;
+    double layerCost(float opacity, bool isSingleDraw) const;
+    double scale() const { return m_canvas.getLocalToDeviceAs3x3().getMaxScale(); }
+    PathExtent extentOnDevice(const SkPath& path) const;
+
     SkCanvas& m_canvas;
     const Document& m_document;
     int m_level = 0;
+    DrawResult m_result;
+    bool m_isSpent = false;
 };
+
+bool Renderer::spend(double cost)
+{
+    m_isSpent = m_isSpent || !(m_result.cost + cost <= kMaxDrawCost);
+    m_result.cost += m_isSpent ? 0 : cost;
+    return !m_isSpent;
+}
+
+double Renderer::pixelsUnder(const SkRect& area) const
+{
+    SkRect device = m_canvas.getLocalToDeviceAs3x3().mapRect(area);
+    const bool isSeen = device.intersect(SkRect::Make(m_canvas.getDeviceClipBounds()));
+    return isSeen ? double(device.width()) * double(device.height()) : 0;
+}
+
+double Renderer::layerCost(float opacity, bool isSingleDraw) const
+{
+    const SkIRect clip = m_canvas.getDeviceClipBounds();
+    const bool needsLayer = !isSingleDraw && opacity < 1;
+    return needsLayer ? 2 * pixelCost(double(clip.width()) * clip.height()) : 0;
+}
+
+PathExtent Renderer::extentOnDevice(const SkPath& path) const
+{
+    return extentOf(path, scale(), m_canvas.getDeviceClipBounds().height());
+}
+
+int Renderer::countStyles(const Items& items)
+{
+    spend(10 * static_cast<double>(items.size()));
+    return std::accumulate(items.begin(), items.end(), 0, [this](int sum, const ShapeItem& item) {
+        const auto* group = std::get_if<GroupShape>(&item.shape);
+        return item.hidden ? sum : sum + (group ? countStyles(group->items) : isStyle(item));
+    });
+}
+
+void Renderer::trimWithin(std::vector<SkPath>& paths, const TrimShape& trimming, double frame)
+{
+    const double cost =
+        std::accumulate(paths.begin(), paths.end(), 0.0, [](double sum, const SkPath& path) {
+            return sum + 3 * measureCost(extentOf(path)) + dashCost(1);
+        });
+    if (spend(cost)) {
+        trim(paths, trimming, frame);
+    }
+}
+
+void Renderer::mergeWithin(std::vector<SkPath>& paths, const MergeShape& merging)
+{
+    const double verbs =
+        std::accumulate(paths.begin(), paths.end(), 0.0, [](double sum, const SkPath& path) {
+            return sum + path.countVerbs();
+        });
+    if (spend(merging.mode == MergeMode::Append ? copyCost({verbs}) : mergeCost(verbs))) {
+        merge(paths, merging);
+    }
+}
+
+Outlines Renderer::collectOutlines(const Items& items, const Trims& outer, double frame)
+{
+    Outlines result;
+    for (const ShapeItem& item : items) {
+        result.above.push_back(result.paths.size());
+        if (item.hidden || m_isSpent) {
+            continue;
+        }
+        if (const auto* trimming = std::get_if<TrimShape>(&item.shape)) {
+            trimWithin(result.paths, *trimming, frame);
+        } else if (const auto* merging = std::get_if<MergeShape>(&item.shape)) {
+            mergeWithin(result.paths, *merging);
+        } else if (const auto* group = std::get_if<GroupShape>(&item.shape)) {
+            spend(transformCost(group->transform));
+            const SkMatrix matrix = matrixAt(group->transform, frame);
+            for (const SkPath& path : collectOutlines(group->items, {}, frame).paths) {
+                if (spend(copyCost({double(path.countVerbs())}))) {
+                    path.transform(matrix, &result.paths.emplace_back());
+                }
+            }
+        } else if (SkPath path = outlineAt(item, frame); !path.isEmpty()) {
+            spend(copyCost({double(path.countVerbs())}));
+            result.paths.push_back(std::move(path));
+        }
+    }
+    for (const TrimShape* trimming : outer) {
+        trimWithin(result.paths, *trimming, frame);
+    }
+    return result;
+}
+
+SkPath Renderer::joined(const std::vector<SkPath>& paths, std::size_t count)
+{
+    SkPath all = count > 0 ? paths.front() : SkPath();
+    for (std::size_t i = 1; i < count && spend(copyCost({double(paths[i].countVerbs())})); ++i) {
+        all.addPath(paths[i]);
+    }
+    return all;
+}
 
 void Renderer::drawComposition(const Composition& composition, double frame)
 {
@@ -187,6 +267,10 @@ void Renderer::drawComposition(const Composition& composition, double frame)
         if (isShown && !layer->hidden && !layer->isMatte) {
             drawLayer(composition, *layer, frame);
         }
+        if (m_isSpent) {
+            m_result.unfinished = m_result.unfinished ? m_result.unfinished : &*layer;
+            return;
+        }
     }
 }
 
@@ -194,7 +278,7 @@ void Renderer::drawLayer(const Composition& composition, const Layer& layer, dou
 {
     const auto opacity = static_cast<float>(opacityAt(layer.transform.opacity, frame));
     const bool isDrawn = layer.kind != LayerKind::Null && layer.kind != LayerKind::Other;
-    if (!isDrawn || opacity < kInvisible) {
+    if (!isDrawn || opacity < kInvisible || !spend(layerMatrixCost(composition, layer))) {
         return;
     }
     const SkAutoCanvasRestore restore(&m_canvas, true);
@@ -204,14 +288,17 @@ void Renderer::drawLayer(const Composition& composition, const Layer& layer, dou
     } else if (layer.kind == LayerKind::Precomposition) {
         drawPrecomposition(layer, frame, opacity);
     } else {
-        const OpacityScope scope(m_canvas, opacity, countStyles(layer.shapes) <= 1);
-        drawShapes(layer.shapes, scope.opacity(), {}, frame);
+        const bool isSingleDraw = countStyles(layer.shapes) <= 1;
+        if (spend(layerCost(opacity, isSingleDraw))) {
+            const OpacityScope scope(m_canvas, opacity, isSingleDraw);
+            drawShapes(layer.shapes, scope.opacity(), {}, frame);
+        }
     }
 }
 
 void Renderer::drawPrecomposition(const Layer& layer, double frame, float opacity)
 {
-    if (layer.composition < 0 || m_level >= kMaxLevel) {
+    if (layer.composition < 0 || m_level >= kMaxLevel || !spend(layerCost(opacity, false))) {
         return;
     }
     m_canvas.clipRect(
@@ -229,23 +316,33 @@ void Renderer::drawSolid(const Layer& layer, float opacity)
     SkPaint paint{SkColor4f::FromColor(layer.color)};
     paint.setAlphaf(paint.getAlphaf() * opacity);
     paint.setAntiAlias(true);
-    m_canvas.drawRect(
-        SkRect::MakeWH(static_cast<float>(layer.width), static_cast<float>(layer.height)), paint);
+    const auto area =
+        SkRect::MakeWH(static_cast<float>(layer.width), static_cast<float>(layer.height));
+    if (spend(pixelCost(pixelsUnder(area)))) {
+        m_canvas.drawRect(area, paint);
+    }
 }
 
 void Renderer::drawShapes(const Items& items, float opacity, const Trims& outer, double frame)
 {
-    const Outlines outlines = collectOutlines(items, outer, frame);
+    const bool hasStyle = std::any_of(items.begin(), items.end(), isStyle);
+    const Outlines outlines = hasStyle ? collectOutlines(items, outer, frame) : Outlines();
     Trims trims = outer;
-    for (std::size_t i = items.size(); i-- > 0;) {
+    SkPath path;
+    std::size_t pathCount = 0; // that `path` is made of; styles one after the other share it
+    for (std::size_t i = items.size(); i-- > 0 && spend(kItemCost);) {
         const ShapeItem& item = items[i];
         if (item.hidden) {
             continue;
         }
+        if (isStyle(item) && outlines.above[i] != pathCount) {
+            pathCount = outlines.above[i];
+            path = joined(outlines.paths, pathCount);
+        }
         if (const auto* fill = std::get_if<FillShape>(&item.shape)) {
-            drawFill(*fill, joined(outlines.paths, outlines.above[i]), opacity, frame);
+            drawFill(*fill, path, opacity, frame);
         } else if (const auto* stroke = std::get_if<StrokeShape>(&item.shape)) {
-            drawStroke(*stroke, joined(outlines.paths, outlines.above[i]), opacity, frame);
+            drawStroke(*stroke, path, opacity, frame);
         } else if (const auto* group = std::get_if<GroupShape>(&item.shape)) {
             drawGroup(*group, opacity, trims, frame);
         } else if (const auto* trimming = std::get_if<TrimShape>(&item.shape)) {
@@ -257,12 +354,14 @@ void Renderer::drawShapes(const Items& items, float opacity, const Trims& outer,
 void Renderer::drawGroup(const GroupShape& group, float opacity, const Trims& outer, double frame)
 {
     const auto own = static_cast<float>(opacityAt(group.transform.opacity, frame));
-    if (own * opacity < kInvisible) {
+    const bool isSingleDraw = countStyles(group.items) <= 1;
+    const double cost = transformCost(group.transform) + layerCost(own, isSingleDraw);
+    if (own * opacity < kInvisible || !spend(cost)) {
         return;
     }
     const SkAutoCanvasRestore restore(&m_canvas, true);
     m_canvas.concat(matrixAt(group.transform, frame));
-    const OpacityScope scope(m_canvas, own, countStyles(group.items) <= 1);
+    const OpacityScope scope(m_canvas, own, isSingleDraw);
     drawShapes(group.items, opacity * scope.opacity(), outer, frame);
 }
 
@@ -271,7 +370,10 @@ void Renderer::drawFill(const FillShape& fill, SkPath path, float opacity, doubl
     path.setFillType(
         fill.rule == FillRule::EvenOdd ? SkPathFillType::kEvenOdd : SkPathFillType::kWinding);
     const auto own = static_cast<float>(opacityAt(fill.opacity, frame));
-    m_canvas.drawPath(path, paintOf(fill.color, own * opacity, frame));
+    const double pixels = pixelsUnder(path.getBounds());
+    if (spend(fillCost(extentOnDevice(path)) + pixelCost(pixels))) {
+        m_canvas.drawPath(path, paintOf(fill.color, own * opacity, frame));
+    }
 }
 
 void Renderer::drawStroke(
@@ -280,18 +382,36 @@ void Renderer::drawStroke(
     const auto own = static_cast<float>(opacityAt(stroke.opacity, frame));
     SkPaint paint = paintOf(stroke.color, own * opacity, frame);
     applyStroke(stroke, frame, paint);
-    if (paint.getStrokeWidth() > 0) { // Skia draws a width of 0 as a hairline
+    if (!(paint.getStrokeWidth() > 0)) { // Skia draws a width of 0 as a hairline
+        return;
+    }
+    const PathExtent extent = extentOnDevice(path);
+    const SkRect bounds =
+        path.getBounds().makeOutset(paint.getStrokeWidth(), paint.getStrokeWidth());
+    double cost = strokeCost(extent) + pixelCost(pixelsUnder(bounds));
+    const std::vector<float> dashes = dashesOf(stroke, frame);
+    const double period = std::accumulate(dashes.begin(), dashes.end(), 0.0);
+    if (period * scale() >= kShortestDash) {
+        const auto perPeriod = static_cast<double>(dashes.size());
+        cost += measureCost(extent) + dashCost((extent.length / period + 1) * perPeriod);
+        paint.setPathEffect(SkDashPathEffect::Make(
+            SkSpan<const float>(dashes.data(), dashes.size()),
+            static_cast<float>(scalarAt(stroke.dashOffset, frame))));
+    }
+    if (spend(cost)) {
         m_canvas.drawPath(path, paint);
     }
 }
 
 } // namespace
 
-void draw(SkCanvas& canvas, const Document& document, double frame)
+DrawResult draw(SkCanvas& canvas, const Document& document, double frame)
 {
     const SkAutoCanvasRestore restore(&canvas, true);
     canvas.clipRect(SkRect::MakeIWH(document.width, document.height));
-    Renderer(canvas, document).drawComposition(document.main, frame);
+    Renderer renderer(canvas, document);
+    renderer.drawComposition(document.main, frame);
+    return renderer.result();
 }
 
 } // namespace studio

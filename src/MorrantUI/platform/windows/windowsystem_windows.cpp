@@ -19,17 +19,18 @@ static bool isAlwaysOnTop(HWND handle)
     return (GetWindowLongPtrW(handle, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }
 
-/// The window that the user works in, when it is an ordinary one of another program; else null.
-static HWND foreignForeground()
+/// The ordinary window just above a window's owner; null when there is none.
+static HWND neighbourAboveOwner(HWND handle)
 {
-    const HWND foreground = GetForegroundWindow();
-    DWORD process = 0;
-    if (!foreground || isAlwaysOnTop(foreground)
-        || GetWindowThreadProcessId(foreground, &process) == 0 || process == GetCurrentProcessId())
-    {
-        return nullptr;
-    }
-    return foreground;
+    const HWND owner = GetWindow(handle, GW_OWNER);
+    const HWND neighbour = owner ? GetWindow(owner, GW_HWNDPREV) : nullptr;
+    return neighbour && !isAlwaysOnTop(neighbour) ? neighbour : nullptr;
+}
+
+static void moveBehind(HWND handle, HWND other)
+{
+    SetWindowPos(
+        handle, other, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
 }
 
 void setDarkTitleBar(QWindow& window)
@@ -62,14 +63,17 @@ void setAlwaysOnTop(QWindow& window, bool on)
     if (isAlwaysOnTop(handle) == on) {
         return;
     }
-    // HWND_NOTOPMOST alone would leave the window above the one that another program has just
-    // brought up.
-    HWND after = on ? HWND_TOPMOST : HWND_NOTOPMOST;
-    if (HWND foreign = on ? nullptr : foreignForeground()) {
-        after = foreign;
+    if (on) {
+        moveBehind(handle, HWND_TOPMOST);
+        return;
     }
-    SetWindowPos(
-        handle, after, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+    // Coming down leaves a window above all ordinary ones, that of the program included which the
+    // user has just gone to.
+    const HWND neighbour = neighbourAboveOwner(handle);
+    moveBehind(handle, HWND_NOTOPMOST);
+    if (neighbour) {
+        moveBehind(handle, neighbour);
+    }
 }
 
 } // namespace morrant::native::system

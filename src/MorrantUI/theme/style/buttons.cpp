@@ -1,12 +1,17 @@
 #include <MorrantUI/theme/style/elements.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>
+#include <MorrantUI/theme/style/sharpicons.h>
 
 #include <QPainter>
+
+#include <algorithm>
 
 namespace ui::style {
 
 namespace {
+
+constexpr int kIconGap = 5; ///< from a button's icon to its text, logical pixels
 
 bool isDefault(const QStyleOptionButton& button)
 {
@@ -39,7 +44,7 @@ void drawIndicatorBox(
 {
     const Mood mood = moodOf(option);
     const bool filled = mood.on || option.state.testFlag(QStyle::State_NoChange);
-    const QRectF box = centredSquare(option.rect, option.rect.width());
+    const QRectF box = centeredSquare(option.rect, option.rect.width());
     const QColor ground = filled ? option.palette.color(QPalette::Highlight)
                                  : groundOf(option, QPalette::Base, widget);
     fillRounded(painter, box, radius, shade(ground, mood));
@@ -82,6 +87,30 @@ void drawMarkAndLabel(
     context.style.drawControl(parts.label, &part, &painter, context.widget);
 }
 
+/// Draws the icon of a push button, in the middle together with the text.
+/// @param inside the button without its menu arrow, as if laid out from left to right
+/// @return where the text goes
+QRect drawButtonIcon(const QStyleOptionButton& button, QPainter& painter, const QRect& inside)
+{
+    const Mood mood = moodOf(button);
+    QRect text = inside;
+    if (!button.icon.isNull()) {
+        const int textWidth = button.fontMetrics.size(Qt::TextShowMnemonic, button.text).width();
+        const int gap = button.text.isEmpty() ? 0 : kIconGap;
+        const int width = button.iconSize.width();
+        const int left = inside.left() + (inside.width() - width - gap - textWidth) / 2;
+        const QRect icon(std::max(inside.left(), left), inside.top(), width, inside.height());
+        drawSharp(
+            painter,
+            centeredSquare(QStyle::visualRect(button.direction, button.rect, icon), width),
+            button.icon,
+            mood.enabled ? QIcon::Normal : QIcon::Disabled,
+            mood.on ? QIcon::On : QIcon::Off);
+        text = QRect(icon.right() + 1 + gap, inside.top(), textWidth, inside.height());
+    }
+    return QStyle::visualRect(button.direction, button.rect, text);
+}
+
 } // namespace
 
 void drawButtonPanel(const QStyleOption& option, QPainter& painter, const Context& context)
@@ -122,12 +151,25 @@ void drawPushButtonLabel(const QStyleOption& option, QPainter& painter, const Co
     if (!button) {
         return;
     }
-    QStyleOptionButton label(*button);
-    if (isDefault(label)) {
-        label.palette.setColor(
-            QPalette::ButtonText, label.palette.color(QPalette::HighlightedText));
+    QRect inside = option.rect;
+    if (button->features.testFlag(QStyleOptionButton::HasMenu)) {
+        inside.setRight(
+            inside.right()
+            - context.style.pixelMetric(QStyle::PM_MenuButtonIndicator, &option, context.widget));
     }
-    context.base.drawControl(QStyle::CE_PushButtonLabel, &label, &painter, context.widget);
+    const QRect text = drawButtonIcon(*button, painter, inside);
+    int flags = Qt::AlignCenter | Qt::TextShowMnemonic;
+    if (context.style.styleHint(QStyle::SH_UnderlineShortcut, &option, context.widget) == 0) {
+        flags |= Qt::TextHideMnemonic;
+    }
+    context.style.drawItemText(
+        &painter,
+        text,
+        flags,
+        option.palette,
+        moodOf(option).enabled,
+        button->text,
+        isDefault(*button) ? QPalette::HighlightedText : QPalette::ButtonText);
 }
 
 void drawToolButtonPanel(const QStyleOption& option, QPainter& painter, const Context& context)
@@ -157,7 +199,7 @@ void drawToolButtonDropDown(const QStyleOption& option, QPainter& painter, const
 void drawCheckMark(const QStyleOption& option, QPainter& painter, const Context& context)
 {
     drawIndicatorBox(option, painter, kSmallRadius, context.widget);
-    const QRectF box = centredSquare(option.rect, option.rect.width());
+    const QRectF box = centeredSquare(option.rect, option.rect.width());
     if (option.state.testFlag(QStyle::State_NoChange)) {
         const QPointF reach(box.width() * 0.22, 1.0);
         fillRounded(painter, {box.center() - reach, box.center() + reach}, 1.0, markColor(option));
@@ -168,10 +210,10 @@ void drawCheckMark(const QStyleOption& option, QPainter& painter, const Context&
 
 void drawRadioMark(const QStyleOption& option, QPainter& painter, const Context& context)
 {
-    const QRectF circle = centredSquare(option.rect, option.rect.width());
+    const QRectF circle = centeredSquare(option.rect, option.rect.width());
     drawIndicatorBox(option, painter, circle.width() / 2, context.widget);
     if (option.state.testFlag(QStyle::State_On)) {
-        const QRectF dot = centredSquare(circle, circle.width() - 8);
+        const QRectF dot = centeredSquare(circle, circle.width() - 8);
         fillRounded(painter, dot, dot.width() / 2, markColor(option));
     }
 }

@@ -1,6 +1,7 @@
 #include <MorrantUI/theme/style/elements.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>
+#include <MorrantUI/theme/style/sharpicons.h>
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -66,17 +67,17 @@ void drawStepArrow(
             2.0,
             shade(groundOf(spin, QPalette::Button, context.widget), mood));
     }
-    const QColor colour = ink(spin.palette.color(QPalette::Text), mood);
+    const QColor color = ink(spin.palette.color(QPalette::Text), mood);
     if (spin.buttonSymbols == QAbstractSpinBox::PlusMinus) {
-        const QRectF centre = centredSquare(rect, 7);
-        fillSharp(painter, {centre.left(), centre.center().y() - 0.5, centre.width(), 1}, colour);
+        const QRectF center = centeredSquare(rect, 7);
+        fillSharp(painter, {center.left(), center.center().y() - 0.5, center.width(), 1}, color);
         if (up) {
             fillSharp(
-                painter, {centre.center().x() - 0.5, centre.top(), 1, centre.height()}, colour);
+                painter, {center.center().x() - 0.5, center.top(), 1, center.height()}, color);
         }
         return;
     }
-    drawChevron(painter, rect.adjusted(0, -1, 0, 1), up ? Qt::UpArrow : Qt::DownArrow, colour);
+    drawChevron(painter, rect.adjusted(0, -1, 0, 1), up ? Qt::UpArrow : Qt::DownArrow, color);
 }
 
 } // namespace
@@ -143,7 +144,8 @@ void drawComboBoxLabel(const QStyleOption& option, QPainter& painter, const Cont
         const QIcon::Mode mode = moodOf(option).enabled ? QIcon::Normal : QIcon::Disabled;
         QRect icon(text.topLeft(), QSize(combo->iconSize.width(), text.height()));
         icon = QStyle::visualRect(option.direction, text, icon);
-        combo->currentIcon.paint(&painter, icon, Qt::AlignCenter, mode);
+        drawSharp(
+            painter, centeredSquare(icon, combo->iconSize.height()), combo->currentIcon, mode);
         const int shift = combo->iconSize.width() + 5;
         const bool leftToRight = option.direction == Qt::LeftToRight;
         text.adjust(leftToRight ? shift : 0, 0, leftToRight ? 0 : -shift, 0);

@@ -4,7 +4,10 @@
 
 #include <QAbstractScrollArea>
 #include <QFrame>
+#include <QLCDNumber>
+#include <QLabel>
 #include <QPainter>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -22,21 +25,37 @@ QColor ruleColor(const QStyleOption& option)
     return translucent(option.palette.color(QPalette::Midlight), 0.8);
 }
 
-void drawDot(QPainter& painter, const QPointF& centre, const QColor& colour)
+void drawDot(QPainter& painter, const QPointF& center, const QColor& color)
 {
     const QPointF reach(kDot / 2, kDot / 2);
-    fillRounded(painter, {centre - reach, centre + reach}, kDot / 2, colour);
+    fillRounded(painter, {center - reach, center + reach}, kDot / 2, color);
 }
 
 /// A hairline through the middle of the rectangle.
-void drawRule(QPainter& painter, const QRectF& rect, bool horizontal, const QColor& colour)
+void drawRule(QPainter& painter, const QRectF& rect, bool horizontal, const QColor& color)
 {
     const QPointF middle = rect.center();
     fillSharp(
         painter,
         horizontal ? QRectF(rect.left(), middle.y() - 0.5, rect.width(), 1)
                    : QRectF(middle.x() - 0.5, rect.top(), 1, rect.height()),
-        colour);
+        color);
+}
+
+/// Widgets that draw their contents after their frame without asking the style: labels whose text
+/// is a document, and digits.
+bool paintsPastTheStyle(const QWidget* widget)
+{
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    if (!label) {
+        return qobject_cast<const QLCDNumber*>(widget) != nullptr;
+    }
+    const Qt::TextFormat format = label->textFormat();
+    const bool plain =
+        format == Qt::PlainText || (format == Qt::AutoText && !Qt::mightBeRichText(label->text()));
+    constexpr Qt::TextInteractionFlags kSelectable =
+        Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    return !label->text().isEmpty() && (!plain || (label->textInteractionFlags() & kSelectable));
 }
 
 } // namespace
@@ -60,12 +79,16 @@ void drawShapedFrame(const QStyleOption& option, QPainter& painter, const Contex
         return;
     }
     switch (frame->frameShape) {
-    case QFrame::NoFrame: return;
+    case QFrame::NoFrame: break;
     case QFrame::HLine:
     case QFrame::VLine:
         drawRule(painter, option.rect, frame->frameShape == QFrame::HLine, ruleColor(option));
-        return;
-    default: drawFrame(option, painter, context); return;
+        break;
+    default: drawFrame(option, painter, context); break;
+    }
+    if (!moodOf(option).enabled && paintsPastTheStyle(context.widget)) {
+        // Deliberately left on: the widget draws its contents next, with this painter.
+        painter.setOpacity(painter.opacity() * kDisabledOpacity);
     }
 }
 
@@ -135,12 +158,12 @@ void drawToolBarHandle(const QStyleOption& option, QPainter& painter, const Cont
 {
     const bool horizontal = option.state.testFlag(QStyle::State_Horizontal);
     const QPointF middle = QRectF(option.rect).center();
-    const QColor colour = option.palette.color(QPalette::Midlight);
+    const QColor color = option.palette.color(QPalette::Midlight);
     for (int along = -1; along <= 1; ++along) {
         for (const double across : {-kDotSpacing / 2, kDotSpacing / 2}) {
             const QPointF offset = horizontal ? QPointF(across, along * kDotSpacing)
                                               : QPointF(along * kDotSpacing, across);
-            drawDot(painter, middle + offset, colour);
+            drawDot(painter, middle + offset, color);
         }
     }
 }
@@ -159,12 +182,12 @@ void drawSizeGrip(const QStyleOption& option, QPainter& painter, const Context&)
     const bool left =
         grip && (grip->corner == Qt::BottomLeftCorner || grip->corner == Qt::TopLeftCorner);
     const QRectF rect = option.rect;
-    const QColor colour = option.palette.color(QPalette::Midlight);
+    const QColor color = option.palette.color(QPalette::Midlight);
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column <= row; ++column) {
             const double fromEdge = kDotSpacing * column + kDot + 1;
             const double x = left ? rect.left() + fromEdge : rect.right() - fromEdge;
-            drawDot(painter, {x, rect.bottom() - kDotSpacing * (2 - row) - kDot - 1}, colour);
+            drawDot(painter, {x, rect.bottom() - kDotSpacing * (2 - row) - kDot - 1}, color);
         }
     }
 }
@@ -181,8 +204,8 @@ void drawNothing(const QStyleOption&, QPainter&, const Context&)
 
 void drawArrow(const QStyleOption& option, QPainter& painter, Qt::ArrowType direction)
 {
-    const QColor colour = option.palette.color(QPalette::ButtonText);
-    drawChevron(painter, option.rect, direction, ink(colour, moodOf(option)));
+    const QColor color = option.palette.color(QPalette::ButtonText);
+    drawChevron(painter, option.rect, direction, ink(color, moodOf(option)));
 }
 
 } // namespace ui::style

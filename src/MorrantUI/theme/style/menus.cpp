@@ -3,6 +3,7 @@
 #include <MorrantUI/theme/style/metrics.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>
+#include <MorrantUI/theme/style/sharpicons.h>
 
 #include <QPainter>
 
@@ -67,22 +68,21 @@ void drawMark(const QStyleOptionMenuItem& item, QPainter& painter)
     const int width = menuTextOffset(item);
     const QRect column =
         mirrored(item, {item.rect.left(), item.rect.top(), width, item.rect.height()});
-    const QColor colour = textColor(item);
+    const QColor color = textColor(item);
     if (!item.icon.isNull()) {
         const QIcon::Mode mode =
             item.state.testFlag(QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled;
         if (item.checked) {
-            const QRectF ground = centredSquare(column, 20);
-            fillRounded(painter, ground, kSmallRadius, translucent(colour, 0.18));
+            const QRectF ground = centeredSquare(column, 20);
+            fillRounded(painter, ground, kSmallRadius, translucent(color, 0.18));
         }
-        const QRect icon = centredSquare(column, 16).toAlignedRect();
-        item.icon.paint(
-            &painter, icon, Qt::AlignCenter, mode, item.checked ? QIcon::On : QIcon::Off);
+        const QIcon::State state = item.checked ? QIcon::On : QIcon::Off;
+        drawSharp(painter, centeredSquare(column, 16), item.icon, mode, state);
     } else if (item.checked && item.checkType == QStyleOptionMenuItem::Exclusive) {
-        const QRectF dot = centredSquare(column, 6);
-        fillRounded(painter, dot, dot.width() / 2, colour);
+        const QRectF dot = centeredSquare(column, 6);
+        fillRounded(painter, dot, dot.width() / 2, color);
     } else if (item.checked && item.checkType == QStyleOptionMenuItem::NonExclusive) {
-        drawTick(painter, centredSquare(column, 14), colour);
+        drawTick(painter, centeredSquare(column, 14), color);
     }
 }
 
@@ -196,11 +196,8 @@ void drawMenuBarItem(const QStyleOption& option, QPainter& painter, const Contex
         flags |= Qt::TextHideMnemonic;
     }
     if (!item->icon.isNull()) {
-        item->icon.paint(
-            &painter,
-            centredSquare(option.rect, 16).toAlignedRect(),
-            Qt::AlignCenter,
-            mood.enabled ? QIcon::Normal : QIcon::Disabled);
+        const QIcon::Mode mode = mood.enabled ? QIcon::Normal : QIcon::Disabled;
+        drawSharp(painter, centeredSquare(option.rect, 16), item->icon, mode);
         return;
     }
     context.style.drawItemText(

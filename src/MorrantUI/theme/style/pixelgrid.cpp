@@ -32,4 +32,20 @@ QRectF PixelGrid::snap(const QRectF& rect) const
     return m_toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
 }
 
+double PixelGrid::scale() const
+{
+    return m_aligned ? std::abs(m_toDevice.m22()) : 1.0;
+}
+
+QRect PixelGrid::toDevice(const QRectF& rect) const
+{
+    const QRectF device = m_toDevice.mapRect(rect);
+    return {device.topLeft().toPoint(), device.size().toSize()};
+}
+
+QRectF PixelGrid::fromDevice(const QRect& rect) const
+{
+    return m_toDevice.inverted().mapRect(QRectF(rect));
+}
+
 } // namespace ui::style

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRect>
 #include <QRectF>
 #include <QTransform>
 
@@ -20,6 +21,15 @@ public:
 
     /// The rectangle with every edge moved to the nearest device pixel.
     QRectF snap(const QRectF& rect) const;
+
+    /// Whether device pixels are rows and columns to the painter: not when it is rotated.
+    bool isAligned() const { return m_aligned; }
+    /// Device pixels in a logical pixel; 1 for a rotated painter.
+    double scale() const;
+    /// The rectangle in device pixels, at the nearest position and of the nearest whole size, so
+    /// that equal sizes stay equal wherever they are. For an aligned painter.
+    QRect toDevice(const QRectF& rect) const;
+    QRectF fromDevice(const QRect& rect) const;
 
 private:
     QTransform m_toDevice;

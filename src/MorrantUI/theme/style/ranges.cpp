@@ -75,7 +75,7 @@ void drawTicks(const QStyleOptionSlider& slider, QPainter& painter, const Contex
     const qint64 range = qint64(slider.maximum) - slider.minimum;
     const qint64 least = range * 4 / std::max(span, 1);
     const qint64 step = std::max({qint64(wanted), least, qint64(1)});
-    const QColor colour = edge(slider);
+    const QColor color = edge(slider);
     for (qint64 value = slider.minimum; value <= slider.maximum; value += step) {
         const int at =
             length / 2
@@ -87,7 +87,7 @@ void drawTicks(const QStyleOptionSlider& slider, QPainter& painter, const Contex
                 painter,
                 horizontal ? QRectF(corner.x() + at, corner.y() + offset, 1, 3)
                            : QRectF(corner.x() + offset, corner.y() + at, 3, 1),
-                colour);
+                color);
         };
         if (slider.tickPosition & QSlider::TicksAbove) {
             mark(0);
@@ -102,7 +102,7 @@ void drawSliderHandle(const QStyleOptionSlider& slider, QPainter& painter, const
 {
     const Mood mood = moodOf(slider);
     const double side = std::min(handle.width(), handle.height());
-    const QRectF knob = centredSquare(handle, side);
+    const QRectF knob = centeredSquare(handle, side);
     const QColor ground = slider.palette.color(QPalette::Window);
     // A gap of the ground's colour sets the knob off from the groove.
     fillRounded(painter, knob, side / 2, ground);
@@ -145,9 +145,9 @@ QRectF progressChunk(const QStyleOptionProgressBar& bar)
     return chunk;
 }
 
-void drawStripes(QPainter& painter, const QRectF& rect, const QColor& colour)
+void drawStripes(QPainter& painter, const QRectF& rect, const QColor& color)
 {
-    painter.setPen(QPen(colour, kStripeSpacing / 2));
+    painter.setPen(QPen(color, kStripeSpacing / 2));
     for (double x = rect.left() - rect.height(); x < rect.right() + rect.height();
          x += kStripeSpacing) {
         painter.drawLine(QPointF(x, rect.bottom()), QPointF(x + rect.height(), rect.top()));
@@ -213,13 +213,13 @@ void drawDial(const QStyleOption& option, QPainter& painter, const Context& cont
         return;
     }
     const Mood mood = moodOf(option);
-    const QRectF face = centredSquare(option.rect, option.rect.width()).adjusted(3, 3, -3, -3);
+    const QRectF face = centeredSquare(option.rect, option.rect.width()).adjusted(3, 3, -3, -3);
     const double range = std::max(1.0, double(dial->maximum) - dial->minimum);
     const double share = (double(dial->sliderPosition) - dial->minimum) / range;
     const double turned = kDialSweep * (dial->upsideDown ? share : 1.0 - share);
     const double first = 270.0 - (360.0 - kDialSweep) / 2; // degrees, counter-clockwise from east
-    const auto arc = [&](double degrees, const QColor& colour) {
-        painter.setPen(QPen(ink(colour, mood), 3.0, Qt::SolidLine, Qt::RoundCap));
+    const auto arc = [&](double degrees, const QColor& color) {
+        painter.setPen(QPen(ink(color, mood), 3.0, Qt::SolidLine, Qt::RoundCap));
         painter.drawArc(face, qRound(first * 16), qRound(-degrees * 16));
     };
     const QRectF knob = face.adjusted(5, 5, -5, -5);

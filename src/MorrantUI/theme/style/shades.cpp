@@ -12,10 +12,10 @@ constexpr double kHoverValue = 116.0;  ///< percent of the colour's value
 constexpr double kPressedValue = 82.0; ///< percent of the colour's value
 constexpr double kEdgeStrength = 0.8;  ///< of the Midlight role in edges
 
-QColor withValue(const QColor& colour, double percent)
+QColor withValue(const QColor& color, double percent)
 {
-    QColor changed = changeValue(colour, percent);
-    changed.setAlpha(colour.alpha()); // changeValue is opaque by design
+    QColor changed = changeValue(color, percent);
+    changed.setAlpha(color.alpha()); // changeValue is opaque by design
     return changed;
 }
 
@@ -47,20 +47,20 @@ QColor shade(const QColor& fill, const Mood& mood)
     return mood.hovered ? withValue(fill, kHoverValue) : fill;
 }
 
-QColor ink(const QColor& colour, const Mood& mood)
+QColor ink(const QColor& color, const Mood& mood)
 {
-    return mood.enabled ? colour : faded(colour);
+    return mood.enabled ? color : faded(color);
 }
 
-QColor faded(const QColor& colour)
+QColor faded(const QColor& color)
 {
-    return translucent(colour, kDisabledOpacity);
+    return translucent(color, kDisabledOpacity);
 }
 
-QColor translucent(const QColor& colour, double share)
+QColor translucent(const QColor& color, double share)
 {
-    QColor result = colour;
-    result.setAlphaF(static_cast<float>(colour.alphaF() * share));
+    QColor result = color;
+    result.setAlphaF(static_cast<float>(color.alphaF() * share));
     return result;
 }
 

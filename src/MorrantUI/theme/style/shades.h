@@ -24,17 +24,17 @@ Mood moodOf(const QStyleOption& option);
 QColor shade(const QColor& fill, const Mood& mood);
 
 /// The colour of text, marks and icons in a state: as it is, or faded when disabled.
-QColor ink(const QColor& colour, const Mood& mood);
+QColor ink(const QColor& color, const Mood& mood);
 
 /// Faded to the strength of a disabled control.
-QColor faded(const QColor& colour);
+QColor faded(const QColor& color);
 
 /// Strength of what a disabled control draws.
 inline constexpr double kDisabledOpacity = 0.4;
 
 /// The colour at `share` (0 to 1) of its own alpha. Lines and handles are drawn so rather than in a
 /// mixture with the ground: grounds may be transparent and show a parent's.
-QColor translucent(const QColor& colour, double share);
+QColor translucent(const QColor& color, double share);
 
 /// The ground of a control, from its palette's Button or Base role. Panels hand their own ground
 /// down to their children in these roles, which would make buttons and fields vanish: a control

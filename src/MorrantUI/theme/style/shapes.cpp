@@ -14,9 +14,9 @@ namespace {
 constexpr double kMarkWidth = 1.5;      ///< stroke of chevrons, ticks and crosses
 constexpr double kFocusRingWidth = 2.0; ///< logical pixels
 
-QPen markPen(const QColor& colour, double width = kMarkWidth)
+QPen markPen(const QColor& color, double width = kMarkWidth)
 {
-    return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    return QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
 void strokePath(QPainter& painter, const QPainterPath& path, const QPen& pen)
@@ -99,7 +99,7 @@ void fillSharp(QPainter& painter, const QRectF& rect, const QColor& fill)
 }
 
 void drawChevron(
-    QPainter& painter, const QRectF& rect, Qt::ArrowType direction, const QColor& colour)
+    QPainter& painter, const QRectF& rect, Qt::ArrowType direction, const QColor& color)
 {
     const double half = std::min({4.0, rect.width() / 3, rect.height() / 3});
     QPainterPath path;
@@ -108,30 +108,30 @@ void drawChevron(
     path.lineTo(half, -half / 2);
     QTransform place = QTransform::fromTranslate(rect.center().x(), rect.center().y());
     place.rotate(rotation(direction));
-    strokePath(painter, place.map(path), markPen(colour));
+    strokePath(painter, place.map(path), markPen(color));
 }
 
-void drawTick(QPainter& painter, const QRectF& rect, const QColor& colour)
+void drawTick(QPainter& painter, const QRectF& rect, const QColor& color)
 {
     QPainterPath path;
     path.moveTo(rect.left() + rect.width() * 0.24, rect.top() + rect.height() * 0.52);
     path.lineTo(rect.left() + rect.width() * 0.43, rect.top() + rect.height() * 0.71);
     path.lineTo(rect.left() + rect.width() * 0.77, rect.top() + rect.height() * 0.31);
-    strokePath(painter, path, markPen(colour, std::max(kMarkWidth, rect.width() * 0.13)));
+    strokePath(painter, path, markPen(color, std::max(kMarkWidth, rect.width() * 0.13)));
 }
 
-void drawCross(QPainter& painter, const QRectF& rect, const QColor& colour)
+void drawCross(QPainter& painter, const QRectF& rect, const QColor& color)
 {
-    const QPointF centre = rect.center();
+    const QPointF center = rect.center();
     const double half = std::min(3.5, rect.width() / 3);
-    QPainterPath path(centre + QPointF(-half, -half));
-    path.lineTo(centre + QPointF(half, half));
-    path.moveTo(centre + QPointF(half, -half));
-    path.lineTo(centre + QPointF(-half, half));
-    strokePath(painter, path, markPen(colour));
+    QPainterPath path(center + QPointF(-half, -half));
+    path.lineTo(center + QPointF(half, half));
+    path.moveTo(center + QPointF(half, -half));
+    path.lineTo(center + QPointF(-half, half));
+    strokePath(painter, path, markPen(color));
 }
 
-QRectF centredSquare(const QRectF& rect, double side)
+QRectF centeredSquare(const QRectF& rect, double side)
 {
     const double fitting = std::min({side, rect.width(), rect.height()});
     QRectF square(0, 0, fitting, fitting);

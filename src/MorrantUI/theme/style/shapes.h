@@ -39,15 +39,15 @@ void fillSharp(QPainter& painter, const QRectF& rect, const QColor& fill);
 
 /// An open arrow head in the middle of `rect`, 8 × 4 logical pixels, shrunk to fit.
 void drawChevron(
-    QPainter& painter, const QRectF& rect, Qt::ArrowType direction, const QColor& colour);
+    QPainter& painter, const QRectF& rect, Qt::ArrowType direction, const QColor& color);
 
 /// The tick of check boxes and menu rows, filling the square `rect`.
-void drawTick(QPainter& painter, const QRectF& rect, const QColor& colour);
+void drawTick(QPainter& painter, const QRectF& rect, const QColor& color);
 
 /// A cross in the middle of `rect`, 7 logical pixels across, as on closing buttons.
-void drawCross(QPainter& painter, const QRectF& rect, const QColor& colour);
+void drawCross(QPainter& painter, const QRectF& rect, const QColor& color);
 
 /// The largest square in the middle of `rect`, at most `side` wide.
-QRectF centredSquare(const QRectF& rect, double side);
+QRectF centeredSquare(const QRectF& rect, double side);
 
 } // namespace ui::style

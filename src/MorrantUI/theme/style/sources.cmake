@@ -11,6 +11,8 @@ set(morrantStyleParts
     ranges.cpp
     shades.cpp shades.h
     shapes.cpp shapes.h
+    sharpicons.cpp sharpicons.h
+    standardicons.cpp standardicons.h
     tabs.cpp
     views.cpp)
 list(TRANSFORM morrantStyleParts PREPEND "${CMAKE_CURRENT_LIST_DIR}/")

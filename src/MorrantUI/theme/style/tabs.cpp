@@ -74,9 +74,9 @@ void drawTabShape(const QStyleOption& option, QPainter& painter, const Context&)
     const QRectF shape = openTowardsPage(option.rect, side);
     if (selected) {
         fillRounded(painter, shape, kRadius, ink(option.palette.color(QPalette::Window), mood));
+        const PainterState unclipped(painter);
         painter.setClipRect(outerLine(option.rect, side), Qt::IntersectClip);
         fillRounded(painter, shape, kRadius, ink(focusColor(), mood));
-        painter.setClipRect(option.rect);
     } else {
         fillRounded(painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), mood));
     }
@@ -98,6 +98,9 @@ void drawTabLabel(const QStyleOption& option, QPainter& painter, const Context& 
     if (quiet) {
         label.palette.setColor(QPalette::WindowText, colorQt(QStringLiteral("HelperHints")));
     }
+    // The base style places the icon itself, between device pixels at uneven ratios.
+    const PainterState state(painter);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     context.base.drawControl(QStyle::CE_TabBarTabLabel, &label, &painter, context.widget);
 }
 
@@ -114,7 +117,7 @@ void drawTabBarBase(const QStyleOption& option, QPainter& painter, const Context
 void drawTabClose(const QStyleOption& option, QPainter& painter, const Context&)
 {
     const Mood mood = moodOf(option);
-    const QRectF box = centredSquare(option.rect, 16);
+    const QRectF box = centeredSquare(option.rect, 16);
     if (mood.hovered || mood.pressed) {
         fillRounded(
             painter, box, kSmallRadius, shade(option.palette.color(QPalette::Button), mood));

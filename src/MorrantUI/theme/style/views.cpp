@@ -2,6 +2,7 @@
 #include <MorrantUI/theme/style/elements.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>
+#include <MorrantUI/theme/style/sharpicons.h>
 
 #include <QPainter>
 
@@ -70,6 +71,7 @@ void drawItem(const QStyleOption& option, QPainter& painter, const Context& cont
         return;
     }
     QStyleOptionViewItem copy(*item);
+    copy.icon = sharpened(item->icon);
     if (!option.state.testFlag(QStyle::State_Enabled)) {
         copy.palette = fadedTexts(copy.palette);
     }
@@ -86,7 +88,7 @@ void drawBranch(const QStyleOption& option, QPainter& painter, const Context&)
     const Qt::ArrowType closedArrow = leftToRight ? Qt::RightArrow : Qt::LeftArrow;
     drawChevron(
         painter,
-        centredSquare(option.rect, 12),
+        centeredSquare(option.rect, 12),
         open ? Qt::DownArrow : closedArrow,
         ink(option.palette.color(QPalette::Text), moodOf(option)));
 }
@@ -123,7 +125,7 @@ void drawHeaderArrow(const QStyleOption& option, QPainter& painter, const Contex
     const bool up = header->sortIndicator == QStyleOptionHeader::SortUp;
     drawChevron(
         painter,
-        centredSquare(option.rect, 12),
+        centeredSquare(option.rect, 12),
         up ? Qt::UpArrow : Qt::DownArrow,
         ink(option.palette.color(QPalette::ButtonText), moodOf(option)));
 }
