@@ -21,16 +21,23 @@ namespace {
 constexpr QStyle::State kEnabled = QStyle::State_Enabled | QStyle::State_Active;
 constexpr QRect kPlace(3, 5, 90, 22); ///< off the pixel grid at ratios 1.25 and 1.5
 constexpr QColor kInk(255, 60, 0);
+constexpr QColor kPlainInk(0, 60, 255); ///< of the pixels for ratio 1
 
 /// 16 logical pixels square with a stem over the middle half, which is whole pixels at any ratio
-/// that has them for a quarter of the icon.
+/// that has them for a quarter of the icon. Its pixels for ratio 1 are of another colour, and must
+/// not be enlarged.
 QIcon stemIcon()
 {
+    QPixmap plain(16, 16);
+    plain.fill(Qt::transparent);
+    QPainter(&plain).fillRect(4, 0, 8, 16, kPlainInk);
     QPixmap pixmap(32, 32);
     pixmap.setDevicePixelRatio(2.0);
     pixmap.fill(Qt::transparent);
     QPainter(&pixmap).fillRect(4, 0, 8, 16, kInk);
-    return QIcon(pixmap);
+    QIcon icon(plain);
+    icon.addPixmap(pixmap);
+    return icon;
 }
 
 template <typename Option>
@@ -175,6 +182,7 @@ void StyleIconsTest::iconsCoverWholeDevicePixels()
 {
     QFETCH(DrawWithIcon, draw);
     QFETCH(double, ratio);
+    const QColor ink = ratio > 1.0 ? kInk : kPlainInk;
     const QColor ground = style().standardPalette().color(QPalette::Window);
     QImage image((QSizeF(110, 40) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
@@ -188,7 +196,7 @@ void StyleIconsTest::iconsCoverWholeDevicePixels()
     int partial = 0;
     for (int x = 0; x < image.width(); ++x) {
         const QColor seen = image.pixelColor(x, middle);
-        const bool inked = ui::test::closeTo(seen, kInk, 3);
+        const bool inked = ui::test::closeTo(seen, ink, 3);
         full += inked ? 1 : 0;
         partial += !inked && !ui::test::closeTo(seen, ground, 3) ? 1 : 0;
     }
@@ -198,7 +206,7 @@ void StyleIconsTest::iconsCoverWholeDevicePixels()
     for (int y = 0; y < image.height(); ++y) {
         int across = 0;
         for (int x = 0; x < image.width(); ++x) {
-            across += ui::test::closeTo(image.pixelColor(x, y), kInk, 3) ? 1 : 0;
+            across += ui::test::closeTo(image.pixelColor(x, y), ink, 3) ? 1 : 0;
         }
         high += across > 0 ? 1 : 0;
     }

@@ -250,6 +250,7 @@ void drawToolButton(const QStyleOption& option, QPainter& painter, const Context
     }
     // The base style would ring the icon, three pixels inside the button.
     QStyleOptionToolButton unfocused(*button);
+    unfocused.icon = sharpened(button->icon);
     unfocused.state.setFlag(QStyle::State_HasFocus, false);
     context.base.drawComplexControl(QStyle::CC_ToolButton, &unfocused, &painter, context.widget);
     if (moodOf(option).keyboard) {

@@ -6,12 +6,21 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ui::style {
 
 namespace {
 
 constexpr double kLargestIcon = 64.0; ///< side; resampling more at every paint is too slow
+
+/// The icon's pixels for a logical size. Asked for a ratio between whole ones Qt answers with those
+/// of the smaller, which would be enlarged; those of the larger are scaled down.
+QPixmap pixelsFor(
+    const QIcon& icon, const QSize& size, double ratio, QIcon::Mode mode, QIcon::State state)
+{
+    return icon.pixmap(size, std::ceil(ratio), mode, state);
+}
 
 class SharpIconEngine : public QIconEngine
 {
@@ -32,9 +41,15 @@ public:
     }
 
     QPixmap scaledPixmap(
-        const QSize& size, QIcon::Mode mode, QIcon::State state, qreal /*ratio*/) override
+        const QSize& size, QIcon::Mode mode, QIcon::State state, qreal ratio) override
     {
-        return pixmap(size, mode, state);
+        const double scale = std::max(1.0, ratio);
+        QPixmap pixels = pixelsFor(m_icon, (QSizeF(size) / scale).toSize(), scale, mode, state);
+        pixels.setDevicePixelRatio(1.0);
+        if (pixels.width() > size.width() || pixels.height() > size.height()) {
+            pixels = pixels.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        }
+        return pixels;
     }
 
     QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override
@@ -76,7 +91,7 @@ void drawSharp(
     QPainter& painter, const QRectF& rect, const QIcon& icon, QIcon::Mode mode, QIcon::State state)
 {
     const double scale = PixelGrid(painter).scale();
-    const QPixmap pixmap = icon.pixmap(rect.size().toSize(), scale, mode, state);
+    const QPixmap pixmap = pixelsFor(icon, rect.size().toSize(), scale, mode, state);
     if (pixmap.isNull()) {
         return;
     }
