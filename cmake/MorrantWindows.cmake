@@ -14,8 +14,8 @@ function(morrant_compiler_dlls result)
     set(${result} "${dlls}" PARENT_SCOPE)
 endfunction()
 
-# morrant_gather_dlls(TARGETS...): copies the DLLs and plug-ins of every library in the cache into the
-# folder of the programs, when the first of these targets is built and whenever a library is newer.
+# morrant_gather_dlls(): copies the DLLs and plug-ins of every library in the cache into the folder of
+# the programs, once and whenever a library is newer.
 function(morrant_gather_dlls)
     set(folder "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
     morrant_compiler_dlls(dlls)
@@ -42,7 +42,4 @@ function(morrant_gather_dlls)
         COMMENT "Gathering the DLLs beside the programs"
         VERBATIM)
     add_custom_target(windows_dlls ALL DEPENDS "${stamp}")
-    foreach(target IN LISTS ARGN)
-        add_dependencies(${target} windows_dlls)
-    endforeach()
 endfunction()

@@ -3,14 +3,28 @@
 include("${CMAKE_CURRENT_LIST_DIR}/../scripts/windows/mingw64.cmake")
 
 # CMake reads this file again for every try_compile; one question is enough.
-if(NOT MORRANT_WINDOWS_PREFIXES)
+if(NOT CMAKE_IN_TRY_COMPILE AND NOT morrantWindowsAsked)
+    set(morrantWindowsAsked ON)
     execute_process(COMMAND "${CMAKE_CURRENT_LIST_DIR}/../scripts/setup-windows" --where
         OUTPUT_VARIABLE prefixes OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE result)
     if(NOT result EQUAL 0)
         message(FATAL_ERROR "The libraries for Windows were not found: run scripts/setup --windows.")
     endif()
     string(REPLACE "\n" ";" prefixes "${prefixes}")
-    set(MORRANT_WINDOWS_PREFIXES "${prefixes}" CACHE STRING "Install prefixes of the libraries for Windows")
+    # What was found in a build of another recipe is looked for anew.
+    foreach(old IN LISTS MORRANT_WINDOWS_PREFIXES)
+        if(NOT old IN_LIST prefixes)
+            get_cmake_property(variables CACHE_VARIABLES)
+            foreach(variable IN LISTS variables)
+                string(FIND "$CACHE{${variable}}" "${old}/" position)
+                if(position EQUAL 0)
+                    unset(${variable} CACHE)
+                endif()
+            endforeach()
+        endif()
+    endforeach()
+    set(MORRANT_WINDOWS_PREFIXES "${prefixes}" CACHE STRING
+        "Install prefixes of the libraries for Windows" FORCE)
 endif()
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES MORRANT_WINDOWS_PREFIXES)
 list(APPEND CMAKE_FIND_ROOT_PATH ${MORRANT_WINDOWS_PREFIXES})

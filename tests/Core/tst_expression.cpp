@@ -72,7 +72,6 @@ void ExpressionTest::longTextsStayQuick()
         {repeated("(", 4096), 0},
         {repeated("-(", 1300) + nested, 1},
         {repeated("abs(", 800) + nested.left(801), 1},
-        {repeated("1+", 2047) + u"1"_qs, 2048},
         {repeated("1+", 2047) + u"123"_qs, 2047}, // the limit does not cut a number
         {repeated("0?1:", 1000) + u"2"_qs, 2},
         {u"0/0"_qs + repeated("+1", 2046), 0}, // every beginning is bad

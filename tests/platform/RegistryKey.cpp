@@ -62,4 +62,9 @@ bool RegistryKey::exists() const
     return true;
 }
 
+QString runtimeClassKey(const QString& className)
+{
+    return QStringLiteral("Software\\Microsoft\\WindowsRuntime\\ActivatableClassId\\") + className;
+}
+
 } // namespace ui::test

@@ -37,4 +37,7 @@ private:
     QString m_path;
 };
 
+/// The key, under HKEY_LOCAL_MACHINE, that says where a class of the Windows Runtime is.
+QString runtimeClassKey(const QString& className);
+
 } // namespace ui::test

@@ -45,8 +45,7 @@ bool NotificationsTest::registerClasses()
     bool all = true;
     for (const QString& name : faketoast::classNames()) {
         m_classes.push_back(std::make_unique<ui::test::RegistryKey>(
-            HKEY_LOCAL_MACHINE,
-            QStringLiteral("Software\\Microsoft\\WindowsRuntime\\ActivatableClassId\\") + name));
+            HKEY_LOCAL_MACHINE, ui::test::runtimeClassKey(name)));
         all = m_classes.back()->setValue(QStringLiteral("DllPath"), path) && all;
     }
     return all;

@@ -121,7 +121,6 @@ void LottieDrawingTest::aLineOfPixelsShowsWhatItShould_data()
     row("subtraction", shapes({left, right, R"({"ty":"mm","mm":3})", red}), "..RR.......");
     row("intersection", shapes({left, right, R"({"ty":"mm","mm":4})", red}), "....RR.....");
     const QByteArray solid = R"("ty":1,"sw":50,"sh":50,"sc":"#0000ff",)";
-    row("a solid", layer(solid + R"("ks":{"p":{"k":[50,50]}})"), ".....BBBBB.", 75);
     row("drawing is clipped", layer(R"("ty":1,"sw":900,"sh":99,"sc":"#ff0000")"), "RRRRRRRRRR.");
     row("from the in point on", layer(solid + R"("ip":5)"), "BBBBB......", 5);
     row("up to the out point", layer(solid + R"("op":5)"), "...........", 5);

@@ -122,7 +122,9 @@ void ProgramTest::failuresAreOneLine_data()
     QTest::addColumn<QString>("fileName");
     QTest::addColumn<QString>("folderName");
     QTest::newRow("a bad file") << QByteArray("[]") << u"bad.json"_qs << u"out"_qs;
-    QTest::newRow("a name of two lines") << QByteArray("[]") << u"a\nb.json"_qs << u"out"_qs;
+    if (QSysInfo::kernelType() != u"winnt") { // where no file can be called so
+        QTest::newRow("a name of two lines") << QByteArray("[]") << u"a\nb.json"_qs << u"out"_qs;
+    }
     QTest::newRow("a folder that is a file")
         << QByteArray(R"({"fr":10,"ip":0,"op":2,"w":20,"h":10,"layers":[]})") << u"good.json"_qs
         << u"good.json"_qs;

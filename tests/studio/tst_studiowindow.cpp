@@ -146,7 +146,6 @@ void StudioWindowTest::keysPlayStepZoomAndShowTheGallery()
     QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
     QVERIFY(!window.player().isPlaying() && !window.viewport().isVisible());
     QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
-    QVERIFY(window.viewport().isVisible());
 
     const auto scaleAfter = [&window](Qt::Key key) {
         QTest::keyClick(&window, key);
@@ -232,7 +231,7 @@ void StudioWindowTest::aFittedCompositionStaysFittedUntilItIsMoved()
     viewport.resize(464, 264);
     viewport.setDocument(halfRed());
     activate(viewport);
-    viewport.resize(664, 464);
+    viewport.resize(864, 364);
     QTRY_COMPARE(viewport.mapping().scale, 3.0);
 
     ui::test::FakePointer pointer(&viewport);
@@ -244,7 +243,7 @@ void StudioWindowTest::aFittedCompositionStaysFittedUntilItIsMoved()
     QCOMPARE(viewport.mapping().origin, before + QPointF(30, -10));
 
     viewport.resize(464, 264);
-    QTRY_COMPARE(viewport.mapping().origin, before + QPointF(30 - 100, -10 - 100));
+    QTRY_COMPARE(viewport.mapping().origin, before + QPointF(30 - 200, -10 - 50));
 }
 
 const ui::test::Registration<StudioWindowTest> kRegistration;
