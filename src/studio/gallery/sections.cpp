@@ -119,7 +119,7 @@ QImage paletteStrip()
 
 QWidget* generatedImages()
 {
-    constexpr QSize kSize(2 * kImageSide, 2 * kImageSide);
+    static constexpr QSize kSize(2 * kImageSide, 2 * kImageSide);
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins({});

@@ -37,7 +37,7 @@ HRESULT createActivator(REFIID interfaceId, void** object)
 void clickFrom(bool otherThread)
 {
     const auto click = [] {
-        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        const HRESULT entered = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         void* object = nullptr;
         const HRESULT created = createActivator(Activator::kId, &object);
         std::printf("created %s\n", SUCCEEDED(created) ? "yes" : "no");
@@ -46,7 +46,9 @@ void clickFrom(bool otherThread)
             activator->Activate(L"", L"", nullptr, 0);
             activator->Release();
         }
-        CoUninitialize();
+        if (SUCCEEDED(entered)) {
+            CoUninitialize();
+        }
     };
     if (!otherThread) {
         click();
