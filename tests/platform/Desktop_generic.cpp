@@ -43,6 +43,12 @@ public:
     {
         auto* reply = xcb_get_property_reply(
             m_xcb, xcb_get_property(m_xcb, 0, window, name, XCB_ATOM_ANY, 0, 256), nullptr);
+        if (reply == nullptr) {
+            return {}; // the request was about a window that is gone by now
+        }
+        if (!reply) {
+            return {}; // the window is gone
+        }
         const auto* first = static_cast<const Value*>(xcb_get_property_value(reply));
         const std::vector<Value> values(first, first + reply->value_len);
         std::free(reply);
