@@ -3,14 +3,11 @@
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/VisualDesignBase.h>
 #include <MorrantUI/theme/eventfilters.h>
-#include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/palettes.h>
 #include <MorrantUI/theme/screens.h>
 #include <MorrantUI/theme/stylesheets.h>
-#include <MorrantUI/theme/widgets.h>
 
 #include <QApplication>
-#include <QLabel>
 #include <QScreen>
 
 #include <limits>
@@ -30,23 +27,11 @@ QList<Qt::CursorShape> takeCursors()
     return shapes;
 }
 
-/// Counts the events that reach it.
-class Receiver : public QObject
+/// Whether a filter keeps an event, of a kind that plain objects leave alone, from the receiver.
+bool isKeptFrom(QObject* receiver)
 {
-public:
-    int received = 0;
-
-    bool event(QEvent* event) override
-    {
-        received += event->type() == QEvent::User ? 1 : 0;
-        return QObject::event(event);
-    }
-};
-
-void deliver(QObject& receiver)
-{
-    QEvent event(QEvent::User);
-    QCoreApplication::sendEvent(&receiver, &event);
+    QEvent event(QEvent::Clipboard);
+    return QCoreApplication::sendEvent(receiver, &event);
 }
 
 } // namespace
@@ -56,118 +41,64 @@ class HelpersTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() override;
-
-    void theClosestRectangleHoldsOrNearsThePoint_data();
-    void theClosestRectangleHoldsOrNearsThePoint();
-    void pointsBesideEveryScreenHaveAScreen();
-    void theMonitorRatioIsThatOfTheScreen();
-    void aBackgroundReachesAllGroupsAndIsInstalledOnce();
-    void foregroundAndAppendedRolesReachAllGroups();
+    void theClosestRectangleOrScreenHoldsOrNearsThePoint();
+    void groundAndForegroundReachAllGroupsAndAreInstalledOnce();
     void theCommonStyleSheetIsSpelledOut();
-    void theStyleSheetWidensDialogs();
-    void aFilterKeepsTheEventsItsCallbackAnswersTrue();
-    void aFilterEndsWithOwnerOrTarget();
+    void aFilterKeepsEventsUntilOwnerOrTargetIsGone();
     void aCallbackMayDeleteOwnerOrTarget();
-    void pendingEventsRun();
-    void theInnermostWidgetAtAPointIsFound();
-    void aCursorGuardGivesBackItsOwnCursor();
-    void aCursorGuardLeavesOthersCursorsAlone();
-    void aCursorTakenBySomebodyElseIsMadeUpFor();
-    void guardsEndInAnyOrder();
+    void cursorGuardsEndInAnyOrderAndLeaveOthersCursorsAlone();
 };
 
-void HelpersTest::cleanup()
-{
-    const bool cursorLeft = !takeCursors().isEmpty();
-    TestCase::cleanup();
-    QVERIFY2(!cursorLeft, "an override cursor was left behind");
-}
-
-void HelpersTest::theClosestRectangleHoldsOrNearsThePoint_data()
-{
-    QTest::addColumn<QPoint>("point");
-    QTest::addColumn<int>("expected");
-
-    constexpr int kMax = std::numeric_limits<int>::max();
-    constexpr int kMin = std::numeric_limits<int>::min();
-    QTest::newRow("first pixel") << QPoint(0, 0) << 1;
-    QTest::newRow("last pixel") << QPoint(99, 99) << 1;
-    QTest::newRow("next screen's first pixel") << QPoint(100, 50) << 2;
-    QTest::newRow("left of all") << QPoint(-30, 50) << 1;
-    QTest::newRow("below, nearer the second") << QPoint(99, 500) << 2;
-    QTest::newRow("by straight distance") << QPoint(140, -60) << 3;
-    QTest::newRow("far right") << QPoint(kMax, 100) << 2;
-    QTest::newRow("far left and up") << QPoint(kMin, kMin) << 3;
-}
-
-void HelpersTest::theClosestRectangleHoldsOrNearsThePoint()
+void HelpersTest::theClosestRectangleOrScreenHoldsOrNearsThePoint()
 {
     const std::vector<QRect> rects{
         QRect(), QRect(0, 0, 100, 100), QRect(100, 0, 100, 200), QRect(0, -200, 100, 100)};
-    QFETCH(const QPoint, point);
-    QTEST(ui::closestRectangle(rects, point), "expected");
-    QCOMPARE(ui::closestRectangle({}, point), -1);
-}
+    constexpr int kMin = std::numeric_limits<int>::min();
+    QCOMPARE(ui::closestRectangle(rects, {99, 99}), 1);
+    QCOMPARE(ui::closestRectangle(rects, {99, 500}), 2);
+    QCOMPARE(ui::closestRectangle(rects, {140, -60}), 3); // by straight distance
+    QCOMPARE(ui::closestRectangle(rects, {kMin, kMin}), 3);
+    QCOMPARE(ui::closestRectangle({}, {0, 0}), -1);
 
-void HelpersTest::pointsBesideEveryScreenHaveAScreen()
-{
-    QScreen* primary = QGuiApplication::primaryScreen();
+    const QScreen* primary = QGuiApplication::primaryScreen();
     QCOMPARE(getClosestScreenAt(primary->geometry().center()), primary);
     QVERIFY(getClosestScreenAt(QPoint(-1000000, 1000000)) != nullptr);
-}
-
-void HelpersTest::theMonitorRatioIsThatOfTheScreen()
-{
     QWidget widget;
-    widget.move(10, 10);
-    QCOMPARE(ui::getMonitorDPI(&widget), QGuiApplication::primaryScreen()->devicePixelRatio());
+    QCOMPARE(ui::getMonitorDPI(&widget), primary->devicePixelRatio());
     QCOMPARE(ui::getMonitorDPI(nullptr), 1.0);
 }
 
-void HelpersTest::aBackgroundReachesAllGroupsAndIsInstalledOnce()
+void HelpersTest::groundAndForegroundReachAllGroupsAndAreInstalledOnce()
 {
     QWidget widget;
+    ui::appendPalette(&widget, {});
+    QVERIFY(!widget.testAttribute(Qt::WA_SetPalette));
     ui::setWidgetBackground(&widget, Qt::red);
+    ui::setWidgetForeground(&widget, Qt::green);
+    ui::appendPalette(&widget, {{QPalette::Link, Qt::red}, {QPalette::Link, Qt::blue}});
+    const auto grounds = {QPalette::Window, QPalette::Base, QPalette::Button};
+    const auto inks = {
+        QPalette::Text, QPalette::ButtonText, QPalette::BrightText, QPalette::WindowText};
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
-            QCOMPARE(widget.palette().color(group, role), QColor(Qt::red));
+        const auto color = [&](auto role) { return widget.palette().color(group, role); };
+        for (const auto role : grounds) {
+            QCOMPARE(color(role), QColor(Qt::red));
         }
+        for (const auto role : inks) {
+            QCOMPARE(color(role), QColor(Qt::green));
+        }
+        QCOMPARE(color(QPalette::Link), QColor(Qt::blue)); // the later one
     }
-    QVERIFY(widget.autoFillBackground());
-
+    // Nothing is installed where the current group has the colour already.
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Base, Qt::blue);
+    widget.setPalette(palette);
     widget.setAutoFillBackground(false);
-    int changes = 0;
-    ui::installEventFilter(
-        &widget,
-        [&](QObject*, QEvent* event) {
-            changes += event->type() == QEvent::PaletteChange ? 1 : 0;
-            return false;
-        },
-        nullptr);
     ui::setWidgetBackground(&widget, Qt::red);
-    QCOMPARE(changes, 0);
+    QCOMPARE(widget.palette(), palette);
     QVERIFY(widget.autoFillBackground());
     ui::setWidgetBackground(nullptr, Qt::red);
-}
-
-void HelpersTest::foregroundAndAppendedRolesReachAllGroups()
-{
-    QWidget widget;
-    ui::setWidgetForeground(&widget, Qt::red);
-    ui::appendPalette(&widget, {{QPalette::Text, Qt::green}, {QPalette::Text, Qt::blue}});
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        for (const auto role : {QPalette::ButtonText, QPalette::BrightText, QPalette::WindowText}) {
-            QCOMPARE(widget.palette().color(group, role), QColor(Qt::red));
-        }
-        QCOMPARE(widget.palette().color(group, QPalette::Text), QColor(Qt::blue)); // the later one
-    }
-
-    QWidget untouched;
-    ui::appendPalette(&untouched, {});
-    QVERIFY(!untouched.testAttribute(Qt::WA_SetPalette));
     ui::setWidgetForeground(nullptr, Qt::red);
-    ui::appendPalette(nullptr, {{QPalette::Text, Qt::green}});
 }
 
 void HelpersTest::theCommonStyleSheetIsSpelledOut()
@@ -176,7 +107,8 @@ void HelpersTest::theCommonStyleSheetIsSpelledOut()
     theme.setColor(QStringLiteral("Window"), QColor(0x10, 0x20, 0x30));
     theme.setColor(QStringLiteral("Base"), QColor(0x40, 0x50, 0x60, 0x70));
     theme.setColor(QStringLiteral("Shadow"), QColor(0x70, 0x80, 0x90));
-
+    const QString padding = QStringLiteral(
+        "QWidget{margin: 4px;}QLineEdit { margin: 4px; }QDialogButtonBox { margin: 4px; }");
     const QString common = QStringLiteral(
         "\nQLabel{\n    min-width:240 px;\n}\n"
         "QPushButton{\n    padding: 4px;\n    border-radius: 2px;\n    border-radius: 4px;\n"
@@ -186,176 +118,72 @@ void HelpersTest::theCommonStyleSheetIsSpelledOut()
         "QMessageBox, ModalDialog, QInputDialog{\n    background-color: #405060;\n"
         "    margin: 3px;\n    padding: 3px;\n    min-width:350 px;\n}\n");
     QCOMPARE(ui::getCommonStyleSheet(), common);
-    QCOMPARE(
-        ui::getCommonStyleSheetWithPadding(),
-        QStringLiteral("QWidget{margin: 4px;}QLineEdit { margin: 4px; }"
-                       "QDialogButtonBox { margin: 4px; }")
-            + common);
+    QCOMPARE(ui::getCommonStyleSheetWithPadding(), padding + common);
 }
 
-void HelpersTest::theStyleSheetWidensDialogs()
-{
-    QWidget dialog;
-    auto* label = new QLabel(&dialog);
-    dialog.setStyleSheet(
-        ui::getCommonStyleSheetWithPadding()); // Qt would warn of what it cannot read
-    label->ensurePolished();
-    QVERIFY(label->minimumWidth() >= 240);
-}
-
-void HelpersTest::aFilterKeepsTheEventsItsCallbackAnswersTrue()
+void HelpersTest::aFilterKeepsEventsUntilOwnerOrTargetIsGone()
 {
     bool keep = false;
-    QList<QObject*> seen;
-    const auto callback = [&](QObject* watched, QEvent* /*event*/) {
-        seen << watched;
-        return keep;
-    };
-    QObject owner;
-    Receiver target;
-    QObject* filter = ui::installEventFilter(&target, callback, &owner);
-    QCOMPARE(filter->parent(), &owner);
-
-    deliver(target);
-    QCOMPARE(target.received, 1);
-    keep = true;
-    deliver(target);
-    QCOMPARE(target.received, 1);
-    QCOMPARE(seen, (QList<QObject*>{&target, &target}));
-
-    QCOMPARE(ui::installEventFilter(nullptr, callback, &owner), nullptr);
-    QCOMPARE(ui::installEventFilter(&target, {}, &owner), nullptr);
-}
-
-void HelpersTest::aFilterEndsWithOwnerOrTarget()
-{
-    int calls = 0;
-    const auto count = [&](QObject*, QEvent* event) {
-        calls += event->type() == QEvent::User ? 1 : 0;
-        return false;
-    };
-    auto owner = std::make_unique<QObject>();
-    auto target = std::make_unique<QObject>();
-    ui::installEventFilter(qApp, count, owner.get());
-    deliver(*target);
-    QCOMPARE(calls, 1);
-    owner.reset();
-    deliver(*target);
-    QCOMPARE(calls, 1);
-
+    const auto callback = [&](QObject* /*watched*/, QEvent* /*event*/) { return keep; };
     QObject lasting;
-    const QPointer<QObject> filter = ui::installEventFilter(target.get(), count, &lasting);
+    auto owner = std::make_unique<QObject>();
+    ui::installEventFilter(&lasting, callback, owner.get());
+    QVERIFY(!isKeptFrom(&lasting));
+    keep = true;
+    QVERIFY(isKeptFrom(&lasting));
+    owner.reset();
+    QVERIFY(!isKeptFrom(&lasting));
+
+    auto target = std::make_unique<QObject>();
+    const QPointer<QObject> filter = ui::installEventFilter(target.get(), callback, &lasting);
     target.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(filter.isNull());
+    QCOMPARE(ui::installEventFilter(nullptr, callback, &lasting), nullptr);
+    QCOMPARE(ui::installEventFilter(&lasting, {}, nullptr), nullptr);
 }
 
 void HelpersTest::aCallbackMayDeleteOwnerOrTarget()
 {
     auto* owner = new QObject;
-    Receiver target;
+    auto* target = new QObject;
     QString seen;
     ui::installEventFilter(
-        &target,
-        [&seen, &owner, text = QStringLiteral("kept while it runs")](QObject*, QEvent*) {
-            delete std::exchange(owner, nullptr);
+        target,
+        [&, text = QStringLiteral("kept")](QObject*, QEvent*) {
+            delete owner;
             seen = text;
-            return true;
-        },
-        owner);
-    deliver(target);
-    QCOMPARE(seen, QStringLiteral("kept while it runs"));
-    QCOMPARE(target.received, 0);
-    deliver(target);
-    QCOMPARE(target.received, 1);
-
-    // An event must not go on to a receiver that is gone.
-    QObject lasting;
-    const QPointer<QObject> shortLived = new Receiver;
-    ui::installEventFilter(
-        shortLived,
-        [](QObject* watched, QEvent* event) {
-            if (event->type() == QEvent::User) {
-                delete watched;
-            }
+            delete target;
             return false;
         },
-        &lasting);
-    deliver(*shortLived);
-    QVERIFY(shortLived.isNull());
+        owner);
+    QVERIFY(isKeptFrom(target)); // who is gone
+    QCOMPARE(seen, QStringLiteral("kept"));
 }
 
-void HelpersTest::pendingEventsRun()
-{
-    bool ran = false;
-    QMetaObject::invokeMethod(
-        this, [&] { ran = true; }, Qt::QueuedConnection);
-    ui::processEvents();
-    QVERIFY(ran);
-}
-
-void HelpersTest::theInnermostWidgetAtAPointIsFound()
-{
-    QWidget window;
-    window.resize(200, 200);
-    auto* child = new QWidget(&window);
-    child->setGeometry(50, 50, 100, 100);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QCOMPARE(qtutils::findWidgetAt(window.mapToGlobal(QPoint(100, 100))), child);
-    QCOMPARE(qtutils::findWidgetAt(window.mapToGlobal(QPoint(20, 20))), &window);
-}
-
-void HelpersTest::aCursorGuardGivesBackItsOwnCursor()
-{
-    {
-        ui::OverrideCursor guard(Qt::CrossCursor);
-        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
-        guard.change(Qt::SizeHorCursor);
-        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::SizeHorCursor);
-    }
-    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
-}
-
-void HelpersTest::aCursorGuardLeavesOthersCursorsAlone()
+void HelpersTest::cursorGuardsEndInAnyOrderAndLeaveOthersCursorsAlone()
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    {
-        ui::OverrideCursor guard(Qt::CrossCursor);
-        QGuiApplication::setOverrideCursor(Qt::BusyCursor);
-        guard.change(Qt::SizeHorCursor);
-        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
-    }
-    QCOMPARE(takeCursors(), (QList{Qt::WaitCursor, Qt::BusyCursor}));
-}
-
-void HelpersTest::aCursorTakenBySomebodyElseIsMadeUpFor()
-{
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    {
-        ui::OverrideCursor guard(Qt::CrossCursor);
-        QGuiApplication::restoreOverrideCursor(); // meant for the wait cursor
-        guard.change(Qt::SizeHorCursor);
-    }
-    QVERIFY(takeCursors().isEmpty());
-
-    {
-        const ui::OverrideCursor guard(Qt::CrossCursor);
-        takeCursors();
-    }
-    QVERIFY(takeCursors().isEmpty());
-}
-
-void HelpersTest::guardsEndInAnyOrder()
-{
     std::optional<ui::OverrideCursor> first(std::in_place, Qt::CrossCursor);
     std::optional<ui::OverrideCursor> second(std::in_place, Qt::SizeHorCursor);
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    first.reset();
     second->change(Qt::SizeVerCursor);
-    QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::SizeVerCursor);
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    first.reset();
+    second->change(Qt::SizeAllCursor);
+    QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
     second.reset();
-    QCOMPARE(takeCursors(), QList{Qt::WaitCursor});
+    QCOMPARE(takeCursors(), (QList{Qt::WaitCursor, Qt::BusyCursor}));
+
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    first.emplace(Qt::CrossCursor);
+    QGuiApplication::restoreOverrideCursor(); // meant for the wait cursor
+    first->change(Qt::SizeHorCursor);
+    first.reset();
+    second.emplace(Qt::CrossCursor);
+    takeCursors();
+    second.reset();
+    QVERIFY(takeCursors().isEmpty());
 }
 
 const ui::test::Registration<HelpersTest> kRegistration;
