@@ -2,6 +2,45 @@
 
 /// Every public header of the library.
 
+#include <MorrantUI/controls/AnglePad.h>
+#include <MorrantUI/controls/AttributeRow.h>
+#include <MorrantUI/controls/CheckBox.h>
+#include <MorrantUI/controls/ColorSwatch.h>
+#include <MorrantUI/controls/ConnectionInstance.h>
+#include <MorrantUI/controls/ConnectionReceiver.h>
+#include <MorrantUI/controls/ConnectionStyle.h>
+#include <MorrantUI/controls/GroupButton.h>
+#include <MorrantUI/controls/IconButton.h>
+#include <MorrantUI/controls/JoystickPad.h>
+#include <MorrantUI/controls/KeyframeButton.h>
+#include <MorrantUI/controls/LineEdit.h>
+#include <MorrantUI/controls/MouseWrapDragFilter.h>
+#include <MorrantUI/controls/NativeMouseTracker.h>
+#include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/controls/PickWhip.h>
+#include <MorrantUI/controls/PointerLock.h>
+#include <MorrantUI/controls/PushButton.h>
+#include <MorrantUI/controls/RenamableLabel.h>
+#include <MorrantUI/controls/RolloverButton.h>
+#include <MorrantUI/controls/RolloverLabel.h>
+#include <MorrantUI/controls/RowButton.h>
+#include <MorrantUI/controls/SliderField.h>
+#include <MorrantUI/controls/ToggleSwitch.h>
+#include <MorrantUI/controls/ToolButton.h>
+#include <MorrantUI/controls/ValueControl.h>
+#include <MorrantUI/controls/colortext.h>
+#include <MorrantUI/controls/modifiers.h>
+#include <MorrantUI/controls/nativemouse.h>
+#include <MorrantUI/controls/padmath.h>
+#include <MorrantUI/controls/pointermath.h>
+#include <MorrantUI/controls/segmentgeometry.h>
+#include <MorrantUI/controls/slidermath.h>
+#include <MorrantUI/controls/switchgeometry.h>
+#include <MorrantUI/controls/valueformat.h>
+#include <MorrantUI/docking/CollapsibleSection.h>
+#include <MorrantUI/docking/FlowLayout.h>
+#include <MorrantUI/docking/SpacerBar.h>
+#include <MorrantUI/docking/flowmath.h>
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/platform/notifications.h>

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <optional>
+#include <vector>
+
+class NumericField;
+class QWidget;
+
+/// The number fields of an attribute's row and what one change of theirs is: its steps, its end and
+/// the fields that follow a locked one. An index that does not exist, or whose field was deleted,
+/// is ignored.
+class AttributeFields : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AttributeFields(QObject* parent);
+    ~AttributeFields() override;
+
+    /// Makes a field, which `parent` owns, with `value` for its default.
+    NumericField* add(double value, QWidget* parent);
+
+    int count() const { return static_cast<int>(m_fields.size()); }
+    NumericField* at(int index) const;
+
+    /// Shows a value, but not in place of what is being typed. Emits nothing.
+    void setValue(int index, double value);
+
+    void setDefaultValue(int index, double value);
+    bool areAtDefault() const;
+    /// Shows the defaults and emits nothing.
+    /// @return the fields that this has changed, to be told to report()
+    std::vector<int> showDefaults();
+
+    void setLocked(bool locked) { m_locked = locked; }
+
+    /// Commits what is being typed as Return does; the focus stays.
+    void commitTyping();
+
+    /// Emits changed() for a change made from outside. The caller may be deleted by it.
+    void report(int index, bool committed);
+
+Q_SIGNALS:
+    /// False at each step of a change, true once at its end.
+    void changed(int index, bool committed);
+    void dragged(int index, bool dragging);
+    /// A value that had to wait for the user's typing is shown now.
+    void caughtUp();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Field
+    {
+        QPointer<NumericField> editor;
+        double defaultValue = 0.0;
+        double before = 0.0;           ///< the value before the present step, or drag
+        double committed = 0.0;        ///< the value before all steps of the present change
+        std::optional<double> pending; ///< what has to wait for the user's typing
+        bool dragging = false;
+        bool uncommitted = false; ///< a step was the last that was reported
+    };
+
+    const Field* find(int index) const;
+    Field* find(int index);
+    void fieldChanged(int index, bool committed);
+    void fieldDragged(int index, bool dragging);
+    std::vector<int> scaleOthers(int index);
+    void commitSteps();
+    void rememberValues();
+    void showPending();
+
+    std::vector<Field> m_fields;
+    bool m_locked = false;
+};

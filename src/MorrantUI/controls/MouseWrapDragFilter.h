@@ -1,0 +1,109 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QObject>
+#include <QPointF>
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+class QMouseEvent;
+
+/// Turns the mouse events of one widget into a drag that never runs out of screen.
+///
+/// A press of the left button starts the drag, a release ends it, and so does everything that takes
+/// the mouse from the widget: it is hidden, disabled, deleted or gets another parent, its window
+/// loses the focus or is blocked by a modal dialog, a popup opens. No event is consumed: the
+/// widget sees all of them, after the filter.
+class MORRANT_UI_EXPORT MouseWrapDragFilter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A filter that hides the pointer during a drag and lets it move on without end; when the drag
+    /// is over, the pointer is back where it was pressed. Raw mouse input drives it on Windows,
+    /// warping on X11. Where neither is to be had (Wayland, remote sessions, drags with a pen or a
+    /// finger) it does what MakeDummy's does.
+    ///
+    /// The filter belongs to the target and is installed on it; installing it again changes
+    /// nothing. Null without a target.
+    static MouseWrapDragFilter* Make(QWidget* target);
+
+    /// A filter that does the same bookkeeping from ordinary mouse moves and leaves the pointer
+    /// alone.
+    static MouseWrapDragFilter* MakeDummy(QWidget* target);
+
+    /// Ends a drag that is in progress: the pointer is given back. ended() still follows, unless it
+    /// is the target that goes.
+    ~MouseWrapDragFilter() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    /// A disabled filter starts no drag; one that is in progress goes on.
+    void setEnabled(bool enabled) { m_enabled = enabled; }
+    bool isEnabled() const { return m_enabled; }
+
+    bool isDragging() const { return m_dragging; }
+
+    /// Ends the drag as a release does; nothing when there is none.
+    void forceEndDrag();
+
+    /// Reports a movement once it has reached QApplication::startDragDistance() (|x| + |y|), and
+    /// from then on all, measured from where it reached it. Ignored unless it is finite.
+    ///
+    /// @param a         handed on as it is
+    /// @param movement  since the press, in logical pixels
+    void commitDrag(const QPointF& a, const QPointF& movement);
+
+Q_SIGNALS:
+    void started();
+    void ended();
+
+    /// @param current     the global position that the pointer would have on an endless screen;
+    /// where
+    ///                    raw input drives the drag, the sum of its motions in device units
+    /// @param totalDelta  logical pixels since the drag distance was reached, not since the press
+    void dragged(const QPointF& current, const QPointF& totalDelta);
+
+protected:
+    explicit MouseWrapDragFilter(QWidget* target);
+
+    /// Called for a press, before started(). @param position global, whole logical pixels
+    virtual void dragBegins(const QPointF& position) = 0;
+    /// Called for each mouse move of the drag.
+    virtual void pointerMoved(const QPointF& position) = 0;
+    /// Called at the end of a drag, before ended(); the target may be gone. A class that implements
+    /// it calls forceEndDrag() in its destructor.
+    virtual void dragEnds() = 0;
+
+    /// There is one pointer: ends the drag that has taken it last.
+    void takePointer();
+
+    /// Whether this drag has gone the drag distance, with this movement or before.
+    bool passesThreshold(const QPointF& movement);
+
+    QWidget* target() const { return m_target; }
+    /// Whether a mouse or the like pressed, not a pen or a finger, whose positions are absolute.
+    bool isMouseDrag() const { return m_mouseDrag; }
+
+    QPointF m_startPosition;
+    QPointF m_current;
+
+private:
+    class Doors;
+
+    void handle(QEvent& event);
+    void beginDrag(const QMouseEvent& press);
+    /// Ends the drag without a signal.
+    void abandonDrag();
+
+    bool m_dragging = false;
+    bool m_thresholdPassed = false;
+    QPointF m_thresholdOffset;
+    QPointer<QWidget> m_target;
+    bool m_enabled = true;
+    bool m_mouseDrag = true;
+    std::unique_ptr<Doors> m_doors; ///< while dragging
+};

@@ -1,0 +1,443 @@
+#include "NumericField.h"
+
+#include <MorrantUI/controls/AccessibleNumericField.h>
+#include <MorrantUI/controls/MouseWrapDragFilter.h>
+#include <MorrantUI/controls/accessibility.h>
+#include <MorrantUI/controls/cursors.h>
+#include <MorrantUI/controls/modifiers.h>
+#include <MorrantUI/controls/nativemouse.h>
+#include <MorrantUI/controls/valueformat.h>
+#include <MorrantUI/log.h>
+#include <MorrantUI/theme/OverrideCursor.h>
+#include <MorrantUI/theme/VisualDesignBase.h>
+#include <MorrantUI/theme/currenttheme.h>
+
+#include <Core/Expression.h>
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace {
+
+bool themeUsesPointerLock()
+{
+    const VisualDesignBase* theme = ui::currentTheme();
+    return !theme || theme->usePointerLock();
+}
+
+bool isStepKey(int key)
+{
+    return key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
+void setUnlessNaN(double& member, double value)
+{
+    member = std::isnan(value) ? member : value;
+}
+
+} // namespace
+
+struct NumericField::Data
+{
+    ui::NumberRange range;
+    double softMin = std::numeric_limits<double>::lowest();
+    double softMax = std::numeric_limits<double>::max();
+    double dragMultiplier = 1.0;
+    double startValue = 0.0;
+    int cursorPosition = 0; ///< in the text, under the last press
+
+    bool dragging = false;
+    bool draggingReported = false;  ///< what dragStateChanged() said last
+    bool draggedSincePress = false; ///< the release is not that of a click
+    QPointer<MouseWrapDragFilter> dragFilter;
+    std::optional<ui::OverrideCursor> dragCursor;
+};
+
+NumericField::NumericField(double startValue, QWidget* parent)
+    : LineEdit(parent)
+    , m_data(std::make_unique<Data>())
+{
+    ui::installAccessible<NumericField, ui::AccessibleNumericField>();
+    setUsePointerLock(themeUsesPointerLock());
+    setValue(startValue);
+    setStartValue(value());
+    setMouseTracking(true);
+    setReadOnly(true);
+    m_data->dragFilter->setEnabled(true);
+    setColors(QStringLiteral("Window"), QStringLiteral("Text"), QStringLiteral("WindowText"));
+    setFocusPolicy(Qt::TabFocus);
+
+    if (const VisualDesignBase* theme = ui::currentTheme()) {
+        connect(theme, &VisualDesignBase::usePointerLockChanged, this, [this] {
+            setUsePointerLock(themeUsesPointerLock());
+        });
+    }
+    connect(this, &QWidget::customContextMenuRequested, this, &NumericField::cancelForContextMenu);
+}
+
+NumericField::~NumericField()
+{
+    if (m_data->dragFilter) {
+        m_data->dragFilter->forceEndDrag();
+    }
+}
+
+double NumericField::value() const
+{
+    return m_data ? text().toDouble() : 0.0;
+}
+
+void NumericField::setValue(double value)
+{
+    showText(textOf(value));
+}
+
+double NumericField::startValue() const
+{
+    return m_data->startValue;
+}
+
+void NumericField::setStartValue(double value)
+{
+    setUnlessNaN(m_data->startValue, value);
+}
+
+double NumericField::getMin() const
+{
+    return m_data->range.min;
+}
+
+void NumericField::setMin(double value)
+{
+    setUnlessNaN(m_data->range.min, ui::acceptedMin(value, isInteger()));
+}
+
+double NumericField::getMax() const
+{
+    return m_data->range.max;
+}
+
+void NumericField::setMax(double value)
+{
+    setUnlessNaN(m_data->range.max, ui::acceptedMax(value, isInteger()));
+}
+
+double NumericField::softMin() const
+{
+    return m_data->softMin;
+}
+
+void NumericField::setSoftMin(double value)
+{
+    setUnlessNaN(m_data->softMin, value);
+}
+
+double NumericField::softMax() const
+{
+    return m_data->softMax;
+}
+
+void NumericField::setSoftMax(double value)
+{
+    setUnlessNaN(m_data->softMax, value);
+}
+
+double NumericField::dragMultiplier() const
+{
+    return m_data->dragMultiplier;
+}
+
+void NumericField::setDragMultiplier(double multiplier)
+{
+    if (std::isfinite(multiplier)) {
+        m_data->dragMultiplier = multiplier;
+    }
+}
+
+bool NumericField::isInteger() const
+{
+    return m_data->range.isInteger;
+}
+
+void NumericField::setFieldType(FIELD_TYPE type)
+{
+    m_data->range.isInteger = type == Integer;
+}
+
+void NumericField::setUsePointerLock(bool use)
+{
+    const QPointer<NumericField> self(this);
+    if (m_data->dragFilter) {
+        m_data->dragFilter->forceEndDrag();
+    }
+    if (!self) {
+        return;
+    }
+    if (MouseWrapDragFilter* old = m_data->dragFilter) {
+        removeEventFilter(old);
+        old->deleteLater();
+    }
+    MouseWrapDragFilter* filter =
+        use ? MouseWrapDragFilter::Make(this) : MouseWrapDragFilter::MakeDummy(this);
+    filter->setEnabled(isReadOnly());
+    connect(filter, &MouseWrapDragFilter::started, this, &NumericField::beginDrag);
+    connect(filter, &MouseWrapDragFilter::dragged, this, &NumericField::scrub);
+    connect(filter, &MouseWrapDragFilter::ended, this, &NumericField::endDrag);
+    m_data->dragFilter = filter;
+}
+
+QString NumericField::textOf(double value) const
+{
+    return ui::formatValue(value, m_data->range);
+}
+
+void NumericField::showText(const QString& text)
+{
+    if (text != this->text()) {
+        setText(text);
+        ui::notifyAccessibleValue(this, value());
+    }
+}
+
+void NumericField::fixup(QString& text)
+{
+    if (text.isEmpty()) {
+        return;
+    }
+    text.replace(u',', u'.');
+    std::string error;
+    const double result = evaluateExpression(text.toStdString(), {}, &error);
+    if (!error.empty()) {
+        ui::log::error("Inline Expression Error: {}", error);
+    }
+    text = textOf(result);
+}
+
+bool NumericField::isAcceptable(const QString& text) const
+{
+    return !text.isEmpty() && LineEdit::isAcceptable(text);
+}
+
+void NumericField::beginDrag()
+{
+    QCoreApplication::instance()->installEventFilter(this); // for Escape, wherever the focus is
+    m_data->dragCursor.emplace(ui::scrubCursor());
+}
+
+void NumericField::scrub(const QPointF&, const QPointF& totalDelta)
+{
+    const QPointer<NumericField> self(this);
+    m_data->dragging = true;
+    m_data->draggedSincePress = true;
+    if (!std::exchange(m_data->draggingReported, true)) {
+        Q_EMIT dragStateChanged(true);
+        if (!self || !m_data->dragging) {
+            return;
+        }
+    }
+    const double factor = ui::modifierFactor(ui::queryKeyboardModifiers());
+    setValue(ui::scrubbedValue(
+        {.startValue = m_data->startValue,
+         .distance = totalDelta.x(),
+         .valuePerPixel = m_data->dragMultiplier * factor,
+         .softMin = m_data->softMin,
+         .softMax = m_data->softMax},
+        m_data->range));
+    Q_EMIT valueChanged(false);
+}
+
+void NumericField::endDrag()
+{
+    QCoreApplication::instance()->removeEventFilter(this);
+    m_data->dragCursor.reset();
+    m_data->dragging = false;
+    if (std::exchange(m_data->draggingReported, false)) {
+        Q_EMIT dragStateChanged(false);
+    }
+}
+
+void NumericField::cancelForContextMenu()
+{
+    const QPointer<NumericField> self(this);
+    const bool reported = m_data->draggingReported;
+    m_data->dragFilter->forceEndDrag();
+    if (!self) {
+        return;
+    }
+    clearFocus();
+    if (!self) {
+        return;
+    }
+    setReadOnly(false);
+    setCursor(Qt::ArrowCursor);
+    m_data->dragFilter->setEnabled(false);
+    showNativeMouse();
+    if (!reported) {
+        Q_EMIT dragStateChanged(false);
+    }
+}
+
+void NumericField::enterEditMode()
+{
+    m_data->dragFilter->setEnabled(false);
+    setReadOnly(false);
+    setFocus(Qt::OtherFocusReason);
+}
+
+void NumericField::leaveEditMode()
+{
+    setReadOnly(true);
+    setCursor(ui::scrubCursor());
+    m_data->dragFilter->setEnabled(true);
+}
+
+bool NumericField::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isKey =
+        event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!isKey || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
+        return LineEdit::eventFilter(watched, event);
+    }
+    event->accept();
+    if (event->type() == QEvent::KeyPress) {
+        m_data->dragFilter->forceEndDrag();
+    }
+    return true;
+}
+
+bool NumericField::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride
+        && isStepKey(static_cast<QKeyEvent*>(event)->key())) {
+        event->accept();
+        return true;
+    }
+    return LineEdit::event(event);
+}
+
+void NumericField::keyPressEvent(QKeyEvent* event)
+{
+    if (!isStepKey(event->key())) {
+        LineEdit::keyPressEvent(event);
+        return;
+    }
+    const double sign = event->key() == Qt::Key_Up ? 1.0 : -1.0;
+    const double step = sign * m_data->dragMultiplier * ui::modifierFactor(event->modifiers());
+    const int start = selectionStart();
+    const int length = selectionLength();
+    const bool isWhole = length == text().size();
+    event->accept();
+
+    const QPointer<NumericField> self(this);
+    stepTo(textOf(value() + step));
+    if (!self) {
+        return;
+    }
+    ui::notifyAccessibleValue(this, value());
+    if (isWhole) {
+        selectAll();
+    } else if (length > 0) {
+        setSelection(start, length);
+    }
+}
+
+void NumericField::mousePressEvent(QMouseEvent* event)
+{
+    if (!isReadOnly()) {
+        if (!hasFocus()) { // as a context menu leaves the field
+            setFocus(Qt::MouseFocusReason);
+        }
+        LineEdit::mousePressEvent(event);
+    } else if (event->button() == Qt::RightButton) {
+        ui::log::debug("right click");
+    } else if (event->button() == Qt::LeftButton) {
+        m_data->cursorPosition = cursorPositionAt(event->position().toPoint());
+        m_data->startValue = value();
+        m_data->draggedSincePress = false;
+    }
+}
+
+void NumericField::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!isReadOnly()) {
+        LineEdit::mouseMoveEvent(event);
+    }
+}
+
+void NumericField::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!isReadOnly()) {
+        LineEdit::mouseReleaseEvent(event);
+        return;
+    }
+    event->accept();
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    // The filter has seen the release first and ended the drag.
+    const bool isClick = !std::exchange(m_data->draggedSincePress, false);
+    if (isClick && rect().contains(event->position().toPoint())) {
+        enterEditMode();
+        setKeepsFocus(false);
+        setCursorPosition(m_data->cursorPosition);
+        LineEdit::mouseReleaseEvent(event);
+    }
+}
+
+void NumericField::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (!isReadOnly()) {
+        LineEdit::mouseDoubleClickEvent(event);
+        return;
+    }
+    // A drag can follow another quickly: to scrubbing the second press is a press.
+    QMouseEvent press(
+        QEvent::MouseButtonPress,
+        event->position(),
+        event->scenePosition(),
+        event->globalPosition(),
+        event->button(),
+        event->buttons(),
+        event->modifiers(),
+        event->pointingDevice());
+    QCoreApplication::sendEvent(this, &press);
+}
+
+void NumericField::enterEvent(QEnterEvent* event)
+{
+    if (!isEnabled()) {
+        setCursor(Qt::PointingHandCursor); // deliberate
+    } else if (isReadOnly()) {
+        setCursor(ui::scrubCursor());
+    } else {
+        setCursor(Qt::IBeamCursor);
+    }
+    LineEdit::enterEvent(event);
+}
+
+void NumericField::focusInEvent(QFocusEvent* event)
+{
+    const bool byTab =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byTab && !m_data->dragging) {
+        enterEditMode();
+    }
+    setCursor(Qt::IBeamCursor);
+    LineEdit::focusInEvent(event);
+}
+
+void NumericField::focusOutEvent(QFocusEvent* event)
+{
+    if (!goesToOwnMenu(*event)) {
+        leaveEditMode();
+    }
+    LineEdit::focusOutEvent(event);
+}

@@ -1,0 +1,24 @@
+#include "PlainDragFilter.h"
+
+PlainDragFilter::PlainDragFilter(QWidget* target)
+    : MouseWrapDragFilter(target)
+{}
+
+PlainDragFilter::~PlainDragFilter()
+{
+    forceEndDrag();
+}
+
+void PlainDragFilter::dragBegins(const QPointF& position)
+{
+    m_startPosition = position;
+}
+
+void PlainDragFilter::pointerMoved(const QPointF& position)
+{
+    m_current = position;
+    commitDrag(m_current, m_current - m_startPosition);
+}
+
+void PlainDragFilter::dragEnds()
+{}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+#include <QWidget>
+
+#include <memory>
+
+namespace morrant::native {
+class PointerConfinement;
+}
+
+/// Confines the pointer to a widget's window, less a margin. On Windows, and on X11 with barriers
+/// that stop mice, but no warps; other systems do not let us.
+///
+/// A lock ends with unlock(), with the object, and when the widget is hidden, disabled or gets
+/// another parent, or its window loses the focus or is blocked by a modal dialog.
+class MORRANT_UI_EXPORT PointerLock : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param widget  may be null or die, and is then not locked to
+    explicit PointerLock(QWidget* widget, QObject* parent = nullptr);
+    ~PointerLock() override;
+
+    /// Nothing happens to a window that has no native window or is smaller than its margins.
+    /// Locking again follows a window that has moved.
+    void lock();
+    void unlock();
+    bool locked() const;
+
+    /// Where the pointer was last confined to, in physical pixels of the desktop; empty before the
+    /// first lock.
+    QRect confiningRect() const { return m_rect; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QPointer<QWidget> m_widget;
+    QRect m_rect;
+    std::unique_ptr<morrant::native::PointerConfinement> m_confinement; ///< while locked
+};

@@ -1,0 +1,50 @@
+#include "AccessibleButton.h"
+#include "accessibility.h"
+#include "buttonlook.h"
+#include <MorrantUI/controls/PushButton.h>
+
+#include <QKeyEvent>
+#include <QStyleOptionButton>
+
+PushButton::PushButton(QWidget* parent)
+    : PushButton(QString(), parent)
+{}
+
+PushButton::PushButton(const QString& text, QWidget* parent)
+    : QPushButton(text, parent)
+{
+    ui::installAccessible<PushButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+}
+
+PushButton::~PushButton() = default;
+
+void PushButton::setIconName(const QString& name)
+{
+    m_iconName = name;
+    setIcon(ui::namedIcon(name));
+}
+
+void PushButton::setPrimary(bool primary)
+{
+    if (primary != m_primary) {
+        m_primary = primary;
+        update();
+    }
+}
+
+void PushButton::initStyleOption(QStyleOptionButton* option) const
+{
+    QPushButton::initStyleOption(option);
+    if (option) {
+        option->features.setFlag(
+            QStyleOptionButton::DefaultButton,
+            m_primary || option->features.testFlag(QStyleOptionButton::DefaultButton));
+    }
+}
+
+void PushButton::keyPressEvent(QKeyEvent* event)
+{
+    if (!ui::clickOnReturn(*this, *event)) {
+        QPushButton::keyPressEvent(event);
+    }
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QWidget>
+
+class NumericField;
+class SliderTrack;
+
+/// A slider with a number field beside it, for one value. The slider spans the soft range, the
+/// range that is useful; the field takes any number of the hard range.
+///
+/// A press beside the handle takes it there. Dragging follows the pointer, with Control a tenth
+/// and with Shift ten times as fast. The arrow keys step (Control a tenth, Shift ten times), Page
+/// Up and Page Down by ten steps, Home and End go to the ends of the soft range; a double click on
+/// the slider and Backspace return to the default. The groove is filled from 0 when the soft range
+/// spans it, else from its lower end; right to left mirrors slider and keys.
+class MORRANT_UI_EXPORT SliderField : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int kMaxDecimals = 3; ///< as many as a number field shows
+
+    /// From 0 to 1 in steps of 0.01, with two decimals.
+    explicit SliderField(QWidget* parent = nullptr);
+    ~SliderField() override;
+
+    double value() const;
+    /// Limits to the hard range, rounds to the decimals and emits nothing. NaN is ignored.
+    void setValue(double value);
+
+    /// The hard range, which the soft range, the value and the default are kept in. Limits that
+    /// are not finite or in the wrong order are ignored. The soft range becomes the same; set it
+    /// afterwards.
+    void setRange(double minimum, double maximum);
+    double minimum() const { return m_minimum; }
+    double maximum() const { return m_maximum; }
+
+    /// What the slider spans, cut to the hard range. Limits that are not finite, in the wrong order
+    /// or wholly outside are ignored.
+    void setSoftRange(double minimum, double maximum);
+    double softMinimum() const { return m_softMinimum; }
+    double softMaximum() const { return m_softMaximum; }
+
+    /// The step of keys and of the field's scrubbing, and what dragged values are multiples of (a
+    /// tenth of it with Control); the ends of the soft range can always be reached. Not finite, 0
+    /// or less is ignored.
+    void setStep(double step);
+    double step() const { return m_step; }
+
+    /// Decimals that values are rounded to, 0 to 3; others are limited. 0 makes it an integer
+    /// field.
+    void setDecimals(int decimals);
+    int decimals() const { return m_decimals; }
+
+    /// What a double click and Backspace return to; 0 or what is nearest to it unless set. NaN is
+    /// ignored.
+    void setDefaultValue(double value);
+    double defaultValue() const;
+
+    bool isDragging() const;
+
+    /// The field, for its tool tip or accessible texts. Owned by the control, which reports for it.
+    NumericField* field() const { return m_field; }
+
+Q_SIGNALS:
+    /// The user has changed the value, with the slider or in the field: false at every step of a
+    /// drag, true once when a change is complete.
+    void valueChanged(bool committed);
+    /// Around a drag of the slider that changes something, and of the field.
+    void dragStateChanged(bool dragging);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void sizeField();
+    void takeFromTrack(bool committed);
+    void takeFromField(bool committed);
+    void takeDragState(bool dragging);
+    void applySetup();
+    void commit();
+    void show(double value);
+    double admitted(double value) const;
+
+    SliderTrack* m_track; ///< holds the value
+    NumericField* m_field;
+    double m_minimum = 0.0;
+    double m_maximum = 1.0;
+    double m_softMinimum = 0.0;
+    double m_softMaximum = 1.0;
+    double m_step = 0.01;
+    double m_default = 0.0;
+    int m_decimals = 2;
+    bool m_fieldDragging = false;
+    double m_committed = 0.0; ///< the value when it was last complete
+};

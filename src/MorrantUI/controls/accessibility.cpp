@@ -1,0 +1,59 @@
+#include "accessibility.h"
+
+#include <QWidget>
+
+#include <cmath>
+#include <utility>
+
+namespace ui {
+
+AccessibleNumberControl::AccessibleNumberControl(
+    QWidget* widget, QAccessible::Role role, AccessibleNumber number)
+    : QAccessibleWidget(widget, role)
+    , m_number(std::move(number))
+{}
+
+void* AccessibleNumberControl::interface_cast(QAccessible::InterfaceType type)
+{
+    if (type == QAccessible::ValueInterface)
+        return static_cast<QAccessibleValueInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+}
+
+QVariant AccessibleNumberControl::currentValue() const
+{
+    return m_number.value();
+}
+
+void AccessibleNumberControl::setCurrentValue(const QVariant& value)
+{
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    if (isNumber && std::isfinite(number) && widget()->isEnabled())
+        m_number.setValue(number);
+}
+
+QVariant AccessibleNumberControl::maximumValue() const
+{
+    return m_number.maximum();
+}
+
+QVariant AccessibleNumberControl::minimumValue() const
+{
+    return m_number.minimum();
+}
+
+QVariant AccessibleNumberControl::minimumStepSize() const
+{
+    return m_number.step();
+}
+
+void notifyAccessibleValue(QObject* object, const QVariant& value)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleValueChangeEvent event(object, value);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace ui

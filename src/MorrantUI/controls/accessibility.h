@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+#include <functional>
+
+namespace ui {
+
+/// Makes Qt build an Interface from a T* for every object whose class is T, or derives from it
+/// without an interface of its own. Called from T's constructor; only the first call does anything.
+template <class T, class Interface>
+void installAccessible()
+{
+    static const bool installed = [] {
+        QAccessible::installFactory(
+            [](const QString& key, QObject* object) -> QAccessibleInterface* {
+                auto* widget = key == QLatin1String(T::staticMetaObject.className())
+                                   ? qobject_cast<T*>(object)
+                                   : nullptr;
+                return widget != nullptr ? new Interface(widget)
+                                         : nullptr; // QAccessible's cache owns it
+            });
+        return true;
+    }();
+    Q_UNUSED(installed)
+}
+
+/// What assistive tools may ask of a number, and do to it. Every function must be set.
+struct AccessibleNumber
+{
+    std::function<double()> value;
+    std::function<void(double)> setValue; ///< as the user would: the control's signals go out
+    std::function<double()> minimum;
+    std::function<double()> maximum;
+    std::function<double()> step;
+};
+
+/// A widget with a number that assistive tools read and set.
+class AccessibleNumberControl : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    AccessibleNumberControl(QWidget* widget, QAccessible::Role role, AccessibleNumber number);
+
+    void* interface_cast(QAccessible::InterfaceType type) override;
+
+    QVariant currentValue() const override;
+    /// Ignores what is not a finite number, and everything while the widget is disabled.
+    void setCurrentValue(const QVariant& value) override;
+    QVariant maximumValue() const override;
+    QVariant minimumValue() const override;
+    QVariant minimumStepSize() const override;
+
+private:
+    AccessibleNumber m_number;
+};
+
+/// Tells assistive tools that the value of a control has changed; next to nothing when none
+/// listens.
+void notifyAccessibleValue(QObject* object, const QVariant& value);
+
+} // namespace ui

@@ -1,0 +1,30 @@
+#include "nativemouse.h"
+
+#include <MorrantUI/platform/PointerConfinement.h>
+#include <MorrantUI/platform/PointerSystem.h>
+
+#include <utility>
+
+using morrant::native::PointerSystem;
+
+static bool gHiddenByUs = false;
+
+void hideNativeMouse()
+{
+    if (!std::exchange(gHiddenByUs, true)) {
+        PointerSystem::instance().hide();
+    }
+}
+
+void showNativeMouse()
+{
+    if (std::exchange(gHiddenByUs, false)) {
+        PointerSystem::instance().show();
+    }
+}
+
+void resetNativeMouseState()
+{
+    morrant::native::PointerConfinement::endAll();
+    showNativeMouse();
+}

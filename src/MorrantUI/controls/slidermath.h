@@ -1,0 +1,44 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QRectF>
+#include <Qt>
+
+/// From points of a slider to values, and back. Lengths are logical pixels.
+namespace ui {
+
+/// The groove of a slider and the numbers at its ends.
+struct MORRANT_UI_EXPORT SliderScale
+{
+    double left = 0.0;  ///< the middle of the handle at the left end
+    double right = 0.0; ///< and at the right end
+    double minimum = 0.0;
+    double maximum = 1.0;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+
+    /// Where the middle of the handle is; a value outside the scale is at its end.
+    double xOf(double value) const;
+    /// The value of a position; limited to the scale, the minimum when that has no length.
+    double valueAt(double x) const;
+};
+
+/// The value rounded to decimals (0 to 15, others are limited), halves away from zero.
+MORRANT_UI_EXPORT double roundedTo(double value, int decimals);
+
+/// A value from the slider as its user wants it: the nearest multiple of `step`, unless an end of
+/// the range is nearer, with so many decimals at most.
+MORRANT_UI_EXPORT double steppedValue(
+    double value, double minimum, double maximum, double step, int decimals);
+
+/// How far a key moves a value: the step times `factor`, but never less than the last decimal.
+MORRANT_UI_EXPORT double keyStep(double step, double factor, int decimals);
+
+/// How much faster or slower the user wants it: 0.1 with Control, which wins, 10 with Shift.
+MORRANT_UI_EXPORT double rateOf(Qt::KeyboardModifiers modifiers);
+
+/// The part of the groove between the value and where the fill begins: at 0 when the scale spans
+/// it, else at the minimum. `groove` gives top and height.
+MORRANT_UI_EXPORT QRectF filledGroove(const SliderScale& scale, const QRectF& groove, double value);
+
+} // namespace ui

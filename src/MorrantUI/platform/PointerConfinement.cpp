@@ -1,0 +1,47 @@
+#include "PointerConfinement.h"
+
+#include <MorrantUI/platform/PointerSystem.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace morrant::native {
+
+/// The latest last.
+static std::vector<const PointerConfinement*>& inForce()
+{
+    static std::vector<const PointerConfinement*> confinements;
+    return confinements;
+}
+
+PointerConfinement::PointerConfinement(const QRect& rect)
+    : m_rect(rect)
+{
+    inForce().push_back(this);
+    PointerSystem::instance().confine(rect);
+}
+
+PointerConfinement::~PointerConfinement()
+{
+    if (std::erase(inForce(), this) == 0) {
+        return;
+    }
+    if (inForce().empty()) {
+        PointerSystem::instance().endConfinement();
+    } else {
+        PointerSystem::instance().confine(inForce().back()->m_rect);
+    }
+}
+
+bool PointerConfinement::isInForce() const
+{
+    return std::find(inForce().begin(), inForce().end(), this) != inForce().end();
+}
+
+void PointerConfinement::endAll()
+{
+    inForce().clear();
+    PointerSystem::instance().endConfinement();
+}
+
+} // namespace morrant::native

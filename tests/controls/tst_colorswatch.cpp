@@ -1,0 +1,304 @@
+#include "controls/SignalRecord.h"
+#include "controls/StyledApplication.h"
+#include "support/FakePointer.h"
+#include "support/TestCase.h"
+#include "support/pixels.h"
+#include <MorrantUI/controls/ColorSwatch.h>
+#include <MorrantUI/controls/colortext.h>
+
+#include <QtWidgets>
+
+#include <functional>
+
+using ui::test::FakePointer;
+using ui::test::SignalRecord;
+
+namespace {
+
+/// A swatch that counts the drags begun from it instead of holding up the test.
+class CountingSwatch : public ColorSwatch
+{
+public:
+    using ColorSwatch::ColorSwatch;
+    int drags = 0;
+
+protected:
+    void startDrag() override { ++drags; }
+};
+
+struct Panel
+{
+    Panel()
+    {
+        swatch->setGeometry(10, 10, 60, 24);
+        window.resize(120, 60);
+        window.show();
+        window.activateWindow();
+        exposed = QTest::qWaitForWindowActive(&window);
+    }
+
+    /// Opens the dialog and chooses a colour in it.
+    void choose(const QColor& color)
+    {
+        swatch->click();
+        swatch->dialog()->setCurrentColor(color);
+    }
+
+    QWidget window;
+    QPointer<CountingSwatch> swatch = new CountingSwatch(Qt::red, &window);
+    SignalRecord record{swatch.data()};
+    bool exposed = false;
+};
+
+/// Sends what a drag of `data` over the middle of a swatch and its drop send.
+/// @return whether the drop was taken
+bool drop(ColorSwatch& swatch, const QMimeData& data)
+{
+    const QPoint middle = swatch.rect().center();
+    QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QCoreApplication::sendEvent(&swatch, &enter);
+    if (!enter.isAccepted()) {
+        return false;
+    }
+    QDropEvent event(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    event.ignore();
+    QCoreApplication::sendEvent(&swatch, &event);
+    return event.isAccepted();
+}
+
+} // namespace
+
+class ColorSwatchTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void choosingIsLiveAndAcceptCommits();
+    void cancelRestoresAndReports();
+    void everyDoorClosesTheDialog();
+    void theHostSetsAColorWhileOneIsChosen();
+    void keysOpenCopyAndPaste();
+    void aDragCarriesTheColorAway();
+    void aDropIsTakenOnlyWithAColor();
+    void withoutAlphaEverythingIsOpaque();
+    void translucencyShowsTheChequer();
+    void assistiveToolsReadAndSetTheColor();
+
+private:
+    ui::test::StyledApplication m_application;
+};
+
+void ColorSwatchTest::choosingIsLiveAndAcceptCommits()
+{
+    Panel panel;
+    QVERIFY(panel.exposed);
+    panel.choose(Qt::green);
+    QCOMPARE(panel.swatch->value(), QColor(Qt::green));
+    QVERIFY(!panel.swatch->dialog()->isModal());
+    QCOMPARE(panel.record.take(), QByteArray("s"));
+    QPointer<QColorDialog> dialog = panel.swatch->dialog();
+    panel.swatch->click(); // brings it to the front
+    QCOMPARE(panel.swatch->dialog(), dialog.data());
+    dialog->accept();
+    QCOMPARE(panel.record.take(), QByteArray("C"));
+    QCOMPARE(panel.swatch->dialog(), nullptr);
+    QTRY_VERIFY(dialog.isNull());
+
+    panel.choose(Qt::blue);
+    panel.swatch->dialog()->setCurrentColor(Qt::green);
+    panel.swatch->dialog()->accept(); // what it was
+    QCOMPARE(panel.record.take(), QByteArray("s"));
+}
+
+void ColorSwatchTest::cancelRestoresAndReports()
+{
+    Panel panel;
+    panel.choose(QColor(1, 2, 3, 4));
+    QCOMPARE(panel.swatch->value(), QColor(1, 2, 3, 4));
+    panel.swatch->dialog()->reject();
+    QCOMPARE(panel.swatch->value(), QColor(Qt::red));
+    QCOMPARE(panel.record.take(), QByteArray("s"));
+    panel.swatch->click();
+    panel.swatch->dialog()->close();
+    QCOMPARE(panel.record.take(), QByteArray());
+}
+
+void ColorSwatchTest::everyDoorClosesTheDialog()
+{
+    for (const bool hides : {true, false}) {
+        Panel panel;
+        panel.choose(Qt::green);
+        QPointer<QColorDialog> dialog = panel.swatch->dialog();
+        hides ? panel.window.hide() : panel.window.setEnabled(false);
+        QCOMPARE(panel.swatch->dialog(), nullptr);
+        QVERIFY(!dialog || !dialog->isVisible());
+        QCOMPARE(panel.swatch->value(), QColor(Qt::green));
+        QCOMPARE(panel.record.take(), QByteArray("sC"));
+        panel.swatch->openDialog(); // not from there
+        QCOMPARE(panel.swatch->dialog(), nullptr);
+    }
+    Panel panel;
+    panel.choose(Qt::green);
+    QPointer<QColorDialog> dialog = panel.swatch->dialog();
+    delete panel.swatch;
+    QVERIFY(dialog.isNull());
+
+    Panel second;
+    connect(second.swatch, &ColorSwatch::valueChanged, &second.window, [&](bool committed) {
+        if (committed) {
+            delete second.swatch;
+        }
+    });
+    second.choose(Qt::green);
+    second.swatch->dialog()->accept();
+    QVERIFY(second.swatch.isNull());
+}
+
+void ColorSwatchTest::theHostSetsAColorWhileOneIsChosen()
+{
+    Panel panel;
+    connect(panel.swatch, &ColorSwatch::valueChanged, &panel.window, [&] {
+        panel.swatch->setValue(panel.swatch->value()); // hands back what it was told
+    });
+    panel.choose(Qt::green);
+    panel.swatch->dialog()->reject();
+    QCOMPARE(panel.swatch->value(), QColor(Qt::red));
+    panel.choose(Qt::green);
+    panel.record.take();
+    panel.swatch->setValue(Qt::blue);
+    QCOMPARE(panel.swatch->dialog()->currentColor(), QColor(Qt::blue));
+    QCOMPARE(panel.record.take(), QByteArray());
+    panel.swatch->dialog()->setCurrentColor(Qt::green);
+    panel.swatch->dialog()->reject();
+    QCOMPARE(panel.swatch->value(), QColor(Qt::blue));
+    panel.swatch->setValue(QColor());
+    QCOMPARE(panel.swatch->value(), QColor(Qt::blue));
+}
+
+void ColorSwatchTest::keysOpenCopyAndPaste()
+{
+    Panel panel;
+    panel.swatch->setFocus();
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+        QTest::keyClick(panel.swatch, key);
+        QVERIFY(panel.swatch->dialog());
+        panel.swatch->dialog()->reject();
+    }
+    panel.swatch->setValue(QColor(17, 34, 51, 68));
+    QTest::keyClick(panel.swatch, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("#11223344"));
+    panel.swatch->setValue(Qt::red);
+    QTest::keyClick(panel.swatch, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(panel.swatch->value().rgba(), 0x44112233u);
+    QTest::keyClick(panel.swatch, Qt::Key_V, Qt::ControlModifier); // the same again
+    QCOMPARE(panel.record.take(), QByteArray("C"));
+    QApplication::clipboard()->setText(QStringLiteral("a red car"));
+    QTest::keyClick(panel.swatch, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(panel.record.take(), QByteArray());
+
+    QKeyEvent copy(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
+    copy.ignore();
+    QCoreApplication::sendEvent(panel.swatch, &copy);
+    QVERIFY(copy.isAccepted()); // the window's own copy waits
+}
+
+void ColorSwatchTest::aDragCarriesTheColorAway()
+{
+    Panel panel;
+    FakePointer pointer(panel.swatch);
+    pointer.moveTo({10, 10});
+    pointer.press();
+    pointer.moveTo({12, 11});
+    QCOMPARE(panel.swatch->drags, 0); // still a click
+    pointer.dragTo({50, 10});
+    pointer.moveTo({30, 10});
+    pointer.release();
+    QCOMPARE(panel.swatch->drags, 1);
+    QCOMPARE(panel.swatch->dialog(), nullptr);
+    pointer.moveTo({10, 10});
+    pointer.press();
+    pointer.moveTo({12, 11});
+    pointer.release();
+    QVERIFY(panel.swatch->dialog());
+}
+
+void ColorSwatchTest::aDropIsTakenOnlyWithAColor()
+{
+    Panel panel;
+    QVERIFY(drop(*panel.swatch, *ui::colorMimeData(QColor(0, 0, 255, 100))));
+    QCOMPARE(panel.swatch->value(), QColor(0, 0, 255, 100));
+    QVERIFY(drop(*panel.swatch, *ui::colorMimeData(QColor(0, 0, 255, 100))));
+    QCOMPARE(panel.record.take(), QByteArray("C"));
+    QMimeData words;
+    words.setText(QStringLiteral("nothing of the kind"));
+    QVERIFY(!drop(*panel.swatch, words));
+
+    QEvent pointerGone(QEvent::Leave); // a drop leaves the pointer over the swatch
+    QCoreApplication::sendEvent(panel.swatch, &pointerGone);
+    const QImage rest = ui::test::renderWidget(*panel.swatch);
+    const auto data = ui::colorMimeData(Qt::red);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(panel.swatch, &enter);
+    QVERIFY(ui::test::renderWidget(*panel.swatch) != rest); // shows that it would take it
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(panel.swatch, &leave);
+    QCOMPARE(ui::test::renderWidget(*panel.swatch), rest);
+}
+
+void ColorSwatchTest::withoutAlphaEverythingIsOpaque()
+{
+    Panel panel;
+    panel.swatch->setValue(QColor(10, 20, 30, 40));
+    panel.swatch->setAlphaEnabled(false);
+    QCOMPARE(panel.swatch->value(), QColor(10, 20, 30));
+    drop(*panel.swatch, *ui::colorMimeData(QColor(1, 2, 3, 4)));
+    QCOMPARE(panel.swatch->value(), QColor(1, 2, 3));
+    panel.swatch->click();
+    QVERIFY(!panel.swatch->dialog()->testOption(QColorDialog::ShowAlphaChannel));
+}
+
+void ColorSwatchTest::translucencyShowsTheChequer()
+{
+    ColorSwatch swatch(QColor(0, 128, 255));
+    swatch.resize(44, 22);
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        const auto colors = [&] { // in the inner half
+            const QImage image = ui::test::renderWidget(swatch, ratio);
+            QSet<QRgb> found;
+            for (int x = 11; x < 33; ++x) {
+                found << ui::test::pixelAt(image, QPointF(x, 11)).rgba();
+            }
+            return found;
+        };
+        swatch.setValue(QColor(0, 128, 255));
+        QCOMPARE(colors(), QSet<QRgb>{qRgb(0, 128, 255)});
+        swatch.setValue(QColor(0, 0, 0, 0));
+        const QSet<QRgb> both = colors();
+        QVERIFY(both.contains(qRgb(255, 255, 255)));
+        QVERIFY(both.contains(m_application.theme().getColor(QStringLiteral("Base")).rgba()));
+        swatch.setValue(QColor(255, 0, 0, 128));
+        for (const QRgb rgb : colors()) {
+            QVERIFY(qRed(rgb) > qBlue(rgb) + 100);
+        }
+    }
+}
+
+void ColorSwatchTest::assistiveToolsReadAndSetTheColor()
+{
+    Panel panel;
+    panel.swatch->setToolTip(QStringLiteral("Fill"));
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(panel.swatch);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Fill"));
+    QCOMPARE(accessible->text(QAccessible::Value), QStringLiteral("#ff0000"));
+    QVERIFY(accessible->actionInterface()->actionNames().contains(
+        QAccessibleActionInterface::pressAction()));
+    accessible->valueInterface()->setCurrentValue(QStringLiteral("#00ff0080"));
+    accessible->valueInterface()->setCurrentValue(12);
+    QCOMPARE(panel.swatch->value(), QColor(0, 255, 0, 128));
+    QCOMPARE(panel.record.take(), QByteArray("C"));
+}
+
+const ui::test::Registration<ColorSwatchTest> kRegistration;
+
+#include "tst_colorswatch.moc"
