@@ -24,6 +24,7 @@
 #include <MorrantUI/controls/RolloverButton.h>
 #include <MorrantUI/controls/RolloverLabel.h>
 #include <MorrantUI/controls/RowButton.h>
+#include <MorrantUI/controls/SegmentedButton.h>
 #include <MorrantUI/controls/SliderField.h>
 #include <MorrantUI/controls/ToggleSwitch.h>
 #include <MorrantUI/controls/ToolButton.h>

@@ -60,14 +60,13 @@ struct DragStage
         FakePointerSystem::sendRaw(record);
     }
 
-    /// Straight to a widget, with a global position of any kind.
-    static void send(
-        QWidget& to,
+    /// With a global position of any kind.
+    static QMouseEvent mouseEvent(
         QEvent::Type type,
         QPointF global,
         const QPointingDevice* device = QPointingDevice::primaryPointingDevice())
     {
-        QMouseEvent event(
+        return QMouseEvent(
             type,
             QPointF(1, 1),
             QPointF(1, 1),
@@ -76,6 +75,12 @@ struct DragStage
             Qt::LeftButton,
             Qt::NoModifier,
             device);
+    }
+
+    /// Straight to a widget.
+    static void send(QWidget& to, QEvent::Type type, QPointF global)
+    {
+        QMouseEvent event = mouseEvent(type, global);
         QCoreApplication::sendEvent(&to, &event);
     }
 

@@ -1,3 +1,4 @@
+#include "support/FakeClock.h"
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include "support/paths.h"
@@ -283,6 +284,8 @@ void AttributeRowTest::connectionsComeFromOtherRowsOnly()
     stage.row->setConnectionsAccepted(false);
     QVERIFY(!stage.row->areConnectionsAccepted());
     QCOMPARE(dropped, QList<QObject*>({other->pickWhip()}));
+    ui::test::FakeClock(qApp).advanceAnimations(
+        10000); // no line is left over the next test's window
 }
 
 void AttributeRowTest::aRowMayDieInAnyOfItsSignals_data()

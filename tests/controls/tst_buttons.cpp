@@ -2,6 +2,7 @@
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
+#include <MorrantUI/controls/GroupButton.h>
 #include <MorrantUI/controls/IconButton.h>
 #include <MorrantUI/controls/PushButton.h>
 #include <MorrantUI/controls/RolloverButton.h>
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void theDownKeyOpensTheMenuInAnyMode();
     void anIconButtonIsASquareAsHighAsAField();
     void theSecondIconReplacesTheHighlight();
+    void joinedGroupButtonsAreRoundAtTheirOuterEnds();
     void aRolloverButtonIsTintedByItsState();
     void anIconVariantStandsInForTheNext();
     void hoverRepaintsOnceEachWay();
@@ -68,6 +70,7 @@ void ButtonsTest::returnAndSpacePressEveryButton()
              new PushButton(&window),
              new ToolButton(&window),
              new IconButton(&window),
+             new GroupButton(&window),
              new RolloverButton(&window)})
     {
         QSignalSpy clicked(button, &QAbstractButton::clicked);
@@ -176,6 +179,26 @@ void ButtonsTest::theSecondIconReplacesTheHighlight()
 
     twoFaced.setCheckedIconName(QString());
     QCOMPARE(renderWidget(twoFaced), renderWidget(highlighted));
+}
+
+void ButtonsTest::joinedGroupButtonsAreRoundAtTheirOuterEnds()
+{
+    GroupButton button(icon("addIcon"));
+    button.setFixedSize(20, 20);
+    button.setIconSize({18, 18});
+    const QColor ground = ui::colorQt(QStringLiteral("Button"));
+    const auto isFilled = [&](QPointF point) {
+        return ui::test::closeTo(ui::test::pixelAt(renderWidget(button), point), ground);
+    };
+    const QPointF left(0.25, 0.25);
+    const QPointF right(18.25, 0.25); // the last column is the gap to the next button
+    QVERIFY(!isFilled(left) && !isFilled({19.25, 0.25}));
+    button.setPlace(0, 3);
+    QVERIFY(!isFilled(left) && isFilled(right));
+    button.setPlace(1, 3);
+    QVERIFY(isFilled(left) && isFilled(right));
+    button.setPlace(7, 3); // counts as the last
+    QVERIFY(isFilled(left) && !isFilled({19.25, 0.25}));
 }
 
 void ButtonsTest::aRolloverButtonIsTintedByItsState()

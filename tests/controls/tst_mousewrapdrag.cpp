@@ -299,8 +299,9 @@ void MouseWrapDragTest::aPenLeavesThePointerAlone()
             u"pen"_qs, 1, type, pen, QInputDevice::Capability::Position, 1, 1);
         FakePointerSystem system(drive);
         DragStage stage;
-        const auto tell = [&](QEvent::Type event, QPointF position) {
-            DragStage::send(*stage.target, event, position, &device);
+        const auto tell = [&](QEvent::Type eventType, QPointF position) {
+            QMouseEvent event = DragStage::mouseEvent(eventType, position, &device);
+            stage.filter->eventFilter(stage.target, &event); // on the way Qt itself rounds
         };
         tell(QEvent::MouseButtonPress, {100.4, 100});
         tell(QEvent::MouseMove, {120, 99.6});

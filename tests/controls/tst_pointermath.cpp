@@ -146,7 +146,7 @@ void PointerMathTest::aWarpedPathIsExactWhateverArrives_data()
     QTest::newRow("every position, late") << 0.0 << 12 << true;
     QTest::newRow("half of them") << 0.5 << 12 << true;
     QTest::newRow("few of them") << 0.9 << 12 << true;
-    QTest::newRow("one after a long way") << 1.0 << 24 << true;
+    QTest::newRow("one after a long way") << 1.0 << 60 << true;
     QTest::newRow("a promise that is not kept") << 0.5 << 2 << false;
 }
 
@@ -183,6 +183,7 @@ void PointerMathTest::aWarpedPathIsExactWhateverArrives()
                 path.warp(offset);
                 pointer += warps ? offset : QPointF();
                 queue.push_back(pointer);
+                break; // the application is busy with what it has
             }
         }
     };
@@ -195,9 +196,11 @@ void PointerMathTest::aWarpedPathIsExactWhateverArrives()
             look();
         }
     }
-    look();
+    while (!queue.empty()) {
+        look();
+    }
     QCOMPARE(path.movement(), total);
-    QCOMPARE(screen.contains(pointer.toPoint()), warps);
+    QCOMPARE(screen.adjusted(-800, -800, 800, 800).contains(pointer.toPoint()), warps);
 }
 
 const ui::test::Registration<PointerMathTest> kRegistration;

@@ -1,4 +1,4 @@
-#include "AccessibleButton.h"
+#include <MorrantUI/controls/AccessibleButton.h>
 
 #include <QButtonGroup>
 #include <QCheckBox>

@@ -1,264 +1,144 @@
-#include "AccessibleButton.h"
-#include "GroupSegment.h"
-#include "accessibility.h"
-#include "buttonlook.h"
+#include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/GroupButton.h>
+#include <MorrantUI/controls/accessibility.h>
+#include <MorrantUI/controls/buttonlook.h>
 #include <MorrantUI/controls/segmentgeometry.h>
+#include <MorrantUI/theme/style/pixelgrid.h>
+#include <MorrantUI/theme/style/shades.h>
+#include <MorrantUI/theme/style/shapes.h>
+#include <MorrantUI/theme/style/sharpicons.h>
 
-#include <QButtonGroup>
-#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 
 namespace {
 
-class AccessibleGroup : public QAccessibleWidget
-{
-public:
-    explicit AccessibleGroup(GroupButton* group)
-        : QAccessibleWidget(group, QAccessible::Grouping)
-    {}
-
-    QString text(QAccessible::Text kind) const override
-    {
-        const QString own = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && own.isEmpty() ? ui::nameFromToolTip(*widget()) : own;
-    }
-};
+constexpr int kTextPadding = 9; ///< beside the contents of a button with a text
+constexpr int kIconPadding = 5; ///< beside an icon alone
+constexpr int kGap = 5;         ///< from icon to text
 
 } // namespace
 
 GroupButton::GroupButton(QWidget* parent)
-    : QWidget(parent)
-    , m_buttons(new QButtonGroup(this))
+    : QAbstractButton(parent)
 {
-    ui::installAccessible<GroupButton, AccessibleGroup>();
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    ui::installAccessible<GroupButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+GroupButton::GroupButton(const QString& iconName, QWidget* parent)
+    : GroupButton(parent)
+{
+    setIconName(iconName);
 }
 
 GroupButton::~GroupButton() = default;
 
-int GroupButton::addSegment(const QString& text, const QString& iconName, const QString& toolTip)
+void GroupButton::setIconName(const QString& name)
 {
-    auto* const segment = new GroupSegment(text, iconName, this);
-    segment->setToolTip(toolTip);
-    m_buttons->addButton(segment);
-    appendToTabOrder(segment);
-    m_segments.push_back(segment);
-    connect(segment, &GroupSegment::stepped, this, [this, segment](SegmentStep to) {
-        step(segment, to);
-    });
-    connect(segment, &GroupSegment::availabilityChanged, this, &GroupButton::updateTabStop);
-    connect(segment, &QAbstractButton::clicked, this, [this, segment] { takeClick(segment); });
-    placeSegments();
-    updateTabStop();
-    updateGeometry();
-    segment->setVisible(true);
-    return count() - 1;
+    m_iconName = name;
+    setIcon(ui::namedIcon(name));
 }
 
-int GroupButton::count() const
+void GroupButton::setPlace(int index, int count)
 {
-    return static_cast<int>(m_segments.size());
-}
-
-void GroupButton::clear()
-{
-    for (GroupSegment* const segment : m_segments) {
-        m_buttons->removeButton(segment);
-        segment->hide();
-        segment->deleteLater(); // it may be in the middle of its click
-    }
-    setFocusProxy(nullptr);
-    m_segments.clear();
-    m_tabStop = 0;
-    m_chosen = -1;
-    updateGeometry();
-}
-
-bool GroupButton::isValid(int index) const
-{
-    return index >= 0 && index < count();
-}
-
-int GroupButton::indexOf(const GroupSegment* segment) const
-{
-    const auto found = std::find(m_segments.begin(), m_segments.end(), segment);
-    return found == m_segments.end() ? -1 : static_cast<int>(found - m_segments.begin());
-}
-
-QAbstractButton* GroupButton::segment(int index) const
-{
-    return isValid(index) ? m_segments[static_cast<std::size_t>(index)] : nullptr;
-}
-
-void GroupButton::setExclusive(bool exclusive)
-{
-    const int first = currentIndex();
-    m_buttons->setExclusive(exclusive);
-    if (exclusive) {
-        setCurrentIndex(first);
-    }
-}
-
-bool GroupButton::isExclusive() const
-{
-    return m_buttons->exclusive();
-}
-
-int GroupButton::currentIndex() const
-{
-    const auto found = std::find_if(m_segments.begin(), m_segments.end(), [](const auto* segment) {
-        return segment->isChecked();
-    });
-    return found == m_segments.end() ? -1 : static_cast<int>(found - m_segments.begin());
-}
-
-void GroupButton::setCurrentIndex(int index)
-{
-    if (index != -1 && !isValid(index)) {
-        return;
-    }
-    const bool exclusive = m_buttons->exclusive();
-    m_buttons->setExclusive(false); // an exclusive group keeps its last one on
-    for (int i = 0; i < count(); ++i) {
-        segment(i)->setChecked(i == index);
-    }
-    m_buttons->setExclusive(exclusive);
-    m_chosen = index;
-    updateTabStop();
-}
-
-bool GroupButton::isChecked(int index) const
-{
-    return isValid(index) && segment(index)->isChecked();
-}
-
-void GroupButton::setChecked(int index, bool checked)
-{
-    if (!isValid(index) || isChecked(index) == checked) {
-        return;
-    }
-    if (isExclusive()) {
-        setCurrentIndex(checked ? index : -1);
-    } else {
-        segment(index)->setChecked(checked);
-    }
+    m_count = std::max(count, 1);
+    m_index = std::clamp(index, 0, m_count - 1);
+    update();
 }
 
 QSize GroupButton::sizeHint() const
 {
-    QSize sum(0, ui::rowHeight(*this));
-    for (const GroupSegment* const segment : m_segments) {
-        const QSize hint = segment->sizeHint();
-        sum = {sum.width() + hint.width(), std::max(sum.height(), hint.height())};
+    const int height = std::max(ui::rowHeight(*this), iconSize().height() + 4);
+    const int iconWidth = icon().isNull() ? 0 : iconSize().width();
+    if (text().isEmpty()) {
+        return {iconWidth + 2 * kIconPadding, height};
     }
-    return sum;
+    const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    const int gap = iconWidth > 0 ? kGap : 0;
+    return {iconWidth + gap + textWidth + 2 * kTextPadding, height};
 }
 
 QSize GroupButton::minimumSizeHint() const
 {
-    int width = 0;
-    for (const GroupSegment* const segment : m_segments) {
-        width += segment->minimumSizeHint().width();
-    }
-    return {width, sizeHint().height()};
+    const int iconWidth = icon().isNull() ? 0 : iconSize().width();
+    return {std::max(iconWidth, 2 * fontMetrics().averageCharWidth()) + 4, sizeHint().height()};
 }
 
-void GroupButton::placeSegments()
+void GroupButton::paintEvent(QPaintEvent*)
 {
-    std::vector<int> wishes;
-    for (const GroupSegment* const segment : m_segments) {
-        wishes.push_back(segment->sizeHint().width());
-    }
-    const std::vector<QRect> places = ui::segmentRects(rect(), wishes, layoutDirection());
-    for (std::size_t i = 0; i < m_segments.size(); ++i) {
-        m_segments[i]->setGeometry(places[i]);
-        m_segments[i]->setPlace(static_cast<int>(i), count());
-    }
+    QPainter painter(this);
+    paintGround(painter);
+    paintContents(painter);
 }
 
-void GroupButton::updateTabStop()
+void GroupButton::paintGround(QPainter& painter) const
 {
-    const auto usable = [this](int index) {
-        return isValid(index) && segment(index)->isEnabledTo(this);
+    const QStyleOption option = ui::buttonOption(*this);
+    const ui::style::Mood mood = ui::style::moodOf(option);
+    const ui::SegmentEnds ends = ui::segmentEnds(m_index, m_count, layoutDirection());
+    const ui::style::PixelGrid grid(painter);
+    const double line = grid.line();
+    // What divides two segments is left out of the one to the left of it.
+    const QRectF outer = grid.snap(rect()).adjusted(0, 0, ends.right ? 0 : -line, 0);
+    const QPainterPath shape = ui::segmentShape(outer, ends, ui::style::kRadius);
+
+    const ui::style::PainterState state(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor ground =
+        mood.on ? ui::style::quietHighlight() : ui::style::groundOf(option, QPalette::Button, this);
+    painter.fillPath(shape, ui::style::shade(ground, mood));
+
+    const auto stroke = [&](const QColor& color, double width) {
+        const QRectF inner = outer.adjusted(width, width, -width, -width);
+        painter.fillPath(shape - ui::segmentShape(inner, ends, ui::style::kRadius - width), color);
     };
-    int stop = m_tabStop;
-    if (isExclusive() && usable(currentIndex())) {
-        stop = currentIndex();
-    }
-    for (int i = 0; i < count() && !usable(stop); ++i) {
-        stop = i;
-    }
-    m_tabStop = stop;
-    for (int i = 0; i < count(); ++i) {
-        segment(i)->setFocusPolicy(i == stop ? Qt::TabFocus : Qt::NoFocus);
-    }
-    setFocusProxy(segment(stop));
-}
-
-/// Qt would put a new child behind everything that is in the window by now, and orders only what
-/// takes the focus.
-void GroupButton::appendToTabOrder(QWidget* segment)
-{
-    setFocusProxy(nullptr);
-    QWidget* const previous = m_segments.empty() ? static_cast<QWidget*>(this) : m_segments.back();
-    previous->setFocusPolicy(Qt::TabFocus);
-    segment->setFocusPolicy(Qt::TabFocus);
-    setTabOrder(previous, segment);
-    setFocusPolicy(Qt::NoFocus); // of the segments updateTabStop() decides
-}
-
-void GroupButton::step(const GroupSegment* from, SegmentStep step)
-{
-    const int direction = step == SegmentStep::Previous || step == SegmentStep::Last ? -1 : 1;
-    int at = step == SegmentStep::First ? -1 : step == SegmentStep::Last ? count() : indexOf(from);
-    for (int tries = 0; tries < count(); ++tries) {
-        at = (at + direction + count()) % count();
-        if (!segment(at)->isEnabled()) {
-            continue;
-        }
-        m_tabStop = at;
-        updateTabStop();
-        segment(at)->setFocus(direction > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-        if (isExclusive()) {
-            segment(at)->click();
-        }
-        return;
+    if (mood.keyboard) {
+        stroke(ui::style::focusColor(), grid.line(2.0));
+    } else if (mood.on && mood.enabled) {
+        stroke(option.palette.color(QPalette::Highlight), line);
     }
 }
 
-void GroupButton::takeClick(const GroupSegment* clicked)
+void GroupButton::paintContents(QPainter& painter) const
 {
-    const int index = indexOf(clicked);
-    const bool hasFocus = std::any_of(
-        m_segments.begin(), m_segments.end(), [](const auto* one) { return one->hasFocus(); });
-    m_tabStop = index;
-    updateTabStop();
-    if (hasFocus && !clicked->hasFocus()) {
-        segment(index)->setFocus(Qt::OtherFocusReason);
+    const QStyleOption option = ui::buttonOption(*this);
+    const int iconWidth = icon().isNull() ? 0 : iconSize().width();
+    const int gap = iconWidth > 0 && !text().isEmpty() ? kGap : 0;
+    const int room = std::max(0, width() - iconWidth - gap - 4);
+    const QString shown =
+        fontMetrics().elidedText(text(), Qt::ElideRight, room, Qt::TextShowMnemonic);
+    const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, shown).width();
+    const int left = (width() - iconWidth - gap - textWidth) / 2;
+
+    if (iconWidth > 0) {
+        const QRect place(left, 0, iconWidth, height());
+        ui::style::drawSharp(
+            painter,
+            ui::style::centeredSquare(
+                QStyle::visualRect(layoutDirection(), rect(), place), iconWidth),
+            icon(),
+            isEnabled() ? QIcon::Normal : QIcon::Disabled);
     }
-    if (!isExclusive()) {
-        Q_EMIT segmentToggled(index, clicked->isChecked());
-    } else if (index != m_chosen) {
-        m_chosen = index;
-        Q_EMIT currentIndexChanged(index);
-    }
+    const bool underlines = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
+    const QRect place(left + iconWidth + gap, 0, textWidth, height());
+    style()->drawItemText(
+        &painter,
+        QStyle::visualRect(layoutDirection(), rect(), place),
+        Qt::AlignCenter | (underlines ? Qt::TextShowMnemonic : Qt::TextHideMnemonic),
+        option.palette,
+        isEnabled(),
+        shown,
+        QPalette::ButtonText);
 }
 
-bool GroupButton::event(QEvent* event)
+void GroupButton::keyPressEvent(QKeyEvent* event)
 {
-    // A segment asks for another layout when its text, icon or font has changed.
-    const QEvent::Type type = event->type();
-    if (type == QEvent::LayoutRequest || type == QEvent::LayoutDirectionChange) {
-        placeSegments();
-        updateGeometry();
+    if (!ui::clickOnReturn(*this, *event)) {
+        QAbstractButton::keyPressEvent(event);
     }
-    return QWidget::event(event);
-}
-
-void GroupButton::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    placeSegments();
 }

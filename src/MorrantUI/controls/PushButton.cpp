@@ -1,7 +1,7 @@
-#include "AccessibleButton.h"
-#include "accessibility.h"
-#include "buttonlook.h"
+#include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/PushButton.h>
+#include <MorrantUI/controls/accessibility.h>
+#include <MorrantUI/controls/buttonlook.h>
 
 #include <QKeyEvent>
 #include <QStyleOptionButton>

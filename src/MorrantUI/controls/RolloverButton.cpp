@@ -1,7 +1,7 @@
-#include "AccessibleButton.h"
-#include "accessibility.h"
-#include "buttonlook.h"
+#include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/RolloverButton.h>
+#include <MorrantUI/controls/accessibility.h>
+#include <MorrantUI/controls/buttonlook.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>

@@ -1,8 +1,8 @@
-#include "AccessibleButton.h"
-#include "accessibility.h"
-#include "buttonlook.h"
-#include "elidedtext.h"
+#include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/RolloverLabel.h>
+#include <MorrantUI/controls/accessibility.h>
+#include <MorrantUI/controls/buttonlook.h>
+#include <MorrantUI/controls/elidedtext.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>

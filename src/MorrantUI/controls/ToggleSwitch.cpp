@@ -1,9 +1,8 @@
-#include "AccessibleButton.h"
-#include "accessibility.h"
-#include "buttonlook.h"
+#include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/ToggleSwitch.h>
+#include <MorrantUI/controls/accessibility.h>
+#include <MorrantUI/controls/buttonlook.h>
 #include <MorrantUI/controls/switchgeometry.h>
-#include <MorrantUI/theme/style/pixelgrid.h>
 #include <MorrantUI/theme/style/shades.h>
 #include <MorrantUI/theme/style/shapes.h>
 

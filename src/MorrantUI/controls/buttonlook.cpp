@@ -1,5 +1,4 @@
-#include "buttonlook.h"
-
+#include <MorrantUI/controls/buttonlook.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/theme/style/metrics.h>
 #include <MorrantUI/theme/style/pixelgrid.h>

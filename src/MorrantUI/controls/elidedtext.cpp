@@ -1,4 +1,4 @@
-#include "elidedtext.h"
+#include <MorrantUI/controls/elidedtext.h>
 
 #include <QHelpEvent>
 #include <QToolTip>

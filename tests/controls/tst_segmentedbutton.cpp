@@ -2,7 +2,7 @@
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
-#include <MorrantUI/controls/GroupButton.h>
+#include <MorrantUI/controls/SegmentedButton.h>
 #include <MorrantUI/controls/segmentgeometry.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -27,11 +27,11 @@ struct Row
         for (const char* text : {"A", "B", "C", "D"}) {
             group.addSegment(QLatin1String(text));
         }
-        QObject::connect(&group, &GroupButton::currentIndexChanged, &group, [this](int index) {
+        QObject::connect(&group, &SegmentedButton::currentIndexChanged, &group, [this](int index) {
             said << QStringLiteral("=%1").arg(index);
         });
         QObject::connect(
-            &group, &GroupButton::segmentToggled, &group, [this](int index, bool checked) {
+            &group, &SegmentedButton::segmentToggled, &group, [this](int index, bool checked) {
                 said << QStringLiteral("%1%2").arg(QLatin1Char(checked ? '+' : '-')).arg(index);
             });
         window.show();
@@ -54,7 +54,7 @@ struct Row
 
     QWidget window;
     QLineEdit before;
-    GroupButton group;
+    SegmentedButton group;
     QLineEdit after;
     QHBoxLayout layout;
     QStringList said;
@@ -62,7 +62,7 @@ struct Row
 
 } // namespace
 
-class GroupButtonTest : public ui::test::TestCase
+class SegmentedButtonTest : public ui::test::TestCase
 {
     Q_OBJECT
 
@@ -84,7 +84,7 @@ private:
     ui::test::StyledApplication m_application;
 };
 
-void GroupButtonTest::segmentsFillTheRowWithoutGapsInAnyWidth()
+void SegmentedButtonTest::segmentsFillTheRowWithoutGapsInAnyWidth()
 {
     for (const std::vector<int>& wishes :
          {std::vector{30}, {30, 30, 30}, {10, 47, 3}, {0, -5, 20}, {INT_MAX, INT_MAX, 7}, {}})
@@ -107,7 +107,7 @@ void GroupButtonTest::segmentsFillTheRowWithoutGapsInAnyWidth()
     QCOMPARE(shared[1], QRect(20, 0, 40, 20));
 }
 
-void GroupButtonTest::cornersAreRoundOnlyWhereTheRowEnds()
+void SegmentedButtonTest::cornersAreRoundOnlyWhereTheRowEnds()
 {
     for (const int count : {1, 2, 3}) {
         for (int drawn = 0; drawn < count; ++drawn) { // from left to right
@@ -125,7 +125,7 @@ void GroupButtonTest::cornersAreRoundOnlyWhereTheRowEnds()
     }
 }
 
-void GroupButtonTest::exactlyOneSegmentOfAnExclusiveGroupIsOn()
+void SegmentedButtonTest::exactlyOneSegmentOfAnExclusiveGroupIsOn()
 {
     Row row;
     QCOMPARE(row.group.currentIndex(), -1);
@@ -148,7 +148,7 @@ void GroupButtonTest::exactlyOneSegmentOfAnExclusiveGroupIsOn()
     QCOMPARE(row.taken(), QStringLiteral("=0"));
 }
 
-void GroupButtonTest::independentSegmentsSwitchByThemselves()
+void SegmentedButtonTest::independentSegmentsSwitchByThemselves()
 {
     Row row(false);
     row.click(1);
@@ -163,7 +163,7 @@ void GroupButtonTest::independentSegmentsSwitchByThemselves()
     QVERIFY(row.taken().isEmpty());
 }
 
-void GroupButtonTest::tabReachesOneSegmentAndArrowsRoamFromThere()
+void SegmentedButtonTest::tabReachesOneSegmentAndArrowsRoamFromThere()
 {
     Row row(false);
     row.before.setFocus();
@@ -189,7 +189,7 @@ void GroupButtonTest::tabReachesOneSegmentAndArrowsRoamFromThere()
     QVERIFY(row.taken().isEmpty());
 }
 
-void GroupButtonTest::theChoiceFollowsTheArrowsInAnExclusiveGroupOnly()
+void SegmentedButtonTest::theChoiceFollowsTheArrowsInAnExclusiveGroupOnly()
 {
     Row exclusive;
     exclusive.group.setCurrentIndex(1);
@@ -210,7 +210,7 @@ void GroupButtonTest::theChoiceFollowsTheArrowsInAnExclusiveGroupOnly()
     QCOMPARE(independent.taken(), QStringLiteral("+1 -1"));
 }
 
-void GroupButtonTest::arrowsPassOverDisabledSegmentsAndAreMirrored()
+void SegmentedButtonTest::arrowsPassOverDisabledSegmentsAndAreMirrored()
 {
     Row row(false);
     row.group.segment(1)->setEnabled(false);
@@ -231,7 +231,7 @@ void GroupButtonTest::arrowsPassOverDisabledSegmentsAndAreMirrored()
     QCOMPARE(row.focused(), 1);
 }
 
-void GroupButtonTest::aDisabledSegmentIsNoTabStop()
+void SegmentedButtonTest::aDisabledSegmentIsNoTabStop()
 {
     Row row;
     row.group.setCurrentIndex(0);
@@ -250,7 +250,7 @@ void GroupButtonTest::aDisabledSegmentIsNoTabStop()
     QCOMPARE(row.focused(), 1);
 }
 
-void GroupButtonTest::theFocusFollowsAClickOnlyWhenTheGroupHasIt()
+void SegmentedButtonTest::theFocusFollowsAClickOnlyWhenTheGroupHasIt()
 {
     Row row;
     row.before.setFocus();
@@ -262,10 +262,10 @@ void GroupButtonTest::theFocusFollowsAClickOnlyWhenTheGroupHasIt()
     QCOMPARE(row.focused(), 3);
 }
 
-void GroupButtonTest::clearingInASlotLeavesAnEmptyGroup()
+void SegmentedButtonTest::clearingInASlotLeavesAnEmptyGroup()
 {
     Row row;
-    connect(&row.group, &GroupButton::currentIndexChanged, &row.group, &GroupButton::clear);
+    connect(&row.group, &SegmentedButton::currentIndexChanged, &row.group, &SegmentedButton::clear);
     row.click(1);
     QCOMPARE(row.group.count(), 0);
     QCOMPARE(row.group.currentIndex(), -1);
@@ -275,15 +275,15 @@ void GroupButtonTest::clearingInASlotLeavesAnEmptyGroup()
     row.group.setCurrentIndex(0);
     QVERIFY(row.group.isChecked(0));
 
-    auto* const doomed = new GroupButton;
+    auto* const doomed = new SegmentedButton;
     doomed->addSegment(QStringLiteral("A"));
-    connect(doomed, &GroupButton::currentIndexChanged, doomed, [doomed] { delete doomed; });
-    const QPointer<GroupButton> guard(doomed);
+    connect(doomed, &SegmentedButton::currentIndexChanged, doomed, [doomed] { delete doomed; });
+    const QPointer<SegmentedButton> guard(doomed);
     doomed->segment(0)->click();
     QVERIFY(!guard);
 }
 
-void GroupButtonTest::aCheckedSegmentIsDrawnOnTheQuietHighlight()
+void SegmentedButtonTest::aCheckedSegmentIsDrawnOnTheQuietHighlight()
 {
     Row row;
     row.group.setCurrentIndex(1);
@@ -296,7 +296,7 @@ void GroupButtonTest::aCheckedSegmentIsDrawnOnTheQuietHighlight()
     QVERIFY(ui::test::closeTo(groundOf(1), ui::colorQt(QStringLiteral("RowHighlight2"))));
 }
 
-void GroupButtonTest::assistiveToolsSeeRadioButtonsOrCheckBoxes()
+void SegmentedButtonTest::assistiveToolsSeeRadioButtonsOrCheckBoxes()
 {
     Row row;
     row.group.setToolTip(QStringLiteral("Easing"));
@@ -315,6 +315,6 @@ void GroupButtonTest::assistiveToolsSeeRadioButtonsOrCheckBoxes()
     QCOMPARE(second->role(), QAccessible::CheckBox);
 }
 
-const ui::test::Registration<GroupButtonTest> kRegistration;
+const ui::test::Registration<SegmentedButtonTest> kRegistration;
 
-#include "tst_groupbutton.moc"
+#include "tst_segmentedbutton.moc"
