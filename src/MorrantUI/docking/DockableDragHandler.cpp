@@ -1,0 +1,307 @@
+#include <MorrantUI/docking/DockableDragHandler.h>
+#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/widgets.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QWindow>
+
+static constexpr double kDragOpacity = 0.5;
+
+DockableDragHandler::DockableDragHandler(DockableWindow* window)
+    : m_window(window)
+{}
+
+DockableDragHandler::~DockableDragHandler()
+{
+    if (DockableWindow* hover = hoverWindow()) {
+        hover->hideIndicators();
+    }
+}
+
+DockableWindow* DockableDragHandler::hoverWindow() const
+{
+    return qobject_cast<DockableWindow*>(m_hoverWindow.data());
+}
+
+void DockableDragHandler::setEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    if (!enabled) {
+        cancelGesture();
+    }
+}
+
+bool DockableDragHandler::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ContextMenu: contextMenuEvent(static_cast<QContextMenuEvent*>(event)); return true;
+    case QEvent::MouseButtonPress:
+        if (m_enabled && static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
+            startGesture();
+        }
+        return false;
+    default: return QObject::eventFilter(watched, event);
+    }
+}
+
+void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (!m_window) {
+        return;
+    }
+    // The window may die while its menu is open, and the menu with it.
+    const QPointer<DockableWindow> window = m_window;
+    const QPointer<QMenu> menu = new QMenu(window);
+    const QAction* undock = menu->addAction(tr("Undock"));
+    const QAction* show = menu->addAction(tr("Show"));
+    const QAction* close = menu->addAction(tr("Close"));
+    const QAction* chosen = menu->exec(event->globalPos());
+    if (menu) {
+        menu->deleteLater();
+    }
+    if (!window || !chosen) {
+        return;
+    }
+    if (chosen == undock) {
+        window->undock(true);
+    } else if (chosen == show) {
+        window->show();
+    } else if (chosen == close) {
+        window->undockAndClose();
+    }
+}
+
+void DockableDragHandler::startGesture()
+{
+    cancelGesture(); // whose release never came
+    saveStartPosition();
+    m_swallowRelease = false;
+    m_gesture = ui::installEventFilter(
+        qApp,
+        [this](QObject* watched, QEvent* event) { return applicationEvent(watched, event); },
+        this);
+}
+
+/// Every event of a physical mouse passes twice, with the native window as its receiver and then
+/// with the widget. The first is acted on, since widgets get none any more once the pressed one has
+/// moved to another window; the second only if it comes alone.
+bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseMove: return m_gesture && mouseMoved(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseButtonRelease: return mouseReleased(watched);
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        if (m_dragging && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+            cancelGesture();
+        }
+        return false;
+    default: return false;
+    }
+}
+
+bool DockableDragHandler::mouseMoved(const QMouseEvent& event)
+{
+    if (event.buttons() == Qt::NoButton) {
+        cancelGesture(); // the release went elsewhere
+        return false;
+    }
+    if (event.buttons() != Qt::LeftButton || !beginDragging()) {
+        return false;
+    }
+    const QPointer<DockableDragHandler> self(this);
+    updateHoverWindow();
+    if (self) {
+        moveIfFloating();
+    }
+    return true;
+}
+
+bool DockableDragHandler::mouseReleased(QObject* watched)
+{
+    if (m_swallowRelease && watched->isWidgetType()) {
+        m_swallowRelease = false;
+        return true;
+    }
+    if (!m_gesture) {
+        return false;
+    }
+    const bool byWindow = watched->isWindowType();
+    const QPointer<QObject> receiver(watched);
+    const QPointer<DockableDragHandler> self(this);
+    endGesture();
+    m_swallowRelease = byWindow;
+    endDragging();
+    dockInHoverWindow();
+    // Qt must see the release of a native window, or hovering would stick to the pressed widget;
+    // the widget's copy follows. One that the docking has destroyed must not be gone on with.
+    if (self && !receiver) {
+        m_swallowRelease = false;
+    }
+    return !byWindow || !receiver;
+}
+
+void DockableDragHandler::endGesture()
+{
+    if (m_gesture) {
+        m_gesture->deleteLater(); // it stays for the release that the widget is still to get
+        m_gesture.clear();
+    }
+}
+
+/// As a release over no zone.
+void DockableDragHandler::cancelGesture()
+{
+    endGesture();
+    if (!m_dragging) {
+        return;
+    }
+    endDragging();
+    DockableWindow* hover = hoverWindow();
+    m_hoverWindow.clear();
+    if (hover) {
+        hover->hideIndicators();
+    }
+    if (m_window) {
+        m_window->cleanupOldParent(hover);
+    }
+}
+
+void DockableDragHandler::saveStartPosition()
+{
+    const QPoint cursor = QCursor::pos();
+    m_startPosition = m_window ? m_window->mapFromGlobal(cursor) : cursor;
+}
+
+bool DockableDragHandler::beginDragging()
+{
+    if (m_dragging) {
+        return true;
+    }
+    if (!m_window) {
+        return false;
+    }
+    const QPoint way = m_window->mapFromGlobal(QCursor::pos()) - m_startPosition;
+    if (way.manhattanLength() < QApplication::startDragDistance()) {
+        return false;
+    }
+    m_hoverWindow.clear();
+    m_dragging = true;
+    updateWindowOpacity();
+    return true;
+}
+
+void DockableDragHandler::endDragging()
+{
+    m_dragging = false;
+    updateWindowOpacity();
+}
+
+void DockableDragHandler::updateWindowOpacity()
+{
+    if (m_window) {
+        m_window->setWindowOpacity(m_dragging ? kDragOpacity : 1.0);
+    }
+}
+
+/// The widget at a point in the topmost window there but for one: what the off-screen platform
+/// cannot find out, since it cannot look through a window.
+static QWidget* widgetBelow(const QWidget& above, const QPoint& point)
+{
+    const auto widgets = QApplication::topLevelWidgets();
+    const auto windows = QGuiApplication::topLevelWindows(); // oldest first, as they lie
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+        for (QWidget* widget : widgets) {
+            const bool here = widget != &above && widget->windowHandle() == *window
+                              && widget->isVisible() && widget->geometry().contains(point);
+            if (here) {
+                QWidget* child = widget->childAt(widget->mapFromGlobal(point));
+                return child ? child : widget;
+            }
+        }
+    }
+    return nullptr;
+}
+
+DockableWindow* DockableDragHandler::windowUnderMouse()
+{
+    if (!m_window) {
+        return nullptr;
+    }
+    const QPoint cursor = QCursor::pos();
+    m_window->setAttribute(Qt::WA_TransparentForMouseEvents, true);
+    QWidget* widget = qtutils::findWidgetAt(cursor);
+    m_window->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    if (!widget && m_window->isWindow()
+        && QGuiApplication::platformName() == QLatin1String("offscreen"))
+    {
+        widget = widgetBelow(*m_window, cursor);
+    }
+
+    DockableWindow* window = DockableWindow::findDockableParent(widget);
+    while (window && window->isBorderHidden()) {
+        window = window->findDockableParent();
+    }
+    DockableWindow* parent = window ? window->findDockableParent() : nullptr;
+    const bool isTab = parent && parent->windowMode() == DockableWindow::WindowMode::TabGroup;
+    return isTab ? parent : window;
+}
+
+void DockableDragHandler::updateHoverWindow()
+{
+    DockableWindow* window = windowUnderMouse();
+    if (DockableWindow* before = hoverWindow(); before && before != window) {
+        before->hideIndicators();
+    }
+    m_hoverWindow = window;
+    if (window) {
+        window->updateIndicators(m_window->sideDockingDisabled, m_window->verticalDockingDisabled);
+    }
+}
+
+void DockableDragHandler::moveIfFloating()
+{
+    DockableWindow* hover = hoverWindow();
+    if (!m_window || (hover && hover->findDockableRoot() == m_window->findDockableRoot())) {
+        return;
+    }
+    const QPointer<DockableWindow> window = m_window;
+    if (window->findDockableParent()) {
+        window->mouseUndock();
+        if (!window) {
+            return;
+        }
+        updateWindowOpacity(); // that of a docked window had no effect
+    }
+    const QPoint origin = window->mapToGlobal(QPoint());
+    window->move(QCursor::pos() + window->pos() - (m_startPosition + origin));
+    window->show();
+    window->raise();
+}
+
+void DockableDragHandler::dockInHoverWindow()
+{
+    const QPointer<DockableWindow> hover = hoverWindow();
+    const QPointer<DockableWindow> window = m_window;
+    m_hoverWindow.clear();
+    if (hover) {
+        hover->hideIndicators();
+        if (window && hover->dropArea() != DockableArea::None) {
+            // Docking takes it out of its group unseen, as mouseUndock() would not.
+            if (DockableGroup* group = ui::docking::groupOf(*window)) {
+                window->m_oldParent = group;
+            }
+            hover->dockInArea(window, hover->dropArea());
+        }
+    }
+    if (window) {
+        window->cleanupOldParent(hover);
+    }
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+
+class DockableWindow;
+class QContextMenuEvent;
+class QMouseEvent;
+
+/// Moves a dockable window by its header: the event filter of the widget that the user grabs.
+///
+/// A press starts a gesture, which follows the mouse through a filter on the application until any
+/// button is released. Past the system's drag distance the window is half transparent, the window
+/// under the pointer shows its drop zones, and a docked window is torn out as soon as the pointer
+/// leaves the top-level window it is in. The release docks it in the highlighted zone; Escape ends
+/// the drag as a release over no zone does, and is passed on.
+///
+/// The operations below are the steps of that gesture. They read the global cursor position, and
+/// do nothing once the window is gone.
+class MORRANT_UI_EXPORT DockableDragHandler : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param window the window to move, which owns the handler
+    explicit DockableDragHandler(DockableWindow* window);
+    ~DockableDragHandler() override;
+
+    /// Consumes context-menu requests; never the press that starts a drag.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    /// Shows the menu with "Undock", "Show" and "Close" at the event's position and waits for it.
+    void contextMenuEvent(QContextMenuEvent* event);
+
+    /// Off, a press starts no drag; the context menu stays. Ends a drag in progress. On by default.
+    void setEnabled(bool enabled);
+    bool isEnabled() const { return m_enabled; }
+    bool isDragging() const { return m_dragging; }
+
+    /// Remembers where in the window the pointer is.
+    void saveStartPosition();
+    /// Begins the drag once the pointer has moved the system's drag distance from the start.
+    /// @return whether a drag is in progress now
+    bool beginDragging();
+    void endDragging();
+    /// Half while dragging, full otherwise.
+    void updateWindowOpacity();
+
+    /// The window at the pointer, below the dragged one, that would take it: never a nested group,
+    /// and the tab group in place of a panel inside it. Null if there is none.
+    DockableWindow* windowUnderMouse();
+    /// Lets the window under the pointer show its drop zones, and only that one.
+    void updateHoverWindow();
+    /// Keeps the grabbed point under the pointer, unless the pointer is still over the top-level
+    /// window that the dragged one is docked in.
+    void moveIfFloating();
+    /// Docks the window in the zone that is highlighted, if one is, and tidies the group that it
+    /// came from.
+    void dockInHoverWindow();
+
+private:
+    bool applicationEvent(QObject* watched, QEvent* event);
+    bool mouseMoved(const QMouseEvent& event);
+    bool mouseReleased(QObject* watched);
+    void startGesture();
+    void endGesture();
+    void cancelGesture();
+    DockableWindow* hoverWindow() const;
+
+    QPointer<DockableWindow> m_window;
+    bool m_dragging = false;
+    QPoint m_startPosition;          ///< in the window
+    QPointer<QObject> m_hoverWindow; ///< a dockable window, unless it is being destroyed
+    QPointer<QObject> m_gesture;     ///< the application filter, from press to release
+    bool m_swallowRelease = false;   ///< the widget's copy of one that was acted on
+    bool m_enabled = true;
+};

@@ -1,0 +1,584 @@
+#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/SolidSplitter.h>
+#include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/docking/shares.h>
+#include <MorrantUI/theme/screens.h>
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QScreen>
+#include <QStyle>
+
+#include <algorithm>
+#include <numeric>
+
+using ui::docking::groupOf;
+using ui::docking::Rearranging;
+
+DockableGroup* gMainWindow = nullptr;
+
+static constexpr int kHandleWidth = 6; // logical pixels, as wide as the border around the group
+static constexpr int kBorder = 6;
+
+static int sumOf(const QList<int>& sizes)
+{
+    return std::accumulate(sizes.begin(), sizes.end(), 0);
+}
+
+DockableGroup::DockableGroup()
+{
+    ui::docking::groupBorn(*this);
+    auto* splitter = new SolidSplitter;
+    splitter->setContentsMargins(0, 0, 0, 0);
+    splitter->setHandleWidth(kHandleWidth);
+    adoptSplitter(splitter);
+    setBorderVisible(true);
+}
+
+DockableGroup::~DockableGroup()
+{
+    ui::docking::groupDying(*this);
+}
+
+void DockableGroup::adoptSplitter(SolidSplitter* splitter)
+{
+    m_splitter = splitter;
+    m_layout->addWidget(splitter, 1);
+    connect(splitter, &QSplitter::splitterMoved, this, [this] {
+        m_arrivals.clear(); // the user wants it otherwise now
+        ui::docking::reportLayoutChange();
+    });
+}
+
+int DockableGroup::childCount() const
+{
+    return m_splitter ? m_splitter->count() : 0;
+}
+
+DockableWindow* DockableGroup::getChild(int index)
+{
+    return m_splitter ? qobject_cast<DockableWindow*>(m_splitter->widget(index)) : nullptr;
+}
+
+int DockableGroup::indexOfChild(DockableWindow* window)
+{
+    return m_splitter && window ? m_splitter->indexOf(window) : -1;
+}
+
+DockableWindow* DockableGroup::takeChild(int index)
+{
+    DockableWindow* child = getChild(index);
+    if (!child) {
+        return nullptr;
+    }
+    ui::docking::LayoutChange change;
+    change.note(*child);
+    if (child->m_directionHandedDown) {
+        child->unsetLayoutDirection();
+        child->m_directionHandedDown = false;
+    }
+    child->makeFloating();
+    if (auto* group = qobject_cast<DockableGroup*>(child)) {
+        group->setBorderVisible(true);
+    }
+    if (!Rearranging::active()) {
+        giveRoomBack(*child);
+    }
+    return child;
+}
+
+void DockableGroup::appendChild(DockableWindow* window)
+{
+    insertChild(-1, window);
+}
+
+void DockableGroup::insertChild(int index, DockableWindow* window)
+{
+    if (!m_splitter || !canTake(window)) {
+        return;
+    }
+    ui::docking::LayoutChange change;
+    change.note(*window);
+    const QPointer<DockableGroup> old = groupOf(*window);
+    if (old) {
+        old->takeChild(old->indexOfChild(window));
+    }
+    window->settleLimits();
+    const int place = index < 0 || index > childCount() ? childCount() : index;
+    Arrival arrival = arrivalOf(*window);
+    if (!Rearranging::active()) {
+        growFor(*window, place);
+    }
+
+    if (auto* group = qobject_cast<DockableGroup*>(window)) {
+        group->setBorderVisible(false);
+    }
+    window->dropNativeWindow();
+    // The splitter shall show it at once, and its handle with it, even if it was hidden on purpose.
+    window->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+    m_splitter->insertWidget(place, window);
+    handDownDirection(*window);
+    window->show();
+
+    if (!Rearranging::active()) {
+        shareRoom(std::move(arrival), place);
+        if (old && old != this) {
+            old->collapseIfNeedless();
+        }
+    }
+}
+
+void DockableGroup::setLayoutMode(LayoutMode mode)
+{
+    m_layoutMode = mode;
+    if (!m_splitter) {
+        return;
+    }
+    if (mode == LayoutMode::Horizontal) {
+        m_splitter->setOrientation(Qt::Horizontal);
+    } else if (mode == LayoutMode::Vertical) {
+        m_splitter->setOrientation(Qt::Vertical);
+    }
+}
+
+void DockableGroup::setSizes(const QList<int>& sizes)
+{
+    if (m_splitter) {
+        m_splitter->setSizes(sizes);
+    }
+}
+
+QList<int> DockableGroup::sizes() const
+{
+    return m_splitter ? m_splitter->sizes() : QList<int>();
+}
+
+void DockableGroup::bringToFront()
+{
+    QWidget* top = window();
+    top->setWindowState((top->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    top->show();
+    top->raise();
+    top->activateWindow();
+}
+
+void DockableGroup::setBorderVisible(bool visible)
+{
+    if (windowMode() != WindowMode::Group) {
+        return;
+    }
+    const int margin = visible ? kBorder : 0;
+    m_layout->setContentsMargins(margin, margin, margin, margin);
+    m_borderHidden = !visible;
+}
+
+void DockableGroup::removeFromParent(DockableGroup* group)
+{
+    DockableWindow::removeFromParent(group);
+    setBorderVisible(true);
+}
+
+void DockableGroup::offsetParent(DockableWindow* window)
+{
+    const QRect available = screen()->availableGeometry();
+    QPoint position = pos();
+    if (m_layoutMode == LayoutMode::Vertical) {
+        position.setY(std::max(position.y() - window->height(), available.top()));
+    } else if (m_layoutMode == LayoutMode::Horizontal) {
+        position.setX(std::max(position.x() - window->width(), available.left()));
+    }
+    move(position);
+}
+
+QSize DockableGroup::combinedSize(DockableWindow* window)
+{
+    const QSize own = childCount() > 0 ? size() : QSize(0, 0);
+    const QSize other = window->size();
+    QSize combined = own.expandedTo(other);
+    if (m_layoutMode == LayoutMode::Vertical) {
+        combined.setHeight(own.height() + other.height());
+    } else {
+        combined.setWidth(own.width() + other.width());
+    }
+    QSize limit(-1, -1);
+    if (const QScreen* screen = getClosestScreenAt(QCursor::pos())) {
+        limit = screen->availableSize();
+        limit.rheight() -= style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    }
+    return combined.boundedTo(limit);
+}
+
+void DockableGroup::collapseGroup()
+{
+    if (this == gMainWindow || isClosing()) {
+        return;
+    }
+    ui::docking::LayoutChange change;
+    const ui::docking::FocusKeeper focus;
+    const QPointer<DockableGroup> self(this);
+    if (DockableGroup* parent = groupOf(*this)) {
+        handChildrenTo(*parent);
+    } else {
+        floatChildren();
+    }
+    if (self) {
+        makeFloating();
+        closeEmptied();
+    }
+}
+
+/// The children take this group's place in its parent, and share its room as they did here.
+void DockableGroup::handChildrenTo(DockableGroup& parent)
+{
+    const Rearranging rearranging;
+    const QList<int> neighbours = parent.sizes();
+    const int place = parent.indexOfChild(this);
+    QList<int> parts = sizes();
+    if (parent.getLayoutMode() != m_layoutMode || sumOf(parts) == 0) {
+        parts.fill(1); // lying across, they had all of it
+    }
+    removeFromParent(&parent);
+
+    int index = place;
+    DockableWindow* last = nullptr;
+    for (const auto& child : children()) {
+        if (child && takeChild(indexOfChild(child))) {
+            parent.insertChild(index++, child);
+            last = child;
+        }
+    }
+    const int count = index - place;
+    if (count != parts.size() || sumOf(neighbours) == 0) {
+        return;
+    }
+    if (count != 1) {
+        parent.setSizes(ui::docking::withReplaced(neighbours, place, parts, kHandleWidth));
+        return;
+    }
+    const auto arrival = parent.takeArrival(*this, true);
+    const bool known = arrival && arrival->others == parent.childrenBut(last);
+    parent.setSizes(known ? ui::docking::scaledTo(arrival->sizes, sumOf(neighbours)) : neighbours);
+    parent.replaced(*this, *last);
+}
+
+/// Each child floats where it is on screen; this group is not shown for it.
+void DockableGroup::floatChildren()
+{
+    struct Place
+    {
+        QPointer<DockableWindow> child;
+        QPoint position;
+        QSize size;
+    };
+    std::vector<Place> places; // of all, since those that stay spread when one leaves
+    for (const auto& child : children()) {
+        places.push_back({child, mapToGlobal(child->mapTo(this, QPoint())), child->size()});
+    }
+    const QPointer<DockableGroup> self(this);
+    for (const Place& place : places) {
+        if (!self || !place.child || indexOfChild(place.child) < 0) {
+            continue;
+        }
+        place.child->removeFromParent(this);
+        if (place.child) {
+            place.child->move(place.position);
+            place.child->resize(place.size);
+        }
+    }
+}
+
+void DockableGroup::closeEmptied()
+{
+    const bool deletes = testAttribute(Qt::WA_DeleteOnClose);
+    close();
+    if (deletes && !isClosing()) {
+        // It has nothing left to ask about; and Qt closes no window that has lost its native one.
+        m_closing = true;
+        hide();
+        deleteLater();
+    }
+}
+
+void DockableGroup::collapseIfNeedless()
+{
+    if (childCount() < 2) {
+        collapseGroup();
+    }
+}
+
+void DockableGroup::closeIfEmpty()
+{
+    if (childCount() == 0) {
+        collapseGroup();
+    }
+}
+
+void DockableGroup::closeEvent(QCloseEvent* event)
+{
+    if (this == gMainWindow) {
+        DockableWindow::closeEvent(event);
+        return;
+    }
+    for (const auto& child : children()) {
+        if (child && !child->close()) {
+            event->ignore();
+            return;
+        }
+    }
+    DockableWindow::closeEvent(event);
+}
+
+void DockableGroup::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        for (const auto& child : children()) {
+            handDownDirection(*child);
+        }
+    }
+    DockableWindow::changeEvent(event);
+}
+
+/// The splitter is always left to right, its children are as the group is.
+void DockableGroup::handDownDirection(DockableWindow& child)
+{
+    const bool own = child.testAttribute(Qt::WA_SetLayoutDirection) && !child.m_directionHandedDown;
+    if (!own && child.layoutDirection() != layoutDirection()) {
+        child.setLayoutDirection(layoutDirection());
+        child.m_directionHandedDown = true;
+    }
+}
+
+DockableGroup::LayoutMode DockableGroup::layoutModeOf(DockableArea area)
+{
+    return ui::docking::isVertical(area) ? LayoutMode::Vertical : LayoutMode::Horizontal;
+}
+
+/// A new group for what is docked at an area.
+DockableGroup* DockableGroup::makeFor(DockableArea area)
+{
+    auto* group = new DockableGroup;
+    group->setLayoutMode(layoutModeOf(area));
+    return group;
+}
+
+bool DockableGroup::takesDirectly(DockableArea area)
+{
+    if (windowMode() == WindowMode::TabGroup) {
+        return area == DockableArea::Center;
+    }
+    return windowMode() == WindowMode::Group
+           && (m_layoutMode == layoutModeOf(area) || childCount() == 0);
+}
+
+void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
+{
+    if (windowMode() == WindowMode::Group) {
+        setLayoutMode(layoutModeOf(area)); // another one only while there are no children
+    }
+    insertChild(ui::docking::insertIndex(area), &window);
+    updateGeometry();
+    window.updateGeometry();
+}
+
+/// All children move into a new group, which then lies across the newcomer.
+void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
+{
+    const Rearranging rearranging;
+    const int room = ui::docking::isVertical(area) ? m_splitter->height() : m_splitter->width();
+    const QList<int> shares = sharesFor(room, window.extentAlong(area), area);
+    DockableGroup* inner = moveChildrenDown();
+    setLayoutMode(layoutModeOf(area));
+    appendChild(inner);
+    insertChild(ui::docking::insertIndex(area), &window);
+    if (isVisible()) {
+        setSizes(shares);
+    }
+    // A lone group in a group: without this every newcomer that comes and goes would add one.
+    DockableWindow* lone = inner->childCount() == 1 ? inner->getChild(0) : nullptr;
+    if (lone && lone->windowMode() == WindowMode::Group) {
+        inner->collapseGroup();
+        return;
+    }
+    inner->updateGeometry();
+    window.updateGeometry();
+    inner->show();
+    window.show();
+}
+
+/// Moves all children, and how they share the room, into a new group, by trading splitters.
+DockableGroup* DockableGroup::moveChildrenDown()
+{
+    ui::docking::LayoutChange change;
+    for (const auto& child : children()) {
+        change.note(*child);
+    }
+    auto* inner = new DockableGroup;
+    inner->setLayoutMode(m_layoutMode);
+    SolidSplitter* full = m_splitter;
+    SolidSplitter* empty = inner->m_splitter;
+    full->disconnect(this);
+    empty->disconnect(inner);
+    m_layout->removeWidget(full);
+    inner->m_layout->removeWidget(empty);
+    inner->adoptSplitter(full);
+    adoptSplitter(empty);
+    empty->show();
+    std::swap(m_arrivals, inner->m_arrivals);
+    return inner;
+}
+
+/// A floating group makes room for a newcomer, towards the side where it comes.
+void DockableGroup::growFor(DockableWindow& window, int place)
+{
+    const bool fixed = !isWindow() || this == gMainWindow || isMaximized() || isFullScreen();
+    if (fixed) {
+        return;
+    }
+    const QSize grown = combinedSize(&window);
+    if (place == 0 && childCount() > 0) {
+        offsetParent(&window);
+    }
+    if (grown.isValid()) {
+        resize(grown);
+    }
+}
+
+/// The sizes of a new pair: the window at which another one docks, in the room it has, and that.
+QList<int> DockableGroup::sharesFor(int room, int wanted, DockableArea area) const
+{
+    const int index = ui::docking::insertIndex(area) == 0 ? 0 : 1;
+    return ui::docking::withNewcomer({room}, index, wanted, kHandleWidth);
+}
+
+/// One of two children keeps its size, the other gets the rest. The group need not be laid out yet.
+void DockableGroup::setSizesAround(DockableWindow& child, int extent)
+{
+    const int outer = m_layoutMode == LayoutMode::Vertical ? height() : width();
+    const int room = outer - 2 * kBorder - kHandleWidth;
+    if (extent > 0 && extent < room) {
+        setSizes(
+            indexOfChild(&child) == 0 ? QList{extent, room - extent}
+                                      : QList{room - extent, extent});
+    }
+}
+
+/// Of the row of children, handles included.
+int DockableGroup::length() const
+{
+    return m_layoutMode == LayoutMode::Vertical ? m_splitter->height() : m_splitter->width();
+}
+
+DockableGroup::Arrival DockableGroup::arrivalOf(const DockableWindow& window)
+{
+    return {
+        &window,
+        childrenBut(nullptr),
+        window.size(),
+        sizes(),
+        false,
+        QRect(pos(), size()),
+        QRect()};
+}
+
+/// After a newcomer has arrived: it gets a share, or in a floating group what that has grown by.
+void DockableGroup::shareRoom(Arrival arrival, int place)
+{
+    if (!isVisible() || sumOf(arrival.sizes) <= 0) {
+        return; // never laid out, so that there is nothing to keep
+    }
+    const int room = length() - kHandleWidth * (childCount() - 1);
+    const int gained = room - sumOf(arrival.sizes);
+    QList<int> shared = arrival.sizes;
+    if (gained > 0) {
+        shared.insert(place, gained);
+    } else {
+        const QSize wanted = arrival.newcomerSize;
+        const int extent = m_layoutMode == LayoutMode::Vertical ? wanted.height() : wanted.width();
+        shared = ui::docking::withNewcomer(arrival.sizes, place, extent, kHandleWidth);
+    }
+    setSizes(shared);
+    arrival.after = QRect(pos(), size());
+    remember(std::move(arrival));
+}
+
+/// After a child has left: if the others are as it found them they get their sizes back.
+void DockableGroup::giveRoomBack(const DockableWindow& child)
+{
+    const auto arrival = takeArrival(child, false);
+    if (!arrival || !isVisible() || arrival->others != childrenBut(nullptr)) {
+        return;
+    }
+    const bool grew = arrival->before.size() != arrival->after.size();
+    if (isWindow() && grew && arrival->after.size() == size()) {
+        move(pos() + arrival->before.topLeft() - arrival->after.topLeft());
+        resize(arrival->before.size());
+    }
+    const int room = length() - kHandleWidth * (childCount() - 1);
+    setSizes(ui::docking::scaledTo(arrival->sizes, room));
+}
+
+/// Forgets the newest arrival of a window, and returns it.
+std::optional<DockableGroup::Arrival> DockableGroup::takeArrival(
+    const DockableWindow& newcomer, bool inPlace)
+{
+    const auto found = std::find_if(m_arrivals.rbegin(), m_arrivals.rend(), [&](const Arrival& a) {
+        return a.newcomer == &newcomer && a.inPlace == inPlace;
+    });
+    if (found == m_arrivals.rend()) {
+        return std::nullopt;
+    }
+    Arrival arrival = std::move(*found);
+    m_arrivals.erase(std::next(found).base());
+    return arrival;
+}
+
+/// After a child has come in place of another one.
+void DockableGroup::replaced(const DockableWindow& gone, const DockableWindow& inItsPlace)
+{
+    for (Arrival& arrival : m_arrivals) {
+        std::replace(arrival.others.begin(), arrival.others.end(), &gone, &inItsPlace);
+        arrival.newcomer = arrival.newcomer == &gone ? &inItsPlace : arrival.newcomer;
+    }
+}
+
+/// After a group has come in place of a child: the others keep their sizes as far as they can.
+void DockableGroup::holderArrived(
+    const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes)
+{
+    if (sumOf(sizes) > 0) {
+        setSizes(sizes);
+    }
+    replaced(target, holder);
+    remember({&holder, childrenBut(&holder), {}, sizes, true, {}, {}});
+}
+
+void DockableGroup::remember(Arrival arrival)
+{
+    const auto children = childrenBut(nullptr);
+    std::erase_if(m_arrivals, [&](const Arrival& old) {
+        return std::find(children.begin(), children.end(), old.newcomer) == children.end();
+    });
+    m_arrivals.push_back(std::move(arrival));
+}
+
+std::vector<QPointer<DockableWindow>> DockableGroup::children()
+{
+    std::vector<QPointer<DockableWindow>> found;
+    for (int index = 0; index < childCount(); ++index) {
+        if (DockableWindow* child = getChild(index)) {
+            found.emplace_back(child);
+        }
+    }
+    return found;
+}
+
+std::vector<const DockableWindow*> DockableGroup::childrenBut(const DockableWindow* one)
+{
+    std::vector<const DockableWindow*> found;
+    for (int index = 0; index < childCount(); ++index) {
+        if (const DockableWindow* child = getChild(index); child != one) {
+            found.push_back(child);
+        }
+    }
+    return found;
+}

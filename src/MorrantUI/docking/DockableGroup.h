@@ -1,0 +1,138 @@
+#pragma once
+
+#include <MorrantUI/docking/DockableWindow.h>
+#include <MorrantUI/morrantui_export.h>
+
+#include <QList>
+#include <QPointer>
+#include <QRect>
+#include <QSize>
+
+#include <optional>
+#include <vector>
+
+class SolidSplitter;
+
+/// Dockable windows side by side or one above the other, with handles between them.
+///
+/// A group exists as long as it has children: undocking and closing dissolve one that is left with
+/// fewer than two, except for gMainWindow. Closing a group closes its children first; one that
+/// refuses keeps it open.
+class MORRANT_UI_EXPORT DockableGroup : public DockableWindow
+{
+    Q_OBJECT
+
+public:
+    enum class LayoutMode : int
+    {
+        Horizontal = 0, ///< children side by side, from left to right
+        Vertical = 1,   ///< children one above the other
+    };
+
+    /// An empty group, floating and hidden.
+    DockableGroup();
+    ~DockableGroup() override;
+
+    /// Takes the child out and returns it, floating and hidden; null for an index out of range.
+    virtual DockableWindow* takeChild(int index);
+    virtual int childCount() const;
+    /// Null for an index out of range, and for a widget that is no dockable window.
+    virtual DockableWindow* getChild(int index);
+    /// -1 if absent.
+    virtual int indexOfChild(DockableWindow* window);
+    /// Puts a window before the child of that index; any index out of range appends. A floating
+    /// group grows by the window's size, towards the top or the left for index 0. A window that is
+    /// in another group leaves that one.
+    virtual void insertChild(int index, DockableWindow* window);
+    virtual void appendChild(DockableWindow* window);
+
+    /// Other values than the two are stored but leave the children as they are.
+    void setLayoutMode(LayoutMode mode);
+    LayoutMode getLayoutMode() const { return m_layoutMode; }
+
+    /// The children's widths or heights, without the handles between them. The group's own size
+    /// stays, so that the values count as proportions when they do not add up to it.
+    void setSizes(const QList<int>& sizes);
+    QList<int> sizes() const;
+
+    /// Dissolves the group: its children take its place in the group that it is in, or else float.
+    /// Nothing happens to gMainWindow.
+    void collapseGroup();
+
+    /// Shows the top-level window, out of its minimised state, above the others and active.
+    void bringToFront();
+
+Q_SIGNALS:
+    /// The arrangement of any dockable window has changed, or the user has moved a handle. Sent by
+    /// gMainWindow only, once for each operation, when it is over.
+    void layoutChanged();
+
+protected:
+    /// The base behaviour, then the border is back.
+    void removeFromParent(DockableGroup* group) override;
+
+    /// Shows or hides the margin around the children, which a nested group does without. Only in
+    /// mode Group.
+    void setBorderVisible(bool visible);
+    /// Moves the group up or left by the window's size, as far as the screen goes, so that the
+    /// children stay where they are on screen when the window comes before them.
+    void offsetParent(DockableWindow* window);
+    /// The size of the group together with the window, as far as the screen goes.
+    QSize combinedSize(DockableWindow* window);
+
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    friend class DockableWindow;
+
+    /// A newcomer's arrival, and how things were before: undone when it leaves.
+    struct Arrival
+    {
+        const DockableWindow* newcomer = nullptr; ///< compared only, as the others are
+        std::vector<const DockableWindow*> others;
+        QSize newcomerSize;
+        QList<int> sizes; ///< of the others; of one more if it came in place of that
+        bool inPlace = false;
+        QRect before; ///< position and size of the group
+        QRect after;
+    };
+
+    static LayoutMode layoutModeOf(DockableArea area);
+    static DockableGroup* makeFor(DockableArea area);
+    bool takesDirectly(DockableArea area);
+    void insertDirectly(DockableWindow& window, DockableArea area);
+    void dockInRoot(DockableWindow& window, DockableArea area);
+    DockableGroup* moveChildrenDown();
+    void handChildrenTo(DockableGroup& parent);
+    void floatChildren();
+    void closeEmptied();
+    void collapseIfNeedless();
+    void closeIfEmpty();
+
+    void growFor(DockableWindow& window, int place);
+    void shareRoom(Arrival arrival, int place);
+    void giveRoomBack(const DockableWindow& child);
+    std::optional<Arrival> takeArrival(const DockableWindow& newcomer, bool inPlace);
+    void remember(Arrival arrival);
+    void replaced(const DockableWindow& gone, const DockableWindow& inItsPlace);
+    void holderArrived(
+        const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes);
+    QList<int> sharesFor(int room, int wanted, DockableArea area) const;
+    void setSizesAround(DockableWindow& child, int extent);
+    int length() const;
+
+    void adoptSplitter(SolidSplitter* splitter);
+    void handDownDirection(DockableWindow& child);
+    Arrival arrivalOf(const DockableWindow& window);
+    std::vector<QPointer<DockableWindow>> children();
+    std::vector<const DockableWindow*> childrenBut(const DockableWindow* one);
+
+    LayoutMode m_layoutMode = LayoutMode::Horizontal;
+    QPointer<SolidSplitter> m_splitter;
+    std::vector<Arrival> m_arrivals; ///< oldest first
+};
+
+/// The root group of the main window. Set by the application and never by the library; null and a
+/// group that has been deleted are treated as none. Every floating window belongs to it.
+MORRANT_UI_EXPORT extern DockableGroup* gMainWindow;

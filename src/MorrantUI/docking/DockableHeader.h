@@ -1,0 +1,27 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+#include <MorrantUI/theme/Widget.h>
+
+#include <QString>
+
+/// The title row of a dockable window, and what the user grabs to move it.
+class MORRANT_UI_EXPORT DockableHeader : public Widget
+{
+    Q_OBJECT
+
+public:
+    explicit DockableHeader(QWidget* parent = nullptr);
+    ~DockableHeader() override;
+
+    /// Installs an event filter on the widget that the user grabs, and returns that widget. By
+    /// default it is the header itself. A null handler installs nothing.
+    virtual QWidget* setHandler(QObject* handler);
+
+    /// What the header shows; also its accessible name.
+    virtual void setText(const QString& text);
+    QString text() const { return m_text; }
+
+private:
+    QString m_text;
+};

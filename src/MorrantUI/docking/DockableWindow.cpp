@@ -1,0 +1,587 @@
+#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/DockableTabHeader.h>
+#include <MorrantUI/docking/DockableWindow.h>
+#include <MorrantUI/docking/DropIndicatorMain.h>
+#include <MorrantUI/docking/FlashFrame.h>
+#include <MorrantUI/docking/WindowDimmer.h>
+#include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/platform/native.h>
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/palettes.h>
+
+#include <QEvent>
+#include <QPropertyAnimation>
+
+using ui::docking::groupOf;
+using ui::docking::mainWindow;
+using ui::docking::Rearranging;
+namespace native = morrant::native;
+
+static constexpr QColor kBackground(31, 31, 31);
+static constexpr int kFlashDuration = 1500; // milliseconds
+
+/// The same for the life of the process, whatever the theme.
+static const QColor& focusFrameColor()
+{
+    static const QColor color = ui::colorQt(QStringLiteral("Green"));
+    return color;
+}
+
+DockableWindow::DockableWindow()
+    : m_dragHandler(this)
+{
+    makeFloating();
+    setAttribute(Qt::WA_DeleteOnClose);
+    ui::setWidgetBackground(this, kBackground);
+    native::setDarkTitleBar(this);
+
+    m_dropIndicator = new DropIndicatorMain(this);
+    m_dimmer = new WindowDimmer(this);
+    m_layout = new QBoxLayout(QBoxLayout::TopToBottom, this);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(0);
+    setHeader(new DockableTabHeader);
+    setHeaderVisible(false);
+    m_focusFrame = new FlashFrame(focusFrameColor(), this);
+    m_focusFrame->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_focusFrame->resize(width(), 1);
+    m_focusFrame->hide();
+    // A native content makes what lies beside it native: that must not go on to the other panels.
+    for (QWidget* overlay :
+         {static_cast<QWidget*>(m_dropIndicator),
+          static_cast<QWidget*>(m_dimmer),
+          static_cast<QWidget*>(m_focusFrame)})
+    {
+        overlay->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    }
+}
+
+DockableWindow::DockableWindow(QWidget* content)
+    : DockableWindow()
+{
+    m_windowMode = WindowMode::Panel;
+    m_content = content;
+    if (content) {
+        content->setAttribute(Qt::WA_DontCreateNativeAncestors);
+        m_layout->addWidget(content, 1);
+    }
+    m_layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    setHeaderVisible(true);
+}
+
+DockableWindow::~DockableWindow()
+{
+    // When this window is gone; a group that goes with it takes these calls along.
+    DockableGroup* group = groupOf(*this);
+    if (group) {
+        QMetaObject::invokeMethod(
+            group, [group] { group->closeIfEmpty(); }, Qt::QueuedConnection);
+    }
+    if (DockableGroup* old = oldParent(); old && old != this) {
+        QMetaObject::invokeMethod(
+            old, [old] { old->collapseIfNeedless(); }, Qt::QueuedConnection);
+    }
+    if (group || m_windowMode == WindowMode::Panel) {
+        ui::docking::reportLayoutChangeLater();
+    }
+}
+
+void DockableWindow::setHeader(DockableHeader* header)
+{
+    if (header && header == m_header) {
+        return;
+    }
+    if (m_header) {
+        m_layout->removeWidget(m_header);
+        m_header->hide();
+        m_header->deleteLater();
+    }
+    if (m_grabWidget) {
+        m_grabWidget->removeEventFilter(&m_dragHandler);
+    }
+    m_grabWidget.clear();
+    m_header = header;
+    if (!header) {
+        return;
+    }
+    if (DockableWindow* previous = findDockableParent(header->parentWidget());
+        previous && previous->m_header == header)
+    {
+        previous->releaseHeader();
+    }
+    m_grabWidget = header->setHandler(&m_dragHandler);
+    header->setText(m_text);
+    header->setAttribute(Qt::WA_DontCreateNativeAncestors); // as the constructor does
+    m_layout->insertWidget(0, header);
+    if (m_dim) {
+        m_dimmer->raise();
+    }
+}
+
+/// Lets go of a header that another window takes over.
+void DockableWindow::releaseHeader()
+{
+    if (m_grabWidget) {
+        m_grabWidget->removeEventFilter(&m_dragHandler);
+    }
+    m_layout->removeWidget(m_header);
+    m_grabWidget.clear();
+    m_header.clear();
+}
+
+DockableHeader* DockableWindow::header() const
+{
+    return m_header;
+}
+
+void DockableWindow::setHeaderVisible(bool visible)
+{
+    if (m_header) {
+        m_header->setVisible(visible);
+    }
+}
+
+void DockableWindow::setHeaderDirection(QBoxLayout::Direction direction)
+{
+    m_layout->setDirection(direction);
+}
+
+void DockableWindow::setText(const QString& text)
+{
+    if (text.isEmpty()) {
+        return;
+    }
+    if (m_header) {
+        m_header->setText(text);
+    }
+    const bool changed = text != m_text;
+    m_text = text;
+    setWindowTitle(text);
+    if (changed) {
+        Q_EMIT textChanged(text);
+    }
+}
+
+bool DockableWindow::isFloating() const
+{
+    return isWindow() && this != gMainWindow;
+}
+
+DockableWindow* DockableWindow::findDockableParent()
+{
+    return isWindow() ? nullptr : findDockableParent(parentWidget());
+}
+
+DockableWindow* DockableWindow::findDockableParent(QWidget* widget)
+{
+    while (widget) {
+        if (auto* window = qobject_cast<DockableWindow*>(widget)) {
+            return window;
+        }
+        widget = widget->isWindow() ? nullptr : widget->parentWidget();
+    }
+    return nullptr;
+}
+
+DockableGroup* DockableWindow::findDockableParentGroup()
+{
+    DockableWindow* window = findDockableParent();
+    while (window && !qobject_cast<DockableGroup*>(window)) {
+        window = window->findDockableParent();
+    }
+    return qobject_cast<DockableGroup*>(window);
+}
+
+DockableWindow* DockableWindow::findDockableRoot()
+{
+    DockableWindow* root = this;
+    while (DockableWindow* parent = root->findDockableParent()) {
+        root = parent;
+    }
+    return root;
+}
+
+void DockableWindow::setDragEnabled(bool enabled)
+{
+    m_dragHandler.setEnabled(enabled);
+}
+
+bool DockableWindow::isDragEnabled() const
+{
+    return m_dragHandler.isEnabled();
+}
+
+void DockableWindow::updateIndicators(bool sidesDisabled, bool topBottomDisabled)
+{
+    m_dropIndicator->updateArea();
+    const bool nestedGroup = m_windowMode == WindowMode::Group && findDockableParent();
+    if (nestedGroup && dropArea() == DockableArea::None) {
+        m_dropIndicator->hide();
+        return;
+    }
+    m_dropIndicator->resize(size());
+    m_dropIndicator->showZones(topOffset(), sidesDisabled, topBottomDisabled);
+}
+
+void DockableWindow::hideIndicators()
+{
+    m_dropIndicator->hide();
+}
+
+DockableArea DockableWindow::dropArea() const
+{
+    return m_dropIndicator->area();
+}
+
+void DockableWindow::setFocusFrameVisible(bool visible)
+{
+    if (visible) {
+        m_focusFrame->raise();
+    }
+    m_focusFrame->setVisible(visible);
+}
+
+bool DockableWindow::focusFrameVisible() const
+{
+    return m_focusFrame->isVisible();
+}
+
+void DockableWindow::flashFocusColor(const QColor& color)
+{
+    if (!color.isValid()) {
+        return;
+    }
+    if (m_flash) {
+        m_flash->stop();
+    }
+    m_flash = new QPropertyAnimation(m_focusFrame, "currentColor", m_focusFrame);
+    m_flash->setDuration(kFlashDuration);
+    m_flash->setKeyValueAt(0.0, m_focusFrame->lineColor());
+    m_flash->setKeyValueAt(0.5, color);
+    m_flash->setKeyValueAt(1.0, m_focusFrame->lineColor());
+    m_flash->setEasingCurve(QEasingCurve::InOutQuad);
+    m_flash->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void DockableWindow::setDim(bool dim)
+{
+    m_dim = dim;
+    if (dim) {
+        m_dimmer->resize(size());
+        m_dimmer->raise();
+        m_dimmer->show();
+        m_dimmer->repaint();
+    } else {
+        m_dimmer->hide();
+    }
+}
+
+void DockableWindow::onApplicationActivate()
+{
+    if (this != gMainWindow) {
+        native::setFloating(this, true);
+        m_inactive = false;
+    }
+}
+
+void DockableWindow::onApplicationDeactivate()
+{
+    if (this != gMainWindow) {
+        native::setFloating(this, false);
+        m_inactive = true;
+    }
+}
+
+bool DockableWindow::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Show:
+        if (!m_inactive && findDockableRoot() != gMainWindow) {
+            native::setFloating(window(), true);
+            return true;
+        }
+        break;
+    case QEvent::WindowActivate: native::setDarkTitleBar(window()); return true;
+    case QEvent::Close: {
+        const bool handled = Widget::event(event);
+        m_closing = event->isAccepted() && testAttribute(Qt::WA_DeleteOnClose);
+        return handled;
+    }
+    case QEvent::ChildPolished:
+        if (m_dim) {
+            m_dimmer->raise(); // above a child that came later
+        }
+        break;
+    default: break;
+    }
+    return Widget::event(event);
+}
+
+int DockableWindow::topOffset()
+{
+    const bool onTop =
+        m_header && m_header->isVisible() && m_layout->direction() == QBoxLayout::TopToBottom;
+    return onTop ? m_header->height() : 0;
+}
+
+void DockableWindow::paintEvent(QPaintEvent* event)
+{
+    if (!autoFillBackground()) { // else Qt has painted all there is
+        Widget::paintEvent(event);
+    }
+}
+
+void DockableWindow::resizeEvent(QResizeEvent* event)
+{
+    Widget::resizeEvent(event);
+    m_focusFrame->resize(width(), 1);
+    if (m_dim) {
+        m_dimmer->resize(size());
+    }
+    if (m_dropIndicator->isVisible()) {
+        m_dropIndicator->resize(size());
+    }
+}
+
+void DockableWindow::removeFromParent(DockableGroup* group)
+{
+    const int index = group ? group->indexOfChild(this) : -1;
+    if (index < 0) {
+        return;
+    }
+    const QPoint position = group->mapToGlobal(mapTo(group, QPoint()));
+    group->takeChild(index);
+    makeFloating();
+    move(position);
+    if (m_windowMode == WindowMode::Panel) {
+        setHeaderVisible(true);
+    }
+    if (!Rearranging::active()) {
+        show();
+    }
+}
+
+/// Makes the window a top-level one that belongs to the main window; hidden, unless it was one. One
+/// that is only changing places is left without a parent.
+void DockableWindow::makeFloating()
+{
+    if (this == gMainWindow) {
+        return;
+    }
+    if (!isWindow()) {
+        setParent(nullptr); // straight to another parent Qt would make it a native window at once
+    }
+    DockableGroup* main = mainWindow();
+    const bool floats = parentWidget() == main && windowFlags().testFlag(Qt::Window);
+    if (!floats && !Rearranging::active()) {
+        setParent(main, windowFlags() | Qt::Window);
+    }
+    if (!updatesEnabled() && !testAttribute(Qt::WA_ForceUpdatesDisabled)) {
+        setUpdatesEnabled(true); // it was in a window that paints nothing at present
+    }
+}
+
+/// Takes over the content's minimum and maximum size, which Qt puts off while the window is hidden.
+void DockableWindow::settleLimits()
+{
+    if (m_layout) {
+        m_layout->activate();
+    }
+}
+
+/// Before docking: a native child would make its siblings native too, and a native window that is
+/// still there would become a child of the main window's for a moment.
+void DockableWindow::dropNativeWindow()
+{
+    setAttribute(Qt::WA_NativeWindow, false);
+    if (isWindow() && windowHandle()) {
+        hide();
+        destroy();
+    }
+}
+
+/// undock(false) without showing anything.
+void DockableWindow::undockUnseen(DockableGroup& group)
+{
+    const QPointer<DockableGroup> left(&group);
+    {
+        const Rearranging rearranging;
+        removeFromParent(left);
+    }
+    if (left) {
+        left->giveRoomBack(*this);
+    }
+}
+
+void DockableWindow::undock(bool collapse)
+{
+    const QPointer<DockableGroup> parent = groupOf(*this);
+    if (!parent) {
+        return;
+    }
+    ui::docking::LayoutChange change;
+    const ui::docking::FocusKeeper focus;
+    const QPointer<DockableWindow> self(this);
+    change.note(*this);
+    removeFromParent(parent);
+    if (parent && collapse && parent->childCount() < 2) {
+        parent->collapseGroup();
+    } else if (parent && !Rearranging::active()) {
+        parent->show();
+    }
+    if (self && !Rearranging::active()) {
+        show();
+    }
+}
+
+void DockableWindow::undockAndClose()
+{
+    const QPointer<DockableGroup> parent = groupOf(*this);
+    if (!parent) {
+        return;
+    }
+    ui::docking::LayoutChange change;
+    const ui::docking::FocusKeeper focus;
+    const QPointer<DockableWindow> self(this);
+    change.note(*this);
+    undockUnseen(*parent); // a window on its way out need not be seen on its own
+    makeFloating();
+    if (parent && parent->childCount() > 1) {
+        parent->show();
+    } else if (parent) {
+        parent->collapseGroup();
+    }
+    if (self && !self->close() && self) {
+        self->show();
+    }
+}
+
+void DockableWindow::mouseUndock()
+{
+    if (DockableGroup* parent = groupOf(*this)) {
+        m_oldParent = parent;
+        undock(false);
+    }
+}
+
+void DockableWindow::cleanupOldParent(DockableWindow* newParent)
+{
+    DockableGroup* old = oldParent();
+    if (old && old == newParent) {
+        return;
+    }
+    m_oldParent.clear();
+    if (old) {
+        old->collapseIfNeedless();
+    }
+}
+
+DockableGroup* DockableWindow::oldParent() const
+{
+    return qobject_cast<DockableGroup*>(m_oldParent.data());
+}
+
+bool DockableWindow::canTake(DockableWindow* window)
+{
+    if (!window || m_closing || window->m_closing || window == gMainWindow) {
+        return false;
+    }
+    for (DockableWindow* above = this; above; above = above->findDockableParent()) {
+        if (above == window || above->m_closing) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Whether docking at the area needs nothing that there is not: tabs, or a root that can be split.
+bool DockableWindow::canSplit(DockableArea area)
+{
+    auto* group = qobject_cast<DockableGroup*>(this);
+    if (group && group->takesDirectly(area)) {
+        return true;
+    }
+    return this == gMainWindow ? m_windowMode == WindowMode::Group : area != DockableArea::Center;
+}
+
+DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea area)
+{
+    if (!ui::docking::isPlace(area) || !canTake(window) || !canSplit(area)) {
+        return nullptr;
+    }
+    ui::docking::LayoutChange change;
+    const ui::docking::FocusKeeper focus;
+    change.note(*this);
+    change.note(*window);
+    window->settleLimits();
+    const QPointer<DockableGroup> old = groupOf(*window);
+    if (old) {
+        window->undockUnseen(*old);
+    }
+    const QPointer<DockableWindow> result = dockBeside(*window, area);
+    if (old && old != result) {
+        old->collapseIfNeedless();
+    }
+    return result;
+}
+
+DockableWindow* DockableWindow::dockBeside(DockableWindow& window, DockableArea area)
+{
+    auto* group = qobject_cast<DockableGroup*>(this);
+    if (group && group->takesDirectly(area)) {
+        group->insertDirectly(window, area);
+        return this;
+    }
+    if (group && this == gMainWindow) {
+        group->dockInRoot(window, area);
+        return this;
+    }
+    DockableGroup* parent = groupOf(*this);
+    DockableGroup* holder =
+        parent ? dockInPlace(*parent, window, area) : dockFloating(window, area);
+    updateGeometry();
+    window.updateGeometry();
+    return holder;
+}
+
+/// This window's place in its group goes to a new group of it and the newcomer.
+DockableGroup* DockableWindow::dockInPlace(
+    DockableGroup& parent, DockableWindow& window, DockableArea area)
+{
+    DockableGroup* holder = DockableGroup::makeFor(area);
+    // Not their root too: it would be painted anew as a whole, at twenty times the cost. Nothing is
+    // painted before control returns to the event loop anyway.
+    const ui::docking::FrozenUpdates frozen{this, &window};
+    const Rearranging rearranging;
+    const QList<int> neighbours = parent.sizes();
+    const int index = parent.indexOfChild(this);
+    const QList<int> shares = holder->sharesFor(extentAlong(area), window.extentAlong(area), area);
+
+    undock(false);
+    holder->appendChild(this);
+    holder->insertChild(ui::docking::insertIndex(area), &window);
+    holder->setSizes(shares);
+    parent.insertChild(index, holder);
+    parent.holderArrived(*this, *holder, neighbours);
+    return holder;
+}
+
+/// A new group comes where this floating window is.
+DockableGroup* DockableWindow::dockFloating(DockableWindow& window, DockableArea area)
+{
+    DockableGroup* holder = DockableGroup::makeFor(area);
+    const QPoint position = pos();
+    const int own = extentAlong(area);
+    holder->appendChild(this);
+    holder->insertChild(ui::docking::insertIndex(area), &window);
+    holder->setSizesAround(*this, own);
+    holder->move(position);
+    holder->show();
+    return holder;
+}
+
+/// Width or height, whichever windows share when they dock at the area.
+int DockableWindow::extentAlong(DockableArea area) const
+{
+    return ui::docking::isVertical(area) ? height() : width();
+}

@@ -1,0 +1,186 @@
+#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/docktree.h>
+
+#include <QApplication>
+
+#include <algorithm>
+#include <utility>
+
+namespace ui::docking {
+
+namespace {
+
+std::vector<DockableGroup*>& livingGroups()
+{
+    static std::vector<DockableGroup*> groups;
+    return groups;
+}
+
+/// A window that an operation may have moved, and the group it was in before.
+struct Seen
+{
+    QPointer<QObject> window; // QObjects, since they may be on the point of being destroyed
+    QPointer<QObject> group;
+    bool wasDocked = false;
+};
+
+struct Operation
+{
+    int depth = 0;
+    std::vector<Seen> seen;
+};
+
+Operation& operation()
+{
+    static Operation current;
+    return current;
+}
+
+int& rearrangements()
+{
+    static int depth = 0;
+    return depth;
+}
+
+void report(const Seen& seen)
+{
+    auto* window = qobject_cast<DockableWindow*>(seen.window.data());
+    if (!window) {
+        return;
+    }
+    DockableGroup* group = groupOf(*window);
+    if (group && group != seen.group) {
+        Q_EMIT window->docked(group);
+    } else if (!group && seen.wasDocked) {
+        Q_EMIT window->undocked();
+    }
+}
+
+} // namespace
+
+DockableGroup* mainWindow()
+{
+    const auto& groups = livingGroups();
+    const bool lives = std::find(groups.begin(), groups.end(), gMainWindow) != groups.end();
+    return lives ? gMainWindow : nullptr;
+}
+
+void groupBorn(DockableGroup& group)
+{
+    livingGroups().push_back(&group);
+}
+
+void groupDying(DockableGroup& group)
+{
+    std::erase(livingGroups(), &group);
+}
+
+DockableGroup* groupOf(DockableWindow& window)
+{
+    DockableGroup* group = window.findDockableParentGroup();
+    return group && group->indexOfChild(&window) >= 0 ? group : nullptr;
+}
+
+LayoutChange::LayoutChange()
+{
+    ++operation().depth;
+}
+
+LayoutChange::~LayoutChange()
+{
+    if (--operation().depth > 0) {
+        return;
+    }
+    const std::vector<Seen> seen = std::exchange(operation().seen, {});
+    if (seen.empty()) {
+        return;
+    }
+    for (const Seen& window : seen) {
+        report(window);
+    }
+    reportLayoutChange();
+}
+
+void LayoutChange::note(DockableWindow& window)
+{
+    auto& seen = operation().seen;
+    const bool known = std::any_of(
+        seen.begin(), seen.end(), [&](const Seen& other) { return other.window == &window; });
+    if (!known) {
+        DockableGroup* group = groupOf(window);
+        seen.push_back({&window, group, group != nullptr});
+    }
+}
+
+void reportLayoutChange()
+{
+    if (DockableGroup* main = mainWindow()) {
+        Q_EMIT main->layoutChanged();
+    }
+}
+
+void reportLayoutChangeLater()
+{
+    static QPointer<QObject> reporting;
+    DockableGroup* main = mainWindow();
+    if (main && main != reporting) {
+        reporting = main;
+        const auto report = [] {
+            reporting.clear();
+            reportLayoutChange();
+        };
+        QMetaObject::invokeMethod(main, report, Qt::QueuedConnection);
+    }
+}
+
+Rearranging::Rearranging()
+{
+    ++rearrangements();
+}
+
+Rearranging::~Rearranging()
+{
+    --rearrangements();
+}
+
+bool Rearranging::active()
+{
+    return rearrangements() > 0;
+}
+
+FocusKeeper::FocusKeeper()
+    : m_focus(QApplication::focusWidget())
+    , m_wasActive(m_focus && m_focus->isActiveWindow())
+{}
+
+FocusKeeper::~FocusKeeper()
+{
+    if (!m_focus || m_focus == QApplication::focusWidget() || !m_focus->isVisible()) {
+        return;
+    }
+    m_focus->setFocus(Qt::OtherFocusReason);
+    if (m_wasActive && !m_focus->isActiveWindow()) {
+        m_focus->activateWindow();
+    }
+}
+
+FrozenUpdates::FrozenUpdates(std::initializer_list<QWidget*> widgets)
+{
+    for (QWidget* widget : widgets) {
+        if (!widget->testAttribute(Qt::WA_ForceUpdatesDisabled)) {
+            widget->setUpdatesEnabled(false);
+            m_frozen.emplace_back(widget);
+        }
+    }
+}
+
+FrozenUpdates::~FrozenUpdates()
+{
+    for (const QPointer<QWidget>& widget : m_frozen) {
+        if (widget) {
+            widget->setUpdatesEnabled(true);
+        }
+    }
+}
+
+} // namespace ui::docking

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QList>
+#include <QPointer>
+#include <QWidget>
+
+#include <initializer_list>
+#include <vector>
+
+class DockableGroup;
+class DockableWindow;
+
+/// What the operations on the tree of dockable windows share.
+namespace ui::docking {
+
+/// gMainWindow while it lives; null when there is none, or it is being destroyed.
+DockableGroup* mainWindow();
+void groupBorn(DockableGroup& group);
+void groupDying(DockableGroup& group);
+
+/// The group that has the window as its child; null for one that floats or is elsewhere.
+DockableGroup* groupOf(DockableWindow& window);
+
+/// The scope of an operation. When the outermost one ends the windows seen in it report where they
+/// have gone, then the main window that the layout has changed.
+class LayoutChange
+{
+public:
+    LayoutChange();
+    ~LayoutChange();
+    Q_DISABLE_COPY_MOVE(LayoutChange)
+
+    /// To be called before the window moves.
+    void note(DockableWindow& window);
+};
+
+/// Sends the main window's layoutChanged().
+void reportLayoutChange();
+/// The same from the event loop, once for all calls until then.
+void reportLayoutChangeLater();
+
+/// While one lives, windows change places behind the scenes: none is shown as a top-level window,
+/// groups neither grow nor move, and nobody shares out room.
+class Rearranging
+{
+public:
+    Rearranging();
+    ~Rearranging();
+    Q_DISABLE_COPY_MOVE(Rearranging)
+
+    static bool active();
+};
+
+/// Gives the keyboard focus back at its end: every change of parent takes it away.
+class FocusKeeper
+{
+public:
+    FocusKeeper();
+    ~FocusKeeper();
+    Q_DISABLE_COPY_MOVE(FocusKeeper)
+
+private:
+    QPointer<QWidget> m_focus;
+    bool m_wasActive = false;
+};
+
+/// Switches the painting of widgets off, and in the same order back to what each had before.
+class FrozenUpdates
+{
+public:
+    explicit FrozenUpdates(std::initializer_list<QWidget*> widgets);
+    ~FrozenUpdates();
+    Q_DISABLE_COPY_MOVE(FrozenUpdates)
+
+private:
+    std::vector<QPointer<QWidget>> m_frozen;
+};
+
+} // namespace ui::docking
