@@ -20,7 +20,7 @@ public:
 
     QPoint position() const;
     void moveTo(QPoint position);
-    /// Moves in `times` equal steps, a few milliseconds each.
+    /// Moves in `times` equal steps, few enough at once for the application to follow.
     void moveBy(QPoint step, int times = 1);
     void press();
     void release();

@@ -68,7 +68,9 @@ void RealPointer::moveBy(QPoint step, int times)
 {
     for (int i = 0; i < times; ++i) {
         send(MOUSEEVENTF_MOVE, step);
-        QTest::qWait(1);
+        if (i % 5 == 0) {
+            QTest::qWait(1);
+        }
     }
     QTest::qWait(30);
 }
