@@ -5,6 +5,7 @@
 
 #include <QListWidget>
 #include <QLocale>
+#include <QSignalBlocker>
 
 namespace studio {
 
@@ -56,10 +57,15 @@ LayerPanel::LayerPanel(QWidget* parent)
     m_list->setAccessibleName(tr("Layers"));
     writeInNamedColors(m_list);
     setContent(m_list);
+    connect(m_list, &QListWidget::itemSelectionChanged, this, [this] {
+        const QListWidgetItem* selected = m_list->selectedItems().value(0);
+        Q_EMIT layerSelected(selected != nullptr ? m_list->row(selected) : -1);
+    });
 }
 
 void LayerPanel::setDocument(const Document& document)
 {
+    const QSignalBlocker blocker(m_list); // told once, when all rows are there
     m_list->clear();
     for (const Layer& layer : document.main.layers) {
         QListWidgetItem* row = makeRow(layer);
@@ -69,6 +75,12 @@ void LayerPanel::setDocument(const Document& document)
         m_list->addItem(row);
     }
     setRemark(QLocale().toString(m_list->count()));
+    Q_EMIT layerSelected(-1);
+}
+
+void LayerPanel::selectLayer(int layer)
+{
+    m_list->setCurrentRow(layer, QItemSelectionModel::ClearAndSelect);
 }
 
 } // namespace studio

@@ -1,11 +1,13 @@
 #include "StudioWindow.h"
 
+#include "AttributePanel.h"
 #include "LayerPanel.h"
 #include "MissingPanel.h"
 #include "NoticeBar.h"
 #include "Player.h"
 #include "TransportBar.h"
 #include "Viewport.h"
+#include "editing/DocumentEditor.h"
 #include "gallery/GalleryPage.h"
 #include "lottie/Document.h"
 #include "lottie/reader.h"
@@ -36,6 +38,7 @@ namespace {
 
 constexpr QSize kWindowSize(1440, 900);
 constexpr int kSidebarWidth = 260;
+constexpr int kAttributesWidth = 340;
 constexpr double kZoomStep = 1.25;
 
 struct Command
@@ -70,6 +73,18 @@ QString titleOf(const Document& document, const QString& path)
     return StudioWindow::tr("%1 (%2)").arg(name, sizeText(document.width, document.height));
 }
 
+/// In a title that tells whether there are changes, these three signs have a meaning.
+QString plainTitle(QString text)
+{
+    return text.replace(u"[*]"_qs, u"[*][*]"_qs);
+}
+
+/// In a menu, "&" has one.
+QString menuText(QString text)
+{
+    return text.replace(u'&', u"&&"_qs);
+}
+
 /// Whoever offers to move a file must not delete it after we have read it.
 void acceptCopy(QDropEvent& event)
 {
@@ -98,9 +113,11 @@ QStringList samplePaths()
 
 StudioWindow::StudioWindow(QWidget* parent)
     : QMainWindow(parent)
+    , m_editor(new DocumentEditor(this))
     , m_player(new Player(this))
     , m_viewport(new Viewport)
     , m_layers(new LayerPanel)
+    , m_attributes(new AttributePanel(*m_editor))
     , m_missing(new MissingPanel)
     , m_notice(new NoticeBar)
     , m_pages(new QStackedWidget)
@@ -110,6 +127,7 @@ StudioWindow::StudioWindow(QWidget* parent)
     resize(kWindowSize);
 
     buildFileMenu();
+    buildEditMenu();
     const QList<QAction*> playback = buildPlaybackMenu();
     const QList<QAction*> view = buildViewMenu();
     m_transport = new TransportBar(*m_player, playback, view);
@@ -124,6 +142,14 @@ StudioWindow::StudioWindow(QWidget* parent)
     m_viewport->setFocus();
 
     connect(m_player, &Player::frameChanged, m_viewport, &Viewport::setFrame);
+    connect(m_player, &Player::frameChanged, m_attributes, &AttributePanel::setFrame);
+    connect(m_layers, &LayerPanel::layerSelected, m_attributes, &AttributePanel::setLayer);
+    connect(m_attributes, &AttributePanel::editingStarted, m_player, &Player::pause);
+    connect(m_editor, &DocumentEditor::edited, m_viewport, qOverload<>(&QWidget::update));
+    connect(m_editor, &DocumentEditor::historyChanged, this, &StudioWindow::showHistory);
+    connect(m_editor, &DocumentEditor::restored, this, [this](const PropertyAddress& address) {
+        selectLayer(address.layer);
+    });
     connect(m_player, &Player::playingChanged, this, &StudioWindow::showPlaying);
     connect(m_viewport, &Viewport::scaleChanged, m_transport, &TransportBar::setZoom);
     connect(
@@ -144,25 +170,37 @@ bool StudioWindow::openFile(const QString& path)
         fail(result.error);
         return false;
     }
-    auto document = std::make_shared<const Document>(*std::move(result.document));
+    auto document = std::make_shared<Document>(*std::move(result.document));
     const QString title = titleOf(*document, path);
     setDocument(std::move(document), title);
     return true;
 }
 
-void StudioWindow::setDocument(std::shared_ptr<const Document> document, const QString& title)
+void StudioWindow::setDocument(std::shared_ptr<Document> document, const QString& title)
 {
-    m_document = std::move(document);
+    m_attributes->setLayer(-1); // what is under way ends with the document that it changes
+    m_editor->setDocument(std::move(document));
+    const Document& opened = *m_editor->document();
     m_notice->dismiss();
-    m_layers->setDocument(*m_document);
-    m_notDrawn = m_document->missing;
+    m_layers->setDocument(opened);
+    m_notDrawn = opened.missing;
     m_missing->setMissing(m_notDrawn);
-    m_player->setTrack(
-        frameRange(m_document->inPoint, m_document->outPoint), m_document->frameRate);
+    m_player->setTrack(frameRange(opened.inPoint, opened.outPoint), opened.frameRate);
     m_viewport->setFrame(m_player->frame());
-    m_viewport->setDocument(m_document);
-    setWindowTitle(title);
+    m_attributes->setFrame(m_player->frame());
+    m_viewport->setDocument(m_editor->document());
+    setWindowTitle(plainTitle(title) + u"[*]"_qs);
     setGalleryShown(false);
+}
+
+const Document* StudioWindow::document() const
+{
+    return m_editor->document().get();
+}
+
+void StudioWindow::selectLayer(int layer)
+{
+    m_layers->selectLayer(layer);
 }
 
 void StudioWindow::setGalleryShown(bool shown)
@@ -179,6 +217,7 @@ void StudioWindow::setGalleryShown(bool shown)
     if (shown) {
         m_player->pause();
     }
+    showHistory();
 }
 
 void StudioWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -212,9 +251,11 @@ QWidget* StudioWindow::buildEditor()
     auto* middle = new QSplitter(Qt::Horizontal);
     middle->addWidget(sidebar);
     middle->addWidget(m_viewport);
+    middle->addWidget(m_attributes);
     middle->setChildrenCollapsible(false);
     middle->setStretchFactor(1, 1);
-    middle->setSizes({kSidebarWidth, kWindowSize.width() - kSidebarWidth});
+    middle->setSizes(
+        {kSidebarWidth, kWindowSize.width() - kSidebarWidth - kAttributesWidth, kAttributesWidth});
 
     auto* editor = new QWidget;
     auto* layout = new QVBoxLayout(editor);
@@ -236,6 +277,34 @@ void StudioWindow::buildFileMenu()
     }
     menu.addSeparator();
     addCommands(menu, {{tr("&Quit"), {}, {QKeySequence::Quit}, [this] { close(); }}});
+}
+
+void StudioWindow::buildEditMenu()
+{
+    // What is being typed counts: it is what the user sees.
+    const QList<QAction*> actions = addCommands(
+        *menuBar()->addMenu(tr("&Edit")),
+        {
+            {tr("&Undo"),
+             u"undo"_qs,
+             {QKeySequence::Undo},
+             [this] {
+                 m_attributes->finishEditing();
+                 m_editor->undo();
+             }},
+            {tr("&Redo"),
+             u"redo"_qs,
+             {QKeySequence::Redo},
+             [this] {
+                 m_attributes->finishEditing();
+                 m_editor->redo();
+             }},
+        });
+    m_undoAction = actions.at(0);
+    m_undoAction->setObjectName(u"undo"_qs);
+    m_redoAction = actions.at(1);
+    m_redoAction->setObjectName(u"redo"_qs);
+    showHistory();
 }
 
 /// @return the buttons of the transport
@@ -326,6 +395,16 @@ void StudioWindow::showPlaying(bool playing)
     m_playAction->setIcon(ui::getCachedIcon(icon));
     m_playAction->setText(playing ? tr("&Pause") : tr("&Play"));
     m_playAction->setToolTip(playing ? tr("Pause (Space)") : tr("Play (Space)"));
+}
+
+void StudioWindow::showHistory()
+{
+    const bool isEditorShown = m_pages->currentIndex() == 0;
+    m_undoAction->setEnabled(isEditorShown && m_editor->canUndo());
+    m_undoAction->setText(tr("&Undo %1").arg(menuText(m_editor->undoText())).trimmed());
+    m_redoAction->setEnabled(isEditorShown && m_editor->canRedo());
+    m_redoAction->setText(tr("&Redo %1").arg(menuText(m_editor->redoText())).trimmed());
+    setWindowModified(m_editor->isModified());
 }
 
 void StudioWindow::chooseFile()

@@ -11,6 +11,8 @@ class QStackedWidget;
 
 namespace studio {
 
+class AttributePanel;
+class DocumentEditor;
 class LayerPanel;
 class MissingPanel;
 class NoticeBar;
@@ -26,7 +28,8 @@ QString droppedFile(const QMimeData& data);
 /// The bundled animations, the one to open by default first.
 QStringList samplePaths();
 
-/// The studio's window: layers at the left, the viewport in the middle, the transport below.
+/// The studio's window: layers at the left, the viewport in the middle, the attributes of the
+/// selected layer at the right, the transport below.
 class StudioWindow : public QMainWindow
 {
     Q_OBJECT
@@ -38,14 +41,17 @@ public:
     /// Opens a file in place of the one that was open. One that cannot be opened changes nothing:
     /// the notice and failed() say why.
     bool openFile(const QString& path);
-    void setDocument(std::shared_ptr<const Document> document, const QString& title);
+    void setDocument(std::shared_ptr<Document> document, const QString& title);
 
     /// Null until a file was opened.
-    const Document* document() const { return m_document.get(); }
+    const Document* document() const;
+    DocumentEditor& editor() { return *m_editor; }
     Player& player() { return *m_player; }
     Viewport& viewport() { return *m_viewport; }
     const NoticeBar& notice() const { return *m_notice; }
 
+    /// Selects a layer by its place in the main composition, -1 for none.
+    void selectLayer(int layer);
     void setGalleryShown(bool shown);
 
     /// Shows one sentence about what went wrong, and emits failed().
@@ -62,17 +68,20 @@ protected:
 private:
     QWidget* buildEditor();
     void buildFileMenu();
+    void buildEditMenu();
     QList<QAction*> buildPlaybackMenu();
     QList<QAction*> buildViewMenu();
     void addBackdropMenu(QMenu& menu);
     void showPlaying(bool playing);
+    void showHistory();
     void chooseFile();
     void listUnfinished(const MissingFeature& layer);
 
-    std::shared_ptr<const Document> m_document;
+    DocumentEditor* m_editor;
     Player* m_player;
     Viewport* m_viewport;
     LayerPanel* m_layers;
+    AttributePanel* m_attributes;
     MissingPanel* m_missing;
     NoticeBar* m_notice;
     TransportBar* m_transport = nullptr;
@@ -80,6 +89,8 @@ private:
     QWidget* m_gallery = nullptr;           ///< made when first asked for
     std::vector<MissingFeature> m_notDrawn; ///< as read, and found while drawing
     QList<QAction*> m_editorActions;        ///< for what the gallery hides
+    QAction* m_undoAction = nullptr;
+    QAction* m_redoAction = nullptr;
     QAction* m_playAction = nullptr;
     QAction* m_galleryAction = nullptr;
 };

@@ -93,6 +93,8 @@ void writeGallery(PictureFolder& pictures)
     GalleryPage page;
     page.resize(page.fullSize());
     page.show();
+    page.activateWindow(); // only then a control looks focused
+    QCoreApplication::processEvents();
     pictures.write(QStringLiteral("gallery"), page);
 }
 
@@ -100,6 +102,7 @@ QString writeAll(StudioWindow& window, const QString& folder)
 {
     PictureFolder pictures(folder);
     window.show();
+    window.selectLayer(0);
     writeFrames(pictures, window);
     writeNotice(pictures, window);
     writeEmpty(pictures, window.size());

@@ -40,9 +40,12 @@ struct Ended
     QStringList errors;
 };
 
-QStringList lines(const QByteArray& text)
+QStringList linesOf(const QString& path)
 {
-    return QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly)
+               ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)
+               : QStringList();
 }
 
 /// What Qt says about the machine is left out; a second line of ours is not.
@@ -59,16 +62,20 @@ Ended runStudio(const QStringList& arguments)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"MORRANT_ASSETS"_qs, ui::test::assetsPath());
+    // Files, not pipes, whose reader under Wine misses what comes after a pause of some seconds;
+    // and beside the program, where nobody has to delete them while the studio still closes them.
+    const QDir folder(QCoreApplication::applicationDirPath());
+    const QString output = folder.filePath(u"studio-output.txt"_qs);
+    const QString errors = folder.filePath(u"studio-errors.txt"_qs);
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QCoreApplication::applicationDirPath() + u"/studio"_qs, arguments);
+    process.setStandardOutputFile(output);
+    process.setStandardErrorFile(errors);
+    process.start(folder.filePath(u"studio"_qs), arguments);
     if (!process.waitForFinished(120'000) || process.exitStatus() != QProcess::NormalExit) {
         return {};
     }
-    return {
-        process.exitCode(),
-        lines(process.readAllStandardOutput()),
-        withoutQt(lines(process.readAllStandardError()))};
+    return {process.exitCode(), linesOf(output), withoutQt(linesOf(errors))};
 }
 
 QString written(const QTemporaryDir& folder, const QString& name, const QByteArray& text)

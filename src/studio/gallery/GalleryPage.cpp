@@ -3,9 +3,11 @@
 #include "gallery/BezierPicture.h"
 #include "gallery/ControlSheet.h"
 #include "gallery/IconSheet.h"
+#include "gallery/StateSheet.h"
 #include "gallery/SwatchSheet.h"
 #include "gallery/samples.h"
 #include "gallery/sections.h"
+#include "gallery/specimens.h"
 
 #include <QHBoxLayout>
 #include <QScrollArea>
@@ -36,11 +38,13 @@ GalleryPage::GalleryPage(QWidget* parent)
     rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     rows->setSpacing(kSpacing);
 
-    rows->addWidget(gallery::section(tr("Controls and their states"), new ControlSheet));
+    rows->addWidget(gallery::section(tr("Value controls and their states"), new StateSheet));
+    rows->addWidget(gallery::section(tr("Standard controls and their states"), new ControlSheet));
     auto* columns = new QHBoxLayout;
     columns->setSpacing(kSpacing);
     rows->addLayout(columns);
     auto* left = addColumn(columns, 1);
+    left->addWidget(gallery::section(tr("Attributes"), gallery::attributes()));
     left->addWidget(gallery::section(tr("Fields and buttons"), gallery::fields()));
     left->addWidget(gallery::section(tr("Ranges"), gallery::ranges()));
     left->addWidget(gallery::section(tr("Menus and tool tips"), gallery::menus()));

@@ -181,7 +181,7 @@ struct Layer
     double height = 0;
     bool hasTimeRemap = false;
     NumberProperty timeRemap; ///< seconds into the precomposition
-    std::uint32_t color = 0;  ///< of a solid, 0xAARRGGBB
+    NumberProperty color;     ///< of a solid: red, green, blue, 0..1; never animated
     Span span;                ///< the whole layer object
 };
 

@@ -7,13 +7,15 @@
 
 namespace studio {
 
-/// Where a value stands in the file: bytes [begin, end). Empty when the file does not spell it out.
+/// Where a value stands in the file as it was read: bytes [begin, end). Empty when the file does
+/// not spell it out, and of keys that an edit has added.
 struct Span
 {
     std::uint32_t begin = 0;
     std::uint32_t end = 0;
 
     bool isEmpty() const { return begin == end; }
+    bool operator==(const Span&) const = default;
 };
 
 /// A scalar, point, size or colour. Entries past the property's dimensions are 0.
@@ -26,6 +28,8 @@ struct BezierPath
     std::vector<std::array<double, 2>> inTangents;
     std::vector<std::array<double, 2>> outTangents;
     bool closed = false;
+
+    bool operator==(const BezierPath&) const = default;
 };
 
 /// One end of an easing curve, an entry a dimension: x is the share of the segment's time, within
@@ -36,6 +40,8 @@ struct EasingHandle
     Numbers x{};
     Numbers y{};
     int count = 0; ///< entries the file spells out, the rest equal the first; 0: it gives no handle
+
+    bool operator==(const EasingHandle&) const = default;
 };
 
 template <typename Value>
@@ -57,6 +63,8 @@ struct Keyframe
     Span holdSpan;    ///< "h"
     Span easeOutSpan; ///< "o"
     Span easeInSpan;  ///< "i"
+
+    bool operator==(const Keyframe&) const = default;
 };
 
 /// A value that stands still or follows keys. Keys are in order of time; two may share a frame, the
@@ -71,6 +79,7 @@ struct Property
     Span valueSpan;                    ///< "k": the value or the list of keys
 
     bool isAnimated() const { return !keys.empty(); }
+    bool operator==(const Property&) const = default;
 };
 
 using NumberProperty = Property<Numbers>;

@@ -44,6 +44,20 @@ double parameterAt(double x, double a, double b)
     return t;
 }
 
+EasingPoint between(EasingPoint a, EasingPoint b, double t)
+{
+    return {std::lerp(a.x, b.x, t), std::lerp(a.y, b.y, t)};
+}
+
+// A point within the stretch from `begin` to `end`, as shares of it.
+EasingPoint shareOf(EasingPoint point, EasingPoint begin, EasingPoint end)
+{
+    constexpr double kNoChange = 1e-9;
+    const double x = std::clamp((point.x - begin.x) / (end.x - begin.x), 0.0, 1.0);
+    const double change = end.y - begin.y;
+    return {x, std::abs(change) > kNoChange ? (point.y - begin.y) / change : x};
+}
+
 } // namespace
 
 double ease(double time, EasingPoint out, EasingPoint in)
@@ -56,6 +70,25 @@ double ease(double time, EasingPoint out, EasingPoint in)
     }
     const double t = parameterAt(time, std::clamp(out.x, 0.0, 1.0), std::clamp(in.x, 0.0, 1.0));
     return bezier(t, out.y, in.y);
+}
+
+SplitEasing splitEasing(double time, const EasingCurve& curve)
+{
+    constexpr EasingPoint kStart{0, 0};
+    constexpr EasingPoint kEnd{1, 1};
+    const EasingPoint out{std::clamp(curve.out.x, 0.0, 1.0), curve.out.y};
+    const EasingPoint in{std::clamp(curve.in.x, 0.0, 1.0), curve.in.y};
+    const double t = parameterAt(time, out.x, in.x);
+    const EasingPoint middle = between(out, in, t);
+    const EasingPoint leftOut = between(kStart, out, t);
+    const EasingPoint leftIn = between(leftOut, middle, t);
+    const EasingPoint rightIn = between(in, kEnd, t);
+    const EasingPoint rightOut = between(middle, rightIn, t);
+    const EasingPoint cut{time, between(leftIn, rightOut, t).y};
+    return {
+        {shareOf(leftOut, kStart, cut), shareOf(leftIn, kStart, cut)},
+        {shareOf(rightOut, cut, kEnd), shareOf(rightIn, cut, kEnd)},
+        cut.y};
 }
 
 } // namespace studio

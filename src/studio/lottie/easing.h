@@ -12,4 +12,23 @@ struct EasingPoint
 /// is solved to 1e-9 of its parameter. @param time is clamped to 0..1, where the ends are exact
 double ease(double time, EasingPoint out, EasingPoint in);
 
+/// A curve within the unit square, from (0,0) to (1,1).
+struct EasingCurve
+{
+    EasingPoint out;
+    EasingPoint in;
+};
+
+struct SplitEasing
+{
+    EasingCurve left;
+    EasingCurve right;
+    double progress = 0; ///< share of change at the cut
+};
+
+/// Cuts a curve at a share of time into two that together move as it did. A half without change is
+/// linear, and where handles reach far past each other the halves come as close as they can.
+/// @param time within 0..1, ends excluded
+SplitEasing splitEasing(double time, const EasingCurve& curve);
+
 } // namespace studio

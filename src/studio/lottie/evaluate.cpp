@@ -31,14 +31,7 @@ Numbers between(
     Numbers result{};
     if (from.hasSpatial) {
         const double progress = progressAt(from, to, frame, 0);
-        SpatialCurve curve;
-        for (std::size_t i = 0; i < 2; ++i) {
-            curve.start[i] = from.value[i];
-            curve.control1[i] = from.value[i] + from.spatialOut[i];
-            curve.control2[i] = to.value[i] + from.spatialIn[i];
-            curve.end[i] = to.value[i];
-        }
-        const Point point = pointAlong(curve, progress);
+        const Point point = pointAlong(wayBetween(from, to), progress);
         result = {point[0], point[1], std::lerp(from.value[2], to.value[2], progress), 0};
         return result;
     }
@@ -164,6 +157,18 @@ double headingAt(const Transform& transform, double frame)
 }
 
 } // namespace
+
+SpatialCurve wayBetween(const Keyframe<Numbers>& from, const Keyframe<Numbers>& to)
+{
+    SpatialCurve curve;
+    for (std::size_t i = 0; i < 2; ++i) {
+        curve.start[i] = from.value[i];
+        curve.control1[i] = from.value[i] + from.spatialOut[i];
+        curve.control2[i] = to.value[i] + from.spatialIn[i];
+        curve.end[i] = to.value[i];
+    }
+    return curve;
+}
 
 Numbers valueAt(const NumberProperty& property, double frame)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lottie/Document.h"
+#include "lottie/spatial.h"
 
 #include <include/core/SkMatrix.h>
 
@@ -8,6 +9,9 @@ namespace studio {
 
 /// The value at a frame: before the first key its value, after the last one the last one's.
 Numbers valueAt(const NumberProperty& property, double frame);
+
+/// The way from one position key to the next.
+SpatialCurve wayBetween(const Keyframe<Numbers>& from, const Keyframe<Numbers>& to);
 
 /// The outline at a frame. Between outlines of different lengths the earlier one stands still.
 BezierPath valueAt(const PathProperty& property, double frame);

@@ -76,10 +76,19 @@ bool isOlder(const QString& version, std::array<int, 3> other)
     return !version.isEmpty() && numbers < other;
 }
 
-std::uint32_t readSolidColor(const QString& text)
+/// Written as "#rrggbb"; anything else is black.
+void readSolidColor(const JsonValue& value, NumberProperty& color)
 {
-    constexpr std::uint32_t kOpaque = 0xff000000;
-    return text.startsWith(u'#') ? kOpaque | text.mid(1).toUInt(nullptr, 16) : kOpaque;
+    constexpr int kBits = 8;
+    constexpr unsigned kFull = 0xff;
+    const QString text = value.string();
+    const unsigned number = text.startsWith(u'#') ? text.mid(1).toUInt(nullptr, 16) : 0;
+    color.dimensions = 3;
+    color.valueSpan = value.span();
+    for (int i = 0; i < color.dimensions; ++i) {
+        const unsigned channel = number >> (kBits * (color.dimensions - 1 - i)) & kFull;
+        color.value[static_cast<std::size_t>(i)] = double(channel) / kFull;
+    }
 }
 
 QString Reader::read(const JsonValue& root)
@@ -240,7 +249,7 @@ void Reader::readKind(const JsonValue& value, Layer& layer, LayerReferences& ref
         layer.kind = LayerKind::Solid;
         layer.width = m_context.number(value, "sw");
         layer.height = m_context.number(value, "sh");
-        layer.color = readSolidColor(value["sc"].string());
+        readSolidColor(value["sc"], layer.color);
         break;
     case Null: layer.kind = LayerKind::Null; break;
     case Shape:

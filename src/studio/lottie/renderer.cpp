@@ -313,13 +313,10 @@ void Renderer::drawPrecomposition(const Layer& layer, double frame, float opacit
 
 void Renderer::drawSolid(const Layer& layer, float opacity)
 {
-    SkPaint paint{SkColor4f::FromColor(layer.color)};
-    paint.setAlphaf(paint.getAlphaf() * opacity);
-    paint.setAntiAlias(true);
     const auto area =
         SkRect::MakeWH(static_cast<float>(layer.width), static_cast<float>(layer.height));
     if (spend(pixelCost(pixelsUnder(area)))) {
-        m_canvas.drawRect(area, paint);
+        m_canvas.drawRect(area, paintOf(layer.color, opacity, 0));
     }
 }
 

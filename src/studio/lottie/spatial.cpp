@@ -96,6 +96,11 @@ Point beyond(const SpatialCurve& c, double end, double distance)
         origin[0] + direction[0] / length * distance, origin[1] + direction[1] / length * distance};
 }
 
+Point between(const Point& a, const Point& b, double t)
+{
+    return {std::lerp(a[0], b[0], t), std::lerp(a[1], b[1], t)};
+}
+
 } // namespace
 
 Point pointAlong(const SpatialCurve& curve, double progress)
@@ -111,6 +116,25 @@ Point pointAlong(const SpatialCurve& curve, double progress)
         return beyond(curve, 1, (progress - 1) * total);
     }
     return position(curve, parameterAtLength(curve, progress * total, total));
+}
+
+std::optional<std::array<SpatialCurve, 2>> splitAlong(const SpatialCurve& curve, double progress)
+{
+    const double total = lengthTo(curve, 1);
+    const bool hasLength = total > kPrecision && std::isfinite(total);
+    if (!hasLength || !(progress > 0) || !(progress < 1)) {
+        return std::nullopt;
+    }
+    const double t = parameterAtLength(curve, progress * total, total);
+    const Point middle = between(curve.control1, curve.control2, t);
+    const Point left1 = between(curve.start, curve.control1, t);
+    const Point left2 = between(left1, middle, t);
+    const Point right2 = between(curve.control2, curve.end, t);
+    const Point right1 = between(middle, right2, t);
+    const Point cut = between(left2, right1, t);
+    const SpatialCurve left{curve.start, left1, left2, cut};
+    const SpatialCurve right{cut, right1, right2, curve.end};
+    return std::array{left, right};
 }
 
 } // namespace studio

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 namespace studio {
 
@@ -17,5 +18,9 @@ struct SpatialCurve
 
 /// The point at a share of the curve's length. Below 0 and above 1 it goes straight on.
 Point pointAlong(const SpatialCurve& curve, double progress);
+
+/// Cuts a curve at a share of its length into two that together are the same way; nothing at or
+/// past its ends.
+std::optional<std::array<SpatialCurve, 2>> splitAlong(const SpatialCurve& curve, double progress);
 
 } // namespace studio

@@ -1,0 +1,326 @@
+#include "AttributePanel.h"
+
+#include "lottie/evaluate.h"
+#include <MorrantUI/controls/AttributeRow.h>
+#include <MorrantUI/controls/ColorSwatch.h>
+#include <MorrantUI/controls/KeyframeButton.h>
+#include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/docking/CollapsibleSection.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+constexpr int kMaxColors = 40; ///< listed; some files have hundreds in a layer
+constexpr int kMargin = 8;
+constexpr int kRowSpacing = 4;
+constexpr double kFull = 100; ///< percent
+
+bool isColor(Attribute attribute)
+{
+    return attribute == Attribute::SolidColor || attribute == Attribute::ShapeColor;
+}
+
+std::size_t entryCount(Attribute attribute)
+{
+    switch (attribute) {
+    case Attribute::Position:
+    case Attribute::Scale:
+    case Attribute::Anchor: return 2;
+    case Attribute::SolidColor:
+    case Attribute::ShapeColor: return 3;
+    default: return 1;
+    }
+}
+
+/// What the file means where it says nothing.
+double defaultOf(Attribute attribute)
+{
+    return attribute == Attribute::Scale || attribute == Attribute::Opacity ? kFull : 0;
+}
+
+QColor toColor(const std::vector<double>& channels)
+{
+    const auto channel = [&](std::size_t i) {
+        return static_cast<float>(std::clamp(channels[i], 0.0, 1.0));
+    };
+    return QColor::fromRgbF(channel(0), channel(1), channel(2));
+}
+
+std::vector<double> shownBy(const AttributeRow& row)
+{
+    if (row.swatch() != nullptr) {
+        const QColor color = row.color();
+        return {color.redF(), color.greenF(), color.blueF()};
+    }
+    std::vector<double> values;
+    for (int i = 0; i < row.fieldCount(); ++i) {
+        values.push_back(row.value(i));
+    }
+    return values;
+}
+
+void showIn(AttributeRow& row, const std::vector<double>& values)
+{
+    if (row.swatch() != nullptr) {
+        row.setColor(toColor(values));
+        return;
+    }
+    for (int i = 0; i < row.fieldCount(); ++i) {
+        row.setValue(i, values[static_cast<std::size_t>(i)]);
+    }
+}
+
+KeyframeButton::State toButton(KeyState state)
+{
+    switch (state) {
+    case KeyState::Animated: return KeyframeButton::State::Animated;
+    case KeyState::KeyAtFrame: return KeyframeButton::State::KeyAtFrame;
+    case KeyState::None: break;
+    }
+    return KeyframeButton::State::None;
+}
+
+QLabel* hint(const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+/// Keys that a control understands and that the window's menus have as well.
+bool isControlKey(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End: return event.modifiers() == Qt::NoModifier;
+    default: return false;
+    }
+}
+
+} // namespace
+
+AttributePanel::AttributePanel(DocumentEditor& editor, QWidget* parent)
+    : Panel(tr("Attributes"), parent)
+    , m_editor(editor)
+    , m_pages(new QStackedWidget)
+    , m_transform(new CollapsibleSection(tr("Transform")))
+    , m_colors(new CollapsibleSection(tr("Colours")))
+{
+    auto* sections = new QWidget;
+    auto* layout = new QVBoxLayout(sections);
+    layout->setContentsMargins(0, 0, kMargin, kMargin);
+    layout->addWidget(m_transform);
+    layout->addWidget(m_colors);
+    layout->addStretch(1);
+    auto* scroller = new QScrollArea;
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroller->setWidgetResizable(true);
+    scroller->setWidget(sections);
+    m_pages->addWidget(hint(tr("Select a layer to edit its attributes")));
+    m_pages->addWidget(scroller);
+    setContent(m_pages);
+
+    connect(&m_editor, &DocumentEditor::edited, this, [this] { refresh(); });
+    connect(&m_editor, &DocumentEditor::historyChanged, this, [this] { refresh(); });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (qobject_cast<NumericField*>(now) != nullptr && isAncestorOf(now)) {
+            Q_EMIT editingStarted();
+        }
+    });
+}
+
+void AttributePanel::setLayer(int layer)
+{
+    finishEditing();
+    m_layer = layer;
+    rebuild();
+}
+
+void AttributePanel::setFrame(int frame)
+{
+    if (m_frame != frame) {
+        finishEditing();
+        m_frame = frame;
+        refresh();
+    }
+}
+
+void AttributePanel::finishEditing()
+{
+    auto* field = qobject_cast<NumericField*>(QApplication::focusWidget());
+    if (field != nullptr && isAncestorOf(field)) {
+        field->clearFocus();
+    }
+    m_editor.commit();
+}
+
+bool AttributePanel::event(QEvent* event)
+{
+    // The control that has the focus comes before the window's shortcuts.
+    if (event->type() == QEvent::ShortcutOverride && isControlKey(*static_cast<QKeyEvent*>(event)))
+    {
+        event->accept();
+        return true;
+    }
+    return Panel::event(event);
+}
+
+void AttributePanel::rebuild()
+{
+    // Hidden controls end their gestures while there is still a row for them.
+    m_pages->hide();
+    m_editor.commit();
+    m_rows.clear();
+    const auto document = m_editor.document();
+    const auto transform =
+        document ? transformOf(*document, m_layer) : std::vector<PropertyAddress>();
+    const auto colors = document ? colorsOf(*document, m_layer) : std::vector<PropertyAddress>();
+    m_transform->setContent(buildRows(transform));
+    m_colors->setContent(buildRows(colors));
+    m_colors->setVisible(!colors.empty());
+    setRemark(
+        transform.empty() ? QString()
+                          : document->main.layers[static_cast<std::size_t>(m_layer)].name);
+    m_pages->setCurrentIndex(transform.empty() ? 0 : 1);
+    m_pages->show();
+}
+
+QWidget* AttributePanel::buildRows(const std::vector<PropertyAddress>& addresses)
+{
+    auto* rows = new QWidget;
+    auto* layout = new QVBoxLayout(rows);
+    layout->setContentsMargins(0, kRowSpacing, 0, kRowSpacing);
+    layout->setSpacing(kRowSpacing);
+    const std::size_t count = std::min(addresses.size(), std::size_t(kMaxColors));
+    for (std::size_t i = 0; i < count; ++i) {
+        layout->addWidget(buildRow(addresses[i]));
+    }
+    if (count < addresses.size()) {
+        const auto more = static_cast<int>(addresses.size() - count);
+        layout->addWidget(hint(tr("and %n more", nullptr, more)));
+    }
+    return rows;
+}
+
+AttributeRow* AttributePanel::buildRow(const PropertyAddress& address)
+{
+    const Attribute attribute = address.attribute;
+    auto* widget = new AttributeRow(nameOf(*m_editor.document(), address));
+    const std::size_t count = entryCount(attribute);
+    if (isColor(attribute)) {
+        widget->addSwatch(Qt::black)->setAlphaEnabled(false);
+    } else {
+        for (std::size_t i = 0; i < count; ++i) {
+            NumericField* field = widget->addField(defaultOf(attribute));
+            if (attribute == Attribute::Opacity) {
+                field->setMin(0);
+                field->setMax(kFull);
+            }
+        }
+    }
+    widget->setPickWhipShown(false);
+    widget->setKeyframesShown(canBeAnimated(attribute));
+    widget->setLinkable(attribute == Attribute::Scale);
+    Row& row = m_rows.emplace_back(Row{address, widget, {}, {}});
+    refresh(row);
+    if (isColor(attribute)) {
+        widget->setDefaultColor(toColor(row.pushed));
+    }
+    connectRow(widget);
+    return widget;
+}
+
+void AttributePanel::connectRow(AttributeRow* widget)
+{
+    connect(widget, &AttributeRow::valueChanged, this, [this, widget](int, bool committed) {
+        take(widget, committed);
+    });
+    connect(widget, &AttributeRow::colorChanged, this, [this, widget](bool committed) {
+        take(widget, committed);
+    });
+    connect(widget, &AttributeRow::dragStateChanged, this, [this](int, bool dragging) {
+        if (dragging) {
+            Q_EMIT editingStarted();
+        } else {
+            m_editor.commit();
+        }
+    });
+    connect(widget, &AttributeRow::keyframeToggled, this, [this, widget] {
+        if (const Row* row = rowOf(widget)) {
+            m_editor.toggleKey(row->address, m_frame);
+        }
+    });
+}
+
+/// Null for a widget whose row has gone.
+AttributePanel::Row* AttributePanel::rowOf(const AttributeRow* widget)
+{
+    const auto found = std::find_if(
+        m_rows.begin(), m_rows.end(), [widget](const Row& row) { return row.widget == widget; });
+    return found != m_rows.end() ? &*found : nullptr;
+}
+
+/// Takes over what the user has entered: a row may change several of its fields together.
+void AttributePanel::take(const AttributeRow* widget, bool committed)
+{
+    const Row* row = rowOf(widget);
+    if (row == nullptr) {
+        return;
+    }
+    const Entries now = shownBy(*widget);
+    std::vector<EntryChange> changes;
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        if (now[i] != row->rest[i]) {
+            changes.push_back({i, now[i]});
+        }
+    }
+    m_editor.setEntries(row->address, m_frame, changes);
+    if (committed) {
+        m_editor.commit();
+    }
+}
+
+void AttributePanel::refresh()
+{
+    std::for_each(m_rows.begin(), m_rows.end(), [this](Row& row) { refresh(row); });
+}
+
+/// Shows the document's values where they have changed, and not while the user is changing them.
+void AttributePanel::refresh(Row& row)
+{
+    const NumberProperty* property = m_editor.property(row.address);
+    if (property == nullptr) {
+        return; // another document: the next layer brings other rows
+    }
+    row.widget->keyframeButton()->setState(toButton(keyStateAt(*property, m_frame)));
+    if (m_editor.isChanging(row.address)) {
+        return;
+    }
+    const Numbers numbers = valueAt(*property, m_frame);
+    const auto count = static_cast<std::ptrdiff_t>(entryCount(row.address.attribute));
+    const Entries entries(numbers.begin(), numbers.begin() + count);
+    if (entries != row.pushed) {
+        showIn(*row.widget, entries);
+        row.pushed = entries;
+        row.rest = shownBy(*row.widget);
+    }
+}
+
+} // namespace studio

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "lottie/Document.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace studio {
+
+/// What of a layer can be edited.
+enum class Attribute
+{
+    Position,
+    PositionX, ///< with split positions, these two stand in for Position
+    PositionY,
+    Scale,
+    Rotation,
+    Opacity,
+    Anchor,
+    SolidColor,
+    ShapeColor, ///< of a fill or a stroke
+};
+
+/// Names one property of a document, also after undo and redo: edits neither add nor remove layers
+/// or shapes.
+struct PropertyAddress
+{
+    int layer = -1; ///< place among the main composition's layers
+    Attribute attribute = Attribute::Position;
+    std::vector<std::size_t> item = {}; ///< of a ShapeColor: its place, from the layer's list down
+
+    bool operator==(const PropertyAddress&) const = default;
+};
+
+/// Null when the document has nothing there.
+NumberProperty* findProperty(Document& document, const PropertyAddress& address);
+const NumberProperty* findProperty(const Document& document, const PropertyAddress& address);
+
+/// The transform's attributes of a layer, as an artist reads them.
+std::vector<PropertyAddress> transformOf(const Document& document, int layer);
+
+/// The colours of a layer that are drawn, first on top.
+std::vector<PropertyAddress> colorsOf(const Document& document, int layer);
+
+/// What the user calls a property. A shape's colour goes by its own name and that of its group.
+QString nameOf(const Document& document, const PropertyAddress& address);
+
+/// Files cannot animate everything.
+bool canBeAnimated(Attribute attribute);
+
+} // namespace studio

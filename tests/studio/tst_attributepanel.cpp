@@ -1,0 +1,453 @@
+#include "AttributePanel.h"
+#include "Player.h"
+#include "StudioWindow.h"
+#include "Viewport.h"
+#include "lottie/evaluate.h"
+#include "lottietexts.h"
+#include "support/FakePointer.h"
+#include "support/TestCase.h"
+#include "support/paths.h"
+#include "support/pixels.h"
+#include "support/themes.h"
+#include <MorrantUI/controls/AttributeRow.h>
+#include <MorrantUI/controls/ColorSwatch.h>
+#include <MorrantUI/controls/KeyframeButton.h>
+#include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/theme/VisualDesignDark.h>
+
+#include <QClipboard>
+#include <QColorDialog>
+#include <QLabel>
+#include <QListWidget>
+
+#include <functional>
+
+using namespace studio;
+using ui::test::FakePointer;
+
+class AttributePanelTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void aScrubMovesThePictureAndOneUndoRestoresIt();
+    void everyDoorEndsTheGesture_data();
+    void everyDoorEndsTheGesture();
+    void valuesAndKeysFollowTheFrameAndOnlyWhenTheyChange();
+    void anAnimatedValueTakesItsChangeIntoAKey();
+    void aKeyOfTheRowIsAddedAndRemovedByItsButton();
+    void typedTextIsOneStepAndEscapeLeavesNone();
+    void stepsByKeyAreOneStepHoweverTheyEnd();
+    void rowsThatChangeSeveralFieldsTogetherAreOneStep();
+    void aPastedColorIsDrawn();
+    void theTitleAndTheSelectionFollowTheHistory();
+    void keysOnAControlAreNotTheTransports();
+    void theListSelectsByKeyAndLongListsOfColorsAreCut();
+};
+
+namespace {
+
+VisualDesignDark* gTheme = nullptr;
+
+/// A red and a green square of 20 pixels on 200 by 100; the red one's scale grows from 100 to 200
+/// over ten frames.
+std::shared_ptr<Document> squares()
+{
+    const auto square = [](const QByteArray& color, const QByteArray& transform) {
+        return studio::test::layer(
+            R"("ty":1,"sw":20,"sh":20,"sc":")" + color + R"(","ks":{)" + transform + "}");
+    };
+    return std::make_shared<Document>(studio::test::documentOf(
+        square(
+            "#ff0000",
+            R"("p":{"k":[30,40]},"s":{"a":1,"k":[{"t":0,"s":[100,100]},{"t":10,"s":[200,200]}]})")
+            + "," + square("#00ff00", R"("p":{"s":true,"x":{"k":100},"y":{"k":50}})"),
+        R"("w":200,"op":20,)"));
+}
+
+struct OpenWindow : StudioWindow
+{
+    OpenWindow()
+    {
+        setDocument(squares(), u"squares"_qs);
+        show();
+        activateWindow();
+        [this] { QVERIFY(QTest::qWaitForWindowActive(this)); }();
+        viewport().setBackdrop(Backdrop::Dark);
+        selectLayer(0);
+        settle();
+    }
+
+    void settle() { QCoreApplication::processEvents(); }
+
+    AttributeRow& row(const QString& name)
+    {
+        for (auto* row : findChildren<AttributeRow*>()) {
+            if (row->name() == name && row->isVisible()) {
+                return *row;
+            }
+        }
+        qFatal("There is no row %s.", qUtf8Printable(name));
+    }
+
+    Numbers value(int layer, Attribute attribute)
+    {
+        return valueAt(*editor().property({layer, attribute}), player().frame());
+    }
+
+    double x() { return value(0, Attribute::Position)[0]; }
+
+    QImage picture()
+    {
+        settle();
+        return viewport().grab().toImage();
+    }
+
+    /// What is drawn at a point of the composition.
+    QColor colorAt(QPointF point)
+    {
+        const ViewMapping& mapping = viewport().mapping();
+        return ui::test::pixelAt(picture(), point * mapping.scale + mapping.origin);
+    }
+
+    void pressUndo() { QTest::keySequence(this, QKeySequence::Undo); }
+    void pressRedo() { QTest::keySequence(this, QKeySequence::Redo); }
+};
+
+/// A drag to the right in a field, as far as the release.
+struct Scrub
+{
+    Scrub(NumericField* field, int distance)
+        : pointer(field)
+    {
+        const QPoint start = field->rect().center();
+        pointer.moveTo(start);
+        pointer.press();
+        pointer.dragTo(start + QPoint(distance, 0), 1);
+    }
+
+    FakePointer pointer;
+};
+
+void scrub(NumericField* field, int distance)
+{
+    Scrub(field, distance).pointer.release();
+}
+
+void type(NumericField* field, const char* text)
+{
+    FakePointer pointer(field);
+    pointer.moveTo(field->rect().center());
+    pointer.press();
+    pointer.release();
+    QVERIFY(field->hasFocus());
+    field->selectAll();
+    QTest::keyClicks(field, QString::fromLatin1(text));
+}
+
+void click(QAbstractButton* button)
+{
+    FakePointer pointer(button);
+    pointer.moveTo(button->rect().center());
+    pointer.press();
+    pointer.release();
+}
+
+} // namespace
+
+void AttributePanelTest::initTestCase()
+{
+    gTheme = &ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
+    gTheme->applyAppStyle();
+    gTheme->setUsePointerLock(false); // a fake pointer cannot be pinned
+}
+
+void AttributePanelTest::aScrubMovesThePictureAndOneUndoRestoresIt()
+{
+    OpenWindow window;
+    const QImage before = window.picture();
+    QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
+    {
+        Scrub drag(window.row(u"Position"_qs).field(0), 60);
+        QVERIFY2(window.x() > 55, "the document follows during the drag");
+        QCOMPARE(window.colorAt({31, 41}), QColor(Qt::black));
+        QCOMPARE(window.colorAt({window.x() + 1, 41}), QColor(Qt::red));
+        drag.pointer.release();
+    }
+    const double moved = window.x();
+    QCOMPARE(window.value(0, Attribute::Position)[1], 40.0);
+    scrub(window.row(u"Position"_qs).field(1), 20);
+    const QImage after = window.picture();
+
+    window.pressUndo();
+    QCOMPARE(window.value(0, Attribute::Position), (Numbers{moved, 40, 0, 0}));
+    window.pressUndo();
+    QCOMPARE(window.picture(), before);
+    QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+    QVERIFY(!window.editor().canUndo());
+    window.pressRedo();
+    window.pressRedo();
+    QCOMPARE(window.picture(), after);
+}
+
+void AttributePanelTest::everyDoorEndsTheGesture_data()
+{
+    using Door = std::function<void(OpenWindow&, FakePointer&)>;
+    QTest::addColumn<Door>("leave");
+    const auto add = [](const char* name, const Door& leave) { QTest::newRow(name) << leave; };
+    add("release", [](OpenWindow&, FakePointer& pointer) { pointer.release(); });
+    add("another layer", [](OpenWindow& window, FakePointer&) { window.selectLayer(1); });
+    add("no layer", [](OpenWindow& window, FakePointer&) { window.selectLayer(-1); });
+    add("another frame", [](OpenWindow& window, FakePointer&) { window.player().seek(7); });
+    add("the gallery", [](OpenWindow& window, FakePointer&) { window.setGalleryShown(true); });
+    add("hidden", [](OpenWindow& window, FakePointer&) { window.hide(); });
+    add("undone and redone", [](OpenWindow& window, FakePointer&) {
+        window.pressUndo();
+        QCOMPARE(window.x(), 30.0);
+        window.pressRedo();
+    });
+    add("another change", [](OpenWindow& window, FakePointer&) {
+        window.row(u"Opacity"_qs).keyframeButton()->click();
+        window.editor().undo();
+    });
+}
+
+void AttributePanelTest::everyDoorEndsTheGesture()
+{
+    QFETCH(std::function<void(OpenWindow&, FakePointer&)>, leave);
+    OpenWindow window;
+    Scrub drag(window.row(u"Position"_qs).field(0), 25);
+    const double dragged = window.x();
+    QVERIFY(dragged > 30);
+
+    leave(window, drag.pointer);
+    QCOMPARE(window.x(), dragged);
+    drag.pointer.release();
+    drag.pointer.moveTo({400, 0});
+    QCOMPARE(window.x(), dragged);
+    window.editor().undo();
+    QCOMPARE(window.x(), 30.0);
+    QVERIFY(!window.editor().canUndo());
+
+    // A document that is opened meanwhile is not touched.
+    window.setGalleryShown(false);
+    window.show();
+    window.selectLayer(0);
+    window.settle();
+    Scrub late(window.row(u"Position"_qs).field(0), 25);
+    window.setDocument(squares(), u"other"_qs);
+    late.pointer.moveTo({400, 0});
+    late.pointer.release();
+    QCOMPARE(window.x(), 30.0);
+    QVERIFY(!window.editor().canUndo() && !window.isWindowModified());
+}
+
+void AttributePanelTest::valuesAndKeysFollowTheFrameAndOnlyWhenTheyChange()
+{
+    using Key = KeyframeButton::State;
+    OpenWindow window;
+    AttributeRow& scale = window.row(u"Scale"_qs);
+    QSignalSpy still(window.row(u"Position"_qs).field(0), &QLineEdit::textChanged);
+    QSignalSpy moving(scale.field(0), &QLineEdit::textChanged);
+    const std::tuple<int, double, Key> expected[] = {
+        {5, 150, Key::Animated}, {10, 200, Key::KeyAtFrame}, {15, 200, Key::Animated}};
+    for (const auto& [frame, value, state] : expected) {
+        window.player().seek(frame);
+        QCOMPARE(scale.value(0), value);
+        QCOMPARE(scale.value(1), value);
+        QCOMPARE(scale.keyframeButton()->state(), state);
+        QCOMPARE(window.row(u"Position"_qs).keyframeButton()->state(), Key::None);
+    }
+    QCOMPARE(moving.size(), 2);
+    QCOMPARE(still.size(), 0);
+
+    window.player().play();
+    Scrub drag(scale.field(0), 10);
+    QVERIFY(!window.player().isPlaying());
+}
+
+void AttributePanelTest::anAnimatedValueTakesItsChangeIntoAKey()
+{
+    OpenWindow window;
+    const PropertyAddress scale{0, Attribute::Scale};
+    const NumberProperty before = *window.editor().property(scale);
+    window.player().seek(4);
+    scrub(window.row(u"Scale"_qs).field(0), 30);
+    const NumberProperty& now = *window.editor().property(scale);
+    QCOMPARE(now.keys.size(), std::size_t(3));
+    QCOMPARE(now.keys[1].time, 4.0);
+    QCOMPARE(now.keys[1].value[1], 140.0);
+    QCOMPARE(now.keys[1].value[0], window.row(u"Scale"_qs).value(0));
+    QCOMPARE(window.row(u"Scale"_qs).keyframeButton()->state(), KeyframeButton::State::KeyAtFrame);
+    window.pressUndo();
+    QCOMPARE(*window.editor().property(scale), before);
+    QCOMPARE(window.row(u"Scale"_qs).value(0), 140.0);
+}
+
+void AttributePanelTest::aKeyOfTheRowIsAddedAndRemovedByItsButton()
+{
+    OpenWindow window;
+    window.selectLayer(1);
+    window.settle();
+    KeyframeButton* button = window.row(u"Position Y"_qs).keyframeButton();
+    const PropertyAddress y{1, Attribute::PositionY};
+    click(button);
+    QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
+    window.player().seek(8);
+    click(button);
+    QCOMPARE(window.editor().property(y)->keys.size(), std::size_t(2));
+    click(button);
+    QCOMPARE(button->state(), KeyframeButton::State::Animated);
+    window.pressUndo();
+    window.pressUndo();
+    window.pressUndo();
+    QCOMPARE(button->state(), KeyframeButton::State::None);
+    QVERIFY(!window.editor().property(y)->isAnimated());
+}
+
+void AttributePanelTest::typedTextIsOneStepAndEscapeLeavesNone()
+{
+    OpenWindow window;
+    AttributeRow& row = window.row(u"Position"_qs);
+    type(row.field(0), "90+2");
+    QTest::keyClick(row.field(0), Qt::Key_Return);
+    QCOMPARE(window.x(), 92.0);
+    window.pressUndo();
+    QCOMPARE(window.x(), 30.0);
+    QVERIFY(!window.editor().canUndo());
+
+    // What is typed when the frame changes belongs to the frame at which it was typed.
+    type(window.row(u"Scale"_qs).field(1), "50");
+    window.player().seek(10);
+    QCOMPARE(window.editor().property({0, Attribute::Scale})->keys[0].value[1], 50.0);
+    QCOMPARE(window.value(0, Attribute::Scale)[1], 200.0);
+    window.pressUndo();
+
+    window.player().seek(3);
+    const NumberProperty before = *window.editor().property({0, Attribute::Scale});
+    NumericField* field = window.row(u"Scale"_qs).field(0);
+    type(field, "77");
+    QTest::keyClick(field, Qt::Key_Up);
+    QCOMPARE(window.value(0, Attribute::Scale)[0], 78.0);
+    QTest::keyClick(field, Qt::Key_Escape);
+    QCOMPARE(*window.editor().property({0, Attribute::Scale}), before);
+    QVERIFY(!window.editor().canUndo());
+}
+
+void AttributePanelTest::stepsByKeyAreOneStepHoweverTheyEnd()
+{
+    OpenWindow window;
+    const auto stepThrice = [&window] {
+        NumericField* field = window.row(u"Rotation"_qs).field(0);
+        type(field, "");
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(field, Qt::Key_Up);
+        }
+        QCOMPARE(window.value(0, Attribute::Rotation)[0], 3.0);
+    };
+    const std::function<void()> ends[] = {
+        [&] { QTest::keyClick(window.row(u"Rotation"_qs).field(0), Qt::Key_Return); },
+        [&] { window.viewport().setFocus(); },
+        [&] { window.player().step(1); },
+        [&] { window.selectLayer(1); },
+        [] {}, // undo itself
+    };
+    for (const auto& end : ends) {
+        stepThrice();
+        end();
+        window.findChild<QAction*>(u"undo"_qs)->trigger();
+        QCOMPARE(window.value(0, Attribute::Rotation)[0], 0.0);
+        QVERIFY(!window.editor().canUndo());
+        window.selectLayer(0);
+        window.settle();
+        QCOMPARE(window.row(u"Rotation"_qs).value(0), 0.0);
+    }
+}
+
+void AttributePanelTest::rowsThatChangeSeveralFieldsTogetherAreOneStep()
+{
+    OpenWindow window;
+    window.row(u"Scale"_qs).setLinked(true);
+    scrub(window.row(u"Scale"_qs).field(0), 20);
+    const Numbers scale = window.value(0, Attribute::Scale);
+    QVERIFY(scale[0] > 100);
+    QCOMPARE(scale[1], scale[0]);
+    window.row(u"Position"_qs).reset();
+    QCOMPARE(window.value(0, Attribute::Position), Numbers());
+    window.pressUndo();
+    QCOMPARE(window.value(0, Attribute::Position), (Numbers{30, 40, 0, 0}));
+    window.pressUndo();
+    QCOMPARE(window.value(0, Attribute::Scale)[1], 100.0);
+    QVERIFY(!window.editor().canUndo());
+}
+
+void AttributePanelTest::aPastedColorIsDrawn()
+{
+    OpenWindow window;
+    ColorSwatch* swatch = window.row(u"Solid"_qs).swatch();
+    QCOMPARE(swatch->value(), QColor(Qt::red));
+    QGuiApplication::clipboard()->setText(u"#2080ff"_qs);
+    swatch->paste();
+    QCOMPARE(window.colorAt({31, 41}), QColor(0x20, 0x80, 0xff));
+    window.pressUndo();
+    QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
+    QCOMPARE(swatch->value(), QColor(Qt::red));
+}
+
+void AttributePanelTest::theTitleAndTheSelectionFollowTheHistory()
+{
+    OpenWindow window;
+    QVERIFY(!window.isWindowModified());
+    scrub(window.row(u"Position"_qs).field(0), 30);
+    QVERIFY(window.isWindowModified());
+    window.selectLayer(-1);
+    QVERIFY(window.findChildren<AttributeRow*>().isEmpty());
+    window.pressUndo();
+    QVERIFY(!window.isWindowModified());
+    QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+    QCOMPARE(window.findChild<QAction*>(u"redo"_qs)->text(), u"&Redo Change Position"_qs);
+
+    window.setDocument(squares(), u"a[*]b"_qs);
+    QCOMPARE(window.windowTitle(), u"a[*][*]b[*]"_qs);
+    QVERIFY(!window.findChild<QAction*>(u"redo"_qs)->isEnabled());
+}
+
+void AttributePanelTest::keysOnAControlAreNotTheTransports()
+{
+    OpenWindow window;
+    KeyframeButton* button = window.row(u"Opacity"_qs).keyframeButton();
+    button->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button, Qt::Key_Space);
+    QVERIFY(!window.player().isPlaying());
+    QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
+    window.viewport().setFocus();
+    QTest::keyClick(&window.viewport(), Qt::Key_Space);
+    QVERIFY(window.player().isPlaying());
+}
+
+void AttributePanelTest::theListSelectsByKeyAndLongListsOfColorsAreCut()
+{
+    OpenWindow window;
+    auto* list = window.findChild<QListWidget*>();
+    QTest::keyClick(list, Qt::Key_Down);
+    QCOMPARE(window.row(u"Position X"_qs).value(0), 100.0);
+    QTest::keyClick(list, Qt::Key_Up);
+    QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+
+    const QByteArray fill = R"({"ty":"fl","c":{"k":[0,0,1]}})";
+    window.setDocument(
+        std::make_shared<Document>(studio::test::documentOf(
+            studio::test::shapeLayer(fill + QByteArray("," + fill).repeated(44)))),
+        u"many"_qs);
+    window.selectLayer(0);
+    QCOMPARE(window.findChildren<ColorSwatch*>().size(), 40);
+    const auto labels = window.findChildren<QLabel*>();
+    QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+        return label->text() == u"and 5 more"_qs;
+    }));
+}
+
+const ui::test::Registration<AttributePanelTest> kRegistration;
+
+#include "tst_attributepanel.moc"
