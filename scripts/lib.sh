@@ -1,4 +1,5 @@
 # Shared by the project's scripts; sourced, not run.
+# shellcheck shell=bash
 
 set -euo pipefail
 

@@ -22,6 +22,10 @@ public:
     bool showsTitleBars() const;
 
     bool hasDarkTitleBar(const QWidget& window) const;
+
+    /// What Qt does on Windows when it follows the system's colours.
+    void makeTitleBarLight(const QWidget& window);
+
     bool isAlwaysOnTop(const QWidget& window);
     bool isOwnedBy(const QWidget& window, const QWidget& owner) const;
 

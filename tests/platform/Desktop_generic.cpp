@@ -43,16 +43,19 @@ public:
     {
         auto* reply = xcb_get_property_reply(
             m_xcb, xcb_get_property(m_xcb, 0, window, name, XCB_ATOM_ANY, 0, 256), nullptr);
-        if (reply == nullptr) {
-            return {}; // the request was about a window that is gone by now
-        }
         if (!reply) {
-            return {}; // the window is gone
+            return {}; // the request was about a window that is gone by now
         }
         const auto* first = static_cast<const Value*>(xcb_get_property_value(reply));
         const std::vector<Value> values(first, first + reply->value_len);
         std::free(reply);
         return values;
+    }
+
+    void deleteProperty(xcb_window_t window, xcb_atom_t name)
+    {
+        xcb_delete_property(m_xcb, window, name);
+        std::free(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr));
     }
 
     /// What a window manager does with the requests that have come in: _NET_WM_STATE is its to
@@ -125,6 +128,14 @@ bool Desktop::hasDarkTitleBar(const QWidget& window) const
     const auto name = m_connection->atom("_GTK_THEME_VARIANT");
     const auto variant = m_connection->property<char>(Connection::idOf(window), name);
     return std::string(variant.begin(), variant.end()) == "dark";
+}
+
+void Desktop::makeTitleBarLight(const QWidget& window)
+{
+    if (isReal()) {
+        m_connection->deleteProperty(
+            Connection::idOf(window), m_connection->atom("_GTK_THEME_VARIANT"));
+    }
 }
 
 bool Desktop::isAlwaysOnTop(const QWidget& window)

@@ -32,6 +32,9 @@ bool Desktop::hasDarkTitleBar(const QWidget& /*window*/) const
     return false;
 }
 
+void Desktop::makeTitleBarLight(const QWidget& /*window*/)
+{}
+
 bool Desktop::isAlwaysOnTop(const QWidget& window)
 {
     return isReal() && (GetWindowLongPtrW(handleOf(window), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;

@@ -3,6 +3,7 @@
 #include "support/paths.h"
 #include <MorrantUI/platform/native.h>
 
+#include <QApplication>
 #include <QDialog>
 #include <QFontDatabase>
 #include <QTemporaryFile>
@@ -18,9 +19,11 @@ private Q_SLOTS:
     void whatIsNoWindowIsLeftAlone();
     void aTitleBarTurnsDarkWhenItsWindowFirstShows();
     void aDarkTitleBarOutlivesItsNativeWindow();
+    void aDarkTitleBarOutlivesAChangeOfColors();
     void aFloatingWindowLiesAboveAllAndBelongsToItsParent();
     void aWindowThatNoLongerFloatsLiesJustAboveItsParent();
     void aWindowFloatsAgainAfterItWasDocked();
+    void aFloatingWindowDoesNotCoverAModalDialog_data();
     void aFloatingWindowDoesNotCoverAModalDialog();
     void activationBringsAMinimisedWindowBack();
 
@@ -95,6 +98,29 @@ void NativeWindowsTest::aDarkTitleBarOutlivesItsNativeWindow()
     QCOMPARE(m_desktop.hasDarkTitleBar(window), m_desktop.showsTitleBars());
 }
 
+void NativeWindowsTest::aDarkTitleBarOutlivesAChangeOfColors()
+{
+    QWidget window;
+    native::setDarkTitleBar(&window);
+    window.show();
+
+    const QPalette before = QApplication::palette();
+    QPalette other = before;
+    other.setColor(QPalette::Window, Qt::darkGray);
+    m_desktop.makeTitleBarLight(window);
+    QApplication::setPalette(other);
+    QTRY_COMPARE(m_desktop.hasDarkTitleBar(window), m_desktop.showsTitleBars());
+    QApplication::setPalette(before);
+
+    // The user chooses other colours for the system and comes back.
+    QWidget settings;
+    native::activateWindow(&settings);
+    QTRY_VERIFY(settings.isActiveWindow());
+    m_desktop.makeTitleBarLight(window);
+    native::activateWindow(&window);
+    QTRY_COMPARE(m_desktop.hasDarkTitleBar(window), m_desktop.showsTitleBars());
+}
+
 void NativeWindowsTest::aFloatingWindowLiesAboveAllAndBelongsToItsParent()
 {
     MainWindowWithPanel windows;
@@ -148,23 +174,45 @@ void NativeWindowsTest::aWindowFloatsAgainAfterItWasDocked()
     QTRY_COMPARE(m_desktop.isOwnedBy(windows.panel, windows.main), m_desktop.isReal());
 }
 
+void NativeWindowsTest::aFloatingWindowDoesNotCoverAModalDialog_data()
+{
+    QTest::addColumn<Qt::WindowModality>("modality");
+
+    QTest::newRow("of all windows") << Qt::ApplicationModal;
+    QTest::newRow("of its parent") << Qt::WindowModal;
+}
+
 void NativeWindowsTest::aFloatingWindowDoesNotCoverAModalDialog()
 {
+    QFETCH(const Qt::WindowModality, modality);
     MainWindowWithPanel windows;
     native::setFloating(&windows.panel, true);
     windows.panel.show();
+    QWidget late(&windows.main, Qt::Window);
+    late.show();
 
     QDialog dialog(&windows.main);
-    dialog.setModal(true);
+    dialog.setWindowModality(modality);
+    QWidget tool(&dialog, Qt::Tool);
+    tool.show();
     dialog.show();
     QVERIFY(!m_desktop.isAlwaysOnTop(windows.panel));
+    native::setFloating(&late, true);
+    QVERIFY(!m_desktop.isAlwaysOnTop(late));
+    native::setFloating(&windows.other, true);
+    const bool blocksAll = modality == Qt::ApplicationModal;
+    QCOMPARE(m_desktop.isAlwaysOnTop(windows.other), m_desktop.isReal() && !blocksAll);
+    native::setFloating(&tool, true);
+    QCOMPARE(m_desktop.isAlwaysOnTop(tool), m_desktop.isReal());
     // As the host does when the user goes to another application and comes back.
     native::setFloating(&windows.panel, false);
     native::setFloating(&windows.panel, true);
     QVERIFY(!m_desktop.isAlwaysOnTop(windows.panel));
 
     dialog.close();
-    QCOMPARE(m_desktop.isAlwaysOnTop(windows.panel), m_desktop.isReal());
+    for (const QWidget* window : {&windows.panel, &late, &windows.other}) {
+        QCOMPARE(m_desktop.isAlwaysOnTop(*window), m_desktop.isReal());
+    }
 }
 
 void NativeWindowsTest::activationBringsAMinimisedWindowBack()

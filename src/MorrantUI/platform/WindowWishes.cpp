@@ -3,6 +3,7 @@
 #include <MorrantUI/platform/windowsystem.h>
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
 
@@ -15,6 +16,22 @@ static QWindow* nativeWindow(const QWidget& widget)
     return window && window->handle() ? window : nullptr;
 }
 
+/// Whether the topmost modal window keeps input from a window, by Qt's own rule: what Qt tells a
+/// window when that begins cannot be asked for later.
+static bool isBlockedByModal(const QWindow& window)
+{
+    const QWindow* modal = QGuiApplication::modalWindow();
+    if (!modal || modal == &window || modal->isAncestorOf(&window)) {
+        return false;
+    }
+    bool blocked = modal->modality() == Qt::ApplicationModal;
+    for (const QWindow* next = &window; next && !blocked;) {
+        blocked = next->isAncestorOf(modal);
+        next = next->parent(QWindow::IncludeTransients);
+    }
+    return blocked;
+}
+
 WindowWishes& WindowWishes::of(QWidget& widget)
 {
     auto* wishes = widget.findChild<WindowWishes*>(QString(), Qt::FindDirectChildrenOnly);
@@ -25,6 +42,8 @@ WindowWishes::WindowWishes(QWidget& widget)
     : QObject(&widget)
     , m_widget(widget)
 {
+    const QWindow* window = nativeWindow(widget);
+    m_blocked = window && isBlockedByModal(*window);
     widget.installEventFilter(this);
 }
 
@@ -44,6 +63,12 @@ bool WindowWishes::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Show: applyAll(); break;
+    case QEvent::ApplicationPaletteChange:
+    case QEvent::WindowActivate:
+        // On Windows Qt has set the bar to the user's choice for all programs by then: at once when
+        // the palette changes, in the background when that choice does.
+        applyDarkTitleBar();
+        break;
     case QEvent::WindowBlocked:
         m_blocked = true;
         applyStacking();
@@ -60,9 +85,7 @@ bool WindowWishes::eventFilter(QObject* watched, QEvent* event)
 /// Runs when the native window exists and is not on screen yet.
 void WindowWishes::applyAll()
 {
-    if (m_darkTitleBar) {
-        applyDarkTitleBar();
-    }
+    applyDarkTitleBar();
     applyStacking();
     if (m_stacking == Stacking::Floating) {
         // Again once it is: on X11 Qt drops the owner while it shows a window that is no dialog.
@@ -72,7 +95,8 @@ void WindowWishes::applyAll()
 
 void WindowWishes::applyDarkTitleBar()
 {
-    if (QWindow* window = nativeWindow(m_widget)) {
+    QWindow* window = nativeWindow(m_widget);
+    if (window && m_darkTitleBar) {
         system::setDarkTitleBar(*window);
     }
 }

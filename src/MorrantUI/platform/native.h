@@ -14,7 +14,8 @@ namespace morrant::native {
 ///
 /// Never makes a native window by itself, since that would make every sibling of the widget native
 /// too: a window that has none yet gets its dark bar just before it first shows. The wish outlives
-/// a native window that Qt has to make anew. Systems that know no dark title bars are left alone.
+/// a native window that Qt has to make anew, and changes of the application's palette. Systems that
+/// know no dark title bars are left alone.
 MORRANT_UI_EXPORT void setDarkTitleBar(QWidget* window);
 
 /// Lets a window float above all other windows, those of other applications too, or ends that.

@@ -20,13 +20,12 @@ std::function<void()>& activationCallback()
 /// Whoever activates us is another process, or the system: no exception may reach it.
 void callActivationCallback() noexcept
 {
-    // A copy, since a callback that replaces itself must not be destroyed while it runs.
-    const std::function<void()> callback = activationCallback();
-    if (!callback) {
-        return;
-    }
     try {
-        callback();
+        // A copy, since a callback that replaces itself must not be destroyed while it runs.
+        const std::function<void()> callback = activationCallback();
+        if (callback) {
+            callback();
+        }
     } catch (const std::exception& error) {
         ui::log::error("Notification callback failed: {}", error.what());
     } catch (...) {

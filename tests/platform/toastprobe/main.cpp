@@ -1,4 +1,5 @@
 #include "../activator.h"
+#include <MorrantUI/platform/native.h>
 #include <MorrantUI/platform/notifications.h>
 
 #include <QApplication>
@@ -15,7 +16,9 @@
 ///
 ///   register         registers
 ///   send             sends
-///   life none|mta    registers and sends before there is an application, is clicked, ends
+///   life none|mta FONT_FILE
+///                    registers, sends and registers a font before there is an application, is
+///                    clicked, ends
 ///   click            asks COM for the activator, as for a click
 ///   -ToastActivated  what COM starts: leaves its command line in the file that MORRANT_PROBE_FILE
 ///                    names and ends when the file goes
@@ -77,6 +80,8 @@ int live(int argc, char** argv, bool multithreaded)
     }
     registerWithNotificationServer();
     sendNotification("before", "the application");
+    const bool registered = morrant::native::registerFontFile(argv[3]);
+    std::printf("font %s\n", registered ? "taken" : "refused");
     {
         const QApplication app(argc, argv);
         installActivatorCallback([] {
@@ -141,8 +146,8 @@ int main(int argc, char** argv)
         registerWithNotificationServer();
     } else if (mode == "send") {
         sendNotification("a", "b");
-    } else if (mode == "life") {
-        return live(argc, argv, argc > 2 && QByteArray(argv[2]) == "mta");
+    } else if (mode == "life" && argc == 4) {
+        return live(argc, argv, QByteArray(argv[2]) == "mta");
     } else if (mode == "click") {
         return askForActivator();
     } else if (mode == "-ToastActivated") {
