@@ -160,7 +160,12 @@ StudioWindow::StudioWindow(QWidget* parent)
         Qt::QueuedConnection);
 }
 
-StudioWindow::~StudioWindow() = default;
+StudioWindow::~StudioWindow()
+{
+    // The children die after us, the editor before the panel that edits through it.
+    selectLayer(-1);
+    m_editor->disconnect(this);
+}
 
 bool StudioWindow::openFile(const QString& path)
 {

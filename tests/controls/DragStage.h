@@ -64,7 +64,8 @@ struct DragStage
     static QMouseEvent mouseEvent(
         QEvent::Type type,
         QPointF global,
-        const QPointingDevice* device = QPointingDevice::primaryPointingDevice())
+        const QPointingDevice* device = QPointingDevice::primaryPointingDevice(),
+        Qt::MouseEventSource source = Qt::MouseEventNotSynthesized)
     {
         return QMouseEvent(
             type,
@@ -74,6 +75,7 @@ struct DragStage
             type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
             Qt::LeftButton,
             Qt::NoModifier,
+            source,
             device);
     }
 

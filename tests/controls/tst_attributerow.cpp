@@ -120,6 +120,7 @@ private Q_SLOTS:
     void aRowMayDieInAnyOfItsSignals_data();
     void aRowMayDieInAnyOfItsSignals();
 
+    void tabGoesThroughTheRowsAsTheEyeDoes();
     void rowsKeepTheirColumns();
     void badArgumentsChangeNothing();
     void assistiveToolsHearWhichAttributeItIs();
@@ -250,6 +251,12 @@ void AttributeRowTest::resetReturnsToTheDefaultsAsTheyAreShown()
     QVERIFY(!stage.button("reset")->isEnabled());
     row.reset();
     QCOMPARE(stage.heard.taken(), QByteArray("1 commit"));
+
+    row.setValue(0, 9);
+    stage.button("reset")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(stage.button("reset"), Qt::Key_Space);
+    QVERIFY(row.field(0)->hasFocus()); // not the neighbour of the button, which is disabled by now
+    QCOMPARE(row.value(0), 0.0);
 }
 
 void AttributeRowTest::connectionsComeFromOtherRowsOnly()
@@ -318,6 +325,42 @@ void AttributeRowTest::aRowMayDieInAnyOfItsSignals()
     QVERIFY(!row);
 }
 
+void AttributeRowTest::tabGoesThroughTheRowsAsTheEyeDoes()
+{
+    QWidget window;
+    const QList<AttributeRow*> rows{
+        new AttributeRow(QStringLiteral("A"), &window),
+        new AttributeRow(QStringLiteral("B"), &window)};
+    QStringList expected;
+    for (AttributeRow* const row : rows) {
+        row->setRenamable(true);
+        row->setLinkable(true);
+        row->addSwatch(Qt::red);
+        row->addField(1);
+        row->addField(2);
+        for (const char* const part :
+             {"%1",
+              "%1: lock values together",
+              "%1, 1 of 2",
+              "%1, 2 of 2",
+              "%1",
+              "%1: reset",
+              "%1: keyframe",
+              "%1: connect"})
+        {
+            expected << QString::fromLatin1(part).arg(row->name());
+        }
+    }
+    QStringList visited;
+    for (QWidget* part = window.nextInFocusChain(); part != &window;
+         part = part->nextInFocusChain()) {
+        if ((part->focusPolicy() & Qt::TabFocus) != 0 && part->isVisibleTo(&window)) {
+            visited << QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name);
+        }
+    }
+    QCOMPARE(visited, expected);
+}
+
 void AttributeRowTest::rowsKeepTheirColumns()
 {
     Stage stage;
@@ -383,6 +426,9 @@ void AttributeRowTest::assistiveToolsHearWhichAttributeItIs()
     QCOMPARE(nameOf(stage.row->field(2)), QStringLiteral("50 %2, 3 of 3"));
     QCOMPARE(nameOf(stage.row->keyframeButton()), QStringLiteral("50 %2: keyframe"));
     QCOMPARE(nameOf(stage.row->pickWhip()), QStringLiteral("50 %2: connect"));
+    const auto* const group = QAccessible::queryAccessibleInterface(stage.row);
+    QCOMPARE(group->role(), QAccessible::Grouping);
+    QCOMPARE(group->text(QAccessible::Name), QStringLiteral("50 %2"));
     AttributeRow single(QStringLiteral("Opacity"));
     QCOMPARE(nameOf(single.addField(1)), QStringLiteral("Opacity"));
 }

@@ -2,10 +2,13 @@
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
+#include <MorrantUI/controls/CheckBox.h>
+#include <MorrantUI/controls/ColorSwatch.h>
 #include <MorrantUI/controls/GroupButton.h>
 #include <MorrantUI/controls/IconButton.h>
 #include <MorrantUI/controls/PushButton.h>
 #include <MorrantUI/controls/RolloverButton.h>
+#include <MorrantUI/controls/ToggleSwitch.h>
 #include <MorrantUI/controls/ToolButton.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -58,6 +61,7 @@ private Q_SLOTS:
     void anIconVariantStandsInForTheNext();
     void hoverRepaintsOnceEachWay();
     void assistiveToolsSeeNameRoleAndState();
+    void aLabelNamesAButtonWithoutAText();
 
 private:
     ui::test::StyledApplication m_application;
@@ -131,18 +135,41 @@ void ButtonsTest::aMenuIsAnnouncedAtTheTrailingEdge()
 
 void ButtonsTest::theDownKeyOpensTheMenuInAnyMode()
 {
-    for (const auto mode : {QToolButton::InstantPopup, QToolButton::MenuButtonPopup}) {
-        ToolButton button(QString(), QStringLiteral("Easing"));
-        QMenu menu;
-        menu.addAction(QStringLiteral("Linear"));
-        button.setPopupMode(mode);
-        button.setMenu(&menu);
-        button.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&button));
-        QSignalSpy opened(&menu, &QMenu::aboutToShow);
+    QMenu menu;
+    menu.addAction(QStringLiteral("Linear"));
+    PushButton push(QStringLiteral("Easing"));
+    push.setMenu(&menu);
+    ToolButton whole(QString(), QStringLiteral("Easing"));
+    whole.setMenu(&menu);
+    ToolButton split(QString(), QStringLiteral("Easing"));
+    split.setPopupMode(QToolButton::MenuButtonPopup);
+    split.setMenu(&menu);
+    QSignalSpy opened(&menu, &QMenu::aboutToShow);
+    for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{&push, &whole, &split}) {
+        QSignalSpy clicked(button, &QAbstractButton::clicked);
+        button->show();
+        QVERIFY(QTest::qWaitForWindowExposed(button));
         QTimer::singleShot(0, &menu, &QWidget::close);
-        QTest::keyClick(&button, Qt::Key_Down);
+        QTest::keyClick(button, Qt::Key_Down);
         QCOMPARE(opened.count(), 1);
+
+        QAccessibleActionInterface* const actions = accessible(*button).actionInterface();
+        const QString show = QAccessibleActionInterface::showMenuAction();
+        QVERIFY(actions->actionNames().contains(show));
+        connect(
+            &menu,
+            &QMenu::aboutToShow,
+            &menu,
+            [&] { QTimer::singleShot(0, &menu, &QWidget::close); },
+            Qt::SingleShotConnection);
+        actions->doAction(show);
+        QTRY_COMPARE(opened.count(), 2);
+        QTRY_VERIFY(!menu.isVisible());
+        QCOMPARE(clicked.count(), 0);
+        button->setEnabled(false);
+        QVERIFY(!actions->actionNames().contains(show));
+        button->hide();
+        opened.clear();
     }
 }
 
@@ -326,6 +353,29 @@ void ButtonsTest::assistiveToolsSeeNameRoleAndState()
     QVERIFY(seen.state().checkable && seen.state().checked && seen.state().focusable);
     tip.setEnabled(false);
     QVERIFY(seen.state().disabled && !seen.actionInterface()->actionNames().contains(toggle));
+}
+
+void ButtonsTest::aLabelNamesAButtonWithoutAText()
+{
+    QGroupBox box(QStringLiteral("Layer"));
+    QFormLayout form(&box);
+    const std::initializer_list<QAbstractButton*> buttons{
+        new IconButton(&box),
+        new ToggleSwitch(&box),
+        new CheckBox(&box),
+        new ColorSwatch(&box),
+        new PushButton(&box)};
+    for (QAbstractButton* button : buttons) {
+        form.addRow(QStringLiteral("&Loop"), button);
+        button->setToolTip(QStringLiteral("Plays it again and again"));
+        QCOMPARE(accessible(*button).text(QAccessible::Name), QStringLiteral("Loop"));
+        button->setText(QStringLiteral("Repeat"));
+        QCOMPARE(accessible(*button).text(QAccessible::Name), QStringLiteral("Repeat"));
+    }
+    IconButton alone(&box); // the box's title would tell less than the tool tip
+    QCOMPARE(accessible(alone).text(QAccessible::Name), QStringLiteral("Layer"));
+    alone.setToolTip(QStringLiteral("Visible"));
+    QCOMPARE(accessible(alone).text(QAccessible::Name), QStringLiteral("Visible"));
 }
 
 const ui::test::Registration<ButtonsTest> kRegistration;

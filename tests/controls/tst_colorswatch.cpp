@@ -21,9 +21,17 @@ class CountingSwatch : public ColorSwatch
 public:
     using ColorSwatch::ColorSwatch;
     int drags = 0;
+    std::function<void()> whileCarried = [] {};
+
+    void carryForReal() { ColorSwatch::startDrag(); }
 
 protected:
-    void startDrag() override { ++drags; }
+    void startDrag() override
+    {
+        ++drags;
+        const auto act = whileCarried; // may delete this
+        act();
+    }
 };
 
 struct Panel
@@ -80,6 +88,8 @@ private Q_SLOTS:
     void theHostSetsAColorWhileOneIsChosen();
     void keysOpenCopyAndPaste();
     void aDragCarriesTheColorAway();
+    void aSwatchMayGoWhileItsColorIsCarried();
+    void theDragOutlivesTheSwatch();
     void aDropIsTakenOnlyWithAColor();
     void withoutAlphaEverythingIsOpaque();
     void translucencyShowsTheChequer();
@@ -223,6 +233,47 @@ void ColorSwatchTest::aDragCarriesTheColorAway()
     QVERIFY(panel.swatch->dialog());
 }
 
+void ColorSwatchTest::aSwatchMayGoWhileItsColorIsCarried()
+{
+    for (const bool goes : {false, true}) {
+        Panel panel;
+        const auto carried = ui::colorMimeData(Qt::blue);
+        panel.swatch->whileCarried = [&] {
+            QVERIFY(!drop(*panel.swatch, *carried)); // it does not take back its own
+            ColorSwatch other;
+            QVERIFY(drop(other, *carried));
+            if (goes) {
+                delete panel.swatch;
+            }
+        };
+        FakePointer pointer(panel.swatch);
+        pointer.moveTo({10, 10});
+        pointer.press();
+        pointer.moveTo({50, 10});
+        QCOMPARE(panel.swatch.isNull(), goes);
+        QVERIFY(goes || drop(*panel.swatch, *carried));
+    }
+}
+
+void ColorSwatchTest::theDragOutlivesTheSwatch()
+{
+    if (QGuiApplication::platformName() == QLatin1String("windows")) {
+        return; // whose drags last until a real button comes up
+    }
+    Panel panel;
+    bool isOver = false;
+    QTimer::singleShot(0, &panel.window, [&] {
+        delete panel.swatch;
+        if (!isOver) { // in the drag, which does not come back by itself
+            QDrag::cancel();
+        }
+    });
+    panel.swatch->carryForReal();
+    isOver = true;
+    QVERIFY(panel.swatch.isNull() || !panel.swatch->findChild<QDrag*>());
+    QTRY_VERIFY(panel.swatch.isNull());
+}
+
 void ColorSwatchTest::aDropIsTakenOnlyWithAColor()
 {
     Panel panel;
@@ -256,6 +307,15 @@ void ColorSwatchTest::withoutAlphaEverythingIsOpaque()
     QCOMPARE(panel.swatch->value(), QColor(1, 2, 3));
     panel.swatch->click();
     QVERIFY(!panel.swatch->dialog()->testOption(QColorDialog::ShowAlphaChannel));
+    panel.swatch->dialog()->reject();
+
+    panel.swatch->setAlphaEnabled(true);
+    panel.swatch->setValue(QColor(5, 6, 7, 8));
+    panel.choose(QColor(50, 60, 70, 80));
+    panel.swatch->setAlphaEnabled(false); // while one is being chosen
+    QCOMPARE(panel.swatch->dialog()->currentColor(), QColor(50, 60, 70));
+    panel.swatch->dialog()->reject();
+    QCOMPARE(panel.swatch->value(), QColor(5, 6, 7));
 }
 
 void ColorSwatchTest::translucencyShowsTheChequer()

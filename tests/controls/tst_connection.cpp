@@ -15,6 +15,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QSignalSpy>
+#include <QTranslator>
+#include <QWheelEvent>
 
 #include <cmath>
 #include <functional>
@@ -50,6 +52,9 @@ public:
     std::function<void(const QString& what, ConnectionInstance*)> reaction;
     QRegion painted;
 
+    /// How often somebody waits for our death.
+    int watchers() const { return receivers(SIGNAL(destroyed(QObject*))); }
+
 protected:
     void paintEvent(QPaintEvent* event) override { painted += event->region(); }
 
@@ -68,6 +73,17 @@ private:
     }
 
     QByteArrayList& m_log;
+};
+
+/// A language of capital letters.
+class Shouted : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char* source, const char*, int) const override
+    {
+        return QString::fromUtf8(source).toUpper();
+    }
 };
 
 /// A window with a connector in its corner and nested receivers, and another window beside it.
@@ -148,6 +164,8 @@ private Q_SLOTS:
     void anythingMayDieInAnyCallback_data();
     void anythingMayDieInAnyCallback();
     void aDropMayTakeLongerThanTheLine();
+    void aRestingPointerSeesWhatMovesBelowIt();
+    void aConnectorSpeaksTheLanguageOfNow();
 
     void theLineCrossesWindowsLeavesTheMouseAloneAndGoesBack();
     void onlyTheSurroundingsOfTheLineAreRepainted();
@@ -180,6 +198,12 @@ void ConnectionTest::theInnermostReceiverIsTold()
     QCOMPARE(moveTo(kBeyond + QPoint(1, 0)), QByteArray("beyond leave"));
     stage.outer->makeWidgetReceiver(stage.beyond); // one receiver, several widgets
     QCOMPARE(moveTo(kBeyond), QByteArray("outer enter, outer move"));
+    const int watchers = stage.inner->watchers();
+    for (int again = 0; again < 3; ++again) {
+        stage.inner->removeWidgetReceiver(stage.inner);
+        stage.inner->makeWidgetReceiver(stage.inner);
+    }
+    QCOMPARE(stage.inner->watchers(), watchers);
     delete stage.outer; // with its registrations; it cannot be left any more
     QCOMPARE(moveTo(kBeyond + QPoint(1, 0)), QByteArray());
     QVERIFY(!connection->receiver() && connection->isRunning());
@@ -299,6 +323,8 @@ void ConnectionTest::everyDoorCancels_data()
         dialog.show();
         dialog.hide();
     });
+    QTest::newRow("application quits")
+        << Door([](Stage&) { QMetaObject::invokeMethod(qApp, "aboutToQuit"); });
     QTest::newRow("another start") << Door([](Stage& stage) {
         ConnectionInstance* const second = ConnectionInstance::start(&stage.other, {});
         QCOMPARE(ConnectionInstance::current(), second);
@@ -389,6 +415,14 @@ void ConnectionTest::anythingMayDieInAnyCallback()
     Stage stage;
     QVERIFY(stage.shown);
     bool done = false;
+    int ends = 0;
+    connect(
+        stage.whip,
+        &PickWhip::connectionStarted,
+        &stage.window,
+        [&](const ConnectionInstance* connection) {
+            connect(connection, &ConnectionInstance::finished, &stage.window, [&] { ++ends; });
+        });
     stage.inner->reaction = [&](const QString& what, ConnectionInstance* connection) {
         if (what == QLatin1String(callback) && !std::exchange(done, true)) {
             stage.connection = connection;
@@ -400,6 +434,7 @@ void ConnectionTest::anythingMayDieInAnyCallback()
     stage.pointer->release();
     QVERIFY(done);
     QVERIFY(!ConnectionInstance::current());
+    QCOMPARE(ends, 1);
     const auto leaves = stage.log.count(QByteArray("inner leave"));
     QCOMPARE(leaves, stage.inner || callback == "leave" ? 1 : 0);
     QVERIFY(!QGuiApplication::overrideCursor());
@@ -424,6 +459,54 @@ void ConnectionTest::aDropMayTakeLongerThanTheLine()
     QCOMPARE(stage.ended, QList<State>({State::Dropped}));
     Stage::finishAnimations();
     QVERIFY(!connection);
+}
+
+void ConnectionTest::aRestingPointerSeesWhatMovesBelowIt()
+{
+    Stage stage;
+    QVERIFY(stage.shown);
+    const QPointer<ConnectionInstance> connection = stage.dragTo(kInner);
+    QCoreApplication::processEvents();
+    stage.taken();
+    stage.inner->move(stage.inner->pos() + QPoint(0, 1)); // still below it
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.taken(), QByteArray());
+    stage.inner->move(0, 0);
+    stage.inner->resize(10, 10);
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.taken(), QByteArray("inner leave, outer enter, outer move"));
+
+    const QPoint end = stage.window.mapToGlobal(kInner);
+    QWheelEvent wheel(
+        kInner, end, {}, {0, 120}, Qt::LeftButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(stage.outer, &wheel);
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.taken(), QByteArray("outer move")); // another part of it, for all we know
+
+    stage.whip->move(stage.whip->pos() + QPoint(0, 100));
+    QCoreApplication::processEvents();
+    const ui::ConnectionCurve curve{stage.whip->geometry().center(), kInner};
+    const QColor seen = pixelAt(renderWidget(stage.window, 2.0), curve.at(0.3));
+    QVERIFY(closeTo(seen, ui::colorQt(QStringLiteral("ConnectorAccent")), 12));
+}
+
+void ConnectionTest::aConnectorSpeaksTheLanguageOfNow()
+{
+    QWidget window;
+    PickWhip whip(&window);
+    PickWhip named(&window);
+    whip.setConnected(true);
+    named.setToolTip(QStringLiteral("Parent"));
+    const QString before = whip.toolTip();
+    Shouted translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(whip.toolTip(), before.toUpper());
+    QCOMPARE(whip.accessibleDescription(), QStringLiteral("CONNECTED"));
+    QCOMPARE(named.toolTip(), QStringLiteral("Parent"));
+    QCoreApplication::removeTranslator(&translator);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(whip.toolTip(), before);
 }
 
 void ConnectionTest::theLineCrossesWindowsLeavesTheMouseAloneAndGoesBack()

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void escapeRestoresWhatTheHostHasSetMeanwhile();
     void aLabelThatCannotBeRenamedStaysShut();
     void aLabelMayDieInItsSlot();
+    void aNameIsWholeInTheWidthItAsksFor();
     void aNameThatDoesNotFitIsShownWholeInItsToolTip();
     void assistiveToolsRename();
     void aLinkIsOnlyWhereItsTextIs();
@@ -184,6 +185,9 @@ void LabelsTest::theKeyboardStaysAtTheLabelAfterReturn()
     QTest::keyClick(&named.label, Qt::Key_F2);
     named.other.setFocus();
     QVERIFY2(named.other.hasFocus(), "the label does not take it back");
+    named.label.startEditing();
+    QTest::keyClick(named.editor(), Qt::Key_Tab);
+    QVERIFY(named.other.hasFocus()); // next to the label, although the editor was made last
 }
 
 void LabelsTest::theEditorsOwnMenuDoesNotEndTheEditing()
@@ -211,10 +215,13 @@ void LabelsTest::aLabelThatCannotBeRenamedStaysShut()
 {
     Named named;
     named.label.setRenamable(false);
+    QVERIFY(named.other.hasFocus()); // it is no place for the keyboard any more
+    QCOMPARE(named.label.focusPolicy(), Qt::NoFocus);
     QTest::keyClick(&named.label, Qt::Key_F2);
     QTest::mouseDClick(&named.label, Qt::LeftButton);
     named.label.rename(QStringLiteral("Caption"));
     named.label.setRenamable(true);
+    QCOMPARE(named.label.focusPolicy(), Qt::StrongFocus);
     named.label.setEnabled(false);
     named.label.startEditing();
     named.label.setEnabled(true);
@@ -242,6 +249,29 @@ void LabelsTest::aLabelMayDieInItsSlot()
             other.setFocus();
         }
         QVERIFY(!label);
+    }
+}
+
+void LabelsTest::aNameIsWholeInTheWidthItAsksFor()
+{
+    for (const char* const name :
+         {"Position",
+          "Rotation",
+          "Layer 1",
+          "Text",
+          "Opacity",
+          "Anchor point",
+          "Scale",
+          "Colour",
+          "Fill & Stroke",
+          "Trim path",
+          "Blend mode",
+          "W"})
+    {
+        RenamableLabel label(QString::fromLatin1(name));
+        label.resize(label.sizeHint());
+        label.show();
+        QVERIFY2(toolTipOf(label).isEmpty(), name); // as it has for a name that is cut
     }
 }
 

@@ -62,6 +62,7 @@ class LineEditTest : public ui::test::TestCase
 private Q_SLOTS:
     void returnCommitsOnceAndTheLossOfFocusAddsNothing();
     void theLossOfFocusCommitsAChangeOnly();
+    void anUndoAfterACommitIsAnEdit();
     void escapeTakesTheEditBackAndThenReachesTheWindow();
     void aFieldEnteredByMouseGivesTheFocusAway();
     void shortcutsOfTheWindowDoNotCutAnEditShort();
@@ -111,6 +112,24 @@ void LineEditTest::theLossOfFocusCommitsAChangeOnly()
     QCOMPARE(form.commits, QList<QVariantList>{{true}});
 }
 
+void LineEditTest::anUndoAfterACommitIsAnEdit()
+{
+    Form form;
+    QVERIFY(form.isReady());
+    form.field->setFocus(Qt::TabFocusReason);
+    form.type("new");
+    QTest::keyClick(form.field, Qt::Key_Return);
+    QVERIFY(!form.field->isModified());
+    form.field->undo();
+    form.type("two"); // which takes as many steps as the first edit did
+    QTest::keyClick(form.field, Qt::Key_Return);
+    QCOMPARE(form.commits.size(), 2);
+    form.field->undo();
+    QVERIFY(form.field->text() != QStringLiteral("two"));
+    form.other->setFocus();
+    QCOMPARE(form.commits.size(), 3);
+}
+
 void LineEditTest::escapeTakesTheEditBackAndThenReachesTheWindow()
 {
     Form form;
@@ -152,13 +171,24 @@ void LineEditTest::shortcutsOfTheWindowDoNotCutAnEditShort()
     QVERIFY(form.isReady());
     const QShortcut onReturn(Qt::Key_Return, &form.window);
     const QShortcut onEscape(Qt::Key_Escape, &form.window);
+    const QShortcut onControlReturn(Qt::CTRL | Qt::Key_Return, &form.window);
+    const QShortcut onEnter(Qt::KeypadModifier | Qt::Key_Enter, &form.window);
+    QSignalSpy controlReturns(&onControlReturn, &QShortcut::activated);
+    QSignalSpy enters(&onEnter, &QShortcut::activated);
     QSignalSpy returns(&onReturn, &QShortcut::activated);
     QSignalSpy escapes(&onEscape, &QShortcut::activated);
     form.field->setFocus(Qt::TabFocusReason);
     QWindow* const window = form.window.windowHandle();
+    form.type("zero");
+    QTest::keyClick(window, Qt::Key_Return, Qt::ControlModifier); // the window's
+    QCOMPARE(controlReturns.size(), 1);
+    QCOMPARE(form.commits.size(), 0);
+    QTest::keyClick(window, Qt::Key_Enter, Qt::KeypadModifier);
+    QCOMPARE(enters.size(), 0);
+    QCOMPARE(form.commits.size(), 1);
     form.type("one");
     QTest::keyClick(window, Qt::Key_Return);
-    QCOMPARE(form.commits.size(), 1);
+    QCOMPARE(form.commits.size(), 2);
     form.type("two");
     QTest::keyClick(window, Qt::Key_Escape);
     QCOMPARE(form.field->text(), QStringLiteral("one"));
@@ -184,6 +214,8 @@ void LineEditTest::aTextTheValidatorRejectsIsNeverCommitted()
     QCOMPARE(form.field->text(), QStringLiteral("5"));
     QVERIFY(form.field->hasFocus());
     form.other->setFocus();
+    QCOMPARE(form.field->text(), QStringLiteral("42"));
+    form.field->enterText(QStringLiteral("7"));
     QCOMPARE(form.field->text(), QStringLiteral("42"));
     QCOMPARE(form.commits.size(), 0);
 

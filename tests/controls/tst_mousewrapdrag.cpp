@@ -15,6 +15,15 @@ using ui::test::RealPointer;
 using Drive = morrant::native::PointerSystem::Drive;
 using Door = std::function<void(DragStage&)>;
 
+namespace {
+
+void add(const char* name, const Door& leave)
+{
+    QTest::newRow(name) << leave;
+}
+
+} // namespace
+
 /// Drags of every kind: what they report, and that the pointer is given back whatever happens.
 class MouseWrapDragTest : public ui::test::TestCase
 {
@@ -31,6 +40,10 @@ private Q_SLOTS:
     void aSlotMayDeleteWhatReportsToIt();
     void aSecondDragEndsTheFirst_data();
     void aSecondDragEndsTheFirst();
+    void anEndMayPutOffTheDragThatCausedIt_data();
+    void anEndMayPutOffTheDragThatCausedIt();
+    void aPressAfterALostReleaseLeavesThePointerThere_data();
+    void aPressAfterALostReleaseLeavesThePointerThere();
     void aPenLeavesThePointerAlone_data();
     void aPenLeavesThePointerAlone();
     void aWarpedDragIsExactThoughPositionsComeLateOrNever();
@@ -39,6 +52,9 @@ private Q_SLOTS:
 
 private:
     static void addHoldingKinds();
+    static void addMouseDoors();
+    static void addWidgetDoors();
+    static void addWindowDoors();
 };
 
 void MouseWrapDragTest::addHoldingKinds()
@@ -141,7 +157,13 @@ void MouseWrapDragTest::everyKindOfDragTellsTheSameStory()
 void MouseWrapDragTest::everyDoorGivesThePointerBack_data()
 {
     QTest::addColumn<Door>("leave");
-    const auto add = [](const char* name, const Door& leave) { QTest::newRow(name) << leave; };
+    addMouseDoors();
+    addWidgetDoors();
+    addWindowDoors();
+}
+
+void MouseWrapDragTest::addMouseDoors()
+{
     add("release", [](DragStage& stage) { stage.mouse.release(); });
     add("another button's release", [](DragStage& stage) {
         stage.mouse.press(Qt::RightButton);
@@ -150,12 +172,10 @@ void MouseWrapDragTest::everyDoorGivesThePointerBack_data()
     add("released over another", [](DragStage& stage) {
         DragStage::send(*new QWidget(&stage.window), QEvent::MouseButtonRelease, {});
     });
-    add("pressed again", [](DragStage& stage) {
-        stage.press();
-        QCOMPARE(stage.story, u"ses"_qs);
-        stage.mouse.release();
-        stage.story.chop(2);
-    });
+}
+
+void MouseWrapDragTest::addWidgetDoors()
+{
     add("filter replaced", [](DragStage& stage) {
         stage.filter->forceEndDrag();
         stage.target->removeEventFilter(stage.filter);
@@ -163,10 +183,26 @@ void MouseWrapDragTest::everyDoorGivesThePointerBack_data()
     });
     add("filter deleted", [](DragStage& stage) { delete stage.filter; });
     add("hidden", [](DragStage& stage) { stage.target->hide(); });
-    add("window closed", [](DragStage& stage) { stage.window.close(); });
-    add("disabled", [](DragStage& stage) { stage.window.setEnabled(false); });
     add("docked elsewhere",
         [](DragStage& stage) { stage.target->setParent(new QWidget(&stage.window)); });
+    add("target deleted", [](DragStage& stage) {
+        delete stage.target;
+        QCOMPARE(stage.story, u"s"_qs); // there is nobody to tell
+        stage.story += u'e';
+    });
+    add("target deleted before its filter", [](DragStage& stage) {
+        stage.filter->setParent(nullptr);
+        delete stage.target;
+        QVERIFY(!stage.filter->isDragging());
+        delete stage.filter;
+        stage.story += u'e';
+    });
+}
+
+void MouseWrapDragTest::addWindowDoors()
+{
+    add("window closed", [](DragStage& stage) { stage.window.close(); });
+    add("window disabled", [](DragStage& stage) { stage.window.setEnabled(false); });
     add("another window active", [](DragStage& stage) {
         QEvent event(QEvent::WindowDeactivate);
         QCoreApplication::sendEvent(&stage.window, &event);
@@ -186,18 +222,6 @@ void MouseWrapDragTest::everyDoorGivesThePointerBack_data()
         menu.addAction(u"Copy"_qs);
         menu.popup({});
         QVERIFY(!stage.filter->isDragging());
-    });
-    add("target deleted", [](DragStage& stage) {
-        delete stage.target;
-        QCOMPARE(stage.story, u"s"_qs); // there is nobody to tell
-        stage.story += u'e';
-    });
-    add("target deleted before its filter", [](DragStage& stage) {
-        stage.filter->setParent(nullptr);
-        delete stage.target;
-        QVERIFY(!stage.filter->isDragging());
-        delete stage.filter;
-        stage.story += u'e';
     });
 }
 
@@ -284,6 +308,87 @@ void MouseWrapDragTest::aSecondDragEndsTheFirst()
     QVERIFY(system.isFree());
 }
 
+void MouseWrapDragTest::anEndMayPutOffTheDragThatCausedIt_data()
+{
+    addHoldingKinds();
+}
+
+void MouseWrapDragTest::anEndMayPutOffTheDragThatCausedIt()
+{
+    QFETCH(const Drive, drive);
+    const std::vector<Door> doors = {
+        [](DragStage& second) { delete second.filter; },
+        [](DragStage& second) { delete second.target; },
+        [](DragStage& second) { second.filter->setEnabled(false); },
+        [](DragStage& second) { second.target->setEnabled(false); },
+    };
+    for (const Door& leave : doors) {
+        for (const bool sameFilter : {false, true}) {
+            FakePointerSystem system(drive);
+            DragStage first;
+            DragStage other;
+            DragStage& second = sameFilter ? first : other;
+            first.press();
+            first.awaited = u'e';
+            first.onAwaited = [&] { leave(second); };
+            second.press({70, 60});
+            QVERIFY(!first.onAwaited);
+            QCOMPARE(first.story, u"se"_qs);
+            QCOMPARE(other.story, QString());
+            QVERIFY(system.isFree());
+        }
+    }
+
+    // A drag that has not begun yet has nothing to end; one that begins meanwhile has precedence.
+    FakePointerSystem system(drive);
+    DragStage first;
+    DragStage second;
+    DragStage third;
+    first.press();
+    first.awaited = u'e';
+    first.onAwaited = [&] { second.filter->forceEndDrag(); };
+    second.press();
+    QCOMPARE(second.story, u"s"_qs);
+    second.awaited = u'e';
+    second.onAwaited = [&] { third.press(); };
+    first.press();
+    QCOMPARE(first.story + second.story + third.story, u"seses"_qs);
+    QCOMPARE(system.hides, 1);
+    third.mouse.release();
+    QVERIFY(system.isFree());
+}
+
+void MouseWrapDragTest::aPressAfterALostReleaseLeavesThePointerThere_data()
+{
+    addHoldingKinds();
+}
+
+void MouseWrapDragTest::aPressAfterALostReleaseLeavesThePointerThere()
+{
+    QFETCH(const Drive, drive);
+    for (const bool sameFilter : {true, false}) {
+        FakePointerSystem system(drive);
+        system.pointer = {123, 45};
+        DragStage first;
+        DragStage other;
+        DragStage& second = sameFilter ? first : other;
+        first.press();
+        first.move({30, 0});
+
+        const QPoint there(210, 95);
+        system.pointer = there;
+        second.press({120, 30});
+        QCOMPARE(system.pointer, there);
+        QCOMPARE(first.story + other.story, u"ses"_qs);
+        QCOMPARE(system.hides, 1);
+        system.pointer += QPoint(9, 9);
+        second.mouse.release();
+        const QPoint pressed = second.target->mapToGlobal(QPoint(120, 30));
+        QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : there);
+        QVERIFY(system.isFree());
+    }
+}
+
 void MouseWrapDragTest::aPenLeavesThePointerAlone_data()
 {
     addHoldingKinds();
@@ -293,14 +398,20 @@ void MouseWrapDragTest::aPenLeavesThePointerAlone()
 {
     QFETCH(const Drive, drive);
     using Device = QInputDevice::DeviceType;
-    for (const Device type : {Device::Stylus, Device::TouchScreen}) {
+    const std::pair<Device, Qt::MouseEventSource> pens[] = {
+        {Device::Stylus, Qt::MouseEventNotSynthesized},
+        {Device::TouchScreen, Qt::MouseEventNotSynthesized},
+        {Device::Mouse, Qt::MouseEventSynthesizedBySystem},
+        {Device::Mouse, Qt::MouseEventSynthesizedByQt},
+    };
+    for (const auto& [type, source] : pens) {
         const auto pen = QPointingDevice::PointerType::Pen;
         const QPointingDevice device(
             u"pen"_qs, 1, type, pen, QInputDevice::Capability::Position, 1, 1);
         FakePointerSystem system(drive);
         DragStage stage;
-        const auto tell = [&](QEvent::Type eventType, QPointF position) {
-            QMouseEvent event = DragStage::mouseEvent(eventType, position, &device);
+        const auto tell = [&, from = source](QEvent::Type eventType, QPointF position) {
+            QMouseEvent event = DragStage::mouseEvent(eventType, position, &device, from);
             stage.filter->eventFilter(stage.target, &event); // on the way Qt itself rounds
         };
         tell(QEvent::MouseButtonPress, {100.4, 100});

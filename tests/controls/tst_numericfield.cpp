@@ -80,6 +80,9 @@ private Q_SLOTS:
     void anEmptyTextIsNotCommitted();
     void tabEditsEverythingAndLeavingEndsTheEdit();
     void stepsByKeyAreCommittedOnce();
+    void stepsThatChangeNothingAreNotCommitted();
+    void whatTheHostSetsAfterAStepStays();
+    void anUndoAfterACommitIsReported();
     void escapeTakesStepsBackWhateverTheHostEchoes();
     void arrowsKeepTheSelectionAndWinOverShortcuts();
     void nothingIsPaintedWithoutAChange();
@@ -94,6 +97,11 @@ void NumericFieldTest::limitsAndKindMayComeInAnyOrder()
     QCOMPARE(NumericField(-0.5).text(), QStringLiteral("-1"));
     QCOMPARE(NumericField(1e12).value(), 2147483647.0);
     NumericField field;
+    QVERIFY(field.hasMouseTracking());
+    QCOMPARE(field.focusPolicy(), Qt::TabFocus);
+    QCOMPARE(field.backgroundColor(), QStringLiteral("Window"));
+    QCOMPARE(field.textColor(), QStringLiteral("Text"));
+    QCOMPARE(field.frameColor(), QStringLiteral("WindowText"));
     QSignalSpy values(&field, &LineEdit::valueChanged);
     field.setMin(-1e12);
     QCOMPARE(field.getMin(), -2147483648.0);
@@ -123,8 +131,12 @@ void NumericFieldTest::limitsAndKindMayComeInAnyOrder()
     QCOMPARE(field.softMax(), std::numeric_limits<double>::max());
     QCOMPARE(field.dragMultiplier(), 1.0);
 
-    field.setText(QStringLiteral("no number"));
-    QCOMPARE(field.value(), 0.0);
+    for (const QString& text : {u"no number"_qs, u"nan"_qs}) {
+        field.setText(text);
+        QCOMPARE(field.value(), 0.0);
+    }
+    field.setStartValue(kInfinity);
+    QCOMPARE(field.startValue(), -10.0);
     QCOMPARE(values.size(), 0);
 }
 
@@ -241,6 +253,51 @@ void NumericFieldTest::stepsByKeyAreCommittedOnce()
     panel.enterByTab();
     panel.other->setFocus();
     QCOMPARE(panel.values.size(), 5);
+}
+
+void NumericFieldTest::stepsThatChangeNothingAreNotCommitted()
+{
+    Panel panel;
+    QVERIFY(panel.isReady());
+    panel.field->setMax(6);
+    panel.enterByTab();
+    QTest::keyClick(panel.field, Qt::Key_Up);
+    QTest::keyClick(panel.field, Qt::Key_Return);
+    QCOMPARE(panel.values, (QList<QVariantList>{{false}, {true}}));
+    QTest::keyClick(panel.field, Qt::Key_Up); // at the maximum
+    panel.other->setFocus();
+    panel.enterByTab();
+    QTest::keyClick(panel.field, Qt::Key_Down);
+    QTest::keyClick(panel.field, Qt::Key_Up); // and back
+    panel.other->setFocus();
+    QCOMPARE(panel.values.mid(2), QList<QVariantList>(3, {false}));
+}
+
+void NumericFieldTest::whatTheHostSetsAfterAStepStays()
+{
+    Panel panel;
+    QVERIFY(panel.isReady());
+    panel.enterByTab();
+    QTest::keyClick(panel.field, Qt::Key_Up);
+    panel.field->setValue(80);
+    QTest::keyClick(panel.field, Qt::Key_Escape);
+    QCOMPARE(panel.field->text(), QStringLiteral("80.0"));
+    panel.other->setFocus();
+    QCOMPARE(panel.values, QList<QVariantList>{{false}});
+}
+
+void NumericFieldTest::anUndoAfterACommitIsReported()
+{
+    Panel panel;
+    QVERIFY(panel.isReady());
+    panel.enterByTab();
+    QTest::keyClicks(panel.field, QStringLiteral("12.0")); // which fixup() has nothing to add to
+    QTest::keyClick(panel.field, Qt::Key_Return);
+    QCOMPARE(panel.values.size(), 1);
+    QTest::keySequence(panel.field, QKeySequence::Undo);
+    QCOMPARE(panel.field->text(), QStringLiteral("5.0"));
+    panel.other->setFocus();
+    QCOMPARE(panel.values, (QList<QVariantList>{{true}, {true}}));
 }
 
 void NumericFieldTest::escapeTakesStepsBackWhateverTheHostEchoes()

@@ -5,10 +5,12 @@
 #include "support/TestCase.h"
 #include <MorrantUI/controls/MouseWrapDragFilter.h>
 #include <MorrantUI/controls/modifiers.h>
+#include <MorrantUI/controls/nativemouse.h>
 
 #include <QDialog>
 #include <QEnterEvent>
 #include <QMenu>
+#include <QProxyStyle>
 #include <QShortcut>
 
 #include <functional>
@@ -106,6 +108,22 @@ const std::vector<Door>& doors()
     return all;
 }
 
+/// Counts how often a field asks whether to show the on-screen keyboard, as after each click.
+class KeyboardStyle : public QProxyStyle
+{
+public:
+    int styleHint(
+        StyleHint hint,
+        const QStyleOption* option,
+        const QWidget* widget,
+        QStyleHintReturn* data) const override
+    {
+        asked += hint == SH_RequestSoftwareInputPanel ? 1 : 0;
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+    mutable int asked = 0;
+};
+
 } // namespace
 
 class NumericScrubTest : public ui::test::TestCase
@@ -119,9 +137,12 @@ private Q_SLOTS:
 
     void aScrubFollowsThePointerFromTheDragDistanceOn();
     void aScrubStartsAnewFromWhatIsShown();
+    void aScrubCommitsTheStepsBeforeIt();
     void modifiersRescaleTheWholeDistance();
     void aClickEditsWhereItFell();
     void onlyALeftReleaseInsideIsAClick();
+    void aPressThatEndedByAnotherDoorIsNoClick();
+    void aCommitElsewhereMayDeleteTheField();
     void aQuickSecondPressDragsAgain();
     void inEditModeTheMouseSelectsText();
 
@@ -129,6 +150,7 @@ private Q_SLOTS:
     void aDragEndsByEveryDoor();
     void aSlotMayDeleteTheFieldInTheMiddle_data();
     void aSlotMayDeleteTheFieldInTheMiddle();
+    void aSlotMayReplaceTheDragFilter();
     void aContextMenuCancelsEverything();
     void theThemesPointerLockIsFollowed();
     void theCursorTellsTheMode();
@@ -211,6 +233,36 @@ void NumericScrubTest::aScrubStartsAnewFromWhatIsShown()
     panel.field->setDragMultiplier(0.0);
     panel.scrub(10);
     QCOMPARE(panel.field->value(), 60.0);
+
+    panel.field->setMax(100);
+    panel.field->setDragMultiplier(1.0);
+    panel.field->setText(QStringLiteral("inf"));
+    panel.scrub(-10);
+    QCOMPARE(panel.field->value(), 90.0);
+}
+
+void NumericScrubTest::aScrubCommitsTheStepsBeforeIt()
+{
+    Panel panel;
+    QVERIFY(panel.isReady());
+    panel.field->setFocus(Qt::OtherFocusReason); // at rest
+    QTest::keyClick(panel.field, Qt::Key_Up);
+    panel.scrub(20);
+    QCOMPARE(panel.values, (QList<QVariantList>{{false}, {true}, {false}, {false}}));
+    QTest::keyClick(panel.field, Qt::Key_Escape);
+    QCOMPARE(panel.field->text(), QStringLiteral("26.0"));
+    panel.other->setFocus();
+    QCOMPARE(panel.values.size(), 4);
+
+    connect(panel.field, &LineEdit::valueChanged, panel.window.get(), [&](bool committed) {
+        if (committed) {
+            delete panel.field.data();
+        }
+    });
+    panel.field->setFocus(Qt::OtherFocusReason);
+    QTest::keyClick(panel.field, Qt::Key_Up);
+    panel.scrub(20);
+    QVERIFY(!panel.field);
 }
 
 void NumericScrubTest::modifiersRescaleTheWholeDistance()
@@ -237,7 +289,11 @@ void NumericScrubTest::aClickEditsWhereItFell()
     Panel panel(1234.0);
     QVERIFY(panel.isReady());
     const QPoint place(panel.field->width() / 4, 10);
+    KeyboardStyle style;
+    panel.field->setStyle(&style);
     panel.click(place);
+    QCOMPARE(style.asked, 1); // the base class has seen the release
+    panel.field->setStyle(nullptr);
     QVERIFY(!panel.field->isReadOnly() && panel.field->hasFocus());
     QCOMPARE(panel.field->cursorPosition(), panel.field->cursorPositionAt(place));
     QVERIFY(panel.field->cursorPosition() > 0 && !panel.field->hasSelectedText());
@@ -277,6 +333,56 @@ void NumericScrubTest::onlyALeftReleaseInsideIsAClick()
     QVERIFY(!panel.field->isReadOnly());
 }
 
+void NumericScrubTest::aPressThatEndedByAnotherDoorIsNoClick()
+{
+    for (const Door& door : doors()) {
+        Panel panel;
+        QVERIFY(panel.isReady());
+        panel.pointer.moveTo({5, 10});
+        panel.pointer.press();
+        door.leave(panel);
+        if (!panel.field || !panel.window->isVisible()) {
+            continue;
+        }
+        panel.field->show();
+        panel.window->setEnabled(true);
+        panel.field->setEnabled(true);
+        const bool isAtRest = panel.field->isReadOnly();
+        panel.pointer.release();
+        QVERIFY2(panel.field->isReadOnly() == isAtRest, door.name);
+        QVERIFY2(panel.field->hasFocus() == (qstrcmp(door.name, "release") == 0), door.name);
+    }
+    gTheme->setUsePointerLock(false);
+
+    Panel panel;
+    QVERIFY(panel.isReady());
+    panel.enterByTab();
+    panel.pointer.moveTo({5, 10});
+    panel.pointer.press();
+    panel.other->setFocus();
+    panel.pointer.release();
+    QVERIFY(panel.field->isReadOnly());
+}
+
+void NumericScrubTest::aCommitElsewhereMayDeleteTheField()
+{
+    for (const bool inEditMode : {false, true}) {
+        Panel panel;
+        QVERIFY(panel.isReady());
+        if (inEditMode) {
+            panel.field->setReadOnly(false);
+        }
+        auto* source = new LineEdit(panel.window.get());
+        source->setGeometry(150, 10, 100, 24);
+        source->show();
+        source->setFocus();
+        QTest::keyClicks(source, QStringLiteral("x"));
+        connect(source, &LineEdit::valueChanged, this, [&] { delete panel.field.data(); });
+        panel.click({5, 10});
+        QVERIFY(!panel.field);
+    }
+}
+
 void NumericScrubTest::aQuickSecondPressDragsAgain()
 {
     Panel panel;
@@ -305,10 +411,12 @@ void NumericScrubTest::inEditModeTheMouseSelectsText()
 {
     Panel panel(1234.0);
     QVERIFY(panel.isReady());
-    for (const int round : {0, 1, 2}) {
+    for (const int round : {0, 1, 2, 3}) {
         panel.other->setFocus();
         if (round == 0) {
             panel.enterByTab();
+        } else if (round == 3) {
+            panel.field->setReadOnly(false); // by the host
         } else {
             panel.click({90, 10});
         }
@@ -320,6 +428,9 @@ void NumericScrubTest::inEditModeTheMouseSelectsText()
         QCOMPARE(panel.field->text(), QStringLiteral("1234.0"));
     }
     QCOMPARE(panel.drags.size(), 0);
+    panel.field->setReadOnly(true);
+    panel.scrub(6);
+    QCOMPARE(panel.field->text(), QStringLiteral("1240.0"));
 }
 
 void NumericScrubTest::aDragEndsByEveryDoor_data()
@@ -427,10 +538,28 @@ void NumericScrubTest::aSlotMayDeleteTheFieldInTheMiddle()
     QCOMPARE(panel.drags, kOneDrag);
 }
 
-void NumericScrubTest::aContextMenuCancelsEverything()
+void NumericScrubTest::aSlotMayReplaceTheDragFilter()
 {
     Panel panel;
     QVERIFY(panel.isReady());
+    const QMetaObject::Connection replaces = connect(
+        panel.field, &LineEdit::valueChanged, this, [&] { panel.field->setUsePointerLock(false); });
+    panel.scrub(7); // is over with its first step
+    QCOMPARE(panel.field->text(), QStringLiteral("5.0"));
+    QCOMPARE(panel.drags, kOneDrag);
+    QVERIFY(panel.field->isReadOnly());
+    disconnect(replaces);
+    panel.scrub(7);
+    QCOMPARE(panel.field->text(), QStringLiteral("12.0"));
+    QCOMPARE(panel.drags, kOneDrag + kOneDrag);
+}
+
+void NumericScrubTest::aContextMenuCancelsEverything()
+{
+    FakePointerSystem system(Drive::Warps);
+    Panel panel;
+    QVERIFY(panel.isReady());
+    hideNativeMouse();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     panel.enterByTab();
     QTest::keyClicks(panel.field, QStringLiteral("6"));
@@ -440,6 +569,8 @@ void NumericScrubTest::aContextMenuCancelsEverything()
     QCOMPARE(panel.drags, QList<QVariantList>{{false}});
     QCOMPARE(panel.field->cursor().shape(), Qt::ArrowCursor);
     QVERIFY(!panel.field->isReadOnly() && !panel.field->hasFocus());
+    QVERIFY(!panel.field->findChild<MouseWrapDragFilter*>()->isEnabled());
+    QCOMPARE(system.hides, 0);
 
     panel.click({20, 10}); // the field looks editable, so it is
     QVERIFY(panel.field->hasFocus() && !panel.field->isReadOnly());
@@ -486,6 +617,15 @@ void NumericScrubTest::theCursorTellsTheMode()
     QCOMPARE(cursorOnEnter().shape(), Qt::IBeamCursor);
     panel.other->setFocus();
     QCOMPARE(panel.field->cursor(), scrub);
+    panel.field->setFocus(Qt::OtherFocusReason);
+    QCOMPARE(panel.field->cursor().shape(), Qt::IBeamCursor);
+    QVERIFY(panel.field->isReadOnly());
+    panel.other->setFocus();
+    panel.beginScrub();
+    panel.enterByTab(); // too late to edit
+    QVERIFY(panel.field->isReadOnly());
+    panel.pointer.release();
+    panel.other->setFocus();
     panel.field->setEnabled(false);
     QCOMPARE(cursorOnEnter().shape(), Qt::PointingHandCursor);
 }
@@ -524,7 +664,28 @@ void NumericScrubTest::aRealPointerScrubsPastTheEdgeOfTheScreen()
     QTRY_VERIFY(!panel.field->isReadOnly() && panel.field->hasFocus());
 }
 
+/// In a host that has not built its theme yet.
+class NumericScrubWithoutThemeTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void thePointerIsLocked();
+};
+
+void NumericScrubWithoutThemeTest::thePointerIsLocked()
+{
+    FakePointerSystem system(Drive::Warps);
+    Panel panel;
+    QVERIFY(panel.isReady());
+    panel.beginScrub();
+    QCOMPARE(system.hides, 1);
+    panel.pointer.release();
+}
+
 namespace {
+const ui::test::Registration<NumericScrubWithoutThemeTest> kNoThemeRegistration(
+    ui::test::RunOrder::First);
 const ui::test::Registration<NumericScrubTest> kRegistration;
 } // namespace
 

@@ -415,6 +415,9 @@ void PadsTest::aHeldKeySpringsBackToo()
         QTest::keyPress(panel.pad, Qt::Key_Right, Qt::ShiftModifier);
         QVERIFY(std::abs(panel.pad->value().x - 0.2) < 1e-9);
         QVERIFY(panel.pad->isDragging());
+        QTest::keyClick(panel.pad, Qt::Key_Up); // tapped while the other is held
+        QVERIFY(panel.pad->isDragging());
+        QVERIFY(panel.pad->value() == num2<double>(0.2, 0.01));
         loses ? panel.other->setFocus()
               : static_cast<void>(QTest::keyRelease(panel.pad, Qt::Key_Right));
         QVERIFY(panel.pad->value() == num2<double>());

@@ -4,10 +4,27 @@
 #include <MorrantUI/controls/PointerLock.h>
 #include <MorrantUI/controls/nativemouse.h>
 
+#include <QDialog>
+
 using ui::test::DragStage;
 using ui::test::FakePointerSystem;
 using ui::test::RealPointer;
 using Drive = morrant::native::PointerSystem::Drive;
+
+namespace {
+
+/// Also where no window manager makes what is shown active.
+bool showActive(QWidget& window)
+{
+    window.show();
+    if (!QTest::qWaitForWindowExposed(&window)) {
+        return false;
+    }
+    window.activateWindow();
+    return QTest::qWaitForWindowActive(&window);
+}
+
+} // namespace
 
 class PointerLockTest : public ui::test::TestCase
 {
@@ -16,6 +33,8 @@ class PointerLockTest : public ui::test::TestCase
 private Q_SLOTS:
     void aLockedPointerStaysInsideTheWindow();
     void everyDoorUnlocks();
+    void whatCannotHaveTheMouseIsNotLockedTo();
+    void anInactiveApplicationLocksNothing();
     void aDragGivesThePointerBackToTheLock();
     void aRealPointerCannotLeave();
 };
@@ -25,7 +44,7 @@ void PointerLockTest::aLockedPointerStaysInsideTheWindow()
     FakePointerSystem system(Drive::RawInput);
     system.frame = {100, 100, 400, 300};
     QWidget window;
-    window.show();
+    QVERIFY(showActive(window));
     PointerLock lock(&window);
     lock.unlock();
     QVERIFY(!lock.locked() && lock.confiningRect().isEmpty());
@@ -61,23 +80,88 @@ void PointerLockTest::everyDoorUnlocks()
         QWidget window;
         const QPointer<QWidget> widget = new QWidget(&window);
         const QPointer<PointerLock> lock = new PointerLock(widget, &window);
-        window.show();
+        QVERIFY(showActive(window));
         lock->lock();
+        QVERIFY(lock->locked());
         leave(widget, lock);
         QVERIFY(!system.clip);
         QVERIFY(!lock || !lock->locked());
         // A lock that has lost its hold takes none from another.
-        PointerLock other(&window);
+        QWidget otherWindow;
+        QVERIFY(showActive(otherWindow));
+        PointerLock other(&otherWindow);
         other.lock();
         delete lock;
         QVERIFY(other.locked() && system.clip);
     }
 }
 
+void PointerLockTest::whatCannotHaveTheMouseIsNotLockedTo()
+{
+    FakePointerSystem system(Drive::RawInput);
+    QWidget window;
+    auto* widget = new QWidget(&window);
+    QDialog dialog(&window);
+    auto* inDialog = new QWidget(&dialog);
+    PointerLock lock(widget);
+    PointerLock lockOfDialog(inDialog);
+    window.winId();
+    lock.lock();
+    QVERIFY(!lock.locked()); // never shown
+    QVERIFY(showActive(window));
+    lock.lock();
+    QVERIFY(lock.locked());
+    widget->setEnabled(false);
+    lock.lock();
+    QVERIFY(!lock.locked());
+    widget->setEnabled(true);
+
+    for (const Qt::WindowModality modality : {Qt::WindowModal, Qt::ApplicationModal}) {
+        QWidget unrelated;
+        unrelated.show();
+        PointerLock lockOfUnrelated(&unrelated);
+        dialog.setWindowModality(modality);
+        QVERIFY(showActive(dialog));
+        lock.lock();
+        QVERIFY(!lock.locked());
+        lockOfDialog.lock();
+        QVERIFY(lockOfDialog.locked());
+        lockOfUnrelated.lock();
+        QCOMPARE(lockOfUnrelated.locked(), modality == Qt::WindowModal);
+        dialog.hide();
+        QVERIFY(!lockOfDialog.locked());
+    }
+    QVERIFY(showActive(window));
+    lock.lock();
+    QVERIFY(lock.locked());
+
+    lock.unlock();
+    QVERIFY(!system.clip);
+}
+
+void PointerLockTest::anInactiveApplicationLocksNothing()
+{
+    FakePointerSystem system(Drive::RawInput);
+    QWidget window;
+    QVERIFY(showActive(window));
+    QWidget toolTip(nullptr, Qt::ToolTip); // is shown without becoming the active window
+    toolTip.show();
+    PointerLock lock(&toolTip);
+    lock.lock();
+    QVERIFY(lock.locked());
+    window.hide();
+    if (QGuiApplication::platformName() == u"xcb") { // off screen an application stays active
+        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationInactive);
+    }
+    lock.lock();
+    QCOMPARE(lock.locked(), QGuiApplication::applicationState() == Qt::ApplicationActive);
+}
+
 void PointerLockTest::aDragGivesThePointerBackToTheLock()
 {
     FakePointerSystem system(Drive::RawInput);
     DragStage stage;
+    QVERIFY(showActive(stage.window));
     PointerLock lock(&stage.window);
     lock.lock();
     const auto locked = system.clip;
@@ -98,8 +182,7 @@ void PointerLockTest::aRealPointerCannotLeave()
 {
     QWidget window;
     window.setGeometry(100, 100, 300, 200);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(showActive(window));
     PointerLock lock(&window);
     lock.lock();
     QCOMPARE(lock.locked(), RealPointer::available());

@@ -7,10 +7,12 @@
 #include <MorrantUI/controls/SliderField.h>
 #include <MorrantUI/controls/ValueControl.h>
 #include <MorrantUI/controls/modifiers.h>
+#include <MorrantUI/theme/eventfilters.h>
 
 #include <QtWidgets>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
 using ui::test::FakePointer;
@@ -77,9 +79,11 @@ private Q_SLOTS:
     void aTypedValueMayLeaveTheSoftRange();
     void theFieldCommitsOnceForEachOfItsWays();
     void aHostThatHandsValuesBackDisturbsNothing();
+    void whatIsBeingTypedIsKept();
     void valuesKeepDecimalsStepsAndLimits();
     void tabReachesSliderAndField();
     void assistiveToolsFindASliderWithTheName();
+    void setupThatChangesNothingPaintsNothing();
     void theFillFollowsTheValue();
 
 private:
@@ -262,6 +266,83 @@ void SliderFieldTest::aHostThatHandsValuesBackDisturbsNothing()
     QCOMPARE(panel.record.take(), QByteArray("(sC)"));
 }
 
+void SliderFieldTest::whatIsBeingTypedIsKept()
+{
+    using Push = std::function<void(SliderField&)>;
+    const QList<QPair<Push, double>> pushes{
+        {[](SliderField& slider) { slider.setValue(70); }, 70},
+        {[](SliderField& slider) { slider.setDefaultValue(5); }, 20},
+        {[](SliderField& slider) { slider.setStep(2); }, 20},
+        {[](SliderField& slider) { slider.setSoftRange(10, 90); }, 20},
+        {[](SliderField& slider) { slider.setRange(30, 200); }, 30},
+        {[](SliderField& slider) { slider.setDecimals(1); }, 20}};
+    const auto leave = [](Panel& panel) { panel.track->setFocus(); };
+    const auto takeBack = [](Panel& panel) {
+        QTest::keyClick(panel.slider->field(), Qt::Key_Escape);
+    };
+    const auto enter = [](Panel& panel) { QTest::keyClick(panel.slider->field(), Qt::Key_Return); };
+    for (const auto& [push, pushed] : pushes) {
+        Panel panel;
+        NumericField* const field = panel.slider->field();
+        const auto begin = [&, &act = push](const QString& text) {
+            panel.slider->setValue(20);
+            panel.track->setFocus();
+            QTRY_COMPARE(field->text(), QStringLiteral("20"));
+            field->setFocus(Qt::TabFocusReason);
+            field->selectAll();
+            QTest::keyClicks(field, text);
+            act(*panel.slider);
+            QCOMPARE(panel.slider->value(), pushed);
+            QCOMPARE(field->text(), text);
+        };
+        begin(QStringLiteral("40+5"));
+        QTest::keyClicks(field, QStringLiteral("0"));
+        enter(panel);
+        QCOMPARE(panel.slider->value(), 90.0);
+        QCoreApplication::processEvents();
+        QCOMPARE(field->value(), 90.0);
+        QCOMPARE(panel.record.take(), QByteArray("C"));
+    }
+    for (const auto& end : QList<std::function<void(Panel&)>>{leave, takeBack}) {
+        Panel panel;
+        NumericField* const field = panel.slider->field();
+        panel.slider->setValue(20);
+        field->setFocus(Qt::TabFocusReason);
+        field->selectAll();
+        QTest::keyClicks(field, QStringLiteral("4"));
+        panel.slider->setValue(70);
+        QTest::keyClick(field, Qt::Key_Backspace); // an empty field commits nothing
+        end(panel);
+        QTRY_COMPARE(field->text(), QStringLiteral("70"));
+        QCOMPARE(panel.slider->value(), 70.0);
+        QCOMPARE(panel.record.take(), QByteArray());
+    }
+}
+
+void SliderFieldTest::setupThatChangesNothingPaintsNothing()
+{
+    Panel panel;
+    panel.slider->setStep(0.5);
+    panel.slider->setDefaultValue(7);
+    QTest::qWait(50);
+    int paints = 0;
+    ui::installEventFilter(
+        panel.track,
+        [&](QObject*, QEvent* event) {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        },
+        nullptr);
+    panel.slider->setStep(0.5);
+    panel.slider->setDefaultValue(7);
+    panel.slider->setRange(0, 100);
+    panel.slider->setDecimals(0);
+    QTest::qWait(50);
+    QCOMPARE(paints, 0);
+    panel.slider->setSoftRange(0, 50);
+    QTRY_COMPARE(paints, 1);
+}
+
 void SliderFieldTest::valuesKeepDecimalsStepsAndLimits()
 {
     SliderField slider;
@@ -309,6 +390,12 @@ void SliderFieldTest::assistiveToolsFindASliderWithTheName()
     QAccessibleInterface* track = QAccessible::queryAccessibleInterface(panel.track);
     QCOMPARE(track->role(), QAccessible::Slider);
     QCOMPARE(track->text(QAccessible::Name), QStringLiteral("Opacity"));
+    QAccessibleInterface* field = QAccessible::queryAccessibleInterface(panel.slider->field());
+    QCOMPARE(field->text(QAccessible::Name), QStringLiteral("Opacity"));
+    panel.slider->setAccessibleName(QStringLiteral("Fill opacity"));
+    QCOMPARE(field->text(QAccessible::Name), QStringLiteral("Fill opacity"));
+    panel.slider->field()->setToolTip(QStringLiteral("<i>Percent</i>"));
+    QCOMPARE(field->text(QAccessible::Name), QStringLiteral("Percent"));
     QCOMPARE(track->valueInterface()->maximumValue().toDouble(), 100.0);
     track->valueInterface()->setCurrentValue(33.4);
     QCOMPARE(panel.slider->value(), 33.0);

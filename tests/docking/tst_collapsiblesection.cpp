@@ -91,8 +91,12 @@ private Q_SLOTS:
     void nestedSectionsMoveTheOnesAround();
     void nothingMovesWhileItIsHidden();
     void contentsAreReplacedAndTaken();
+    void contentMayAskForAnotherInItsSlot();
+    void contentThatWentElsewhereIsForgotten();
+    void theHostsSizePolicyComesBack();
     void contentHiddenByItsHostStaysHidden();
     void theHeaderTellsItsState();
+    void aTitleIsShownWholeAndAsItIs();
 
 private:
     ui::test::StyledApplication m_application;
@@ -264,7 +268,8 @@ void CollapsibleSectionTest::contentsAreReplacedAndTaken()
     const QPointer<Content> first = panel.content;
     const QPointer<Content> second = new Content(30);
     panel.section->setContent(second);
-    QVERIFY(first.isNull());
+    QVERIFY(!first->parentWidget() && !first->isVisible());
+    QTRY_VERIFY(first.isNull());
     QTRY_COMPARE(panel.height(), 30);
     panel.section->setContent(&panel.window); // around itself
     panel.section->setContent(panel.section);
@@ -279,6 +284,53 @@ void CollapsibleSectionTest::contentsAreReplacedAndTaken()
     panel.section->toggle();
     panel.finish();
     QCOMPARE(panel.section->content(), nullptr);
+}
+
+void CollapsibleSectionTest::contentMayAskForAnotherInItsSlot()
+{
+    Panel panel;
+    const QPointer<Content> first = panel.content;
+    connect(first->field, &QLineEdit::textEdited, panel.section, [&panel] {
+        panel.section->setContent(new Content(30));
+    });
+    QTest::keyClicks(first->field, QStringLiteral("a"));
+    QTRY_VERIFY(first.isNull());
+    QTRY_COMPARE(panel.height(), 30);
+}
+
+void CollapsibleSectionTest::contentThatWentElsewhereIsForgotten()
+{
+    Panel panel;
+    CollapsibleSection other;
+    other.setContent(panel.content);
+    QCOMPARE(panel.section->content(), nullptr);
+    QCOMPARE(panel.section->takeContent(), nullptr);
+    panel.section->setContent(other.takeContent());
+    QCOMPARE(panel.section->content(), panel.content.data());
+    QTRY_COMPARE(panel.height(), 60);
+    other.setContent(panel.content);
+    panel.section->setContent(nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(other.content(), panel.content.data());
+}
+
+void CollapsibleSectionTest::theHostsSizePolicyComesBack()
+{
+    Panel panel;
+    const auto fold = [&panel] {
+        panel.section->toggle();
+        panel.finish();
+        return panel.section->sizePolicy();
+    };
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Expanding);
+    policy.setVerticalStretch(2);
+    panel.section->setSizePolicy(policy);
+    QCOMPARE(fold().verticalPolicy(), QSizePolicy::Fixed);
+    QCOMPARE(fold(), policy);
+    fold();
+    policy.setVerticalPolicy(QSizePolicy::MinimumExpanding); // while it is folded
+    panel.section->setSizePolicy(policy);
+    QCOMPARE(fold(), policy);
 }
 
 void CollapsibleSectionTest::contentHiddenByItsHostStaysHidden()
@@ -312,6 +364,29 @@ void CollapsibleSectionTest::theHeaderTellsItsState()
     }
     panel.section->setTitle(QStringLiteral("Effects"));
     QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Effects"));
+}
+
+void CollapsibleSectionTest::aTitleIsShownWholeAndAsItIs()
+{
+    constexpr int kEdge = 6; // behind the title
+    Panel panel;
+    for (const char* const name :
+         {"Position", "Rotation", "Layer 1", "Text", "Opacity", "Anchor point", "Fill & Stroke"})
+    {
+        const QString title = QString::fromLatin1(name);
+        panel.section->setTitle(title);
+        QCOMPARE(panel.section->title(), title);
+        QCOMPARE(
+            QAccessible::queryAccessibleInterface(panel.header)->text(QAccessible::Name), title);
+        QVERIFY(panel.header->shortcut().isEmpty());
+        const QSize hint = panel.header->sizeHint();
+        const QRect shared(0, 0, hint.width() - kEdge, hint.height());
+        panel.header->resize(hint);
+        const QImage asked = ui::test::renderWidget(*panel.header, 1.0).copy(shared);
+        panel.header->resize(hint + QSize(60, 0));
+        const QImage wider = ui::test::renderWidget(*panel.header, 1.0).copy(shared);
+        QVERIFY2(asked == wider, name);
+    }
 }
 
 const ui::test::Registration<CollapsibleSectionTest> kRegistration;

@@ -2,8 +2,9 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QLabel>
+#include <QMenu>
 #include <QPushButton>
-#include <QTextDocumentFragment>
 #include <QToolButton>
 
 namespace ui {
@@ -17,6 +18,18 @@ bool hasMenu(const QAbstractButton* button)
     }
     const auto* tool = qobject_cast<const QToolButton*>(button);
     return tool && tool->menu();
+}
+
+void showMenu(QAbstractButton* button)
+{
+    if (!button->isEnabled() || !hasMenu(button)) {
+        return;
+    }
+    if (auto* push = qobject_cast<QPushButton*>(button)) {
+        push->showMenu();
+    } else if (auto* tool = qobject_cast<QToolButton*>(button)) {
+        tool->showMenu();
+    }
 }
 
 bool isMixed(const QAbstractButton* button)
@@ -76,8 +89,26 @@ QString AccessibleButton::text(QAccessible::Text kind) const
     if (kind != QAccessible::Name || !button()->accessibleName().isEmpty()) {
         return QAccessibleWidget::text(kind);
     }
-    const QString shown = withoutMnemonic(button()->text());
-    return shown.isEmpty() ? nameFromToolTip(*button()) : shown;
+    for (const QString& name :
+         {withoutMnemonic(button()->text()), labelText(), nameFromToolTip(*button())})
+    {
+        if (!name.isEmpty()) {
+            return name;
+        }
+    }
+    return QAccessibleWidget::text(kind);
+}
+
+/// Of the label beside the button. What else Qt takes for one, the title of a group box, tells
+/// less of a button than its tool tip.
+QString AccessibleButton::labelText() const
+{
+    for (const auto& [label, relation] : relations(QAccessible::Label)) {
+        if (qobject_cast<QLabel*>(label->object()) != nullptr) {
+            return label->text(QAccessible::Name);
+        }
+    }
+    return {};
 }
 
 QStringList AccessibleButton::actionNames() const
@@ -85,6 +116,9 @@ QStringList AccessibleButton::actionNames() const
     QStringList names;
     if (button()->isEnabled()) {
         names << (button()->isCheckable() ? toggleAction() : pressAction());
+        if (hasMenu(button())) {
+            names << showMenuAction();
+        }
     }
     return names + QAccessibleWidget::actionNames();
 }
@@ -93,6 +127,10 @@ void AccessibleButton::doAction(const QString& name)
 {
     if (name == pressAction() || name == toggleAction()) {
         QMetaObject::invokeMethod(button(), &QAbstractButton::click, Qt::QueuedConnection);
+    } else if (name == showMenuAction()) {
+        QAbstractButton* const opener = button();
+        QMetaObject::invokeMethod(
+            opener, [opener] { showMenu(opener); }, Qt::QueuedConnection);
     } else {
         QAccessibleWidget::doAction(name);
     }
@@ -104,12 +142,6 @@ QStringList AccessibleButton::keyBindingsForAction(const QString& name) const
         return {button()->shortcut().toString()};
     }
     return QAccessibleWidget::keyBindingsForAction(name);
-}
-
-QString nameFromToolTip(const QWidget& widget)
-{
-    const QString tip = widget.toolTip();
-    return Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip;
 }
 
 } // namespace ui

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QAccessibleWidget>
+#include <MorrantUI/controls/accessibility.h>
 
 class QAbstractButton;
 
 namespace ui {
 
 /// What assistive tools see of a button of ours. Unlike Qt's own interface it names a button
-/// without a text by its tool tip, and it knows mixed states.
+/// without a text by its label or else its tool tip, and it knows mixed states.
 class AccessibleButton : public QAccessibleWidget
 {
 public:
@@ -19,13 +19,15 @@ public:
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
 
+    /// Pressing or switching, and showing the menu where there is one.
     QStringList actionNames() const override;
-    /// Clicks through the event queue, since a slot may open a dialog or a menu.
+    /// Acts through the event queue, since a slot may open a dialog or a menu.
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString& name) const override;
 
 private:
     QAbstractButton* button() const;
+    QString labelText() const;
 };
 
 /// An AccessibleButton to hand to installAccessible().
@@ -37,8 +39,5 @@ public:
         : AccessibleButton(button, kRole)
     {}
 };
-
-/// The accessible name of a widget that has none of its own: its tool tip, without mark-up.
-QString nameFromToolTip(const QWidget& widget);
 
 } // namespace ui

@@ -1,6 +1,5 @@
-#include "AccessibleJoystickPad.h"
-
 #include <MorrantUI/controls/AccessibleButton.h>
+#include <MorrantUI/controls/AccessibleJoystickPad.h>
 #include <MorrantUI/controls/JoystickPad.h>
 
 #include <QPointer>

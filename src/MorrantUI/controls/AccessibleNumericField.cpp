@@ -1,6 +1,6 @@
-#include "AccessibleNumericField.h"
-
+#include <MorrantUI/controls/AccessibleNumericField.h>
 #include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/controls/SliderField.h>
 
 #include <QFontMetrics>
 #include <QStyle>
@@ -49,8 +49,13 @@ QString AccessibleNumericField::text(QAccessible::Text kind) const
     if (kind == QAccessible::Value) {
         return field().text();
     }
-    const QString text = AccessibleNumberControl::text(kind);
-    return text.isEmpty() && kind == QAccessible::Name ? field().toolTip() : text;
+    const QString own = AccessibleNumberControl::text(kind);
+    if (kind != QAccessible::Name || !own.isEmpty()) {
+        return own;
+    }
+    const QString tip = nameFromToolTip(field());
+    const bool isPart = qobject_cast<const SliderField*>(field().parentWidget()) != nullptr;
+    return tip.isEmpty() && isPart ? parent()->text(kind) : tip;
 }
 
 QAccessible::State AccessibleNumericField::state() const

@@ -1,6 +1,4 @@
-#include "AccessibleValueControl.h"
-
-#include <MorrantUI/controls/AccessibleButton.h>
+#include <MorrantUI/controls/AccessibleValueControl.h>
 
 #include <QWidget>
 

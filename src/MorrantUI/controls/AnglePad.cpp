@@ -1,6 +1,5 @@
-#include "AnglePad.h"
-
 #include <MorrantUI/controls/AccessibleValueControl.h>
+#include <MorrantUI/controls/AnglePad.h>
 #include <MorrantUI/controls/buttonlook.h>
 #include <MorrantUI/controls/padpaint.h>
 #include <MorrantUI/theme/colors.h>
@@ -12,8 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-
-using namespace ui::style;
 
 namespace {
 
@@ -88,7 +85,7 @@ void drawArc(QPainter& painter, const Dial& dial, double degrees, const QColor& 
     if (degrees == 0.0) {
         return;
     }
-    const PainterState state(painter);
+    const ui::style::PainterState state(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool whole = std::abs(degrees) >= 360.0;
     painter.setPen(QPen(color, dial.ringWidth, Qt::SolidLine, whole ? Qt::FlatCap : Qt::RoundCap));
@@ -99,12 +96,13 @@ void drawArc(QPainter& painter, const Dial& dial, double degrees, const QColor& 
 }
 
 /// The ring with the angle beyond whole turns, brighter below it when there are any.
-void drawRing(QPainter& painter, const Dial& dial, const ui::Turns& turns, const Mood& mood)
+void drawRing(
+    QPainter& painter, const Dial& dial, const ui::Turns& turns, const ui::style::Mood& mood)
 {
-    const QColor fill = ink(ui::colorQt(QStringLiteral("Highlight")), mood);
-    drawArc(painter, dial, 360.0, ink(ui::colorQt(QStringLiteral("Midlight")), mood));
+    const QColor fill = ui::style::ink(ui::colorQt(QStringLiteral("Highlight")), mood);
+    drawArc(painter, dial, 360.0, ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), mood));
     if (turns.whole != 0) {
-        drawArc(painter, dial, 360.0, translucent(fill, kTurnStrength));
+        drawArc(painter, dial, 360.0, ui::style::translucent(fill, kTurnStrength));
     }
     drawArc(painter, dial, turns.rest, fill);
 }
@@ -115,27 +113,32 @@ bool showsNumber(const Dial& dial, const ui::Turns& turns)
     return turns.whole != 0 && dial.face >= kTextFace;
 }
 
-void drawNeedle(QPainter& painter, const Dial& dial, const ui::Turns& turns, const Mood& mood)
+void drawNeedle(
+    QPainter& painter, const Dial& dial, const ui::Turns& turns, const ui::style::Mood& mood)
 {
     const double longest = dial.face < kTextFace ? 0.0 : kNeedleFrom;
     const double from = showsNumber(dial, turns) ? kShortNeedle : longest;
     const double radians = qDegreesToRadians(turns.rest);
     const QPointF towards(std::sin(radians), -std::cos(radians));
-    const PainterState state(painter);
+    const ui::style::PainterState state(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(
-        QPen(ink(ui::colorQt(QStringLiteral("Light")), mood), 2.0, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(
+        ui::style::ink(ui::colorQt(QStringLiteral("Light")), mood),
+        2.0,
+        Qt::SolidLine,
+        Qt::RoundCap));
     painter.drawLine(
         dial.center + towards * dial.face * from, dial.center + towards * dial.face * kNeedleTo);
 }
 
 /// The number of whole turns in the middle of the face.
-void drawTurns(QPainter& painter, const Dial& dial, const ui::Turns& turns, const Mood& mood)
+void drawTurns(
+    QPainter& painter, const Dial& dial, const ui::Turns& turns, const ui::style::Mood& mood)
 {
     if (!showsNumber(dial, turns)) {
         return;
     }
-    const PainterState state(painter);
+    const ui::style::PainterState state(painter);
     const QString text = AnglePad::tr("%1×", "whole turns").arg(turns.whole);
     QFont font = painter.font();
     font.setPixelSize(std::max(1, qRound(QFontInfo(font).pixelSize() * kTextShare)));
@@ -145,7 +148,7 @@ void drawTurns(QPainter& painter, const Dial& dial, const ui::Turns& turns, cons
         font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * room / wanted)));
     }
     painter.setFont(font);
-    painter.setPen(ink(ui::colorQt(QStringLiteral("Text")), mood));
+    painter.setPen(ui::style::ink(ui::colorQt(QStringLiteral("Text")), mood));
     painter.drawText(circle(dial.center, dial.face), Qt::AlignCenter | Qt::TextDontClip, text);
 }
 
@@ -255,18 +258,19 @@ std::optional<ValueControl::Value> AnglePad::keyTarget(
 void AnglePad::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Mood mood = ui::pads::moodOf(*this, isDragging());
+    const ui::style::Mood mood = ui::pads::moodOf(*this, isDragging());
     const Dial dial = dialIn(rect());
     const ui::Turns turns = ui::turnsOf(value());
     const QRectF face = circle(dial.center, dial.face);
 
     drawRing(painter, dial, turns, mood);
-    fillRounded(painter, face, dial.face, shade(ui::colorQt(QStringLiteral("Button")), mood));
+    ui::style::fillRounded(
+        painter, face, dial.face, ui::style::shade(ui::colorQt(QStringLiteral("Button")), mood));
     drawNeedle(painter, dial, turns, mood);
     drawTurns(painter, dial, turns, mood);
     if (mood.keyboard) {
         const double outer = dial.ring + dial.ringWidth / 2 + kFocusRoom;
-        drawFocusRing(painter, circle(dial.center, outer), outer);
+        ui::style::drawFocusRing(painter, circle(dial.center, outer), outer);
     }
 }
 

@@ -7,7 +7,9 @@
 #include <MorrantUI/controls/NumericField.h>
 #include <MorrantUI/controls/PickWhip.h>
 #include <MorrantUI/controls/RenamableLabel.h>
+#include <MorrantUI/controls/accessibility.h>
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPointer>
@@ -20,6 +22,14 @@ namespace {
 constexpr int kSpacing = 4;         ///< between the parts, logical pixels
 constexpr int kNameCharacters = 16; ///< of average width in the name column
 constexpr int kFieldCharacters = 7; ///< in the narrowest field
+
+class AccessibleRow : public QAccessibleWidget
+{
+public:
+    explicit AccessibleRow(AttributeRow* row)
+        : QAccessibleWidget(row, QAccessible::Grouping)
+    {}
+};
 
 bool showsColor(const ColorSwatch& swatch, QColor color)
 {
@@ -68,6 +78,7 @@ AttributeRow::AttributeRow(const QString& name, QWidget* parent)
     : Widget(parent)
     , m_parts(std::make_unique<Parts>())
 {
+    ui::installAccessible<AttributeRow, AccessibleRow>();
     m_parts->nameColumn = new QWidget(this);
     m_parts->label = new RenamableLabel(name, m_parts->nameColumn);
     m_parts->label->setRenamable(false);
@@ -217,7 +228,9 @@ NumericField* AttributeRow::addField(double value)
     if (index == kMaxFields) {
         return nullptr;
     }
+    QWidget* const previous = lastEditor();
     NumericField* const editor = m_parts->fields->add(value, this);
+    setTabOrder(previous, editor);
     editor->setMinimumWidth(kFieldCharacters * fontMetrics().averageCharWidth());
     m_parts->editors->insertWidget(index, editor, 1); // a swatch stays behind the fields
     nameParts();
@@ -231,6 +244,7 @@ ColorSwatch* AttributeRow::addSwatch(const QColor& color)
         return nullptr;
     }
     auto* swatch = new ColorSwatch(color, this);
+    setTabOrder(lastEditor(), swatch);
     m_parts->swatch = swatch;
     m_parts->defaultColor = swatch->value();
     m_parts->editors->addWidget(swatch, 1);
@@ -241,6 +255,17 @@ ColorSwatch* AttributeRow::addSwatch(const QColor& color)
     nameParts();
     updateReset();
     return swatch;
+}
+
+/// The part that Tab comes to before a field or swatch to be added: the last field, or the chain.
+QWidget* AttributeRow::lastEditor() const
+{
+    for (int i = fieldCount() - 1; i >= 0; --i) {
+        if (NumericField* const editor = field(i)) {
+            return editor;
+        }
+    }
+    return m_parts->chain;
 }
 
 int AttributeRow::fieldCount() const
@@ -412,7 +437,16 @@ void AttributeRow::changeEvent(QEvent* event)
 
 void AttributeRow::updateReset()
 {
-    m_parts->reset->setEnabled(!isAtDefault());
+    const bool canReset = !isAtDefault();
+    if (!canReset && m_parts->reset->hasFocus()) {
+        // Disabling it would pass the focus on to its neighbour, which does something else.
+        NumericField* const first = field(0);
+        QWidget* const editor = first != nullptr ? first : static_cast<QWidget*>(swatch());
+        if (editor != nullptr) {
+            editor->setFocus(Qt::TabFocusReason);
+        }
+    }
+    m_parts->reset->setEnabled(canReset);
 }
 
 void AttributeRow::updateLock()

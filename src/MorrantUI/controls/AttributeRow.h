@@ -128,6 +128,7 @@ private:
     void connectParts();
     void nameParts();
     void applyNameWidth();
+    QWidget* lastEditor() const;
     void updateReset();
     void updateLock();
 

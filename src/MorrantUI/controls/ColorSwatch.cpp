@@ -1,6 +1,5 @@
-#include "ColorSwatch.h"
-
 #include <MorrantUI/controls/AccessibleButton.h>
+#include <MorrantUI/controls/ColorSwatch.h>
 #include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/controls/buttonlook.h>
 #include <MorrantUI/controls/colortext.h>
@@ -17,8 +16,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
-
-using namespace ui::style;
 
 namespace {
 
@@ -108,10 +105,13 @@ void ColorSwatch::setValue(const QColor& color)
 void ColorSwatch::setAlphaEnabled(bool enabled)
 {
     m_alphaEnabled = enabled;
+    m_before = admitted(m_before); // Cancel still comes back to it, opaque
+    show(admitted(m_color));
     if (m_dialog) {
+        const QSignalBlocker quiet(m_dialog);
         m_dialog->setOption(QColorDialog::ShowAlphaChannel, enabled);
+        m_dialog->setCurrentColor(m_color);
     }
-    setValue(m_color);
 }
 
 void ColorSwatch::openDialog()
@@ -224,9 +224,9 @@ void ColorSwatch::startDrag()
 {
     const QSize size = sizeHint() * devicePixelRatioF();
     QPixmap picture = QPixmap::fromImage(
-        ui::drawColorSquare(m_color, size, qRound(kRadius * devicePixelRatioF())));
+        ui::drawColorSquare(m_color, size, qRound(ui::style::kRadius * devicePixelRatioF())));
     picture.setDevicePixelRatio(devicePixelRatioF());
-    auto* drag = new QDrag(this); // deletes itself
+    auto* drag = new QDrag(qApp); // deletes itself, and must outlive a swatch that goes meanwhile
     drag->setMimeData(ui::colorMimeData(m_color).release());
     drag->setPixmap(picture);
     drag->exec(Qt::CopyAction);
@@ -279,7 +279,12 @@ void ColorSwatch::mouseMoveEvent(QMouseEvent* event)
     if (holds && way.manhattanLength() >= QApplication::startDragDistance()) {
         m_pressed.reset();
         setDown(false); // no click comes of it
+        const QPointer<ColorSwatch> self(this);
+        m_carried = true;
         startDrag();
+        if (self) {
+            m_carried = false;
+        }
         return;
     }
     QAbstractButton::mouseMoveEvent(event);
@@ -287,7 +292,7 @@ void ColorSwatch::mouseMoveEvent(QMouseEvent* event)
 
 void ColorSwatch::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->source() != this && ui::colorFromMimeData(event->mimeData())) {
+    if (!m_carried && ui::colorFromMimeData(event->mimeData())) {
         event->acceptProposedAction();
         setDropTarget(true);
     }
@@ -302,7 +307,7 @@ void ColorSwatch::dropEvent(QDropEvent* event)
 {
     setDropTarget(false);
     const auto color = ui::colorFromMimeData(event->mimeData());
-    if (color && event->source() != this) {
+    if (color && !m_carried) {
         event->acceptProposedAction();
         commit(*color);
     }
@@ -311,24 +316,24 @@ void ColorSwatch::dropEvent(QDropEvent* event)
 void ColorSwatch::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Mood mood = ui::pads::moodOf(*this, isDown());
+    const ui::style::Mood mood = ui::pads::moodOf(*this, isDown());
     const QRectF outer = rect();
     const QRectF swatch =
         mood.keyboard ? outer.adjusted(kRingGap, kRingGap, -kRingGap, -kRingGap) : outer;
-    const double radius = mood.keyboard ? kRadius - 1.0 : kRadius;
+    const double radius = mood.keyboard ? ui::style::kRadius - 1.0 : ui::style::kRadius;
 
     paintColor(painter, swatch, radius, mood);
     paintEdge(painter, swatch, radius, mood);
     if (mood.keyboard) {
-        drawFocusRing(painter, outer);
+        ui::style::drawFocusRing(painter, outer);
     }
 }
 
 void ColorSwatch::paintColor(
-    QPainter& painter, const QRectF& rect, double radius, const Mood& mood) const
+    QPainter& painter, const QRectF& rect, double radius, const ui::style::Mood& mood) const
 {
-    const PainterState state(painter);
-    painter.setOpacity(mood.enabled ? 1.0 : kDisabledOpacity);
+    const ui::style::PainterState state(painter);
+    painter.setOpacity(mood.enabled ? 1.0 : ui::style::kDisabledOpacity);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     if (m_color.alpha() < 255) {
@@ -340,15 +345,16 @@ void ColorSwatch::paintColor(
 }
 
 void ColorSwatch::paintEdge(
-    QPainter& painter, const QRectF& rect, double radius, const Mood& mood) const
+    QPainter& painter, const QRectF& rect, double radius, const ui::style::Mood& mood) const
 {
     if (m_dropTarget) {
-        strokeRounded(painter, rect, radius, focusColor(), 2.0);
+        ui::style::strokeRounded(painter, rect, radius, ui::style::focusColor(), 2.0);
         return;
     }
     const QColor text = ui::colorQt(QStringLiteral("Text"));
     const double strength = mood.pressed || mood.hovered ? kHoverEdge : kEdge;
-    strokeRounded(painter, rect, radius, ink(translucent(text, strength), mood));
+    ui::style::strokeRounded(
+        painter, rect, radius, ui::style::ink(ui::style::translucent(text, strength), mood));
 }
 
 void ColorSwatch::setDropTarget(bool target)

@@ -93,6 +93,7 @@ private:
     QColor m_before; ///< what Cancel of the dialog brings back
     bool m_alphaEnabled = true;
     bool m_dropTarget = false;       ///< a colour is held over the swatch
+    bool m_carried = false;          ///< its own colour is, which it does not take back
     std::optional<QPoint> m_pressed; ///< where the left button went down, until a drag begins
     QPointer<QColorDialog> m_dialog;
 };

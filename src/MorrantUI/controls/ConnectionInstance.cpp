@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -141,13 +142,17 @@ ConnectionInstance::ConnectionInstance(
                 cancel();
             }
         });
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &ConnectionInstance::cancel);
     qApp->installEventFilter(this);
 }
 
 ConnectionInstance::~ConnectionInstance()
 {
     cancel();
-    leave(); // still owed when a drop deletes us
+    if (QCoreApplication::instance() != nullptr) {
+        leave(); // still owed when a drop deletes us
+        tellEnd();
+    }
 }
 
 QPoint ConnectionInstance::startPosition() const
@@ -229,6 +234,9 @@ bool ConnectionInstance::handle(QObject* watched, QEvent* event)
         }
         return true;
     }
+    if (comesBetween(watched, *event) && !std::exchange(m_isBehind, true)) {
+        QMetaObject::invokeMethod(this, &ConnectionInstance::catchUp, Qt::QueuedConnection);
+    }
     const bool isMouse = watched->isWidgetType() && event->isPointerEvent();
     return isMouse && handleMouse(dynamic_cast<QMouseEvent*>(event));
 }
@@ -279,6 +287,39 @@ bool ConnectionInstance::handleMouse(QMouseEvent* event)
     }
 }
 
+/// Whether an event moves what the line begins at, or what is below its end, without the pointer.
+bool ConnectionInstance::comesBetween(const QObject* watched, const QEvent& event)
+{
+    if (event.type() == QEvent::Wheel) {
+        m_scrolled = true;
+        return true;
+    }
+    const bool isMove = event.type() == QEvent::Move || event.type() == QEvent::Resize;
+    if (!isMove || !watched->isWidgetType()) {
+        return false;
+    }
+    const auto* const moved = static_cast<const QWidget*>(watched);
+    const auto carries = [moved](const QWidget* widget) {
+        return widget != nullptr && (moved == widget || moved->isAncestorOf(widget));
+    };
+    return carries(m_from) || carries(receiverWidget());
+}
+
+/// Shows the line where everything has come to by now. A receiver that moves by itself is not told
+/// of the same place again, or one that scrolls when it is told would never stop.
+void ConnectionInstance::catchUp()
+{
+    m_isBehind = false;
+    const bool scrolled = std::exchange(m_scrolled, false);
+    if (!isRunning()) {
+        return;
+    }
+    const bool isTold = scrolled || !m_receiver->is(ConnectionReceiver::widgetAt(m_end));
+    if (!isTold || route()) {
+        show();
+    }
+}
+
 /// Tells the receivers where the connection is.
 /// @return whether it still runs; one of them may have ended or even deleted it
 bool ConnectionInstance::route()
@@ -325,6 +366,9 @@ void ConnectionInstance::end(State state)
     }
     m_state = state;
     gCurrent = nullptr;
+    if (QCoreApplication::instance() == nullptr) {
+        return; // the application deletes us as the last of all, when there is nobody to tell
+    }
     qApp->removeEventFilter(this);
     m_drawing->cursor.reset();
     retract();
@@ -337,11 +381,18 @@ void ConnectionInstance::end(State state)
         leave();
     }
     if (self != nullptr) {
-        Q_EMIT finished(state);
+        tellEnd();
     }
     if (self != nullptr) {
         m_told = true;
         disposeWhenDone();
+    }
+}
+
+void ConnectionInstance::tellEnd()
+{
+    if (!std::exchange(m_reported, true)) {
+        Q_EMIT finished(m_state);
     }
 }
 

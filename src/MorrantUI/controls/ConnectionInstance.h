@@ -21,7 +21,8 @@ class QMouseEvent;
 /// the receiver below it (see ConnectionReceiver) and ends with the release of the mouse button.
 /// Escape, the press of another button, the death of its source, and the hiding, disabling,
 /// deactivation or death of where it started cancel it, as does a start of the next: only one runs
-/// at a time. It deletes itself when its line has gone after the end; keep it in a QPointer.
+/// at a time, and the end of the application. It deletes itself when its line has gone after the
+/// end; keep it in a QPointer.
 class MORRANT_UI_EXPORT ConnectionInstance : public QObject
 {
     Q_OBJECT
@@ -38,7 +39,9 @@ public:
 
     /// Starts a connection, usually with the mouse button held down, and cancels a running one.
     /// @param from where the line begins; it must be visible and enabled and live on
-    /// @param start where in `from`, in its coordinates; the line follows when `from` moves
+    /// @param start where in `from`, in its coordinates; the line follows when `from` moves, also
+    /// with
+    ///   what it lies in
     /// @param source what is to be connected, for the receivers; null stands for `from`
     /// @param userData says more about the source, such as the name of the attribute
     /// @return the connection, which belongs to itself; null for a `from` that cannot start one
@@ -92,7 +95,8 @@ public:
 Q_SIGNALS:
     /// The end has moved; the receiver has been told.
     void moved(QPoint endPosition);
-    /// The drag is over, and everything of it has been told to the receiver. Comes exactly once.
+    /// The drag is over, and everything of it has been told to the receiver. Comes exactly once, in
+    /// the destructor at the latest; a connection that outlives the application does not tell it.
     void finished(ConnectionInstance::State state);
 
 protected:
@@ -107,10 +111,13 @@ private:
     bool handle(QObject* watched, QEvent* event);
     bool endsWithSource(const QObject* watched, const QEvent& event) const;
     bool handleMouse(QMouseEvent* event);
+    bool comesBetween(const QObject* watched, const QEvent& event);
+    void catchUp();
     bool route();
     void enter(QWidget* widget);
     void leave();
     void end(State state);
+    void tellEnd();
     void retract();
     void disposeWhenDone();
     void show();
@@ -125,9 +132,12 @@ private:
     ConnectionStyle m_drawStyle = ConnectionStyle::Line;
     double m_shareGone = 0.0; ///< how much of the line has gone after the end, up to 1
     bool m_accepted = false;
-    bool m_held = false;    ///< a button was seen held, so a movement without one ends it
-    bool m_told = false;    ///< receiver and host know about the end
-    bool m_retired = false; ///< the line has gone
+    bool m_held = false;     ///< a button was seen held, so a movement without one ends it
+    bool m_reported = false; ///< finished() was emitted
+    bool m_told = false;     ///< receiver and host know about the end
+    bool m_retired = false;  ///< the line has gone
+    bool m_isBehind = false; ///< catchUp() is on its way
+    bool m_scrolled = false; ///< the receiver has to hear of the same place again
     std::unique_ptr<ReceiverUnderPointer> m_receiver;
     std::unique_ptr<Drawing> m_drawing;
 };

@@ -14,7 +14,7 @@ constexpr double kMargin = 16.0; ///< logical pixels, more than anything is draw
 ConnectionLine::~ConnectionLine()
 {
     for (const auto& overlay : m_overlays) {
-        if (overlay != nullptr) {
+        if (overlay != nullptr && QCoreApplication::instance() != nullptr) {
             overlay->hide();
             overlay->deleteLater(); // it may be in one of its own events
         }

@@ -1,4 +1,5 @@
 #include <MorrantUI/controls/ConnectionReceiver.h>
+#include <MorrantUI/controls/gesturedoors.h>
 
 #include <QApplication>
 #include <QHash>
@@ -6,30 +7,12 @@
 
 namespace {
 
-/// Widgets are taken out when they or their receiver die.
+/// Widgets stay, without a receiver, until they die: each is watched once.
 QHash<const QObject*, ConnectionReceiver*>& registry()
 {
     // Itself never destroyed, since static widgets may die later.
     static auto* const receivers = new QHash<const QObject*, ConnectionReceiver*>;
     return *receivers;
-}
-
-bool isAboveOrSame(const QWidget* ancestor, const QWidget* widget)
-{
-    while (widget != nullptr && widget != ancestor) {
-        widget = widget->parentWidget(); // also from a dialog to the window it was opened for
-    }
-    return widget != nullptr;
-}
-
-bool isBlockedByDialog(const QWidget* widget)
-{
-    const QWidget* const dialog = QApplication::activeModalWidget();
-    if (dialog == nullptr || isAboveOrSame(dialog, widget)) {
-        return false;
-    }
-    const bool blocksAll = dialog->windowModality() == Qt::ApplicationModal;
-    return blocksAll || isAboveOrSame(widget->window(), dialog);
 }
 
 } // namespace
@@ -40,7 +23,9 @@ ConnectionReceiver::ConnectionReceiver()
 
 ConnectionReceiver::~ConnectionReceiver()
 {
-    registry().removeIf([this](const auto& entry) { return entry.value() == this; });
+    for (ConnectionReceiver*& receiver : registry()) {
+        receiver = receiver == this ? nullptr : receiver;
+    }
 }
 
 void ConnectionReceiver::makeWidgetReceiver(QWidget* widget)
@@ -57,8 +42,8 @@ void ConnectionReceiver::makeWidgetReceiver(QWidget* widget)
 
 void ConnectionReceiver::removeWidgetReceiver(QWidget* widget)
 {
-    if (of(widget) == this) {
-        registry().remove(widget);
+    if (widget != nullptr && of(widget) == this) {
+        registry().insert(widget, nullptr);
     }
 }
 
@@ -70,7 +55,7 @@ ConnectionReceiver* ConnectionReceiver::of(const QWidget* widget)
 QWidget* ConnectionReceiver::widgetAt(QPoint globalPosition)
 {
     QWidget* widget = QApplication::widgetAt(globalPosition);
-    if (widget == nullptr || isBlockedByDialog(widget)) {
+    if (widget == nullptr || ui::isBlockedByDialog(*widget)) {
         return nullptr;
     }
     while (widget != nullptr && !(widget->isEnabled() && of(widget) != nullptr)) {

@@ -1,6 +1,5 @@
-#include "JoystickPad.h"
-
 #include <MorrantUI/controls/AccessibleJoystickPad.h>
+#include <MorrantUI/controls/JoystickPad.h>
 #include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/controls/padpaint.h>
 #include <MorrantUI/controls/slidermath.h>
@@ -14,8 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-
-using namespace ui::style;
 
 namespace {
 
@@ -38,7 +35,7 @@ bool isRange(double minimum, double maximum)
 }
 
 /// The ring of the focus is around the pad, not around its handle.
-Mood handleMood(Mood mood)
+ui::style::Mood handleMood(ui::style::Mood mood)
 {
     mood.keyboard = false;
     return mood;
@@ -52,8 +49,8 @@ void drawAcross(
     double at,
     const QColor& color)
 {
-    const double line = PixelGrid(painter).line();
-    fillSharp(
+    const double line = ui::style::PixelGrid(painter).line();
+    ui::style::fillSharp(
         painter,
         orientation == Qt::Horizontal ? QRectF(rect.left(), at - line / 2, rect.width(), line)
                                       : QRectF(at - line / 2, rect.top(), line, rect.height()),
@@ -229,7 +226,7 @@ void JoystickPad::hideEvent(QHideEvent* event)
 void JoystickPad::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Mood mood = ui::pads::moodOf(*this, isDragging());
+    const ui::style::Mood mood = ui::pads::moodOf(*this, isDragging());
     const ui::PadArea pad = area();
     const bool glides = m_glide->state() == QAbstractAnimation::Running;
     const QPointF handle =
@@ -241,35 +238,46 @@ void JoystickPad::paintEvent(QPaintEvent* /*event*/)
     ui::pads::drawKnob(
         painter, handle, handleSize(), ui::colorQt(QStringLiteral("Base")), handleMood(mood));
     if (mood.keyboard) {
-        drawFocusRing(painter, square());
+        ui::style::drawFocusRing(painter, square());
     }
 }
 
-void JoystickPad::paintGround(QPainter& painter, const Mood& mood) const
+void JoystickPad::paintGround(QPainter& painter, const ui::style::Mood& mood) const
 {
     const QColor text = ui::colorQt(QStringLiteral("Text"));
-    fillRounded(painter, square(), kRadius, ink(ui::colorQt(QStringLiteral("Base")), mood));
+    ui::style::fillRounded(
+        painter,
+        square(),
+        ui::style::kRadius,
+        ui::style::ink(ui::colorQt(QStringLiteral("Base")), mood));
     const QColor rest = ui::colorQt(QStringLiteral("Midlight"));
-    strokeRounded(
-        painter, square(), kRadius, mood.hovered ? translucent(text, kHoverEdge) : ink(rest, mood));
+    ui::style::strokeRounded(
+        painter,
+        square(),
+        ui::style::kRadius,
+        mood.hovered ? ui::style::translucent(text, kHoverEdge) : ui::style::ink(rest, mood));
 }
 
 /// The centre lines, and fainter ones half-way to the edge.
-void JoystickPad::paintGrid(QPainter& painter, const QRectF& reach, const Mood& mood) const
+void JoystickPad::paintGrid(
+    QPainter& painter, const QRectF& reach, const ui::style::Mood& mood) const
 {
-    const QColor line = ink(ui::colorQt(QStringLiteral("Midlight")), mood);
+    const QColor line = ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), mood);
     const QRectF inside = square().adjusted(1, 1, -1, -1);
     for (int quarter = 1; quarter < kQuarters; ++quarter) {
         const double share = static_cast<double>(quarter) / kQuarters;
-        const QColor color = quarter == kQuarters / 2 ? line : translucent(line, kGridStrength);
+        const QColor color =
+            quarter == kQuarters / 2 ? line : ui::style::translucent(line, kGridStrength);
         drawAcross(painter, inside, Qt::Horizontal, reach.top() + share * reach.height(), color);
         drawAcross(painter, inside, Qt::Vertical, reach.left() + share * reach.width(), color);
     }
 }
 
-void JoystickPad::paintCross(QPainter& painter, const QPointF& handle, const Mood& mood) const
+void JoystickPad::paintCross(
+    QPainter& painter, const QPointF& handle, const ui::style::Mood& mood) const
 {
-    const QColor color = ink(translucent(focusColor(), kCrossStrength), mood);
+    const QColor color =
+        ui::style::ink(ui::style::translucent(ui::style::focusColor(), kCrossStrength), mood);
     const QRectF inside = square().adjusted(1, 1, -1, -1);
     drawAcross(painter, inside, Qt::Horizontal, handle.y(), color);
     drawAcross(painter, inside, Qt::Vertical, handle.x(), color);
@@ -282,7 +290,7 @@ int JoystickPad::handleSize() const
 
 QRectF JoystickPad::square() const
 {
-    return centeredSquare(rect(), width());
+    return ui::style::centeredSquare(rect(), width());
 }
 
 ui::PadArea JoystickPad::area() const

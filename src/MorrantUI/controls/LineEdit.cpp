@@ -21,6 +21,12 @@ bool isReturn(const QKeyEvent& event)
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
+/// With Control, Shift or the like; the keypad does not count.
+bool isModifiedKey(const QKeyEvent& event)
+{
+    return (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
+}
+
 } // namespace
 
 struct LineEdit::Colors
@@ -36,7 +42,8 @@ LineEdit::LineEdit(QWidget* parent)
     , m_text(QStringLiteral("Text"))
     , m_frame(QStringLiteral("WindowText"))
 {
-    connect(this, &QLineEdit::textChanged, this, &LineEdit::noteText);
+    connect(this, &QLineEdit::textEdited, this, [this] { m_isTyped = true; });
+    connect(this, &QLineEdit::textChanged, this, &LineEdit::noteText); // after the former
 }
 
 LineEdit::~LineEdit() = default;
@@ -86,6 +93,11 @@ void LineEdit::enterText(const QString& text)
     m_settingEdit = true;
     setText(text);
     m_settingEdit = false;
+    commitEdit();
+}
+
+void LineEdit::commitEdit()
+{
     commit(Unacceptable::IsTakenBack);
 }
 
@@ -101,7 +113,12 @@ void LineEdit::stepTo(const QString& text)
     } else {
         m_committed = this->text(); // no loss of focus will ever commit it
     }
+    const QPointer<LineEdit> self(this);
+    const bool isNested = std::exchange(m_tellingStep, true);
     Q_EMIT valueChanged(false);
+    if (self) {
+        m_tellingStep = isNested;
+    }
 }
 
 void LineEdit::fixup(QString& text)
@@ -123,21 +140,28 @@ bool LineEdit::isAcceptable(const QString& text) const
 
 void LineEdit::noteText(const QString& text)
 {
-    // While steps are out, what the host sets is taken for its echo of them.
-    if (!m_settingEdit && !m_hasSteps && !isModified()) {
+    if (text != this->text()) {
+        return; // a slot of textEdited() has set another since
+    }
+    const bool isEcho = m_tellingStep && m_hasSteps; // the host's answer to a step
+    // clear() is not told as typed; what is typed after an undo() need not be modified.
+    const bool isEdit = std::exchange(m_isTyped, false) || isModified() || m_settingEdit;
+    if (!isEdit && !isEcho) {
         m_committed = text;
+        m_hasSteps = false;
     }
 }
 
 bool LineEdit::isCommitted() const
 {
-    return !m_hasSteps && text() == m_committed;
+    return text() == m_committed;
 }
 
 /// @return false when the text cannot be committed
 bool LineEdit::commit(Unacceptable rule)
 {
     if (isCommitted()) {
+        m_hasSteps = false;
         return true;
     }
     QString result = text();
@@ -148,12 +172,13 @@ bool LineEdit::commit(Unacceptable rule)
         }
         return false;
     }
-    const bool changed = m_hasSteps || result != m_committed;
+    const bool changed = result != m_committed;
     m_hasSteps = false;
     if (result != text()) {
         setText(result);
     }
     m_committed = text();
+    setModified(false);
     if (changed) {
         Q_EMIT valueChanged(true);
     }
@@ -182,7 +207,8 @@ bool LineEdit::event(QEvent* event)
     case QEvent::ShortcutOverride: {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool leaves = !isCommitted() || (hasFocus() && !m_keepsFocus);
-        if (!isReadOnly() && (isReturn(*key) || (key->key() == Qt::Key_Escape && leaves))) {
+        const bool isOurs = isReturn(*key) || (key->key() == Qt::Key_Escape && leaves);
+        if (!isReadOnly() && isOurs && !isModifiedKey(*key)) {
             event->accept();
             return true;
         }
@@ -257,7 +283,7 @@ void LineEdit::focusOutEvent(QFocusEvent* event)
 {
     const QPointer<LineEdit> self(this);
     if (!goesToOwnMenu(*event)) {
-        commit(Unacceptable::IsTakenBack);
+        commitEdit();
     }
     if (self) {
         QLineEdit::focusOutEvent(event);

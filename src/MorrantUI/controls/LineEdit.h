@@ -13,8 +13,10 @@
 /// that was entered with the mouse gives the focus away on Return and Escape, so that the window's
 /// shortcuts work again; one that got it otherwise keeps it, with its text selected.
 ///
-/// Text set by setText() is committed from the start and emits no valueChanged(). The menu of the
-/// field itself does not end the edit.
+/// Text set by setText() is committed from the start and emits no valueChanged(), except in answer
+/// to valueChanged(false), where it belongs to the step that it answers. clear(), insert(), undo()
+/// and the like count as edits of the user also where the host calls them. The menu of the field
+/// itself does not end the edit.
 class MORRANT_UI_EXPORT LineEdit : public QLineEdit
 {
     Q_OBJECT
@@ -59,9 +61,14 @@ protected:
     /// user to mend, the loss of the focus takes it back. The base asks validator and input mask.
     virtual bool isAcceptable(const QString& text) const;
 
-    /// Sets the text as one step of an edit, which a later commit reports and Escape takes back.
-    /// Emits valueChanged(false); this object may be deleted by it.
+    /// Sets the text as one step of an edit, which a later commit reports and Escape takes back; at
+    /// rest without the focus, where neither would follow, it is committed from the start.
+    /// Emits valueChanged(false), also where the text stays; this object may be deleted by it.
     void stepTo(const QString& text);
+
+    /// Commits, or takes back, what was edited, as the loss of the focus does. This object may be
+    /// deleted by it.
+    void commitEdit();
 
     /// Whether the focus only goes to a menu of the field itself, which does not end the edit.
     bool goesToOwnMenu(const QFocusEvent& event) const;
@@ -101,6 +108,8 @@ private:
     bool m_hasSteps = false;    ///< valueChanged(false) went out since the last commit
     bool m_isEditing = false;   ///< as the palette shows it
     bool m_settingEdit = false; ///< the text being set is not committed by that
+    bool m_tellingStep = false; ///< valueChanged(false) is going out for a step
+    bool m_isTyped = false;     ///< the change of the text that comes next is the user's
     bool m_keepsFocus = true;
     bool m_invalid = false;
 };

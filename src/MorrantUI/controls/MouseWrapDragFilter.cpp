@@ -11,12 +11,11 @@
 #include <QMouseEvent>
 
 #include <cmath>
-#include <utility>
 
 namespace {
 
-/// The filter whose drag has taken the pointer last.
-QPointer<MouseWrapDragFilter> gPointerOwner;
+/// The filter whose drag began last: there is one pointer, and one drag.
+QPointer<MouseWrapDragFilter> gLatest;
 
 bool isFromMouse(const QMouseEvent& event)
 {
@@ -144,19 +143,30 @@ void MouseWrapDragFilter::handle(QEvent& event)
 
 void MouseWrapDragFilter::beginDrag(const QMouseEvent& press)
 {
-    const QPointer<MouseWrapDragFilter> self(this);
-    forceEndDrag(); // a release got lost
-    if (!self) {
+    if (!endFormerDrag()) {
         return;
     }
+    gLatest = this;
     m_dragging = true;
     m_thresholdPassed = false;
     m_thresholdOffset = {};
     m_mouseDrag = isFromMouse(press);
+    m_pointerGoesBack = true;
     m_startPosition = wholePixels(press);
     m_doors = std::make_unique<Doors>(*this);
     dragBegins(m_startPosition);
     Q_EMIT started();
+}
+
+bool MouseWrapDragFilter::endFormerDrag()
+{
+    const QPointer<MouseWrapDragFilter> self(this);
+    if (gLatest) { // of this filter or another: its release got lost
+        gLatest->m_pointerGoesBack = false;
+        gLatest->forceEndDrag();
+    }
+    const bool isFree = !gLatest || !gLatest->m_dragging; // a slot may have begun one
+    return self && isFree && m_enabled && m_target && m_target->isEnabled();
 }
 
 void MouseWrapDragFilter::abandonDrag()
@@ -176,14 +186,6 @@ void MouseWrapDragFilter::forceEndDrag()
     if (m_dragging) {
         abandonDrag();
         Q_EMIT ended();
-    }
-}
-
-void MouseWrapDragFilter::takePointer()
-{
-    const QPointer<MouseWrapDragFilter> former = std::exchange(gPointerOwner, this);
-    if (former && former != this) {
-        former->forceEndDrag();
     }
 }
 

@@ -15,8 +15,8 @@ class QMouseEvent;
 ///
 /// A press of the left button starts the drag, a release ends it, and so does everything that takes
 /// the mouse from the widget: it is hidden, disabled, deleted or gets another parent, its window
-/// loses the focus or is blocked by a modal dialog, a popup opens. No event is consumed: the
-/// widget sees all of them, after the filter.
+/// loses the focus or is blocked by a modal dialog, a popup opens, another drag begins. No event is
+/// consumed: the widget sees all of them, after the filter.
 class MORRANT_UI_EXPORT MouseWrapDragFilter : public QObject
 {
     Q_OBJECT
@@ -61,16 +61,16 @@ Q_SIGNALS:
     void started();
     void ended();
 
-    /// @param current     the global position that the pointer would have on an endless screen;
-    /// where
-    ///                    raw input drives the drag, the sum of its motions in device units
+    /// @param current     the global position that the pointer would have on an endless screen; of
+    ///                    raw input, the sum of its motions in device units
     /// @param totalDelta  logical pixels since the drag distance was reached, not since the press
     void dragged(const QPointF& current, const QPointF& totalDelta);
 
 protected:
     explicit MouseWrapDragFilter(QWidget* target);
 
-    /// Called for a press, before started(). @param position global, whole logical pixels
+    /// Called for a press, before started(); runs no code of others. @param position global, whole
+    /// logical pixels
     virtual void dragBegins(const QPointF& position) = 0;
     /// Called for each mouse move of the drag.
     virtual void pointerMoved(const QPointF& position) = 0;
@@ -78,24 +78,26 @@ protected:
     /// it calls forceEndDrag() in its destructor.
     virtual void dragEnds() = 0;
 
-    /// There is one pointer: ends the drag that has taken it last.
-    void takePointer();
-
     /// Whether this drag has gone the drag distance, with this movement or before.
     bool passesThreshold(const QPointF& movement);
 
     QWidget* target() const { return m_target; }
     /// Whether a mouse or the like pressed, not a pen or a finger, whose positions are absolute.
     bool isMouseDrag() const { return m_mouseDrag; }
-
-    QPointF m_startPosition;
-    QPointF m_current;
+    /// Whether a drag that ends puts the pointer back. Not when a press elsewhere ends it: then the
+    /// pointer is where the user means it to be.
+    bool pointerGoesBack() const { return m_pointerGoesBack; }
+    /// Of the press, global, whole logical pixels.
+    QPointF startPosition() const { return m_startPosition; }
 
 private:
     class Doors;
 
     void handle(QEvent& event);
     void beginDrag(const QMouseEvent& press);
+    /// Ends the drag that is in progress, if any, for a press on this target. Slots run.
+    /// @return whether the press may still begin one
+    bool endFormerDrag();
     /// Ends the drag without a signal.
     void abandonDrag();
 
@@ -104,6 +106,13 @@ private:
     QPointF m_thresholdOffset;
     QPointer<QWidget> m_target;
     bool m_enabled = true;
+    QPointF m_startPosition;
+
+protected:
+    QPointF m_current;
+
+private:
     bool m_mouseDrag = true;
+    bool m_pointerGoesBack = true;
     std::unique_ptr<Doors> m_doors; ///< while dragging
 };

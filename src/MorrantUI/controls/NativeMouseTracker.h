@@ -40,9 +40,8 @@ public:
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
 Q_SIGNALS:
-    /// @param delta     in units of the device: counts of a mouse or, where `absolute`, the units
-    /// of
-    ///                  a tablet's or a remote pointer's position
+    /// @param delta     in units of the device: counts of a mouse or, where `absolute`, what a
+    ///                  tablet or a remote pointer measures its position in
     void mouseMoved(QPointF delta, bool absolute);
 
 private:

@@ -14,7 +14,7 @@
 
 #include <Core/Expression.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -55,8 +55,9 @@ struct NumericField::Data
     int cursorPosition = 0; ///< in the text, under the last press
 
     bool dragging = false;
-    bool draggingReported = false;  ///< what dragStateChanged() said last
-    bool draggedSincePress = false; ///< the release is not that of a click
+    bool draggingReported = false; ///< what dragStateChanged() said last
+    bool mayBeClick = false;       ///< pressed at rest, and nothing else has come of it yet
+    bool isReleased = false;       ///< the press is ending by the release of its button
     QPointer<MouseWrapDragFilter> dragFilter;
     std::optional<ui::OverrideCursor> dragCursor;
 };
@@ -71,7 +72,6 @@ NumericField::NumericField(double startValue, QWidget* parent)
     setStartValue(value());
     setMouseTracking(true);
     setReadOnly(true);
-    m_data->dragFilter->setEnabled(true);
     setColors(QStringLiteral("Window"), QStringLiteral("Text"), QStringLiteral("WindowText"));
     setFocusPolicy(Qt::TabFocus);
 
@@ -92,7 +92,8 @@ NumericField::~NumericField()
 
 double NumericField::value() const
 {
-    return m_data ? text().toDouble() : 0.0;
+    const double number = m_data ? text().toDouble() : 0.0;
+    return std::isnan(number) ? 0.0 : number;
 }
 
 void NumericField::setValue(double value)
@@ -107,7 +108,8 @@ double NumericField::startValue() const
 
 void NumericField::setStartValue(double value)
 {
-    setUnlessNaN(m_data->startValue, value);
+    const bool isInfinite = std::isinf(value);
+    setUnlessNaN(m_data->startValue, isInfinite ? ui::limitValue(value, m_data->range) : value);
 }
 
 double NumericField::getMin() const
@@ -230,13 +232,20 @@ void NumericField::beginDrag()
 {
     QCoreApplication::instance()->installEventFilter(this); // for Escape, wherever the focus is
     m_data->dragCursor.emplace(ui::scrubCursor());
+    m_data->isReleased = false;
 }
 
 void NumericField::scrub(const QPointF&, const QPointF& totalDelta)
 {
     const QPointer<NumericField> self(this);
+    m_data->mayBeClick = false;
+    if (!m_data->dragging && hasFocus()) {
+        commitEdit(); // steps by key: what Escape takes back is never the drag
+        if (!self || !m_data->dragFilter || !m_data->dragFilter->isDragging()) {
+            return;
+        }
+    }
     m_data->dragging = true;
-    m_data->draggedSincePress = true;
     if (!std::exchange(m_data->draggingReported, true)) {
         Q_EMIT dragStateChanged(true);
         if (!self || !m_data->dragging) {
@@ -259,6 +268,7 @@ void NumericField::endDrag()
     QCoreApplication::instance()->removeEventFilter(this);
     m_data->dragCursor.reset();
     m_data->dragging = false;
+    m_data->mayBeClick = m_data->mayBeClick && m_data->isReleased;
     if (std::exchange(m_data->draggingReported, false)) {
         Q_EMIT dragStateChanged(false);
     }
@@ -278,29 +288,43 @@ void NumericField::cancelForContextMenu()
     }
     setReadOnly(false);
     setCursor(Qt::ArrowCursor);
-    m_data->dragFilter->setEnabled(false);
     showNativeMouse();
     if (!reported) {
         Q_EMIT dragStateChanged(false);
     }
 }
 
-void NumericField::enterEditMode()
+/// @return false when this field has been deleted by what a loss of focus commits elsewhere
+bool NumericField::takeFocus(Qt::FocusReason reason)
 {
-    m_data->dragFilter->setEnabled(false);
+    const QPointer<NumericField> self(this);
+    QWidget* const former = QApplication::focusWidget();
+    if (former && former != this) {
+        former->clearFocus(); // now, since setFocus() does not outlive its widget
+    }
+    if (self) {
+        setFocus(reason);
+    }
+    return !self.isNull();
+}
+
+bool NumericField::enterEditMode()
+{
     setReadOnly(false);
-    setFocus(Qt::OtherFocusReason);
+    return takeFocus(Qt::OtherFocusReason);
 }
 
 void NumericField::leaveEditMode()
 {
     setReadOnly(true);
     setCursor(ui::scrubCursor());
-    m_data->dragFilter->setEnabled(true);
 }
 
 bool NumericField::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == this && event->type() == QEvent::MouseButtonRelease) { // before the drag filter
+        m_data->isReleased = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+    }
     const bool isKey =
         event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!isKey || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
@@ -319,6 +343,10 @@ bool NumericField::event(QEvent* event)
         && isStepKey(static_cast<QKeyEvent*>(event)->key())) {
         event->accept();
         return true;
+    }
+    if (event->type() == QEvent::ReadOnlyChange) {
+        m_data->mayBeClick = false;
+        m_data->dragFilter->setEnabled(isReadOnly());
     }
     return LineEdit::event(event);
 }
@@ -352,16 +380,16 @@ void NumericField::keyPressEvent(QKeyEvent* event)
 void NumericField::mousePressEvent(QMouseEvent* event)
 {
     if (!isReadOnly()) {
-        if (!hasFocus()) { // as a context menu leaves the field
-            setFocus(Qt::MouseFocusReason);
+        if (!hasFocus() && !takeFocus(Qt::MouseFocusReason)) { // as a context menu leaves the field
+            return;
         }
         LineEdit::mousePressEvent(event);
     } else if (event->button() == Qt::RightButton) {
         ui::log::debug("right click");
     } else if (event->button() == Qt::LeftButton) {
         m_data->cursorPosition = cursorPositionAt(event->position().toPoint());
-        m_data->startValue = value();
-        m_data->draggedSincePress = false;
+        setStartValue(value());
+        m_data->mayBeClick = true;
     }
 }
 
@@ -383,9 +411,8 @@ void NumericField::mouseReleaseEvent(QMouseEvent* event)
         return;
     }
     // The filter has seen the release first and ended the drag.
-    const bool isClick = !std::exchange(m_data->draggedSincePress, false);
-    if (isClick && rect().contains(event->position().toPoint())) {
-        enterEditMode();
+    const bool isClick = std::exchange(m_data->mayBeClick, false);
+    if (isClick && rect().contains(event->position().toPoint()) && enterEditMode()) {
         setKeepsFocus(false);
         setCursorPosition(m_data->cursorPosition);
         LineEdit::mouseReleaseEvent(event);
@@ -428,7 +455,7 @@ void NumericField::focusInEvent(QFocusEvent* event)
     const bool byTab =
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab && !m_data->dragging) {
-        enterEditMode();
+        enterEditMode(); // the focus is here already
     }
     setCursor(Qt::IBeamCursor);
     LineEdit::focusInEvent(event);

@@ -22,7 +22,10 @@ class QPointF;
 /// Every step of a drag and of the arrow keys emits valueChanged(false). A drag is framed by
 /// dragStateChanged(true) and (false), and ends also with Escape and when the field is hidden,
 /// disabled or deleted or its window loses the focus. Steps by key are committed, with
-/// valueChanged(true), as typed text is; a drag is not.
+/// valueChanged(true), as typed text is, or when a drag begins; those of a field at rest without
+/// the focus are not, nor is a drag.
+///
+/// The mode is the read-only flag, also where the host sets it.
 class MORRANT_UI_EXPORT NumericField : public LineEdit
 {
     Q_OBJECT
@@ -39,18 +42,21 @@ public:
     explicit NumericField(double startValue = 0.0, QWidget* parent = nullptr);
     ~NumericField() override;
 
-    /// The text as a number, also while it is being typed; 0 for a text that is none.
+    /// The text as a number, also while it is being typed; 0 for a text that is none. Not limited:
+    /// a text of the user or of setText() may say more than the limits allow, even "inf".
     double value() const;
     /// Shows the value limited to [getMin(), getMax()], NaN as 0; with limits that cross, the
     /// maximum. Emits nothing. During a drag the next step overwrites it.
     void setValue(double value);
 
-    /// What a drag is measured from; set by every press.
+    /// What a drag is measured from; set by every press at rest. NaN is ignored, what is infinite
+    /// limited to the hard limits.
     double startValue() const;
     void setStartValue(double value);
 
-    /// The hard limits. Those of an integer field are kept within 32 bits, those of a
-    /// floating-point field finite; NaN is ignored. The present value stays until it is set again.
+    /// The hard limits. On its own side each is kept within 32 bits for an integer field (a minimum
+    /// is never below them, but may lie above), and finite for all; NaN is ignored. The present
+    /// value stays until it is set again.
     double getMin() const;
     void setMin(double value);
     double getMax() const;
@@ -105,7 +111,8 @@ private:
     void scrub(const QPointF& position, const QPointF& totalDelta);
     void endDrag();
     void cancelForContextMenu();
-    void enterEditMode();
+    bool takeFocus(Qt::FocusReason reason);
+    bool enterEditMode();
     void leaveEditMode();
     void showText(const QString& text);
     QString textOf(double value) const;

@@ -18,7 +18,7 @@ constexpr double kResting = 0.65;  ///< strength of the icon while the pointer i
 PickWhip::PickWhip(QWidget* parent)
     : RowButton(parent)
 {
-    setToolTip(tr("Drag to what this is to be connected with"));
+    describe();
 }
 
 PickWhip::~PickWhip()
@@ -39,7 +39,7 @@ void PickWhip::setConnected(bool connected)
 {
     if (m_connected != connected) {
         m_connected = connected;
-        setAccessibleDescription(connected ? tr("Connected") : QString());
+        describe();
         update();
     }
 }
@@ -86,6 +86,23 @@ void PickWhip::paintMark(QPainter& painter)
         ui::namedIcon(QStringLiteral("icons:pickWhip.png")),
         color,
         isEnabled());
+}
+
+void PickWhip::changeEvent(QEvent* event)
+{
+    RowButton::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        describe();
+    }
+}
+
+void PickWhip::describe()
+{
+    if (toolTip() == m_ownToolTip) {
+        m_ownToolTip = tr("Drag to what this is to be connected with");
+        setToolTip(m_ownToolTip);
+    }
+    setAccessibleDescription(m_connected ? tr("Connected") : QString());
 }
 
 void PickWhip::startConnection(QPoint globalPosition)

@@ -5,6 +5,7 @@
 #include <MorrantUI/morrantui_export.h>
 
 #include <QPointer>
+#include <QString>
 #include <QVariant>
 
 #include <optional>
@@ -42,12 +43,15 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void paintMark(QPainter& painter) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void describe();
     void startConnection(QPoint globalPosition);
 
     QPointer<QObject> m_source;
     QVariant m_userData;
+    QString m_ownToolTip; ///< unless the host has set another
     bool m_connected = false;
     std::optional<QPoint> m_pressed; ///< where a drag may begin, until it does
     QPointer<ConnectionInstance> m_connection;

@@ -9,15 +9,13 @@ PlainDragFilter::~PlainDragFilter()
     forceEndDrag();
 }
 
-void PlainDragFilter::dragBegins(const QPointF& position)
-{
-    m_startPosition = position;
-}
+void PlainDragFilter::dragBegins(const QPointF& /*position*/)
+{}
 
 void PlainDragFilter::pointerMoved(const QPointF& position)
 {
     m_current = position;
-    commitDrag(m_current, m_current - m_startPosition);
+    commitDrag(m_current, m_current - startPosition());
 }
 
 void PlainDragFilter::dragEnds()

@@ -23,8 +23,10 @@ PointerLock::~PointerLock() = default;
 void PointerLock::lock()
 {
     unlock();
-    const auto frame =
-        m_widget ? PointerSystem::instance().windowFrame(*m_widget) : std::optional<QRect>();
+    if (!m_widget || !ui::mayTakeMouse(*m_widget)) {
+        return;
+    }
+    const auto frame = PointerSystem::instance().windowFrame(*m_widget);
     const QRect rect = frame ? ui::confiningRect(*frame, m_widget->devicePixelRatioF()) : QRect();
     if (!rect.isEmpty()) {
         m_rect = rect;

@@ -27,8 +27,11 @@ public:
     explicit PointerLock(QWidget* widget, QObject* parent = nullptr);
     ~PointerLock() override;
 
-    /// Nothing happens to a window that has no native window or is smaller than its margins.
-    /// Locking again follows a window that has moved.
+    /// Takes the window where it is now; locking again follows one that has moved.
+    ///
+    /// Fails, and drops a lock in force, when the widget is hidden, disabled or blocked by a modal
+    /// dialog, the application is not the active one, or the window has no native window or is
+    /// smaller than its margins; locked() tells.
     void lock();
     void unlock();
     bool locked() const;

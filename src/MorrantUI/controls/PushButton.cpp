@@ -44,7 +44,9 @@ void PushButton::initStyleOption(QStyleOptionButton* option) const
 
 void PushButton::keyPressEvent(QKeyEvent* event)
 {
-    if (!ui::clickOnReturn(*this, *event)) {
+    if (event->key() == Qt::Key_Down && menu()) {
+        showMenu();
+    } else if (!ui::clickOnReturn(*this, *event)) {
         QPushButton::keyPressEvent(event);
     }
 }

@@ -6,7 +6,8 @@
 
 /// A push button with an icon of the theme and, where it is the main thing to do, a primary look.
 ///
-/// Space and Return press it. Without a text its tool tip names it to assistive tools.
+/// Space and Return press it, the Down key opens its menu. Without a text its label or else its
+/// tool tip names it to assistive tools.
 class MORRANT_UI_EXPORT PushButton : public QPushButton
 {
     Q_OBJECT

@@ -20,9 +20,8 @@ RawDragFilter::~RawDragFilter()
     forceEndDrag();
 }
 
-void RawDragFilter::dragBegins(const QPointF& position)
+void RawDragFilter::dragBegins(const QPointF& /*position*/)
 {
-    m_press = position;
     m_current = {};
     m_pixels = {};
     m_ratio = target()->devicePixelRatioF();
@@ -31,9 +30,7 @@ void RawDragFilter::dragBegins(const QPointF& position)
     if (!m_holdsPointer) {
         return;
     }
-    takePointer();
     m_home = morrant::native::pointerPosition();
-    m_startPosition = m_home.value_or(position.toPoint());
     confine();
     m_byMoves = !m_tracker.startTracking();
     hideNativeMouse();
@@ -52,7 +49,7 @@ void RawDragFilter::pointerMoved(const QPointF& position)
 {
     if (m_byMoves) {
         m_current = position;
-        commitDrag(m_current, m_current - m_press);
+        commitDrag(m_current, m_current - startPosition());
     }
 }
 
@@ -90,7 +87,7 @@ void RawDragFilter::dragEnds()
     m_holdsPointer = false;
     m_confinement.reset();
     m_tracker.stopTracking();
-    if (m_home) {
+    if (m_home && pointerGoesBack()) {
         // Deliberately where the user pressed, however far the drag went.
         PointerSystem::instance().setPosition(*m_home);
     }

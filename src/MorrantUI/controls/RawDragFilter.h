@@ -35,8 +35,7 @@ private:
     QRect m_rect; ///< physical pixels, up to the last column and row; empty in a very small window
 
     std::unique_ptr<morrant::native::PointerConfinement> m_confinement;
-    std::optional<QPoint> m_home; ///< where the pointer was pressed
-    QPointF m_press;              ///< the same in logical pixels
+    std::optional<QPoint> m_home; ///< where the pointer was pressed, in physical pixels
     QPointF m_pixels;             ///< physical, moved since
     double m_ratio = 1.0;         ///< physical pixels in a logical one
     bool m_holdsPointer = false;

@@ -126,10 +126,21 @@ void RenamableLabel::takeName(const QString& entered)
 
 void RenamableLabel::setRenamable(bool renamable)
 {
+    if (m_renamable == renamable) {
+        return;
+    }
+    const QPointer<RenamableLabel> self(this);
     if (!renamable) {
         finishEditing(Outcome::Take);
     }
+    if (self == nullptr) {
+        return;
+    }
     m_renamable = renamable;
+    setFocusPolicy(renamable ? Qt::StrongFocus : Qt::NoFocus);
+    if (!renamable && hasFocus()) {
+        focusNextChild();
+    }
 }
 
 void RenamableLabel::setAlignment(Qt::Alignment alignment)
@@ -140,7 +151,7 @@ void RenamableLabel::setAlignment(Qt::Alignment alignment)
 
 QSize RenamableLabel::sizeHint() const
 {
-    const int width = fontMetrics().horizontalAdvance(m_text) + 2 * kPadding;
+    const int width = ui::wholeWidth(font(), m_text) + 2 * kPadding;
     return {width, std::max(fontMetrics().height() + 2, ui::rowHeight(*this))};
 }
 
@@ -167,6 +178,7 @@ void RenamableLabel::startEditing()
     if (!m_editor) {
         m_editor = new LineEdit(this);
         m_editor->installEventFilter(this);
+        setTabOrder(this, m_editor); // or Tab would go on behind everything else
     }
     m_editing = true;
     m_editor->setAlignment(QStyle::visualAlignment(layoutDirection(), m_alignment));

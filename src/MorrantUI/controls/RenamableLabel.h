@@ -30,7 +30,8 @@ public:
     /// Escape then restores this text.
     void setText(const QString& text);
 
-    /// Whether the user may rename; on by default. Turning it off ends an editing, taking the name.
+    /// Whether the user may rename; on by default. Turning it off ends an editing, taking the name,
+    /// and keeps the focus away from the label.
     void setRenamable(bool renamable);
     bool isRenamable() const { return m_renamable; }
 

@@ -1,4 +1,3 @@
-#include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/ButtonSegment.h>
 #include <MorrantUI/controls/SegmentedButton.h>
 #include <MorrantUI/controls/accessibility.h>
@@ -10,29 +9,11 @@
 
 #include <algorithm>
 
-namespace {
-
-class AccessibleGroup : public QAccessibleWidget
-{
-public:
-    explicit AccessibleGroup(SegmentedButton* group)
-        : QAccessibleWidget(group, QAccessible::Grouping)
-    {}
-
-    QString text(QAccessible::Text kind) const override
-    {
-        const QString own = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && own.isEmpty() ? ui::nameFromToolTip(*widget()) : own;
-    }
-};
-
-} // namespace
-
 SegmentedButton::SegmentedButton(QWidget* parent)
     : QWidget(parent)
     , m_buttons(new QButtonGroup(this))
 {
-    ui::installAccessible<SegmentedButton, AccessibleGroup>();
+    ui::installAccessible<SegmentedButton, ui::AccessibleGrouping>();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 

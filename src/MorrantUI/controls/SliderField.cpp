@@ -1,7 +1,5 @@
-#include "SliderField.h"
-
-#include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/controls/SliderField.h>
 #include <MorrantUI/controls/SliderTrack.h>
 #include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/controls/padpaint.h>
@@ -17,20 +15,11 @@ namespace {
 
 constexpr double kFieldWidth = 5.5; ///< in font sizes; room for -1234.567
 
-/// A slider and a field that belong together.
-class AccessibleSliderField : public QAccessibleWidget
+/// Whether what stands in the field is on its way to being entered.
+bool isTyping(const NumericField& field)
 {
-public:
-    explicit AccessibleSliderField(SliderField* field)
-        : QAccessibleWidget(field, QAccessible::Grouping)
-    {}
-
-    QString text(QAccessible::Text text) const override
-    {
-        const QString own = QAccessibleWidget::text(text);
-        return own.isEmpty() && text == QAccessible::Name ? ui::nameFromToolTip(*widget()) : own;
-    }
-};
+    return field.hasFocus() && !field.isReadOnly() && field.isModified();
+}
 
 bool isRange(double minimum, double maximum)
 {
@@ -44,7 +33,7 @@ SliderField::SliderField(QWidget* parent)
     , m_track(new SliderTrack(this))
     , m_field(new NumericField(0.0, this))
 {
-    ui::installAccessible<SliderField, AccessibleSliderField>();
+    ui::installAccessible<SliderField, ui::AccessibleGrouping>();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_track, 1);
@@ -56,6 +45,9 @@ SliderField::SliderField(QWidget* parent)
     connect(m_track, &ValueControl::dragStateChanged, this, &SliderField::dragStateChanged);
     connect(m_field, &LineEdit::valueChanged, this, &SliderField::takeFromField);
     connect(m_field, &NumericField::dragStateChanged, this, &SliderField::takeDragState);
+    // Queued: the field still has to commit or take back what was typed.
+    connect(m_field, &QLineEdit::textChanged, this, &SliderField::catchUp, Qt::QueuedConnection);
+    m_field->installEventFilter(this);
     sizeField();
     applySetup();
 }
@@ -99,7 +91,7 @@ void SliderField::setSoftRange(double minimum, double maximum)
 
 void SliderField::setStep(double step)
 {
-    if (std::isfinite(step) && step > 0.0) {
+    if (std::isfinite(step) && step > 0.0 && step != m_step) {
         m_step = step;
         applySetup();
     }
@@ -113,7 +105,7 @@ void SliderField::setDecimals(int decimals)
 
 void SliderField::setDefaultValue(double value)
 {
-    if (!std::isnan(value)) {
+    if (!std::isnan(value) && value != m_default) {
         m_default = value;
         applySetup();
     }
@@ -137,6 +129,14 @@ void SliderField::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
+bool SliderField::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut) {
+        QMetaObject::invokeMethod(this, &SliderField::catchUp, Qt::QueuedConnection);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 void SliderField::sizeField()
 {
     m_field->setFixedWidth(qRound(kFieldWidth * ui::pads::fontSize(*this)));
@@ -144,7 +144,7 @@ void SliderField::sizeField()
 
 void SliderField::takeFromTrack(bool committed)
 {
-    m_field->setValue(m_track->value());
+    showInField();
     if (committed) {
         m_committed = m_track->value();
     }
@@ -153,6 +153,7 @@ void SliderField::takeFromTrack(bool committed)
 
 void SliderField::takeFromField(bool committed)
 {
+    m_fieldIsBehind = false; // the user's number is the later one
     const double entered = admitted(m_field->value());
     // Not after a step by key: the field takes a text that is set for one that is committed.
     if ((committed || m_fieldDragging) && entered != m_field->value()) {
@@ -213,9 +214,25 @@ void SliderField::applySetup()
 void SliderField::show(double value)
 {
     m_track->setValue(admitted(value));
-    m_field->setValue(m_track->value());
+    showInField();
     if (!isDragging()) {
         m_committed = m_track->value();
+    }
+}
+
+/// What is being typed stays; the field follows once that has come to nothing.
+void SliderField::showInField()
+{
+    m_fieldIsBehind = isTyping(*m_field);
+    if (!m_fieldIsBehind) {
+        m_field->setValue(m_track->value());
+    }
+}
+
+void SliderField::catchUp()
+{
+    if (m_fieldIsBehind) {
+        showInField();
     }
 }
 

@@ -27,7 +27,9 @@ public:
     ~SliderField() override;
 
     double value() const;
-    /// Limits to the hard range, rounds to the decimals and emits nothing. NaN is ignored.
+    /// Limits to the hard range, rounds to the decimals and emits nothing. NaN is ignored. A text
+    /// that is being typed in the field stays; unless it is committed the field shows the value
+    /// afterwards.
     void setValue(double value);
 
     /// The hard range, which the soft range, the value and the default are kept in. Limits that
@@ -73,6 +75,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void sizeField();
@@ -82,6 +85,8 @@ private:
     void applySetup();
     void commit();
     void show(double value);
+    void showInField();
+    void catchUp();
     double admitted(double value) const;
 
     SliderTrack* m_track; ///< holds the value
@@ -94,5 +99,6 @@ private:
     double m_default = 0.0;
     int m_decimals = 2;
     bool m_fieldDragging = false;
-    double m_committed = 0.0; ///< the value when it was last complete
+    bool m_fieldIsBehind = false; ///< a value was set while another was typed
+    double m_committed = 0.0;     ///< the value when it was last complete
 };

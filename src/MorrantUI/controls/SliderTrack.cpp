@@ -1,6 +1,5 @@
-#include "SliderTrack.h"
-
 #include <MorrantUI/controls/AccessibleValueControl.h>
+#include <MorrantUI/controls/SliderTrack.h>
 #include <MorrantUI/controls/buttonlook.h>
 #include <MorrantUI/controls/padpaint.h>
 #include <MorrantUI/theme/colors.h>
@@ -11,8 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-
-using namespace ui::style;
 
 namespace {
 
@@ -48,9 +45,11 @@ SliderTrack::SliderTrack(QWidget* parent)
 
 void SliderTrack::setUp(const Setup& setup)
 {
-    m_setup = setup;
-    assign(current());
-    update();
+    if (setup != m_setup) {
+        m_setup = setup;
+        assign(current());
+        update();
+    }
 }
 
 void SliderTrack::enterValue(double value)
@@ -139,15 +138,23 @@ std::optional<ValueControl::Value> SliderTrack::keyTarget(
 void SliderTrack::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const Mood mood = ui::pads::moodOf(*this, isDragging());
+    const ui::style::Mood mood = ui::pads::moodOf(*this, isDragging());
     const ui::SliderScale range = scale();
     const double handle = handleSize();
     QRectF groove(0, 0, width(), kGroove);
     groove.moveCenter(QRectF(rect()).center());
     const QRectF filled = ui::filledGroove(range, groove, value());
 
-    fillRounded(painter, groove, kGroove / 2, ink(ui::colorQt(QStringLiteral("Midlight")), mood));
-    fillRounded(painter, filled, kGroove / 2, ink(ui::colorQt(QStringLiteral("Highlight")), mood));
+    ui::style::fillRounded(
+        painter,
+        groove,
+        kGroove / 2,
+        ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), mood));
+    ui::style::fillRounded(
+        painter,
+        filled,
+        kGroove / 2,
+        ui::style::ink(ui::colorQt(QStringLiteral("Highlight")), mood));
     ui::pads::drawKnob(
         painter,
         {range.xOf(value()), groove.center().y()},

@@ -19,6 +19,8 @@ public:
         double step = 0.01;
         double resetValue = 0.0;
         int decimals = 2;
+
+        bool operator==(const Setup&) const = default;
     };
 
     explicit SliderTrack(QWidget* parent);

@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int kTextGap = 6;      ///< from the track to the text
 constexpr double kOffEdge = 0.3; ///< of the text colour's strength, around the track
 constexpr double kHoverEdge = 0.55;
 
@@ -108,7 +107,7 @@ QSize ToggleSwitch::sizeHint() const
 {
     const int track = static_cast<int>(ui::switchTrackWidth(trackHeight(*this)));
     const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
-    const int beside = text().isEmpty() ? 0 : kTextGap + label.width();
+    const int beside = text().isEmpty() ? 0 : ui::kSwitchTextGap + label.width();
     return {track + beside, std::max(label.height(), ui::rowHeight(*this))};
 }
 

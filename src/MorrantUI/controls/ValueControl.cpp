@@ -1,5 +1,4 @@
-#include "ValueControl.h"
-
+#include <MorrantUI/controls/ValueControl.h>
 #include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/controls/gesturedoors.h>
 
@@ -88,9 +87,9 @@ void ValueControl::commitValue(const Value& value)
     }
 }
 
-void ValueControl::begin(bool byKey, const QPointF& point)
+void ValueControl::begin(std::optional<int> heldKey, const QPointF& point)
 {
-    m_gesture = Gesture{m_value, point, byKey};
+    m_gesture = Gesture{m_value, point, heldKey};
     m_window = window()->windowHandle();
     if (m_window) {
         m_window->installEventFilter(this);
@@ -131,7 +130,7 @@ bool ValueControl::event(QEvent* event)
         return true;
     }
     // A key's release goes elsewhere with the focus, a button's does not.
-    const bool losesKey = m_gesture && m_gesture->byKey && event->type() == QEvent::FocusOut;
+    const bool losesKey = m_gesture && m_gesture->heldKey && event->type() == QEvent::FocusOut;
     if (losesKey || ui::endsGesture(*this, *event)) {
         endDrag();
     }
@@ -149,7 +148,7 @@ bool ValueControl::eventFilter(QObject* watched, QEvent* event)
 
 void ValueControl::mousePressEvent(QMouseEvent* event)
 {
-    if (isDragging() && !m_gesture->byKey) {
+    if (isDragging() && !m_gesture->heldKey) {
         return; // another button
     }
     if (event->button() != Qt::LeftButton) {
@@ -159,14 +158,14 @@ void ValueControl::mousePressEvent(QMouseEvent* event)
     const QPointer<ValueControl> self(this);
     endDrag();
     if (self && !m_reported) { // still true inside a slot of the drag before
-        begin(false, event->position());
+        begin(std::nullopt, event->position());
         pressAt(event->position(), event->modifiers());
     }
 }
 
 void ValueControl::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!isDragging() || m_gesture->byKey) {
+    if (!isDragging() || m_gesture->heldKey) {
         event->ignore();
         return;
     }
@@ -180,7 +179,7 @@ void ValueControl::mouseMoveEvent(QMouseEvent* event)
 
 void ValueControl::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (isDragging() && !m_gesture->byKey && event->button() == Qt::LeftButton) {
+    if (isDragging() && !m_gesture->heldKey && event->button() == Qt::LeftButton) {
         endDrag();
     }
 }
@@ -202,12 +201,12 @@ void ValueControl::keyPressEvent(QKeyEvent* event)
         event->ignore();
     } else if (event->key() == Qt::Key_Escape) {
         cancelDrag();
-    } else if (isDragging() && !m_gesture->byKey) {
+    } else if (isDragging() && !m_gesture->heldKey) {
         return; // the pointer has the value
     } else if (event->key() == Qt::Key_Backspace) {
         commitValue(resetValue());
     } else {
-        stepByKey(*keyTarget(event->key(), event->modifiers()));
+        stepByKey(event->key(), *keyTarget(event->key(), event->modifiers()));
     }
 }
 
@@ -215,8 +214,8 @@ void ValueControl::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Shift || event->key() == Qt::Key_Control) {
         followModifiers(event, false);
-    } else if (m_gesture && m_gesture->byKey && !event->isAutoRepeat() && wantsKey(*event)) {
-        endDrag();
+    } else if (m_gesture && m_gesture->heldKey == event->key() && !event->isAutoRepeat()) {
+        endDrag(); // another key that was tapped meanwhile ends nothing
     } else {
         event->ignore();
     }
@@ -225,7 +224,7 @@ void ValueControl::keyReleaseEvent(QKeyEvent* event)
 void ValueControl::followModifiers(QKeyEvent* event, bool pressed)
 {
     event->ignore();
-    if (!m_gesture || m_gesture->byKey) {
+    if (!m_gesture || m_gesture->heldKey) {
         return;
     }
     Qt::KeyboardModifiers modifiers = event->modifiers();
@@ -234,14 +233,14 @@ void ValueControl::followModifiers(QKeyEvent* event, bool pressed)
     dragTo(m_gesture->point, modifiers);
 }
 
-void ValueControl::stepByKey(const Value& target)
+void ValueControl::stepByKey(int key, const Value& target)
 {
     if (!springsBack()) {
         commitValue(target);
         return;
     }
     if (!m_gesture) {
-        begin(true, {});
+        begin(key, {});
     }
     dragValue(target);
 }

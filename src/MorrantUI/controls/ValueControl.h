@@ -92,15 +92,15 @@ private:
     /// What lasts from the press to whichever end.
     struct Gesture
     {
-        Value start;        ///< what cancelDrag() returns to
-        QPointF point;      ///< where the pointer was last, in the widget
-        bool byKey = false; ///< a key is held, not the button
+        Value start;                ///< what cancelDrag() returns to
+        QPointF point;              ///< where the pointer was last, in the widget
+        std::optional<int> heldKey; ///< the key that began it, which is held instead of the button
     };
 
-    void begin(bool byKey, const QPointF& point);
+    void begin(std::optional<int> heldKey, const QPointF& point);
     void finish(const Value& value);
     void followModifiers(QKeyEvent* event, bool pressed);
-    void stepByKey(const Value& target);
+    void stepByKey(int key, const Value& target);
     bool wantsKey(const QKeyEvent& event) const;
 
     Value m_value;

@@ -25,7 +25,6 @@ void WarpDragFilter::dragBegins(const QPointF& position)
     if (!isMouseDrag() || !screen) {
         return; // a pen's next position knows nothing of a warp
     }
-    takePointer();
     m_rect = ui::wrappingRect(screen->geometry());
     hideNativeMouse();
 }
@@ -55,8 +54,11 @@ void WarpDragFilter::warpFromEdges(QPointF position)
 
 void WarpDragFilter::dragEnds()
 {
-    if (!m_rect.isEmpty()) {
-        PointerSystem::instance().setLogicalPosition(m_startPosition.toPoint());
-        showNativeMouse();
+    if (m_rect.isEmpty()) {
+        return;
     }
+    if (pointerGoesBack()) {
+        PointerSystem::instance().setLogicalPosition(startPosition().toPoint());
+    }
+    showNativeMouse();
 }

@@ -1,5 +1,6 @@
-#include "accessibility.h"
+#include <MorrantUI/controls/accessibility.h>
 
+#include <QTextDocumentFragment>
 #include <QWidget>
 
 #include <cmath>
@@ -15,8 +16,9 @@ AccessibleNumberControl::AccessibleNumberControl(
 
 void* AccessibleNumberControl::interface_cast(QAccessible::InterfaceType type)
 {
-    if (type == QAccessible::ValueInterface)
+    if (type == QAccessible::ValueInterface) {
         return static_cast<QAccessibleValueInterface*>(this);
+    }
     return QAccessibleWidget::interface_cast(type);
 }
 
@@ -29,8 +31,9 @@ void AccessibleNumberControl::setCurrentValue(const QVariant& value)
 {
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
-    if (isNumber && std::isfinite(number) && widget()->isEnabled())
+    if (isNumber && std::isfinite(number) && widget()->isEnabled()) {
         m_number.setValue(number);
+    }
 }
 
 QVariant AccessibleNumberControl::maximumValue() const
@@ -48,10 +51,27 @@ QVariant AccessibleNumberControl::minimumStepSize() const
     return m_number.step();
 }
 
+AccessibleGrouping::AccessibleGrouping(QWidget* group)
+    : QAccessibleWidget(group, QAccessible::Grouping)
+{}
+
+QString AccessibleGrouping::text(QAccessible::Text kind) const
+{
+    const QString own = QAccessibleWidget::text(kind);
+    return kind == QAccessible::Name && own.isEmpty() ? nameFromToolTip(*widget()) : own;
+}
+
+QString nameFromToolTip(const QWidget& widget)
+{
+    const QString tip = widget.toolTip();
+    return Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip;
+}
+
 void notifyAccessibleValue(QObject* object, const QVariant& value)
 {
-    if (!QAccessible::isActive())
+    if (!QAccessible::isActive()) {
         return;
+    }
     QAccessibleValueChangeEvent event(object, value);
     QAccessible::updateAccessibility(&event);
 }

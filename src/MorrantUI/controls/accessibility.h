@@ -55,6 +55,19 @@ private:
     AccessibleNumber m_number;
 };
 
+/// Controls that belong together, named as a group by their own name or label, or else the tool
+/// tip.
+class AccessibleGrouping : public QAccessibleWidget
+{
+public:
+    explicit AccessibleGrouping(QWidget* group);
+
+    QString text(QAccessible::Text kind) const override;
+};
+
+/// The accessible name of a widget that has none of its own: its tool tip, without mark-up.
+QString nameFromToolTip(const QWidget& widget);
+
 /// Tells assistive tools that the value of a control has changed; next to nothing when none
 /// listens.
 void notifyAccessibleValue(QObject* object, const QVariant& value);

@@ -1,4 +1,4 @@
-#include "colortext.h"
+#include <MorrantUI/controls/colortext.h>
 
 #include <QMimeData>
 

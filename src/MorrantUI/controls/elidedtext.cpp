@@ -1,10 +1,17 @@
 #include <MorrantUI/controls/elidedtext.h>
 
+#include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QToolTip>
 #include <QWidget>
+#include <QtMath>
 
 namespace ui {
+
+int wholeWidth(const QFont& font, const QString& text)
+{
+    return qCeil(QFontMetricsF(font).horizontalAdvance(text));
+}
 
 bool answerWithWholeText(QWidget& widget, QEvent* event, const QString& whole, const QString& shown)
 {

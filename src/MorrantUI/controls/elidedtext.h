@@ -3,10 +3,15 @@
 #include <QString>
 
 class QEvent;
+class QFont;
 class QWidget;
 
 /// Texts of widgets that may be too narrow for them.
 namespace ui {
+
+/// The least width, in logical pixels, in which QFontMetrics::elidedText() leaves a text as it is:
+/// QFontMetrics::horizontalAdvance() rounds to the nearest and is too small for half of them.
+int wholeWidth(const QFont& font, const QString& text);
 
 /// Answers a widget's request for a tool tip with its whole text if less of it is shown and the
 /// widget has no tool tip of its own.

@@ -7,7 +7,11 @@
 
 using morrant::native::PointerSystem;
 
-static bool gHiddenByUs = false;
+namespace {
+
+bool gHiddenByUs = false;
+
+} // namespace
 
 void hideNativeMouse()
 {

@@ -1,4 +1,4 @@
-#include "padmath.h"
+#include <MorrantUI/controls/padmath.h>
 
 #include <QCoreApplication>
 

@@ -1,5 +1,4 @@
-#include "padpaint.h"
-
+#include <MorrantUI/controls/padpaint.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/style/shapes.h>
 

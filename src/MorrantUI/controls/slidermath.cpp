@@ -1,4 +1,4 @@
-#include "slidermath.h"
+#include <MorrantUI/controls/slidermath.h>
 
 #include <algorithm>
 #include <cmath>

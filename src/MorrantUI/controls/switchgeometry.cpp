@@ -9,7 +9,6 @@ namespace {
 
 constexpr double kTrackProportion = 1.75; ///< width to height
 constexpr double kKnobInset = 2.0;        ///< from the track's edge to the knob
-constexpr double kTextGap = 6.0;          ///< from the track to the text
 
 QRectF mirrored(const QRectF& rect, const QRectF& bounds)
 {
@@ -36,7 +35,7 @@ SwitchParts switchParts(
     const QRectF knob(
         track.left() + kKnobInset + way * share, top + kKnobInset, diameter, diameter);
 
-    const double textLeft = track.right() + kTextGap;
+    const double textLeft = track.right() + kSwitchTextGap;
     const QRectF text(
         textLeft, bounds.top(), std::max(0.0, bounds.right() - textLeft), bounds.height());
 

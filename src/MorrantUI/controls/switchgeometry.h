@@ -7,6 +7,8 @@
 /// Where the parts of a toggle switch are, in logical pixels.
 namespace ui {
 
+inline constexpr int kSwitchTextGap = 6; ///< from the track to the text
+
 struct SwitchParts
 {
     QRectF track;

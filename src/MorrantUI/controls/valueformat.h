@@ -20,9 +20,8 @@ struct NumberRange
 MORRANT_UI_EXPORT double limitValue(double value, const NumberRange& range);
 
 /// The limited value as a field shows it, in any locale with a decimal point and without grouping:
-/// a whole number, halves rounded away from zero, or up to three decimals of which one always
-/// stands
-/// ("2.0"). A negative value that rounds to nothing shows as "-0.0".
+/// a whole number, halves rounded away from zero, or one to three decimals ("2.0"). A negative
+/// value that rounds to nothing shows as "-0.0".
 MORRANT_UI_EXPORT QString formatValue(double value, const NumberRange& range);
 
 /// The limits that a field takes when it is asked for `limit`: within 32 bits on that side for

@@ -1,13 +1,11 @@
-#include "CollapsibleSection.h"
-
-#include "FoldLayout.h"
-#include "SectionHeader.h"
+#include <MorrantUI/docking/CollapsibleSection.h>
+#include <MorrantUI/docking/FoldLayout.h>
+#include <MorrantUI/docking/SectionHeader.h>
 
 #include <QPropertyAnimation>
 #include <QStyle>
 
 #include <algorithm>
-#include <utility>
 
 CollapsibleSection::CollapsibleSection(const QString& title, QWidget* parent)
     : QWidget(parent)
@@ -21,7 +19,7 @@ CollapsibleSection::CollapsibleSection(const QString& title, QWidget* parent)
     column->setSpacing(0);
     column->addWidget(m_header);
     column->addWidget(m_body, 1);
-    m_header->setText(title);
+    m_header->setTitle(title);
     m_animation->setEasingCurve(QEasingCurve::InOutCubic);
 
     connect(m_header, &QAbstractButton::clicked, this, &CollapsibleSection::toggle);
@@ -35,43 +33,54 @@ CollapsibleSection::~CollapsibleSection() = default;
 
 void CollapsibleSection::setTitle(const QString& title)
 {
-    m_header->setText(title);
-    m_header->updateGeometry();
+    m_header->setTitle(title);
 }
 
 QString CollapsibleSection::title() const
 {
-    return m_header->text();
+    return m_header->title();
+}
+
+QWidget* CollapsibleSection::content() const
+{
+    const bool isHere = m_content != nullptr && m_content->parentWidget() == m_body;
+    return isHere ? m_content.data() : nullptr;
 }
 
 void CollapsibleSection::setContent(QWidget* content)
 {
-    if (content == m_content || (content != nullptr && content->isAncestorOf(this))
-        || content == this) {
+    const QPointer<QWidget> previous = this->content();
+    if (content == previous || content == this
+        || (content != nullptr && content->isAncestorOf(this))) {
         return;
     }
     const bool isHidden = content != nullptr && content->isHidden()
                           && content->testAttribute(Qt::WA_WState_ExplicitShowHide);
-    const QPointer<QWidget> previous = std::exchange(m_content, content);
+    m_content = content;
+    m_keptHeight = 0;
     if (content != nullptr) {
         m_fold->addWidget(content); // out of the one before, too, if it is in there
         content->setVisible(!isHidden);
     }
-    if (previous && previous->parentWidget() == m_body) {
-        delete previous;
+    if (previous != nullptr && previous->parentWidget() == m_body) {
+        m_fold->removeWidget(previous);
+        previous->hide(); // whose slots may do anything
+        if (previous != nullptr) {
+            previous->setParent(nullptr);
+            previous->deleteLater();
+        }
     }
-    m_keptHeight = 0;
 }
 
 QWidget* CollapsibleSection::takeContent()
 {
-    QWidget* const content = m_content;
+    QWidget* const taken = content();
     m_content = nullptr;
-    if (content != nullptr && content->parentWidget() == m_body) {
-        m_fold->removeWidget(content);
-        content->setParent(nullptr);
+    if (taken != nullptr) {
+        m_fold->removeWidget(taken);
+        taken->setParent(nullptr);
     }
-    return content;
+    return taken;
 }
 
 void CollapsibleSection::setExpanded(bool expanded)
@@ -155,7 +164,7 @@ void CollapsibleSection::setOpenness(double openness)
 {
     m_openness = std::clamp(openness, 0.0, 1.0);
     m_header->setOpenness(m_openness);
-    setSizePolicy(sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+    fixHeight(true);
     m_fold->setPart(m_fullHeight, m_openness);
 }
 
@@ -166,8 +175,19 @@ void CollapsibleSection::settle()
     m_header->setOpenness(m_openness);
     m_fold->clearPart();
     m_body->setVisible(m_expanded);
-    setSizePolicy(
-        sizePolicy().horizontalPolicy(), m_expanded ? QSizePolicy::Preferred : QSizePolicy::Fixed);
+    fixHeight(!m_expanded);
+}
+
+/// Nothing is given to a section beyond what it shows while that is not all of it.
+void CollapsibleSection::fixHeight(bool fixed)
+{
+    QSizePolicy policy = sizePolicy();
+    if (!m_isHeightFixed || policy.verticalPolicy() != QSizePolicy::Fixed) {
+        m_hostPolicy = policy.verticalPolicy(); // it may have been set meanwhile
+    }
+    m_isHeightFixed = fixed;
+    policy.setVerticalPolicy(fixed ? QSizePolicy::Fixed : m_hostPolicy);
+    setSizePolicy(policy);
 }
 
 void CollapsibleSection::moveFocusOut()

@@ -3,6 +3,7 @@
 #include <MorrantUI/morrantui_export.h>
 
 #include <QPointer>
+#include <QSizePolicy>
 #include <QWidget>
 
 class FoldLayout;
@@ -28,10 +29,12 @@ public:
     void setTitle(const QString& title);
     QString title() const;
 
-    /// Takes the content and owns it; the one before is deleted at once. Null leaves the section
-    /// empty. The section itself and its ancestors are ignored.
+    /// Takes the content and owns it. The one before is hidden and deleted as soon as its own code
+    /// has returned, so that one of its slots may ask for another. Null leaves the section empty.
+    /// The section itself and its ancestors are ignored.
     void setContent(QWidget* content);
-    QWidget* content() const { return m_content; }
+    /// Null when there is none, and when it was given another parent meanwhile.
+    QWidget* content() const;
     /// Gives the content back without deleting it: hidden, without a parent, the caller's.
     QWidget* takeContent();
 
@@ -61,6 +64,7 @@ private:
     void measure(bool expanding);
     void setOpenness(double openness);
     void settle();
+    void fixHeight(bool fixed);
     void moveFocusOut();
 
     SectionHeader* m_header;
@@ -69,6 +73,8 @@ private:
     QPointer<QWidget> m_content;
     QPropertyAnimation* m_animation;
     bool m_expanded = true;
+    bool m_isHeightFixed = false; ///< by us, in place of the host's policy
+    QSizePolicy::Policy m_hostPolicy = QSizePolicy::Preferred; ///< vertical
     double m_openness = 1.0;
     int m_duration = -1;
     int m_fullHeight = 0; ///< of the content while it moves

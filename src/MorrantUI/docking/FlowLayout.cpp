@@ -1,4 +1,4 @@
-#include "FlowLayout.h"
+#include <MorrantUI/docking/FlowLayout.h>
 
 #include <QStyle>
 #include <QWidget>

@@ -1,4 +1,4 @@
-#include "FoldLayout.h"
+#include <MorrantUI/docking/FoldLayout.h>
 
 FoldLayout::FoldLayout(QWidget* parent)
     : QVBoxLayout(parent)

@@ -1,9 +1,9 @@
-#include "SectionHeader.h"
-
 #include <MorrantUI/controls/AccessibleButton.h>
 #include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/controls/buttonlook.h>
+#include <MorrantUI/controls/elidedtext.h>
 #include <MorrantUI/controls/padpaint.h>
+#include <MorrantUI/docking/SectionHeader.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/style/shapes.h>
 
@@ -11,8 +11,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
-
-using namespace ui::style;
 
 namespace {
 
@@ -40,6 +38,12 @@ public:
         return state;
     }
 
+    QString text(QAccessible::Text kind) const override
+    {
+        const bool isTitle = kind == QAccessible::Name && m_header->accessibleName().isEmpty();
+        return isTitle ? m_header->title() : AccessibleButton::text(kind);
+    }
+
 private:
     SectionHeader* m_header;
 };
@@ -60,6 +64,20 @@ SectionHeader::SectionHeader(QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setFocusPolicy(Qt::TabFocus); // a click must not take the focus from a field
     setAttribute(Qt::WA_Hover);
+}
+
+void SectionHeader::setTitle(const QString& title)
+{
+    if (m_title == title) {
+        return;
+    }
+    m_title = title;
+    updateGeometry();
+    update();
+    if (QAccessible::isActive()) {
+        QAccessibleEvent event(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void SectionHeader::setOpenness(double openness)
@@ -84,11 +102,11 @@ void SectionHeader::setExpanded(bool expanded)
 
 QSize SectionHeader::sizeHint() const
 {
-    const QFontMetrics metrics(titleFont(*this));
+    const QFont font = titleFont(*this);
     const int row = ui::rowHeight(*this);
     return {
-        2 * kPadding + kChevron + kGap + metrics.horizontalAdvance(text()),
-        qMax(row, metrics.height()) + kBeyondRow};
+        2 * kPadding + kChevron + kGap + ui::wholeWidth(font, m_title),
+        qMax(row, QFontMetrics(font).height()) + kBeyondRow};
 }
 
 QSize SectionHeader::minimumSizeHint() const
@@ -113,6 +131,7 @@ void SectionHeader::keyPressEvent(QKeyEvent* event)
 
 void SectionHeader::paintEvent(QPaintEvent* /*event*/)
 {
+    using namespace ui::style;
     QPainter painter(this);
     Mood mood = ui::pads::moodOf(*this, false);
     // Darker than a header at rest would be the ground that it lies on.
@@ -144,7 +163,7 @@ void SectionHeader::paintEvent(QPaintEvent* /*event*/)
         title,
         static_cast<int>(
             QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)),
-        QFontMetrics(font).elidedText(this->text(), Qt::ElideRight, title.width()));
+        QFontMetrics(font).elidedText(m_title, Qt::ElideRight, title.width()));
     if (mood.keyboard) {
         drawFocusRing(painter, rect());
     }

@@ -2,13 +2,17 @@
 
 #include <QAbstractButton>
 
-/// The header of a CollapsibleSection: chevron and title. Its text is the title.
+/// The header of a CollapsibleSection: chevron and title.
 class SectionHeader : public QAbstractButton
 {
     Q_OBJECT
 
 public:
     explicit SectionHeader(QWidget* parent);
+
+    /// Shown as it is, and so not the button's text, in which "&" makes a shortcut.
+    void setTitle(const QString& title);
+    QString title() const { return m_title; }
 
     /// How far the chevron has turned: 0 as when folded, 1 as when unfolded.
     void setOpenness(double openness);
@@ -29,6 +33,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    QString m_title;
     double m_openness = 1.0;
     bool m_expanded = true;
 };

@@ -1,7 +1,6 @@
-#include "SpacerBar.h"
-
 #include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/controls/padpaint.h>
+#include <MorrantUI/docking/SpacerBar.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/style/pixelgrid.h>
 #include <MorrantUI/theme/style/shapes.h>

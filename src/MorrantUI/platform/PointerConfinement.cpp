@@ -7,12 +7,16 @@
 
 namespace morrant::native {
 
+namespace {
+
 /// The latest last.
-static std::vector<const PointerConfinement*>& inForce()
+std::vector<const PointerConfinement*>& inForce()
 {
     static std::vector<const PointerConfinement*> confinements;
     return confinements;
 }
+
+} // namespace
 
 PointerConfinement::PointerConfinement(const QRect& rect)
     : m_rect(rect)

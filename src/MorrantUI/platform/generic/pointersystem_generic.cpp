@@ -3,8 +3,12 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-#include <array>
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>

@@ -1,0 +1,148 @@
+#include <MorrantUI/menus/ModalDialog.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+#include <bitset>
+
+namespace {
+
+constexpr int kMargin = 16;     ///< logical pixels, around everything
+constexpr int kSpacing = 8;     ///< between heading, text and content
+constexpr int kLeastChars = 46; ///< that fit beside each other, about
+constexpr int kMostChars = 72;  ///< before the text is wrapped, about
+
+QFont headingFont(const QWidget& widget)
+{
+    QFont font = widget.font();
+    font.setWeight(QFont::DemiBold);
+    if (font.pixelSize() > 0) {
+        font.setPixelSize(font.pixelSize() * 7 / 6);
+    } else {
+        font.setPointSizeF(font.pointSizeF() * 7 / 6);
+    }
+    return font;
+}
+
+QLabel* makeLabel(QWidget* parent)
+{
+    auto* const label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText); // names that the user gave may look like mark-up
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+ModalDialog::ModalDialog(const QString& title, QWidget* parent)
+    : QDialog(parent)
+    , m_heading(makeLabel(this))
+    , m_text(makeLabel(this))
+    , m_column(new QVBoxLayout(this))
+    , m_buttonBox(new QDialogButtonBox(this))
+{
+    setModal(true);
+    setWindowTitle(title);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    m_heading->setFont(headingFont(*this));
+    m_heading->setText(title);
+    m_text->hide();
+    setMinimumWidth(kLeastChars * fontMetrics().averageCharWidth());
+    setMaximumWidth(kMostChars * fontMetrics().averageCharWidth());
+    m_column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    m_column->setSpacing(kSpacing);
+    m_column->addWidget(m_heading);
+    m_column->addWidget(m_text);
+    m_column->addSpacing(kSpacing);
+    m_column->addWidget(m_buttonBox);
+    connect(m_buttonBox, &QDialogButtonBox::clicked, this, [this](QAbstractButton* clicked) {
+        m_chosen = m_buttonBox->standardButton(clicked);
+        const auto role = m_buttonBox->buttonRole(clicked);
+        const bool declines =
+            role == QDialogButtonBox::RejectRole || role == QDialogButtonBox::NoRole;
+        done(declines ? Rejected : Accepted);
+    });
+}
+
+ModalDialog::~ModalDialog() = default;
+
+void ModalDialog::setText(const QString& text)
+{
+    m_text->setText(text);
+    m_text->setVisible(!text.isEmpty());
+}
+
+void ModalDialog::setContent(QWidget* content)
+{
+    if (content == m_content) {
+        return;
+    }
+    delete std::exchange(m_content, content);
+    if (content != nullptr) {
+        m_column->insertWidget(2, content); // between the text and the space above the buttons
+    }
+}
+
+void ModalDialog::setButtons(Buttons buttons, Button defaultButton)
+{
+    m_buttonBox->setStandardButtons(buttons);
+    if (QPushButton* const chosen = button(defaultButton)) {
+        chosen->setDefault(true);
+        chosen->setFocus();
+    }
+}
+
+QPushButton* ModalDialog::button(Button button) const
+{
+    return m_buttonBox->button(button);
+}
+
+ModalDialog::Button ModalDialog::declining(Buttons buttons)
+{
+    constexpr std::array kDeclining{
+        QDialogButtonBox::Cancel,
+        QDialogButtonBox::Close,
+        QDialogButtonBox::Abort,
+        QDialogButtonBox::No,
+        QDialogButtonBox::NoToAll,
+        QDialogButtonBox::Ignore,
+        QDialogButtonBox::Discard,
+    };
+    const auto* const first = std::find_if(
+        kDeclining.begin(), kDeclining.end(), [buttons](Button b) { return buttons.testFlag(b); });
+    if (first != kDeclining.end()) {
+        return *first;
+    }
+    const std::bitset<32> present(static_cast<unsigned int>(buttons));
+    return present.count() == 1 ? static_cast<Button>(int(buttons)) : QDialogButtonBox::NoButton;
+}
+
+ModalDialog::Button ModalDialog::getChoice(
+    const QString& title,
+    const QString& text,
+    Buttons buttons,
+    Button defaultButton,
+    QWidget* parent)
+{
+    QWidget* const over = parent != nullptr ? parent : QApplication::activeWindow();
+    const QPointer<ModalDialog> dialog = new ModalDialog(title, over);
+    dialog->setText(text);
+    dialog->setButtons(buttons, defaultButton);
+    dialog->exec();
+    const Button chosen = dialog ? dialog->chosen() : declining(buttons);
+    delete dialog.data(); // here, since the parent may go before the loop comes round
+    return chosen;
+}
+
+void ModalDialog::done(int result)
+{
+    if (m_chosen == QDialogButtonBox::NoButton) {
+        m_chosen = declining(m_buttonBox->standardButtons());
+    }
+    QDialog::done(result);
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QString>
+
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+/// A dialog that waits for one of a few buttons: a heading, a text or a widget below it, and a row
+/// of standard buttons.
+///
+/// Return presses the default button; Escape and closing the window stand for the button that
+/// declines.
+class MORRANT_UI_EXPORT ModalDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    using Button = QDialogButtonBox::StandardButton;
+    using Buttons = QDialogButtonBox::StandardButtons;
+
+    /// @param title of the window, and the heading
+    explicit ModalDialog(const QString& title, QWidget* parent = nullptr);
+    ~ModalDialog() override;
+
+    /// Plain text below the heading; an empty one takes no space.
+    void setText(const QString& text);
+    /// Shows a widget below the text, and owns it; the one before is deleted.
+    void setContent(QWidget* content);
+    /// Replaces the buttons. A default that is not among them leaves the choice to the platform.
+    void setButtons(Buttons buttons, Button defaultButton);
+    /// Null if there is none.
+    QPushButton* button(Button button) const;
+
+    /// The button that has ended the dialog; declining() when it was dismissed otherwise.
+    Button chosen() const { return m_chosen; }
+
+    /// The button that dismissing the dialog stands for: Cancel, else Close, Abort, No, No to All,
+    /// Ignore, Discard, or the only one there is; NoButton without any of these.
+    static Button declining(Buttons buttons);
+
+    /// Asks the user and waits for the answer.
+    /// @param parent over which the dialog is shown; null for the active window. When it is deleted
+    ///     meanwhile, the answer is that of a dismissed dialog.
+    static Button getChoice(
+        const QString& title,
+        const QString& text,
+        Buttons buttons,
+        Button defaultButton,
+        QWidget* parent = nullptr);
+
+public Q_SLOTS:
+    void done(int result) override;
+
+private:
+    QLabel* m_heading;
+    QLabel* m_text;
+    QVBoxLayout* m_column;
+    QWidget* m_content = nullptr;
+    QDialogButtonBox* m_buttonBox;
+    Button m_chosen = QDialogButtonBox::NoButton;
+};

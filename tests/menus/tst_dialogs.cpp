@@ -1,0 +1,173 @@
+#include "controls/StyledApplication.h"
+#include "menus/answers.h"
+#include "support/TestCase.h"
+#include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/menus/ModalDialog.h>
+#include <MorrantUI/menus/dialogs.h>
+
+#include <QtWidgets>
+
+using ui::test::answerDialog;
+using Box = QDialogButtonBox;
+
+class DialogsTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void dismissingStandsForTheButtonThatDeclines_data();
+    void dismissingStandsForTheButtonThatDeclines();
+    void theChosenButtonIsTheAnswer();
+    void aTextIsTakenAsItWasEntered();
+    void anEmptyTextCannotBeConfirmed();
+    void aNumberIsComputedAndLimited_data();
+    void aNumberIsComputedAndLimited();
+    void theParentMayDieMeanwhile();
+
+private:
+    ui::test::StyledApplication m_application;
+};
+
+void DialogsTest::dismissingStandsForTheButtonThatDeclines_data()
+{
+    QTest::addColumn<int>("buttons");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("yes, no") << int(Box::Yes | Box::No) << int(Box::No);
+    QTest::newRow("cancel first") << int(Box::Yes | Box::No | Box::Cancel) << int(Box::Cancel);
+    QTest::newRow("save") << int(Box::Save | Box::Discard | Box::Cancel) << int(Box::Cancel);
+    QTest::newRow("the only one") << int(Box::Ok) << int(Box::Ok);
+    QTest::newRow("none declines") << int(Box::Ok | Box::Apply) << int(Box::NoButton);
+    QTest::newRow("none") << int(Box::NoButton) << int(Box::NoButton);
+}
+
+void DialogsTest::dismissingStandsForTheButtonThatDeclines()
+{
+    QFETCH(int, buttons);
+    QFETCH(int, expected);
+    const auto ask = [buttons] {
+        return ModalDialog::getChoice(
+            QStringLiteral("Go on?"), QString(), ModalDialog::Buttons(buttons), Box::Yes);
+    };
+    answerDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QCOMPARE(int(ask()), expected);
+    answerDialog([](QDialog& dialog) { dialog.close(); });
+    QCOMPARE(int(ask()), expected);
+}
+
+void DialogsTest::theChosenButtonIsTheAnswer()
+{
+    QWidget window;
+    window.show();
+    const auto ask = [&window](ModalDialog::Button preset) {
+        return ModalDialog::getChoice(
+            QStringLiteral("<b>Save?</b>"),
+            QStringLiteral("<i>It</i> has changed."),
+            Box::Save | Box::Discard | Box::Cancel,
+            preset,
+            &window);
+    };
+    for (const auto button : {Box::Save, Box::Discard, Box::Cancel}) {
+        answerDialog([&](QDialog& dialog) {
+            QCOMPARE(dialog.parentWidget(), &window);
+            QCOMPARE(dialog.windowTitle(), QStringLiteral("<b>Save?</b>"));
+            for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+                QCOMPARE(label->textFormat(), Qt::PlainText);
+            }
+            dialog.findChild<Box*>()->button(button)->click();
+        });
+        QCOMPARE(ask(Box::Save), button);
+        answerDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+        QCOMPARE(ask(button), button); // Return presses the default
+    }
+    QVERIFY(window.findChildren<QDialog*>().isEmpty());
+}
+
+void DialogsTest::aTextIsTakenAsItWasEntered()
+{
+    const auto ask = [](const QString& initial) {
+        return ui::getStringInput(
+            QStringLiteral("Preset"), QStringLiteral("Name:"), initial, nullptr);
+    };
+    answerDialog([](QDialog& dialog) {
+        auto* const field = dialog.findChild<QLineEdit*>();
+        QCOMPARE(dialog.focusWidget(), field);
+        QCOMPARE(field->accessibleName(), QStringLiteral("Name:"));
+        QTest::keyClicks(field, QStringLiteral(" <new> & old ")); // replaces the selected text
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    QCOMPARE(ask(QStringLiteral("before")), std::optional(QStringLiteral(" <new> & old ")));
+    answerDialog([](QDialog& dialog) { dialog.findChild<Box*>()->button(Box::Ok)->click(); });
+    QCOMPARE(ask(QStringLiteral("as it was")), std::optional(QStringLiteral("as it was")));
+    answerDialog([](QDialog& dialog) { dialog.findChild<Box*>()->button(Box::Cancel)->click(); });
+    QVERIFY(!ask(QStringLiteral("before")));
+}
+
+void DialogsTest::anEmptyTextCannotBeConfirmed()
+{
+    answerDialog([](QDialog& dialog) {
+        auto* const field = dialog.findChild<QLineEdit*>();
+        const auto* const ok = dialog.findChild<Box*>()->button(Box::Ok);
+        QVERIFY(!ok->isEnabled());
+        field->setText(QStringLiteral("  "));
+        QVERIFY(!ok->isEnabled());
+        QTest::keyClick(field, Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+        field->setText(QStringLiteral("x"));
+        QVERIFY(ok->isEnabled());
+    });
+    QVERIFY(!ui::getStringInput(QStringLiteral("Preset"), QStringLiteral("Name:")));
+}
+
+void DialogsTest::aNumberIsComputedAndLimited_data()
+{
+    QTest::addColumn<QString>("typed"); // empty: confirmed as it is
+    QTest::addColumn<int>("minimum");
+    QTest::addColumn<int>("maximum");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("as it was") << QString() << 0 << 100 << 7;
+    QTest::newRow("typed") << QStringLiteral("42") << 0 << 100 << 42;
+    QTest::newRow("computed") << QStringLiteral("6*8+2") << 0 << 100 << 50;
+    QTest::newRow("above") << QStringLiteral("1000") << 0 << 100 << 100;
+    QTest::newRow("below") << QStringLiteral("-5") << 0 << 100 << 0;
+    QTest::newRow("the initial one too") << QString() << 10 << 100 << 10;
+    QTest::newRow("crossed") << QString() << 50 << 20 << 50;
+    QTest::newRow("widest") << QStringLiteral("1e12") << INT_MIN << INT_MAX << INT_MAX;
+}
+
+void DialogsTest::aNumberIsComputedAndLimited()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, minimum);
+    QFETCH(int, maximum);
+    QFETCH(int, expected);
+    answerDialog([&typed](QDialog& dialog) {
+        auto* const field = dialog.findChild<NumericField*>();
+        if (!typed.isEmpty()) {
+            QTest::keyClicks(field, typed);
+        }
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    const auto answer = ui::getIntegerInput(
+        QStringLiteral("Frame"), QStringLiteral("Go to:"), 7, minimum, maximum, nullptr);
+    QCOMPARE(answer, std::optional(expected));
+    answerDialog([](QDialog& dialog) { dialog.reject(); });
+    QVERIFY(!ui::getIntegerInput(QStringLiteral("Frame"), QString(), 7, 0, 9, nullptr));
+}
+
+void DialogsTest::theParentMayDieMeanwhile()
+{
+    const auto mortal = [] {
+        auto* const parent = new QWidget;
+        answerDialog([parent](QDialog&) { delete parent; });
+        return parent;
+    };
+    const QString title = QStringLiteral("Title");
+    QCOMPARE(
+        ModalDialog::getChoice(title, QString(), Box::Yes | Box::No, Box::Yes, mortal()), Box::No);
+    QVERIFY(!ui::getStringInput(title, title, title, mortal()));
+    QVERIFY(!ui::getIntegerInput(title, title, 1, 0, 2, mortal()));
+}
+
+const ui::test::Registration<DialogsTest> kRegistration;
+
+#include "tst_dialogs.moc"
