@@ -395,7 +395,7 @@ void AttributeRowTest::badArgumentsChangeNothing()
     AttributeRow& row = *stage.row;
     QVERIFY(row.addField(std::numeric_limits<double>::quiet_NaN()));
     QVERIFY(!row.addField(5));
-    QCOMPARE(row.fieldCount(), AttributeRow::kMaxFields);
+    QCOMPARE(row.fieldCount(), ui::kMaxAttributeFields);
     for (const int index : {-1, 4}) {
         QVERIFY(!row.field(index));
         row.setValue(index, 3);

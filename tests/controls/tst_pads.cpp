@@ -433,9 +433,9 @@ void PadsTest::badValuesAreIgnored()
     QCOMPARE(dial.value(), 12.0);
     dial.setRange(10, -10);
     dial.setRange(kNaN, 5);
-    QCOMPARE(dial.maximum(), AnglePad::kLimit);
+    QCOMPARE(dial.maximum(), ui::kDialLimit);
     dial.setValue(kInfinity);
-    QCOMPARE(dial.value(), AnglePad::kLimit);
+    QCOMPARE(dial.value(), ui::kDialLimit);
     dial.setDefaultValue(kNaN);
     QCOMPARE(dial.defaultValue(), 0.0);
 

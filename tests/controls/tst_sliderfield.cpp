@@ -284,7 +284,7 @@ void SliderFieldTest::whatIsBeingTypedIsKept()
     for (const auto& [push, pushed] : pushes) {
         Panel panel;
         NumericField* const field = panel.slider->field();
-        const auto begin = [&, &act = push](const QString& text) {
+        const auto begin = [&, &act = push, value = pushed](const QString& text) {
             panel.slider->setValue(20);
             panel.track->setFocus();
             QTRY_COMPARE(field->text(), QStringLiteral("20"));
@@ -292,7 +292,7 @@ void SliderFieldTest::whatIsBeingTypedIsKept()
             field->selectAll();
             QTest::keyClicks(field, text);
             act(*panel.slider);
-            QCOMPARE(panel.slider->value(), pushed);
+            QCOMPARE(panel.slider->value(), value);
             QCOMPARE(field->text(), text);
         };
         begin(QStringLiteral("40+5"));
@@ -367,7 +367,7 @@ void SliderFieldTest::valuesKeepDecimalsStepsAndLimits()
     slider.setSoftRange(-100, -5);
     QCOMPARE(slider.softMinimum(), -10.0);
     slider.setDecimals(99);
-    QCOMPARE(slider.decimals(), SliderField::kMaxDecimals);
+    QCOMPARE(slider.decimals(), ui::kMaxSliderDecimals);
     slider.setDecimals(0);
     slider.setValue(-3.5);
     QCOMPARE(slider.field()->text(), QStringLiteral("-4"));

@@ -172,8 +172,8 @@ void AnglePad::setRange(double minimum, double maximum)
     if (!std::isfinite(minimum) || !std::isfinite(maximum) || minimum > maximum) {
         return;
     }
-    m_minimum = std::clamp(minimum, -kLimit, kLimit);
-    m_maximum = std::clamp(maximum, -kLimit, kLimit);
+    m_minimum = std::clamp(minimum, -ui::kDialLimit, ui::kDialLimit);
+    m_maximum = std::clamp(maximum, -ui::kDialLimit, ui::kDialLimit);
     setValue(value());
 }
 
@@ -229,7 +229,7 @@ void AnglePad::dragTo(const QPointF& point, Qt::KeyboardModifiers modifiers)
     const bool fine = modifiers.testFlag(Qt::ControlModifier);
     const bool snaps = modifiers.testFlag(Qt::ShiftModifier);
     m_turned += fine ? turn * 0.1 : turn;
-    const double grid = snaps ? kSnap : (fine ? kFineResolution : kResolution);
+    const double grid = snaps ? ui::kDialSnap : (fine ? kFineResolution : kResolution);
     dragValue({ui::nearestMultiple(m_turned, grid), 0.0});
 }
 
@@ -241,7 +241,7 @@ std::optional<ValueControl::Value> AnglePad::keyTarget(
         if (modifiers.testFlag(Qt::ControlModifier)) {
             return moved(way * 0.1);
         }
-        return moved(modifiers.testFlag(Qt::ShiftModifier) ? way * kSnap : way);
+        return moved(modifiers.testFlag(Qt::ShiftModifier) ? way * ui::kDialSnap : way);
     };
     switch (key) {
     case Qt::Key_Up:

@@ -4,6 +4,14 @@
 #include <MorrantUI/controls/padmath.h>
 #include <MorrantUI/morrantui_export.h>
 
+namespace ui {
+
+// Not in the class: constants of an exported class are not in a Windows library of mingw's.
+inline constexpr double kDialLimit = 3'600'000.0; ///< degrees; ten thousand turns
+inline constexpr double kDialSnap = 15.0;         ///< degrees
+
+} // namespace ui
+
 /// A dial for an angle in degrees: 0 points up, clockwise is greater. Dragging turns the needle by
 /// as much as the pointer turns round the centre, whole turns included, wherever the press was; a
 /// click alone changes nothing. Shift keeps to multiples of 15 degrees, Control turns by a tenth.
@@ -16,9 +24,6 @@ class MORRANT_UI_EXPORT AnglePad : public ValueControl
     Q_OBJECT
 
 public:
-    static constexpr double kLimit = 3'600'000.0; ///< degrees; ten thousand turns
-    static constexpr double kSnap = 15.0;         ///< degrees
-
     explicit AnglePad(QWidget* parent = nullptr);
     ~AnglePad() override;
 
@@ -27,8 +32,8 @@ public:
     /// Limits to the range and emits nothing. NaN is ignored.
     void setValue(double degrees);
 
-    /// The least and the greatest angle, `kLimit` to either side unless set. Limits that are not
-    /// finite or in the wrong order are ignored, wider ones are cut.
+    /// The least and the greatest angle, `ui::kDialLimit` to either side unless set. Limits that
+    /// are not finite or in the wrong order are ignored, wider ones are cut.
     void setRange(double minimum, double maximum);
     double minimum() const { return m_minimum; }
     double maximum() const { return m_maximum; }
@@ -54,8 +59,8 @@ protected:
 private:
     QPointF fromCenter(const QPointF& point) const;
 
-    double m_minimum = -kLimit;
-    double m_maximum = kLimit;
+    double m_minimum = -ui::kDialLimit;
+    double m_maximum = ui::kDialLimit;
     double m_default = 0.0;
     ui::TurnTracker m_tracker;
     double m_turned = 0.0;    ///< degrees the drag has come to, before snapping and limits

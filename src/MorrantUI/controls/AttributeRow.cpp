@@ -225,7 +225,7 @@ void AttributeRow::applyNameWidth()
 NumericField* AttributeRow::addField(double value)
 {
     const int index = fieldCount();
-    if (index == kMaxFields) {
+    if (index == ui::kMaxAttributeFields) {
         return nullptr;
     }
     QWidget* const previous = lastEditor();

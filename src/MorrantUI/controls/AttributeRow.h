@@ -14,6 +14,12 @@ class KeyframeButton;
 class NumericField;
 class PickWhip;
 
+namespace ui {
+
+inline constexpr int kMaxAttributeFields = 4; ///< in one AttributeRow
+
+} // namespace ui
+
 /// One attribute on one line: its name, up to four number fields or a colour, a button back to the
 /// default, the keyframe button and the connector for connections. It is a receiver of connections
 /// itself once the host accepts them.
@@ -25,8 +31,6 @@ class MORRANT_UI_EXPORT AttributeRow : public Widget, public ConnectionReceiver
     Q_OBJECT
 
 public:
-    static constexpr int kMaxFields = 4;
-
     explicit AttributeRow(const QString& name, QWidget* parent = nullptr);
     ~AttributeRow() override;
 

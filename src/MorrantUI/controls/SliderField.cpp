@@ -99,7 +99,7 @@ void SliderField::setStep(double step)
 
 void SliderField::setDecimals(int decimals)
 {
-    m_decimals = std::clamp(decimals, 0, kMaxDecimals);
+    m_decimals = std::clamp(decimals, 0, ui::kMaxSliderDecimals);
     applySetup();
 }
 

@@ -7,6 +7,12 @@
 class NumericField;
 class SliderTrack;
 
+namespace ui {
+
+inline constexpr int kMaxSliderDecimals = 3; ///< as many as a number field shows
+
+} // namespace ui
+
 /// A slider with a number field beside it, for one value. The slider spans the soft range, the
 /// range that is useful; the field takes any number of the hard range.
 ///
@@ -20,8 +26,6 @@ class MORRANT_UI_EXPORT SliderField : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int kMaxDecimals = 3; ///< as many as a number field shows
-
     /// From 0 to 1 in steps of 0.01, with two decimals.
     explicit SliderField(QWidget* parent = nullptr);
     ~SliderField() override;
