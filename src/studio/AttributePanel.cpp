@@ -184,10 +184,7 @@ bool AttributePanel::event(QEvent* event)
 
 void AttributePanel::rebuild()
 {
-    // Hidden controls end their gestures while there is still a row for them.
-    m_pages->hide();
-    m_editor.commit();
-    m_rows.clear();
+    m_rows.clear(); // first: what their widgets say while they die concerns nobody
     const auto document = m_editor.document();
     const auto transform =
         document ? transformOf(*document, m_layer) : std::vector<PropertyAddress>();
@@ -199,7 +196,6 @@ void AttributePanel::rebuild()
         transform.empty() ? QString()
                           : document->main.layers[static_cast<std::size_t>(m_layer)].name);
     m_pages->setCurrentIndex(transform.empty() ? 0 : 1);
-    m_pages->show();
 }
 
 QWidget* AttributePanel::buildRows(const std::vector<PropertyAddress>& addresses)

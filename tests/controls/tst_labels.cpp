@@ -278,12 +278,14 @@ void LabelsTest::aNameIsWholeInTheWidthItAsksFor()
 void LabelsTest::aNameThatDoesNotFitIsShownWholeInItsToolTip()
 {
     const QString name = QStringLiteral("<b>A rather long name</b>");
-    RenamableLabel label(name);
-    RolloverLabel link(name);
+    QWidget window; // which may be as wide as it likes
+    RenamableLabel label(name, &window);
+    RolloverLabel link(name, &window);
+    window.resize(400, 100);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
     for (QWidget* widget : {static_cast<QWidget*>(&label), static_cast<QWidget*>(&link)}) {
         widget->resize(widget->sizeHint());
-        widget->show();
-        QVERIFY(QTest::qWaitForWindowExposed(widget));
         QCOMPARE(toolTipOf(*widget), QString());
         widget->resize(60, widget->height());
         QVERIFY(widget->minimumSizeHint().width() < 60);

@@ -321,11 +321,12 @@ void SliderFieldTest::whatIsBeingTypedIsKept()
 
 void SliderFieldTest::setupThatChangesNothingPaintsNothing()
 {
+    int paints = 0; // counted until the panel has gone
     Panel panel;
     panel.slider->setStep(0.5);
     panel.slider->setDefaultValue(7);
     QTest::qWait(50);
-    int paints = 0;
+    paints = 0;
     ui::installEventFilter(
         panel.track,
         [&](QObject*, QEvent* event) {

@@ -195,7 +195,7 @@ void DockDraggingTest::aFloatingPanelDocksWhereItIsDropped()
     tree.showRow({140, 92});
     DockableGroup& root = tree.root();
     DockableWindow* b = root.getChild(1);
-    DockableWindow* f = DockTree::panel(QStringLiteral("f"), {90, 70});
+    DockableWindow* f = DockTree::panel(QStringLiteral("f"), {190, 70});
     f->move(60, 250);
     f->show();
     settle();

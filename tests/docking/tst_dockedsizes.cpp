@@ -37,20 +37,21 @@ void DockedSizesTest::aFloatingGroupGrowsTowardsTheNewcomer()
     DockTree tree;
     tree.show();
     const auto floatingGroup = [](Area area) {
-        DockableWindow* f = DockTree::panel(QStringLiteral("f"));
+        const QSize size(150, 80); // no less than what Windows lets a window have
+        DockableWindow* f = DockTree::panel(QStringLiteral("f"), size);
         f->show();
-        auto* group = f->dockInArea(DockTree::panel(QStringLiteral("g")), area);
+        auto* group = f->dockInArea(DockTree::panel(QStringLiteral("g"), size), area);
         group->move(150, 140);
         return qobject_cast<DockableGroup*>(group);
     };
     DockableGroup* row = floatingGroup(Area::Right);
     const QPoint where = row->getChild(0)->mapToGlobal(QPoint());
     const QSize before = row->size();
-    QCOMPARE(before, QSize(200, 80));
+    QCOMPARE(before, QSize(300, 80));
     DockableWindow* newcomer = DockTree::panel(QStringLiteral("n"), {70, 60});
     row->dockInArea(newcomer, Area::Left);
     QCOMPARE(row->pos(), QPoint(80, 140));
-    QCOMPARE(row->size(), QSize(270, 80));
+    QCOMPARE(row->size(), QSize(370, 80));
     QCOMPARE(row->getChild(1)->mapToGlobal(QPoint()), where);
     newcomer->undock(true); // and back again
     QCOMPARE(row->pos(), QPoint(150, 140));

@@ -492,7 +492,9 @@ void TabBarTest::anOverfullRowScrolls()
     Bench::layOut();
     header->setScrollOffset(INT_MAX);
     QVERIFY(isWholeInSight(57)); // no empty space behind
-    bench.bar.resize(6000, 200);
+    while (bench.bar.count() > 2) {
+        bench.bar.removeTab(2);
+    }
     Bench::layOut();
     QCOMPARE(header->scrollOffset(), 0);
     QVERIFY(!wheel({0, -120})); // everything in sight: the wheel is others'

@@ -14,6 +14,7 @@
 #include <MorrantUI/controls/KeyframeButton.h>
 #include <MorrantUI/controls/NumericField.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
+#include <MorrantUI/theme/eventfilters.h>
 
 #include <QClipboard>
 #include <QColorDialog>
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void theTitleAndTheSelectionFollowTheHistory();
     void keysOnAControlAreNotTheTransports();
     void theListSelectsByKeyAndLongListsOfColorsAreCut();
+    void aWindowMayDieInTheMiddleOfAGesture();
 };
 
 namespace {
@@ -165,6 +167,7 @@ void AttributePanelTest::initTestCase()
 
 void AttributePanelTest::aScrubMovesThePictureAndOneUndoRestoresIt()
 {
+    int paints = 0;
     OpenWindow window;
     const QImage before = window.picture();
     QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
@@ -176,12 +179,21 @@ void AttributePanelTest::aScrubMovesThePictureAndOneUndoRestoresIt()
         drag.pointer.release();
     }
     const double moved = window.x();
+    const auto count = [&paints](QObject*, QEvent* event) {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    };
+    window.settle();
+    ui::installEventFilter(&window.viewport(), count, &window.viewport());
     QCOMPARE(window.value(0, Attribute::Position)[1], 40.0);
     scrub(window.row(u"Position"_qs).field(1), 20);
     const QImage after = window.picture();
 
     window.pressUndo();
     QCOMPARE(window.value(0, Attribute::Position), (Numbers{moved, 40, 0, 0}));
+    paints = 0;
+    window.settle();
+    QTRY_COMPARE(paints, 1);
     window.pressUndo();
     QCOMPARE(window.picture(), before);
     QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
@@ -317,6 +329,16 @@ void AttributePanelTest::typedTextIsOneStepAndEscapeLeavesNone()
     QCOMPARE(window.x(), 30.0);
     QVERIFY(!window.editor().canUndo());
 
+    // What has been typed is what the user sees, and what undo takes back.
+    scrub(row.field(1), 30);
+    const double y = row.value(1);
+    type(row.field(1), "55");
+    window.findChild<QAction*>(u"undo"_qs)->trigger();
+    QCOMPARE(window.value(0, Attribute::Position)[1], y);
+    QCOMPARE(row.value(1), y);
+    window.pressUndo();
+    QCOMPARE(window.value(0, Attribute::Position)[1], 40.0);
+
     // What is typed when the frame changes belongs to the frame at which it was typed.
     type(window.row(u"Scale"_qs).field(1), "50");
     window.player().seek(10);
@@ -446,6 +468,22 @@ void AttributePanelTest::theListSelectsByKeyAndLongListsOfColorsAreCut()
     QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
         return label->text() == u"and 5 more"_qs;
     }));
+}
+
+void AttributePanelTest::aWindowMayDieInTheMiddleOfAGesture()
+{
+    auto window = std::make_unique<OpenWindow>();
+    Scrub drag(window->row(u"Position"_qs).field(0), 25);
+    std::shared_ptr<const Document> document = window->editor().document();
+    window.reset();
+    drag.pointer.release();
+    QVERIFY2(document->main.layers[0].transform.position.value[0] > 30, "what was done stays");
+
+    window = std::make_unique<OpenWindow>();
+    type(window->row(u"Position"_qs).field(0), "12");
+    document = window->editor().document();
+    window.reset();
+    QCOMPARE(document->main.layers[0].transform.position.value[0], 12.0);
 }
 
 const ui::test::Registration<AttributePanelTest> kRegistration;

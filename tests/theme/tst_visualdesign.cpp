@@ -178,10 +178,12 @@ void VisualDesignTest::highContrastDarkensTheGroundsOfTheFile()
         }
         for (const auto& [names, percent] : entries) {
             for (const QString& name : words(names)) {
-                const auto role = QPalette::ColorRole(roleOf(name));
+                const int role = roleOf(name);
                 const QString seen =
                     hex(ui::changeValue(colors[name], highContrast ? percent : 100.0));
-                QVERIFY2(role < 0 || hex(theme.color(role)) == seen, qPrintable(name));
+                QVERIFY2(
+                    role < 0 || hex(theme.color(QPalette::ColorRole(role))) == seen,
+                    qPrintable(name));
                 // A role's colour by its name stays the file's.
                 QVERIFY2(
                     hex(theme.getColor(name)) == (role < 0 ? seen : hex(colors[name])),

@@ -211,8 +211,15 @@ void DockableDragHandler::updateWindowOpacity()
     }
 }
 
-/// The widget at a point in the topmost window there but for one: what the off-screen platform
-/// cannot find out, since it cannot look through a window.
+/// Whether the platform cannot look through a window: off screen there is nothing to cut a hole
+/// into, and Windows asks for the window at a point without regard to holes.
+static bool cannotLookThrough()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform == QLatin1String("offscreen") || platform == QLatin1String("windows");
+}
+
+/// The widget at a point in the topmost window there but for one.
 static QWidget* widgetBelow(const QWidget& above, const QPoint& point)
 {
     const auto widgets = QApplication::topLevelWidgets();
@@ -239,9 +246,7 @@ DockableWindow* DockableDragHandler::windowUnderMouse()
     m_window->setAttribute(Qt::WA_TransparentForMouseEvents, true);
     QWidget* widget = qtutils::findWidgetAt(cursor);
     m_window->setAttribute(Qt::WA_TransparentForMouseEvents, false);
-    if (!widget && m_window->isWindow()
-        && QGuiApplication::platformName() == QLatin1String("offscreen"))
-    {
+    if (!widget && m_window->isWindow() && cannotLookThrough()) {
         widget = widgetBelow(*m_window, cursor);
     }
 
