@@ -84,8 +84,8 @@ void WidgetTest::theBorderLiesInsideTheWidgetUntilItIsCleared()
 
 void WidgetTest::everySetterRepaintsAVisibleWidget()
 {
+    int paints = 0; // counted until the widget has gone
     Widget widget;
-    int paints = 0;
     const auto count = [&](QObject*, QEvent* event) {
         paints += event->type() == QEvent::Paint ? 1 : 0;
         return false;
