@@ -1,5 +1,6 @@
 /// Docking beside a bare tree of splitters with the same panels, in one process and in turns.
 #include "Report.h"
+#include "themeassets.h"
 #include "timing.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
@@ -284,7 +285,11 @@ int main(int argc, char** argv)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     ui::bench::Report report(argc, argv);
     const QApplication app(argc, argv);
-    VisualDesignDark theme(QStringLiteral(MORRANT_ASSETS_DIR));
+    const QString assets = themeAssets();
+    if (assets.isEmpty()) {
+        return 1;
+    }
+    VisualDesignDark theme(assets);
     theme.applyAppStyle();
     if (report.wants("docking-undock docking-dock docking-growth docking-objects-left")) {
         measureChurn(report);

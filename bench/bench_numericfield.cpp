@@ -1,11 +1,11 @@
 #include "Report.h"
+#include "themeassets.h"
 #include "timing.h"
 #include <MorrantUI/MorrantUI.h>
 #include <MorrantUI/controls/NumericField.h>
 
 #include <QApplication>
 #include <QDoubleSpinBox>
-#include <QFile>
 #include <QMouseEvent>
 #include <QTimer>
 
@@ -167,9 +167,8 @@ int main(int argc, char** argv)
     Report report(argc, argv);
     QApplication::setDesktopSettingsAware(false);
     const QApplication app(argc, argv);
-    const QString assets = QStringLiteral(MORRANT_ASSETS_DIR);
-    if (!QFile::exists(assets + QStringLiteral("/Style/theme.json"))) {
-        std::fprintf(stderr, "no theme in %s\n", qPrintable(assets));
+    const QString assets = themeAssets();
+    if (assets.isEmpty()) {
         return 1;
     }
     VisualDesignDark theme(assets);

@@ -1,10 +1,10 @@
 #include "Report.h"
+#include "themeassets.h"
 #include "timing.h"
 #include <MorrantUI/MorrantUI.h>
 #include <MorrantUI/docking/TabBar.h>
 
 #include <QApplication>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QTabWidget>
@@ -110,9 +110,8 @@ int main(int argc, char** argv)
     Report report(argc, argv);
     QApplication::setDesktopSettingsAware(false);
     const QApplication app(argc, argv);
-    const QString assets = QStringLiteral(MORRANT_ASSETS_DIR);
-    if (!QFile::exists(assets + QStringLiteral("/Style/theme.json"))) {
-        std::fprintf(stderr, "no theme in %s\n", qPrintable(assets));
+    const QString assets = themeAssets();
+    if (assets.isEmpty()) {
         return 1;
     }
     VisualDesignDark theme(assets);

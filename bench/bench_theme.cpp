@@ -1,10 +1,10 @@
 #include "Report.h"
 #include "allocations.h"
+#include "themeassets.h"
 #include "timing.h"
 #include <MorrantUI/MorrantUI.h>
 
 #include <QApplication>
-#include <QFile>
 #include <QImage>
 #include <QJsonDocument>
 #include <QPainter>
@@ -239,10 +239,9 @@ int main(int argc, char** argv)
     Report report(argc, argv);
     QApplication::setDesktopSettingsAware(false);
     const QApplication app(argc, argv);
-    const QString assets = QStringLiteral(MORRANT_ASSETS_DIR);
-    if (!QFile::exists(assets + QStringLiteral("/Style/theme.json"))) {
-        std::fprintf(stderr, "no theme in %s\n", qPrintable(assets));
-        return 1; // an empty theme would be quick at everything
+    const QString assets = themeAssets();
+    if (assets.isEmpty()) {
+        return 1;
     }
 
     // Measured once: only the first theme of a process reads the font files.
