@@ -43,7 +43,10 @@
 #include <MorrantUI/docking/DockableDragHandler.h>
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
+#include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/DockableToolBarHeader.h>
 #include <MorrantUI/docking/DockableWindow.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
 #include <MorrantUI/docking/FlowLayout.h>

@@ -1,4 +1,5 @@
 #include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/SolidSplitter.h>
 #include <MorrantUI/docking/docktree.h>
 #include <MorrantUI/docking/shares.h>
@@ -25,9 +26,15 @@ static int sumOf(const QList<int>& sizes)
     return std::accumulate(sizes.begin(), sizes.end(), 0);
 }
 
-DockableGroup::DockableGroup()
+DockableGroup::DockableGroup(WindowMode mode)
 {
+    setWindowMode(mode);
     ui::docking::groupBorn(*this);
+}
+
+DockableGroup::DockableGroup()
+    : DockableGroup(WindowMode::Group)
+{
     auto* splitter = new SolidSplitter;
     splitter->setContentsMargins(0, 0, 0, 0);
     splitter->setHandleWidth(kHandleWidth);
@@ -73,18 +80,24 @@ DockableWindow* DockableGroup::takeChild(int index)
     }
     ui::docking::LayoutChange change;
     change.note(*child);
-    if (child->m_directionHandedDown) {
-        child->unsetLayoutDirection();
-        child->m_directionHandedDown = false;
-    }
-    child->makeFloating();
-    if (auto* group = qobject_cast<DockableGroup*>(child)) {
-        group->setBorderVisible(true);
-    }
+    release(*child);
     if (!Rearranging::active()) {
         giveRoomBack(*child);
     }
     return child;
+}
+
+/// What a child is without a group.
+void DockableGroup::release(DockableWindow& child)
+{
+    if (child.m_directionHandedDown) {
+        child.unsetLayoutDirection();
+        child.m_directionHandedDown = false;
+    }
+    child.makeFloating();
+    if (auto* group = qobject_cast<DockableGroup*>(&child)) {
+        group->setBorderVisible(true);
+    }
 }
 
 void DockableGroup::appendChild(DockableWindow* window)
@@ -98,21 +111,13 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
         return;
     }
     ui::docking::LayoutChange change;
-    change.note(*window);
-    const QPointer<DockableGroup> old = groupOf(*window);
-    if (old) {
-        old->takeChild(old->indexOfChild(window));
-    }
-    window->settleLimits();
-    const int place = index < 0 || index > childCount() ? childCount() : index;
+    const QPointer<DockableGroup> old = receive(*window);
+    const int place = placeFor(index);
     Arrival arrival = arrivalOf(*window);
     if (!Rearranging::active()) {
         growFor(*window, place);
     }
 
-    if (auto* group = qobject_cast<DockableGroup*>(window)) {
-        group->setBorderVisible(false);
-    }
     window->dropNativeWindow();
     // The splitter shall show it at once, and its handle with it, even if it was hidden on purpose.
     window->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
@@ -122,9 +127,49 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
 
     if (!Rearranging::active()) {
         shareRoom(std::move(arrival), place);
-        if (old && old != this) {
-            old->collapseIfNeedless();
-        }
+    }
+    tidyAfterReceiving(old);
+}
+
+/// Takes a window to insert out of the group it is in, which is returned, and readies it.
+QPointer<DockableGroup> DockableGroup::receive(DockableWindow& window)
+{
+    ui::docking::LayoutChange change;
+    change.note(window);
+    QPointer<DockableGroup> old = groupOf(window);
+    if (old) {
+        old->takeChild(old->indexOfChild(&window));
+    }
+    window.settleLimits();
+    if (auto* group = qobject_cast<DockableGroup*>(&window)) {
+        group->setBorderVisible(false);
+    }
+    return old;
+}
+
+void DockableGroup::tidyAfterReceiving(const QPointer<DockableGroup>& old)
+{
+    if (old && old != this && !Rearranging::active()) {
+        old->collapseIfNeedless();
+    }
+}
+
+int DockableGroup::placeFor(int index) const
+{
+    return index < 0 || index > childCount() ? childCount() : index;
+}
+
+/// Whether a child is seen: that of a tab group may lie behind another.
+bool DockableGroup::isInFront(const DockableWindow& child) const
+{
+    const auto* tabs = qobject_cast<const DockableTabGroup*>(this);
+    return !tabs || tabs->activeChild() == &child;
+}
+
+void DockableGroup::bringForward(DockableWindow& child)
+{
+    if (auto* tabs = qobject_cast<DockableTabGroup*>(this)) {
+        tabs->setActiveIndex(indexOfChild(&child));
     }
 }
 
@@ -233,9 +278,10 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
     const Rearranging rearranging;
     const QList<int> neighbours = parent.sizes();
     const int place = parent.indexOfChild(this);
+    const bool inFront = parent.isInFront(*this);
     QList<int> parts = sizes();
     if (parent.getLayoutMode() != m_layoutMode || sumOf(parts) == 0) {
-        parts.fill(1); // lying across, they had all of it
+        parts = QList<int>(childCount(), 1); // lying across or in tabs, they had all of it
     }
     removeFromParent(&parent);
 
@@ -246,6 +292,9 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
             parent.insertChild(index++, child);
             last = child;
         }
+    }
+    if (last && inFront) {
+        parent.bringForward(*parent.getChild(place));
     }
     const int count = index - place;
     if (count != parts.size() || sumOf(neighbours) == 0) {
@@ -356,7 +405,7 @@ DockableGroup::LayoutMode DockableGroup::layoutModeOf(DockableArea area)
 /// A new group for what is docked at an area.
 DockableGroup* DockableGroup::makeFor(DockableArea area)
 {
-    auto* group = new DockableGroup;
+    auto* group = area == DockableArea::Center ? new DockableTabGroup : new DockableGroup;
     group->setLayoutMode(layoutModeOf(area));
     return group;
 }
@@ -376,6 +425,7 @@ void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
         setLayoutMode(layoutModeOf(area)); // another one only while there are no children
     }
     insertChild(ui::docking::insertIndex(area), &window);
+    bringForward(window);
     updateGeometry();
     window.updateGeometry();
 }

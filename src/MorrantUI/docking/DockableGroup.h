@@ -68,6 +68,9 @@ Q_SIGNALS:
     void layoutChanged();
 
 protected:
+    /// What every group starts from, without a splitter.
+    explicit DockableGroup(WindowMode mode);
+
     /// The base behaviour, then the border is back.
     void removeFromParent(DockableGroup* group) override;
 
@@ -85,6 +88,7 @@ protected:
 
 private:
     friend class DockableWindow;
+    friend class DockableTabGroup;
 
     /// A newcomer's arrival, and how things were before: undone when it leaves.
     struct Arrival
@@ -109,6 +113,13 @@ private:
     void closeEmptied();
     void collapseIfNeedless();
     void closeIfEmpty();
+
+    QPointer<DockableGroup> receive(DockableWindow& window);
+    void tidyAfterReceiving(const QPointer<DockableGroup>& old);
+    void release(DockableWindow& child);
+    int placeFor(int index) const;
+    bool isInFront(const DockableWindow& child) const;
+    void bringForward(DockableWindow& child);
 
     void growFor(DockableWindow& window, int place);
     void shareRoom(Arrival arrival, int place);

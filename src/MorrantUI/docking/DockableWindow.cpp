@@ -158,6 +158,8 @@ void DockableWindow::setText(const QString& text)
     m_text = text;
     setWindowTitle(text);
     if (changed) {
+        ui::docking::LayoutChange change;
+        change.noteTabs(); // one of them may show it
         Q_EMIT textChanged(text);
     }
 }
@@ -494,14 +496,14 @@ bool DockableWindow::canTake(DockableWindow* window)
     return true;
 }
 
-/// Whether docking at the area needs nothing that there is not: tabs, or a root that can be split.
+/// Whether there is a way to dock at the area: a root keeps its kind.
 bool DockableWindow::canSplit(DockableArea area)
 {
     auto* group = qobject_cast<DockableGroup*>(this);
     if (group && group->takesDirectly(area)) {
         return true;
     }
-    return this == gMainWindow ? m_windowMode == WindowMode::Group : area != DockableArea::Center;
+    return this != gMainWindow || m_windowMode == WindowMode::Group;
 }
 
 DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea area)
@@ -555,13 +557,18 @@ DockableGroup* DockableWindow::dockInPlace(
     const Rearranging rearranging;
     const QList<int> neighbours = parent.sizes();
     const int index = parent.indexOfChild(this);
+    const bool inFront = parent.isInFront(*this);
     const QList<int> shares = holder->sharesFor(extentAlong(area), window.extentAlong(area), area);
 
     undock(false);
     holder->appendChild(this);
     holder->insertChild(ui::docking::insertIndex(area), &window);
+    holder->bringForward(window);
     holder->setSizes(shares);
     parent.insertChild(index, holder);
+    if (inFront) {
+        parent.bringForward(*holder);
+    }
     parent.holderArrived(*this, *holder, neighbours);
     return holder;
 }
@@ -574,6 +581,7 @@ DockableGroup* DockableWindow::dockFloating(DockableWindow& window, DockableArea
     const int own = extentAlong(area);
     holder->appendChild(this);
     holder->insertChild(ui::docking::insertIndex(area), &window);
+    holder->bringForward(window);
     holder->setSizesAround(*this, own);
     holder->move(position);
     holder->show();

@@ -150,6 +150,7 @@ protected:
 private:
     friend class DockableDragHandler;
     friend class DockableGroup;
+    friend class DockableTabGroup;
     using Widget::setChild; // would delete the layout
 
     void makeFloating();

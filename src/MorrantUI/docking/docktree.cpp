@@ -1,4 +1,5 @@
 #include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/docktree.h>
 
 #include <QApplication>
@@ -28,6 +29,7 @@ struct Operation
 {
     int depth = 0;
     std::vector<Seen> seen;
+    bool tabs = false;
 };
 
 Operation& operation()
@@ -92,13 +94,39 @@ LayoutChange::~LayoutChange()
         return;
     }
     const std::vector<Seen> seen = std::exchange(operation().seen, {});
-    if (seen.empty()) {
-        return;
-    }
+    const bool tabs = std::exchange(operation().tabs, false);
+    const bool tabChanged = (tabs || !seen.empty()) && settleTabs();
     for (const Seen& window : seen) {
         report(window);
     }
-    reportLayoutChange();
+    if (tabChanged || !seen.empty()) {
+        reportLayoutChange();
+    }
+}
+
+void LayoutChange::noteTabs()
+{
+    operation().tabs = true;
+}
+
+/// Titles first, so that slots find them right.
+/// @return whether another tab is active somewhere
+bool LayoutChange::settleTabs()
+{
+    std::vector<QPointer<DockableTabGroup>> found; // slots may delete groups
+    for (DockableGroup* group : livingGroups()) {
+        if (auto* tabs = qobject_cast<DockableTabGroup*>(group)) {
+            tabs->showTitles();
+            found.emplace_back(tabs);
+        }
+    }
+    bool changed = false;
+    for (const auto& tabs : found) {
+        if (tabs && tabs->reportActive()) {
+            changed = true;
+        }
+    }
+    return changed;
 }
 
 void LayoutChange::note(DockableWindow& window)

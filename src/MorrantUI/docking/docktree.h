@@ -32,6 +32,12 @@ public:
 
     /// To be called before the window moves.
     void note(DockableWindow& window);
+
+    /// Titles of tabs, or which one is active, may be others at the end.
+    void noteTabs();
+
+private:
+    static bool settleTabs();
 };
 
 /// Sends the main window's layoutChanged().

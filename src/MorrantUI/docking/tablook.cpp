@@ -42,8 +42,14 @@ void paintTab(QPainter& painter, const QRectF& tab, bool active, const Mood& moo
         return;
     }
     fillRounded(painter, shape, kRadius, ink(colorQt(QStringLiteral("Window")), mood));
+    paintAccent(painter, tab, mood);
+}
+
+void paintAccent(QPainter& painter, const QRectF& tab, const Mood& mood)
+{
+    const PainterState state(painter);
     painter.setClipRect(QRectF(tab.left(), tab.top(), tab.width(), kAccentLine));
-    fillRounded(painter, shape, kRadius, ink(focusColor(), mood));
+    fillRounded(painter, tab.adjusted(0, 0, 0, kRadius), kRadius, ink(focusColor(), mood));
 }
 
 QColor rowGround()

@@ -20,6 +20,9 @@ int tabHeight(const QWidget& widget);
 /// the accent colour along its top.
 void paintTab(QPainter& painter, const QRectF& tab, bool active, const style::Mood& mood);
 
+/// That line alone.
+void paintAccent(QPainter& painter, const QRectF& tab, const style::Mood& mood);
+
 /// What the tabs stand on.
 QColor rowGround();
 

@@ -1,0 +1,139 @@
+#include "DockTabStrip.h"
+
+#include "TabRow.h"
+#include "tabkeys.h"
+#include "tablook.h"
+#include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/TabGradientOverlay.h>
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+using ui::tabs::Command;
+
+static constexpr int kWidestFade = 24; ///< logical pixels
+static constexpr int kLeastWidth = 40; ///< of the strip, whatever its tabs need
+
+DockTabStrip::DockTabStrip(QWidget* group)
+    : QWidget(group)
+    , m_row(new TabRow(this))
+    , m_tabs(m_row->tabs())
+    , m_fades(new TabGradientOverlay(this))
+{
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    connect(m_row, &TabRow::placed, this, [this] {
+        m_fades->setFades(ui::tabs::fades(m_row->view(), kWidestFade));
+    });
+}
+
+DockTabStrip::~DockTabStrip()
+{
+    m_row->disconnect(this);
+}
+
+int DockTabStrip::count() const
+{
+    return m_tabs->count();
+}
+
+DockableTabWidget* DockTabStrip::tabAt(int index) const
+{
+    QLayoutItem* item = m_tabs->itemAt(index);
+    return item ? qobject_cast<DockableTabWidget*>(item->widget()) : nullptr;
+}
+
+int DockTabStrip::indexOf(QWidget* tab) const
+{
+    return tab ? m_tabs->indexOf(tab) : -1;
+}
+
+int DockTabStrip::activeIndex() const
+{
+    for (int index = 0; index < count(); ++index) {
+        if (tabAt(index)->isActive()) {
+            return index;
+        }
+    }
+    return -1;
+}
+
+void DockTabStrip::insertTab(int index, DockableTabWidget* tab)
+{
+    m_tabs->insertWidget(index, tab);
+    tab->show();
+    m_row->place();
+}
+
+void DockTabStrip::removeTab(int index)
+{
+    DockableTabWidget* tab = tabAt(index);
+    if (!tab) {
+        return;
+    }
+    m_tabs->removeWidget(tab);
+    tab->hide();
+    tab->deleteLater();
+    m_row->place();
+}
+
+void DockTabStrip::reveal(int index)
+{
+    if (index >= 0 && index < count()) {
+        m_row->reveal(index);
+    }
+}
+
+QSize DockTabStrip::sizeHint() const
+{
+    return {m_tabs->sizeHint().width(), ui::tabs::tabHeight(*this)};
+}
+
+QSize DockTabStrip::minimumSizeHint() const
+{
+    return {std::min(kLeastWidth, sizeHint().width()), sizeHint().height()};
+}
+
+void DockTabStrip::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), ui::tabs::rowGround());
+}
+
+void DockTabStrip::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_fades->setGeometry(rect());
+    m_row->place();
+    reveal(activeIndex());
+}
+
+void DockTabStrip::wheelEvent(QWheelEvent* event)
+{
+    event->setAccepted(m_row->scrollByWheel(*event));
+}
+
+/// Keys that the tab with the focus has left over.
+void DockTabStrip::keyPressEvent(QKeyEvent* event)
+{
+    const int active = activeIndex();
+    int wanted = -1;
+    switch (ui::tabs::commandOf(*event, layoutDirection())) {
+    case Command::SelectPrevious: wanted = active - 1; break;
+    case Command::SelectNext: wanted = active + 1; break;
+    case Command::SelectFirst: wanted = 0; break;
+    case Command::SelectLast: wanted = count() - 1; break;
+    default: QWidget::keyPressEvent(event); return;
+    }
+    wanted = std::clamp(wanted, 0, std::max(count() - 1, 0));
+    if (wanted == active) {
+        return;
+    }
+    Q_EMIT chosen(wanted);
+    if (DockableTabWidget* tab = tabAt(wanted)) {
+        tab->setFocus(Qt::TabFocusReason); // shows the ring
+    }
+}

@@ -1,0 +1,222 @@
+#include "DockTabStrip.h"
+#include "PageStack.h"
+#include <MorrantUI/docking/DockableTabGroup.h>
+#include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/docktree.h>
+
+#include <QBoxLayout>
+
+#include <algorithm>
+
+static const QSizePolicy& noSay()
+{
+    static const QSizePolicy ignored(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    return ignored;
+}
+
+/// A group has no title of its own as a rule: it goes by the first panel in it, or the one in
+/// front.
+static QString titleOf(DockableWindow& window)
+{
+    QString title = window.getText();
+    auto* group = qobject_cast<DockableGroup*>(&window);
+    for (int i = 0; title.isEmpty() && group && i < group->childCount(); ++i) {
+        auto* tabs = qobject_cast<DockableTabGroup*>(group);
+        DockableWindow* child = tabs && i == 0 ? tabs->activeChild() : group->getChild(i);
+        title = child ? titleOf(*child) : QString();
+    }
+    return title;
+}
+
+DockableTabGroup::DockableTabGroup()
+    : DockableGroup(WindowMode::TabGroup)
+    , m_strip(new DockTabStrip(this))
+    , m_stack(new PageStack(this))
+{
+    m_layout->addWidget(m_strip);
+    m_layout->addWidget(m_stack, 1);
+    connect(m_strip, &DockTabStrip::chosen, this, &DockableTabGroup::setActiveIndex);
+    connect(m_stack, &QStackedWidget::widgetRemoved, this, &DockableTabGroup::forgetTab);
+}
+
+DockableTabGroup::~DockableTabGroup()
+{
+    m_stack->disconnect(this); // it outlives this part of the group
+}
+
+int DockableTabGroup::childCount() const
+{
+    return m_stack->count();
+}
+
+DockableWindow* DockableTabGroup::getChild(int index)
+{
+    return qobject_cast<DockableWindow*>(m_stack->widget(index));
+}
+
+int DockableTabGroup::indexOfChild(DockableWindow* window)
+{
+    return window ? m_stack->indexOf(window) : -1;
+}
+
+DockableTabWidget* DockableTabGroup::tabAt(int index) const
+{
+    return m_strip->tabAt(index);
+}
+
+void DockableTabGroup::appendChild(DockableWindow* window)
+{
+    insertChild(-1, window);
+}
+
+void DockableTabGroup::insertChild(int index, DockableWindow* window)
+{
+    if (!canTake(window)) {
+        return;
+    }
+    ui::docking::LayoutChange change;
+    const QPointer<DockableGroup> old = receive(*window);
+    const int place = placeFor(index);
+    if (childCount() == 0 && isFloating()) {
+        resize(window->size());
+    }
+    m_sizePolicies[window] = window->sizePolicy();
+    window->setSizePolicy(noSay());
+    if (window->windowMode() == WindowMode::Panel) {
+        window->setHeaderVisible(false);
+    }
+    window->dropNativeWindow();
+    addTab(place, *window);
+    m_stack->insertWidget(place, window);
+    handDownDirection(*window);
+    if (!m_active) {
+        setActiveIndex(place);
+    }
+    tidyAfterReceiving(old);
+}
+
+void DockableTabGroup::addTab(int index, DockableWindow& window)
+{
+    auto* tab = new DockableTabWidget(titleOf(window));
+    tab->installEventFilter(&window.m_dragHandler);
+    const QPointer<DockableWindow> child(&window);
+    connect(tab, &DockableTabWidget::pressed, this, [this, child] {
+        setActiveIndex(indexOfChild(child));
+    });
+    m_strip->insertTab(index, tab);
+}
+
+DockableWindow* DockableTabGroup::takeChild(int index)
+{
+    DockableWindow* child = getChild(index);
+    if (!child) {
+        return nullptr;
+    }
+    ui::docking::LayoutChange change;
+    change.note(*child);
+    if (child == m_active) {
+        setActiveIndex(index == 0 ? 1 : 0); // instead of the neighbour, which Qt would show
+    }
+    tabAt(index)->removeEventFilter(&child->m_dragHandler);
+    if (child != m_active) {
+        child->setSizePolicy(m_sizePolicies.at(child));
+    }
+    m_stack->removeWidget(child);
+    release(*child);
+    if (child->windowMode() == WindowMode::Panel) {
+        child->setHeaderVisible(true);
+    }
+    setActiveIndex(0);
+    return child;
+}
+
+/// After a child has left the stack, taken out or deleted or given another parent.
+void DockableTabGroup::forgetTab(int index)
+{
+    m_strip->removeTab(index);
+    std::erase_if(m_sizePolicies, [this](const auto& entry) {
+        const auto* const window = entry.first; // compared only: it may be on its way out
+        for (int i = 0; i < childCount(); ++i) {
+            if (getChild(i) == window) {
+                return false;
+            }
+        }
+        return true;
+    });
+    if (indexOfChild(m_active) < 0) {
+        m_active.clear();
+        setActiveIndex(0);
+    }
+    ui::docking::LayoutChange change;
+    change.noteTabs();
+}
+
+void DockableTabGroup::setActiveIndex(int index)
+{
+    DockableWindow* const next = getChild(index);
+    if (!next || (next == m_active && m_stack->currentIndex() == index)) {
+        return;
+    }
+    ui::docking::LayoutChange change;
+    change.noteTabs();
+    const QSize leastBefore = m_stack->minimumSizeHint();
+    DockableWindow* const before = m_active;
+    m_active = next;
+    m_stack->setCurrentIndex(index);
+    if (before && before != next) {
+        m_sizePolicies[before] = before->sizePolicy(); // the host may have changed it meanwhile
+        before->setSizePolicy(noSay());
+        tabAt(indexOfChild(before))->setActive(false);
+    }
+    next->setSizePolicy(m_sizePolicies.at(next));
+    tabAt(index)->setActive(true);
+    m_strip->reveal(index);
+    if (m_stack->minimumSizeHint() != leastBefore) {
+        m_stack->updateGeometry();
+    }
+}
+
+int DockableTabGroup::activeIndex() const
+{
+    return m_active ? m_stack->indexOf(m_active) : -1;
+}
+
+DockableWindow* DockableTabGroup::activeChild() const
+{
+    return m_active;
+}
+
+void DockableTabGroup::setTabTextForChild(DockableWindow* window, const QString& text)
+{
+    DockableTabWidget* tab = tabAt(indexOfChild(window));
+    if (tab && !text.isEmpty()) {
+        tab->setText(text);
+        window->setText(text);
+    }
+}
+
+int DockableTabGroup::topOffset()
+{
+    return m_strip->isVisible() ? m_strip->height() : 0;
+}
+
+void DockableTabGroup::showTitles()
+{
+    for (int i = 0; i < childCount(); ++i) {
+        if (DockableWindow* child = getChild(i)) {
+            tabAt(i)->setText(titleOf(*child));
+        }
+    }
+}
+
+/// @return whether there was anything to report
+bool DockableTabGroup::reportActive()
+{
+    const int index = activeIndex();
+    if (index == m_activeIndex) {
+        return false;
+    }
+    m_activeIndex = index;
+    Q_EMIT activeIndexChanged(index);
+    return true;
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/morrantui_export.h>
+
+#include <QPointer>
+#include <QSizePolicy>
+
+#include <map>
+
+class DockTabStrip;
+class DockableTabWidget;
+class PageStack;
+
+namespace ui::docking {
+class LayoutChange;
+}
+
+/// Dockable windows one behind the other, of which the tabs of a strip above them choose the one
+/// that is seen.
+///
+/// The first child becomes active when it comes, and again whenever a child is taken out; a window
+/// that is docked at the centre becomes active. Only the active child has a say in how large the
+/// group is: the others' size policies are ignored meanwhile, and given back when they leave. A
+/// panel shows no header here, since its tab has the title; dragging the tab tears it out.
+///
+/// Left and Right walk between tabs, Home and End go to the outermost, while a tab has the keyboard
+/// focus; the Menu key opens the window's menu there.
+class MORRANT_UI_EXPORT DockableTabGroup : public DockableGroup
+{
+    Q_OBJECT
+
+public:
+    /// An empty group, floating and hidden.
+    DockableTabGroup();
+    ~DockableTabGroup() override;
+
+    DockableWindow* takeChild(int index) override;
+    int childCount() const override;
+    DockableWindow* getChild(int index) override;
+    int indexOfChild(DockableWindow* window) override;
+    /// Puts a window before the tab of that index; any index out of range appends. The child that
+    /// is active stays so. A floating group takes the size of its first child. A window that is in
+    /// another group leaves that one.
+    void insertChild(int index, DockableWindow* window) override;
+    void appendChild(DockableWindow* window) override;
+
+    /// Brings a child to the front. Out of range does nothing. Focus that was in the child before
+    /// goes to where it last was in the new one.
+    void setActiveIndex(int index);
+    /// -1 without children.
+    int activeIndex() const;
+    DockableWindow* activeChild() const;
+
+    /// The text of a child's tab, and of the child itself. Does nothing for a window that is not a
+    /// child, and for an empty text.
+    void setTabTextForChild(DockableWindow* window, const QString& text);
+
+    /// Null for an index out of range. A tab lasts until its child leaves.
+    DockableTabWidget* tabAt(int index) const;
+
+Q_SIGNALS:
+    /// Another child is active now, or the active one has another index; -1 when none is left.
+    /// gMainWindow's layoutChanged() follows.
+    void activeIndexChanged(int index);
+
+protected:
+    /// Height of the strip: it is this group's centre zone, where further tabs are dropped.
+    int topOffset() override;
+
+private:
+    friend class ui::docking::LayoutChange; // tells when titles and indices may be others
+
+    void addTab(int index, DockableWindow& window);
+    void forgetTab(int index);
+    void showTitles();
+    bool reportActive();
+
+    DockTabStrip* m_strip;
+    PageStack* m_stack;
+    std::map<const DockableWindow*, QSizePolicy>
+        m_sizePolicies; ///< of children, while theirs are ignored
+    QPointer<DockableWindow> m_active;
+    int m_activeIndex = -1; ///< as last reported
+};

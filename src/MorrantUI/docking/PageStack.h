@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QStackedWidget>
+
+/// A stack that is as small as the page in front may be. Qt's own keeps room for the minimum sizes
+/// of all pages.
+class PageStack : public QStackedWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PageStack(QWidget* parent);
+    ~PageStack() override;
+
+    QSize minimumSizeHint() const override;
+};
