@@ -1,6 +1,7 @@
 #include <MorrantUI/docking/DockableDragHandler.h>
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/platform/windowsystem.h>
 #include <MorrantUI/theme/eventfilters.h>
 #include <MorrantUI/theme/widgets.h>
 
@@ -223,10 +224,10 @@ static bool cannotLookThrough()
 static QWidget* widgetBelow(const QWidget& above, const QPoint& point)
 {
     const auto widgets = QApplication::topLevelWidgets();
-    const auto windows = QGuiApplication::topLevelWindows(); // oldest first, as they lie
-    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    const auto windows = morrant::native::system::windowsFromTop();
+    for (const QWindow* window : windows) {
         for (QWidget* widget : widgets) {
-            const bool here = widget != &above && widget->windowHandle() == *window
+            const bool here = widget != &above && widget->windowHandle() == window
                               && widget->isVisible() && widget->geometry().contains(point);
             if (here) {
                 QWidget* child = widget->childAt(widget->mapFromGlobal(point));

@@ -172,4 +172,12 @@ void setAlwaysOnTop(QWindow& window, bool on)
     x11.setAtoms(property, states);
 }
 
+/// Qt itself finds the window below another one on X11, so that nobody asks there.
+QWindowList windowsFromTop()
+{
+    QWindowList windows = QGuiApplication::topLevelWindows();
+    std::reverse(windows.begin(), windows.end());
+    return windows;
+}
+
 } // namespace morrant::native::system

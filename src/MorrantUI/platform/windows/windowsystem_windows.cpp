@@ -4,6 +4,9 @@
 #include <QGuiApplication>
 #include <QWindow>
 
+#include <algorithm>
+#include <vector>
+
 namespace morrant::native::system {
 
 /// Null, which every call below refuses, when Qt draws somewhere else: off screen a window's number
@@ -74,6 +77,28 @@ void setAlwaysOnTop(QWindow& window, bool on)
     if (neighbour) {
         moveBehind(handle, neighbour);
     }
+}
+
+static BOOL CALLBACK addHandle(HWND handle, LPARAM handles)
+{
+    reinterpret_cast<std::vector<HWND>*>(handles)->push_back(handle);
+    return TRUE;
+}
+
+QWindowList windowsFromTop()
+{
+    QWindowList windows = QGuiApplication::topLevelWindows();
+    std::reverse(windows.begin(), windows.end());
+    std::vector<HWND> handles; // of all programs, the topmost first
+    EnumWindows(addHandle, reinterpret_cast<LPARAM>(&handles));
+    const auto depth = [&handles](const QWindow* window) {
+        const HWND handle = window->handle() ? handleOf(*window) : nullptr;
+        return std::find(handles.begin(), handles.end(), handle) - handles.begin();
+    };
+    std::stable_sort(windows.begin(), windows.end(), [&](const QWindow* a, const QWindow* b) {
+        return depth(a) < depth(b);
+    });
+    return windows;
 }
 
 } // namespace morrant::native::system
