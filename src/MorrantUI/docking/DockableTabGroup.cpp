@@ -104,6 +104,23 @@ void DockableTabGroup::addTab(int index, DockableWindow& window)
         setActiveIndex(indexOfChild(child));
     });
     m_strip->insertTab(index, tab);
+    window.installEventFilter(this);
+}
+
+bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ShowToParent && watched != m_active) {
+        // Later, when the stack is done with what it may be doing: it shows a neighbour of each
+        // page that leaves.
+        const QPointer<DockableWindow> child = qobject_cast<DockableWindow*>(watched);
+        const auto bringForward = [this, child] {
+            if (child && !child->isHidden()) {
+                setActiveIndex(indexOfChild(child));
+            }
+        };
+        QMetaObject::invokeMethod(this, bringForward, Qt::QueuedConnection);
+    }
+    return DockableGroup::eventFilter(watched, event);
 }
 
 DockableWindow* DockableTabGroup::takeChild(int index)
@@ -121,6 +138,7 @@ DockableWindow* DockableTabGroup::takeChild(int index)
     if (child != m_active) {
         child->setSizePolicy(m_sizePolicies.at(child));
     }
+    child->removeEventFilter(this);
     m_stack->removeWidget(child);
     release(*child);
     if (child->windowMode() == WindowMode::Panel) {

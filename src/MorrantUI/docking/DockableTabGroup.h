@@ -45,6 +45,9 @@ public:
     void insertChild(int index, DockableWindow* window) override;
     void appendChild(DockableWindow* window) override;
 
+    /// A child that is shown comes to the front.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     /// Brings a child to the front. Out of range does nothing. Focus that was in the child before
     /// goes to where it last was in the new one.
     void setActiveIndex(int index);

@@ -113,6 +113,10 @@ void DockableWindow::setHeader(DockableHeader* header)
     header->setText(m_text);
     header->setAttribute(Qt::WA_DontCreateNativeAncestors); // as the constructor does
     m_layout->insertWidget(0, header);
+    if (DockableGroup* group = groupOf(*this); group && group->windowMode() == WindowMode::TabGroup)
+    {
+        header->hide(); // the tab has the title
+    }
     if (m_dim) {
         m_dimmer->raise();
     }
