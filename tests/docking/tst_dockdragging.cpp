@@ -3,12 +3,16 @@
 #include "support/TestCase.h"
 #include "support/pixels.h"
 #include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/docking/DockableTabGroup.h>
+#include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
 #include <MorrantUI/docking/dropzones.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QMenu>
+#include <QPushButton>
 #include <QTimer>
 
 #include <functional>
@@ -42,6 +46,9 @@ private Q_SLOTS:
     void whoeverDiesInADragTheNextOneWorks_data();
     void whoeverDiesInADragTheNextOneWorks();
     void aLockedPanelStays();
+    void whatCannotBeSeenIsNoTarget();
+    void aDropWhereItAlreadyIsChangesNothing();
+    void aSlotOfTheDropMayWaitForClicks();
     void theHeadersMenuActsOnTheWindow();
 
 private:
@@ -237,7 +244,7 @@ void DockDraggingTest::theFirstMoveOverATargetHighlightsNothing()
     const int y = b->height() / 2;
     QVERIFY(!closeTo(pixelAt(image, QPointF(10, y)), pixelAt(image, QPointF(b->width() - 10, y))));
     QCOMPARE(pixelAt(image, b->rect().center()).alpha(), 0);
-    b->resize(b->size()); // the overlay follows its window
+    b->resize(b->size() + QSize(10, 10)); // the overlay follows its window
     QCOMPARE(indicator->size(), b->size());
     hand.moveTo(inMiddle(*a));
     QVERIFY(!indicator->isVisible());
@@ -388,6 +395,74 @@ void DockDraggingTest::aLockedPanelStays()
     QCOMPARE(a->windowOpacity(), 1.0);
     hand.release();
     QCOMPARE(brokenInvariants().join(u'\n'), QString());
+}
+
+void DockDraggingTest::whatCannotBeSeenIsNoTarget()
+{
+    DockTree tree;
+    tree.show();
+    DockableWindow* hidden = DockTree::panel(QStringLiteral("f"), {200, 150});
+    DockableWindow* dragged = DockTree::panel(QStringLiteral("g"), {200, 150});
+    hidden->move(640, 120);
+    dragged->move(300, 420);
+    hidden->show();
+    dragged->show();
+    settle();
+    const QPoint zone = inLeftZone(*hidden);
+    hidden->showMinimized();
+    settle();
+    Hand hand;
+    hand.press(*dragged->header(), grip());
+    hand.moveTo(zone, 4);
+    hand.release();
+    QVERIFY(dragged->isFloating());
+    QCOMPARE(hidden->dropArea(), Area::None);
+}
+
+void DockDraggingTest::aDropWhereItAlreadyIsChangesNothing()
+{
+    DockTree tree(QSize(340, 200));
+    tree.showRow({120, 80, 80});
+    DockableWindow* a = tree.root().getChild(0);
+    const QList<int> sizes = tree.root().sizes();
+    QCOMPARE(tree.root().dockInArea(a, Area::Left), &tree.root());
+    QCOMPARE(tree.root().sizes(), sizes);
+
+    tree.root().getChild(1)->dockInArea(tree.root().getChild(2), Area::Center);
+    auto* tabs = qobject_cast<DockableTabGroup*>(tree.root().getChild(1));
+    Hand hand;
+    hand.press(*tabs->tabAt(0), grip());
+    hand.moveTo(tabs->tabAt(0)->mapToGlobal(grip() + QPoint(14, 0)), 4);
+    hand.release();
+    settle();
+    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(a T(b c))"));
+    QCOMPARE(tabs->activeIndex(), 0);
+    QCOMPARE(brokenInvariants().join(u'\n'), QString());
+}
+
+void DockDraggingTest::aSlotOfTheDropMayWaitForClicks()
+{
+    DockTree tree(QSize(400, 300));
+    tree.showRow({120, 120});
+    DockableWindow* b = tree.root().getChild(1);
+    int clicks = 0;
+    connect(tree.root().getChild(0), &DockableWindow::docked, this, [&clicks] {
+        QDialog dialog;
+        auto* button = new QPushButton(&dialog);
+        connect(button, &QPushButton::clicked, &dialog, [&] {
+            ++clicks;
+            dialog.accept();
+        });
+        QTimer::singleShot(0, &dialog, [button] { QTest::mouseClick(button, Qt::LeftButton); });
+        QTimer::singleShot(2000, &dialog, &QDialog::reject);
+        dialog.exec();
+    });
+    Hand hand;
+    hand.press(*tree.root().getChild(0)->header(), grip());
+    hand.moveTo(b->mapToGlobal(QPoint(b->width() / 2, b->height() - 8)), 3);
+    hand.release();
+    QCOMPARE(clicks, 1);
+    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(V(b a))"));
 }
 
 void DockDraggingTest::theHeadersMenuActsOnTheWindow()

@@ -26,6 +26,8 @@ class DockedSizesTest : public ui::test::TestCase
 
 private Q_SLOTS:
     void aFloatingGroupGrowsTowardsTheNewcomer();
+    void floatingWindowsPartAsTheyMet_data();
+    void floatingWindowsPartAsTheyMet();
     void sizesOfTogetherStayOnTheScreen();
     void sizesComeBackAfterAHundredCycles_data();
     void sizesComeBackAfterAHundredCycles();
@@ -47,11 +49,11 @@ void DockedSizesTest::aFloatingGroupGrowsTowardsTheNewcomer()
     DockableGroup* row = floatingGroup(Area::Right);
     const QPoint where = row->getChild(0)->mapToGlobal(QPoint());
     const QSize before = row->size();
-    QCOMPARE(before, QSize(300, 80));
+    QCOMPARE(before, QSize(318, 92)); // with border and handle
     DockableWindow* newcomer = DockTree::panel(QStringLiteral("n"), {70, 60});
     row->dockInArea(newcomer, Area::Left);
     QCOMPARE(row->pos(), QPoint(80, 140));
-    QCOMPARE(row->size(), QSize(370, 80));
+    QCOMPARE(row->size(), QSize(388, 92));
     QCOMPARE(row->getChild(1)->mapToGlobal(QPoint()), where);
     newcomer->undock(true); // and back again
     QCOMPARE(row->pos(), QPoint(150, 140));
@@ -62,15 +64,60 @@ void DockedSizesTest::aFloatingGroupGrowsTowardsTheNewcomer()
     column->dockInArea(DockTree::panel(QStringLiteral("n"), {70, 60}), Area::Top);
     QCOMPARE(column->pos(), QPoint(150, 80));
     const QRect screen = column->screen()->availableGeometry();
-    column->move(screen.left() + 5, screen.top() + 5);
-    column->dockInArea(DockTree::panel(QStringLiteral("o"), {70, 60}), Area::Top);
-    QCOMPARE(column->pos(), screen.topLeft() + QPoint(5, 0)); // as far as the screen goes
+    for (const auto& [group, area, clamped] :
+         {std::tuple(column, Area::Top, QPoint(5, 0)), std::tuple(row, Area::Left, QPoint(0, 5))})
+    {
+        group->move(screen.topLeft() + QPoint(5, 5));
+        group->dockInArea(DockTree::panel(QStringLiteral("o"), {70, 60}), area);
+        QCOMPARE(group->pos(), screen.topLeft() + clamped); // as far as the screen goes
+    }
 
     tree.root().move(120, 120);
     tree.showRow({100, 100});
     const QPoint main = tree.root().pos();
     tree.root().dockInArea(DockTree::panel(QStringLiteral("l")), Area::Left);
     QCOMPARE(tree.root().pos(), main); // the main window does not float
+    QCOMPARE(brokenInvariants().join(u'\n'), QString());
+}
+
+void DockedSizesTest::floatingWindowsPartAsTheyMet_data()
+{
+    QTest::addColumn<Area>("area");
+    QTest::addColumn<bool>("targetLeaves");
+    for (int area = 1; area <= 5; ++area) {
+        for (const bool targetLeaves : {false, true}) {
+            QTest::addRow("area %d, %s", area, targetLeaves ? "the target" : "the newcomer")
+                << static_cast<Area>(area) << targetLeaves;
+        }
+    }
+}
+
+void DockedSizesTest::floatingWindowsPartAsTheyMet()
+{
+    QFETCH(Area, area);
+    QFETCH(bool, targetLeaves);
+    DockTree tree;
+    tree.show();
+    const QSize sizes[] = {{260, 180}, {200, 160}};
+    DockableWindow* target = DockTree::panel(QStringLiteral("f"), sizes[0]);
+    DockableWindow* newcomer = DockTree::panel(QStringLiteral("g"), sizes[1]);
+    target->move(300, 300);
+    newcomer->move(700, 500);
+    target->show();
+    newcomer->show();
+    settle();
+    const QPoint place = target->pos();
+    for (int cycle = 0; cycle < 3; ++cycle) {
+        target->dockInArea(newcomer, area);
+        settle();
+        (targetLeaves ? target : newcomer)->undock(true);
+        settle();
+        QCOMPARE(target->size(), sizes[0]);
+        QCOMPARE(newcomer->size(), sizes[area == Area::Center ? 0 : 1]); // tabs share one
+        if (!targetLeaves) {
+            QCOMPARE(target->pos(), place);
+        }
+    }
     QCOMPARE(brokenInvariants().join(u'\n'), QString());
 }
 

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void aDarkTitleBarOutlivesItsNativeWindow();
     void aDarkTitleBarOutlivesAChangeOfColors();
     void aFloatingWindowLiesAboveAllAndBelongsToItsParent();
+    void aWindowMayAskToFloatAsItIsShown();
     void aWindowThatNoLongerFloatsLiesJustAboveItsParent();
     void aWindowFloatsAgainAfterItWasDocked();
     void aFloatingWindowDoesNotCoverAModalDialog_data();
@@ -142,6 +143,24 @@ void NativeWindowsTest::aFloatingWindowLiesAboveAllAndBelongsToItsParent()
     QCOMPARE(m_desktop.isAlwaysOnTop(windows.panel), m_desktop.isReal());
     QVERIFY(!m_desktop.isAlwaysOnTop(windows.main));
     QCOMPARE(windows.panel.windowFlags(), flags);
+}
+
+void NativeWindowsTest::aWindowMayAskToFloatAsItIsShown()
+{
+    class Asking : public QWidget
+    {
+    public:
+        using QWidget::QWidget;
+
+    protected:
+        void showEvent(QShowEvent* /*event*/) override { native::setFloating(this, true); }
+    };
+    QWidget main;
+    Asking panel(&main, Qt::Window);
+    main.show();
+    panel.show();
+    QTRY_COMPARE(m_desktop.isOwnedBy(panel, main), m_desktop.isReal());
+    QVERIFY(m_desktop.isAlwaysOnTop(panel) == m_desktop.isReal());
 }
 
 void NativeWindowsTest::aWindowThatNoLongerFloatsLiesJustAboveItsParent()

@@ -13,6 +13,8 @@
 #include <QMouseEvent>
 #include <QWindow>
 
+#include <algorithm>
+
 static constexpr double kDragOpacity = 0.5;
 
 DockableDragHandler::DockableDragHandler(DockableWindow* window)
@@ -42,7 +44,11 @@ void DockableDragHandler::setEnabled(bool enabled)
 bool DockableDragHandler::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
-    case QEvent::ContextMenu: contextMenuEvent(static_cast<QContextMenuEvent*>(event)); return true;
+    case QEvent::ContextMenu:
+        if (!m_dragging) {
+            contextMenuEvent(static_cast<QContextMenuEvent*>(event));
+        }
+        return true;
     case QEvent::MouseButtonPress:
         if (m_enabled && static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
             startGesture();
@@ -138,13 +144,12 @@ bool DockableDragHandler::mouseReleased(QObject* watched)
     const QPointer<QObject> receiver(watched);
     const QPointer<DockableDragHandler> self(this);
     endGesture();
-    m_swallowRelease = byWindow;
     endDragging();
-    dockInHoverWindow();
+    dockInHoverWindow(); // where a slot may wait for other clicks, in a dialog
     // Qt must see the release of a native window, or hovering would stick to the pressed widget;
     // the widget's copy follows. One that the docking has destroyed must not be gone on with.
-    if (self && !receiver) {
-        m_swallowRelease = false;
+    if (self) {
+        m_swallowRelease = byWindow && receiver;
     }
     return !byWindow || !receiver;
 }
@@ -228,7 +233,8 @@ static QWidget* widgetBelow(const QWidget& above, const QPoint& point)
     for (const QWindow* window : windows) {
         for (QWidget* widget : widgets) {
             const bool here = widget != &above && widget->windowHandle() == window
-                              && widget->isVisible() && widget->geometry().contains(point);
+                              && widget->isVisible() && !widget->isMinimized()
+                              && widget->geometry().contains(point);
             if (here) {
                 QWidget* child = widget->childAt(widget->mapFromGlobal(point));
                 return child ? child : widget;
@@ -285,6 +291,11 @@ void DockableDragHandler::moveIfFloating()
             return;
         }
         updateWindowOpacity(); // that of a docked window had no effect
+        // A tab lies outside its window, which is to come out with its header under the pointer.
+        const QRect inside = window->rect();
+        m_startPosition = {
+            std::clamp(m_startPosition.x(), inside.left(), inside.right()),
+            std::clamp(m_startPosition.y(), inside.top(), inside.bottom())};
     }
     const QPoint origin = window->mapToGlobal(QPoint());
     window->move(QCursor::pos() + window->pos() - (m_startPosition + origin));

@@ -1,3 +1,4 @@
+#include "arrivals.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/SolidSplitter.h>
@@ -27,6 +28,7 @@ static int sumOf(const QList<int>& sizes)
 }
 
 DockableGroup::DockableGroup(WindowMode mode)
+    : m_arrivals(std::make_unique<ui::docking::Arrivals>())
 {
     setWindowMode(mode);
     ui::docking::groupBorn(*this);
@@ -52,7 +54,7 @@ void DockableGroup::adoptSplitter(SolidSplitter* splitter)
     m_splitter = splitter;
     m_layout->addWidget(splitter, 1);
     connect(splitter, &QSplitter::splitterMoved, this, [this] {
-        m_arrivals.clear(); // the user wants it otherwise now
+        m_arrivals->clear(); // the user wants it otherwise now
         ui::docking::reportLayoutChange();
     });
 }
@@ -113,7 +115,7 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     ui::docking::LayoutChange change;
     const QPointer<DockableGroup> old = receive(*window);
     const int place = placeFor(index);
-    Arrival arrival = arrivalOf(*window);
+    const Arrival arrival = arrivalOf(*window);
     if (!Rearranging::active()) {
         growFor(*window, place);
     }
@@ -126,7 +128,7 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     window->show();
 
     if (!Rearranging::active()) {
-        shareRoom(std::move(arrival), place);
+        shareRoom(arrival, place);
     }
     tidyAfterReceiving(old);
 }
@@ -187,6 +189,12 @@ void DockableGroup::setLayoutMode(LayoutMode mode)
 }
 
 void DockableGroup::setSizes(const QList<int>& sizes)
+{
+    m_arrivals->clear(); // as when the user moves a handle
+    applySizes(sizes);
+}
+
+void DockableGroup::applySizes(const QList<int>& sizes)
 {
     if (m_splitter) {
         m_splitter->setSizes(sizes);
@@ -287,7 +295,7 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
 
     int index = place;
     DockableWindow* last = nullptr;
-    for (const auto& child : children()) {
+    for (const auto& child : childWindows()) {
         if (child && takeChild(indexOfChild(child))) {
             parent.insertChild(index++, child);
             last = child;
@@ -301,13 +309,14 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
         return;
     }
     if (count != 1) {
-        parent.setSizes(ui::docking::withReplaced(neighbours, place, parts, kHandleWidth));
+        parent.applySizes(ui::docking::withReplaced(neighbours, place, parts, kHandleWidth));
         return;
     }
-    const auto arrival = parent.takeArrival(*this, true);
+    const auto arrival = parent.m_arrivals->take(*this, true);
     const bool known = arrival && arrival->others == parent.childrenBut(last);
-    parent.setSizes(known ? ui::docking::scaledTo(arrival->sizes, sumOf(neighbours)) : neighbours);
-    parent.replaced(*this, *last);
+    parent.applySizes(
+        known ? ui::docking::scaledTo(arrival->sizes, sumOf(neighbours)) : neighbours);
+    parent.m_arrivals->replace(*this, *last);
 }
 
 /// Each child floats where it is on screen; this group is not shown for it.
@@ -319,9 +328,13 @@ void DockableGroup::floatChildren()
         QPoint position;
         QSize size;
     };
+    const QPoint frame = geometry().topLeft() - pos(); // theirs will be as wide
+    const bool tabs = windowMode() == WindowMode::TabGroup;
     std::vector<Place> places; // of all, since those that stay spread when one leaves
-    for (const auto& child : children()) {
-        places.push_back({child, mapToGlobal(child->mapTo(this, QPoint())), child->size()});
+    for (const auto& child : childWindows()) {
+        // What was in tabs gets a header instead of the strip.
+        const QPoint place = tabs ? pos() : mapToGlobal(child->mapTo(this, QPoint())) - frame;
+        places.push_back({child, place, child->size()});
     }
     const QPointer<DockableGroup> self(this);
     for (const Place& place : places) {
@@ -355,20 +368,13 @@ void DockableGroup::collapseIfNeedless()
     }
 }
 
-void DockableGroup::closeIfEmpty()
-{
-    if (childCount() == 0) {
-        collapseGroup();
-    }
-}
-
 void DockableGroup::closeEvent(QCloseEvent* event)
 {
     if (this == gMainWindow) {
         DockableWindow::closeEvent(event);
         return;
     }
-    for (const auto& child : children()) {
+    for (const auto& child : childWindows()) {
         if (child && !child->close()) {
             event->ignore();
             return;
@@ -380,7 +386,7 @@ void DockableGroup::closeEvent(QCloseEvent* event)
 void DockableGroup::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LayoutDirectionChange) {
-        for (const auto& child : children()) {
+        for (const auto& child : childWindows()) {
             handDownDirection(*child);
         }
     }
@@ -419,6 +425,17 @@ bool DockableGroup::takesDirectly(DockableArea area)
            && (m_layoutMode == layoutModeOf(area) || childCount() == 0);
 }
 
+/// Whether a child is where docking it at the area would put it; any place among tabs will do.
+bool DockableGroup::hasAt(DockableWindow& window, DockableArea area)
+{
+    if (windowMode() == WindowMode::TabGroup) {
+        return area == DockableArea::Center && indexOfChild(&window) >= 0;
+    }
+    const int index = indexOfChild(&window);
+    const int wanted = ui::docking::insertIndex(area) == 0 ? 0 : childCount() - 1;
+    return index >= 0 && index == wanted && takesDirectly(area);
+}
+
 void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
 {
     if (windowMode() == WindowMode::Group) {
@@ -433,15 +450,17 @@ void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
 /// All children move into a new group, which then lies across the newcomer.
 void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
 {
-    const Rearranging rearranging;
     const int room = ui::docking::isVertical(area) ? m_splitter->height() : m_splitter->width();
     const QList<int> shares = sharesFor(room, window.extentAlong(area), area);
     DockableGroup* inner = moveChildrenDown();
-    setLayoutMode(layoutModeOf(area));
-    appendChild(inner);
-    insertChild(ui::docking::insertIndex(area), &window);
+    {
+        const Rearranging rearranging;
+        setLayoutMode(layoutModeOf(area));
+        appendChild(inner);
+        insertChild(ui::docking::insertIndex(area), &window);
+    }
     if (isVisible()) {
-        setSizes(shares);
+        applySizes(shares);
     }
     // A lone group in a group: without this every newcomer that comes and goes would add one.
     DockableWindow* lone = inner->childCount() == 1 ? inner->getChild(0) : nullptr;
@@ -459,7 +478,7 @@ void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
 DockableGroup* DockableGroup::moveChildrenDown()
 {
     ui::docking::LayoutChange change;
-    for (const auto& child : children()) {
+    for (const auto& child : childWindows()) {
         change.note(*child);
     }
     auto* inner = new DockableGroup;
@@ -489,8 +508,19 @@ void DockableGroup::growFor(DockableWindow& window, int place)
         offsetParent(&window);
     }
     if (grown.isValid()) {
-        resize(grown);
+        resize(grown + beside(place));
     }
+}
+
+/// What a floating group needs beside the newcomer itself: the border, or a handle. In front of the
+/// others it gives its own room to the handle, so that those stay where they are.
+QSize DockableGroup::beside(int place) const
+{
+    if (childCount() == 0) {
+        return {2 * kBorder, 2 * kBorder};
+    }
+    const int handle = place == 0 ? 0 : kHandleWidth;
+    return m_layoutMode == LayoutMode::Vertical ? QSize(0, handle) : QSize(handle, 0);
 }
 
 /// The sizes of a new pair: the window at which another one docks, in the room it has, and that.
@@ -506,7 +536,7 @@ void DockableGroup::setSizesAround(DockableWindow& child, int extent)
     const int outer = m_layoutMode == LayoutMode::Vertical ? height() : width();
     const int room = outer - 2 * kBorder - kHandleWidth;
     if (extent > 0 && extent < room) {
-        setSizes(
+        applySizes(
             indexOfChild(&child) == 0 ? QList{extent, room - extent}
                                       : QList{room - extent, extent});
     }
@@ -531,7 +561,7 @@ DockableGroup::Arrival DockableGroup::arrivalOf(const DockableWindow& window)
 }
 
 /// After a newcomer has arrived: it gets a share, or in a floating group what that has grown by.
-void DockableGroup::shareRoom(Arrival arrival, int place)
+void DockableGroup::shareRoom(const Arrival& arrival, int place)
 {
     if (!isVisible() || sumOf(arrival.sizes) <= 0) {
         return; // never laid out, so that there is nothing to keep
@@ -546,15 +576,16 @@ void DockableGroup::shareRoom(Arrival arrival, int place)
         const int extent = m_layoutMode == LayoutMode::Vertical ? wanted.height() : wanted.width();
         shared = ui::docking::withNewcomer(arrival.sizes, place, extent, kHandleWidth);
     }
-    setSizes(shared);
-    arrival.after = QRect(pos(), size());
-    remember(std::move(arrival));
+    applySizes(shared);
+    Arrival settled = arrival;
+    settled.after = QRect(pos(), size());
+    remember(settled);
 }
 
 /// After a child has left: if the others are as it found them they get their sizes back.
-void DockableGroup::giveRoomBack(const DockableWindow& child)
+void DockableGroup::giveRoomBack(DockableWindow& child)
 {
-    const auto arrival = takeArrival(child, false);
+    const auto arrival = m_arrivals->take(child, false);
     if (!arrival || !isVisible() || arrival->others != childrenBut(nullptr)) {
         return;
     }
@@ -562,33 +593,10 @@ void DockableGroup::giveRoomBack(const DockableWindow& child)
     if (isWindow() && grew && arrival->after.size() == size()) {
         move(pos() + arrival->before.topLeft() - arrival->after.topLeft());
         resize(arrival->before.size());
+        child.resize(arrival->newcomerSize);
     }
     const int room = length() - kHandleWidth * (childCount() - 1);
-    setSizes(ui::docking::scaledTo(arrival->sizes, room));
-}
-
-/// Forgets the newest arrival of a window, and returns it.
-std::optional<DockableGroup::Arrival> DockableGroup::takeArrival(
-    const DockableWindow& newcomer, bool inPlace)
-{
-    const auto found = std::find_if(m_arrivals.rbegin(), m_arrivals.rend(), [&](const Arrival& a) {
-        return a.newcomer == &newcomer && a.inPlace == inPlace;
-    });
-    if (found == m_arrivals.rend()) {
-        return std::nullopt;
-    }
-    Arrival arrival = std::move(*found);
-    m_arrivals.erase(std::next(found).base());
-    return arrival;
-}
-
-/// After a child has come in place of another one.
-void DockableGroup::replaced(const DockableWindow& gone, const DockableWindow& inItsPlace)
-{
-    for (Arrival& arrival : m_arrivals) {
-        std::replace(arrival.others.begin(), arrival.others.end(), &gone, &inItsPlace);
-        arrival.newcomer = arrival.newcomer == &gone ? &inItsPlace : arrival.newcomer;
-    }
+    applySizes(ui::docking::scaledTo(arrival->sizes, room));
 }
 
 /// After a group has come in place of a child: the others keep their sizes as far as they can.
@@ -596,22 +604,38 @@ void DockableGroup::holderArrived(
     const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes)
 {
     if (sumOf(sizes) > 0) {
-        setSizes(sizes);
+        applySizes(sizes);
     }
-    replaced(target, holder);
+    m_arrivals->replace(target, holder);
     remember({&holder, childrenBut(&holder), {}, sizes, true, {}, {}});
 }
 
-void DockableGroup::remember(Arrival arrival)
+void DockableGroup::remember(const Arrival& arrival)
 {
-    const auto children = childrenBut(nullptr);
-    std::erase_if(m_arrivals, [&](const Arrival& old) {
-        return std::find(children.begin(), children.end(), old.newcomer) == children.end();
-    });
-    m_arrivals.push_back(std::move(arrival));
+    m_arrivals->remember(arrival, childrenBut(nullptr));
 }
 
-std::vector<QPointer<DockableWindow>> DockableGroup::children()
+/// After a floating window and a newcomer have become this group: whoever leaves first, the other
+/// is to be what it was.
+void DockableGroup::rememberPair(
+    const DockableWindow& target,
+    const QRect& targetAlone,
+    const DockableWindow& newcomer,
+    QSize newcomerAlone)
+{
+    if (windowMode() != WindowMode::Group) {
+        return;
+    }
+    const QMargins border(kBorder, kBorder, kBorder, kBorder);
+    const QRect now(pos(), size());
+    const QRect there(pos() + newcomer.mapTo(this, QPoint()), newcomerAlone);
+    const QRect here = targetAlone.marginsAdded(border);
+    remember({&newcomer, {&target}, newcomerAlone, {1}, false, here, now});
+    remember(
+        {&target, {&newcomer}, targetAlone.size(), {1}, false, there.marginsAdded(border), now});
+}
+
+std::vector<QPointer<DockableWindow>> DockableGroup::childWindows()
 {
     std::vector<QPointer<DockableWindow>> found;
     for (int index = 0; index < childCount(); ++index) {

@@ -8,10 +8,15 @@
 #include <QRect>
 #include <QSize>
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 class SolidSplitter;
+
+namespace ui::docking {
+struct Arrival;
+class Arrivals;
+} // namespace ui::docking
 
 /// Dockable windows side by side or one above the other, with handles between them.
 ///
@@ -51,7 +56,8 @@ public:
     LayoutMode getLayoutMode() const { return m_layoutMode; }
 
     /// The children's widths or heights, without the handles between them. The group's own size
-    /// stays, so that the values count as proportions when they do not add up to it.
+    /// stays, so that the values count as proportions when they do not add up to it. A newcomer
+    /// that leaves later gives no room back that it took before.
     void setSizes(const QList<int>& sizes);
     QList<int> sizes() const;
 
@@ -89,22 +95,12 @@ protected:
 private:
     friend class DockableWindow;
     friend class DockableTabGroup;
-
-    /// A newcomer's arrival, and how things were before: undone when it leaves.
-    struct Arrival
-    {
-        const DockableWindow* newcomer = nullptr; ///< compared only, as the others are
-        std::vector<const DockableWindow*> others;
-        QSize newcomerSize;
-        QList<int> sizes; ///< of the others; of one more if it came in place of that
-        bool inPlace = false;
-        QRect before; ///< position and size of the group
-        QRect after;
-    };
+    using Arrival = ui::docking::Arrival;
 
     static LayoutMode layoutModeOf(DockableArea area);
     static DockableGroup* makeFor(DockableArea area);
     bool takesDirectly(DockableArea area);
+    bool hasAt(DockableWindow& window, DockableArea area);
     void insertDirectly(DockableWindow& window, DockableArea area);
     void dockInRoot(DockableWindow& window, DockableArea area);
     DockableGroup* moveChildrenDown();
@@ -112,7 +108,6 @@ private:
     void floatChildren();
     void closeEmptied();
     void collapseIfNeedless();
-    void closeIfEmpty();
 
     QPointer<DockableGroup> receive(DockableWindow& window);
     void tidyAfterReceiving(const QPointer<DockableGroup>& old);
@@ -122,26 +117,31 @@ private:
     void bringForward(DockableWindow& child);
 
     void growFor(DockableWindow& window, int place);
-    void shareRoom(Arrival arrival, int place);
-    void giveRoomBack(const DockableWindow& child);
-    std::optional<Arrival> takeArrival(const DockableWindow& newcomer, bool inPlace);
-    void remember(Arrival arrival);
-    void replaced(const DockableWindow& gone, const DockableWindow& inItsPlace);
+    QSize beside(int place) const;
+    void shareRoom(const Arrival& arrival, int place);
+    void giveRoomBack(DockableWindow& child);
+    void remember(const Arrival& arrival);
+    void rememberPair(
+        const DockableWindow& target,
+        const QRect& targetAlone,
+        const DockableWindow& newcomer,
+        QSize newcomerAlone);
     void holderArrived(
         const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes);
     QList<int> sharesFor(int room, int wanted, DockableArea area) const;
     void setSizesAround(DockableWindow& child, int extent);
+    void applySizes(const QList<int>& sizes);
     int length() const;
 
     void adoptSplitter(SolidSplitter* splitter);
     void handDownDirection(DockableWindow& child);
     Arrival arrivalOf(const DockableWindow& window);
-    std::vector<QPointer<DockableWindow>> children();
+    std::vector<QPointer<DockableWindow>> childWindows();
     std::vector<const DockableWindow*> childrenBut(const DockableWindow* one);
 
     LayoutMode m_layoutMode = LayoutMode::Horizontal;
     QPointer<SolidSplitter> m_splitter;
-    std::vector<Arrival> m_arrivals; ///< oldest first
+    std::unique_ptr<ui::docking::Arrivals> m_arrivals; ///< never null
 };
 
 /// The root group of the main window. Set by the application and never by the library; null and a

@@ -78,7 +78,7 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
     const QPointer<DockableGroup> old = receive(*window);
     const int place = placeFor(index);
     if (childCount() == 0 && isFloating()) {
-        resize(window->size());
+        resize(window->size() + QSize(0, m_strip->sizeHint().height()));
     }
     m_sizePolicies[window] = window->sizePolicy();
     window->setSizePolicy(noSay());
@@ -88,6 +88,7 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
     window->dropNativeWindow();
     addTab(place, *window);
     m_stack->insertWidget(place, window);
+    window->move(QPoint()); // where it would be: a page has no place until it is seen
     handDownDirection(*window);
     if (!m_active) {
         setActiveIndex(place);

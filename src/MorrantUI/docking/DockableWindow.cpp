@@ -75,7 +75,7 @@ DockableWindow::~DockableWindow()
     DockableGroup* group = groupOf(*this);
     if (group) {
         QMetaObject::invokeMethod(
-            group, [group] { group->closeIfEmpty(); }, Qt::QueuedConnection);
+            group, [group] { group->collapseIfNeedless(); }, Qt::QueuedConnection);
     }
     if (DockableGroup* old = oldParent(); old && old != this) {
         QMetaObject::invokeMethod(
@@ -307,7 +307,10 @@ bool DockableWindow::event(QEvent* event)
             return true;
         }
         break;
-    case QEvent::WindowActivate: native::setDarkTitleBar(window()); return true;
+    case QEvent::WindowActivate:
+        native::setDarkTitleBar(window());
+        Widget::event(event); // hands it down to the content
+        return true;
     case QEvent::Close: {
         const bool handled = Widget::event(event);
         m_closing = event->isAccepted() && testAttribute(Qt::WA_DeleteOnClose);
@@ -401,6 +404,7 @@ void DockableWindow::dropNativeWindow()
 {
     setAttribute(Qt::WA_NativeWindow, false);
     if (isWindow() && windowHandle()) {
+        setWindowOpacity(1.0); // it may be in mid-drag, and docked it cannot be set
         hide();
         destroy();
     }
@@ -419,6 +423,15 @@ void DockableWindow::undockUnseen(DockableGroup& group)
     }
 }
 
+/// Shows it, unless it lies behind another tab.
+void DockableWindow::showInGroup()
+{
+    DockableGroup* group = groupOf(*this);
+    if (!group || group->isInFront(*this)) {
+        show();
+    }
+}
+
 void DockableWindow::undock(bool collapse)
 {
     const QPointer<DockableGroup> parent = groupOf(*this);
@@ -433,7 +446,7 @@ void DockableWindow::undock(bool collapse)
     if (parent && collapse && parent->childCount() < 2) {
         parent->collapseGroup();
     } else if (parent && !Rearranging::active()) {
-        parent->show();
+        parent->showInGroup();
     }
     if (self && !Rearranging::active()) {
         show();
@@ -453,7 +466,7 @@ void DockableWindow::undockAndClose()
     undockUnseen(*parent); // a window on its way out need not be seen on its own
     makeFloating();
     if (parent && parent->childCount() > 1) {
-        parent->show();
+        parent->showInGroup();
     } else if (parent) {
         parent->collapseGroup();
     }
@@ -515,18 +528,25 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
     if (!ui::docking::isPlace(area) || !canTake(window) || !canSplit(area)) {
         return nullptr;
     }
-    ui::docking::LayoutChange change;
-    const ui::docking::FocusKeeper focus;
-    change.note(*this);
-    change.note(*window);
-    window->settleLimits();
-    const QPointer<DockableGroup> old = groupOf(*window);
-    if (old) {
-        window->undockUnseen(*old);
+    if (auto* group = qobject_cast<DockableGroup*>(this); group && group->hasAt(*window, area)) {
+        group->bringForward(*window);
+        return this;
     }
-    const QPointer<DockableWindow> result = dockBeside(*window, area);
-    if (old && old != result) {
-        old->collapseIfNeedless();
+    QPointer<DockableWindow> result; // slots that hear of it may delete it
+    {
+        ui::docking::LayoutChange change;
+        const ui::docking::FocusKeeper focus;
+        change.note(*this);
+        change.note(*window);
+        window->settleLimits();
+        const QPointer<DockableGroup> old = groupOf(*window);
+        if (old) {
+            window->undockUnseen(*old);
+        }
+        result = dockBeside(*window, area);
+        if (old && old != result) {
+            old->collapseIfNeedless();
+        }
     }
     return result;
 }
@@ -568,7 +588,7 @@ DockableGroup* DockableWindow::dockInPlace(
     holder->appendChild(this);
     holder->insertChild(ui::docking::insertIndex(area), &window);
     holder->bringForward(window);
-    holder->setSizes(shares);
+    holder->applySizes(shares);
     parent.insertChild(index, holder);
     if (inFront) {
         parent.bringForward(*holder);
@@ -581,14 +601,16 @@ DockableGroup* DockableWindow::dockInPlace(
 DockableGroup* DockableWindow::dockFloating(DockableWindow& window, DockableArea area)
 {
     DockableGroup* holder = DockableGroup::makeFor(area);
-    const QPoint position = pos();
+    const QRect alone(pos(), size());
+    const QSize newcomerAlone = window.size();
     const int own = extentAlong(area);
     holder->appendChild(this);
     holder->insertChild(ui::docking::insertIndex(area), &window);
     holder->bringForward(window);
     holder->setSizesAround(*this, own);
-    holder->move(position);
+    holder->move(alone.topLeft());
     holder->show();
+    holder->rememberPair(*this, alone, window, newcomerAlone);
     return holder;
 }
 

@@ -157,6 +157,7 @@ private:
     void settleLimits();
     void dropNativeWindow();
     void undockUnseen(DockableGroup& group);
+    void showInGroup();
     bool canTake(DockableWindow* window);
     bool canSplit(DockableArea area);
     DockableWindow* dockBeside(DockableWindow& window, DockableArea area);

@@ -87,10 +87,6 @@ void WindowWishes::applyAll()
 {
     applyDarkTitleBar();
     applyStacking();
-    if (m_stacking == Stacking::Floating) {
-        // Again once it is: on X11 Qt drops the owner while it shows a window that is no dialog.
-        QMetaObject::invokeMethod(this, &WindowWishes::applyOwner, Qt::QueuedConnection);
-    }
 }
 
 void WindowWishes::applyDarkTitleBar()
@@ -110,6 +106,9 @@ void WindowWishes::applyStacking()
     const bool floats = m_stacking == Stacking::Floating;
     if (floats) {
         applyOwner();
+        // Again later: on X11 Qt drops the owner while it shows a window that is no dialog, and the
+        // wish may come while that goes on.
+        QMetaObject::invokeMethod(this, &WindowWishes::applyOwner, Qt::QueuedConnection);
     }
     system::setAlwaysOnTop(*window, floats && !m_blocked);
 }
