@@ -1,4 +1,4 @@
-#include "arrivals.h"
+#include "GroupRoom.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/SolidSplitter.h>
@@ -15,20 +15,14 @@
 #include <numeric>
 
 using ui::docking::groupOf;
+using ui::docking::kBorder;
+using ui::docking::kHandleWidth;
 using ui::docking::Rearranging;
 
 DockableGroup* gMainWindow = nullptr;
 
-static constexpr int kHandleWidth = 6; // logical pixels, as wide as the border around the group
-static constexpr int kBorder = 6;
-
-static int sumOf(const QList<int>& sizes)
-{
-    return std::accumulate(sizes.begin(), sizes.end(), 0);
-}
-
 DockableGroup::DockableGroup(WindowMode mode)
-    : m_arrivals(std::make_unique<ui::docking::Arrivals>())
+    : m_room(std::make_unique<ui::docking::GroupRoom>(*this))
 {
     setWindowMode(mode);
     ui::docking::groupBorn(*this);
@@ -54,7 +48,7 @@ void DockableGroup::adoptSplitter(SolidSplitter* splitter)
     m_splitter = splitter;
     m_layout->addWidget(splitter, 1);
     connect(splitter, &QSplitter::splitterMoved, this, [this] {
-        m_arrivals->clear(); // the user wants it otherwise now
+        m_room->forget(); // the user wants it otherwise now
         ui::docking::reportLayoutChange();
     });
 }
@@ -84,7 +78,7 @@ DockableWindow* DockableGroup::takeChild(int index)
     change.note(*child);
     release(*child);
     if (!Rearranging::active()) {
-        giveRoomBack(*child);
+        m_room->giveBack(*child);
     }
     return child;
 }
@@ -115,9 +109,9 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     ui::docking::LayoutChange change;
     const QPointer<DockableGroup> old = receive(*window);
     const int place = placeFor(index);
-    const Arrival arrival = arrivalOf(*window);
+    const ui::docking::Arrival arrival = m_room->before(*window);
     if (!Rearranging::active()) {
-        growFor(*window, place);
+        m_room->growFor(*window, place);
     }
 
     window->dropNativeWindow();
@@ -128,7 +122,7 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     window->show();
 
     if (!Rearranging::active()) {
-        shareRoom(arrival, place);
+        m_room->shareAfter(arrival, place);
     }
     tidyAfterReceiving(old);
 }
@@ -190,7 +184,7 @@ void DockableGroup::setLayoutMode(LayoutMode mode)
 
 void DockableGroup::setSizes(const QList<int>& sizes)
 {
-    m_arrivals->clear(); // as when the user moves a handle
+    m_room->forget(); // as when the user moves a handle
     applySizes(sizes);
 }
 
@@ -288,7 +282,8 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
     const int place = parent.indexOfChild(this);
     const bool inFront = parent.isInFront(*this);
     QList<int> parts = sizes();
-    if (parent.getLayoutMode() != m_layoutMode || sumOf(parts) == 0) {
+    if (parent.getLayoutMode() != m_layoutMode
+        || std::accumulate(parts.begin(), parts.end(), 0) == 0) {
         parts = QList<int>(childCount(), 1); // lying across or in tabs, they had all of it
     }
     removeFromParent(&parent);
@@ -304,19 +299,9 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
     if (last && inFront) {
         parent.bringForward(*parent.getChild(place));
     }
-    const int count = index - place;
-    if (count != parts.size() || sumOf(neighbours) == 0) {
-        return;
+    if (last && index - place == parts.size()) {
+        parent.m_room->holderLeft(*this, *last, place, neighbours, parts);
     }
-    if (count != 1) {
-        parent.applySizes(ui::docking::withReplaced(neighbours, place, parts, kHandleWidth));
-        return;
-    }
-    const auto arrival = parent.m_arrivals->take(*this, true);
-    const bool known = arrival && arrival->others == parent.childrenBut(last);
-    parent.applySizes(
-        known ? ui::docking::scaledTo(arrival->sizes, sumOf(neighbours)) : neighbours);
-    parent.m_arrivals->replace(*this, *last);
 }
 
 /// Each child floats where it is on screen; this group is not shown for it.
@@ -451,7 +436,8 @@ void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
 void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
 {
     const int room = ui::docking::isVertical(area) ? m_splitter->height() : m_splitter->width();
-    const QList<int> shares = sharesFor(room, window.extentAlong(area), area);
+    const QList<int> shares =
+        ui::docking::GroupRoom::sharesFor(room, window.extentAlong(area), area);
     DockableGroup* inner = moveChildrenDown();
     {
         const Rearranging rearranging;
@@ -492,147 +478,8 @@ DockableGroup* DockableGroup::moveChildrenDown()
     inner->adoptSplitter(full);
     adoptSplitter(empty);
     empty->show();
-    std::swap(m_arrivals, inner->m_arrivals);
+    inner->m_room->takeMemoryOf(*m_room);
     return inner;
-}
-
-/// A floating group makes room for a newcomer, towards the side where it comes.
-void DockableGroup::growFor(DockableWindow& window, int place)
-{
-    const bool fixed = !isWindow() || this == gMainWindow || isMaximized() || isFullScreen();
-    if (fixed) {
-        return;
-    }
-    const QSize grown = combinedSize(&window);
-    if (place == 0 && childCount() > 0) {
-        offsetParent(&window);
-    }
-    if (grown.isValid()) {
-        resize(grown + beside(place));
-    }
-}
-
-/// What a floating group needs beside the newcomer itself: the border, or a handle. In front of the
-/// others it gives its own room to the handle, so that those stay where they are.
-QSize DockableGroup::beside(int place) const
-{
-    if (childCount() == 0) {
-        return {2 * kBorder, 2 * kBorder};
-    }
-    const int handle = place == 0 ? 0 : kHandleWidth;
-    return m_layoutMode == LayoutMode::Vertical ? QSize(0, handle) : QSize(handle, 0);
-}
-
-/// The sizes of a new pair: the window at which another one docks, in the room it has, and that.
-QList<int> DockableGroup::sharesFor(int room, int wanted, DockableArea area) const
-{
-    const int index = ui::docking::insertIndex(area) == 0 ? 0 : 1;
-    return ui::docking::withNewcomer({room}, index, wanted, kHandleWidth);
-}
-
-/// One of two children keeps its size, the other gets the rest. The group need not be laid out yet.
-void DockableGroup::setSizesAround(DockableWindow& child, int extent)
-{
-    const int outer = m_layoutMode == LayoutMode::Vertical ? height() : width();
-    const int room = outer - 2 * kBorder - kHandleWidth;
-    if (extent > 0 && extent < room) {
-        applySizes(
-            indexOfChild(&child) == 0 ? QList{extent, room - extent}
-                                      : QList{room - extent, extent});
-    }
-}
-
-/// Of the row of children, handles included.
-int DockableGroup::length() const
-{
-    return m_layoutMode == LayoutMode::Vertical ? m_splitter->height() : m_splitter->width();
-}
-
-DockableGroup::Arrival DockableGroup::arrivalOf(const DockableWindow& window)
-{
-    return {
-        &window,
-        childrenBut(nullptr),
-        window.size(),
-        sizes(),
-        false,
-        QRect(pos(), size()),
-        QRect()};
-}
-
-/// After a newcomer has arrived: it gets a share, or in a floating group what that has grown by.
-void DockableGroup::shareRoom(const Arrival& arrival, int place)
-{
-    if (!isVisible() || sumOf(arrival.sizes) <= 0) {
-        return; // never laid out, so that there is nothing to keep
-    }
-    const int room = length() - kHandleWidth * (childCount() - 1);
-    const int gained = room - sumOf(arrival.sizes);
-    QList<int> shared = arrival.sizes;
-    if (gained > 0) {
-        shared.insert(place, gained);
-    } else {
-        const QSize wanted = arrival.newcomerSize;
-        const int extent = m_layoutMode == LayoutMode::Vertical ? wanted.height() : wanted.width();
-        shared = ui::docking::withNewcomer(arrival.sizes, place, extent, kHandleWidth);
-    }
-    applySizes(shared);
-    Arrival settled = arrival;
-    settled.after = QRect(pos(), size());
-    remember(settled);
-}
-
-/// After a child has left: if the others are as it found them they get their sizes back.
-void DockableGroup::giveRoomBack(DockableWindow& child)
-{
-    const auto arrival = m_arrivals->take(child, false);
-    if (!arrival || !isVisible() || arrival->others != childrenBut(nullptr)) {
-        return;
-    }
-    const bool grew = arrival->before.size() != arrival->after.size();
-    if (isWindow() && grew && arrival->after.size() == size()) {
-        move(pos() + arrival->before.topLeft() - arrival->after.topLeft());
-        resize(arrival->before.size());
-        child.resize(arrival->newcomerSize);
-    }
-    const int room = length() - kHandleWidth * (childCount() - 1);
-    applySizes(ui::docking::scaledTo(arrival->sizes, room));
-}
-
-/// After a group has come in place of a child: the others keep their sizes as far as they can.
-void DockableGroup::holderArrived(
-    const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes)
-{
-    if (sumOf(sizes) > 0) {
-        applySizes(sizes);
-    }
-    m_arrivals->replace(target, holder);
-    remember({&holder, childrenBut(&holder), {}, sizes, true, {}, {}});
-}
-
-void DockableGroup::remember(const Arrival& arrival)
-{
-    m_arrivals->remember(arrival, childrenBut(nullptr));
-}
-
-/// After a floating window and a newcomer have become this group: whoever leaves first, the other
-/// is to be what it was.
-void DockableGroup::rememberPair(
-    const DockableWindow& target,
-    const QRect& targetAlone,
-    const DockableWindow& newcomer,
-    QSize newcomerAlone)
-{
-    if (windowMode() != WindowMode::Group) {
-        return;
-    }
-    const QMargins border(kBorder, kBorder, kBorder, kBorder);
-    const QRect now(pos(), size());
-    const QRect there(pos() + newcomer.mapTo(this, QPoint()), newcomerAlone);
-    const QRect here = targetAlone.marginsAdded(border);
-    remember({&newcomer, {&target}, newcomerAlone, {1}, false, here, now});
-    remember(
-        {&target, {&newcomer}, targetAlone.size(), {1}, false, there.marginsAdded(border), now});
 }
 
 std::vector<QPointer<DockableWindow>> DockableGroup::childWindows()
@@ -641,17 +488,6 @@ std::vector<QPointer<DockableWindow>> DockableGroup::childWindows()
     for (int index = 0; index < childCount(); ++index) {
         if (DockableWindow* child = getChild(index)) {
             found.emplace_back(child);
-        }
-    }
-    return found;
-}
-
-std::vector<const DockableWindow*> DockableGroup::childrenBut(const DockableWindow* one)
-{
-    std::vector<const DockableWindow*> found;
-    for (int index = 0; index < childCount(); ++index) {
-        if (const DockableWindow* child = getChild(index); child != one) {
-            found.push_back(child);
         }
     }
     return found;

@@ -5,7 +5,6 @@
 
 #include <QList>
 #include <QPointer>
-#include <QRect>
 #include <QSize>
 
 #include <memory>
@@ -14,8 +13,7 @@
 class SolidSplitter;
 
 namespace ui::docking {
-struct Arrival;
-class Arrivals;
+class GroupRoom;
 } // namespace ui::docking
 
 /// Dockable windows side by side or one above the other, with handles between them.
@@ -95,7 +93,8 @@ protected:
 private:
     friend class DockableWindow;
     friend class DockableTabGroup;
-    using Arrival = ui::docking::Arrival;
+    friend class ui::docking::DockOperation;
+    friend class ui::docking::GroupRoom;
 
     static LayoutMode layoutModeOf(DockableArea area);
     static DockableGroup* makeFor(DockableArea area);
@@ -116,32 +115,15 @@ private:
     bool isInFront(const DockableWindow& child) const;
     void bringForward(DockableWindow& child);
 
-    void growFor(DockableWindow& window, int place);
-    QSize beside(int place) const;
-    void shareRoom(const Arrival& arrival, int place);
-    void giveRoomBack(DockableWindow& child);
-    void remember(const Arrival& arrival);
-    void rememberPair(
-        const DockableWindow& target,
-        const QRect& targetAlone,
-        const DockableWindow& newcomer,
-        QSize newcomerAlone);
-    void holderArrived(
-        const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes);
-    QList<int> sharesFor(int room, int wanted, DockableArea area) const;
-    void setSizesAround(DockableWindow& child, int extent);
     void applySizes(const QList<int>& sizes);
-    int length() const;
 
     void adoptSplitter(SolidSplitter* splitter);
     void handDownDirection(DockableWindow& child);
-    Arrival arrivalOf(const DockableWindow& window);
     std::vector<QPointer<DockableWindow>> childWindows();
-    std::vector<const DockableWindow*> childrenBut(const DockableWindow* one);
 
     LayoutMode m_layoutMode = LayoutMode::Horizontal;
     QPointer<SolidSplitter> m_splitter;
-    std::unique_ptr<ui::docking::Arrivals> m_arrivals; ///< never null
+    std::unique_ptr<ui::docking::GroupRoom> m_room; ///< never null
 };
 
 /// The root group of the main window. Set by the application and never by the library; null and a

@@ -1,3 +1,5 @@
+#include "DockOperation.h"
+#include "GroupRoom.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DockableWindow.h>
@@ -419,7 +421,7 @@ void DockableWindow::undockUnseen(DockableGroup& group)
         removeFromParent(left);
     }
     if (left) {
-        left->giveRoomBack(*this);
+        left->m_room->giveBack(*this);
     }
 }
 
@@ -513,23 +515,17 @@ bool DockableWindow::canTake(DockableWindow* window)
     return true;
 }
 
-/// Whether there is a way to dock at the area: a root keeps its kind.
-bool DockableWindow::canSplit(DockableArea area)
-{
-    auto* group = qobject_cast<DockableGroup*>(this);
-    if (group && group->takesDirectly(area)) {
-        return true;
-    }
-    return this != gMainWindow || m_windowMode == WindowMode::Group;
-}
-
 DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea area)
 {
-    if (!ui::docking::isPlace(area) || !canTake(window) || !canSplit(area)) {
+    if (!canTake(window)) {
         return nullptr;
     }
-    if (auto* group = qobject_cast<DockableGroup*>(this); group && group->hasAt(*window, area)) {
-        group->bringForward(*window);
+    ui::docking::DockOperation operation(*this, *window, area);
+    if (!operation.isPossible()) {
+        return nullptr;
+    }
+    if (operation.isNeedless()) {
+        groupOf(*window)->bringForward(*window);
         return this;
     }
     QPointer<DockableWindow> result; // slots that hear of it may delete it
@@ -543,75 +539,12 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
         if (old) {
             window->undockUnseen(*old);
         }
-        result = dockBeside(*window, area);
+        result = operation.run();
         if (old && old != result) {
             old->collapseIfNeedless();
         }
     }
     return result;
-}
-
-DockableWindow* DockableWindow::dockBeside(DockableWindow& window, DockableArea area)
-{
-    auto* group = qobject_cast<DockableGroup*>(this);
-    if (group && group->takesDirectly(area)) {
-        group->insertDirectly(window, area);
-        return this;
-    }
-    if (group && this == gMainWindow) {
-        group->dockInRoot(window, area);
-        return this;
-    }
-    DockableGroup* parent = groupOf(*this);
-    DockableGroup* holder =
-        parent ? dockInPlace(*parent, window, area) : dockFloating(window, area);
-    updateGeometry();
-    window.updateGeometry();
-    return holder;
-}
-
-/// This window's place in its group goes to a new group of it and the newcomer.
-DockableGroup* DockableWindow::dockInPlace(
-    DockableGroup& parent, DockableWindow& window, DockableArea area)
-{
-    DockableGroup* holder = DockableGroup::makeFor(area);
-    // Not their root too: it would be painted anew as a whole, at twenty times the cost. Nothing is
-    // painted before control returns to the event loop anyway.
-    const ui::docking::FrozenUpdates frozen{this, &window};
-    const Rearranging rearranging;
-    const QList<int> neighbours = parent.sizes();
-    const int index = parent.indexOfChild(this);
-    const bool inFront = parent.isInFront(*this);
-    const QList<int> shares = holder->sharesFor(extentAlong(area), window.extentAlong(area), area);
-
-    undock(false);
-    holder->appendChild(this);
-    holder->insertChild(ui::docking::insertIndex(area), &window);
-    holder->bringForward(window);
-    holder->applySizes(shares);
-    parent.insertChild(index, holder);
-    if (inFront) {
-        parent.bringForward(*holder);
-    }
-    parent.holderArrived(*this, *holder, neighbours);
-    return holder;
-}
-
-/// A new group comes where this floating window is.
-DockableGroup* DockableWindow::dockFloating(DockableWindow& window, DockableArea area)
-{
-    DockableGroup* holder = DockableGroup::makeFor(area);
-    const QRect alone(pos(), size());
-    const QSize newcomerAlone = window.size();
-    const int own = extentAlong(area);
-    holder->appendChild(this);
-    holder->insertChild(ui::docking::insertIndex(area), &window);
-    holder->bringForward(window);
-    holder->setSizesAround(*this, own);
-    holder->move(alone.topLeft());
-    holder->show();
-    holder->rememberPair(*this, alone, window, newcomerAlone);
-    return holder;
 }
 
 /// Width or height, whichever windows share when they dock at the area.

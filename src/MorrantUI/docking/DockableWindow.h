@@ -16,6 +16,10 @@ class FlashFrame;
 class QPropertyAnimation;
 class WindowDimmer;
 
+namespace ui::docking {
+class DockOperation;
+}
+
 /// A panel of the application, or a group of panels.
 ///
 /// Windows form a tree: a group's children are panels or further groups. What is in no group
@@ -151,6 +155,7 @@ private:
     friend class DockableDragHandler;
     friend class DockableGroup;
     friend class DockableTabGroup;
+    friend class ui::docking::DockOperation;
     using Widget::setChild; // would delete the layout
 
     void makeFloating();
@@ -159,10 +164,6 @@ private:
     void undockUnseen(DockableGroup& group);
     void showInGroup();
     bool canTake(DockableWindow* window);
-    bool canSplit(DockableArea area);
-    DockableWindow* dockBeside(DockableWindow& window, DockableArea area);
-    DockableGroup* dockInPlace(DockableGroup& parent, DockableWindow& window, DockableArea area);
-    DockableGroup* dockFloating(DockableWindow& window, DockableArea area);
     int extentAlong(DockableArea area) const;
     void releaseHeader();
     DockableGroup* oldParent() const;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <MorrantUI/docking/DockableArea.h>
+
+class DockableGroup;
+class DockableWindow;
+
+namespace ui::docking {
+
+/// A window docks at an area of a target; it is in no group, or will have left it by then.
+class DockOperation
+{
+public:
+    DockOperation(DockableWindow& target, DockableWindow& window, DockableArea area);
+
+    /// Whether there is a way: a main window keeps its kind.
+    bool isPossible() const;
+    /// The window is a child of the target and already where it would come.
+    bool isNeedless() const;
+    /// @return the group that now holds both
+    DockableWindow* run();
+
+private:
+    DockableGroup* splitInGroup(DockableGroup& parent);
+    DockableGroup* splitFloating();
+
+    DockableWindow& m_target;
+    DockableGroup* m_group; ///< the target, if it is one
+    DockableWindow& m_window;
+    DockableArea m_area;
+};
+
+} // namespace ui::docking
