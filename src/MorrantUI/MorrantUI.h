@@ -60,6 +60,7 @@
 #include <MorrantUI/docking/WindowDimmer.h>
 #include <MorrantUI/docking/dropzones.h>
 #include <MorrantUI/docking/flowmath.h>
+#include <MorrantUI/docking/panelnavigation.h>
 #include <MorrantUI/docking/tabgeometry.h>
 #include <MorrantUI/docking/tabnavigation.h>
 #include <MorrantUI/docking/tabreorder.h>

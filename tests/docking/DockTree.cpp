@@ -2,12 +2,16 @@
 
 #include "support/paths.h"
 #include "support/themes.h"
+#include <MorrantUI/docking/DockableTabGroup.h>
+#include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
 #include <MorrantUI/docking/SolidSplitter.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <QApplication>
 #include <QLayout>
+#include <QMouseEvent>
+#include <QStackedWidget>
 #include <QtTest>
 
 #include <algorithm>
@@ -100,11 +104,35 @@ void settle()
 
 namespace {
 
+/// The inner widgets of that kind in a window, but for those of windows in it.
+template <typename Inner>
+QList<Inner*> innerWidgets(DockableWindow& window)
+{
+    QList<Inner*> found = window.findChildren<Inner*>();
+    found.removeIf([&](Inner* inner) {
+        return DockableWindow::findDockableParent(inner->parentWidget()) != &window;
+    });
+    return found;
+}
+
+bool isFrontOrNoTab(DockableWindow& window)
+{
+    auto* tabs = qobject_cast<DockableTabGroup*>(window.findDockableParent());
+    return !tabs || tabs->activeChild() == &window;
+}
+
+bool hasOwnSizePolicy(const DockableWindow& window)
+{
+    const QSizePolicy policy = window.sizePolicy();
+    return policy.horizontalPolicy() != QSizePolicy::Ignored
+           && policy.verticalPolicy() != QSizePolicy::Ignored;
+}
+
 class Inspector
 {
 public:
-    explicit Inspector(bool settled)
-        : m_settled(settled)
+    explicit Inspector(Moment moment)
+        : m_moment(moment)
     {}
     QStringList inspect()
     {
@@ -115,6 +143,14 @@ public:
                 inspectWindow(*window);
             }
         }
+        const int expected = m_moment == Moment::Dragging ? 1 : 0;
+        check(m_faint <= expected, *gMainWindow, "windows are not opaque");
+        check(m_indicators <= expected, *gMainWindow, "windows show drop zones");
+        const QWidget* focus = QApplication::focusWidget();
+        check(
+            m_moment != Moment::Settled || !focus || focus->isVisible(),
+            *gMainWindow,
+            "a hidden widget has the focus");
         return m_broken;
     }
 
@@ -130,33 +166,35 @@ private:
 
     void inspectWindow(DockableWindow& window)
     {
+        m_faint += window.windowOpacity() < 0.99 ? 1 : 0;
+        for (const DropIndicatorMain* indicator : innerWidgets<DropIndicatorMain>(window)) {
+            m_indicators += indicator->isVisible() ? 1 : 0;
+        }
         check(window.updatesEnabled(), window, "updates are off");
-        check(std::abs(window.windowOpacity() - 1.0) < 0.01, window, "not opaque");
-        check(
-            !window.findChild<DropIndicatorMain*>(QString(), Qt::FindDirectChildrenOnly)
-                 ->isVisible(),
-            window,
-            "shows drop zones");
+        check(hasOwnSizePolicy(window) == isFrontOrNoTab(window), window, "another's size policy");
         DockableGroup* parent = window.findDockableParentGroup();
         if (parent) {
             const int index = parent->indexOfChild(&window);
             check(index >= 0 && parent->getChild(index) == &window, window, "group lost it");
             check(!window.testAttribute(Qt::WA_NativeWindow), window, "docked, yet native");
             check(
-                window.x() >= 0 && window.y() >= 0 && window.width() >= 0 && window.height() >= 0,
+                m_moment != Moment::Settled || !window.isVisible()
+                    || (window.x() >= 0 && window.y() >= 0),
                 window,
-                "negative geometry");
+                "outside its group");
         } else if (&window != gMainWindow) {
             check(window.isFloating(), window, "neither docked nor floating");
             check(
                 window.parentWidget() == gMainWindow, window, "does not belong to the main window");
         }
         if (auto* group = qobject_cast<DockableGroup*>(&window)) {
-            inspectGroup(*group, parent != nullptr);
+            inspectChildren(*group);
+            auto* tabs = qobject_cast<DockableTabGroup*>(group);
+            tabs ? inspectTabs(*tabs) : inspectGroup(*group, parent != nullptr);
         }
     }
 
-    void inspectGroup(DockableGroup& group, bool nested)
+    void inspectChildren(DockableGroup& group)
     {
         std::set<DockableWindow*> children;
         for (int i = 0; i < group.childCount(); ++i) {
@@ -165,16 +203,43 @@ private:
             check(child && children.insert(child).second, group, "the same child twice");
             check(child && child->findDockableParentGroup() == &group, group, "child elsewhere");
         }
-        if (group.windowMode() != DockableWindow::WindowMode::Group) {
-            return;
-        }
+    }
+
+    void inspectGroup(DockableGroup& group, bool nested)
+    {
         check(group.isBorderHidden() == nested, group, "border flag");
         check(group.layout()->contentsMargins().left() == (nested ? 0 : 6), group, "margin");
-        auto* splitter = group.findChild<SolidSplitter*>(QString(), Qt::FindDirectChildrenOnly);
-        check(splitter && splitter->count() == group.childCount(), group, "splitter count");
-        if (m_settled && splitter && group.isVisible() && group.childCount() > 0) {
-            inspectSizes(group, *splitter);
+        const auto splitters = innerWidgets<SolidSplitter>(group);
+        const bool one = splitters.size() == 1;
+        check(one && splitters.first()->count() == group.childCount(), group, "splitter count");
+        if (one && m_moment == Moment::Settled && group.isVisible() && group.childCount() > 0) {
+            inspectSizes(group, *splitters.first());
         }
+    }
+
+    void inspectTabs(DockableTabGroup& group)
+    {
+        const int count = group.childCount();
+        const int active = group.activeIndex();
+        const auto stacks = innerWidgets<QStackedWidget>(group);
+        check(stacks.size() == 1 && stacks.first()->count() == count, group, "pages");
+        check(stacks.size() == 1 && stacks.first()->currentIndex() == active, group, "page shown");
+        check(group.getChild(active) == group.activeChild(), group, "active child");
+        check(count == 0 ? active == -1 : active >= 0 && active < count, group, "active index");
+        check(!group.tabAt(count) && !group.tabAt(-1), group, "a tab too many");
+        const bool settled = m_moment == Moment::Settled;
+        std::set<DockableTabWidget*> tabs;
+        for (int i = 0; i < count; ++i) {
+            DockableTabWidget* tab = group.tabAt(i);
+            check(tab && tabs.insert(tab).second, group, "a tab of its own for each child");
+            check(tab && tab->isActive() == (i == active), group, "active tab");
+            const bool shown = group.getChild(i)->isVisibleTo(&group);
+            check(!settled || shown == (i == active), group, "another child than the active shown");
+            const QString title = group.getChild(i)->getText();
+            check(tab && (title.isEmpty() || tab->text() == title), group, "text of a tab");
+        }
+        const qsizetype all = innerWidgets<DockableTabWidget>(group).size();
+        check(!settled || all == count, group, "tabs left over");
     }
 
     void inspectSizes(DockableGroup& group, const SolidSplitter& splitter)
@@ -194,11 +259,36 @@ private:
         check(seen == 0 || used == length, group, qPrintable(claim));
     }
 
-    bool m_settled;
+    Moment m_moment;
     QStringList m_broken;
+    int m_faint = 0;
+    int m_indicators = 0;
+};
+
+/// A widget that counts the mouse events that reach it.
+class Probe : public QWidget
+{
+public:
+    int seen = 0;
+
+protected:
+    void mouseMoveEvent(QMouseEvent* /*event*/) override { ++seen; }
+    void mouseReleaseEvent(QMouseEvent* /*event*/) override { ++seen; }
 };
 
 } // namespace
+
+bool mouseEventsAreKept()
+{
+    Probe probe;
+    const QPointF point(1, 1);
+    QMouseEvent move(QEvent::MouseMove, point, point, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(
+        QEvent::MouseButtonRelease, point, point, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&probe, &move);
+    QCoreApplication::sendEvent(&probe, &release);
+    return probe.seen != 2;
+}
 
 int emptyShellsInSight()
 {
@@ -208,9 +298,9 @@ int emptyShellsInSight()
     }));
 }
 
-QStringList brokenInvariants(bool settled)
+QStringList brokenInvariants(Moment moment)
 {
-    return gMainWindow ? Inspector(settled).inspect() : QStringList();
+    return gMainWindow ? Inspector(moment).inspect() : QStringList();
 }
 
 } // namespace ui::test

@@ -43,10 +43,19 @@ private:
 /// Runs everything that is due: events, then deferred deletes, until there are none.
 void settle();
 
-/// What is wrong with the windows of gMainWindow, in words; empty if nothing is. To be asked when
-/// no operation or drag is in progress.
-/// @param settled false while layouts and queued calls are still due
-QStringList brokenInvariants(bool settled = true);
+/// When invariants are asked for; never in the middle of an operation.
+enum class Moment
+{
+    Settled,   ///< nothing is due any more
+    Unsettled, ///< layouts and queued calls are still due
+    Dragging,  ///< as well, and one window is perhaps being dragged, over one that shows its zones
+};
+
+/// What is wrong with the windows of gMainWindow, in words; empty if nothing is.
+QStringList brokenInvariants(Moment moment = Moment::Settled);
+
+/// Whether a drag that is over still keeps mouse events from other widgets.
+bool mouseEventsAreKept();
 
 /// Visible groups without children but for the root; undock(false) may leave one for a while.
 int emptyShellsInSight();

@@ -33,7 +33,6 @@ private Q_SLOTS:
     void aGroupClosesWithItsChildrenUnlessOneRefuses();
     void deletedWindowsLeaveNoShellBehind();
     void nothingGrowsHoweverOftenWindowsComeAndGo();
-    void theFocusComesBackToWhereItWas();
     void noWindowShowsButTheOneThatMoves();
     void leftIsLeftInARightToLeftApplication();
     void aNativeContentMakesNobodyElseNative();
@@ -424,36 +423,6 @@ void DockableGroupTest::nothingGrowsHoweverOftenWindowsComeAndGo()
     }
     QCOMPARE(objects(), after40);
     QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::theFocusComesBackToWhereItWas()
-{
-    DockTree tree;
-    tree.showRow({300, 294});
-    DockableGroup& root = tree.root();
-    auto* edit = new QLineEdit;
-    auto* panel = new DockableWindow(edit);
-    panel->setText(QStringLiteral("e"));
-    root.dockInArea(panel, Area::Right);
-    root.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&root));
-    edit->setFocus();
-    QTRY_VERIFY(edit->hasFocus());
-
-    DockableWindow* guest = DockTree::panel(QStringLiteral("x"));
-    const std::function<void()> changes[] = {
-        [&] { panel->dockInArea(guest, Area::Left); }, // a group in its place
-        [&] { guest->undock(true); },                  // and gone again
-        [&] { root.dockInArea(guest, Area::Top); },    // across everything
-        [&] { guest->undockAndClose(); },
-        [&] { root.getChild(0)->dockInArea(panel, Area::Bottom); }};
-    for (const auto& change : changes) {
-        change();
-        QVERIFY(root.focusWidget() == edit);
-        QTRY_VERIFY(edit->hasFocus());
-    }
-    panel->undock(true);
-    QCOMPARE(panel->focusWidget(), edit);
 }
 
 /// Counts the top-level windows that show, by the windows they are.

@@ -15,7 +15,6 @@ class DialogsTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void dismissingStandsForTheButtonThatDeclines_data();
     void dismissingStandsForTheButtonThatDeclines();
     void theChosenButtonIsTheAnswer();
     void aTextIsTakenAsItWasEntered();
@@ -23,35 +22,29 @@ private Q_SLOTS:
     void aNumberIsComputedAndLimited_data();
     void aNumberIsComputedAndLimited();
     void theParentMayDieMeanwhile();
+    void aDialogMayBeUsedAgain();
 
 private:
     ui::test::StyledApplication m_application;
 };
 
-void DialogsTest::dismissingStandsForTheButtonThatDeclines_data()
-{
-    QTest::addColumn<int>("buttons");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("yes, no") << int(Box::Yes | Box::No) << int(Box::No);
-    QTest::newRow("cancel first") << int(Box::Yes | Box::No | Box::Cancel) << int(Box::Cancel);
-    QTest::newRow("save") << int(Box::Save | Box::Discard | Box::Cancel) << int(Box::Cancel);
-    QTest::newRow("the only one") << int(Box::Ok) << int(Box::Ok);
-    QTest::newRow("none declines") << int(Box::Ok | Box::Apply) << int(Box::NoButton);
-    QTest::newRow("none") << int(Box::NoButton) << int(Box::NoButton);
-}
-
 void DialogsTest::dismissingStandsForTheButtonThatDeclines()
 {
-    QFETCH(int, buttons);
-    QFETCH(int, expected);
-    const auto ask = [buttons] {
-        return ModalDialog::getChoice(
-            QStringLiteral("Go on?"), QString(), ModalDialog::Buttons(buttons), Box::Yes);
+    const std::pair<ModalDialog::Buttons, ModalDialog::Button> answers[] = {
+        {Box::Yes | Box::No, Box::No},
+        {Box::Yes | Box::No | Box::Cancel, Box::Cancel},
+        {Box::Save | Box::Discard | Box::Cancel, Box::Cancel},
+        {Box::Ok, Box::Ok},
+        {Box::Ok | Box::Apply, Box::NoButton},
+        {Box::NoButton, Box::NoButton},
     };
-    answerDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-    QCOMPARE(int(ask()), expected);
-    answerDialog([](QDialog& dialog) { dialog.close(); });
-    QCOMPARE(int(ask()), expected);
+    for (const auto& [buttons, expected] : answers) {
+        answerDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        const QString title = QStringLiteral("Go on?");
+        QCOMPARE(ModalDialog::getChoice(title, QString(), buttons, Box::Yes), expected);
+        answerDialog([](QDialog& dialog) { dialog.close(); });
+        QCOMPARE(ModalDialog::getChoice(title, QString(), buttons, Box::Yes), expected);
+    }
 }
 
 void DialogsTest::theChosenButtonIsTheAnswer()
@@ -166,6 +159,22 @@ void DialogsTest::theParentMayDieMeanwhile()
         ModalDialog::getChoice(title, QString(), Box::Yes | Box::No, Box::Yes, mortal()), Box::No);
     QVERIFY(!ui::getStringInput(title, title, title, mortal()));
     QVERIFY(!ui::getIntegerInput(title, title, 1, 0, 2, mortal()));
+}
+
+void DialogsTest::aDialogMayBeUsedAgain()
+{
+    ModalDialog dialog(QStringLiteral("Again?"));
+    dialog.setButtons(Box::Yes | Box::No, Box::Yes);
+    auto* const first = new QWidget;
+    dialog.setContent(first);
+    answerDialog([](QDialog& open) { QTest::keyClick(&open, Qt::Key_Return); });
+    dialog.exec();
+    QCOMPARE(dialog.chosen(), Box::Yes);
+    delete first; // by its owner's owner
+    dialog.setContent(new QWidget);
+    answerDialog([](QDialog& open) { QTest::keyClick(&open, Qt::Key_Escape); });
+    dialog.exec();
+    QCOMPARE(dialog.chosen(), Box::No);
 }
 
 const ui::test::Registration<DialogsTest> kRegistration;

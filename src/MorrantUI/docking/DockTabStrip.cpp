@@ -1,8 +1,10 @@
 #include "DockTabStrip.h"
 
+#include "AccessibleDocking.h"
 #include "TabRow.h"
 #include "tabkeys.h"
 #include "tablook.h"
+#include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/TabGradientOverlay.h>
 
@@ -24,6 +26,7 @@ DockTabStrip::DockTabStrip(QWidget* group)
     , m_tabs(m_row->tabs())
     , m_fades(new TabGradientOverlay(this))
 {
+    ui::installAccessible<DockTabStrip, ui::AccessibleDockTabStrip>();
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     connect(m_row, &TabRow::placed, this, [this] {

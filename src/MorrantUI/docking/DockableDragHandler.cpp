@@ -1,6 +1,7 @@
 #include <MorrantUI/docking/DockableDragHandler.h>
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/docking/panelkeys.h>
 #include <MorrantUI/platform/windowsystem.h>
 #include <MorrantUI/theme/eventfilters.h>
 #include <MorrantUI/theme/widgets.h>
@@ -69,7 +70,9 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
     const QAction* undock = menu->addAction(tr("Undock"));
     const QAction* show = menu->addAction(tr("Show"));
     const QAction* close = menu->addAction(tr("Close"));
-    const QAction* chosen = menu->exec(event->globalPos());
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QAction* chosen =
+        menu->exec(byKey ? ui::docking::menuPlace(*window) : event->globalPos());
     if (menu) {
         menu->deleteLater();
     }

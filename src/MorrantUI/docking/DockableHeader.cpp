@@ -1,8 +1,17 @@
+#include "AccessibleDocking.h"
+#include "tablook.h"
+#include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/theme/style/shapes.h>
+
+#include <QPainter>
 
 DockableHeader::DockableHeader(QWidget* parent)
     : Widget(parent)
-{}
+{
+    ui::installAccessible<DockableHeader, ui::AccessibleDockHeader>();
+    setFocusPolicy(Qt::TabFocus);
+}
 
 DockableHeader::~DockableHeader() = default;
 
@@ -18,4 +27,18 @@ void DockableHeader::setText(const QString& text)
 {
     m_text = text;
     setAccessibleName(text);
+}
+
+void DockableHeader::paintEvent(QPaintEvent* event)
+{
+    Widget::paintEvent(event);
+    QPainter painter(this);
+    paintFocus(painter);
+}
+
+void DockableHeader::paintFocus(QPainter& painter)
+{
+    if (ui::tabs::moodOf(*this).keyboard) {
+        ui::style::drawFocusRing(painter, rect());
+    }
 }

@@ -6,6 +6,8 @@
 #include <QString>
 
 /// The title row of a dockable window, and what the user grabs to move it.
+///
+/// It gets the keyboard focus by the Tab key, never by a click: that leaves the focus where it is.
 class MORRANT_UI_EXPORT DockableHeader : public Widget
 {
     Q_OBJECT
@@ -21,6 +23,13 @@ public:
     /// What the header shows; also its accessible name.
     virtual void setText(const QString& text);
     QString text() const { return m_text; }
+
+protected:
+    /// The background, and a ring around it while it has the focus by a key.
+    void paintEvent(QPaintEvent* event) override;
+
+    /// The last thing to paint.
+    void paintFocus(QPainter& painter);
 
 private:
     QString m_text;

@@ -64,6 +64,7 @@ void DockableTabHeader::paintEvent(QPaintEvent* /*event*/)
         layoutDirection(), Qt::AlignVCenter | Qt::AlignLeading, m_title.size().toSize(), room);
     painter.setPen(ui::colorQt(QStringLiteral("WindowText")));
     painter.drawStaticText(title.topLeft(), m_title);
+    paintFocus(painter);
 }
 
 void DockableTabHeader::resizeEvent(QResizeEvent* event)

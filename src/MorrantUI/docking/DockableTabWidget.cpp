@@ -1,5 +1,7 @@
+#include "AccessibleDocking.h"
 #include "TabLabel.h"
 #include "tablook.h"
+#include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/tabreorder.h>
 #include <MorrantUI/theme/colors.h>
@@ -23,6 +25,7 @@ DockableTabWidget::DockableTabWidget(const QString& text, QWidget* parent)
     : Widget(parent)
     , m_label(new TabLabel(this))
 {
+    ui::installAccessible<DockableTabWidget, ui::AccessibleDockTab>();
     setAttribute(Qt::WA_Hover);
     setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -55,6 +58,9 @@ void DockableTabWidget::setActive(bool active)
         m_active = active;
         stopHoverTimer();
         updateLook();
+        if (active) {
+            ui::notifyDockTabSelected(this);
+        }
     }
 }
 

@@ -1,5 +1,7 @@
+#include "AccessibleDocking.h"
 #include "DockOperation.h"
 #include "GroupRoom.h"
+#include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DockableWindow.h>
@@ -7,11 +9,14 @@
 #include <MorrantUI/docking/FlashFrame.h>
 #include <MorrantUI/docking/WindowDimmer.h>
 #include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/docking/panelfocus.h>
+#include <MorrantUI/docking/panelkeys.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/palettes.h>
 
-#include <QEvent>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QPropertyAnimation>
 
 using ui::docking::groupOf;
@@ -32,6 +37,8 @@ static const QColor& focusFrameColor()
 DockableWindow::DockableWindow()
     : m_dragHandler(this)
 {
+    ui::installAccessible<DockableWindow, ui::AccessibleDockable>();
+    ui::docking::rememberFocus();
     makeFloating();
     setAttribute(Qt::WA_DeleteOnClose);
     ui::setWidgetBackground(this, kBackground);
@@ -164,6 +171,7 @@ void DockableWindow::setText(const QString& text)
     m_text = text;
     setWindowTitle(text);
     if (changed) {
+        ui::notifyDockableRenamed(this);
         ui::docking::LayoutChange change;
         change.noteTabs(); // one of them may show it
         Q_EMIT textChanged(text);
@@ -304,6 +312,9 @@ bool DockableWindow::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Show:
+        if (m_windowMode == WindowMode::Panel) {
+            ui::docking::offerFocus(*this);
+        }
         if (!m_inactive && findDockableRoot() != gMainWindow) {
             native::setFloating(window(), true);
             return true;
@@ -351,6 +362,24 @@ void DockableWindow::resizeEvent(QResizeEvent* event)
     }
     if (m_dropIndicator->isVisible()) {
         m_dropIndicator->resize(size());
+    }
+}
+
+/// Keys that nothing inside has a use for.
+void DockableWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (!ui::docking::walkPanels(*event) && !ui::docking::askForMenu(*event)) {
+        Widget::keyPressEvent(event);
+    }
+}
+
+/// The content has no menu of its own: the Menu key opens the header's.
+void DockableWindow::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (m_windowMode == WindowMode::Panel && event->reason() == QContextMenuEvent::Keyboard) {
+        m_dragHandler.contextMenuEvent(event);
+    } else {
+        Widget::contextMenuEvent(event);
     }
 }
 
@@ -405,8 +434,10 @@ void DockableWindow::settleLimits()
 void DockableWindow::dropNativeWindow()
 {
     setAttribute(Qt::WA_NativeWindow, false);
+    if (windowOpacity() < 1.0) { // of one in mid-drag, and docked it could not be set
+        setWindowOpacity(1.0);
+    }
     if (isWindow() && windowHandle()) {
-        setWindowOpacity(1.0); // it may be in mid-drag, and docked it cannot be set
         hide();
         destroy();
     }

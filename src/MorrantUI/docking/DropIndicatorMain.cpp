@@ -19,7 +19,7 @@ DropIndicatorMain::~DropIndicatorMain() = default;
 void DropIndicatorMain::updateArea()
 {
     m_area = ui::docking::hitTest(m_zones, mapFromGlobal(QPointF(QCursor::pos())));
-    repaint();
+    update(); // painted once, together with the zones
     raise();
 }
 

@@ -1,3 +1,5 @@
+#include "AccessibleDocking.h"
+#include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/docking/SolidSplitter.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -29,6 +31,7 @@ protected:
 SolidSplitter::SolidSplitter(QWidget* parent)
     : QSplitter(parent)
 {
+    ui::installAccessible<SolidSplitter, ui::AccessibleDockSplitter>();
     setLayoutDirection(Qt::LeftToRight);
     setChildrenCollapsible(false);
 }

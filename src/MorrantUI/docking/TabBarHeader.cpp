@@ -1,10 +1,10 @@
 #include "AccessibleTabs.h"
+#include "TabHover.h"
 #include "TabRow.h"
 #include "tabkeys.h"
 #include "tablook.h"
 #include <MorrantUI/controls/accessibility.h>
 #include <MorrantUI/docking/TabBarHeader.h>
-#include <MorrantUI/docking/TabBarOverlay.h>
 #include <MorrantUI/docking/TabGradientOverlay.h>
 #include <MorrantUI/docking/TabItem.h>
 #include <MorrantUI/docking/tabreorder.h>
@@ -16,7 +16,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTimer>
 #include <QWheelEvent>
 
 #include <utility>
@@ -25,11 +24,8 @@ using ui::tabs::Command;
 
 namespace {
 
-constexpr int kWidestFade = 32;   ///< of an edge
-constexpr int kLeastWidth = 80;   ///< narrowest header worth having
-constexpr int kEdgeBand = 28;     ///< where holding a dragged tab scrolls
-constexpr int kEdgeStep = 10;     ///< logical pixels, at the edge itself
-constexpr int kEdgeInterval = 16; ///< milliseconds
+constexpr int kWidestFade = 32; ///< of an edge
+constexpr int kLeastWidth = 80; ///< narrowest header worth having
 
 } // namespace
 
@@ -38,8 +34,7 @@ TabBarHeader::TabBarHeader(QWidget* parent)
     , m_row(new TabRow(this))
     , m_layout(m_row->tabs())
     , m_fades(new TabGradientOverlay(this))
-    , m_dropOverlay(new TabBarOverlay(this))
-    , m_edgeTimer(new QTimer(this))
+    , m_hover(new TabHover(m_row))
 {
     ui::installAccessible<TabBarHeader, ui::AccessibleTabList>();
     setFocusPolicy(Qt::TabFocus); // a click must not take the focus from a field
@@ -50,8 +45,6 @@ TabBarHeader::TabBarHeader(QWidget* parent)
     });
     connect(m_row, &TabRow::needsOtherSpace, this, &TabBarHeader::updateGeometry);
     connect(m_row, &TabRow::childLost, this, &TabBarHeader::noteLostTab);
-    m_edgeTimer->setInterval(kEdgeInterval);
-    connect(m_edgeTimer, &QTimer::timeout, this, &TabBarHeader::scrollAtEdge);
 }
 
 TabBarHeader::~TabBarHeader()
@@ -97,11 +90,11 @@ void TabBarHeader::insertTab(int index, TabItem* tab)
     }
     connect(tab, &TabItem::clicked, this, [this, tab] { setCurrentIndex(indexOf(tab)); });
     renumber();
-    if (m_current == nullptr) {
+    if (m_current == nullptr && isReachable(tab->index())) {
         select(tab->index());
     }
     m_currentIndex = indexOf(m_current);
-    tellCurrent(Tell::AnotherIndex);
+    tellCurrent();
 }
 
 void TabBarHeader::removeTab(int index)
@@ -149,7 +142,9 @@ void TabBarHeader::closeTabs(const QList<int>& indices)
         }
     }
     m_closing = wasClosing;
-    tellCurrent(Tell::AnotherTabToo);
+    if (!m_closing) {
+        tellCurrent();
+    }
 }
 
 void TabBarHeader::takeOut(TabItem* tab)
@@ -185,6 +180,7 @@ void TabBarHeader::settle()
         m_currentIndex = index;
     } else {
         selectInsteadOf(m_currentIndex);
+        scrollTo(m_currentIndex);
     }
 }
 
@@ -195,46 +191,41 @@ void TabBarHeader::renumber()
     }
 }
 
-bool TabBarHeader::isSelectable(int index) const
+/// Whether a tab may become current without having been asked for.
+bool TabBarHeader::isReachable(int index) const
 {
     const TabItem* const candidate = tab(index);
     // Enabled for itself: a panel that is disabled as a whole keeps its pages.
-    return candidate != nullptr && candidate->isEnabledTo(m_row);
+    return candidate != nullptr && candidate->isEnabledTo(m_row) && !candidate->isHidden();
 }
 
-bool TabBarHeader::select(int index)
+void TabBarHeader::select(int index)
 {
-    if (!isSelectable(index)) {
-        return false;
-    }
     m_current = tab(index);
     m_currentIndex = index;
     for (int i = 0; i < count(); ++i) {
         tab(i)->setActive(i == index);
     }
-    return true;
 }
 
 void TabBarHeader::selectInsteadOf(int index)
 {
-    m_current = nullptr;
-    m_currentIndex = -1;
-    bool found = false;
-    for (int i = qMax(0, index); i < count() && !found; ++i) {
-        found = select(i);
+    int next = qMax(0, index);
+    while (next < count() && !isReachable(next)) {
+        ++next;
     }
-    for (int i = qMin(index, count()) - 1; i >= 0 && !found; --i) {
-        found = select(i);
+    if (next >= count()) {
+        next = qMin(index, count()) - 1;
+        while (next >= 0 && !isReachable(next)) {
+            --next;
+        }
     }
+    select(next);
 }
 
-void TabBarHeader::tellCurrent(Tell what)
+void TabBarHeader::tellCurrent()
 {
-    if (m_closing) {
-        return;
-    }
-    const bool changed =
-        m_told.index != m_currentIndex || (what == Tell::AnotherTabToo && m_told.tab != m_current);
+    const bool changed = m_told.index != m_currentIndex || m_told.tab != m_current;
     m_told = {m_currentIndex, m_current};
     if (changed) {
         update();
@@ -247,16 +238,18 @@ void TabBarHeader::tellRemoval()
 {
     const QPointer<TabBarHeader> self(this);
     Q_EMIT tabRemoved();
-    if (self) {
-        tellCurrent(Tell::AnotherTabToo);
+    if (self && !m_closing) {
+        tellCurrent();
     }
 }
 
 void TabBarHeader::setCurrentIndex(int index)
 {
-    if (select(index)) {
+    const TabItem* const chosen = tab(index);
+    if (chosen != nullptr && chosen->isEnabled()) {
+        select(index);
         scrollTo(index);
-        tellCurrent(Tell::AnotherIndex);
+        tellCurrent();
     }
 }
 
@@ -269,7 +262,7 @@ void TabBarHeader::selectNeighbour(int step)
 void TabBarHeader::selectFrom(int index, int step)
 {
     while (index >= 0 && index < count()) {
-        if (isSelectable(index) && !tab(index)->isHidden()) {
+        if (isReachable(index)) {
             setCurrentIndex(index);
             return;
         }
@@ -286,11 +279,14 @@ void TabBarHeader::moveTab(int from, int to)
     m_layout->insertWidget(to, item->widget());
     delete item;
     renumber();
+    if (tab(to)->isEnabled()) {
+        select(to);
+        scrollTo(to);
+    }
     m_currentIndex = indexOf(m_current);
-    select(to);
-    scrollTo(to);
+    m_told.tab = m_current; // tabMoved() tells that
     const QPointer<TabBarHeader> self(this);
-    tellCurrent(Tell::AnotherIndex);
+    tellCurrent();
     if (self) {
         Q_EMIT tabMoved(from, to);
     }
@@ -355,7 +351,7 @@ void TabBarHeader::startDrag(TabItem* tab)
     }
     m_drag = nullptr;
     m_draggedTab = nullptr;
-    hideDrop();
+    m_hover->end();
     m_fades->show();
 }
 
@@ -385,48 +381,13 @@ void TabBarHeader::hoverWithTab(QDropEvent& event)
 {
     const std::optional<int> index = draggedIndex(event);
     if (!index) {
-        hideDrop();
+        m_hover->end();
         event.ignore();
         return;
     }
-    m_hoveringIndex = *index;
-    m_hoverPosition = event.position().toPoint();
-    m_row->place();
-    showDrop();
-    m_edgeTimer->start();
+    m_hover->hold(tab(*index), event.position().toPoint());
     event.setDropAction(Qt::MoveAction);
     event.accept();
-}
-
-void TabBarHeader::showDrop()
-{
-    if (tab(m_hoveringIndex) == nullptr) {
-        hideDrop();
-        return;
-    }
-    const int gap = dropGap(m_hoverPosition);
-    std::optional<int> marker;
-    if (ui::tabs::indexAfterDrop(m_hoveringIndex, gap) != m_hoveringIndex) {
-        marker = m_row->gapX(gap);
-    }
-    m_dropOverlay->setDrop(m_row->tabRect(m_hoveringIndex), marker);
-    m_dropOverlay->show();
-}
-
-void TabBarHeader::hideDrop()
-{
-    m_hoveringIndex = -1;
-    m_edgeTimer->stop();
-    m_dropOverlay->hide();
-}
-
-void TabBarHeader::scrollAtEdge()
-{
-    const int step = ui::tabs::edgeScroll(m_row->view(), m_hoverPosition.x(), kEdgeBand, kEdgeStep);
-    if (step != 0) {
-        m_row->scroll(scrollOffset() + step);
-        showDrop();
-    }
 }
 
 void TabBarHeader::dragEnterEvent(QDragEnterEvent* event)
@@ -441,13 +402,13 @@ void TabBarHeader::dragMoveEvent(QDragMoveEvent* event)
 
 void TabBarHeader::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
-    hideDrop();
+    m_hover->end();
 }
 
 void TabBarHeader::dropEvent(QDropEvent* event)
 {
     const std::optional<int> from = draggedIndex(*event);
-    hideDrop();
+    m_hover->end();
     if (!from) {
         event->ignore();
         return;
@@ -467,6 +428,11 @@ void TabBarHeader::mousePressEvent(QMouseEvent* event)
     m_pressPosition = event->position().toPoint();
     m_pressedTab = qobject_cast<TabItem*>(m_row->tabAt(m_pressPosition));
     event->setAccepted(m_pressedTab != nullptr);
+}
+
+void TabBarHeader::endPress()
+{
+    m_pressedTab = nullptr;
 }
 
 void TabBarHeader::mouseMoveEvent(QMouseEvent* event)
@@ -520,7 +486,8 @@ void TabBarHeader::run(Command command)
 
 void TabBarHeader::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (event->reason() != QContextMenuEvent::Keyboard || m_current == nullptr) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    if (!byKey || m_current == nullptr || !m_current->isEnabled()) {
         event->ignore();
         return;
     }
@@ -578,7 +545,7 @@ void TabBarHeader::resizeEvent(QResizeEvent* event)
 {
     Widget::resizeEvent(event);
     m_fades->setGeometry(rect());
-    m_dropOverlay->setGeometry(rect());
+    m_hover->fitHeader();
     m_row->place();
     scrollTo(m_currentIndex);
 }

@@ -12,9 +12,8 @@
 class QBoxLayout;
 class QDrag;
 class QDropEvent;
-class QTimer;
-class TabBarOverlay;
 class TabGradientOverlay;
+class TabHover;
 class TabItem;
 class TabRow;
 
@@ -47,7 +46,7 @@ public:
     /// first tab becomes current. Null, and what is a tab of any header already, are ignored.
     void insertTab(int index, TabItem* tab);
     /// Takes a tab out at once and deletes it later. If it was current, its neighbour takes its
-    /// place: the next enabled tab behind it, else before it.
+    /// place: the next enabled and shown tab behind it, else before it.
     void removeTab(int index);
     /// The same for all tabs.
     void clear();
@@ -55,8 +54,8 @@ public:
     /// -1 without a tab that could be current.
     int currentIndex() const { return m_currentIndex; }
     TabItem* currentTab() const;
-    /// Selects a tab and scrolls to it. An index out of range, and a tab that is disabled, are
-    /// ignored. Emits indexChanged() if the index is another.
+    /// Selects a tab and scrolls to it. An index out of range, and a tab that is disabled, also
+    /// with the whole header, are ignored. Emits indexChanged() if the index is another.
     void setCurrentIndex(int index);
     /// Selects the nearest enabled tab in reading direction, or against it for a negative `step`.
     /// At the ends nothing happens.
@@ -114,6 +113,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    friend class TabItem; // tells of the end of a press
+
     /// What indexChanged() has told last.
     struct Told
     {
@@ -121,49 +122,36 @@ private:
         QPointer<TabItem> tab;
     };
 
-    /// What a change of the current tab is told for.
-    enum class Tell
-    {
-        AnotherIndex,
-        AnotherTabToo, ///< even at the same index
-    };
-
-    bool isSelectable(int index) const;
-    bool select(int index);
+    bool isReachable(int index) const;
+    void select(int index);
     void selectInsteadOf(int index);
     void selectFrom(int index, int step);
     void takeOut(TabItem* tab);
     void noteLostTab(QObject* child);
     void settle();
     void renumber();
-    void tellCurrent(Tell what);
+    void tellCurrent();
     void tellRemoval();
 
+    void endPress();
     void startDrag(TabItem* tab);
     std::optional<int> draggedIndex(const QDropEvent& event) const;
     void hoverWithTab(QDropEvent& event);
-    void showDrop();
-    void hideDrop();
-    void scrollAtEdge();
     void run(ui::tabs::Command command);
 
     TabRow* m_row;
     QBoxLayout* m_layout; ///< of the row: the tabs in display order, nothing else
     TabGradientOverlay* m_fades;
-    TabBarOverlay* m_dropOverlay;
-    QTimer* m_edgeTimer; ///< runs while a tab is held at the header's edge
+    TabHover* m_hover; ///< what is dragged over the header
 
     int m_known = 0; ///< tabs that have been put in and not taken out
     int m_currentIndex = -1;
     QPointer<TabItem> m_current; ///< null or the tab at that index
     Told m_told;
-    bool m_closing = false; ///< several tabs, of which one signal tells
+    bool m_closing = false; ///< several tabs, of whose removals one signal tells
 
     QPointer<TabItem> m_pressedTab;
     QPoint m_pressPosition; ///< where the last drag began, in the header
     QPointer<TabItem> m_draggedTab;
     QPointer<QDrag> m_drag; ///< while it runs
-
-    int m_hoveringIndex = -1; ///< of the tab held over the header
-    QPoint m_hoverPosition;   ///< where it is held
 };

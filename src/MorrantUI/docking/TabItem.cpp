@@ -54,6 +54,11 @@ TabItem::TabItem(const QString& text, TabBarHeader* header)
 
 TabItem::~TabItem()
 {
+    const auto menus = findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QMenu* const menu : menus) { // whose entry may have led here: it still needs itself
+        menu->setParent(nullptr, menu->windowFlags());
+        menu->deleteLater();
+    }
     if (m_page) {
         m_page->deleteLater(); // one of its own slots may be running
     }
@@ -133,7 +138,7 @@ void TabItem::setCloseButtonVisibility(bool visible)
 
 bool TabItem::isRenamable() const
 {
-    return m_menuKind == ContextMenu && m_menuType == Renamable;
+    return isEnabled() && m_menuKind == ContextMenu && m_menuType == Renamable;
 }
 
 void TabItem::askForName()
@@ -216,6 +221,9 @@ void TabItem::mouseReleaseEvent(QMouseEvent* event)
     // Accepted, also because a slot may delete the tab.
     event->accept();
     const bool renames = std::exchange(m_renamesAfterRelease, false);
+    if (event->button() == Qt::LeftButton && m_header) {
+        m_header->endPress();
+    }
     if (!rect().contains(event->position().toPoint())) {
         return;
     }
@@ -272,14 +280,18 @@ void TabItem::contextMenuEvent(QContextMenuEvent* event)
         return;
     }
     stopTimer();
-    auto* menu = new QMenu(this);
+    auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (m_menuType == Closable) {
         ui::tabs::fillClosableMenu(*menu, *this);
     } else if (m_menuType == Renamable) {
         ui::tabs::fillRenamableMenu(*menu, *this);
     }
+    const QPointer<TabItem> self(this);
     Q_EMIT menuAboutToShow(menu);
+    if (!self) {
+        return; // and the menu goes too
+    }
     if (menu->isEmpty()) {
         menu->deleteLater();
     } else {

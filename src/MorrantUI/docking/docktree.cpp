@@ -1,6 +1,7 @@
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/docking/panelfocus.h>
 
 #include <QApplication>
 
@@ -42,6 +43,26 @@ int& rearrangements()
 {
     static int depth = 0;
     return depth;
+}
+
+/// What has been given the focus in a window that the window system has yet to make active.
+QPointer<QWidget>& awaitedFocus()
+{
+    static QPointer<QWidget> widget;
+    return widget;
+}
+
+/// Where the focus goes from a page that lies behind another tab now.
+QWidget* inFrontOf(QWidget* hidden)
+{
+    DockableWindow* window = DockableWindow::findDockableParent(hidden);
+    for (; window; window = window->findDockableParent()) {
+        const auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(*window));
+        if (tabs && tabs->activeChild() && tabs->activeChild() != window) {
+            return focusTarget(*tabs->activeChild());
+        }
+    }
+    return nullptr;
 }
 
 void report(const Seen& seen)
@@ -177,18 +198,23 @@ bool Rearranging::active()
 }
 
 FocusKeeper::FocusKeeper()
-    : m_focus(QApplication::focusWidget())
-    , m_wasActive(m_focus && m_focus->isActiveWindow())
+    : m_isOnItsWay(awaitedFocus())
+    , m_focus(m_isOnItsWay ? awaitedFocus().data() : QApplication::focusWidget())
+    , m_wasActive(m_isOnItsWay || (m_focus && m_focus->isActiveWindow()))
 {}
 
 FocusKeeper::~FocusKeeper()
 {
-    if (!m_focus || m_focus == QApplication::focusWidget() || !m_focus->isVisible()) {
+    QWidget* focus = m_focus && !m_focus->isVisible() ? inFrontOf(m_focus) : m_focus.data();
+    if (!focus || focus == QApplication::focusWidget() || !focus->isVisible()) {
         return;
     }
-    m_focus->setFocus(Qt::OtherFocusReason);
-    if (m_wasActive && !m_focus->isActiveWindow()) {
-        m_focus->activateWindow();
+    focus->setFocus(Qt::OtherFocusReason);
+    if (m_wasActive && (m_isOnItsWay || !focus->isActiveWindow())) {
+        focus->activateWindow();
+        awaitedFocus() = focus; // for operations that follow at once
+        QMetaObject::invokeMethod(
+            qApp, [] { awaitedFocus().clear(); }, Qt::QueuedConnection);
     }
 }
 

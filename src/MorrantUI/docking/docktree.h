@@ -66,6 +66,7 @@ public:
     Q_DISABLE_COPY_MOVE(FocusKeeper)
 
 private:
+    bool m_isOnItsWay = false; ///< by an operation just before
     QPointer<QWidget> m_focus;
     bool m_wasActive = false;
 };

@@ -31,7 +31,8 @@ void addTabArrowNavigation(QWidget* widget, TabBar* tabBar)
     const QPointer<TabBar> bar(tabBar);
     const auto filter = [bar](QObject* /*watched*/, QEvent* event) {
         const bool announced = event->type() == QEvent::ShortcutOverride;
-        if (bar == nullptr || (!announced && event->type() != QEvent::KeyPress)) {
+        const bool isKey = announced || event->type() == QEvent::KeyPress;
+        if (!isKey || bar == nullptr || !bar->isEnabled()) {
             return false;
         }
         const int step = stepOf(*static_cast<QKeyEvent*>(event), bar->layoutDirection());

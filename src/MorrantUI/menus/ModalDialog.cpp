@@ -82,7 +82,8 @@ void ModalDialog::setContent(QWidget* content)
     if (content == m_content) {
         return;
     }
-    delete std::exchange(m_content, content);
+    delete m_content.data();
+    m_content = content;
     if (content != nullptr) {
         m_column->insertWidget(2, content); // between the text and the space above the buttons
     }
@@ -137,6 +138,14 @@ ModalDialog::Button ModalDialog::getChoice(
     const Button chosen = dialog ? dialog->chosen() : declining(buttons);
     delete dialog.data(); // here, since the parent may go before the loop comes round
     return chosen;
+}
+
+void ModalDialog::setVisible(bool visible)
+{
+    if (visible && !isVisible()) {
+        m_chosen = QDialogButtonBox::NoButton; // of an earlier run
+    }
+    QDialog::setVisible(visible);
 }
 
 void ModalDialog::done(int result)

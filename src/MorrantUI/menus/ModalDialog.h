@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QPointer>
 #include <QString>
 
 class QLabel;
@@ -55,12 +56,13 @@ public:
 
 public Q_SLOTS:
     void done(int result) override;
+    void setVisible(bool visible) override;
 
 private:
     QLabel* m_heading;
     QLabel* m_text;
     QVBoxLayout* m_column;
-    QWidget* m_content = nullptr;
+    QPointer<QWidget> m_content;
     QDialogButtonBox* m_buttonBox;
     Button m_chosen = QDialogButtonBox::NoButton;
 };

@@ -1,0 +1,192 @@
+#include "AccessibleDocking.h"
+
+#include "DockTabStrip.h"
+#include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/DockableWindow.h>
+#include <MorrantUI/docking/SolidSplitter.h>
+
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QLayout>
+
+namespace ui {
+
+namespace {
+
+void notify(QObject* object, QAccessible::Event what)
+{
+    if (QAccessible::isActive()) {
+        QAccessibleEvent event(object, what);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+/// As the Menu key does.
+void requestMenu(QWidget& widget)
+{
+    const QPoint center = widget.rect().center();
+    QContextMenuEvent request(
+        QContextMenuEvent::Keyboard, center, widget.mapToGlobal(center), Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &request);
+}
+
+} // namespace
+
+int AccessibleParts::childCount() const
+{
+    return static_cast<int>(parts().size());
+}
+
+QAccessibleInterface* AccessibleParts::child(int index) const
+{
+    return QAccessible::queryAccessibleInterface(parts().value(index));
+}
+
+int AccessibleParts::indexOfChild(const QAccessibleInterface* child) const
+{
+    QWidget* part = child != nullptr ? qobject_cast<QWidget*>(child->object()) : nullptr;
+    return static_cast<int>(parts().indexOf(part));
+}
+
+AccessibleDockable::AccessibleDockable(DockableWindow* window)
+    : AccessibleParts(window)
+{}
+
+QAccessible::Role AccessibleDockable::role() const
+{
+    return widget()->isWindow() ? QAccessible::Window : QAccessible::Pane;
+}
+
+QString AccessibleDockable::text(QAccessible::Text kind) const
+{
+    const QString own = AccessibleParts::text(kind);
+    const bool unnamed = kind == QAccessible::Name && own.isEmpty();
+    return unnamed ? static_cast<DockableWindow*>(widget())->getText() : own;
+}
+
+QWidgetList AccessibleDockable::parts() const
+{
+    QWidgetList shown;
+    const QLayout* layout = widget()->layout();
+    for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
+        QWidget* part = layout->itemAt(i)->widget();
+        if (part != nullptr && !part->isHidden()) {
+            shown.append(part);
+        }
+    }
+    return shown;
+}
+
+AccessibleDockSplitter::AccessibleDockSplitter(SolidSplitter* splitter)
+    : AccessibleParts(splitter, QAccessible::Splitter)
+{}
+
+QWidgetList AccessibleDockSplitter::parts() const
+{
+    QWidgetList inOrder;
+    const auto* splitter = static_cast<SolidSplitter*>(widget());
+    for (int i = 0; i < splitter->count(); ++i) {
+        if (!splitter->handle(i)->isHidden()) { // that of the first child always is
+            inOrder.append(splitter->handle(i));
+        }
+        inOrder.append(splitter->widget(i));
+    }
+    return inOrder;
+}
+
+QStringList AccessibleGrip::actionNames() const
+{
+    QStringList names = QAccessibleWidget::actionNames();
+    if (widget()->isEnabled()) {
+        names << showMenuAction();
+    }
+    return names;
+}
+
+void AccessibleGrip::doAction(const QString& name)
+{
+    QWidget* grip = widget();
+    if (name != showMenuAction()) {
+        QAccessibleWidget::doAction(name);
+    } else if (grip->isEnabled()) {
+        QMetaObject::invokeMethod(
+            grip, [grip] { requestMenu(*grip); }, Qt::QueuedConnection);
+    }
+}
+
+AccessibleDockHeader::AccessibleDockHeader(DockableHeader* header)
+    : AccessibleGrip(header, QAccessible::TitleBar)
+{}
+
+AccessibleDockTab::AccessibleDockTab(DockableTabWidget* tab)
+    : AccessibleGrip(tab, QAccessible::PageTab)
+    , m_tab(tab)
+{}
+
+QAccessibleInterface* AccessibleDockTab::parent() const
+{
+    QWidget* above = m_tab->parentWidget();
+    while (above != nullptr && qobject_cast<DockTabStrip*>(above) == nullptr) {
+        above = above->parentWidget();
+    }
+    return above != nullptr ? QAccessible::queryAccessibleInterface(above)
+                            : AccessibleGrip::parent();
+}
+
+int AccessibleDockTab::childCount() const
+{
+    return 0; // its label would only repeat the name
+}
+
+QAccessible::State AccessibleDockTab::state() const
+{
+    QAccessible::State state = AccessibleGrip::state();
+    state.selectable = m_tab->isEnabled();
+    state.selected = m_tab->isActive();
+    return state;
+}
+
+QStringList AccessibleDockTab::actionNames() const
+{
+    QStringList names = AccessibleGrip::actionNames();
+    if (m_tab->isEnabled()) {
+        names.prepend(pressAction());
+    }
+    return names;
+}
+
+void AccessibleDockTab::doAction(const QString& name)
+{
+    if (name != pressAction()) {
+        AccessibleGrip::doAction(name);
+    } else if (m_tab->isEnabled()) {
+        QMetaObject::invokeMethod(m_tab, &DockableTabWidget::pressed, Qt::QueuedConnection);
+    }
+}
+
+AccessibleDockTabStrip::AccessibleDockTabStrip(DockTabStrip* strip)
+    : AccessibleParts(strip, QAccessible::PageTabList)
+    , m_strip(strip)
+{}
+
+QWidgetList AccessibleDockTabStrip::parts() const
+{
+    QWidgetList tabs;
+    for (int i = 0; i < m_strip->count(); ++i) {
+        tabs.append(m_strip->tabAt(i));
+    }
+    return tabs;
+}
+
+void notifyDockableRenamed(DockableWindow* window)
+{
+    notify(window, QAccessible::NameChanged);
+}
+
+void notifyDockTabSelected(DockableTabWidget* tab)
+{
+    notify(tab, QAccessible::Selection);
+}
+
+} // namespace ui

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <QAccessibleWidget>
+
+class DockTabStrip;
+class DockableHeader;
+class DockableTabWidget;
+class DockableWindow;
+class SolidSplitter;
+
+/// Dockable windows, their headers and their tabs as assistive tools see them.
+namespace ui {
+
+/// A widget whose children are some of its widgets, in the order in which they are read.
+class AccessibleParts : public QAccessibleWidget
+{
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    int childCount() const override;
+    QAccessibleInterface* child(int index) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+
+protected:
+    virtual QWidgetList parts() const = 0;
+};
+
+/// A panel or group, named by its title: a window while it floats, else a pane. Its children are
+/// what lies in its layout and is shown, so no overlays.
+class AccessibleDockable : public AccessibleParts
+{
+public:
+    explicit AccessibleDockable(DockableWindow* window);
+
+    QAccessible::Role role() const override;
+    QString text(QAccessible::Text kind) const override;
+
+protected:
+    QWidgetList parts() const override;
+};
+
+/// The children of a group as they lie, with the handles between them.
+class AccessibleDockSplitter : public AccessibleParts
+{
+public:
+    explicit AccessibleDockSplitter(SolidSplitter* splitter);
+
+protected:
+    QWidgetList parts() const override;
+};
+
+/// What the user grabs a window by. Its menu opens through the event queue, since it waits for an
+/// answer.
+class AccessibleGrip : public QAccessibleWidget
+{
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    QStringList actionNames() const override;
+    void doAction(const QString& name) override;
+};
+
+/// A header: the title bar of its window, and of the same name.
+class AccessibleDockHeader : public AccessibleGrip
+{
+public:
+    explicit AccessibleDockHeader(DockableHeader* header);
+};
+
+/// A tab, named by its text. Pressing brings its page forward.
+class AccessibleDockTab : public AccessibleGrip
+{
+public:
+    explicit AccessibleDockTab(DockableTabWidget* tab);
+
+    QAccessibleInterface* parent() const override;
+    int childCount() const override;
+    QAccessible::State state() const override;
+    QStringList actionNames() const override;
+    void doAction(const QString& name) override;
+
+private:
+    DockableTabWidget* m_tab;
+};
+
+/// The strip of a DockableTabGroup: its tabs in order, and nothing else.
+class AccessibleDockTabStrip : public AccessibleParts
+{
+public:
+    explicit AccessibleDockTabStrip(DockTabStrip* strip);
+
+protected:
+    QWidgetList parts() const override;
+
+private:
+    const DockTabStrip* m_strip;
+};
+
+/// Tells assistive tools that a window has another title; next to nothing when none listens.
+void notifyDockableRenamed(DockableWindow* window);
+/// The same of another tab being active.
+void notifyDockTabSelected(DockableTabWidget* tab);
+
+} // namespace ui

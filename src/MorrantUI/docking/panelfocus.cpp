@@ -1,0 +1,100 @@
+#include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/docking/DockableTabGroup.h>
+#include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/docktree.h>
+#include <MorrantUI/docking/panelfocus.h>
+
+#include <QApplication>
+#include <QPointer>
+#include <QVariant>
+
+namespace ui::docking {
+
+namespace {
+
+constexpr char kLastFocus[] = "_ui_lastFocus"; ///< property of a panel, a guarded widget
+
+bool isIn(const QWidget& content, const QWidget& widget)
+{
+    return &widget == &content || content.isAncestorOf(&widget);
+}
+
+bool takesFocus(const QWidget& widget, const QWidget& content)
+{
+    return widget.isEnabled() && widget.isVisibleTo(content.parentWidget());
+}
+
+void noteFocus(QWidget* now)
+{
+    DockableWindow* panel = DockableWindow::findDockableParent(now);
+    if (panel && panel->content() && isIn(*panel->content(), *now)) {
+        panel->setProperty(kLastFocus, QVariant::fromValue(QPointer<QWidget>(now)));
+    }
+}
+
+} // namespace
+
+void rememberFocus()
+{
+    static QPointer<QCoreApplication> followed;
+    if (followed == qApp) {
+        return;
+    }
+    followed = qApp;
+    QObject::connect(qApp, &QApplication::focusChanged, qApp, [](QWidget* /*old*/, QWidget* now) {
+        noteFocus(now);
+    });
+}
+
+QWidget* focusTarget(const DockableWindow& panel)
+{
+    QWidget* content = panel.content();
+    if (!content) {
+        return nullptr;
+    }
+    QWidget* last = panel.property(kLastFocus).value<QPointer<QWidget>>();
+    if (last && isIn(*content, *last) && takesFocus(*last, *content)) {
+        return last;
+    }
+    QWidget* widget = content;
+    do {
+        const bool isStop = (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (isStop && isIn(*content, *widget) && takesFocus(*widget, *content)) {
+            return widget;
+        }
+        widget = widget->nextInFocusChain();
+    } while (widget != content);
+    return nullptr;
+}
+
+void enterPanel(DockableWindow& panel)
+{
+    // Not by the reason of a key: a field would select all of its text.
+    if (QWidget* target = focusTarget(panel)) {
+        target->setFocus(Qt::OtherFocusReason);
+    } else {
+        titleWidget(panel).setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void offerFocus(DockableWindow& panel)
+{
+    if (panel.isActiveWindow() || panel.window()->focusWidget()) {
+        return;
+    }
+    if (QWidget* target = focusTarget(panel)) {
+        target->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+QWidget& titleWidget(DockableWindow& window)
+{
+    if (window.header() && !window.header()->isHidden()) {
+        return *window.header();
+    }
+    auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(window));
+    DockableTabWidget* tab = tabs ? tabs->tabAt(tabs->indexOfChild(&window)) : nullptr;
+    return tab ? static_cast<QWidget&>(*tab) : window;
+}
+
+} // namespace ui::docking

@@ -1,0 +1,28 @@
+#pragma once
+
+class DockableWindow;
+class QWidget;
+
+/// Where the keyboard is in a panel, or would be.
+namespace ui::docking {
+
+/// From now on it is known of every panel what in its content last had the focus: Qt forgets it
+/// whenever the panel changes places. Only the first call does anything.
+void rememberFocus();
+
+/// What in a panel's content last had the focus, else what the Tab key would come to first there;
+/// null if nothing there takes it.
+QWidget* focusTarget(const DockableWindow& panel);
+
+/// Moves the focus to the focusTarget(), or else to what shows the title.
+void enterPanel(DockableWindow& panel);
+
+/// To be called when a panel shows: if its window is not active yet and nothing there is to have
+/// the focus then, the content of the panel is. Qt would choose what the Tab key comes to first, a
+/// header or tab.
+void offerFocus(DockableWindow& panel);
+
+/// What shows the window's title: its header or else its tab; itself, if nothing does.
+QWidget& titleWidget(DockableWindow& window);
+
+} // namespace ui::docking

@@ -1,0 +1,47 @@
+#include <MorrantUI/docking/DockableWindow.h>
+#include <MorrantUI/docking/panelfocus.h>
+#include <MorrantUI/docking/panelkeys.h>
+#include <MorrantUI/docking/panelnavigation.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QStyle>
+
+namespace ui::docking {
+
+static bool isKey(const QKeyEvent& event, Qt::Key key, Qt::KeyboardModifiers held)
+{
+    return event.key() == key && (event.modifiers() & ~Qt::KeypadModifier) == held;
+}
+
+bool walkPanels(const QKeyEvent& key)
+{
+    if (isKey(key, Qt::Key_F6, Qt::NoModifier)) {
+        return focusNextPanel();
+    }
+    return isKey(key, Qt::Key_F6, Qt::ShiftModifier) && focusPreviousPanel();
+}
+
+bool askForMenu(const QKeyEvent& key)
+{
+    QWidget* focus = QApplication::focusWidget();
+    if (!focus || !isKey(key, Qt::Key_F10, Qt::ShiftModifier)) {
+        return false;
+    }
+    const QPoint cursor =
+        focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center(); // as Qt does
+    QContextMenuEvent request(
+        QContextMenuEvent::Keyboard, cursor, focus->mapToGlobal(cursor), key.modifiers());
+    return QCoreApplication::sendEvent(focus, &request) && request.isAccepted();
+}
+
+QPoint menuPlace(DockableWindow& window)
+{
+    const QWidget& title = titleWidget(window);
+    const QRect rect = title.rect();
+    const QPoint corner = &title == &window ? rect.topLeft() : rect.bottomLeft();
+    return title.mapToGlobal(QStyle::visualPos(title.layoutDirection(), rect, corner));
+}
+
+} // namespace ui::docking

@@ -1,0 +1,23 @@
+#pragma once
+
+class DockableWindow;
+class QKeyEvent;
+class QPoint;
+
+/// What dockable windows make of keys that nothing inside them has a use for.
+namespace ui::docking {
+
+/// Goes to the next or the previous panel, if that is what the key means.
+/// @return whether it did
+bool walkPanels(const QKeyEvent& key);
+
+/// Asks what has the focus for its menu if the key is Shift+F10, which not every system does by
+/// itself as it does for the Menu key.
+/// @return whether something had a menu
+bool askForMenu(const QKeyEvent& key);
+
+/// Where the window's menu opens when a key asks for it: at the lower edge of its header or tab,
+/// where the title begins. A global position.
+QPoint menuPlace(DockableWindow& window);
+
+} // namespace ui::docking
