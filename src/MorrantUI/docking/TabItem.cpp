@@ -1,10 +1,9 @@
 #include "AccessibleTabs.h"
 #include "TabCloseButton.h"
+#include "TabLabel.h"
 #include "tablook.h"
 #include "tabmenus.h"
-#include <MorrantUI/controls/RolloverLabel.h>
 #include <MorrantUI/controls/accessibility.h>
-#include <MorrantUI/controls/elidedtext.h>
 #include <MorrantUI/docking/TabBarHeader.h>
 #include <MorrantUI/docking/TabItem.h>
 #include <MorrantUI/menus/ModalDialog.h>
@@ -25,7 +24,6 @@ namespace {
 
 constexpr int kSidePadding = 8;   ///< logical pixels, beside the contents
 constexpr int kSpacing = 2;       ///< between decorator, text and close button
-constexpr int kMostChars = 24;    ///< of a text that is shown whole, about
 constexpr int kNarrowest = 56;    ///< logical pixels, for texts of a letter or two
 constexpr int kRenameDelay = 100; ///< milliseconds from the release to the dialog
 
@@ -35,15 +33,12 @@ TabItem::TabItem(const QString& text, TabBarHeader* header)
     : Widget(header)
     , m_header(header)
     , m_row(new QHBoxLayout(this))
-    , m_label(new RolloverLabel(this))
+    , m_label(new TabLabel(this))
 {
     ui::installAccessible<TabItem, ui::AccessibleTab>();
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setMinimumWidth(kNarrowest);
-    // The tab as a whole is what is hovered, clicked and focused.
-    m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_label->setFocusPolicy(Qt::NoFocus);
     m_row->setContentsMargins(kSidePadding, 0, kSidePadding, 0);
     m_row->setSpacing(kSpacing);
     m_row->addWidget(m_label);
@@ -66,14 +61,12 @@ TabItem::~TabItem()
 
 QString TabItem::text() const
 {
-    return m_text;
+    return m_label->wholeText();
 }
 
 void TabItem::setText(const QString& text)
 {
-    m_text = text;
-    QString shown = text;
-    m_label->setText(shown.replace(QLatin1Char('&'), QLatin1String("&&")));
+    m_label->showText(text);
     if (QAccessible::isActive()) {
         QAccessibleEvent event(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&event);
@@ -145,7 +138,7 @@ void TabItem::askForName()
 {
     stopTimer();
     const std::optional<QString> name =
-        ui::getStringInput(tr("Rename Tab"), tr("New Name:"), m_text, this);
+        ui::getStringInput(tr("Rename Tab"), tr("New Name:"), text(), this);
     if (name) { // never after the tab has gone
         setText(*name);
         Q_EMIT renamed();
@@ -186,11 +179,8 @@ void TabItem::stopTimer()
 
 bool TabItem::event(QEvent* event)
 {
-    if (event->type() == QEvent::ToolTip) {
-        const bool isCut = m_label->width() < m_label->sizeHint().width();
-        if (ui::answerWithWholeText(*this, event, m_text, isCut ? QString() : m_text)) {
-            return true;
-        }
+    if (event->type() == QEvent::ToolTip && m_label->answerToolTip(*this, event)) {
+        return true;
     }
     const bool done = Widget::event(event);
     if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
@@ -313,16 +303,12 @@ void TabItem::hideEvent(QHideEvent* event)
 
 void TabItem::followFont()
 {
-    m_label->setMaximumWidth(kMostChars * fontMetrics().averageCharWidth());
+    m_label->followFont();
     setFixedHeight(ui::tabs::tabHeight(*this));
 }
 
 void TabItem::updateLook()
 {
-    const bool hovered = isEnabled() && underMouse();
-    const auto color = m_active  ? QStringLiteral("Text")
-                       : hovered ? QStringLiteral("WindowText")
-                                 : QStringLiteral("HelperHints");
-    m_label->setColors(color);
+    m_label->followState(m_active, isEnabled() && underMouse());
     update();
 }

@@ -9,10 +9,10 @@
 class QHBoxLayout;
 class QMenu;
 class QTimer;
-class RolloverLabel;
 class TabBar;
 class TabBarHeader;
 class TabCloseButton;
+class TabLabel;
 
 /// One tab of a TabBarHeader: a decorator, the text and a close button, in reading order.
 ///
@@ -127,9 +127,8 @@ private:
 
     QPointer<TabBarHeader> m_header;
     QPointer<QWidget> m_page;
-    QString m_text;
     QHBoxLayout* m_row;
-    RolloverLabel* m_label;
+    TabLabel* m_label;
     QPointer<QWidget> m_decorator;
     TabCloseButton* m_closeButton = nullptr; ///< a child, once there is one
     QTimer* m_renameTimer = nullptr;         ///< a child, made when it is first started
