@@ -2,7 +2,9 @@
 
 #include <Core/Expression.h>
 
+#include <clocale>
 #include <locale>
+#include <string>
 
 class ExpressionTest : public ui::test::TestCase
 {
@@ -107,8 +109,11 @@ void ExpressionTest::theLocaleDoesNotMatter()
     };
     // The locale owns the facet.
     const auto before = std::locale::global(std::locale(std::locale::classic(), new CommaNumbers));
+    const std::string former = std::setlocale(LC_ALL, nullptr);
+    std::setlocale(LC_ALL, "de_DE.UTF-8"); // as far as the system has it
     const double value = evaluateExpression("1.5*2", {}, nullptr);
     std::locale::global(before);
+    std::setlocale(LC_ALL, former.c_str());
     QCOMPARE(value, 3.0);
 }
 

@@ -11,7 +11,8 @@
 
 namespace ui::test {
 
-/// A window with a floating-point field and another place for the focus.
+/// An active window with a floating-point field and another place for the
+/// focus, which has it.
 struct NumericPanel
 {
     explicit NumericPanel(double value = 5.0)
@@ -23,21 +24,20 @@ struct NumericPanel
         window->resize(400, 80);
         window->show();
         window->activateWindow();
-    }
-
-    bool isReady()
-    {
-        const bool ready = QTest::qWaitForWindowActive(window.get());
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
         other->setFocus();
-        return ready;
     }
 
+    void press(QPoint position = {5, 10})
+    {
+        pointer.moveTo(position);
+        pointer.press();
+    }
     /// Presses at the field's left end and passes the drag distance.
     void beginScrub()
     {
-        pointer.moveTo({5, 10});
-        pointer.press();
-        pointer.moveTo({5 + QApplication::startDragDistance(), 10});
+        press();
+        scrubTo(0);
     }
     /// Pixels since the drag distance was passed.
     void scrubTo(int distance)
@@ -53,12 +53,15 @@ struct NumericPanel
 
     void click(QPoint position)
     {
-        pointer.moveTo(position);
-        pointer.press();
+        press(position);
         pointer.release();
     }
 
     void enterByTab() { field->setFocus(Qt::TabFocusReason); }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(field, key, modifiers);
+    }
 
     std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
     QPointer<NumericField> field = new NumericField(0.0, window.get());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/TestCase.h"
 #include "support/paths.h"
 #include "support/themes.h"
 #include "theme/ApplicationLook.h"
@@ -7,8 +8,8 @@
 
 namespace ui::test {
 
-/// The dark theme and its style for as long as a test class runs; the application's former look
-/// comes back with the end of this object.
+/// The dark theme and its style for as long as a test class runs; the
+/// application's former look comes back with the end of this object.
 class StyledApplication
 {
 public:
@@ -19,6 +20,16 @@ public:
 private:
     ApplicationLook m_look;
     VisualDesignDark& m_theme = makeTheme<VisualDesignDark>(assetsPath());
+};
+
+/// Base of the test classes that run in such an application.
+class StyledTestCase : public TestCase
+{
+protected:
+    VisualDesignDark& theme() { return m_application.theme(); }
+
+private:
+    StyledApplication m_application;
 };
 
 } // namespace ui::test

@@ -1,6 +1,6 @@
+#include "controls/PaintCounter.h"
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"
-#include "support/TestCase.h"
 #include "support/pixels.h"
 #include <MorrantUI/controls/CheckBox.h>
 #include <MorrantUI/controls/ColorSwatch.h>
@@ -16,27 +16,17 @@
 
 #include <tuple>
 
-using ui::test::FakePointer;
+using ui::test::closeTo;
+using ui::test::pixelAt;
 using ui::test::renderWidget;
+using Buttons = std::initializer_list<QAbstractButton*>;
 
 namespace {
 
 QString icon(const char* name)
 {
-    return QStringLiteral("icons:%1.png").arg(QLatin1String(name));
+    return u"icons:%1.png"_qs.arg(QLatin1String(name));
 }
-
-/// Counts the paint events of a widget.
-class PaintCounter : public QObject
-{
-public:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int count = 0;
-};
 
 QAccessibleInterface& accessible(QWidget& widget)
 {
@@ -45,7 +35,7 @@ QAccessibleInterface& accessible(QWidget& widget)
 
 } // namespace
 
-class ButtonsTest : public ui::test::TestCase
+class ButtonsTest : public ui::test::StyledTestCase
 {
     Q_OBJECT
 
@@ -62,15 +52,12 @@ private Q_SLOTS:
     void hoverRepaintsOnceEachWay();
     void assistiveToolsSeeNameRoleAndState();
     void aLabelNamesAButtonWithoutAText();
-
-private:
-    ui::test::StyledApplication m_application;
 };
 
 void ButtonsTest::returnAndSpacePressEveryButton()
 {
     QWidget window;
-    for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{
+    for (QAbstractButton* button : Buttons{
              new PushButton(&window),
              new ToolButton(&window),
              new IconButton(&window),
@@ -96,22 +83,19 @@ void ButtonsTest::returnAndSpacePressEveryButton()
 void ButtonsTest::primaryIsALookAndNotADialogsDefault()
 {
     QDialog dialog;
-    PushButton primary(QStringLiteral("Render"), &dialog);
-    PushButton plain(QStringLiteral("Later"), &dialog);
-    const QColor highlight = ui::colorQt(QStringLiteral("Highlight"));
-    const QPointF ground(4, 11);
-
+    PushButton primary(u"Render"_qs, &dialog);
     primary.resize(primary.sizeHint());
-    QVERIFY(ui::test::closeTo(
-        ui::test::pixelAt(renderWidget(primary), ground), ui::colorQt(QStringLiteral("Button"))));
-    primary.setPrimary(true);
-    QVERIFY(ui::test::closeTo(ui::test::pixelAt(renderWidget(primary), ground), highlight));
-    QVERIFY(!primary.isDefault());
+    for (const bool isPrimary : {false, true}) {
+        primary.setPrimary(isPrimary);
+        const QColor ground = pixelAt(renderWidget(primary), {4, 11});
+        QVERIFY(closeTo(ground, ui::colorQt(isPrimary ? u"Highlight"_qs : u"Button"_qs)));
+        QVERIFY(!primary.isDefault());
+    }
 }
 
 void ButtonsTest::aMenuIsAnnouncedAtTheTrailingEdge()
 {
-    ToolButton button(icon("snap"), QStringLiteral("Snap"));
+    ToolButton button(icon("snap"), u"Snap"_qs);
     QMenu menu;
     const int plain = button.sizeHint().width();
     button.setMenu(&menu);
@@ -136,32 +120,29 @@ void ButtonsTest::aMenuIsAnnouncedAtTheTrailingEdge()
 void ButtonsTest::theDownKeyOpensTheMenuInAnyMode()
 {
     QMenu menu;
-    menu.addAction(QStringLiteral("Linear"));
-    PushButton push(QStringLiteral("Easing"));
+    menu.addAction(u"Linear"_qs);
+    PushButton push(u"Easing"_qs);
     push.setMenu(&menu);
-    ToolButton whole(QString(), QStringLiteral("Easing"));
+    ToolButton whole(QString(), u"Easing"_qs);
     whole.setMenu(&menu);
-    ToolButton split(QString(), QStringLiteral("Easing"));
+    ToolButton split(QString(), u"Easing"_qs);
     split.setPopupMode(QToolButton::MenuButtonPopup);
     split.setMenu(&menu);
     QSignalSpy opened(&menu, &QMenu::aboutToShow);
-    for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{&push, &whole, &split}) {
+    connect(
+        &menu, &QMenu::aboutToShow, &menu, [&] { QTimer::singleShot(0, &menu, &QWidget::close); });
+    for (QAbstractButton* button : Buttons{&push, &whole, &split}) {
         QSignalSpy clicked(button, &QAbstractButton::clicked);
+        opened.clear();
         button->show();
         QVERIFY(QTest::qWaitForWindowExposed(button));
-        QTimer::singleShot(0, &menu, &QWidget::close);
         QTest::keyClick(button, Qt::Key_Down);
         QCOMPARE(opened.count(), 1);
+        QTRY_VERIFY(!menu.isVisible());
 
         QAccessibleActionInterface* const actions = accessible(*button).actionInterface();
         const QString show = QAccessibleActionInterface::showMenuAction();
         QVERIFY(actions->actionNames().contains(show));
-        connect(
-            &menu,
-            &QMenu::aboutToShow,
-            &menu,
-            [&] { QTimer::singleShot(0, &menu, &QWidget::close); },
-            Qt::SingleShotConnection);
         actions->doAction(show);
         QTRY_COMPARE(opened.count(), 2);
         QTRY_VERIFY(!menu.isVisible());
@@ -169,15 +150,14 @@ void ButtonsTest::theDownKeyOpensTheMenuInAnyMode()
         button->setEnabled(false);
         QVERIFY(!actions->actionNames().contains(show));
         button->hide();
-        opened.clear();
     }
 }
 
 void ButtonsTest::anIconButtonIsASquareAsHighAsAField()
 {
     IconButton button(icon("eye"));
-    QLineEdit field;
-    QCOMPARE(button.sizeHint(), QSize(field.sizeHint().height(), field.sizeHint().height()));
+    const int height = QLineEdit().sizeHint().height();
+    QCOMPARE(button.sizeHint(), QSize(height, height));
 
     QFont large = button.font();
     large.setPixelSize(24);
@@ -202,7 +182,7 @@ void ButtonsTest::theSecondIconReplacesTheHighlight()
     twoFaced.click();
     QVERIFY(twoFaced.isChecked());
     QCOMPARE(renderWidget(twoFaced), renderWidget(crossedOut));
-    QVERIFY(ui::test::pixelAt(renderWidget(highlighted), {4, 11}).alpha() > 0);
+    QVERIFY(pixelAt(renderWidget(highlighted), {4, 11}).alpha() > 0);
 
     twoFaced.setCheckedIconName(QString());
     QCOMPARE(renderWidget(twoFaced), renderWidget(highlighted));
@@ -213,65 +193,58 @@ void ButtonsTest::joinedGroupButtonsAreRoundAtTheirOuterEnds()
     GroupButton button(icon("addIcon"));
     button.setFixedSize(20, 20);
     button.setIconSize({18, 18});
-    const QColor ground = ui::colorQt(QStringLiteral("Button"));
-    const auto isFilled = [&](QPointF point) {
-        return ui::test::closeTo(ui::test::pixelAt(renderWidget(button), point), ground);
-    };
-    const QPointF left(0.25, 0.25);
-    const QPointF right(18.25, 0.25); // the last column is the gap to the next button
-    QVERIFY(!isFilled(left) && !isFilled({19.25, 0.25}));
-    button.setPlace(0, 3);
-    QVERIFY(!isFilled(left) && isFilled(right));
-    button.setPlace(1, 3);
-    QVERIFY(isFilled(left) && isFilled(right));
-    button.setPlace(7, 3); // counts as the last
-    QVERIFY(isFilled(left) && !isFilled({19.25, 0.25}));
+    const std::tuple<int, int, const char*> places[] = {
+        {0, 1, "00"}, {0, 3, "01"}, {1, 3, "11"}, {7, 3, "10"}}; // 7 counts as the last
+    for (const auto& [index, count, ends] : places) {
+        button.setPlace(index, count);
+        const QImage image = renderWidget(button);
+        const double right = index < count - 1 ? 18.25 : 19.25; // else a gap to the next one
+        QByteArray filled;
+        for (const double x : {0.25, right}) {
+            const QColor seen = pixelAt(image, {x, 0.25});
+            filled += closeTo(seen, ui::colorQt(u"Button"_qs)) ? '1' : '0';
+        }
+        QCOMPARE(filled, QByteArray(ends));
+    }
 }
 
 void ButtonsTest::aRolloverButtonIsTintedByItsState()
 {
-    QPixmap plain(16, 16);
-    plain.fill(QColor(200, 204, 210));
-    QPixmap fine(32, 32);
-    fine.setDevicePixelRatio(2.0);
-    fine.fill(QColor(200, 204, 210));
-    QIcon square(plain);
-    square.addPixmap(fine);
+    QIcon square;
+    for (const int ratio : {1, 2}) {
+        QPixmap pixmap(16 * ratio, 16 * ratio);
+        pixmap.setDevicePixelRatio(ratio);
+        pixmap.fill(QColor(200, 204, 210));
+        square.addPixmap(pixmap);
+    }
     RolloverButton button;
     button.setIcon(square);
     button.setCheckable(true);
-    button.setTints(
-        {QStringLiteral("Red"),
-         QStringLiteral("Green"),
-         QStringLiteral("Yellow"),
-         QStringLiteral("Blue")});
+    button.setTints({u"Red"_qs, u"Green"_qs, u"Yellow"_qs, u"Blue"_qs});
     button.resize(button.sizeHint());
     const auto shows = [&](const QColor& color) {
-        return ui::test::closeTo(ui::test::pixelAt(renderWidget(button), {10, 10}), color);
+        return closeTo(pixelAt(renderWidget(button), {10, 10}), color);
     };
     const auto isFlat = [&] { // beside the icon, which must keep its size at any ratio
-        return ui::test::pixelAt(renderWidget(button), {1, 10}).alpha() == 0
-               && ui::test::pixelAt(renderWidget(button, 2.0), {1, 10}).alpha() == 0;
+        return pixelAt(renderWidget(button), {1, 10}).alpha() == 0
+               && pixelAt(renderWidget(button, 2.0), {1, 10}).alpha() == 0;
     };
-
-    QVERIFY(shows(ui::colorQt(QStringLiteral("Red"))) && isFlat());
+    QVERIFY(shows(ui::colorQt(u"Red"_qs)) && isFlat());
     button.setChecked(true);
-    QVERIFY(shows(ui::colorQt(QStringLiteral("Blue"))) && isFlat());
+    QVERIFY(shows(ui::colorQt(u"Blue"_qs)) && isFlat());
     button.setAttribute(Qt::WA_UnderMouse);
-    QVERIFY(shows(ui::colorQt(QStringLiteral("Green"))) && !isFlat());
+    QVERIFY(shows(ui::colorQt(u"Green"_qs)) && !isFlat());
     button.setDown(true);
-    QVERIFY(shows(ui::colorQt(QStringLiteral("Yellow"))) && !isFlat());
-
-    const QColor former = ui::colorQt(QStringLiteral("Yellow"));
-    m_application.theme().setColor(QStringLiteral("Yellow"), Qt::cyan);
-    QVERIFY2(shows(Qt::cyan), "the colour is asked for at paint time");
-    m_application.theme().setColor(QStringLiteral("Yellow"), former);
-
+    const QColor pressed = ui::colorQt(u"Yellow"_qs);
+    for (const QColor& color : {pressed, QColor(Qt::cyan), pressed}) { // asked for at paint time
+        theme().setColor(u"Yellow"_qs, color);
+        QVERIFY(shows(color) && !isFlat());
+    }
     button.setTints({QString(), QString(), QString(), QString()});
     QVERIFY(shows(QColor(200, 204, 210)));
     button.setEnabled(false);
     QVERIFY(isFlat());
-    QVERIFY(ui::test::pixelAt(renderWidget(button), {10, 10}).alpha() < 128);
+    QVERIFY(pixelAt(renderWidget(button), {10, 10}).alpha() < 128);
 }
 
 void ButtonsTest::anIconVariantStandsInForTheNext()
@@ -280,20 +253,19 @@ void ButtonsTest::anIconVariantStandsInForTheNext()
     RolloverButton unlocked(icon("unlock"));
     RolloverButton button;
     button.setIcons({.rest = icon("lock"), .hovered = icon("unlock")});
-    const auto looksLike = [&](RolloverButton& other) {
-        return renderWidget(button) == renderWidget(other);
-    };
-    for (QWidget* one : std::initializer_list<QWidget*>{&locked, &unlocked, &button}) {
+    const Buttons all{&locked, &unlocked, &button};
+    for (QWidget* one : all) {
         one->resize(button.sizeHint());
     }
-    QVERIFY(looksLike(locked) && !looksLike(unlocked));
-    for (QWidget* one : std::initializer_list<QWidget*>{&locked, &unlocked, &button}) {
+    QCOMPARE(renderWidget(button), renderWidget(locked));
+    for (QWidget* one : all) {
         one->setAttribute(Qt::WA_UnderMouse);
     }
-    QVERIFY(looksLike(unlocked) && !looksLike(locked));
+    QVERIFY(renderWidget(button) != renderWidget(locked));
+    QCOMPARE(renderWidget(button), renderWidget(unlocked));
     unlocked.setDown(true);
     button.setDown(true);
-    QVERIFY(looksLike(unlocked));
+    QCOMPARE(renderWidget(button), renderWidget(unlocked));
 }
 
 void ButtonsTest::hoverRepaintsOnceEachWay()
@@ -304,42 +276,36 @@ void ButtonsTest::hoverRepaintsOnceEachWay()
     button.move(20, 20);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    FakePointer pointer(&window);
+    ui::test::FakePointer pointer(&window);
     pointer.moveTo({150, 80});
     QTest::qWait(50);
-    PaintCounter paints;
-    button.installEventFilter(&paints);
-
+    ui::test::PaintCounter paints(&button);
     pointer.moveTo({28, 28});
     pointer.moveTo({30, 30});
-    QTRY_COMPARE(paints.count, 1);
+    QCOMPARE(paints.take(), 1);
     pointer.moveTo({150, 80});
-    QTRY_COMPARE(paints.count, 2);
-    QTest::qWait(50);
-    QCOMPARE(paints.count, 2);
+    QCOMPARE(paints.take(), 1);
+    QCOMPARE(paints.take(), 0);
 }
 
 void ButtonsTest::assistiveToolsSeeNameRoleAndState()
 {
-    PushButton text(QStringLiteral("Save && E&xit"));
+    PushButton text(u"Save && E&xit"_qs);
     IconButton tip(icon("eye"));
-    tip.setToolTip(QStringLiteral("<b>Visible</b>"));
+    tip.setToolTip(u"<b>Visible</b>"_qs);
     RolloverButton named(icon("close"));
-    named.setToolTip(QStringLiteral("Close (Ctrl+W)"));
-    named.setAccessibleName(QStringLiteral("Close the tab"));
-    ToolButton opener(QString(), QStringLiteral("Easing"));
+    named.setToolTip(u"Close (Ctrl+W)"_qs);
+    named.setAccessibleName(u"Close the tab"_qs);
+    ToolButton opener(QString(), u"Easing"_qs);
     opener.setMenu(new QMenu(&opener));
-    for (const auto& [button, name, role] :
-         std::initializer_list<std::tuple<QAbstractButton*, QString, QAccessible::Role>>{
-             {&text, QStringLiteral("Save & Exit"), QAccessible::Button},
-             {&tip, QStringLiteral("Visible"), QAccessible::Button},
-             {&named, QStringLiteral("Close the tab"), QAccessible::Button},
-             {&opener, QStringLiteral("Easing"), QAccessible::ButtonMenu}})
-    {
+    const std::pair<QAbstractButton*, const char*> names[] = {
+        {&text, "Save & Exit"}, {&tip, "Visible"}, {&named, "Close the tab"}, {&opener, "Easing"}};
+    for (const auto& [button, name] : names) {
         QAccessibleInterface& seen = accessible(*button);
-        QCOMPARE(seen.text(QAccessible::Name), name);
-        QCOMPARE(seen.role(), role);
-        QCOMPARE(bool(seen.state().hasPopup), button == &opener);
+        const bool opens = button == &opener;
+        QCOMPARE(seen.text(QAccessible::Name), QLatin1String(name));
+        QCOMPARE(seen.role(), opens ? QAccessible::ButtonMenu : QAccessible::Button);
+        QCOMPARE(bool(seen.state().hasPopup), opens);
     }
 
     QSignalSpy clicked(&tip, &QAbstractButton::clicked);
@@ -357,25 +323,26 @@ void ButtonsTest::assistiveToolsSeeNameRoleAndState()
 
 void ButtonsTest::aLabelNamesAButtonWithoutAText()
 {
-    QGroupBox box(QStringLiteral("Layer"));
+    QGroupBox box(u"Layer"_qs);
     QFormLayout form(&box);
-    const std::initializer_list<QAbstractButton*> buttons{
-        new IconButton(&box),
-        new ToggleSwitch(&box),
-        new CheckBox(&box),
-        new ColorSwatch(&box),
-        new PushButton(&box)};
-    for (QAbstractButton* button : buttons) {
-        form.addRow(QStringLiteral("&Loop"), button);
-        button->setToolTip(QStringLiteral("Plays it again and again"));
-        QCOMPARE(accessible(*button).text(QAccessible::Name), QStringLiteral("Loop"));
-        button->setText(QStringLiteral("Repeat"));
-        QCOMPARE(accessible(*button).text(QAccessible::Name), QStringLiteral("Repeat"));
+    const auto nameOf = [](QWidget* button) { return accessible(*button).text(QAccessible::Name); };
+    for (QAbstractButton* button : Buttons{
+             new IconButton(&box),
+             new ToggleSwitch(&box),
+             new CheckBox(&box),
+             new ColorSwatch(&box),
+             new PushButton(&box)})
+    {
+        form.addRow(u"&Loop"_qs, button);
+        button->setToolTip(u"Plays it again and again"_qs);
+        QCOMPARE(nameOf(button), u"Loop"_qs);
+        button->setText(u"Repeat"_qs);
+        QCOMPARE(nameOf(button), u"Repeat"_qs);
     }
     IconButton alone(&box); // the box's title would tell less than the tool tip
-    QCOMPARE(accessible(alone).text(QAccessible::Name), QStringLiteral("Layer"));
-    alone.setToolTip(QStringLiteral("Visible"));
-    QCOMPARE(accessible(alone).text(QAccessible::Name), QStringLiteral("Visible"));
+    QCOMPARE(nameOf(&alone), u"Layer"_qs);
+    alone.setToolTip(u"Visible"_qs);
+    QCOMPARE(nameOf(&alone), u"Visible"_qs);
 }
 
 const ui::test::Registration<ButtonsTest> kRegistration;

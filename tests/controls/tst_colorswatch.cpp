@@ -1,7 +1,6 @@
 #include "controls/SignalRecord.h"
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"
-#include "support/TestCase.h"
 #include "support/pixels.h"
 #include <MorrantUI/controls/ColorSwatch.h>
 #include <MorrantUI/controls/colortext.h>
@@ -10,8 +9,7 @@
 
 #include <functional>
 
-using ui::test::FakePointer;
-using ui::test::SignalRecord;
+using ui::test::renderWidget;
 
 namespace {
 
@@ -34,6 +32,7 @@ protected:
     }
 };
 
+/// A swatch in an active window.
 struct Panel
 {
     Panel()
@@ -42,7 +41,7 @@ struct Panel
         window.resize(120, 60);
         window.show();
         window.activateWindow();
-        exposed = QTest::qWaitForWindowActive(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
     }
 
     /// Opens the dialog and chooses a colour in it.
@@ -51,11 +50,17 @@ struct Panel
         swatch->click();
         swatch->dialog()->setCurrentColor(color);
     }
+    void drag(int from, int to)
+    {
+        pointer.moveTo({from, 10});
+        pointer.press();
+        pointer.dragTo({to, 10});
+    }
 
     QWidget window;
     QPointer<CountingSwatch> swatch = new CountingSwatch(Qt::red, &window);
-    SignalRecord record{swatch.data()};
-    bool exposed = false;
+    ui::test::SignalRecord record{swatch.data()};
+    ui::test::FakePointer pointer{swatch};
 };
 
 /// Sends what a drag of `data` over the middle of a swatch and its drop send.
@@ -77,13 +82,12 @@ bool drop(ColorSwatch& swatch, const QMimeData& data)
 
 } // namespace
 
-class ColorSwatchTest : public ui::test::TestCase
+class ColorSwatchTest : public ui::test::StyledTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void choosingIsLiveAndAcceptCommits();
-    void cancelRestoresAndReports();
+    void choosingIsLiveAcceptCommitsAndCancelRestores();
     void everyDoorClosesTheDialog();
     void theHostSetsAColorWhileOneIsChosen();
     void keysOpenCopyAndPaste();
@@ -94,15 +98,11 @@ private Q_SLOTS:
     void withoutAlphaEverythingIsOpaque();
     void translucencyShowsTheChequer();
     void assistiveToolsReadAndSetTheColor();
-
-private:
-    ui::test::StyledApplication m_application;
 };
 
-void ColorSwatchTest::choosingIsLiveAndAcceptCommits()
+void ColorSwatchTest::choosingIsLiveAcceptCommitsAndCancelRestores()
 {
     Panel panel;
-    QVERIFY(panel.exposed);
     panel.choose(Qt::green);
     QCOMPARE(panel.swatch->value(), QColor(Qt::green));
     QVERIFY(!panel.swatch->dialog()->isModal());
@@ -119,15 +119,10 @@ void ColorSwatchTest::choosingIsLiveAndAcceptCommits()
     panel.swatch->dialog()->setCurrentColor(Qt::green);
     panel.swatch->dialog()->accept(); // what it was
     QCOMPARE(panel.record.take(), QByteArray("s"));
-}
-
-void ColorSwatchTest::cancelRestoresAndReports()
-{
-    Panel panel;
     panel.choose(QColor(1, 2, 3, 4));
     QCOMPARE(panel.swatch->value(), QColor(1, 2, 3, 4));
     panel.swatch->dialog()->reject();
-    QCOMPARE(panel.swatch->value(), QColor(Qt::red));
+    QCOMPARE(panel.swatch->value(), QColor(Qt::green));
     QCOMPARE(panel.record.take(), QByteArray("s"));
     panel.swatch->click();
     panel.swatch->dialog()->close();
@@ -139,30 +134,26 @@ void ColorSwatchTest::everyDoorClosesTheDialog()
     for (const bool hides : {true, false}) {
         Panel panel;
         panel.choose(Qt::green);
-        QPointer<QColorDialog> dialog = panel.swatch->dialog();
         hides ? panel.window.hide() : panel.window.setEnabled(false);
         QCOMPARE(panel.swatch->dialog(), nullptr);
-        QVERIFY(!dialog || !dialog->isVisible());
         QCOMPARE(panel.swatch->value(), QColor(Qt::green));
         QCOMPARE(panel.record.take(), QByteArray("sC"));
         panel.swatch->openDialog(); // not from there
         QCOMPARE(panel.swatch->dialog(), nullptr);
     }
-    Panel panel;
-    panel.choose(Qt::green);
-    QPointer<QColorDialog> dialog = panel.swatch->dialog();
-    delete panel.swatch;
-    QVERIFY(dialog.isNull());
-
-    Panel second;
-    connect(second.swatch, &ColorSwatch::valueChanged, &second.window, [&](bool committed) {
-        if (committed) {
-            delete second.swatch;
+    for (const bool inASlot : {false, true}) {
+        Panel panel;
+        panel.choose(Qt::green);
+        const QPointer<QColorDialog> dialog = panel.swatch->dialog();
+        if (inASlot) {
+            connect(panel.swatch, &ColorSwatch::valueChanged, this, [&] { delete panel.swatch; });
+            dialog->accept();
+        } else {
+            delete panel.swatch;
         }
-    });
-    second.choose(Qt::green);
-    second.swatch->dialog()->accept();
-    QVERIFY(second.swatch.isNull());
+        QVERIFY(!panel.swatch);
+        QTRY_VERIFY(!dialog);
+    }
 }
 
 void ColorSwatchTest::theHostSetsAColorWhileOneIsChosen()
@@ -190,21 +181,24 @@ void ColorSwatchTest::keysOpenCopyAndPaste()
 {
     Panel panel;
     panel.swatch->setFocus();
+    const auto control = [&](Qt::Key key) {
+        QTest::keyClick(panel.swatch, key, Qt::ControlModifier);
+    };
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
         QTest::keyClick(panel.swatch, key);
         QVERIFY(panel.swatch->dialog());
         panel.swatch->dialog()->reject();
     }
     panel.swatch->setValue(QColor(17, 34, 51, 68));
-    QTest::keyClick(panel.swatch, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("#11223344"));
+    control(Qt::Key_C);
+    QCOMPARE(QApplication::clipboard()->text(), u"#11223344"_qs);
     panel.swatch->setValue(Qt::red);
-    QTest::keyClick(panel.swatch, Qt::Key_V, Qt::ControlModifier);
+    control(Qt::Key_V);
     QCOMPARE(panel.swatch->value().rgba(), 0x44112233u);
-    QTest::keyClick(panel.swatch, Qt::Key_V, Qt::ControlModifier); // the same again
+    control(Qt::Key_V); // the same again
     QCOMPARE(panel.record.take(), QByteArray("C"));
-    QApplication::clipboard()->setText(QStringLiteral("a red car"));
-    QTest::keyClick(panel.swatch, Qt::Key_V, Qt::ControlModifier);
+    QApplication::clipboard()->setText(u"a red car"_qs);
+    control(Qt::Key_V);
     QCOMPARE(panel.record.take(), QByteArray());
 
     QKeyEvent copy(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
@@ -216,20 +210,15 @@ void ColorSwatchTest::keysOpenCopyAndPaste()
 void ColorSwatchTest::aDragCarriesTheColorAway()
 {
     Panel panel;
-    FakePointer pointer(panel.swatch);
-    pointer.moveTo({10, 10});
-    pointer.press();
-    pointer.moveTo({12, 11});
+    panel.drag(10, 12);
     QCOMPARE(panel.swatch->drags, 0); // still a click
-    pointer.dragTo({50, 10});
-    pointer.moveTo({30, 10});
-    pointer.release();
+    panel.pointer.dragTo({50, 10});
+    panel.pointer.moveTo({30, 10});
+    panel.pointer.release();
     QCOMPARE(panel.swatch->drags, 1);
     QCOMPARE(panel.swatch->dialog(), nullptr);
-    pointer.moveTo({10, 10});
-    pointer.press();
-    pointer.moveTo({12, 11});
-    pointer.release();
+    panel.drag(10, 12);
+    panel.pointer.release();
     QVERIFY(panel.swatch->dialog());
 }
 
@@ -246,10 +235,7 @@ void ColorSwatchTest::aSwatchMayGoWhileItsColorIsCarried()
                 delete panel.swatch;
             }
         };
-        FakePointer pointer(panel.swatch);
-        pointer.moveTo({10, 10});
-        pointer.press();
-        pointer.moveTo({50, 10});
+        panel.drag(10, 50);
         QCOMPARE(panel.swatch.isNull(), goes);
         QVERIFY(goes || drop(*panel.swatch, *carried));
     }
@@ -277,24 +263,25 @@ void ColorSwatchTest::theDragOutlivesTheSwatch()
 void ColorSwatchTest::aDropIsTakenOnlyWithAColor()
 {
     Panel panel;
-    QVERIFY(drop(*panel.swatch, *ui::colorMimeData(QColor(0, 0, 255, 100))));
-    QCOMPARE(panel.swatch->value(), QColor(0, 0, 255, 100));
-    QVERIFY(drop(*panel.swatch, *ui::colorMimeData(QColor(0, 0, 255, 100))));
+    const auto data = ui::colorMimeData(QColor(0, 0, 255, 100));
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(drop(*panel.swatch, *data));
+        QCOMPARE(panel.swatch->value(), QColor(0, 0, 255, 100));
+    }
     QCOMPARE(panel.record.take(), QByteArray("C"));
     QMimeData words;
-    words.setText(QStringLiteral("nothing of the kind"));
+    words.setText(u"nothing of the kind"_qs);
     QVERIFY(!drop(*panel.swatch, words));
 
     QEvent pointerGone(QEvent::Leave); // a drop leaves the pointer over the swatch
     QCoreApplication::sendEvent(panel.swatch, &pointerGone);
-    const QImage rest = ui::test::renderWidget(*panel.swatch);
-    const auto data = ui::colorMimeData(Qt::red);
+    const QImage rest = renderWidget(*panel.swatch);
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(panel.swatch, &enter);
-    QVERIFY(ui::test::renderWidget(*panel.swatch) != rest); // shows that it would take it
+    QVERIFY(renderWidget(*panel.swatch) != rest); // shows that it would take it
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(panel.swatch, &leave);
-    QCOMPARE(ui::test::renderWidget(*panel.swatch), rest);
+    QCOMPARE(renderWidget(*panel.swatch), rest);
 }
 
 void ColorSwatchTest::withoutAlphaEverythingIsOpaque()
@@ -320,25 +307,23 @@ void ColorSwatchTest::withoutAlphaEverythingIsOpaque()
 
 void ColorSwatchTest::translucencyShowsTheChequer()
 {
-    ColorSwatch swatch(QColor(0, 128, 255));
+    ColorSwatch swatch;
     swatch.resize(44, 22);
     for (const double ratio : {1.0, 1.5, 2.0}) {
-        const auto colors = [&] { // in the inner half
-            const QImage image = ui::test::renderWidget(swatch, ratio);
+        const auto colorsOf = [&](const QColor& value) { // in the inner half
+            swatch.setValue(value);
+            const QImage image = renderWidget(swatch, ratio);
             QSet<QRgb> found;
             for (int x = 11; x < 33; ++x) {
                 found << ui::test::pixelAt(image, QPointF(x, 11)).rgba();
             }
             return found;
         };
-        swatch.setValue(QColor(0, 128, 255));
-        QCOMPARE(colors(), QSet<QRgb>{qRgb(0, 128, 255)});
-        swatch.setValue(QColor(0, 0, 0, 0));
-        const QSet<QRgb> both = colors();
+        QCOMPARE(colorsOf(QColor(0, 128, 255)), QSet<QRgb>{qRgb(0, 128, 255)});
+        const QSet<QRgb> both = colorsOf(QColor(0, 0, 0, 0));
         QVERIFY(both.contains(qRgb(255, 255, 255)));
-        QVERIFY(both.contains(m_application.theme().getColor(QStringLiteral("Base")).rgba()));
-        swatch.setValue(QColor(255, 0, 0, 128));
-        for (const QRgb rgb : colors()) {
+        QVERIFY(both.contains(theme().getColor(u"Base"_qs).rgba()));
+        for (const QRgb rgb : colorsOf(QColor(255, 0, 0, 128))) {
             QVERIFY(qRed(rgb) > qBlue(rgb) + 100);
         }
     }
@@ -347,13 +332,13 @@ void ColorSwatchTest::translucencyShowsTheChequer()
 void ColorSwatchTest::assistiveToolsReadAndSetTheColor()
 {
     Panel panel;
-    panel.swatch->setToolTip(QStringLiteral("Fill"));
+    panel.swatch->setToolTip(u"Fill"_qs);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(panel.swatch);
-    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Fill"));
-    QCOMPARE(accessible->text(QAccessible::Value), QStringLiteral("#ff0000"));
+    QCOMPARE(accessible->text(QAccessible::Name), u"Fill"_qs);
+    QCOMPARE(accessible->text(QAccessible::Value), u"#ff0000"_qs);
     QVERIFY(accessible->actionInterface()->actionNames().contains(
         QAccessibleActionInterface::pressAction()));
-    accessible->valueInterface()->setCurrentValue(QStringLiteral("#00ff0080"));
+    accessible->valueInterface()->setCurrentValue(u"#00ff0080"_qs);
     accessible->valueInterface()->setCurrentValue(12);
     QCOMPARE(panel.swatch->value(), QColor(0, 255, 0, 128));
     QCOMPARE(panel.record.take(), QByteArray("C"));

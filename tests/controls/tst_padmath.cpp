@@ -66,11 +66,11 @@ void PadMathTest::turningAddsUpAcrossTheTopAndThroughTheCenter()
 
 void PadMathTest::anAngleIsToldAsWholeTurnsAndDegrees()
 {
-    QCOMPARE(ui::angleText(0), QStringLiteral("0°"));
-    QCOMPARE(ui::angleText(-0.001), QStringLiteral("0°"));
-    QCOMPARE(ui::angleText(30.5), QStringLiteral("30.5°"));
-    QCOMPARE(ui::angleText(-390), QStringLiteral("-1× -30°"));
-    QCOMPARE(ui::angleText(359.999), QStringLiteral("1× 0°"));
+    QCOMPARE(ui::angleText(0), u"0°"_qs);
+    QCOMPARE(ui::angleText(-0.001), u"0°"_qs);
+    QCOMPARE(ui::angleText(30.5), u"30.5°"_qs);
+    QCOMPARE(ui::angleText(-390), u"-1× -30°"_qs);
+    QCOMPARE(ui::angleText(359.999), u"1× 0°"_qs);
     QCOMPARE(ui::turnsOf(-725).whole, -2);
     QCOMPARE(ui::turnsOf(-725).rest, -5.0);
     QCOMPARE(ui::nearestMultiple(-22.5, 15), -30.0);
@@ -146,34 +146,23 @@ void PadMathTest::aColorSurvivesItsText()
     for (const QColor& color : {QColor(255, 138, 61), QColor(0, 0, 0, 0), QColor(1, 2, 3, 4)}) {
         QCOMPARE(ui::colorFromText(ui::colorText(color))->rgba(), color.rgba());
         const auto data = ui::colorMimeData(color);
-        QVERIFY(data->hasFormat(QStringLiteral("application/x-color")));
+        QVERIFY(data->hasFormat(u"application/x-color"_qs));
         QCOMPARE(ui::colorFromMimeData(data.get())->rgba(), color.rgba());
     }
-    QCOMPARE(ui::colorText(QColor(255, 138, 61)), QStringLiteral("#ff8a3d"));
-    QCOMPARE(ui::colorText(QColor(1, 2, 3, 4)), QStringLiteral("#01020304")); // alpha comes last
-    QCOMPARE(ui::colorFromText(QStringLiteral(" F80\n"))->rgba(), 0xffff8800u);
+    QCOMPARE(ui::colorText(QColor(255, 138, 61)), u"#ff8a3d"_qs);
+    QCOMPARE(ui::colorText(QColor(1, 2, 3, 4)), u"#01020304"_qs); // alpha comes last
+    QCOMPARE(ui::colorFromText(u" F80\n"_qs)->rgba(), 0xffff8800u);
     QMimeData text;
-    text.setText(QStringLiteral("#11223344"));
+    text.setText(u"#11223344"_qs);
     QCOMPARE(ui::colorFromMimeData(&text)->rgba(), 0x44112233u);
 }
 
 void PadMathTest::whatIsNoColorIsRefused()
 {
-    for (const char16_t* text :
-         {u"",
-          u"#",
-          u"#12",
-          u"#12345",
-          u"#1234567",
-          u"#gg0000",
-          u"red",
-          u"##112233",
-          u"#123456789",
-          u"-12345",
-          u"#１２３"})
-    {
-        QVERIFY2(
-            !ui::colorFromText(QString::fromUtf16(text)), qPrintable(QString::fromUtf16(text)));
+    const QString texts =
+        u"|#|#12|#12345|#1234567|#gg0000|red|##112233|#123456789|-12345|#１２３"_qs;
+    for (const QString& text : texts.split(u'|')) {
+        QVERIFY2(!ui::colorFromText(text), qPrintable(text));
     }
     const QMimeData nothing;
     QVERIFY(!ui::colorFromMimeData(&nothing));

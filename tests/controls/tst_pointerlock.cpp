@@ -70,7 +70,7 @@ void PointerLockTest::aLockedPointerStaysInsideTheWindow()
 void PointerLockTest::everyDoorUnlocks()
 {
     FakePointerSystem system(Drive::RawInput);
-    const std::vector<std::function<void(QWidget*, PointerLock*)>> doors = {
+    const std::function<void(QWidget*, PointerLock*)> doors[] = {
         [](QWidget*, PointerLock* lock) { delete lock; },
         [](QWidget* widget, PointerLock*) { delete widget; },
         [](QWidget* widget, PointerLock*) { widget->window()->close(); },
@@ -84,8 +84,7 @@ void PointerLockTest::everyDoorUnlocks()
         lock->lock();
         QVERIFY(lock->locked());
         leave(widget, lock);
-        QVERIFY(!system.clip);
-        QVERIFY(!lock || !lock->locked());
+        QVERIFY(!system.clip && (!lock || !lock->locked()));
         // A lock that has lost its hold takes none from another.
         QWidget otherWindow;
         QVERIFY(showActive(otherWindow));
@@ -99,21 +98,21 @@ void PointerLockTest::everyDoorUnlocks()
 void PointerLockTest::whatCannotHaveTheMouseIsNotLockedTo()
 {
     FakePointerSystem system(Drive::RawInput);
+    const auto locks = [](PointerLock& lock) {
+        lock.lock();
+        return lock.locked();
+    };
     QWidget window;
     auto* widget = new QWidget(&window);
     QDialog dialog(&window);
-    auto* inDialog = new QWidget(&dialog);
     PointerLock lock(widget);
-    PointerLock lockOfDialog(inDialog);
+    PointerLock lockOfDialog(new QWidget(&dialog));
     window.winId();
-    lock.lock();
-    QVERIFY(!lock.locked()); // never shown
+    QVERIFY(!locks(lock)); // never shown
     QVERIFY(showActive(window));
-    lock.lock();
-    QVERIFY(lock.locked());
+    QVERIFY(locks(lock));
     widget->setEnabled(false);
-    lock.lock();
-    QVERIFY(!lock.locked());
+    QVERIFY(!locks(lock));
     widget->setEnabled(true);
 
     for (const Qt::WindowModality modality : {Qt::WindowModal, Qt::ApplicationModal}) {
@@ -122,19 +121,13 @@ void PointerLockTest::whatCannotHaveTheMouseIsNotLockedTo()
         PointerLock lockOfUnrelated(&unrelated);
         dialog.setWindowModality(modality);
         QVERIFY(showActive(dialog));
-        lock.lock();
-        QVERIFY(!lock.locked());
-        lockOfDialog.lock();
-        QVERIFY(lockOfDialog.locked());
-        lockOfUnrelated.lock();
-        QCOMPARE(lockOfUnrelated.locked(), modality == Qt::WindowModal);
+        QVERIFY(!locks(lock) && locks(lockOfDialog));
+        QCOMPARE(locks(lockOfUnrelated), modality == Qt::WindowModal);
         dialog.hide();
         QVERIFY(!lockOfDialog.locked());
     }
     QVERIFY(showActive(window));
-    lock.lock();
-    QVERIFY(lock.locked());
-
+    QVERIFY(locks(lock));
     lock.unlock();
     QVERIFY(!system.clip);
 }

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <random>
+#include <tuple>
 
 using ui::RawMouseRecord;
 
@@ -12,81 +13,56 @@ class PointerMathTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPointComesInAtTheOtherEdge_data();
     void aPointComesInAtTheOtherEdge();
-    void aPointerKeepsFifteenLogicalPixelsFromTheFrame_data();
     void aPointerKeepsFifteenLogicalPixelsFromTheFrame();
     void rawRecordsAreMotionsOrNothing();
     void unitsOfAbsoluteRecordsArePixelsOfTheRightScreen();
-    void aWarpedPathIsExactWhateverArrives_data();
     void aWarpedPathIsExactWhateverArrives();
 };
 
-void PointerMathTest::aPointComesInAtTheOtherEdge_data()
-{
-    QTest::addColumn<QRect>("rect");
-    QTest::addColumn<QPointF>("point");
-    QTest::addColumn<QPointF>("offset");
-
-    const QRect rect(QPoint(100, 50), QPoint(200, 90)); // spans of 100 and 40
-    QTest::newRow("inside") << rect << QPointF(150, 60) << QPointF();
-    QTest::newRow("last column and row") << rect << QPointF(200, 90) << QPointF();
-    QTest::newRow("a pixel to the right") << rect << QPointF(201, 60) << QPointF(-100, 0);
-    QTest::newRow("a pixel to the left") << rect << QPointF(99, 60) << QPointF(100, 0);
-    QTest::newRow("not finite") << rect << QPointF(qInf(), 60) << QPointF();
-    QTest::newRow("a fraction of a pixel") << rect << QPointF(200.25, 60) << QPointF(-100, 0);
-    QTest::newRow("a corner") << rect << QPointF(205, 45) << QPointF(-100, 40);
-    QTest::newRow("further than the span") << rect << QPointF(-250, 251) << QPointF(400, -200);
-    QTest::newRow("left of the origin")
-        << QRect(-300, -200, 101, 101) << QPointF(-150, -201) << QPointF(-100, 100);
-    QTest::newRow("a column") << QRect(10, 0, 1, 101) << QPointF(50, 150) << QPointF(0, -100);
-    QTest::newRow("nothing") << QRect() << QPointF(50, -50) << QPointF();
-    QTest::newRow("inside out") << QRect(QPoint(60, 60), QPoint(20, 20)) << QPointF(90, 0)
-                                << QPointF();
-}
-
 void PointerMathTest::aPointComesInAtTheOtherEdge()
 {
-    QFETCH(const QRect, rect);
-    QFETCH(const QPointF, point);
-    QPointF offset(7, 7);
-    const QPointF wrapped = wrapPoint(point, rect, &offset);
-    QTEST(offset, "offset");
-    QVERIFY(wrapped.x() == point.x() + offset.x() && wrapped.y() == point.y() + offset.y());
-    QVERIFY(wrapPoint(point, rect, nullptr).x() == wrapped.x());
-    if (rect.width() > 1 && rect.height() > 1) {
-        QVERIFY(rect.contains(wrapPoint({1e18, -1e17}, rect, nullptr).toPoint()));
+    const QRect usual(QPoint(100, 50), QPoint(200, 90)); // spans of 100 and 40
+    const std::tuple<QRect, QPointF, QPointF> cases[] = {
+        {usual, {150, 60}, {}},
+        {usual, {200, 90}, {}}, // the last column and row
+        {usual, {201, 60}, {-100, 0}},
+        {usual, {99, 60}, {100, 0}},
+        {usual, {qInf(), 60}, {}},
+        {usual, {200.25, 60}, {-100, 0}},
+        {usual, {205, 45}, {-100, 40}},
+        {usual, {-250, 251}, {400, -200}}, // further than the span
+        {{-300, -200, 101, 101}, {-150, -201}, {-100, 100}},
+        {{10, 0, 1, 101}, {50, 150}, {0, -100}}, // a column
+        {{}, {50, -50}, {}},
+        {{QPoint(60, 60), QPoint(20, 20)}, {90, 0}, {}}}; // inside out
+    for (const auto& [rect, point, expected] : cases) {
+        QPointF offset(7, 7);
+        const QPointF wrapped = wrapPoint(point, rect, &offset);
+        QCOMPARE(offset, expected);
+        QVERIFY(wrapped.x() == point.x() + offset.x() && wrapped.y() == point.y() + offset.y());
+        QVERIFY(wrapPoint(point, rect, nullptr).x() == wrapped.x());
     }
-}
-
-void PointerMathTest::aPointerKeepsFifteenLogicalPixelsFromTheFrame_data()
-{
-    QTest::addColumn<QRect>("frame");
-    QTest::addColumn<double>("ratio");
-    QTest::addColumn<QRect>("expected");
-
-    const QRect frame(QPoint(100, 200), QPoint(499, 399));
-    const auto around = [](int left, int top, int right, int bottom) {
-        return QRect(QPoint(left, top), QPoint(right - 1, bottom - 1));
-    };
-    QTest::newRow("1") << frame << 1.0 << around(115, 215, 485, 385);
-    QTest::newRow("1.25") << frame << 1.25 << around(118, 218, 481, 381);
-    QTest::newRow("1.5") << frame << 1.5 << around(122, 222, 477, 377);
-    QTest::newRow("2") << frame << 2.0 << around(130, 230, 470, 370);
-    QTest::newRow("left of the origin")
-        << frame.translated(-600, -600) << 1.5 << around(-477, -377, -122, -222);
-    QTest::newRow("a pixel is left") << QRect(0, 0, 31, 31) << 1.0 << QRect(15, 15, 1, 1);
-    QTest::newRow("nothing is left") << QRect(0, 0, 30, 300) << 1.0 << QRect();
-    QTest::newRow("inside out") << QRect(0, 0, 20, 20) << 2.0 << QRect();
-    QTest::newRow("not a ratio") << frame << qQNaN() << around(115, 215, 485, 385);
-    QTest::newRow("endless ratio") << frame << qInf() << QRect();
+    QVERIFY(usual.contains(wrapPoint({1e18, -1e17}, usual, nullptr).toPoint()));
 }
 
 void PointerMathTest::aPointerKeepsFifteenLogicalPixelsFromTheFrame()
 {
-    QFETCH(const QRect, frame);
-    QFETCH(const double, ratio);
-    QTEST(ui::confiningRect(frame, ratio), "expected");
+    const QRect frame(100, 200, 400, 200);
+    const std::tuple<QRect, double, QRect> cases[] = {
+        {frame, 1.0, frame.adjusted(15, 15, -15, -15)},
+        {frame, 1.25, frame.adjusted(18, 18, -19, -19)},
+        {frame, 1.5, frame.adjusted(22, 22, -23, -23)},
+        {frame, 2.0, frame.adjusted(30, 30, -30, -30)},
+        {{-500, -400, 400, 200}, 1.5, {-477, -377, 355, 155}}, // left of the origin
+        {{0, 0, 31, 31}, 1.0, {15, 15, 1, 1}},
+        {{0, 0, 30, 300}, 1.0, {}}, // nothing is left
+        {{0, 0, 20, 20}, 2.0, {}},
+        {frame, qQNaN(), frame.adjusted(15, 15, -15, -15)},
+        {frame, qInf(), {}}};
+    for (const auto& [rect, ratio, expected] : cases) {
+        QCOMPARE(ui::confiningRect(rect, ratio), expected);
+    }
 }
 
 void PointerMathTest::rawRecordsAreMotionsOrNothing()
@@ -119,7 +95,7 @@ void PointerMathTest::rawRecordsAreMotionsOrNothing()
     for (const Step& step : steps) {
         QVERIFY2(
             ui::decodeRawMotion(step.record, track) == step.motion,
-            qPrintable(QStringLiteral("%1, %2").arg(step.record.x).arg(step.record.y)));
+            qPrintable(u"%1, %2"_qs.arg(step.record.x).arg(step.record.y)));
     }
 }
 
@@ -137,70 +113,64 @@ void PointerMathTest::unitsOfAbsoluteRecordsArePixelsOfTheRightScreen()
     QCOMPARE(pixels(RawMouseRecord::kAbsolute | RawMouseRecord::kPixels), QPoint(65535, 65535));
 }
 
-void PointerMathTest::aWarpedPathIsExactWhateverArrives_data()
-{
-    QTest::addColumn<double>("leftOut"); // share of the positions that later ones replace
-    QTest::addColumn<int>("queued");     // positions that have come in when one is looked at
-    QTest::addColumn<bool>("warps");
-    QTest::newRow("every position, at once") << 0.0 << 1 << true;
-    QTest::newRow("every position, late") << 0.0 << 12 << true;
-    QTest::newRow("half of them") << 0.5 << 12 << true;
-    QTest::newRow("few of them") << 0.9 << 12 << true;
-    QTest::newRow("one after a long way") << 1.0 << 60 << true;
-    QTest::newRow("a promise that is not kept") << 0.5 << 2 << false;
-}
-
 /// A model of the window system: it queues positions, and may leave out those that have others
 /// behind them. The application looks at the queue after each few motions.
 void PointerMathTest::aWarpedPathIsExactWhateverArrives()
 {
-    QFETCH(const double, leftOut);
-    QFETCH(const int, queued);
-    QFETCH(const bool, warps);
     const QRect screen(0, 0, 1600, 1000);
     const QRect rect = ui::wrappingRect(screen);
     QCOMPARE(rect, QRect(400, 250, 800, 500));
-
+    // The share of the positions that later ones replace, how many of them have come in when one is
+    // looked at, and whether the pointer warps as promised.
+    const std::tuple<double, int, bool> cases[] = {
+        {0.0, 1, true},
+        {0.0, 12, true},
+        {0.5, 12, true},
+        {0.9, 12, true},
+        {1.0, 60, true},
+        {0.5, 2, false}};
     std::mt19937 random(7);
     std::uniform_int_distribution<int> step(-5, 25);
-    std::bernoulli_distribution isLeftOut(leftOut);
-    const QPointF start(1500, 30);
-    ui::WarpedPath path(start);
-    QPointF pointer = start;
-    QPointF total;
-    std::deque<QPointF> queue;
-    const auto look = [&] {
-        while (!queue.empty()) {
-            while (queue.size() > 1 && isLeftOut(random)) {
+    for (const auto& [leftOut, queued, isKept] : cases) {
+        std::bernoulli_distribution isLeftOut(leftOut);
+        const QPointF start(1500, 30);
+        ui::WarpedPath path(start);
+        QPointF pointer = start;
+        QPointF total;
+        std::deque<QPointF> queue;
+        const auto look = [&, warps = isKept] {
+            while (!queue.empty()) {
+                while (queue.size() > 1 && isLeftOut(random)) {
+                    queue.pop_front();
+                }
+                const QPointF position = queue.front();
                 queue.pop_front();
+                path.moveTo(position, pointer);
+                QPointF offset;
+                wrapPoint(position, rect, &offset);
+                if (!path.isWarping() && !offset.isNull()) {
+                    path.warp(offset);
+                    pointer += warps ? offset : QPointF();
+                    queue.push_back(pointer);
+                    break; // the application is busy with what it has
+                }
             }
-            const QPointF position = queue.front();
-            queue.pop_front();
-            path.moveTo(position, pointer);
-            QPointF offset;
-            wrapPoint(position, rect, &offset);
-            if (!path.isWarping() && !offset.isNull()) {
-                path.warp(offset);
-                pointer += warps ? offset : QPointF();
-                queue.push_back(pointer);
-                break; // the application is busy with what it has
+        };
+        for (int i = 0; i < 6000; ++i) {
+            const QPointF motion(step(random), -step(random) / 2);
+            total += motion;
+            pointer += motion;
+            queue.push_back(pointer);
+            if (i % queued == 0) {
+                look();
             }
         }
-    };
-    for (int i = 0; i < 6000; ++i) {
-        const QPointF motion(step(random), -step(random) / 2);
-        total += motion;
-        pointer += motion;
-        queue.push_back(pointer);
-        if (i % queued == 0) {
+        while (!queue.empty()) {
             look();
         }
+        QCOMPARE(path.movement(), total);
+        QCOMPARE(screen.adjusted(-800, -800, 800, 800).contains(pointer.toPoint()), isKept);
     }
-    while (!queue.empty()) {
-        look();
-    }
-    QCOMPARE(path.movement(), total);
-    QCOMPARE(screen.adjusted(-800, -800, 800, 800).contains(pointer.toPoint()), warps);
 }
 
 const ui::test::Registration<PointerMathTest> kRegistration;

@@ -4,8 +4,6 @@
 #include <MorrantUI/controls/NativeMouseTracker.h>
 
 #include <QAbstractEventDispatcher>
-#include <QAbstractNativeEventFilter>
-#include <QElapsedTimer>
 
 #include <windows.h>
 
@@ -87,34 +85,10 @@ struct Tracked
     QPointF sum;
 };
 
-/// Looks at a clock when a native event comes by, before or after the filters of others.
-struct Clock : QAbstractNativeEventFilter
-{
-    explicit Clock(const QElapsedTimer& common)
-        : timer(common)
-    {
-        QCoreApplication::instance()->installNativeEventFilter(this);
-    }
-
-    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override
-    {
-        if (static_cast<const MSG*>(message)->message == WM_INPUT) {
-            sum += timer.nsecsElapsed();
-        }
-        return false;
-    }
-
-    const QElapsedTimer& timer;
-    qint64 sum = 0;
-};
-
 } // namespace
 
 void RawInputTest::aStreamOfMotionsIsExactAndLeavesTheQueueEmpty()
 {
-    QElapsedTimer timer;
-    timer.start();
-    Clock after(timer); // the latest filter is the first
     Tracked tracked;
     MouseWrapDragFilter* drag = MouseWrapDragFilter::Make(&tracked.window);
     QPointF current;
@@ -122,16 +96,14 @@ void RawInputTest::aStreamOfMotionsIsExactAndLeavesTheQueueEmpty()
     QCOMPARE(tracked.isTracking, RealPointer::available());
     QCOMPARE(registeredMouse().has_value(), RealPointer::available());
     if (!tracked.isTracking) {
-        QCOMPARE(takeLog(), QStringList(QStringLiteral("debug: RegisterRawInputDevices() failed")));
+        QCOMPARE(takeLog(), QStringList(u"debug: RegisterRawInputDevices() failed"_qs));
         return;
     }
     RealPointer pointer;
     tracked.enter(pointer);
     QTest::mousePress(&tracked.window, Qt::LeftButton);
-    Clock before(timer);
     const int motionsBefore = tracked.motions;
     const QPointF sumBefore = tracked.sum;
-    after.sum = 0;
 
     constexpr int kMotions = 2000;
     constexpr int kAtOnce = 100;
@@ -147,8 +119,6 @@ void RawInputTest::aStreamOfMotionsIsExactAndLeavesTheQueueEmpty()
     MSG message{};
     QVERIFY(!PeekMessageW(&message, nullptr, WM_INPUT, WM_INPUT, PM_NOREMOVE));
 
-    const double time = static_cast<double>(after.sum - before.sum) / 1000 / kMotions;
-    qInfo("%.1f microseconds a motion", time);
     QTest::mouseRelease(&tracked.window, Qt::LeftButton);
 }
 
@@ -178,7 +148,7 @@ void RawInputTest::onlyReadableMouseMotionsAreReported()
         return QAbstractEventDispatcher::instance()->filterNativeEvent(type, &message, nullptr);
     };
     QVERIFY(!filter("windows_generic_MSG"));
-    const QStringList failure(QStringLiteral("debug: GetRawInputData() failed"));
+    const QStringList failure(u"debug: GetRawInputData() failed"_qs);
     QCOMPARE(takeLog(), tracked.isTracking ? failure : QStringList());
     QVERIFY(!filter("windows_dispatcher_MSG"));
     message.message = WM_INPUT + 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPoint>
+#include <qnamespace.h>
 
 #include <memory>
 #include <optional>
@@ -22,8 +23,10 @@ public:
     void moveTo(QPoint position);
     /// Moves in `times` equal steps, few enough at once for the application to follow.
     void moveBy(QPoint step, int times = 1);
-    void press();
-    void release();
+    void press(Qt::MouseButton button = Qt::LeftButton); ///< left or right
+    void release();                                      ///< of the button that is down
+    /// The key on the keyboard, down and up; the window with the focus gets it.
+    void pressEscape();
 
     /// Whether it is seen and may go everywhere; X11 does not tell.
     std::optional<bool> isFree() const;

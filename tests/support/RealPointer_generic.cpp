@@ -8,12 +8,13 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <utility>
 
 namespace ui::test {
 
 struct RealPointer::System
 {
-    bool pressed = false;
+    Qt::MouseButton pressed = Qt::NoButton;
 };
 
 static QString program()
@@ -26,7 +27,7 @@ static void run(const QStringList& arguments)
 {
     QProcess process;
     // Two questions that the server answers when it is through with all before them.
-    process.start(program(), arguments + QStringList(QStringLiteral("getmouselocation")));
+    process.start(program(), arguments + QStringList(QStringLiteral("getdisplaygeometry")));
     const auto isDone = [&process] { return process.state() == QProcess::NotRunning; };
     if (!QTest::qWaitFor(isDone, 20000) || process.exitCode() != 0) {
         QTest::qFail("xdotool failed", __FILE__, __LINE__);
@@ -51,9 +52,7 @@ RealPointer::RealPointer()
 
 RealPointer::~RealPointer()
 {
-    if (m_system->pressed) {
-        release();
-    }
+    release();
 }
 
 QPoint RealPointer::position() const
@@ -82,16 +81,27 @@ void RealPointer::moveBy(QPoint step, int times)
     }
 }
 
-void RealPointer::press()
+static QString number(Qt::MouseButton button)
 {
-    m_system->pressed = true;
-    run({QStringLiteral("mousedown"), QStringLiteral("1")});
+    return QLatin1String(button == Qt::RightButton ? "3" : "1");
+}
+
+void RealPointer::press(Qt::MouseButton button)
+{
+    m_system->pressed = button;
+    run({QStringLiteral("mousedown"), number(button)});
 }
 
 void RealPointer::release()
 {
-    m_system->pressed = false;
-    run({QStringLiteral("mouseup"), QStringLiteral("1")});
+    if (const auto button = std::exchange(m_system->pressed, Qt::NoButton)) {
+        run({QStringLiteral("mouseup"), number(button)});
+    }
+}
+
+void RealPointer::pressEscape()
+{
+    run({QStringLiteral("key"), QStringLiteral("Escape")});
 }
 
 std::optional<bool> RealPointer::isFree() const

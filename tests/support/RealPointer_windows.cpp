@@ -6,13 +6,14 @@
 #include <windows.h>
 
 #include <array>
+#include <utility>
 
 namespace ui::test {
 
 struct RealPointer::System
 {
     std::array<int, 3> acceleration{}; ///< two thresholds and a speed, as found
-    bool pressed = false;
+    Qt::MouseButton pressed = Qt::NoButton;
 };
 
 static void send(DWORD flags, QPoint delta = {})
@@ -23,6 +24,16 @@ static void send(DWORD flags, QPoint delta = {})
     input.mi.dy = delta.y();
     input.mi.dwFlags = flags;
     SendInput(1, &input, sizeof(input));
+}
+
+/// Until the application has seen what was sent, however busy the machine is.
+static void waitUntilSeen()
+{
+    const auto isThrough = [] { return HIWORD(GetQueueStatus(QS_INPUT)) == 0; };
+    if (!QTest::qWaitFor(isThrough, 20000)) {
+        QTest::qFail("the application takes no input", __FILE__, __LINE__);
+    }
+    QTest::qWait(30);
 }
 
 static void setAcceleration(std::array<int, 3>& values)
@@ -45,9 +56,7 @@ RealPointer::RealPointer()
 
 RealPointer::~RealPointer()
 {
-    if (m_system->pressed) {
-        release();
-    }
+    release();
     setAcceleration(m_system->acceleration);
 }
 
@@ -61,7 +70,7 @@ QPoint RealPointer::position() const
 void RealPointer::moveTo(QPoint position)
 {
     SetCursorPos(position.x(), position.y());
-    QTest::qWait(30);
+    waitUntilSeen();
 }
 
 void RealPointer::moveBy(QPoint step, int times)
@@ -72,21 +81,34 @@ void RealPointer::moveBy(QPoint step, int times)
             QTest::qWait(1);
         }
     }
-    QTest::qWait(30);
+    waitUntilSeen();
 }
 
-void RealPointer::press()
+void RealPointer::press(Qt::MouseButton button)
 {
-    m_system->pressed = true;
-    send(MOUSEEVENTF_LEFTDOWN);
-    QTest::qWait(30);
+    m_system->pressed = button;
+    send(button == Qt::RightButton ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+    waitUntilSeen();
 }
 
 void RealPointer::release()
 {
-    m_system->pressed = false;
-    send(MOUSEEVENTF_LEFTUP);
-    QTest::qWait(30);
+    if (const auto button = std::exchange(m_system->pressed, Qt::NoButton)) {
+        send(button == Qt::RightButton ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+        waitUntilSeen();
+    }
+}
+
+void RealPointer::pressEscape()
+{
+    for (const DWORD flags : {DWORD(0), DWORD(KEYEVENTF_KEYUP)}) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = VK_ESCAPE;
+        input.ki.dwFlags = flags;
+        SendInput(1, &input, sizeof(input));
+    }
+    waitUntilSeen();
 }
 
 std::optional<bool> RealPointer::isFree() const

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace ui::test {
@@ -21,19 +22,25 @@ struct TestEntry
     std::string name;
     RunOrder order = RunOrder::Normal;
     std::function<std::unique_ptr<QObject>()> make;
+    std::function<bool()> runsHere; ///< asked once there is an application; empty if it always does
 };
 
 /// Every test class linked into this program, in no particular order.
 std::vector<TestEntry>& testRegistry();
 
 /// A file-level `const ui::test::Registration<FooTest> kRegistration;` adds FooTest to the program.
+/// Where `runsHere` says no, the program is one without it.
 template <typename Test>
 struct Registration
 {
-    explicit Registration(RunOrder order = RunOrder::Normal)
+    explicit Registration(
+        RunOrder order = RunOrder::Normal, std::function<bool()> runsHere = nullptr)
     {
         testRegistry().push_back(
-            {Test::staticMetaObject.className(), order, [] { return std::make_unique<Test>(); }});
+            {Test::staticMetaObject.className(),
+             order,
+             [] { return std::make_unique<Test>(); },
+             std::move(runsHere)});
     }
 };
 

@@ -37,13 +37,13 @@ private:
 
     VisualDesignDark& m_theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
     const QJsonDocument m_file = QJsonDocument::fromJson(
-        VisualDesignBase::loadTextFromFile(QStringLiteral("style:theme.json")).toUtf8());
+        VisualDesignBase::loadTextFromFile(u"style:theme.json"_qs).toUtf8());
 };
 
 QColor AssetsTest::color(const QString& name) const
 {
     if (name == QLatin1String("HoveredRow")) { // as the style draws it in a list
-        QColor highlight = m_theme.getColor(QStringLiteral("RowHighlight2"));
+        QColor highlight = m_theme.getColor(u"RowHighlight2"_qs);
         highlight.setAlphaF(0.5F);
         return ui::test::over(highlight, m_theme.color(QPalette::Base));
     }
@@ -95,7 +95,7 @@ void AssetsTest::textIsReadableOnItsGrounds()
                     const QColor ground = color(name);
                     const QColor seen = ui::test::over(color(text), ground);
                     const bool isRead = ui::test::contrast(seen, ground) >= least;
-                    QVERIFY2(isRead, qPrintable(text + QStringLiteral(" on ") + name));
+                    QVERIFY2(isRead, qPrintable(text + u" on "_qs + name));
                 }
             }
         }
@@ -123,9 +123,9 @@ void AssetsTest::everyIconExistsAtBothResolutions()
     QStringList icons =
         words("addIcon topDock sideDock cursors/scrub cursors/pan cursors/pan-grab");
     for (QString& icon : icons) { // which the library names
-        icon = QStringLiteral("icons:%1.png").arg(icon);
+        icon = u"icons:%1.png"_qs.arg(icon);
     }
-    QDirIterator files(QStringLiteral("icons:"), QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator files(u"icons:"_qs, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         icons << files.next();
     }
@@ -133,7 +133,7 @@ void AssetsTest::everyIconExistsAtBothResolutions()
     for (const QString& path : icons) {
         if (!path.contains(u"@2x")) {
             const QImage plain(path);
-            const QImage dense(path.chopped(4) + QStringLiteral("@2x.png"));
+            const QImage dense(path.chopped(4) + u"@2x.png"_qs);
             QImage empty(plain.size(), plain.format());
             empty.fill(Qt::transparent);
             QVERIFY2(plain != empty && dense.size() == plain.size() * 2, qPrintable(path));

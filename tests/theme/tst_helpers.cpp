@@ -11,7 +11,6 @@
 #include <QScreen>
 
 #include <limits>
-#include <memory>
 #include <optional>
 
 namespace {
@@ -45,7 +44,6 @@ private Q_SLOTS:
     void groundAndForegroundReachAllGroupsAndAreInstalledOnce();
     void theCommonStyleSheetIsSpelledOut();
     void aFilterKeepsEventsUntilOwnerOrTargetIsGone();
-    void aCallbackMayDeleteOwnerOrTarget();
     void cursorGuardsEndInAnyOrderAndLeaveOthersCursorsAlone();
 };
 
@@ -76,22 +74,20 @@ void HelpersTest::groundAndForegroundReachAllGroupsAndAreInstalledOnce()
     ui::setWidgetBackground(&widget, Qt::red);
     ui::setWidgetForeground(&widget, Qt::green);
     ui::appendPalette(&widget, {{QPalette::Link, Qt::red}, {QPalette::Link, Qt::blue}});
-    const auto grounds = {QPalette::Window, QPalette::Base, QPalette::Button};
-    const auto inks = {
-        QPalette::Text, QPalette::ButtonText, QPalette::BrightText, QPalette::WindowText};
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    using P = QPalette;
+    for (const auto group : {P::Active, P::Inactive, P::Disabled}) {
         const auto color = [&](auto role) { return widget.palette().color(group, role); };
-        for (const auto role : grounds) {
+        for (const auto role : {P::Window, P::Base, P::Button}) {
             QCOMPARE(color(role), QColor(Qt::red));
         }
-        for (const auto role : inks) {
+        for (const auto role : {P::Text, P::ButtonText, P::BrightText, P::WindowText}) {
             QCOMPARE(color(role), QColor(Qt::green));
         }
-        QCOMPARE(color(QPalette::Link), QColor(Qt::blue)); // the later one
+        QCOMPARE(color(P::Link), QColor(Qt::blue)); // the later one
     }
     // Nothing is installed where the current group has the colour already.
     QPalette palette = widget.palette();
-    palette.setColor(QPalette::Disabled, QPalette::Base, Qt::blue);
+    palette.setColor(P::Disabled, P::Base, Qt::blue);
     widget.setPalette(palette);
     widget.setAutoFillBackground(false);
     ui::setWidgetBackground(&widget, Qt::red);
@@ -104,9 +100,9 @@ void HelpersTest::groundAndForegroundReachAllGroupsAndAreInstalledOnce()
 void HelpersTest::theCommonStyleSheetIsSpelledOut()
 {
     auto& theme = ui::test::makeTheme<VisualDesignBase>();
-    theme.setColor(QStringLiteral("Window"), QColor(0x10, 0x20, 0x30));
-    theme.setColor(QStringLiteral("Base"), QColor(0x40, 0x50, 0x60, 0x70));
-    theme.setColor(QStringLiteral("Shadow"), QColor(0x70, 0x80, 0x90));
+    theme.setColor(u"Window"_qs, QColor(0x10, 0x20, 0x30));
+    theme.setColor(u"Base"_qs, QColor(0x40, 0x50, 0x60, 0x70));
+    theme.setColor(u"Shadow"_qs, QColor(0x70, 0x80, 0x90));
     const QString padding = QStringLiteral(
         "QWidget{margin: 4px;}QLineEdit { margin: 4px; }QDialogButtonBox { margin: 4px; }");
     const QString common = QStringLiteral(
@@ -126,31 +122,28 @@ void HelpersTest::aFilterKeepsEventsUntilOwnerOrTargetIsGone()
     bool keep = false;
     const auto callback = [&](QObject* /*watched*/, QEvent* /*event*/) { return keep; };
     QObject lasting;
-    auto owner = std::make_unique<QObject>();
-    ui::installEventFilter(&lasting, callback, owner.get());
+    auto* owner = new QObject;
+    ui::installEventFilter(&lasting, callback, owner);
     QVERIFY(!isKeptFrom(&lasting));
     keep = true;
     QVERIFY(isKeptFrom(&lasting));
-    owner.reset();
+    delete owner;
     QVERIFY(!isKeptFrom(&lasting));
 
-    auto target = std::make_unique<QObject>();
-    const QPointer<QObject> filter = ui::installEventFilter(target.get(), callback, &lasting);
-    target.reset();
+    auto* target = new QObject;
+    const QPointer<QObject> filter = ui::installEventFilter(target, callback, &lasting);
+    delete target;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(filter.isNull());
     QCOMPARE(ui::installEventFilter(nullptr, callback, &lasting), nullptr);
     QCOMPARE(ui::installEventFilter(&lasting, {}, nullptr), nullptr);
-}
 
-void HelpersTest::aCallbackMayDeleteOwnerOrTarget()
-{
-    auto* owner = new QObject;
-    auto* target = new QObject;
+    owner = new QObject; // both may go in the callback
+    target = new QObject;
     QString seen;
     ui::installEventFilter(
         target,
-        [&, text = QStringLiteral("kept")](QObject*, QEvent*) {
+        [&, text = u"kept"_qs](QObject*, QEvent*) {
             delete owner;
             seen = text;
             delete target;
@@ -158,7 +151,7 @@ void HelpersTest::aCallbackMayDeleteOwnerOrTarget()
         },
         owner);
     QVERIFY(isKeptFrom(target)); // who is gone
-    QCOMPARE(seen, QStringLiteral("kept"));
+    QCOMPARE(seen, u"kept"_qs);
 }
 
 void HelpersTest::cursorGuardsEndInAnyOrderAndLeaveOthersCursorsAlone()

@@ -31,8 +31,7 @@ private Q_SLOTS:
     void colorsFillTheStripTranslucentOnesOverAChequer();
     void tintingKeepsAlphaAndDarkPixels();
     void bitmapsAreCopiedRowByRowAsTheirColorType();
-    void base64HoldsAPngOfTheSamePixels();
-    void imagesShrinkIntoTheLargestSide();
+    void imagesShrinkIntoTheLargestSideAndBecomePngs();
 
     void brightnessOfAColorScalesUpAndDown();
     void integerColorsOnlyGetDarkerOrPaler();
@@ -89,7 +88,7 @@ void ImagesTest::colorsFillTheStripTranslucentOnesOverAChequer()
     QVERIFY(ui::palettePreviewSegment(-1, 3, 100).isEmpty());
 
     const QColor base(40, 50, 60);
-    ui::test::makeTheme<VisualDesignBase>().setColor(QStringLiteral("Base"), base);
+    ui::test::makeTheme<VisualDesignBase>().setColor(u"Base"_qs, base);
     const QImage image =
         ui::drawPalettePreview({Qt::red, QColor(0, 0, 255, 0), QColor(0, 255, 0, 128)}, 24.9);
 
@@ -145,25 +144,22 @@ void ImagesTest::bitmapsAreCopiedRowByRowAsTheirColorType()
     }
 }
 
-void ImagesTest::base64HoldsAPngOfTheSamePixels()
+void ImagesTest::imagesShrinkIntoTheLargestSideAndBecomePngs()
 {
+    const std::tuple<QSize, int, QSize> cases[] = {
+        {{64, 32}, 64, {64, 32}},
+        {{30, 90}, 30, {10, 30}},
+        {{1000, 1}, 10, {10, 1}},
+        {{20, 20}, -5, {1, 1}},
+        {{0, 0}, -5, {0, 0}}};
+    for (const auto& [size, max, expected] : cases) {
+        QCOMPARE(resizeToMaxDimension(QImage(size, kFormat), max).size(), expected);
+    }
     QImage image(5, 3, kFormat);
     image.fill(QColor(10, 20, 30, 40));
     const QByteArray bytes = QByteArray::fromBase64(QImageToBase64(image).toLatin1());
     QCOMPARE(QImage::fromData(bytes, "PNG").convertToFormat(kFormat), image);
     QCOMPARE(QImageToBase64(QImage()), QString());
-}
-
-void ImagesTest::imagesShrinkIntoTheLargestSide()
-{
-    const auto shrunk = [](QSize size, int max) {
-        return resizeToMaxDimension(QImage(size, kFormat), max).size();
-    };
-    QCOMPARE(shrunk({64, 32}, 64), QSize(64, 32));
-    QCOMPARE(shrunk({30, 90}, 30), QSize(10, 30));
-    QCOMPARE(shrunk({1000, 1}, 10), QSize(10, 1));
-    QCOMPARE(shrunk({20, 20}, -5), QSize(1, 1));
-    QCOMPARE(shrunk({0, 0}, -5), QSize(0, 0));
 }
 
 void ImagesTest::brightnessOfAColorScalesUpAndDown()
@@ -202,7 +198,7 @@ void ImagesTest::namesAreLookedUpInTheNewestTheme()
     auto& newer = ui::test::makeTheme<VisualDesignBase>();
     QCOMPARE(ui::colorQt(name), QColor(Qt::black));
     newer.setColor(name, QColor(1, 2, 3, 4));
-    newer.setColor(QStringLiteral("Base"), QColor(100, 200, 40));
+    newer.setColor(u"Base"_qs, QColor(100, 200, 40));
     QVERIFY(ui::color("Gr\xC3\xBCn") == Color(0x04010203U));
     QCOMPARE(ui::windowBackground().rgba(), qRgb(75, 150, 30));
     QCOMPARE(ui::windowPassthroughBackground().rgba(), qRgb(68, 136, 27));

@@ -63,7 +63,6 @@ class SkiaWidgetTest : public ui::test::TestCase
 private Q_SLOTS:
     void theSurfaceIsMadeOnceForEachSize();
     void eachPaintStartsAnewInLogicalPixelsOverTheBackground();
-    void paintSkiaMayReplaceTheSurface();
     void pixelsOfEveryFormatAreCopiedIfThereIsAPainter();
     void pixelsLandAtTheOriginWhateverTheTransform();
     void devicePixelsStayOneToOne();
@@ -102,13 +101,9 @@ void SkiaWidgetTest::eachPaintStartsAnewInLogicalPixelsOverTheBackground()
     QVERIFY(closeTo(pixelAt(image, {18, 8}), Qt::blue));
     color = SkColorSetARGB(100, 0, 255, 0);
     QVERIFY(closeTo(pixelAt(renderWidget(widget, 2.0), {29, 19}), QColor(0, 100, 155)));
-}
 
-void SkiaWidgetTest::paintSkiaMayReplaceTheSurface()
-{
-    Canvas widget;
     widget.draw = [&](SkCanvas* canvas, const SkPaint& /*paint*/) {
-        widget.updateSurface();
+        widget.updateSurface(); // which replaces what is painted on
         canvas->clear(SK_ColorRED);
     };
     QVERIFY(closeTo(pixelAt(renderWidget(widget), {10, 10}), Qt::red));

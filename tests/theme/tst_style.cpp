@@ -112,15 +112,15 @@ private:
 void StyleTest::controlsStandOutFromAPanelThatHandsItsGroundDown()
 {
     QWidget panel;
-    ui::setWidgetBackground(&panel, m_theme.getColor(QStringLiteral("Window")));
+    ui::setWidgetBackground(&panel, m_theme.getColor(u"Window"_qs));
     QPushButton button(&panel);
     QLineEdit field(&panel);
     const auto ground = [](QWidget& widget) {
         widget.resize(60, 24);
         return pixelAt(renderWidget(widget), {30, 12});
     };
-    QCOMPARE(ground(button), m_theme.getColor(QStringLiteral("Button")));
-    QCOMPARE(ground(field), m_theme.getColor(QStringLiteral("Base")));
+    QCOMPARE(ground(button), m_theme.getColor(u"Button"_qs));
+    QCOMPARE(ground(field), m_theme.getColor(u"Base"_qs));
     ui::setWidgetBackground(&button, Qt::red);
     QCOMPARE(ground(button), QColor(Qt::red));
 }
@@ -138,7 +138,7 @@ void StyleTest::aFieldShowsItsFocusAndOthersOnlyThatOfTheKeyboard()
 
     auto option = enabledOption<QStyleOptionFrame>();
     option.lineWidth = 1;
-    const QColor accent = m_theme.getColor(QStringLiteral("Accent1"));
+    const QColor accent = m_theme.getColor(u"Accent1"_qs);
     for (const bool focused : {false, true}) {
         option.state.setFlag(QStyle::State_HasFocus, focused);
         const QColor edge = pixelAt(pictureOf(QStyle::PE_PanelLineEdit, option), {50, 0});
@@ -148,7 +148,7 @@ void StyleTest::aFieldShowsItsFocusAndOthersOnlyThatOfTheKeyboard()
 
 void StyleTest::whatIsDisabledIsFaint()
 {
-    QLineEdit field(QStringLiteral("MMMM"));
+    QLineEdit field(u"MMMM"_qs);
     QCheckBox check;
     check.setChecked(true);
     QToolButton iconButton;
@@ -157,7 +157,7 @@ void StyleTest::whatIsDisabledIsFaint()
     iconButton.setIcon(icon);
     QSpinBox spin;
     QListWidget list;
-    list.addItem(QStringLiteral("MMMM"));
+    list.addItem(u"MMMM"_qs);
     QSlider slider(Qt::Horizontal);
     const QList<QWidget*> widgets{&field, &check, &iconButton, &spin, &list, &slider};
     for (QWidget* widget : widgets) {
@@ -234,8 +234,8 @@ void StyleTest::progressFillsItsShare()
 {
     const std::tuple<int, int, int, int> cases[] = {
         {-40, 40, -20, 25}, {0, 100, -1, 0}, {0, 100, 250, 100}, {kTiny, kHuge, 0, 50}};
+    auto option = enabledOption<QStyleOptionProgressBar>(QStyle::State_Horizontal);
     for (const auto& [minimum, maximum, value, expected] : cases) {
-        auto option = enabledOption<QStyleOptionProgressBar>(QStyle::State_Horizontal);
         option.minimum = minimum;
         option.maximum = maximum;
         option.progress = value;

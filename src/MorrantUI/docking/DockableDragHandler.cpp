@@ -51,6 +51,7 @@ bool DockableDragHandler::eventFilter(QObject* watched, QEvent* event)
         }
         return true;
     case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: // a press soon after a click
         if (m_enabled && static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
             startGesture();
         }
@@ -106,7 +107,8 @@ bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseMove: return m_gesture && mouseMoved(*static_cast<QMouseEvent*>(event));
-    case QEvent::MouseButtonRelease: return mouseReleased(watched);
+    case QEvent::MouseButtonRelease:
+        return mouseReleased(watched, *static_cast<QMouseEvent*>(event));
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
         if (m_dragging && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
@@ -134,7 +136,20 @@ bool DockableDragHandler::mouseMoved(const QMouseEvent& event)
     return true;
 }
 
-bool DockableDragHandler::mouseReleased(QObject* watched)
+/// To the native window that the pressed widget is in now: else Qt takes it for pressed until the
+/// next press, and nothing else is hovered.
+static void forwardRelease(const QMouseEvent& event, const DockableWindow& window)
+{
+    if (QWindow* native = window.window()->windowHandle()) {
+        const QPointF global = event.globalPosition();
+        const QPointF local = native->mapFromGlobal(global);
+        QMouseEvent release(
+            event.type(), local, local, global, event.button(), event.buttons(), event.modifiers());
+        QCoreApplication::sendEvent(native, &release);
+    }
+}
+
+bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& event)
 {
     if (m_swallowRelease && watched->isWidgetType()) {
         m_swallowRelease = false;
@@ -153,6 +168,9 @@ bool DockableDragHandler::mouseReleased(QObject* watched)
     // the widget's copy follows. One that the docking has destroyed must not be gone on with.
     if (self) {
         m_swallowRelease = byWindow && receiver;
+        if (byWindow && !receiver && m_window) {
+            forwardRelease(event, *m_window);
+        }
     }
     return !byWindow || !receiver;
 }
@@ -237,7 +255,7 @@ static QWidget* widgetBelow(const QWidget& above, const QPoint& point)
         for (QWidget* widget : widgets) {
             const bool here = widget != &above && widget->windowHandle() == window
                               && widget->isVisible() && !widget->isMinimized()
-                              && widget->geometry().contains(point);
+                              && widget->frameGeometry().contains(point);
             if (here) {
                 QWidget* child = widget->childAt(widget->mapFromGlobal(point));
                 return child ? child : widget;

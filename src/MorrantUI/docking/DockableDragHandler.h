@@ -64,7 +64,7 @@ public:
 private:
     bool applicationEvent(QObject* watched, QEvent* event);
     bool mouseMoved(const QMouseEvent& event);
-    bool mouseReleased(QObject* watched);
+    bool mouseReleased(QObject* watched, const QMouseEvent& event);
     void startGesture();
     void endGesture();
     void cancelGesture();
