@@ -1,23 +1,31 @@
 /// Docking beside a bare tree of splitters with the same panels, in one process and in turns.
 #include "Report.h"
+#include "docktrees.h"
 #include "themeassets.h"
 #include "timing.h"
-#include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <QApplication>
-#include <QLabel>
-#include <QSplitter>
-#include <QVBoxLayout>
+#include <QWidget>
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace {
 
-constexpr int kPanels = 50;
-constexpr int kOperations = 1000;
+using ui::bench::drain;
+using ui::bench::kPanels;
+using ui::bench::makeBareTree;
+using ui::bench::makeOurTree;
+using ui::bench::Shape;
+using ui::bench::Tree;
+
+constexpr std::size_t kOperations = 1000;
+constexpr int kBuilds = 15; // of each tree, in turns
 
 struct Move
 {
@@ -43,135 +51,6 @@ std::vector<Move> seededMoves(unsigned seed)
     }
     return moves;
 }
-
-void drain()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-}
-
-/// A tree of panels in which one can be taken out and put elsewhere.
-class Tree
-{
-public:
-    virtual ~Tree() = default;
-    virtual QWidget& window() = 0;
-    virtual void undock(std::size_t panel) = 0;
-    virtual void dock(std::size_t panel, std::size_t target, DockableArea area) = 0;
-};
-
-class OurTree final : public Tree
-{
-public:
-    OurTree()
-    {
-        gMainWindow = &m_root;
-        m_root.setAttribute(Qt::WA_DeleteOnClose, false);
-        m_root.resize(1600, 1000);
-        for (int i = 0; i < kPanels; ++i) {
-            auto* panel = new DockableWindow(new QWidget);
-            panel->setText(QStringLiteral("Panel %1").arg(i));
-            m_panels.push_back(panel);
-            if (i == 0) {
-                m_root.dockInArea(panel, DockableArea::Right);
-            } else {
-                const auto area = i % 2 == 0 ? DockableArea::Right : DockableArea::Bottom;
-                m_panels[static_cast<std::size_t>(i / 2)]->dockInArea(panel, area);
-            }
-        }
-        m_root.show();
-        drain();
-    }
-    ~OurTree() override { gMainWindow = nullptr; }
-
-    QWidget& window() override { return m_root; }
-    void undock(std::size_t panel) override { m_panels[panel]->undock(true); }
-    void dock(std::size_t panel, std::size_t target, DockableArea area) override
-    {
-        m_panels[target]->dockInArea(m_panels[panel], area);
-    }
-
-private:
-    DockableGroup m_root;
-    std::vector<DockableWindow*> m_panels;
-};
-
-class BareTree final : public Tree
-{
-public:
-    BareTree()
-    {
-        auto* layout = new QVBoxLayout(&m_window);
-        m_root = new QSplitter;
-        layout->addWidget(m_root);
-        m_window.resize(1600, 1000);
-        for (int i = 0; i < kPanels; ++i) {
-            auto* panel = new QWidget;
-            auto* rows = new QVBoxLayout(panel);
-            rows->setContentsMargins(0, 0, 0, 0);
-            rows->setSpacing(0);
-            rows->addWidget(new QLabel(QStringLiteral("Panel %1").arg(i)));
-            rows->addWidget(new QWidget, 1);
-            m_panels.push_back(panel);
-            if (i == 0) {
-                m_root->addWidget(panel);
-            } else {
-                const auto area = i % 2 == 0 ? DockableArea::Right : DockableArea::Bottom;
-                dock(static_cast<std::size_t>(i), static_cast<std::size_t>(i / 2), area);
-            }
-        }
-        m_window.show();
-        drain();
-    }
-
-    QWidget& window() override { return m_window; }
-    void undock(std::size_t number) override
-    {
-        QWidget* panel = m_panels[number];
-        auto* from = qobject_cast<QSplitter*>(panel->parentWidget());
-        if (!from) {
-            return;
-        }
-        const QPoint position = panel->mapToGlobal(QPoint());
-        panel->setParent(&m_window, Qt::Window);
-        panel->move(position);
-        panel->show();
-        auto* above = qobject_cast<QSplitter*>(from->parentWidget());
-        if (above && from->count() < 2) {
-            const QList<int> sizes = above->sizes();
-            const int index = above->indexOf(from);
-            from->setParent(nullptr);
-            if (from->count() > 0) {
-                above->insertWidget(index, from->widget(0));
-                above->setSizes(sizes);
-            }
-            from->deleteLater();
-        }
-    }
-    void dock(std::size_t number, std::size_t targetNumber, DockableArea area) override
-    {
-        QWidget* target = m_panels[targetNumber];
-        auto* parent = qobject_cast<QSplitter*>(target->parentWidget());
-        if (!parent) {
-            return;
-        }
-        const QList<int> sizes = parent->sizes();
-        const int index = parent->indexOf(target);
-        auto* splitter =
-            new QSplitter(ui::docking::isVertical(area) ? Qt::Vertical : Qt::Horizontal);
-        splitter->setChildrenCollapsible(false);
-        splitter->addWidget(target);
-        splitter->insertWidget(ui::docking::insertIndex(area), m_panels[number]);
-        parent->insertWidget(index, splitter);
-        m_panels[number]->show();
-        parent->setSizes(sizes);
-    }
-
-private:
-    QWidget m_window;
-    QSplitter* m_root = nullptr;
-    std::vector<QWidget*> m_panels;
-};
 
 struct Times
 {
@@ -222,58 +101,105 @@ void floatAll(Tree& tree)
 void dockAll(Tree& tree)
 {
     for (std::size_t panel = 1; panel < kPanels; ++panel) {
-        const auto area = panel % 2 == 0 ? DockableArea::Right : DockableArea::Bottom;
-        tree.dock(panel, panel / 2, area);
+        tree.dock(panel, ui::bench::targetOf(panel), ui::bench::areaOf(panel));
         drain();
     }
 }
 
-void measureChurn(ui::bench::Report& report)
+void measureChurn(ui::bench::Report& report, const std::string& name)
 {
-    OurTree ours;
-    BareTree bare;
-    floatAll(ours);
-    const qsizetype objects = objectsBelow(ours);
-    dockAll(ours);
+    const auto ours = makeOurTree(Shape::Splits);
+    const auto bare = makeBareTree(Shape::Splits);
+    floatAll(*ours);
+    const qsizetype objects = objectsBelow(*ours);
+    dockAll(*ours);
+    floatAll(*bare);
+    dockAll(*bare);
     Times ourTimes;
     Times bareTimes;
     bool oursFirst = false;
     for (const Move& move : seededMoves(7)) {
         oursFirst = !oursFirst;
-        oursFirst ? perform(ours, move, ourTimes) : perform(bare, move, bareTimes);
-        oursFirst ? perform(bare, move, bareTimes) : perform(ours, move, ourTimes);
+        oursFirst ? perform(*ours, move, ourTimes) : perform(*bare, move, bareTimes);
+        oursFirst ? perform(*bare, move, bareTimes) : perform(*ours, move, ourTimes);
     }
     const auto ratio = [](const std::vector<double>& a, const std::vector<double>& b) {
         return ui::bench::median(a) / ui::bench::median(b);
     };
-    report.judge("docking-undock", ratio(ourTimes.undocks, bareTimes.undocks), "times", 2.5);
-    report.judge("docking-dock", ratio(ourTimes.docks, bareTimes.docks), "times", 2.5);
-    report.judge("docking-growth", growth(ourTimes) / growth(bareTimes), "times", 1.2);
-    report.state("docking-undock-time", ui::bench::median(ourTimes.undocks) / 1000, "us");
-    report.state("docking-dock-time", ui::bench::median(ourTimes.docks) / 1000, "us");
+    report.judge(name + "-undock", ratio(ourTimes.undocks, bareTimes.undocks), "times", 2.5);
+    report.judge(name + "-dock", ratio(ourTimes.docks, bareTimes.docks), "times", 2.5);
+    report.judge(name + "-growth", growth(ourTimes) / growth(bareTimes), "times", 1.2);
+    report.state(name + "-undock-time", ui::bench::median(ourTimes.undocks) / 1000, "us");
+    report.state(name + "-dock-time", ui::bench::median(ourTimes.docks) / 1000, "us");
 
-    floatAll(ours);
-    const auto left = static_cast<double>(objectsBelow(ours) - objects);
-    report.judge("docking-objects-left", left, "objects", 0);
+    floatAll(*ours);
+    const auto left = static_cast<double>(objectsBelow(*ours) - objects);
+    report.judge(name + "-objects-left", left, "objects", 0);
 }
 
-double resizeTime(Tree& tree)
+/// How many times as long ours takes: the median of runs in turns, of which only the work counts.
+double ratioOfBuilds(Shape shape)
 {
-    return ui::bench::nanosecondsOf([&] {
-        for (int step = 0; step < 200; ++step) {
-            tree.window().resize(1600 + step % 40, 1000 + step % 30);
+    std::vector<double> ratios;
+    for (int run = 0; run <= kBuilds; ++run) {
+        std::unique_ptr<Tree> tree;
+        const auto timed = [&](const std::function<std::unique_ptr<Tree>(Shape)>& make) {
+            const double time = ui::bench::nanosecondsOf([&] { tree = make(shape); });
+            tree.reset();
             drain();
+            return time;
+        };
+        const double before = run % 2 == 0 ? timed(makeBareTree) : 0.0;
+        const double ours = timed(makeOurTree);
+        const double bare = run % 2 == 0 ? before : timed(makeBareTree);
+        if (run > 0) { // the first warms up
+            ratios.push_back(ours / bare);
         }
-    });
+    }
+    return ui::bench::median(ratios);
 }
 
-void measureResizing(ui::bench::Report& report)
+/// Ten steps; with all runs two hundred.
+void resizeInSteps(Tree& tree)
 {
-    OurTree ours;
-    BareTree bare;
-    const double ratio =
-        ui::bench::medianRatio([&] { resizeTime(ours); }, [&] { resizeTime(bare); });
-    report.judge("docking-resize", ratio, "times", 1.3);
+    for (int step = 0; step < 10; ++step) {
+        tree.window().resize(1600 + 4 * step, 1000 + 3 * step);
+        drain();
+    }
+}
+
+/// Five switches of all ten groups; with all runs a thousand.
+void switchAllTabs(Tree& tree)
+{
+    for (int step = 0; step < 5; ++step) {
+        tree.switchTabs((step + 1) % static_cast<int>(ui::bench::kTabsInGroup));
+        drain();
+    }
+}
+
+double ratioOf(void (*work)(Tree&), Shape shape)
+{
+    const auto ours = makeOurTree(shape);
+    const auto bare = makeBareTree(shape);
+    return ui::bench::medianRatio([&] { work(*ours); }, [&] { work(*bare); });
+}
+
+void measureShape(ui::bench::Report& report, Shape shape, const std::string& name)
+{
+    if (report.wants(name + "-build")) {
+        report.judge(name + "-build", ratioOfBuilds(shape), "times", 2.5);
+    }
+    const bool churn = report.wants(
+        name + "-undock " + name + "-dock " + name + "-growth " + name + "-objects-left");
+    if (shape == Shape::Splits && churn) {
+        measureChurn(report, name);
+    }
+    if (report.wants(name + "-resize")) {
+        report.judge(name + "-resize", ratioOf(resizeInSteps, shape), "times", 1.3);
+    }
+    if (shape == Shape::Tabs && report.wants(name + "-switch")) {
+        report.judge(name + "-switch", ratioOf(switchAllTabs, shape), "times", 1.3);
+    }
 }
 
 } // namespace
@@ -291,11 +217,8 @@ int main(int argc, char** argv)
     }
     VisualDesignDark theme(assets);
     theme.applyAppStyle();
-    if (report.wants("docking-undock docking-dock docking-growth docking-objects-left")) {
-        measureChurn(report);
-    }
-    if (report.wants("docking-resize")) {
-        measureResizing(report);
-    }
+    measureShape(report, Shape::Splits, "docking");
+    measureShape(report, Shape::Flat, "docking-flat");
+    measureShape(report, Shape::Tabs, "docking-tabs");
     return report.exitCode();
 }

@@ -117,7 +117,7 @@ bool isControlKey(const QKeyEvent& event)
 
 AttributePanel::AttributePanel(DocumentEditor& editor, QWidget* parent)
     : Panel(tr("Attributes"), parent)
-    , m_editor(editor)
+    , m_editor(&editor)
     , m_pages(new QStackedWidget)
     , m_transform(new CollapsibleSection(tr("Transform")))
     , m_colors(new CollapsibleSection(tr("Colours")))
@@ -137,13 +137,26 @@ AttributePanel::AttributePanel(DocumentEditor& editor, QWidget* parent)
     m_pages->addWidget(scroller);
     setContent(m_pages);
 
-    connect(&m_editor, &DocumentEditor::edited, this, [this] { refresh(); });
-    connect(&m_editor, &DocumentEditor::historyChanged, this, [this] { refresh(); });
+    follow(editor);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         if (qobject_cast<NumericField*>(now) != nullptr && isAncestorOf(now)) {
             Q_EMIT editingStarted();
         }
     });
+}
+
+void AttributePanel::setEditor(DocumentEditor& editor)
+{
+    setLayer(-1);
+    m_editor->disconnect(this);
+    m_editor = &editor;
+    follow(editor);
+}
+
+void AttributePanel::follow(DocumentEditor& editor)
+{
+    connect(&editor, &DocumentEditor::edited, this, [this] { refresh(); });
+    connect(&editor, &DocumentEditor::historyChanged, this, [this] { refresh(); });
 }
 
 void AttributePanel::setLayer(int layer)
@@ -168,7 +181,7 @@ void AttributePanel::finishEditing()
     if (field != nullptr && isAncestorOf(field)) {
         field->clearFocus();
     }
-    m_editor.commit();
+    m_editor->commit();
 }
 
 bool AttributePanel::event(QEvent* event)
@@ -185,7 +198,7 @@ bool AttributePanel::event(QEvent* event)
 void AttributePanel::rebuild()
 {
     m_rows.clear(); // first: what their widgets say while they die concerns nobody
-    const auto document = m_editor.document();
+    const auto document = m_editor->document();
     const auto transform =
         document ? transformOf(*document, m_layer) : std::vector<PropertyAddress>();
     const auto colors = document ? colorsOf(*document, m_layer) : std::vector<PropertyAddress>();
@@ -218,7 +231,7 @@ QWidget* AttributePanel::buildRows(const std::vector<PropertyAddress>& addresses
 AttributeRow* AttributePanel::buildRow(const PropertyAddress& address)
 {
     const Attribute attribute = address.attribute;
-    auto* widget = new AttributeRow(nameOf(*m_editor.document(), address));
+    auto* widget = new AttributeRow(nameOf(*m_editor->document(), address));
     const std::size_t count = entryCount(attribute);
     if (isColor(attribute)) {
         widget->addSwatch(Qt::black)->setAlphaEnabled(false);
@@ -255,12 +268,12 @@ void AttributePanel::connectRow(AttributeRow* widget)
         if (dragging) {
             Q_EMIT editingStarted();
         } else {
-            m_editor.commit();
+            m_editor->commit();
         }
     });
     connect(widget, &AttributeRow::keyframeToggled, this, [this, widget] {
         if (const Row* row = rowOf(widget)) {
-            m_editor.toggleKey(row->address, m_frame);
+            m_editor->toggleKey(row->address, m_frame);
         }
     });
 }
@@ -287,9 +300,9 @@ void AttributePanel::take(const AttributeRow* widget, bool committed)
             changes.push_back({i, now[i]});
         }
     }
-    m_editor.setEntries(row->address, m_frame, changes);
+    m_editor->setEntries(row->address, m_frame, changes);
     if (committed) {
-        m_editor.commit();
+        m_editor->commit();
     }
 }
 
@@ -301,12 +314,12 @@ void AttributePanel::refresh()
 /// Shows the document's values where they have changed, and not while the user is changing them.
 void AttributePanel::refresh(Row& row)
 {
-    const NumberProperty* property = m_editor.property(row.address);
+    const NumberProperty* property = m_editor->property(row.address);
     if (property == nullptr) {
         return; // another document: the next layer brings other rows
     }
     row.widget->keyframeButton()->setState(toButton(keyStateAt(*property, m_frame)));
-    if (m_editor.isChanging(row.address)) {
+    if (m_editor->isChanging(row.address)) {
         return;
     }
     const Numbers numbers = valueAt(*property, m_frame);

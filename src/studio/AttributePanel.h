@@ -21,6 +21,8 @@ class AttributePanel : public Panel
 public:
     explicit AttributePanel(DocumentEditor& editor, QWidget* parent = nullptr);
 
+    /// Edits another document from now on, which must live as long as it does; shows no layer.
+    void setEditor(DocumentEditor& editor);
     /// Shows a layer of the main composition; with a place that has none, what to do about it.
     void setLayer(int layer);
     /// Shows the values at a frame.
@@ -47,6 +49,7 @@ private:
         Entries rest;   ///< what the widget made of them; a difference was entered by the user
     };
 
+    void follow(DocumentEditor& editor);
     void rebuild();
     QWidget* buildRows(const std::vector<PropertyAddress>& addresses);
     AttributeRow* buildRow(const PropertyAddress& address);
@@ -56,7 +59,7 @@ private:
     void refresh();
     void refresh(Row& row);
 
-    DocumentEditor& m_editor;
+    DocumentEditor* m_editor;
     QStackedWidget* m_pages; ///< what to do, and the sections
     CollapsibleSection* m_transform;
     CollapsibleSection* m_colors;

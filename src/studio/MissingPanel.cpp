@@ -39,7 +39,6 @@ MissingPanel::MissingPanel(QWidget* parent)
     m_tree->setAccessibleName(tr("What is not drawn, by layer"));
     writeInNamedColors(m_tree);
     setContent(m_tree);
-    hide();
 }
 
 void MissingPanel::setMissing(const std::vector<MissingFeature>& missing)
@@ -55,8 +54,7 @@ void MissingPanel::setMissing(const std::vector<MissingFeature>& missing)
         rows.append(row);
     }
     m_tree->addTopLevelItems(rows);
-    setRemark(QLocale().toString(missing.size()));
-    setVisible(!missing.empty());
+    setRemark(missing.empty() ? QString() : QLocale().toString(missing.size()));
 }
 
 } // namespace studio

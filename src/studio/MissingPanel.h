@@ -23,7 +23,7 @@ struct MissingOfLayer
 /// Gathers features by layer, twins of one name apart, both in order of first appearance.
 std::vector<MissingOfLayer> byLayer(const std::vector<MissingFeature>& missing);
 
-/// What the document asks for and the viewport does not draw. Hidden while there is nothing.
+/// What the document asks for and the viewport does not draw.
 class MissingPanel : public Panel
 {
     Q_OBJECT

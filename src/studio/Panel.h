@@ -3,8 +3,7 @@
 #include <MorrantUI/theme/Widget.h>
 
 class QAbstractItemView;
-class QLabel;
-class QVBoxLayout;
+class QHBoxLayout;
 
 namespace studio {
 
@@ -15,7 +14,7 @@ inline constexpr int kColorNameRole = Qt::UserRole + 1;
 /// shows.
 void writeInNamedColors(QAbstractItemView* view);
 
-/// A strip with a title above whatever is added to it.
+/// The ground that a panel's content lies on. Its title is the window title.
 class Panel : public Widget
 {
     Q_OBJECT
@@ -24,20 +23,16 @@ public:
     explicit Panel(const QString& title, QWidget* parent = nullptr);
 
 protected:
-    /// Takes over `content`, which fills the space below the title.
+    /// Takes over `content`, which fills the panel.
     void setContent(QWidget* content);
-    /// A remark at the right of the title, such as a count.
+    /// Adds a remark to the title, such as a count; empty for none.
     void setRemark(const QString& text);
 
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
-    void colorRemark();
-
-    QLabel* m_title;
-    QLabel* m_remark;
-    QVBoxLayout* m_layout;
+    QString m_title;
+    QHBoxLayout* m_layout;
 };
 
 } // namespace studio

@@ -1,19 +1,25 @@
 #include "StudioWindow.h"
 
 #include "AttributePanel.h"
+#include "DocumentPage.h"
+#include "DocumentTabs.h"
 #include "LayerPanel.h"
 #include "MissingPanel.h"
 #include "NoticeBar.h"
 #include "Player.h"
 #include "TransportBar.h"
 #include "Viewport.h"
+#include "Workspace.h"
 #include "editing/DocumentEditor.h"
 #include "gallery/GalleryPage.h"
+#include "layout/layoutjson.h"
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
+#include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/icons.h>
+#include <MorrantUI/theme/screens.h>
 
 #include <QAction>
 #include <QActionGroup>
@@ -23,11 +29,10 @@
 #include <QFileDialog>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QSplitter>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -36,9 +41,7 @@ namespace studio {
 
 namespace {
 
-constexpr QSize kWindowSize(1440, 900);
-constexpr int kSidebarWidth = 260;
-constexpr int kAttributesWidth = 340;
+constexpr QSize kWindowSize(1440, 900); ///< unless the default layout has another one
 constexpr double kZoomStep = 1.25;
 
 struct Command
@@ -56,11 +59,14 @@ QList<QAction*> addCommands(QMenu& menu, const std::vector<Command>& commands)
     for (const Command& command : commands) {
         QAction* action = menu.addAction(command.text, &menu, command.run);
         action->setShortcuts(command.keys);
+        action->setShortcutContext(Qt::ApplicationShortcut); // in floating panels too
         if (!command.icon.isEmpty()) {
             action->setIcon(ui::getCachedIcon(u"icons:%1.png"_qs.arg(command.icon)));
         }
-        const QString key = command.keys.value(0).toString(QKeySequence::NativeText);
-        action->setToolTip(StudioWindow::tr("%1 (%2)").arg(action->toolTip(), key));
+        if (!command.keys.isEmpty()) {
+            const QString key = command.keys.first().toString(QKeySequence::NativeText);
+            action->setToolTip(StudioWindow::tr("%1 (%2)").arg(action->toolTip(), key));
+        }
         actions.append(action);
     }
     return actions;
@@ -68,9 +74,7 @@ QList<QAction*> addCommands(QMenu& menu, const std::vector<Command>& commands)
 
 QString titleOf(const Document& document, const QString& path)
 {
-    const QString name =
-        document.name.isEmpty() ? QFileInfo(path).completeBaseName() : document.name;
-    return StudioWindow::tr("%1 (%2)").arg(name, sizeText(document.width, document.height));
+    return document.name.isEmpty() ? QFileInfo(path).completeBaseName() : document.name;
 }
 
 /// In a title that tells whether there are changes, these three signs have a meaning.
@@ -83,6 +87,17 @@ QString plainTitle(QString text)
 QString menuText(QString text)
 {
     return text.replace(u'&', u"&&"_qs);
+}
+
+bool mayLoseChanges(QWidget* window)
+{
+    return ModalDialog::getChoice(
+               StudioWindow::tr("Quit the studio?"),
+               StudioWindow::tr("The changes of the open documents will be lost."),
+               QDialogButtonBox::Discard | QDialogButtonBox::Cancel,
+               QDialogButtonBox::Cancel,
+               window)
+           == QDialogButtonBox::Discard;
 }
 
 /// Whoever offers to move a file must not delete it after we have read it.
@@ -113,25 +128,27 @@ QStringList samplePaths()
 
 StudioWindow::StudioWindow(QWidget* parent)
     : QMainWindow(parent)
-    , m_editor(new DocumentEditor(this))
+    , m_workspace(new Workspace(this))
+    , m_documents(new DocumentTabs)
     , m_player(new Player(this))
-    , m_viewport(new Viewport)
     , m_layers(new LayerPanel)
-    , m_attributes(new AttributePanel(*m_editor))
+    , m_attributes(new AttributePanel(m_documents->current().editor()))
     , m_missing(new MissingPanel)
     , m_notice(new NoticeBar)
     , m_pages(new QStackedWidget)
 {
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
     setAcceptDrops(true);
-    resize(kWindowSize);
 
     buildFileMenu();
     buildEditMenu();
     const QList<QAction*> playback = buildPlaybackMenu();
-    const QList<QAction*> view = buildViewMenu();
-    m_transport = new TransportBar(*m_player, playback, view);
-    m_pages->addWidget(buildEditor());
+    const QList<QAction*> zooms = buildViewMenu();
+    m_transport = new TransportBar(*m_player, playback, zooms);
+    addPanels();
+    showDefaultLayout();
+
+    m_pages->addWidget(m_workspace);
     auto* center = new QWidget;
     auto* layout = new QVBoxLayout(center);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -139,36 +156,57 @@ StudioWindow::StudioWindow(QWidget* parent)
     layout->addWidget(m_notice);
     layout->addWidget(m_pages, 1);
     setCentralWidget(center);
-    m_viewport->setFocus();
-
-    connect(m_player, &Player::frameChanged, m_viewport, &Viewport::setFrame);
-    connect(m_player, &Player::frameChanged, m_attributes, &AttributePanel::setFrame);
-    connect(m_layers, &LayerPanel::layerSelected, m_attributes, &AttributePanel::setLayer);
-    connect(m_attributes, &AttributePanel::editingStarted, m_player, &Player::pause);
-    connect(m_editor, &DocumentEditor::edited, m_viewport, qOverload<>(&QWidget::update));
-    connect(m_editor, &DocumentEditor::historyChanged, this, &StudioWindow::showHistory);
-    connect(m_editor, &DocumentEditor::restored, this, [this](const PropertyAddress& address) {
-        selectLayer(address.layer);
-    });
-    connect(m_player, &Player::playingChanged, this, &StudioWindow::showPlaying);
-    connect(m_viewport, &Viewport::scaleChanged, m_transport, &TransportBar::setZoom);
-    connect(
-        m_viewport,
-        &Viewport::leftUnfinished,
-        this,
-        &StudioWindow::listUnfinished,
-        Qt::QueuedConnection);
+    viewport().setFocus();
+    connectPanels();
 }
 
 StudioWindow::~StudioWindow()
 {
-    // The children die after us, the editor before the panel that edits through it.
+    // The editors may die before the panel that edits through them; and the panels give up their
+    // contents to this window, which must be a whole one.
     selectLayer(-1);
-    m_editor->disconnect(this);
+    m_documents->disconnect(this);
+    delete m_workspace;
+}
+
+void StudioWindow::addPanels()
+{
+    m_workspace->addPanel(u"layers"_qs, m_layers);
+    m_workspace->addPanel(u"notDrawn"_qs, m_missing);
+    m_workspace->addPanel(u"viewport"_qs, m_documents);
+    m_workspace->addPanel(u"attributes"_qs, m_attributes);
+    m_workspace->addPanel(u"transport"_qs, m_transport, Workspace::Header::Grip);
+}
+
+void StudioWindow::connectPanels()
+{
+    connect(m_player, &Player::frameChanged, this, [this](int frame) {
+        viewport().setFrame(frame);
+        m_attributes->setFrame(frame);
+    });
+    connect(m_player, &Player::playingChanged, this, &StudioWindow::showPlaying);
+    connect(m_layers, &LayerPanel::layerSelected, this, [this](int layer) {
+        page().layer = layer;
+        m_attributes->setLayer(layer);
+    });
+    connect(m_attributes, &AttributePanel::editingStarted, m_player, &Player::pause);
+    connect(m_documents, &DocumentTabs::currentChanged, this, &StudioWindow::showDocument);
+    connect(m_documents, &DocumentTabs::historyChanged, this, &StudioWindow::showHistory);
+    connect(m_documents, &DocumentTabs::restored, this, &StudioWindow::selectLayer);
+    connect(m_documents, &DocumentTabs::scaleChanged, m_transport, &TransportBar::setZoom);
+    connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFile);
+    connect(m_documents, &DocumentTabs::notDrawnChanged, this, [this] {
+        m_missing->setMissing(page().notDrawn());
+    });
 }
 
 bool StudioWindow::openFile(const QString& path)
 {
+    if (m_documents->showFile(path)) {
+        m_notice->dismiss();
+        setGalleryShown(false);
+        return true;
+    }
     const ui::OverrideCursor busy(Qt::WaitCursor);
     ReadResult result = readFile(path);
     if (!result) {
@@ -177,30 +215,124 @@ bool StudioWindow::openFile(const QString& path)
     }
     auto document = std::make_shared<Document>(*std::move(result.document));
     const QString title = titleOf(*document, path);
-    setDocument(std::move(document), title);
+    openDocument(std::move(document), title, path);
     return true;
 }
 
-void StudioWindow::setDocument(std::shared_ptr<Document> document, const QString& title)
+void StudioWindow::openDocument(
+    std::shared_ptr<Document> document, const QString& title, const QString& path)
 {
-    m_attributes->setLayer(-1); // what is under way ends with the document that it changes
-    m_editor->setDocument(std::move(document));
-    const Document& opened = *m_editor->document();
     m_notice->dismiss();
-    m_layers->setDocument(opened);
-    m_notDrawn = opened.missing;
-    m_missing->setMissing(m_notDrawn);
-    m_player->setTrack(frameRange(opened.inPoint, opened.outPoint), opened.frameRate);
-    m_viewport->setFrame(m_player->frame());
-    m_attributes->setFrame(m_player->frame());
-    m_viewport->setDocument(m_editor->document());
-    setWindowTitle(plainTitle(title) + u"[*]"_qs);
+    m_documents->open(std::move(document), title, path);
     setGalleryShown(false);
+}
+
+/// Shows the document in front in all panels, as its user left it.
+void StudioWindow::showDocument()
+{
+    DocumentPage& shown = page();
+    const Document& document = *shown.document();
+    const int layer = shown.layer;
+    const int frame = shown.viewport().frame();
+
+    m_attributes->setEditor(shown.editor()); // what is under way ends with the document before
+    m_layers->setDocument(document);
+    m_missing->setMissing(shown.notDrawn());
+    m_player->setTrack(frameRange(document.inPoint, document.outPoint), document.frameRate);
+    m_player->seek(frame);
+    m_attributes->setFrame(frame);
+    m_transport->setZoom(shown.viewport().mapping().scale);
+    selectLayer(layer);
+    showHistory();
+}
+
+DocumentPage& StudioWindow::page() const
+{
+    return m_documents->current();
 }
 
 const Document* StudioWindow::document() const
 {
-    return m_editor->document().get();
+    return page().document();
+}
+
+DocumentEditor& StudioWindow::editor()
+{
+    return page().editor();
+}
+
+Viewport& StudioWindow::viewport()
+{
+    return page().viewport();
+}
+
+void StudioWindow::showDefaultLayout()
+{
+    const LayoutResult read = readLayoutFile(u"style:layout.json"_qs);
+    const Layout layout = read.layout.value_or(Layout());
+    m_workspace->setDefaultLayout(layout);
+    m_workspace->reset();
+    resize(layout.windowSize.isEmpty() ? kWindowSize : layout.windowSize);
+    if (!read) {
+        const QString sentence = tr("The default layout cannot be used: %1.").arg(read.error);
+        QMetaObject::invokeMethod(
+            this, [this, sentence] { fail(sentence); }, Qt::QueuedConnection); // once we are heard
+    }
+}
+
+void StudioWindow::keepLayoutIn(const QString& path)
+{
+    m_layoutFile = path;
+    if (!QFileInfo::exists(path)) {
+        return;
+    }
+    const LayoutResult saved = readLayoutFile(path);
+    if (!saved) {
+        fail(tr("The layout in “%1” cannot be used: %2.")
+                 .arg(QDir::toNativeSeparators(path), saved.error));
+        return;
+    }
+    m_workspace->setLayout(*saved.layout);
+    restoreWindow(*saved.layout);
+}
+
+void StudioWindow::restoreWindow(const Layout& layout)
+{
+    const QRect wanted(layout.windowPosition.value_or(pos()), layout.windowSize);
+    const QScreen* screen = getClosestScreenAt(wanted.center());
+    if (!layout.windowSize.isEmpty() && screen != nullptr) {
+        const QRect place = within(wanted, screen->availableGeometry());
+        resize(place.size());
+        if (layout.windowPosition) {
+            move(place.topLeft());
+        }
+    }
+    setWindowState(windowState().setFlag(Qt::WindowMaximized, layout.maximized));
+}
+
+void StudioWindow::saveLayout()
+{
+    Layout layout = m_workspace->layout();
+    layout.maximized = isMaximized();
+    layout.windowSize = layout.maximized ? normalGeometry().size() : size();
+    layout.windowPosition = layout.maximized ? normalGeometry().topLeft() : pos();
+    const QString error = writeLayoutFile(layout, m_layoutFile);
+    if (!error.isEmpty()) {
+        fail(tr("The layout was not saved: %1.").arg(error));
+    }
+}
+
+void StudioWindow::closeEvent(QCloseEvent* event)
+{
+    m_attributes->finishEditing();
+    if (m_documents->hasChanges() && !mayLoseChanges(this)) {
+        event->ignore();
+        return;
+    }
+    if (!m_layoutFile.isEmpty()) {
+        saveLayout();
+    }
+    QMainWindow::closeEvent(event);
 }
 
 void StudioWindow::selectLayer(int layer)
@@ -244,33 +376,6 @@ void StudioWindow::dropEvent(QDropEvent* event)
     openFile(path);
 }
 
-QWidget* StudioWindow::buildEditor()
-{
-    auto* sidebar = new QSplitter(Qt::Vertical);
-    sidebar->addWidget(m_layers);
-    sidebar->addWidget(m_missing);
-    sidebar->setChildrenCollapsible(false);
-    sidebar->setStretchFactor(0, 3);
-    sidebar->setStretchFactor(1, 2);
-
-    auto* middle = new QSplitter(Qt::Horizontal);
-    middle->addWidget(sidebar);
-    middle->addWidget(m_viewport);
-    middle->addWidget(m_attributes);
-    middle->setChildrenCollapsible(false);
-    middle->setStretchFactor(1, 1);
-    middle->setSizes(
-        {kSidebarWidth, kWindowSize.width() - kSidebarWidth - kAttributesWidth, kAttributesWidth});
-
-    auto* editor = new QWidget;
-    auto* layout = new QVBoxLayout(editor);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(middle, 1);
-    layout->addWidget(m_transport);
-    return editor;
-}
-
 void StudioWindow::buildFileMenu()
 {
     QMenu& menu = *menuBar()->addMenu(tr("&File"));
@@ -281,7 +386,12 @@ void StudioWindow::buildFileMenu()
             QFileInfo(path).completeBaseName(), this, [this, path] { openFile(path); });
     }
     menu.addSeparator();
-    addCommands(menu, {{tr("&Quit"), {}, {QKeySequence::Quit}, [this] { close(); }}});
+    addCommands(
+        menu,
+        {
+            {tr("&Close"), {}, {QKeySequence::Close}, [this] { closeDocument(); }},
+            {tr("&Quit"), {}, {QKeySequence::Quit}, [this] { close(); }},
+        });
 }
 
 void StudioWindow::buildEditMenu()
@@ -295,14 +405,14 @@ void StudioWindow::buildEditMenu()
              {QKeySequence::Undo},
              [this] {
                  m_attributes->finishEditing();
-                 m_editor->undo();
+                 editor().undo();
              }},
             {tr("&Redo"),
              u"redo"_qs,
              {QKeySequence::Redo},
              [this] {
                  m_attributes->finishEditing();
-                 m_editor->redo();
+                 editor().redo();
              }},
         });
     m_undoAction = actions.at(0);
@@ -343,34 +453,35 @@ QList<QAction*> StudioWindow::buildPlaybackMenu()
 QList<QAction*> StudioWindow::buildViewMenu()
 {
     QMenu& menu = *menuBar()->addMenu(tr("&View"));
-    Viewport& view = *m_viewport;
     const QList<QAction*> zooms = addCommands(
         menu,
         {
             {tr("Zoom &Out"),
              u"zoomOut"_qs,
              {Qt::Key_Minus},
-             [&view] { view.zoomBy(1.0 / kZoomStep); }},
+             [this] { viewport().zoomBy(1.0 / kZoomStep); }},
             {tr("Zoom &In"),
              u"zoomIn"_qs,
              {Qt::Key_Plus, Qt::Key_Equal},
-             [&view] { view.zoomBy(kZoomStep); }},
-            {tr("&Fit"), u"fit"_qs, {Qt::Key_F}, [&view] { view.fit(); }},
-            {tr("&Actual Size"), {}, {Qt::Key_1}, [&view] { view.showActualSize(); }},
+             [this] { viewport().zoomBy(kZoomStep); }},
+            {tr("&Fit"), u"fit"_qs, {Qt::Key_F}, [this] { viewport().fit(); }},
+            {tr("&Actual Size"), {}, {Qt::Key_1}, [this] { viewport().showActualSize(); }},
         });
     addBackdropMenu(*menu.addMenu(tr("&Backdrop")));
     m_editorActions += menu.actions();
     menu.addSeparator();
+    addPanelMenu(*menu.addMenu(tr("&Panels")));
     const QList<QAction*> others = addCommands(
         menu,
         {
+            {tr("&Reset Layout"), {}, {}, [this] { m_workspace->reset(); }},
             {tr("Control &Gallery"),
              {},
              {Qt::CTRL | Qt::Key_G},
              [this] { setGalleryShown(m_pages->currentIndex() == 0); }},
             {tr("&Dismiss Notice"), {}, {Qt::Key_Escape}, [this] { m_notice->dismiss(); }},
         });
-    m_galleryAction = others.first();
+    m_galleryAction = others.at(1);
     m_galleryAction->setCheckable(true);
     return zooms.mid(0, 3);
 }
@@ -387,11 +498,27 @@ void StudioWindow::addBackdropMenu(QMenu& menu)
         QAction* action = group->addAction(name);
         action->setCheckable(true);
         action->setChecked(backdrop == Backdrop::Chequer);
-        connect(action, &QAction::triggered, m_viewport, [view = m_viewport, chosen = backdrop] {
-            view->setBackdrop(chosen);
+        connect(action, &QAction::triggered, this, [this, chosen = backdrop] {
+            m_documents->setBackdrop(chosen);
         });
         menu.addAction(action);
     }
+}
+
+/// @param menu filled when it opens, since panels come and go by many ways
+void StudioWindow::addPanelMenu(QMenu& menu)
+{
+    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
+        menu.clear();
+        for (const Workspace::Panel& panel : m_workspace->panels()) {
+            const QString id = panel.id;
+            QAction* action = menu.addAction(panel.name, this, [this, id] {
+                m_workspace->setPanelOpen(id, !m_workspace->isPanelOpen(id));
+            });
+            action->setCheckable(true);
+            action->setChecked(m_workspace->isPanelOpen(id));
+        }
+    });
 }
 
 void StudioWindow::showPlaying(bool playing)
@@ -404,12 +531,23 @@ void StudioWindow::showPlaying(bool playing)
 
 void StudioWindow::showHistory()
 {
+    const DocumentEditor& history = page().editor();
     const bool isEditorShown = m_pages->currentIndex() == 0;
-    m_undoAction->setEnabled(isEditorShown && m_editor->canUndo());
-    m_undoAction->setText(tr("&Undo %1").arg(menuText(m_editor->undoText())).trimmed());
-    m_redoAction->setEnabled(isEditorShown && m_editor->canRedo());
-    m_redoAction->setText(tr("&Redo %1").arg(menuText(m_editor->redoText())).trimmed());
-    setWindowModified(m_editor->isModified());
+    m_undoAction->setEnabled(isEditorShown && history.canUndo());
+    m_undoAction->setText(tr("&Undo %1").arg(menuText(history.undoText())).trimmed());
+    m_redoAction->setEnabled(isEditorShown && history.canRedo());
+    m_redoAction->setText(tr("&Redo %1").arg(menuText(history.redoText())).trimmed());
+    if (const Document* shown = document()) {
+        const QString size = sizeText(shown->width, shown->height);
+        setWindowTitle(tr("%1 (%2)").arg(plainTitle(page().title()), size) + u"[*]"_qs);
+    }
+    setWindowModified(history.isModified());
+}
+
+void StudioWindow::closeDocument()
+{
+    m_attributes->finishEditing();
+    m_documents->closeCurrent();
 }
 
 void StudioWindow::chooseFile()
@@ -425,14 +563,6 @@ void StudioWindow::fail(const QString& sentence)
 {
     m_notice->showSentence(sentence);
     Q_EMIT failed(sentence);
-}
-
-void StudioWindow::listUnfinished(const MissingFeature& layer)
-{
-    if (std::find(m_notDrawn.begin(), m_notDrawn.end(), layer) == m_notDrawn.end()) {
-        m_notDrawn.push_back(layer);
-        m_missing->setMissing(m_notDrawn);
-    }
 }
 
 } // namespace studio

@@ -3,7 +3,6 @@
 #include <QMainWindow>
 
 #include <memory>
-#include <vector>
 
 class QAction;
 class QMimeData;
@@ -13,14 +12,17 @@ namespace studio {
 
 class AttributePanel;
 class DocumentEditor;
+class DocumentPage;
+class DocumentTabs;
 class LayerPanel;
 class MissingPanel;
 class NoticeBar;
 class Player;
 class TransportBar;
 class Viewport;
+class Workspace;
 struct Document;
-struct MissingFeature;
+struct Layout;
 
 /// The file that a drop brings: the one local .json file; empty for anything else.
 QString droppedFile(const QMimeData& data);
@@ -28,8 +30,9 @@ QString droppedFile(const QMimeData& data);
 /// The bundled animations, the one to open by default first.
 QStringList samplePaths();
 
-/// The studio's window: layers at the left, the viewport in the middle, the attributes of the
-/// selected layer at the right, the transport below.
+/// The studio's window: its panels in a dock tree, arranged as "style:layout.json" says at first,
+/// and the open documents as tabs in one of them. The other panels show the document in front.
+/// There is one such window at a time, since its dock tree is gMainWindow's.
 class StudioWindow : public QMainWindow
 {
     Q_OBJECT
@@ -38,17 +41,27 @@ public:
     explicit StudioWindow(QWidget* parent = nullptr);
     ~StudioWindow() override;
 
-    /// Opens a file in place of the one that was open. One that cannot be opened changes nothing:
-    /// the notice and failed() say why.
+    /// Opens a file in a tab, or brings its tab to the front. One that cannot be opened changes
+    /// nothing: the notice and failed() say why.
     bool openFile(const QString& path);
-    void setDocument(std::shared_ptr<Document> document, const QString& title);
+    /// Opens a document in a tab.
+    /// @param path where it was read from; empty for a document of no file
+    void openDocument(
+        std::shared_ptr<Document> document, const QString& title, const QString& path = {});
 
-    /// Null until a file was opened.
+    /// Restores the arrangement that is saved in a file, if there is one, and saves it there when
+    /// the window closes.
+    void keepLayoutIn(const QString& path);
+
+    /// The document in front; null until one was opened.
     const Document* document() const;
-    DocumentEditor& editor() { return *m_editor; }
+    /// Of the document in front, as the viewport is.
+    DocumentEditor& editor();
+    Viewport& viewport();
     Player& player() { return *m_player; }
-    Viewport& viewport() { return *m_viewport; }
     const NoticeBar& notice() const { return *m_notice; }
+    Workspace& workspace() { return *m_workspace; }
+    DocumentTabs& documents() { return *m_documents; }
 
     /// Selects a layer by its place in the main composition, -1 for none.
     void selectLayer(int layer);
@@ -62,37 +75,45 @@ Q_SIGNALS:
     void failed(const QString& sentence);
 
 protected:
+    void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
-    QWidget* buildEditor();
+    void addPanels();
+    void connectPanels();
     void buildFileMenu();
     void buildEditMenu();
     QList<QAction*> buildPlaybackMenu();
     QList<QAction*> buildViewMenu();
     void addBackdropMenu(QMenu& menu);
+    void addPanelMenu(QMenu& menu);
+    void showDefaultLayout();
+    void restoreWindow(const Layout& layout);
+    void saveLayout();
+    DocumentPage& page() const;
+    void showDocument();
     void showPlaying(bool playing);
     void showHistory();
     void chooseFile();
-    void listUnfinished(const MissingFeature& layer);
+    void closeDocument();
 
-    DocumentEditor* m_editor;
+    Workspace* m_workspace;
+    DocumentTabs* m_documents;
     Player* m_player;
-    Viewport* m_viewport;
     LayerPanel* m_layers;
     AttributePanel* m_attributes;
     MissingPanel* m_missing;
     NoticeBar* m_notice;
     TransportBar* m_transport = nullptr;
     QStackedWidget* m_pages;
-    QWidget* m_gallery = nullptr;           ///< made when first asked for
-    std::vector<MissingFeature> m_notDrawn; ///< as read, and found while drawing
-    QList<QAction*> m_editorActions;        ///< for what the gallery hides
+    QWidget* m_gallery = nullptr;    ///< made when first asked for
+    QList<QAction*> m_editorActions; ///< for what the gallery hides
     QAction* m_undoAction = nullptr;
     QAction* m_redoAction = nullptr;
     QAction* m_playAction = nullptr;
     QAction* m_galleryAction = nullptr;
+    QString m_layoutFile; ///< empty: the layout is not kept
 };
 
 } // namespace studio

@@ -28,6 +28,8 @@ TransportBar::TransportBar(
     , m_layout(new QHBoxLayout(this))
     , m_slider(new FrameSlider(this))
 {
+    setWindowTitle(tr("Transport"));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_layout->setContentsMargins(8, 5, 8, 5);
     m_layout->setSpacing(2);
 
@@ -63,7 +65,6 @@ void TransportBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), ui::colorQt(QStringLiteral("SubUIBackground")));
-    painter.fillRect(0, 0, width(), 1, ui::colorQt(QStringLiteral("Dark")));
 }
 
 void TransportBar::addButtons(const QList<QAction*>& actions)

@@ -29,6 +29,7 @@ public:
     /// Shows a document from its first frame, fitted; null shows how to open one.
     void setDocument(std::shared_ptr<const Document> document);
     void setFrame(int frame);
+    int frame() const { return m_frame; }
     void setBackdrop(Backdrop backdrop);
 
     const ViewMapping& mapping() const { return m_mapping; }

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <cstdio>
@@ -49,6 +50,10 @@ int run(const studio::CommandLine& wanted)
     }
     if (wanted.quitAfterFirstFrame) {
         quitAfterFirstFrame(window);
+    } else {
+        window.keepLayoutIn(
+            QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
+            + QStringLiteral("/layout.json"));
     }
     window.setGalleryShown(wanted.gallery);
     window.show();
@@ -66,6 +71,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Morrant"));
     QApplication::setApplicationName(QStringLiteral("studio"));
     QApplication::setApplicationDisplayName(QStringLiteral("Morrant Studio"));
 

@@ -2,7 +2,9 @@
 
 #include "Player.h"
 #include "StudioWindow.h"
+#include "Workspace.h"
 #include "gallery/GalleryPage.h"
+#include <MorrantUI/docking/DockableWindow.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -80,6 +82,22 @@ void writeNotice(PictureFolder& pictures, StudioWindow& window)
     pictures.write(QStringLiteral("notice"), window);
 }
 
+/// A second document, panels as tabs, and one that floats.
+void writeArranged(PictureFolder& pictures, StudioWindow& window)
+{
+    window.openFile(samplePaths().last());
+    window.selectLayer(0);
+    Workspace& workspace = window.workspace();
+    DockableWindow* attributes = workspace.windowOf(QStringLiteral("attributes"));
+    DockableWindow* layers = workspace.windowOf(QStringLiteral("layers"));
+    layers->undock(true);
+    workspace.windowOf(QStringLiteral("viewport"))->dockInArea(layers, DockableArea::Bottom);
+    attributes->undock(true);
+    pictures.write(QStringLiteral("arranged"), window);
+    pictures.write(QStringLiteral("floating"), *attributes);
+    workspace.reset();
+}
+
 void writeEmpty(PictureFolder& pictures, QSize size)
 {
     StudioWindow window;
@@ -105,6 +123,7 @@ QString writeAll(StudioWindow& window, const QString& folder)
     window.selectLayer(0);
     writeFrames(pictures, window);
     writeNotice(pictures, window);
+    writeArranged(pictures, window);
     writeEmpty(pictures, window.size());
     writeGallery(pictures);
     return pictures.error();

@@ -72,7 +72,7 @@ struct OpenWindow : StudioWindow
 {
     OpenWindow()
     {
-        setDocument(squares(), u"squares"_qs);
+        openDocument(squares(), u"squares"_qs);
         show();
         activateWindow();
         [this] { QVERIFY(QTest::qWaitForWindowActive(this)); }();
@@ -248,7 +248,7 @@ void AttributePanelTest::everyDoorEndsTheGesture()
     window.selectLayer(0);
     window.settle();
     Scrub late(window.row(u"Position"_qs).field(0), 25);
-    window.setDocument(squares(), u"other"_qs);
+    window.openDocument(squares(), u"other"_qs);
     late.pointer.moveTo({400, 0});
     late.pointer.release();
     QCOMPARE(window.x(), 30.0);
@@ -430,8 +430,8 @@ void AttributePanelTest::theTitleAndTheSelectionFollowTheHistory()
     QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
     QCOMPARE(window.findChild<QAction*>(u"redo"_qs)->text(), u"&Redo Change Position"_qs);
 
-    window.setDocument(squares(), u"a[*]b"_qs);
-    QCOMPARE(window.windowTitle(), u"a[*][*]b[*]"_qs);
+    window.openDocument(squares(), u"a[*]b"_qs);
+    QCOMPARE(window.windowTitle(), u"a[*][*]b (200 × 100)[*]"_qs);
     QVERIFY(!window.findChild<QAction*>(u"redo"_qs)->isEnabled());
 }
 
@@ -458,7 +458,7 @@ void AttributePanelTest::theListSelectsByKeyAndLongListsOfColorsAreCut()
     QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
 
     const QByteArray fill = R"({"ty":"fl","c":{"k":[0,0,1]}})";
-    window.setDocument(
+    window.openDocument(
         std::make_shared<Document>(studio::test::documentOf(
             studio::test::shapeLayer(fill + QByteArray("," + fill).repeated(44)))),
         u"many"_qs);

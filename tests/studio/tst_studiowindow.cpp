@@ -57,7 +57,7 @@ struct OpenWindow : StudioWindow
 {
     OpenWindow()
     {
-        setDocument(halfRed(), u"open"_qs);
+        openDocument(halfRed(), u"open"_qs);
         activate(*this);
     }
 };

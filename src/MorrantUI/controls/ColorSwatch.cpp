@@ -86,7 +86,22 @@ ColorSwatch::ColorSwatch(const QColor& color, QWidget* parent)
     setValue(color);
 }
 
-ColorSwatch::~ColorSwatch() = default;
+ColorSwatch::~ColorSwatch()
+{
+    dismissDialog();
+}
+
+/// The dialog goes later and outlives the swatch, which a slot of its signals may delete.
+void ColorSwatch::dismissDialog()
+{
+    if (QColorDialog* const dialog = m_dialog) {
+        m_dialog = nullptr;
+        dialog->disconnect(this);
+        dialog->hide();
+        dialog->setParent(nullptr, dialog->windowFlags());
+        dialog->deleteLater();
+    }
+}
 
 void ColorSwatch::setValue(const QColor& color)
 {
@@ -195,11 +210,7 @@ void ColorSwatch::finishChoosing(bool accepted)
     if (!m_dialog) {
         return;
     }
-    QColorDialog* const dialog = m_dialog;
-    m_dialog = nullptr;
-    dialog->disconnect(this);
-    dialog->hide();
-    dialog->deleteLater();
+    dismissDialog();
     if (m_color == m_before) {
         return;
     }

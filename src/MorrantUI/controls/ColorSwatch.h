@@ -82,6 +82,7 @@ private:
     bool show(const QColor& color);
     void commit(const QColor& color);
     void finishChoosing(bool accepted);
+    void dismissDialog();
     void setDropTarget(bool target);
     void paintColor(
         QPainter& painter, const QRectF& rect, double radius, const ui::style::Mood& mood) const;

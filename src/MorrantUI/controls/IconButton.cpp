@@ -67,6 +67,12 @@ void IconButton::initStyleOption(QStyleOptionToolButton* option) const
     }
 }
 
+void IconButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    // Past QToolButton, which goes on with a button that a slot of the click may have deleted.
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
 void IconButton::keyPressEvent(QKeyEvent* event)
 {
     if (!ui::clickOnReturn(*this, *event)) {

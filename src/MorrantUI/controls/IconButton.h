@@ -35,6 +35,7 @@ public:
 protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     QString m_iconName;

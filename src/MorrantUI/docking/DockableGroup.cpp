@@ -288,19 +288,20 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
     }
     removeFromParent(&parent);
 
-    int index = place;
-    DockableWindow* last = nullptr;
+    std::vector<DockableWindow*> moved;
     for (const auto& child : childWindows()) {
         if (child && takeChild(indexOfChild(child))) {
-            parent.insertChild(index++, child);
-            last = child;
+            parent.insertChild(place + static_cast<int>(moved.size()), child);
+            if (parent.indexOfChild(child) >= 0) { // a closing one is refused
+                moved.push_back(child);
+            }
         }
     }
-    if (last && inFront) {
-        parent.bringForward(*parent.getChild(place));
+    if (!moved.empty() && inFront) {
+        parent.bringForward(*moved.front());
     }
-    if (last && index - place == parts.size()) {
-        parent.m_room->holderLeft(*this, *last, place, neighbours, parts);
+    if (!moved.empty() && static_cast<qsizetype>(moved.size()) == parts.size()) {
+        parent.m_room->holderLeft(*this, *moved.back(), place, neighbours, parts);
     }
 }
 

@@ -181,13 +181,13 @@ void DockableTabGroup::setActiveIndex(int index)
     const QSize leastBefore = m_stack->minimumSizeHint();
     DockableWindow* const before = m_active;
     m_active = next;
+    next->setSizePolicy(m_sizePolicies.at(next)); // while it is hidden: nobody asks about it yet
     m_stack->setCurrentIndex(index);
     if (before && before != next) {
         m_sizePolicies[before] = before->sizePolicy(); // the host may have changed it meanwhile
         before->setSizePolicy(noSay());
         tabAt(indexOfChild(before))->setActive(false);
     }
-    next->setSizePolicy(m_sizePolicies.at(next));
     tabAt(index)->setActive(true);
     m_strip->reveal(index);
     if (m_stack->minimumSizeHint() != leastBefore) {

@@ -1,0 +1,221 @@
+#include "docktrees.h"
+
+#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/DockableTabGroup.h>
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <vector>
+
+namespace ui::bench {
+
+namespace {
+
+constexpr QSize kWindow(1600, 1000); // logical pixels
+constexpr int kLabels = 20;          // in each panel
+
+QWidget* makeContent()
+{
+    auto* content = new QWidget;
+    auto* rows = new QVBoxLayout(content);
+    for (int i = 0; i < kLabels; ++i) {
+        auto* label = new QLabel(QStringLiteral("Label %1").arg(i));
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+        rows->addWidget(label);
+    }
+    return content;
+}
+
+QString titleOf(std::size_t panel)
+{
+    return QStringLiteral("Panel %1").arg(panel);
+}
+
+class OurTree final : public Tree
+{
+public:
+    explicit OurTree(Shape shape)
+    {
+        gMainWindow = &m_root;
+        m_root.setAttribute(Qt::WA_DeleteOnClose, false);
+        m_root.resize(kWindow);
+        for (std::size_t i = 0; i < kPanels; ++i) {
+            auto* panel = new DockableWindow(makeContent());
+            panel->setText(titleOf(i));
+            m_panels.push_back(panel);
+            place(i, shape);
+        }
+        m_root.show();
+        drain();
+    }
+    ~OurTree() override { gMainWindow = nullptr; }
+
+    QWidget& window() override { return m_root; }
+    void undock(std::size_t panel) override { m_panels[panel]->undock(true); }
+    void dock(std::size_t panel, std::size_t target, DockableArea area) override
+    {
+        m_panels[target]->dockInArea(m_panels[panel], area);
+    }
+    void switchTabs(int index) override
+    {
+        for (DockableTabGroup* group : m_groups) {
+            group->setActiveIndex(index);
+        }
+    }
+
+private:
+    void place(std::size_t i, Shape shape)
+    {
+        if (i == 0 || shape == Shape::Flat) {
+            m_root.dockInArea(m_panels[i], DockableArea::Right);
+        } else if (shape == Shape::Splits) {
+            dock(i, targetOf(i), areaOf(i));
+        }
+        if (shape == Shape::Tabs) {
+            if (i % kTabsInGroup == 0) {
+                m_groups.push_back(new DockableTabGroup);
+                m_root.dockInArea(m_groups.back(), DockableArea::Right);
+            }
+            m_groups.back()->appendChild(m_panels[i]);
+        }
+    }
+
+    DockableGroup m_root;
+    std::vector<DockableWindow*> m_panels;
+    std::vector<DockableTabGroup*> m_groups;
+};
+
+class BareTree final : public Tree
+{
+public:
+    explicit BareTree(Shape shape)
+        : m_root(new QSplitter)
+    {
+        auto* layout = new QVBoxLayout(&m_window);
+        layout->addWidget(m_root);
+        m_window.resize(kWindow);
+        for (std::size_t i = 0; i < kPanels; ++i) {
+            m_panels.push_back(makePanel(i, shape));
+            place(i, shape);
+        }
+        m_window.show();
+        drain();
+    }
+
+    QWidget& window() override { return m_window; }
+    void undock(std::size_t number) override
+    {
+        QWidget* panel = m_panels[number];
+        auto* from = qobject_cast<QSplitter*>(panel->parentWidget());
+        if (!from) {
+            return;
+        }
+        const QPoint position = panel->mapToGlobal(QPoint());
+        panel->setParent(&m_window, Qt::Window);
+        panel->move(position);
+        panel->show();
+        auto* above = qobject_cast<QSplitter*>(from->parentWidget());
+        if (above && from->count() < 2) {
+            const QList<int> sizes = above->sizes();
+            const int index = above->indexOf(from);
+            from->setParent(nullptr);
+            if (from->count() > 0) {
+                above->insertWidget(index, from->widget(0));
+                above->setSizes(sizes);
+            }
+            from->deleteLater();
+        }
+    }
+    void dock(std::size_t number, std::size_t targetNumber, DockableArea area) override
+    {
+        QWidget* target = m_panels[targetNumber];
+        auto* parent = qobject_cast<QSplitter*>(target->parentWidget());
+        if (!parent) {
+            return;
+        }
+        const QList<int> sizes = parent->sizes();
+        const int index = parent->indexOf(target);
+        auto* splitter =
+            new QSplitter(ui::docking::isVertical(area) ? Qt::Vertical : Qt::Horizontal);
+        splitter->setChildrenCollapsible(false);
+        splitter->addWidget(target);
+        splitter->insertWidget(ui::docking::insertIndex(area), m_panels[number]);
+        parent->insertWidget(index, splitter);
+        m_panels[number]->show();
+        parent->setSizes(sizes);
+    }
+    void switchTabs(int index) override
+    {
+        for (QTabWidget* group : m_groups) {
+            group->setCurrentIndex(index);
+        }
+    }
+
+private:
+    /// With a row for its title, unless a tab has that.
+    static QWidget* makePanel(std::size_t i, Shape shape)
+    {
+        auto* panel = new QWidget;
+        auto* rows = new QVBoxLayout(panel);
+        rows->setContentsMargins(0, 0, 0, 0);
+        rows->setSpacing(0);
+        if (shape != Shape::Tabs) {
+            rows->addWidget(new QLabel(titleOf(i)));
+        }
+        rows->addWidget(makeContent(), 1);
+        return panel;
+    }
+    void place(std::size_t i, Shape shape)
+    {
+        if (shape == Shape::Tabs) {
+            if (i % kTabsInGroup == 0) {
+                m_groups.push_back(new QTabWidget);
+                m_root->addWidget(m_groups.back());
+            }
+            m_groups.back()->addTab(m_panels[i], titleOf(i));
+        } else if (i == 0 || shape == Shape::Flat) {
+            m_root->addWidget(m_panels[i]);
+        } else {
+            dock(i, targetOf(i), areaOf(i));
+        }
+    }
+
+    QWidget m_window;
+    QSplitter* m_root;
+    std::vector<QWidget*> m_panels;
+    std::vector<QTabWidget*> m_groups;
+};
+
+} // namespace
+
+std::unique_ptr<Tree> makeOurTree(Shape shape)
+{
+    return std::make_unique<OurTree>(shape);
+}
+
+std::unique_ptr<Tree> makeBareTree(Shape shape)
+{
+    return std::make_unique<BareTree>(shape);
+}
+
+std::size_t targetOf(std::size_t panel)
+{
+    return panel / 2;
+}
+
+DockableArea areaOf(std::size_t panel)
+{
+    return panel % 2 == 0 ? DockableArea::Right : DockableArea::Bottom;
+}
+
+void drain()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+} // namespace ui::bench

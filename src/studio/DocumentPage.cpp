@@ -1,0 +1,62 @@
+#include "DocumentPage.h"
+
+#include "Viewport.h"
+#include "editing/DocumentEditor.h"
+#include "playback.h"
+
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace studio {
+
+DocumentPage::DocumentPage(QWidget* parent)
+    : QWidget(parent)
+    , m_editor(new DocumentEditor(this))
+    , m_viewport(new Viewport)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_viewport);
+    setFocusProxy(m_viewport);
+    connect(m_editor, &DocumentEditor::edited, m_viewport, qOverload<>(&QWidget::update));
+    connect(
+        m_viewport,
+        &Viewport::leftUnfinished,
+        this,
+        &DocumentPage::listUnfinished,
+        Qt::QueuedConnection);
+}
+
+DocumentPage::~DocumentPage()
+{
+    m_editor->disconnect(); // its end clears the history, which concerns nobody any more
+}
+
+void DocumentPage::setDocument(
+    std::shared_ptr<Document> document, const QString& title, const QString& path)
+{
+    m_title = title;
+    m_path = path;
+    m_notDrawn = document->missing;
+    layer = -1;
+    m_viewport->setFrame(frameRange(document->inPoint, document->outPoint).first);
+    m_editor->setDocument(std::move(document));
+    m_viewport->setDocument(m_editor->document());
+}
+
+const Document* DocumentPage::document() const
+{
+    return m_editor->document().get();
+}
+
+void DocumentPage::listUnfinished(const MissingFeature& found)
+{
+    if (std::find(m_notDrawn.begin(), m_notDrawn.end(), found) == m_notDrawn.end()) {
+        m_notDrawn.push_back(found);
+        Q_EMIT notDrawnChanged();
+    }
+}
+
+} // namespace studio

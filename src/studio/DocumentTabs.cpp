@@ -1,0 +1,208 @@
+#include "DocumentTabs.h"
+
+#include "DocumentPage.h"
+#include "Viewport.h"
+#include "editing/DocumentEditor.h"
+#include <MorrantUI/controls/GroupButton.h>
+#include <MorrantUI/docking/TabBarHeader.h>
+#include <MorrantUI/docking/TabItem.h>
+#include <MorrantUI/menus/ModalDialog.h>
+
+#include <QFileInfo>
+#include <QPointer>
+
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+/// Closes over unsaved changes only if the user says so.
+bool mayLoseChanges(const QString& title, QWidget* parent)
+{
+    return ModalDialog::getChoice(
+               DocumentTabs::tr("Close “%1”?").arg(title),
+               DocumentTabs::tr("Its changes will be lost."),
+               QDialogButtonBox::Discard | QDialogButtonBox::Cancel,
+               QDialogButtonBox::Cancel,
+               parent)
+           == QDialogButtonBox::Discard;
+}
+
+} // namespace
+
+DocumentTabs::DocumentTabs(QWidget* parent)
+    : TabBar(tr("Documents"), true, parent)
+{
+    setWindowTitle(tr("Viewport"));
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    policy.setHorizontalStretch(1); // the other panels keep their sizes
+    policy.setVerticalStretch(1);
+    setSizePolicy(policy);
+    addButton()->setToolTip(tr("Open another document"));
+
+    auto* page = new DocumentPage;
+    watch(*page);
+    addTab(*page);
+    setTabsShown(false);
+    m_shown = page;
+    connect(this, &TabBar::tabChanged, this, [this] {
+        if (std::exchange(m_shown, currentPage()) != currentPage()) { // and not just its index
+            Q_EMIT currentChanged();
+        }
+    });
+    connect(getHeader(), &TabBarHeader::tabRemoved, this, &DocumentTabs::showCloseButtons);
+    connect(addButton(), &GroupButton::clicked, this, &DocumentTabs::wanted);
+}
+
+DocumentTabs::~DocumentTabs()
+{
+    disconnect(); // nobody wants to know which page remains
+}
+
+DocumentPage& DocumentTabs::current()
+{
+    return *page(activeTab());
+}
+
+void DocumentTabs::open(
+    std::shared_ptr<Document> document, const QString& title, const QString& path)
+{
+    if (current().document() == nullptr) {
+        current().setDocument(std::move(document), title, path);
+        setTabsShown(true);
+        Q_EMIT currentChanged();
+        return;
+    }
+    auto* page = new DocumentPage;
+    watch(*page);
+    page->viewport().setBackdrop(m_backdrop);
+    page->setDocument(std::move(document), title, path);
+    addTab(*page);
+    setTab(count() - 1);
+}
+
+bool DocumentTabs::showFile(const QString& path)
+{
+    const QFileInfo file(path);
+    for (int i = 0; file.exists() && i < count(); ++i) { // all that do not exist count as equal
+        if (!page(i)->path().isEmpty() && QFileInfo(page(i)->path()) == file) {
+            setTab(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+void DocumentTabs::closeCurrent()
+{
+    if (count() > 1) {
+        askToClose(*getTab(activeTab()));
+    }
+}
+
+void DocumentTabs::setBackdrop(Backdrop backdrop)
+{
+    m_backdrop = backdrop;
+    for (int i = 0; i < count(); ++i) {
+        page(i)->viewport().setBackdrop(backdrop);
+    }
+}
+
+bool DocumentTabs::hasChanges()
+{
+    for (int i = 0; i < count(); ++i) {
+        if (page(i)->editor().isModified()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+DocumentPage* DocumentTabs::page(int index)
+{
+    return static_cast<DocumentPage*>(getPage(index));
+}
+
+/// Passes on what happens on the page in front.
+void DocumentTabs::watch(DocumentPage& page)
+{
+    const auto isCurrent = [this, &page] { return currentPage() == &page; };
+    connect(&page.editor(), &DocumentEditor::historyChanged, this, [this, isCurrent, &page] {
+        showTitle(page);
+        if (isCurrent()) {
+            Q_EMIT historyChanged();
+        }
+    });
+    connect(&page.editor(), &DocumentEditor::restored, this, [this](const PropertyAddress& at) {
+        Q_EMIT restored(at.layer);
+    });
+    connect(&page, &DocumentPage::notDrawnChanged, this, [this, isCurrent] {
+        if (isCurrent()) {
+            Q_EMIT notDrawnChanged();
+        }
+    });
+    connect(&page.viewport(), &Viewport::scaleChanged, this, [this, isCurrent](double scale) {
+        if (isCurrent()) {
+            Q_EMIT scaleChanged(scale);
+        }
+    });
+}
+
+void DocumentTabs::addTab(DocumentPage& page)
+{
+    auto* tab = new TabItem(QString(), getHeader());
+    tab->setMenuKind(TabItem::ContextMenu);
+    tab->setMenuType(TabItem::Closable);
+    tab->addCloseButton();
+    connect(tab, &TabItem::closed, this, [this, tab] { askToClose(*tab); });
+    addPage(tab, &page);
+    showTitle(page);
+    showCloseButtons();
+}
+
+void DocumentTabs::setTabsShown(bool shown)
+{
+    getHeader()->setVisible(shown);
+    addButton()->setVisible(shown);
+}
+
+void DocumentTabs::showTitle(DocumentPage& page)
+{
+    for (int i = 0; i < count(); ++i) {
+        if (getPage(i) == &page) {
+            const bool isModified = page.editor().isModified();
+            renameTab(i, isModified ? tr("%1*").arg(page.title()) : page.title());
+        }
+    }
+}
+
+void DocumentTabs::showCloseButtons()
+{
+    for (int i = 0; i < count(); ++i) {
+        getTab(i)->setCloseButtonVisibility(count() > 1);
+    }
+}
+
+void DocumentTabs::askToClose(TabItem& asked)
+{
+    const QPointer<TabItem> tab(&asked);
+    const QPointer<DocumentPage> page(static_cast<DocumentPage*>(asked.page()));
+    if (!page->editor().isModified() || mayLoseChanges(page->title(), this)) {
+        if (tab) {
+            removeTab(tab->index());
+        }
+        return;
+    }
+    // When several tabs are closed, the header takes this one out too once it has asked us.
+    const auto comeBack = [this, tab, page] {
+        if (page && (!tab || tab->index() < 0)) {
+            page->setParent(nullptr); // no longer the tab's to delete
+            addTab(*page);
+            setTab(count() - 1);
+        }
+    };
+    QMetaObject::invokeMethod(this, comeBack, Qt::QueuedConnection);
+}
+
+} // namespace studio

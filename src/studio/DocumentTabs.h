@@ -1,0 +1,67 @@
+#pragma once
+
+#include <MorrantUI/docking/TabBar.h>
+
+#include <QPointer>
+
+#include <memory>
+
+namespace studio {
+
+class DocumentPage;
+enum class Backdrop;
+struct Document;
+
+/// The open documents, each on a page of its own behind a tab. There is always a page: before the
+/// first document it is empty and shows how to open one, and the last one cannot be closed.
+class DocumentTabs : public TabBar
+{
+    Q_OBJECT
+
+public:
+    explicit DocumentTabs(QWidget* parent = nullptr);
+    ~DocumentTabs() override;
+
+    /// The page in front.
+    DocumentPage& current();
+
+    /// Brings a new page to the front.
+    /// @param path where the document was read from; empty for a document of no file
+    void open(std::shared_ptr<Document> document, const QString& title, const QString& path);
+    /// Brings the page of a file to the front.
+    /// @return whether there is one
+    bool showFile(const QString& path);
+    /// Closes the page in front, unless it is the last one or the user keeps its changes.
+    void closeCurrent();
+
+    /// Of all pages.
+    void setBackdrop(Backdrop backdrop);
+    /// Whether any document differs from its file.
+    bool hasChanges();
+
+Q_SIGNALS:
+    /// Another page is in front, or it has another document.
+    void currentChanged();
+    /// What can be undone or redone in the page in front has changed, or whether it has changes.
+    void historyChanged();
+    /// Undo or redo has changed something in a layer of the page in front.
+    void restored(int layer);
+    void notDrawnChanged(); ///< of the page in front
+    void scaleChanged(double scale);
+    /// The user wants to open another document.
+    void wanted();
+
+private:
+    DocumentPage* page(int index);
+    void watch(DocumentPage& page);
+    void addTab(DocumentPage& page);
+    void setTabsShown(bool shown);
+    void showTitle(DocumentPage& page);
+    void showCloseButtons();
+    void askToClose(TabItem& asked);
+
+    Backdrop m_backdrop{};
+    QPointer<QWidget> m_shown; ///< the page that currentChanged() has told last
+};
+
+} // namespace studio

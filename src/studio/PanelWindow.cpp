@@ -1,0 +1,24 @@
+#include "PanelWindow.h"
+
+namespace studio {
+
+PanelWindow::PanelWindow(const QString& id, QWidget* content, QWidget* shelf)
+    : DockableWindow(content)
+    , m_shelf(shelf)
+{
+    setObjectName(id);
+    setText(content->windowTitle());
+    setSizePolicy(content->sizePolicy()); // of which a splitter reads the stretch
+    resize(content->size());
+    connect(content, &QWidget::windowTitleChanged, this, &PanelWindow::setText);
+}
+
+PanelWindow::~PanelWindow()
+{
+    QWidget* const own = content();
+    if (own != nullptr && own->parentWidget() == this && m_shelf != nullptr) {
+        own->setParent(m_shelf);
+    }
+}
+
+} // namespace studio
