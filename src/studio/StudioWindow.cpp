@@ -128,7 +128,7 @@ QStringList samplePaths()
 
 StudioWindow::StudioWindow(QWidget* parent)
     : QMainWindow(parent)
-    , m_workspace(new Workspace(this))
+    , m_workspace(std::make_unique<Workspace>(this))
     , m_documents(new DocumentTabs)
     , m_player(new Player(this))
     , m_layers(new LayerPanel)
@@ -148,7 +148,7 @@ StudioWindow::StudioWindow(QWidget* parent)
     addPanels();
     showDefaultLayout();
 
-    m_pages->addWidget(m_workspace);
+    m_pages->addWidget(m_workspace.get());
     auto* center = new QWidget;
     auto* layout = new QVBoxLayout(center);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -166,7 +166,7 @@ StudioWindow::~StudioWindow()
     // contents to this window, which must be a whole one.
     selectLayer(-1);
     m_documents->disconnect(this);
-    delete m_workspace;
+    m_workspace.reset();
 }
 
 void StudioWindow::addPanels()

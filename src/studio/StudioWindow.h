@@ -98,7 +98,7 @@ private:
     void chooseFile();
     void closeDocument();
 
-    Workspace* m_workspace;
+    std::unique_ptr<Workspace> m_workspace; ///< in m_pages too, but dies before all others
     DocumentTabs* m_documents;
     Player* m_player;
     LayerPanel* m_layers;

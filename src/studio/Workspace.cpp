@@ -35,20 +35,20 @@ void closeWindow(DockableWindow& window)
 Workspace::Workspace(QWidget* parent)
     : QWidget(parent)
     , m_previousRoot(gMainWindow)
-    , m_root(new DockableGroup)
+    , m_root(std::make_unique<DockableGroup>())
     , m_shelf(new QWidget(this))
 {
-    gMainWindow = m_root;
+    gMainWindow = m_root.get();
     m_shelf->hide();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_root);
+    layout->addWidget(m_root.get());
 }
 
 Workspace::~Workspace()
 {
     clearTree(*m_root); // while it can still give up what floats above it
-    delete m_root;
+    m_root.reset();
     gMainWindow = m_previousRoot;
 }
 

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class DockableGroup;
@@ -70,7 +71,7 @@ private:
     DockableWindow* makeWindow(const QString& id);
 
     QPointer<DockableGroup> m_previousRoot; ///< gMainWindow before
-    DockableGroup* m_root;
+    std::unique_ptr<DockableGroup> m_root; ///< dies while this is still a whole widget
     QWidget* m_shelf; ///< holds the contents of closed panels, never shown
     std::vector<Panel> m_panels;
     Layout m_default;
