@@ -1,3 +1,4 @@
+#include "docking/Desk.h"
 #include "docking/DockTree.h"
 #include "docking/Hand.h"
 #include "support/TestCase.h"
@@ -13,86 +14,15 @@
 #include <functional>
 
 using ui::test::brokenInvariants;
+using ui::test::Desk;
 using ui::test::DockTree;
 using ui::test::Hand;
+using ui::test::menuDuring;
+using ui::test::SeenMenu;
 using ui::test::settle;
 using Area = DockableArea;
 
 namespace {
-
-/// Panels with two fields each, named "a1" and "a2" after the panel's title; in the main window
-/// H(a T(b c) d) with b in front, and e floats.
-class Desk
-{
-public:
-    Desk()
-    {
-        root.dockInArea(a, Area::Right);
-        root.dockInArea(b, Area::Right);
-        root.dockInArea(d, Area::Right);
-        b->dockInArea(c, Area::Center);
-        tabs = qobject_cast<DockableTabGroup*>(b->findDockableParentGroup());
-        tabs->setActiveIndex(0);
-        tree.show();
-        e->move(700, 50);
-        e->show();
-        focus(QStringLiteral("a1"));
-    }
-
-    static DockableWindow* panel(const QString& title)
-    {
-        auto* content = new QWidget;
-        auto* column = new QVBoxLayout(content);
-        for (const QString& number : {QStringLiteral("1"), QStringLiteral("2")}) {
-            auto* field = new QLineEdit(content);
-            field->setObjectName(title + number);
-            column->addWidget(field);
-        }
-        auto* window = new DockableWindow(content);
-        window->setText(title);
-        window->resize(120, 100);
-        return window;
-    }
-
-    /// As a click on a field does.
-    void focus(const QString& name)
-    {
-        auto* field = root.findChild<QWidget*>(name);
-        field->window()->activateWindow();
-        field->setFocus(Qt::MouseFocusReason);
-        QTRY_COMPARE(focused(), name);
-    }
-
-    /// The name of what has the focus; in brackets the class of what has none.
-    static QString focused()
-    {
-        const QWidget* widget = QApplication::focusWidget();
-        if (!widget) {
-            return QStringLiteral("nothing");
-        }
-        const QString name = widget->objectName();
-        return name.isEmpty()
-                   ? QStringLiteral("(%1)").arg(QLatin1String(widget->metaObject()->className()))
-                   : name;
-    }
-
-    /// Presses a key where the keyboard is.
-    static void press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
-    {
-        QWindow* window = QGuiApplication::focusWindow();
-        QVERIFY(window);
-        QTest::keyClick(window, key, held);
-    }
-
-    DockTree tree;
-    DockableGroup& root = tree.root();
-    DockableWindow* a = panel(QStringLiteral("a"));
-    DockableWindow* b = panel(QStringLiteral("b"));
-    DockableWindow* c = panel(QStringLiteral("c"));
-    DockableWindow* d = panel(QStringLiteral("d"));
-    DockableWindow* e = panel(QStringLiteral("e"));
-    DockableTabGroup* tabs = nullptr;
-};
 
 QString titles(const QList<DockableWindow*>& panels)
 {
@@ -102,61 +32,12 @@ QString titles(const QList<DockableWindow*>& panels)
     }
     return all;
 }
-
-/// The menu that opens meanwhile, which is then left by Escape.
-struct SeenMenu
-{
-    QStringList texts;
-    QPoint place;
-};
-
-SeenMenu menuDuring(const std::function<void()>& action)
-{
-    SeenMenu seen;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, qApp, [&] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (menu && menu->isVisible()) {
-            seen.place = menu->pos();
-            for (const QAction* entry : menu->actions()) {
-                seen.texts << entry->text();
-            }
-            QTest::keyClick(menu, Qt::Key_Escape);
-        }
-    });
-    timer.start(0);
-    action();
-    settle();
-    return seen;
-}
-
 /// What the system sends for the Menu key.
 void pressMenuKey()
 {
     QWindow* window = QGuiApplication::focusWindow();
     QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint(), Qt::NoModifier);
     QCoreApplication::sendEvent(window, &event);
-}
-
-/// What assistive tools see: roles, names and, in brackets, children; without what hosts put in.
-QString described(QAccessibleInterface& part)
-{
-    if (auto* above = DockableWindow::findDockableParent(qobject_cast<QWidget*>(part.object()));
-        above && above->content() == part.object())
-    {
-        return QStringLiteral("content");
-    }
-    QString line = QLatin1String(QMetaEnum::fromType<QAccessible::Role>().valueToKey(part.role()));
-    const QString name = part.text(QAccessible::Name);
-    line += name.isEmpty() ? name : u':' + name;
-    QStringList children;
-    for (int i = 0; i < part.childCount(); ++i) {
-        QAccessibleInterface* child = part.child(i);
-        const bool fits =
-            part.indexOfChild(child) == i && child->parent()->object() == part.object();
-        children << (fits ? described(*child) : QStringLiteral("stray"));
-    }
-    return children.isEmpty() ? line : line + u'(' + children.join(u' ') + u')';
 }
 
 /// Uses F6, and has a menu of its own.
@@ -194,9 +75,6 @@ private Q_SLOTS:
     void theFocusStaysThroughEveryOperation_data();
     void theFocusStaysThroughEveryOperation();
     void theFocusIsNeverLeftBehind();
-    void whatIsSeenHasNamesAndRoles();
-    void namesAndStatesFollow();
-    void assistiveToolsActAsTheUserDoes();
 };
 
 void PanelNavigationTest::panelsInSightAreReadInOrder()
@@ -550,57 +428,6 @@ void PanelNavigationTest::theFocusIsNeverLeftBehind()
     desk.d->setHeader(nullptr);
     settle();
     QTRY_VERIFY(isInSight());
-}
-
-void PanelNavigationTest::whatIsSeenHasNamesAndRoles()
-{
-    Desk desk;
-    QCOMPARE(
-        described(*QAccessible::queryAccessibleInterface(&desk.root)),
-        QStringLiteral("Window(Splitter(Pane:a(TitleBar:a content) Grip "
-                       "Pane(PageTabList(PageTab:b PageTab:c) LayeredPane(Pane:b(content) "
-                       "Pane:c(content))) Grip Pane:d(TitleBar:d content)))"));
-    QCOMPARE(
-        described(*QAccessible::queryAccessibleInterface(desk.e)),
-        QStringLiteral("Window:e(TitleBar:e content)"));
-}
-
-void PanelNavigationTest::namesAndStatesFollow()
-{
-    Desk desk;
-    const auto seen = [](QWidget* widget) { return QAccessible::queryAccessibleInterface(widget); };
-    DockableTabWidget* tab = desk.tabs->tabAt(1);
-    desk.c->setText(QStringLiteral("new"));
-    for (QWidget* widget : QWidgetList{desk.c, desk.c->header(), tab}) {
-        QCOMPARE(seen(widget)->text(QAccessible::Name), QStringLiteral("new"));
-    }
-    desk.c->setAccessibleName(QStringLiteral("the host's own"));
-    QCOMPARE(seen(desk.c)->text(QAccessible::Name), QStringLiteral("the host's own"));
-
-    QVERIFY(!seen(tab)->state().selected && seen(desk.c)->state().invisible);
-    desk.tabs->setActiveIndex(1);
-    QVERIFY(seen(tab)->state().selected && seen(tab)->state().focusable);
-    QVERIFY(!seen(desk.tabs->tabAt(0))->state().selected);
-}
-
-void PanelNavigationTest::assistiveToolsActAsTheUserDoes()
-{
-    Desk desk;
-    const auto act = [](QWidget* widget, const QString& action) {
-        QAccessible::queryAccessibleInterface(widget)->actionInterface()->doAction(action);
-    };
-    act(desk.tabs->tabAt(1), QAccessibleActionInterface::pressAction());
-    settle();
-    QCOMPARE(desk.tabs->activeIndex(), 1);
-    for (QWidget* title :
-         {static_cast<QWidget*>(desk.d->header()), static_cast<QWidget*>(desk.tabs->tabAt(1))})
-    {
-        const SeenMenu menu = menuDuring([&] {
-            act(title, QAccessibleActionInterface::showMenuAction());
-            QVERIFY(!QApplication::activePopupWidget()); // the call must not wait for the user
-        });
-        QCOMPARE(menu.texts.value(0), QStringLiteral("Undock"));
-    }
 }
 
 const ui::test::Registration<PanelNavigationTest> kRegistration;
