@@ -69,9 +69,8 @@ public:
     /// Presses a key where the keyboard is.
     static void press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
     {
-        QWindow* window = QGuiApplication::focusWindow();
-        QVERIFY(window);
-        QTest::keyClick(window, key, held);
+        QTRY_VERIFY(QGuiApplication::focusWindow());
+        QTest::keyClick(QGuiApplication::focusWindow(), key, held);
     }
 
     DockTree tree;

@@ -181,6 +181,7 @@ void PanelNavigationTest::f6ComesInFromOutside()
     ui::addPanelNavigation(&host);
     ui::addPanelNavigation(nullptr);
     host.show();
+    QVERIFY(QTest::qWaitForWindowActive(&host));
     const auto comeIn = [&](Qt::KeyboardModifiers held, const QString& stop) {
         host.activateWindow();
         field->setFocus();
@@ -188,8 +189,9 @@ void PanelNavigationTest::f6ComesInFromOutside()
         Desk::press(Qt::Key_F6, held);
         QTRY_COMPARE(Desk::focused(), stop);
     };
-    comeIn(Qt::NoModifier, QStringLiteral("a1"));
+    // In this order, since Wine gives a window that has just appeared the focus once more, later.
     comeIn(Qt::ShiftModifier, QStringLiteral("e1"));
+    comeIn(Qt::NoModifier, QStringLiteral("a1"));
 
     // A tab is part of its page.
     desk.root.activateWindow();

@@ -134,6 +134,7 @@ void DocumentsTest::aFileIsOpenOnce()
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"one.json"_qs);
     QVERIFY(QFile::copy(samplePaths().first(), path));
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)); // to remove it
     OpenWindow window(2);
     QVERIFY(window.openFile(path));
     const Document* document = window.document();

@@ -16,6 +16,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 
 namespace {
 
@@ -98,6 +99,9 @@ void ColorSwatch::dismissDialog()
         m_dialog = nullptr;
         dialog->disconnect(this);
         dialog->hide();
+        if (QWindow* const native = dialog->windowHandle()) {
+            native->destroy(); // else it would go with that of the swatch, behind Qt's back
+        }
         dialog->setParent(nullptr, dialog->windowFlags());
         dialog->deleteLater();
     }

@@ -182,7 +182,7 @@ void DockableTabGroup::setActiveIndex(int index)
     DockableWindow* const before = m_active;
     m_active = next;
     next->setSizePolicy(m_sizePolicies.at(next)); // while it is hidden: nobody asks about it yet
-    m_stack->setCurrentIndex(index);
+    m_stack->showPage(index);
     if (before && before != next) {
         m_sizePolicies[before] = before->sizePolicy(); // the host may have changed it meanwhile
         before->setSizePolicy(noSay());

@@ -13,4 +13,8 @@ public:
     ~PageStack() override;
 
     QSize minimumSizeHint() const override;
+
+    /// Shows another page and paints it once. As setCurrentIndex() does it, Qt paints a page that
+    /// has a ground of its own twice: for itself, and again with the stack below it.
+    void showPage(int index);
 };
