@@ -71,8 +71,8 @@ private:
     DockableWindow* makeWindow(const QString& id);
 
     QPointer<DockableGroup> m_previousRoot; ///< gMainWindow before
-    std::unique_ptr<DockableGroup> m_root; ///< dies while this is still a whole widget
-    QWidget* m_shelf; ///< holds the contents of closed panels, never shown
+    std::unique_ptr<DockableGroup> m_root;  ///< dies while this is still a whole widget
+    QWidget* m_shelf;                       ///< holds the contents of closed panels, never shown
     std::vector<Panel> m_panels;
     Layout m_default;
     std::optional<Layout> m_unshown; ///< set while nobody had a size yet
