@@ -2,11 +2,11 @@
 
 #include "DocumentPage.h"
 #include "Viewport.h"
+#include "discarding.h"
 #include "editing/DocumentEditor.h"
 #include <MorrantUI/controls/GroupButton.h>
 #include <MorrantUI/docking/TabBarHeader.h>
 #include <MorrantUI/docking/TabItem.h>
-#include <MorrantUI/menus/ModalDialog.h>
 
 #include <QFileInfo>
 #include <QPointer>
@@ -15,21 +15,7 @@
 
 namespace studio {
 
-namespace {
-
-/// Closes over unsaved changes only if the user says so.
-bool mayLoseChanges(const QString& title, QWidget* parent)
-{
-    return ModalDialog::getChoice(
-               DocumentTabs::tr("Close “%1”?").arg(title),
-               DocumentTabs::tr("Its changes will be lost."),
-               QDialogButtonBox::Discard | QDialogButtonBox::Cancel,
-               QDialogButtonBox::Cancel,
-               parent)
-           == QDialogButtonBox::Discard;
-}
-
-} // namespace
+namespace {} // namespace
 
 DocumentTabs::DocumentTabs(QWidget* parent)
     : TabBar(tr("Documents"), true, parent)
@@ -188,7 +174,10 @@ void DocumentTabs::askToClose(TabItem& asked)
 {
     const QPointer<TabItem> tab(&asked);
     const QPointer<DocumentPage> page(static_cast<DocumentPage*>(asked.page()));
-    if (!page->editor().isModified() || mayLoseChanges(page->title(), this)) {
+    Q_EMIT closing();
+    if (!page->editor().isModified()
+        || mayDiscard(tr("Close “%1”?").arg(page->title()), tr("Its changes will be lost."), this))
+    {
         if (tab) {
             removeTab(tab->index());
         }

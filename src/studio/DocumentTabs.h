@@ -50,6 +50,8 @@ Q_SIGNALS:
     void scaleChanged(double scale);
     /// The user wants to open another document.
     void wanted();
+    /// A document is about to be closed: what is being typed counts among its changes.
+    void closing();
 
 private:
     DocumentPage* page(int index);

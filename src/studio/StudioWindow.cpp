@@ -10,14 +10,15 @@
 #include "TransportBar.h"
 #include "Viewport.h"
 #include "Workspace.h"
+#include "discarding.h"
 #include "editing/DocumentEditor.h"
 #include "gallery/GalleryPage.h"
 #include "layout/layoutjson.h"
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
-#include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/theme/OverrideCursor.h>
+#include <MorrantUI/theme/eventfilters.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/theme/screens.h>
 
@@ -87,17 +88,6 @@ QString plainTitle(QString text)
 QString menuText(QString text)
 {
     return text.replace(u'&', u"&&"_qs);
-}
-
-bool mayLoseChanges(QWidget* window)
-{
-    return ModalDialog::getChoice(
-               StudioWindow::tr("Quit the studio?"),
-               StudioWindow::tr("The changes of the open documents will be lost."),
-               QDialogButtonBox::Discard | QDialogButtonBox::Cancel,
-               QDialogButtonBox::Cancel,
-               window)
-           == QDialogButtonBox::Discard;
 }
 
 /// Whoever offers to move a file must not delete it after we have read it.
@@ -195,6 +185,11 @@ void StudioWindow::connectPanels()
     connect(m_documents, &DocumentTabs::restored, this, &StudioWindow::selectLayer);
     connect(m_documents, &DocumentTabs::scaleChanged, m_transport, &TransportBar::setZoom);
     connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFile);
+    connect(m_documents, &DocumentTabs::closing, m_attributes, &AttributePanel::finishEditing);
+    // Its panel may float, where drops do not reach this window.
+    m_documents->setAcceptDrops(true);
+    ui::installEventFilter(
+        m_documents, [this](QObject*, QEvent* event) { return takeDrop(*event); }, this);
     connect(m_documents, &DocumentTabs::notDrawnChanged, this, [this] {
         m_missing->setMissing(page().notDrawn());
     });
@@ -204,7 +199,7 @@ bool StudioWindow::openFile(const QString& path)
 {
     if (m_documents->showFile(path)) {
         m_notice->dismiss();
-        setGalleryShown(false);
+        showViewport();
         return true;
     }
     const ui::OverrideCursor busy(Qt::WaitCursor);
@@ -224,7 +219,13 @@ void StudioWindow::openDocument(
 {
     m_notice->dismiss();
     m_documents->open(std::move(document), title, path);
+    showViewport();
+}
+
+void StudioWindow::showViewport()
+{
     setGalleryShown(false);
+    m_workspace->setPanelOpen(u"viewport"_qs, true);
 }
 
 /// Shows the document in front in all panels, as its user left it.
@@ -288,6 +289,9 @@ void StudioWindow::keepLayoutIn(const QString& path)
     }
     const LayoutResult saved = readLayoutFile(path);
     if (!saved) {
+        const QString kept = path + u".bad"_qs; // a new one will be written in its place
+        QFile::remove(kept);
+        QFile::copy(path, kept);
         fail(tr("The layout in “%1” cannot be used: %2.")
                  .arg(QDir::toNativeSeparators(path), saved.error));
         return;
@@ -315,7 +319,8 @@ void StudioWindow::saveLayout()
     Layout layout = m_workspace->layout();
     layout.maximized = isMaximized();
     layout.windowSize = layout.maximized ? normalGeometry().size() : size();
-    layout.windowPosition = layout.maximized ? normalGeometry().topLeft() : pos();
+    const QPoint frame = geometry().topLeft() - pos();
+    layout.windowPosition = layout.maximized ? normalGeometry().topLeft() - frame : pos();
     const QString error = writeLayoutFile(layout, m_layoutFile);
     if (!error.isEmpty()) {
         fail(tr("The layout was not saved: %1.").arg(error));
@@ -325,7 +330,10 @@ void StudioWindow::saveLayout()
 void StudioWindow::closeEvent(QCloseEvent* event)
 {
     m_attributes->finishEditing();
-    if (m_documents->hasChanges() && !mayLoseChanges(this)) {
+    if (m_documents->hasChanges()
+        && !mayDiscard(
+            tr("Quit the studio?"), tr("The changes of the open documents will be lost."), this))
+    {
         event->ignore();
         return;
     }
@@ -365,6 +373,19 @@ void StudioWindow::dragEnterEvent(QDragEnterEvent* event)
     }
 }
 
+/// A drag or drop on the documents.
+bool StudioWindow::takeDrop(QEvent& event)
+{
+    if (event.type() == QEvent::DragEnter) {
+        dragEnterEvent(static_cast<QDragEnterEvent*>(&event));
+    } else if (event.type() == QEvent::Drop) {
+        dropEvent(static_cast<QDropEvent*>(&event));
+    } else {
+        return false;
+    }
+    return event.isAccepted();
+}
+
 void StudioWindow::dropEvent(QDropEvent* event)
 {
     acceptCopy(*event);
@@ -386,12 +407,9 @@ void StudioWindow::buildFileMenu()
             QFileInfo(path).completeBaseName(), this, [this, path] { openFile(path); });
     }
     menu.addSeparator();
-    addCommands(
-        menu,
-        {
-            {tr("&Close"), {}, {QKeySequence::Close}, [this] { closeDocument(); }},
-            {tr("&Quit"), {}, {QKeySequence::Quit}, [this] { close(); }},
-        });
+    m_editorActions +=
+        addCommands(menu, {{tr("&Close"), {}, {QKeySequence::Close}, [this] { closeDocument(); }}});
+    addCommands(menu, {{tr("&Quit"), {}, {QKeySequence::Quit}, [this] { close(); }}});
 }
 
 void StudioWindow::buildEditMenu()
@@ -470,7 +488,9 @@ QList<QAction*> StudioWindow::buildViewMenu()
     addBackdropMenu(*menu.addMenu(tr("&Backdrop")));
     m_editorActions += menu.actions();
     menu.addSeparator();
-    addPanelMenu(*menu.addMenu(tr("&Panels")));
+    QMenu& panels = *menu.addMenu(tr("&Panels"));
+    addPanelMenu(panels);
+    m_editorActions.append(panels.menuAction());
     const QList<QAction*> others = addCommands(
         menu,
         {
@@ -546,7 +566,6 @@ void StudioWindow::showHistory()
 
 void StudioWindow::closeDocument()
 {
-    m_attributes->finishEditing();
     m_documents->closeCurrent();
 }
 

@@ -95,6 +95,8 @@ private:
     void showDocument();
     void showPlaying(bool playing);
     void showHistory();
+    bool takeDrop(QEvent& event);
+    void showViewport();
     void chooseFile();
     void closeDocument();
 

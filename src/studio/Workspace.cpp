@@ -79,7 +79,9 @@ void Workspace::setLayout(const Layout& layout)
 
 Layout Workspace::layout() const
 {
-    Layout layout = layoutOf(*m_root);
+    // Before it is first shown nothing has a size that could be read.
+    Layout layout = m_unshown ? *m_unshown : layoutOf(*m_root);
+    layout.closed.clear();
     for (const Panel& panel : m_panels) {
         if (!isPanelOpen(panel.id)) {
             layout.closed.append(panel.id);
@@ -152,7 +154,12 @@ const Workspace::Panel* Workspace::find(const QString& id) const
 DockableWindow* Workspace::makeWindow(const QString& id)
 {
     const Panel& panel = *find(id);
+    const QSize before = panel.content->size();
+    const bool wasShown = panel.content->testAttribute(Qt::WA_Resized);
     auto* window = new PanelWindow(id, panel.content, m_shelf);
+    if (wasShown) { // it comes back as large as it was
+        window->resize(before + QSize(0, window->header()->sizeHint().height()));
+    }
     if (panel.header == Header::Grip) {
         window->setHeader(new DockableToolBarHeader(DockableToolBarHeader::Direction::Vertical));
         window->setHeaderDirection(QBoxLayout::LeftToRight);

@@ -15,6 +15,9 @@
 #include <QSignalSpy>
 #include <QWheelEvent>
 
+#include <functional>
+#include <utility>
+
 using ui::test::brokenInvariants;
 using ui::test::DockTree;
 using ui::test::settle;
@@ -59,6 +62,8 @@ private Q_SLOTS:
     void oneTabLeftIsNoGroup();
     void tabsGoWithTheirWindows();
     void aSlotMayTakeTheTabAway();
+    void pagesMayActAsTheyShowAndHide();
+    void theStripLiesBelowAHeaderOfTheGroup();
     void keysWalkBetweenTabs();
     void aDragThatRestsOnATabBringsItForward_data();
     void aDragThatRestsOnATabBringsItForward();
@@ -129,8 +134,14 @@ void DockableTabGroupTest::theActiveTabSurvivesWhatHappensBesideIt()
 
     tabs.takeChild(2);
     QCOMPARE(tabs.activeIndex(), 0); // the first whenever one is taken
+    const auto told = changes.count();
     tabs.takeChild(0);
     QCOMPARE(tabs.activeChild()->getText(), QStringLiteral("y"));
+    QCOMPARE(changes.count(), told + 1); // another child, if at the same index
+    tabs.activeChild()->setAttribute(Qt::WA_DeleteOnClose, false);
+    tabs.activeChild()->close();
+    tabs.setActiveIndex(0);
+    QVERIFY(tabs.activeChild()->isVisible());
     settle();
     QCOMPARE(brokenInvariants().join(u'\n'), QString());
 }
@@ -280,7 +291,11 @@ void DockableTabGroupTest::tabsGoWithTheirWindows()
     const QPointer<DockableTabGroup> tabs = &tree.tabs();
     delete tabs->getChild(2); // the active one
     QCOMPARE(tabs->activeIndex(), 0);
-    tabs->getChild(1)->setParent(nullptr); // stolen
+    DockableWindow* stolen = tabs->getChild(1);
+    stolen->setParent(nullptr);
+    QVERIFY(
+        stolen->sizePolicy() == tabs->getChild(0)->sizePolicy() && !stolen->header()->isHidden());
+    stolen->setParent(&tree.root(), Qt::Window);
     QCOMPARE(tabs->childCount(), 1);
     QVERIFY(tabs->tabAt(0) && !tabs->tabAt(1));
     QCOMPARE(tabs->tabAt(0)->text(), QStringLiteral("b"));
@@ -288,12 +303,6 @@ void DockableTabGroupTest::tabsGoWithTheirWindows()
     settle();
     QVERIFY(!tabs);
     QCOMPARE(tree.text(), QStringLiteral("H(a e)"));
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* stolen = qobject_cast<DockableWindow*>(widget);
-        if (stolen && stolen->getText() == QLatin1String("c")) {
-            delete stolen;
-        }
-    }
 }
 
 void DockableTabGroupTest::aSlotMayTakeTheTabAway()
@@ -316,6 +325,86 @@ void DockableTabGroupTest::aSlotMayTakeTheTabAway()
     QCOMPARE(brokenInvariants().join(u'\n'), QString());
 }
 
+/// A content that does something when it is shown or hidden.
+class Restless : public QWidget
+{
+public:
+    std::function<void()> whenShown;
+    std::function<void()> whenHidden;
+
+protected:
+    void showEvent(QShowEvent* /*event*/) override { run(whenShown); }
+    void hideEvent(QHideEvent* /*event*/) override { run(whenHidden); }
+
+private:
+    static void run(std::function<void()>& action)
+    {
+        if (const auto once = std::exchange(action, nullptr)) {
+            once();
+        }
+    }
+};
+
+void DockableTabGroupTest::pagesMayActAsTheyShowAndHide()
+{
+    TabbedTree tree;
+    DockableTabGroup& tabs = tree.tabs();
+    auto* content = new Restless;
+    auto* panel = new DockableWindow(content);
+    panel->setText(QStringLiteral("r"));
+    tabs.dockInArea(panel, Area::Center);
+    tabs.setActiveIndex(0);
+    DockableWindow* newcomer = DockTree::panel(QStringLiteral("n"));
+    content->whenShown = [&] { tabs.appendChild(newcomer); };
+    tabs.setActiveIndex(3);
+    QVERIFY(newcomer->updatesEnabled() && newcomer->content()->updatesEnabled());
+
+    tabs.setActiveIndex(1);
+    content->whenShown = [&] { tabs.setActiveIndex(0); };
+    tabs.setActiveIndex(3);
+    QCOMPARE(tabs.activeIndex(), 0);
+    for (int i = 0; i < tabs.childCount(); ++i) {
+        QCOMPARE(tabs.tabAt(i)->isActive(), i == 0);
+    }
+
+    tabs.setActiveIndex(3);
+    content->whenHidden = [&] { panel->undock(true); };
+    tabs.setActiveIndex(0);
+    settle();
+    QCOMPARE(tree.text(), QStringLiteral("H(a T(b c d n) e)"));
+    QVERIFY(panel->isFloating());
+    QCOMPARE(brokenInvariants().join(u'\n'), QString());
+
+    // By a key, whose tab had the focus.
+    connect(&tabs, &DockableTabGroup::activeIndexChanged, &tree.root(), [&tabs] { delete &tabs; });
+    QTest::keyClick(tabs.tabAt(0), Qt::Key_Right);
+    settle();
+    QCOMPARE(tree.text(), QStringLiteral("H(a e)"));
+}
+
+void DockableTabGroupTest::theStripLiesBelowAHeaderOfTheGroup()
+{
+    TabbedTree tree;
+    DockableTabGroup& tabs = tree.tabs();
+    tabs.setHeaderVisible(true);
+    settle();
+    const QWidget* tab = tabs.tabAt(2);
+    ui::test::Hand hand;
+    hand.press(*tree.root().getChild(0)->header(), QPoint(8, 8));
+    for (const int y : {1, tab->height() - 2}) { // all of it takes tabs
+        hand.moveTo(tab->mapToGlobal(QPoint(5, y)), 3);
+        QCOMPARE(tabs.dropArea(), Area::Center);
+    }
+    hand.moveTo(tab->mapToGlobal(QPoint(5, tab->height() + 3)), 2);
+    QCOMPARE(tabs.dropArea(), Area::Top);
+    hand.moveTo(tabs.mapToGlobal(tabs.rect().center()), 2);
+    hand.release();
+    tabs.setHeaderDirection(QBoxLayout::LeftToRight);
+    settle();
+    QVERIFY(
+        tab->isVisible() && tabs.rect().contains(QRect(tab->mapTo(&tabs, QPoint()), tab->size())));
+}
+
 void DockableTabGroupTest::keysWalkBetweenTabs()
 {
     TabbedTree tree;
@@ -334,6 +423,8 @@ void DockableTabGroupTest::keysWalkBetweenTabs()
         QCOMPARE(tabs.activeIndex(), index);
         QCOMPARE(QApplication::focusWidget(), tabs.tabAt(index));
     }
+    QTest::mouseClick(tabs.tabAt(1), Qt::LeftButton); // the focus goes along
+    QCOMPARE(QApplication::focusWidget(), tabs.tabAt(1));
 }
 
 void DockableTabGroupTest::aDragThatRestsOnATabBringsItForward_data()

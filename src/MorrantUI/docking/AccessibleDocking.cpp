@@ -65,16 +65,21 @@ QString AccessibleDockable::text(QAccessible::Text kind) const
     return unnamed ? static_cast<DockableWindow*>(widget())->getText() : own;
 }
 
-QWidgetList AccessibleDockable::parts() const
+static void appendShown(const QLayout* layout, QWidgetList& shown)
 {
-    QWidgetList shown;
-    const QLayout* layout = widget()->layout();
     for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
         QWidget* part = layout->itemAt(i)->widget();
         if (part != nullptr && !part->isHidden()) {
             shown.append(part);
         }
+        appendShown(layout->itemAt(i)->layout(), shown);
     }
+}
+
+QWidgetList AccessibleDockable::parts() const
+{
+    QWidgetList shown;
+    appendShown(widget()->layout(), shown);
     return shown;
 }
 

@@ -11,6 +11,7 @@
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -135,8 +136,9 @@ void DockTabStrip::keyPressEvent(QKeyEvent* event)
     if (wanted == active) {
         return;
     }
+    const QPointer<DockTabStrip> self(this);
     Q_EMIT chosen(wanted);
-    if (DockableTabWidget* tab = tabAt(wanted)) {
+    if (DockableTabWidget* tab = self ? tabAt(wanted) : nullptr) {
         tab->setFocus(Qt::TabFocusReason); // shows the ring
     }
 }

@@ -286,6 +286,8 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
         || std::accumulate(parts.begin(), parts.end(), 0) == 0) {
         parts = QList<int>(childCount(), 1); // lying across or in tabs, they had all of it
     }
+    auto* tabs = qobject_cast<DockableTabGroup*>(this);
+    const DockableWindow* seen = tabs ? tabs->activeChild() : nullptr;
     removeFromParent(&parent);
 
     std::vector<DockableWindow*> moved;
@@ -298,7 +300,8 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
         }
     }
     if (!moved.empty() && inFront) {
-        parent.bringForward(*moved.front());
+        const auto front = std::find(moved.begin(), moved.end(), seen);
+        parent.bringForward(front != moved.end() ? **front : *moved.front());
     }
     if (!moved.empty() && static_cast<qsizetype>(moved.size()) == parts.size()) {
         parent.m_room->holderLeft(*this, *moved.back(), place, neighbours, parts);
@@ -415,7 +418,8 @@ bool DockableGroup::takesDirectly(DockableArea area)
 bool DockableGroup::hasAt(DockableWindow& window, DockableArea area)
 {
     if (windowMode() == WindowMode::TabGroup) {
-        return area == DockableArea::Center && indexOfChild(&window) >= 0;
+        const bool nothingToSplit = area == DockableArea::Center || childCount() == 1;
+        return nothingToSplit && indexOfChild(&window) >= 0;
     }
     const int index = indexOfChild(&window);
     const int wanted = ui::docking::insertIndex(area) == 0 ? 0 : childCount() - 1;

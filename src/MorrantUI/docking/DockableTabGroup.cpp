@@ -33,8 +33,12 @@ DockableTabGroup::DockableTabGroup()
     , m_strip(new DockTabStrip(this))
     , m_stack(new PageStack(this))
 {
-    m_layout->addWidget(m_strip);
-    m_layout->addWidget(m_stack, 1);
+    auto* below = new QVBoxLayout; // wherever the header is
+    below->setContentsMargins(0, 0, 0, 0);
+    below->setSpacing(0);
+    below->addWidget(m_strip);
+    below->addWidget(m_stack, 1);
+    m_layout->addLayout(below, 1);
     connect(m_strip, &DockTabStrip::chosen, this, &DockableTabGroup::setActiveIndex);
     connect(m_stack, &QStackedWidget::widgetRemoved, this, &DockableTabGroup::forgetTab);
 }
@@ -121,6 +125,13 @@ bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
         };
         QMetaObject::invokeMethod(this, bringForward, Qt::QueuedConnection);
     }
+    if (event->type() == QEvent::ParentAboutToChange) { // without takeChild()
+        auto* child = qobject_cast<DockableWindow*>(watched);
+        if (const int index = indexOfChild(child); index >= 0) {
+            letGoOf(index);
+            child->setHeaderVisible(child->windowMode() == WindowMode::Panel);
+        }
+    }
     return DockableGroup::eventFilter(watched, event);
 }
 
@@ -135,11 +146,7 @@ DockableWindow* DockableTabGroup::takeChild(int index)
     if (child == m_active) {
         setActiveIndex(index == 0 ? 1 : 0); // instead of the neighbour, which Qt would show
     }
-    tabAt(index)->removeEventFilter(&child->m_dragHandler);
-    if (child != m_active) {
-        child->setSizePolicy(m_sizePolicies.at(child));
-    }
-    child->removeEventFilter(this);
+    letGoOf(index);
     m_stack->removeWidget(child);
     release(*child);
     if (child->windowMode() == WindowMode::Panel) {
@@ -147,6 +154,17 @@ DockableWindow* DockableTabGroup::takeChild(int index)
     }
     setActiveIndex(0);
     return child;
+}
+
+/// A child on its way out gets back what it came with.
+void DockableTabGroup::letGoOf(int index)
+{
+    DockableWindow& child = *getChild(index);
+    tabAt(index)->removeEventFilter(&child.m_dragHandler);
+    if (&child != m_active) {
+        child.setSizePolicy(m_sizePolicies.at(&child));
+    }
+    child.removeEventFilter(this);
 }
 
 /// After a child has left the stack, taken out or deleted or given another parent.
@@ -173,23 +191,42 @@ void DockableTabGroup::forgetTab(int index)
 void DockableTabGroup::setActiveIndex(int index)
 {
     DockableWindow* const next = getChild(index);
-    if (!next || (next == m_active && m_stack->currentIndex() == index)) {
+    if (!next) {
+        return;
+    }
+    if (next == m_active && m_stack->currentIndex() == index) {
+        next->show(); // it may have been hidden, or closed and kept
         return;
     }
     ui::docking::LayoutChange change;
     change.noteTabs();
     const QSize leastBefore = m_stack->minimumSizeHint();
-    DockableWindow* const before = m_active;
+    const QPointer<DockableTabGroup> self(this);
+    const QPointer<DockableWindow> before = m_active;
+    bool focusOnTab = false;
     m_active = next;
     next->setSizePolicy(m_sizePolicies.at(next)); // while it is hidden: nobody asks about it yet
-    m_stack->showPage(index);
     if (before && before != next) {
         m_sizePolicies[before] = before->sizePolicy(); // the host may have changed it meanwhile
-        before->setSizePolicy(noSay());
-        tabAt(indexOfChild(before))->setActive(false);
+        DockableTabWidget* tab = tabAt(indexOfChild(before));
+        focusOnTab = tab->hasFocus();
+        tab->setActive(false);
     }
     tabAt(index)->setActive(true);
-    m_strip->reveal(index);
+    m_stack->showPage(index); // the pages hear of it, and may do anything
+    if (!self) {
+        return;
+    }
+    if (before && before != m_active && indexOfChild(before) >= 0) {
+        before->setSizePolicy(noSay());
+    }
+    m_strip->reveal(activeIndex());
+    if (DockableTabWidget* tab = tabAt(activeIndex()); tab && focusOnTab) {
+        tab->setFocus(Qt::OtherFocusReason);
+    }
+    if (!self) {
+        return;
+    }
     if (m_stack->minimumSizeHint() != leastBefore) {
         m_stack->updateGeometry();
     }
@@ -216,7 +253,7 @@ void DockableTabGroup::setTabTextForChild(DockableWindow* window, const QString&
 
 int DockableTabGroup::topOffset()
 {
-    return m_strip->isVisible() ? m_strip->height() : 0;
+    return m_strip->isVisible() ? m_strip->geometry().bottom() + 1 : 0;
 }
 
 void DockableTabGroup::showTitles()
@@ -232,10 +269,11 @@ void DockableTabGroup::showTitles()
 bool DockableTabGroup::reportActive()
 {
     const int index = activeIndex();
-    if (index == m_activeIndex) {
+    if (index == m_activeIndex && m_active == m_reported) {
         return false;
     }
     m_activeIndex = index;
+    m_reported = m_active;
     Q_EMIT activeIndexChanged(index);
     return true;
 }

@@ -75,6 +75,7 @@ private:
     friend class ui::docking::LayoutChange; // tells when titles and indices may be others
 
     void addTab(int index, DockableWindow& window);
+    void letGoOf(int index);
     void forgetTab(int index);
     void showTitles();
     bool reportActive();
@@ -84,5 +85,6 @@ private:
     std::map<const DockableWindow*, QSizePolicy>
         m_sizePolicies; ///< of children, while theirs are ignored
     QPointer<DockableWindow> m_active;
-    int m_activeIndex = -1; ///< as last reported
+    int m_activeIndex = -1;              ///< as last reported
+    QPointer<DockableWindow> m_reported; ///< the child that was active then
 };

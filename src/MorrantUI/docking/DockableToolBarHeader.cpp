@@ -35,7 +35,8 @@ QWidget* DockableToolBarHeader::setHandler(QObject* handler)
 void DockableToolBarHeader::setText(const QString& text)
 {
     DockableHeader::setText(text);
-    setToolTip(text.toHtmlEscaped());
+    // As mark-up, so that a name such as "<b>" is shown as it is.
+    setToolTip(text.isEmpty() ? text : QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped()));
 }
 
 void DockableToolBarHeader::changeEvent(QEvent* event)

@@ -1,5 +1,7 @@
 #include "PageStack.h"
 
+#include <QPointer>
+
 PageStack::PageStack(QWidget* parent)
     : QStackedWidget(parent)
 {
@@ -18,8 +20,17 @@ void PageStack::showPage(int index)
 {
     const bool paints = updatesEnabled();
     setAttribute(Qt::WA_UpdatesDisabled); // only of the stack, unlike setUpdatesEnabled()
+    const QPointer<PageStack> self(this);
     setCurrentIndex(index);
+    if (!self) {
+        return;
+    }
     setAttribute(Qt::WA_UpdatesDisabled, !paints);
+    for (int i = 0; paints && i < count(); ++i) { // of one that came meanwhile they are off
+        if (!widget(i)->testAttribute(Qt::WA_ForceUpdatesDisabled)) {
+            widget(i)->setUpdatesEnabled(true);
+        }
+    }
     const QWidget* page = currentWidget();
     const bool covered = page && page->autoFillBackground() && page->geometry().contains(rect());
     if (paints && !covered) {

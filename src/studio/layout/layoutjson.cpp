@@ -18,14 +18,11 @@ namespace {
 
 using Kind = LayoutNode::Kind;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("layout", text);
-}
-
 /// Reads the values of one layout and remembers the first thing that is wrong with it.
 class LayoutReader
 {
+    Q_DECLARE_TR_FUNCTIONS(studio::LayoutReader)
+
 public:
     Layout read(const QJsonObject& object)
     {
@@ -227,7 +224,7 @@ LayoutResult readLayout(const QByteArray& json)
     const QJsonDocument document = QJsonDocument::fromJson(json, &parsing);
     if (!document.isObject()) {
         const bool parsed = parsing.error == QJsonParseError::NoError;
-        return {{}, parsed ? tr("it is no JSON object") : tr("it is no JSON")};
+        return {{}, parsed ? LayoutReader::tr("it is no JSON object") : LayoutReader::tr("it is no JSON")};
     }
     LayoutReader reader;
     Layout layout = reader.read(document.object());
@@ -241,10 +238,10 @@ LayoutResult readLayoutFile(const QString& path)
 {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return {{}, tr("it cannot be opened")};
+        return {{}, LayoutReader::tr("it cannot be opened")};
     }
     if (file.size() > kMaxLayoutBytes) {
-        return {{}, tr("it is too large")};
+        return {{}, LayoutReader::tr("it is too large")};
     }
     return readLayout(file.readAll());
 }

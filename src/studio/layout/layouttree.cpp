@@ -108,13 +108,14 @@ DockableWindow* holderOf(const QStringList& panels, DockableWindow& window)
     return panels.contains(window.objectName()) ? &window : nullptr;
 }
 
-/// What takes a neighbour of a whole group: tabs as a whole, and not a group's only child.
+/// What takes a neighbour of a whole group: tabs as a whole, and not a group's only child, except
+/// for the main window's.
 DockableWindow& targetFor(DockableWindow& holder, Kind kind)
 {
     DockableWindow* target = &holder;
     while (DockableGroup* parent = target->findDockableParentGroup()) {
         const bool isTab = parent->windowMode() == DockableWindow::WindowMode::TabGroup;
-        if (parent->childCount() > 1 && !isTab) {
+        if (parent == gMainWindow || (parent->childCount() > 1 && !isTab)) {
             break;
         }
         target = parent;
@@ -157,8 +158,11 @@ std::vector<DockableWindow*> floatingWindows(DockableGroup& mainWindow)
 void clearTree(DockableGroup& mainWindow)
 {
     // The panels first: a group that dies with its window can no longer give up what is in it.
-    for (DockableWindow* window : mainWindow.findChildren<DockableWindow*>()) {
-        if (window->windowMode() == DockableWindow::WindowMode::Panel) {
+    const auto all = mainWindow.findChildren<DockableWindow*>();
+    for (const QPointer<DockableWindow>& window :
+         QList<QPointer<DockableWindow>>(all.begin(), all.end()))
+    {
+        if (window && window->windowMode() == DockableWindow::WindowMode::Panel) {
             delete window;
         }
     }
