@@ -181,6 +181,7 @@ void PanelNavigationTest::f6ComesInFromOutside()
     ui::addPanelNavigation(&host);
     ui::addPanelNavigation(nullptr);
     host.show();
+    host.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&host));
     const auto comeIn = [&](Qt::KeyboardModifiers held, const QString& stop) {
         host.activateWindow();

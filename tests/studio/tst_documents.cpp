@@ -2,6 +2,7 @@
 #include "Player.h"
 #include "StudioWindow.h"
 #include "Viewport.h"
+#include "Workspace.h"
 #include "editing/DocumentEditor.h"
 #include "lottie/Document.h"
 #include "support/TestCase.h"
@@ -144,6 +145,10 @@ void DocumentsTest::aFileIsOpenOnce()
     QCOMPARE(window.document(), document);
     QCOMPARE(window.documents().count(), 3);
 
+    window.workspace().setPanelOpen(u"viewport"_qs, false);
+    QVERIFY(window.openFile(path)); // what is opened is seen
+    QVERIFY(window.workspace().isPanelOpen(u"viewport"_qs));
+
     QVERIFY(QFile::remove(path));
     QVERIFY(!window.openFile(path));
     QVERIFY(!window.openFile(folder.filePath(u"none.json"_qs)));
@@ -171,6 +176,13 @@ void DocumentsTest::closingAsksOnlyOverChanges()
     QCOMPARE(window.tabs(), QStringList(names[1]));
     QVERIFY(!window.isWindowModified());
     QVERIFY(window.windowTitle().startsWith(names[1]));
+
+    // What is being typed counts.
+    window.openFile(samplePaths().at(0));
+    connect(&window.documents(), &DocumentTabs::closing, &window, [&window] { window.edit(); });
+    window.close(1);
+    QCOMPARE(discard.asked, 2);
+    disconnect(&window.documents(), &DocumentTabs::closing, &window, nullptr);
 
     window.documents().closeCurrent();
     QCOMPARE(window.documents().count(), 1);

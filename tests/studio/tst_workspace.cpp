@@ -225,6 +225,15 @@ void WorkspaceTest::aClosedPanelComesBackToItsPlace()
         QCOMPARE(panelsOf(after.root), panelsOf(before.root));
         QCOMPARE(after.root.children.size(), before.root.children.size());
     }
+    for (const bool open : {false, true}) {
+        for (const Workspace::Panel& panel : window.workspace().panels()) {
+            window.workspace().setPanelOpen(panel.id, open);
+            settle();
+        }
+    }
+    for (const auto* group : gMainWindow->findChildren<DockableGroup*>()) {
+        QVERIFY(group->childCount() > 1); // nothing is left in an empty band
+    }
 }
 
 void WorkspaceTest::aClosedFloatingGroupKeepsItsPanels()
@@ -271,11 +280,19 @@ void WorkspaceTest::theLayoutIsKeptFromOneWindowToTheNext()
         QVERIFY(!QFile::exists(path));
         QVERIFY(window.close());
     }
+    const QStringList all = panelsOf(before.root) + QStringList{u"notDrawn"_qs, u"transport"_qs};
+    {
+        StudioWindow window; // shows the gallery, so that its panels never get a size
+        window.setGalleryShown(true);
+        window.keepLayoutIn(path);
+        window.show();
+        QVERIFY(window.close());
+        QCOMPARE(readLayoutFile(path).layout->root, fitted(before, all).root);
+    }
     StudioWindow window;
     window.keepLayoutIn(path);
     window.show();
     settle();
-    const QStringList all = panelsOf(before.root) + QStringList{u"notDrawn"_qs, u"transport"_qs};
     const Layout after = window.workspace().layout();
     QCOMPARE(panelsOf(after.root), panelsOf(before.root));
     QCOMPARE(after.closed, before.closed);
@@ -302,6 +319,7 @@ void WorkspaceTest::aBadLayoutFileIsToldOnceAndReplaced()
     QCOMPARE(panelsOf(window.arrangement().root), panelsOf(before.root));
     QVERIFY(window.close());
     QVERIFY(readLayoutFile(file.fileName()));
+    QVERIFY(QFile::exists(file.fileName() + u".bad"_qs));
 }
 
 void WorkspaceTest::resetLayoutBringsTheDefaultBack()
