@@ -165,7 +165,7 @@ void PanelNavigationTest::f6LeavesOthersTheirKey()
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QVERIFY(nothingHappens());
         Desk::press(Qt::Key_F6); // must not come through to its parent
-        QCOMPARE(QApplication::activeWindow(), &dialog);
+        QVERIFY(desk.a->isAncestorOf(desk.root.focusWidget()));
     }
     desk.focus(u"a1"_qs);
     Desk::press(Qt::Key_F6, Qt::ControlModifier);
