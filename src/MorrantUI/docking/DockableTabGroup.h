@@ -35,6 +35,8 @@ public:
     DockableTabGroup();
     ~DockableTabGroup() override;
 
+    /// Takes the child out with its tab and returns it, floating and hidden; null for an index out
+    /// of range.
     DockableWindow* takeChild(int index) override;
     int childCount() const override;
     DockableWindow* getChild(int index) override;
@@ -43,13 +45,15 @@ public:
     /// is active stays so. A floating group takes the size of its first child. A window that is in
     /// another group leaves that one.
     void insertChild(int index, DockableWindow* window) override;
+    /// insertChild() behind the last tab.
     void appendChild(DockableWindow* window) override;
 
     /// A child that is shown comes to the front.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     /// Brings a child to the front. Out of range does nothing. Focus that was in the child before
-    /// goes to where it last was in the new one.
+    /// goes to where it last was in the new one. The pages hear of it as they show and hide, and
+    /// may do anything to the group.
     void setActiveIndex(int index);
     /// -1 without children.
     int activeIndex() const;

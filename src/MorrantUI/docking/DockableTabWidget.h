@@ -11,9 +11,10 @@ class TabLabel;
 /// The tab of one window in a DockableTabGroup: what brings it to the front, and what the user
 /// grabs to tear it out.
 ///
-/// A text that does not fit ends in an ellipsis and is shown whole in a tool tip. A drag that rests
-/// on an inactive tab for 400 ms brings its page forward, so that it can be dropped there; only
-/// tabs on their way within a TabBar never do. The active tab is the strip's stop for the Tab key.
+/// A text of more than about 24 letters ends in an ellipsis and is shown whole in a tool tip. A
+/// drag that rests on an inactive tab for 400 ms brings its page forward, so that it can be dropped
+/// there; only tabs on their way within a TabBar never do. The active tab is the strip's stop for
+/// the Tab key.
 class MORRANT_UI_EXPORT DockableTabWidget : public Widget
 {
     Q_OBJECT
