@@ -230,6 +230,7 @@ private Q_SLOTS:
 
 void DockPointerTest::aPanelIsTornOutAndFollowsThePointer()
 {
+    int presses = 0; // outlives the filter that counts
     Stage stage;
     DockableWindow& a = stage.a();
     const QRect place = onScreen(a);
@@ -258,7 +259,6 @@ void DockPointerTest::aPanelIsTornOutAndFollowsThePointer()
     stage.drop();
     QCOMPARE(stage.look("back again"), u"H(H(a b) c)"_qs);
     // What was pressed has lost its window: the pointer is free for others all the same.
-    int presses = 0;
     const auto count = [&presses](QObject*, QEvent* event) {
         presses += event->type() == QEvent::MouseButtonPress ? 1 : 0;
         return false;
