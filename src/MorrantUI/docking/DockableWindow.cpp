@@ -465,23 +465,38 @@ void DockableWindow::showInGroup()
     }
 }
 
+namespace {
+
+/// The scope in which a window leaves its group, perhaps for good.
+struct Leaving
+{
+    explicit Leaving(DockableWindow& leaver)
+        : window(&leaver)
+    {
+        change.note(leaver);
+    }
+
+    ui::docking::LayoutChange change;
+    ui::docking::FocusKeeper focus;
+    QPointer<DockableWindow> window;
+};
+
+} // namespace
+
 void DockableWindow::undock(bool collapse)
 {
     const QPointer<DockableGroup> parent = groupOf(*this);
     if (!parent) {
         return;
     }
-    ui::docking::LayoutChange change;
-    const ui::docking::FocusKeeper focus;
-    const QPointer<DockableWindow> self(this);
-    change.note(*this);
+    const Leaving leaving(*this);
     removeFromParent(parent);
     if (parent && collapse && parent->childCount() < 2) {
         parent->collapseGroup();
     } else if (parent && !Rearranging::active()) {
         parent->showInGroup();
     }
-    if (self && !Rearranging::active()) {
+    if (leaving.window && !Rearranging::active()) {
         show();
     }
 }
@@ -492,10 +507,7 @@ void DockableWindow::undockAndClose()
     if (!parent) {
         return;
     }
-    ui::docking::LayoutChange change;
-    const ui::docking::FocusKeeper focus;
-    const QPointer<DockableWindow> self(this);
-    change.note(*this);
+    const Leaving leaving(*this);
     undockUnseen(*parent); // a window on its way out need not be seen on its own
     makeFloating();
     if (parent && parent->childCount() > 1) {
@@ -503,8 +515,8 @@ void DockableWindow::undockAndClose()
     } else if (parent) {
         parent->collapseGroup();
     }
-    if (self && !self->close() && self) {
-        self->show();
+    if (leaving.window && !leaving.window->close() && leaving.window) {
+        leaving.window->show();
     }
 }
 
