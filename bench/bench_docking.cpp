@@ -35,7 +35,7 @@ struct Move
 };
 
 /// Who goes where: the same for both trees.
-std::vector<Move> seededMoves(unsigned seed)
+std::vector<Move> seededMoves(unsigned seed, Shape shape)
 {
     std::mt19937 random(seed);
     std::vector<Move> moves;
@@ -44,7 +44,8 @@ std::vector<Move> seededMoves(unsigned seed)
         const Move move{
             bits % kPanels,
             (bits >> 8U) % kPanels,
-            static_cast<DockableArea>(1 + (bits >> 16U) % 4)};
+            shape == Shape::Tabs ? DockableArea::Center
+                                 : static_cast<DockableArea>(1 + (bits >> 16U) % 4)};
         if (move.panel != move.target) {
             moves.push_back(move);
         }
@@ -98,27 +99,32 @@ void floatAll(Tree& tree)
     }
 }
 
-void dockAll(Tree& tree)
+void dockAll(Tree& tree, Shape shape)
 {
-    for (std::size_t panel = 1; panel < kPanels; ++panel) {
-        tree.dock(panel, ui::bench::targetOf(panel), ui::bench::areaOf(panel));
-        drain();
+    for (const bool tabs : {false, true}) { // the first of each group before the others
+        for (std::size_t panel = 1; panel < kPanels; ++panel) {
+            const DockableArea area = ui::bench::areaOf(panel, shape);
+            if ((area == DockableArea::Center) == tabs) {
+                tree.dock(panel, ui::bench::targetOf(panel, shape), area);
+                drain();
+            }
+        }
     }
 }
 
-void measureChurn(ui::bench::Report& report, const std::string& name)
+void measureChurn(ui::bench::Report& report, Shape shape, const std::string& name)
 {
-    const auto ours = makeOurTree(Shape::Splits);
-    const auto bare = makeBareTree(Shape::Splits);
+    const auto ours = makeOurTree(shape);
+    const auto bare = makeBareTree(shape);
     floatAll(*ours);
     const qsizetype objects = objectsBelow(*ours);
-    dockAll(*ours);
+    dockAll(*ours, shape);
     floatAll(*bare);
-    dockAll(*bare);
+    dockAll(*bare, shape);
     Times ourTimes;
     Times bareTimes;
     bool oursFirst = false;
-    for (const Move& move : seededMoves(7)) {
+    for (const Move& move : seededMoves(7, shape)) {
         oursFirst = !oursFirst;
         oursFirst ? perform(*ours, move, ourTimes) : perform(*bare, move, bareTimes);
         oursFirst ? perform(*bare, move, bareTimes) : perform(*ours, move, ourTimes);
@@ -191,8 +197,8 @@ void measureShape(ui::bench::Report& report, Shape shape, const std::string& nam
     }
     const bool churn = report.wants(
         name + "-undock " + name + "-dock " + name + "-growth " + name + "-objects-left");
-    if (shape == Shape::Splits && churn) {
-        measureChurn(report, name);
+    if (shape != Shape::Flat && churn) { // a row is no row any more after a few
+        measureChurn(report, shape, name);
     }
     if (report.wants(name + "-resize")) {
         report.judge(name + "-resize", ratioOf(resizeInSteps, shape), "times", 1.3);

@@ -58,7 +58,12 @@ public:
     void undock(std::size_t panel) override { m_panels[panel]->undock(true); }
     void dock(std::size_t panel, std::size_t target, DockableArea area) override
     {
-        m_panels[target]->dockInArea(m_panels[panel], area);
+        DockableWindow* at = m_panels[target];
+        auto* tabs = qobject_cast<DockableTabGroup*>(at->findDockableParentGroup());
+        if (tabs && area == DockableArea::Center) {
+            at = tabs; // as the pointer finds it
+        }
+        at->dockInArea(m_panels[panel], area);
     }
     void switchTabs(int index) override
     {
@@ -73,7 +78,7 @@ private:
         if (i == 0 || shape == Shape::Flat) {
             m_root.dockInArea(m_panels[i], DockableArea::Right);
         } else if (shape == Shape::Splits) {
-            dock(i, targetOf(i), areaOf(i));
+            dock(i, targetOf(i, shape), areaOf(i, shape));
         }
         if (shape == Shape::Tabs) {
             if (i % kTabsInGroup == 0) {
@@ -110,35 +115,46 @@ public:
     void undock(std::size_t number) override
     {
         QWidget* panel = m_panels[number];
+        QTabWidget* tabs = tabsOf(panel);
         auto* from = qobject_cast<QSplitter*>(panel->parentWidget());
-        if (!from) {
+        if (!tabs && !from) {
             return;
         }
         const QPoint position = panel->mapToGlobal(QPoint());
         panel->setParent(&m_window, Qt::Window);
         panel->move(position);
         panel->show();
-        auto* above = qobject_cast<QSplitter*>(from->parentWidget());
-        if (above && from->count() < 2) {
-            const QList<int> sizes = above->sizes();
-            const int index = above->indexOf(from);
-            from->setParent(nullptr);
-            if (from->count() > 0) {
-                above->insertWidget(index, from->widget(0));
-                above->setSizes(sizes);
+        if (tabs && tabs->count() < 2) {
+            QWidget* last = tabs->widget(0);
+            dissolve(*tabs, last);
+            if (last) {
+                last->show();
             }
-            from->deleteLater();
+        } else if (from && from->count() < 2) {
+            dissolve(*from, from->widget(0));
         }
     }
     void dock(std::size_t number, std::size_t targetNumber, DockableArea area) override
     {
         QWidget* target = m_panels[targetNumber];
+        if (QTabWidget* tabs = tabsOf(target)) {
+            tabs->setCurrentIndex(tabs->addTab(m_panels[number], titleOf(number)));
+            return;
+        }
         auto* parent = qobject_cast<QSplitter*>(target->parentWidget());
         if (!parent) {
             return;
         }
         const QList<int> sizes = parent->sizes();
         const int index = parent->indexOf(target);
+        if (area == DockableArea::Center) {
+            auto* tabs = new QTabWidget;
+            tabs->addTab(target, titleOf(targetNumber));
+            tabs->setCurrentIndex(tabs->addTab(m_panels[number], titleOf(number)));
+            parent->insertWidget(index, tabs);
+            parent->setSizes(sizes);
+            return;
+        }
         auto* splitter =
             new QSplitter(ui::docking::isVertical(area) ? Qt::Vertical : Qt::Horizontal);
         splitter->setChildrenCollapsible(false);
@@ -156,6 +172,27 @@ public:
     }
 
 private:
+    static QTabWidget* tabsOf(QWidget* panel)
+    {
+        QWidget* stack = panel->parentWidget();
+        return stack ? qobject_cast<QTabWidget*>(stack->parentWidget()) : nullptr;
+    }
+    /// Gives the place of splitter or tabs to what is left in it, if anything is.
+    static void dissolve(QWidget& holder, QWidget* last)
+    {
+        auto* above = qobject_cast<QSplitter*>(holder.parentWidget());
+        if (!above) {
+            return;
+        }
+        const QList<int> sizes = above->sizes();
+        const int index = above->indexOf(&holder);
+        holder.setParent(nullptr);
+        if (last) {
+            above->insertWidget(index, last);
+            above->setSizes(sizes);
+        }
+        holder.deleteLater();
+    }
     /// With a row for its title, unless a tab has that.
     static QWidget* makePanel(std::size_t i, Shape shape)
     {
@@ -180,7 +217,7 @@ private:
         } else if (i == 0 || shape == Shape::Flat) {
             m_root->addWidget(m_panels[i]);
         } else {
-            dock(i, targetOf(i), areaOf(i));
+            dock(i, targetOf(i, shape), areaOf(i, shape));
         }
     }
 
@@ -202,13 +239,20 @@ std::unique_ptr<Tree> makeBareTree(Shape shape)
     return std::make_unique<BareTree>(shape);
 }
 
-std::size_t targetOf(std::size_t panel)
+std::size_t targetOf(std::size_t panel, Shape shape)
 {
+    const std::size_t inGroup = panel % kTabsInGroup;
+    if (shape == Shape::Tabs) {
+        return inGroup == 0 ? 0 : panel - inGroup;
+    }
     return panel / 2;
 }
 
-DockableArea areaOf(std::size_t panel)
+DockableArea areaOf(std::size_t panel, Shape shape)
 {
+    if (shape == Shape::Tabs && panel % kTabsInGroup != 0) {
+        return DockableArea::Center;
+    }
     return panel % 2 == 0 ? DockableArea::Right : DockableArea::Bottom;
 }
 

@@ -35,7 +35,7 @@ public:
     virtual QWidget& window() = 0;
     /// Makes the panel a window of its own and dissolves what held it, if that is needless now.
     virtual void undock(std::size_t panel) = 0;
-    /// Not for panels in tabs.
+    /// At the centre the panel becomes a tab, in front.
     virtual void dock(std::size_t panel, std::size_t target, DockableArea area) = 0;
     /// Brings a page of every tab group to the front.
     virtual void switchTabs(int index) = 0;
@@ -45,9 +45,9 @@ public:
 std::unique_ptr<Tree> makeOurTree(Shape shape);
 std::unique_ptr<Tree> makeBareTree(Shape shape);
 
-/// Where the panels of Shape::Splits go.
-std::size_t targetOf(std::size_t panel);
-DockableArea areaOf(std::size_t panel);
+/// Where the panels of a shape go, but for the first; those of a row as in Shape::Splits.
+std::size_t targetOf(std::size_t panel, Shape shape);
+DockableArea areaOf(std::size_t panel, Shape shape);
 
 /// Runs deferred deletes and everything else that is due.
 void drain();

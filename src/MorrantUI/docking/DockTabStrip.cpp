@@ -68,8 +68,10 @@ int DockTabStrip::activeIndex() const
 
 void DockTabStrip::insertTab(int index, DockableTabWidget* tab)
 {
+    m_tabs->setEnabled(false); // as it shows, the others would first be squeezed to make room
     m_tabs->insertWidget(index, tab);
     tab->show();
+    m_tabs->setEnabled(true);
     m_row->place();
 }
 

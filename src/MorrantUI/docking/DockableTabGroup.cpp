@@ -6,7 +6,7 @@
 
 #include <QBoxLayout>
 
-#include <algorithm>
+#include <set>
 
 static const QSizePolicy& noSay()
 {
@@ -171,14 +171,12 @@ void DockableTabGroup::letGoOf(int index)
 void DockableTabGroup::forgetTab(int index)
 {
     m_strip->removeTab(index);
-    std::erase_if(m_sizePolicies, [this](const auto& entry) {
-        const auto* const window = entry.first; // compared only: it may be on its way out
-        for (int i = 0; i < childCount(); ++i) {
-            if (getChild(i) == window) {
-                return false;
-            }
-        }
-        return true;
+    std::set<const QWidget*> left;
+    for (int i = 0; i < childCount(); ++i) {
+        left.insert(m_stack->widget(i));
+    }
+    std::erase_if(m_sizePolicies, [&left](const auto& entry) {
+        return !left.contains(entry.first); // compared only: it may be on its way out
     });
     if (indexOfChild(m_active) < 0) {
         m_active.clear();

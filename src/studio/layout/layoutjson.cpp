@@ -224,7 +224,9 @@ LayoutResult readLayout(const QByteArray& json)
     const QJsonDocument document = QJsonDocument::fromJson(json, &parsing);
     if (!document.isObject()) {
         const bool parsed = parsing.error == QJsonParseError::NoError;
-        return {{}, parsed ? LayoutReader::tr("it is no JSON object") : LayoutReader::tr("it is no JSON")};
+        return {
+            {},
+            parsed ? LayoutReader::tr("it is no JSON object") : LayoutReader::tr("it is no JSON")};
     }
     LayoutReader reader;
     Layout layout = reader.read(document.object());
