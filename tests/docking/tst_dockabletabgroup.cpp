@@ -373,6 +373,21 @@ void DockableTabGroupTest::pagesMayActAsTheyShowAndHide()
     settle();
     QCOMPARE(tree.text(), QStringLiteral("H(a T(b c d n) e)"));
     QVERIFY(panel->isFloating());
+
+    tabs.dockInArea(panel, Area::Center);
+    content->whenHidden = [&] { panel->undock(true); };
+    panel->undock(true); // which it does itself on the way
+    settle();
+    QCOMPARE(tree.text(), QStringLiteral("H(a T(b c d n) e)"));
+    newcomer->setText(QStringLiteral("m"));
+    ui::test::Hand hand; // its neighbour can still be torn out
+    hand.press(*tabs.tabAt(3), QPoint(8, 8));
+    hand.moveTo(tree.root().mapToGlobal(QPoint(200, tree.root().height() + 60)), 4);
+    hand.release();
+    settle();
+    QVERIFY(newcomer->isFloating());
+    tabs.dockInArea(newcomer, Area::Center);
+    tabs.setActiveIndex(0);
     QCOMPARE(brokenInvariants().join(u'\n'), QString());
 
     // By a key, whose tab had the focus.

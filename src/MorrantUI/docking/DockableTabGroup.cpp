@@ -137,16 +137,20 @@ bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
 
 DockableWindow* DockableTabGroup::takeChild(int index)
 {
-    DockableWindow* child = getChild(index);
+    const QPointer<DockableWindow> child = getChild(index);
     if (!child) {
         return nullptr;
     }
     ui::docking::LayoutChange change;
     change.note(*child);
     if (child == m_active) {
+        const QPointer<DockableTabGroup> self(this);
         setActiveIndex(index == 0 ? 1 : 0); // instead of the neighbour, which Qt would show
+        if (!self || indexOfChild(child) < 0) {
+            return child; // a page that heard of it has been quicker
+        }
     }
-    letGoOf(index);
+    letGoOf(indexOfChild(child));
     m_stack->removeWidget(child);
     release(*child);
     if (child->windowMode() == WindowMode::Panel) {
