@@ -3,7 +3,6 @@
 #include "docktrees.h"
 #include "themeassets.h"
 #include "timing.h"
-#include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <QApplication>
 #include <QWidget>
@@ -215,16 +214,9 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // The bare tree makes native children for a moment, of which the off-screen platform complains.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    ui::bench::Report report(argc, argv);
-    const QApplication app(argc, argv);
-    const QString assets = themeAssets();
-    if (assets.isEmpty()) {
-        return 1;
-    }
-    VisualDesignDark theme(assets);
-    theme.applyAppStyle();
-    measureShape(report, Shape::Splits, "docking");
-    measureShape(report, Shape::Flat, "docking-flat");
-    measureShape(report, Shape::Tabs, "docking-tabs");
-    return report.exitCode();
+    return benchWithTheme(argc, argv, [](ui::bench::Report& report) {
+        measureShape(report, Shape::Splits, "docking");
+        measureShape(report, Shape::Flat, "docking-flat");
+        measureShape(report, Shape::Tabs, "docking-tabs");
+    });
 }

@@ -164,18 +164,9 @@ void benchIdle(Report& report)
 
 int main(int argc, char** argv)
 {
-    Report report(argc, argv);
-    QApplication::setDesktopSettingsAware(false);
-    const QApplication app(argc, argv);
-    const QString assets = themeAssets();
-    if (assets.isEmpty()) {
-        return 1;
-    }
-    VisualDesignDark theme(assets);
-    theme.applyAppStyle();
-
-    benchBuilding(report);
-    benchScrubStep(report);
-    benchIdle(report);
-    return report.exitCode();
+    return benchWithTheme(argc, argv, [](ui::bench::Report& report) {
+        benchBuilding(report);
+        benchScrubStep(report);
+        benchIdle(report);
+    });
 }

@@ -107,18 +107,9 @@ void benchAdding(Report& report)
 
 int main(int argc, char** argv)
 {
-    Report report(argc, argv);
-    QApplication::setDesktopSettingsAware(false);
-    const QApplication app(argc, argv);
-    const QString assets = themeAssets();
-    if (assets.isEmpty()) {
-        return 1;
-    }
-    VisualDesignDark theme(assets);
-    theme.applyAppStyle();
-
-    benchSwitching(report, "tabbar-switch-1000", false);
-    benchSwitching(report, "tabbar-switch-painted-1000", true);
-    benchAdding(report);
-    return report.exitCode();
+    return benchWithTheme(argc, argv, [](ui::bench::Report& report) {
+        benchSwitching(report, "tabbar-switch-1000", false);
+        benchSwitching(report, "tabbar-switch-painted-1000", true);
+        benchAdding(report);
+    });
 }

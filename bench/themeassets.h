@@ -1,5 +1,9 @@
 #pragma once
 
+#include "Report.h"
+#include <MorrantUI/theme/VisualDesignDark.h>
+
+#include <QApplication>
 #include <QFile>
 #include <QString>
 
@@ -15,4 +19,20 @@ inline QString themeAssets()
     }
     std::fprintf(stderr, "no theme in %s\n", qPrintable(assets));
     return {};
+}
+
+/// The main function of a benchmark that needs nothing but an application in our theme.
+inline int benchWithTheme(int argc, char** argv, void (*bench)(ui::bench::Report& report))
+{
+    ui::bench::Report report(argc, argv);
+    QApplication::setDesktopSettingsAware(false);
+    const QApplication app(argc, argv);
+    const QString assets = themeAssets();
+    if (assets.isEmpty()) {
+        return 1;
+    }
+    VisualDesignDark theme(assets);
+    theme.applyAppStyle();
+    bench(report);
+    return report.exitCode();
 }
