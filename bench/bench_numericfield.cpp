@@ -2,7 +2,7 @@
 #include "themeassets.h"
 #include "timing.h"
 #include <MorrantUI/MorrantUI.h>
-#include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/controls/values/NumericField.h>
 
 #include <QApplication>
 #include <QDoubleSpinBox>

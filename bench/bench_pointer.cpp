@@ -1,9 +1,9 @@
+#include "MorrantUI/platform/PointerSystem.h"
 #include "Report.h"
 #include "allocations.h"
 #include "timing.h"
-#include <MorrantUI/controls/MouseWrapDragFilter.h>
-#include <MorrantUI/controls/pointermath.h>
-#include <MorrantUI/platform/PointerSystem.h>
+#include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
+#include <MorrantUI/controls/gestures/pointermath.h>
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>

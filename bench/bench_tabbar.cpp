@@ -2,7 +2,7 @@
 #include "themeassets.h"
 #include "timing.h"
 #include <MorrantUI/MorrantUI.h>
-#include <MorrantUI/docking/TabBar.h>
+#include <MorrantUI/docking/tabs/TabBar.h>
 
 #include <QApplication>
 #include <QHBoxLayout>

@@ -1,4 +1,4 @@
-#include <MorrantUI/log.h>
+#include "MorrantUI/log.h"
 
 #include <spdlog/spdlog.h>
 

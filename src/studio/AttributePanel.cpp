@@ -1,11 +1,11 @@
 #include "AttributePanel.h"
 
 #include "lottie/evaluate.h"
-#include <MorrantUI/controls/AttributeRow.h>
-#include <MorrantUI/controls/ColorSwatch.h>
-#include <MorrantUI/controls/KeyframeButton.h>
-#include <MorrantUI/controls/NumericField.h>
-#include <MorrantUI/docking/CollapsibleSection.h>
+#include <MorrantUI/controls/buttons/KeyframeButton.h>
+#include <MorrantUI/controls/values/AttributeRow.h>
+#include <MorrantUI/controls/values/ColorSwatch.h>
+#include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/docking/layouts/CollapsibleSection.h>
 
 #include <QApplication>
 #include <QKeyEvent>

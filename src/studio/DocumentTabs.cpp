@@ -4,9 +4,9 @@
 #include "Viewport.h"
 #include "discarding.h"
 #include "editing/DocumentEditor.h"
-#include <MorrantUI/controls/GroupButton.h>
-#include <MorrantUI/docking/TabBarHeader.h>
-#include <MorrantUI/docking/TabItem.h>
+#include <MorrantUI/controls/buttons/GroupButton.h>
+#include <MorrantUI/docking/tabs/TabBarHeader.h>
+#include <MorrantUI/docking/tabs/TabItem.h>
 
 #include <QFileInfo>
 #include <QPointer>

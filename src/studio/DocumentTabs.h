@@ -1,6 +1,6 @@
 #pragma once
 
-#include <MorrantUI/docking/TabBar.h>
+#include <MorrantUI/docking/tabs/TabBar.h>
 
 #include <QPointer>
 

@@ -1,7 +1,7 @@
 #include "controls/StyledApplication.h"
 #include "menus/answers.h"
 #include "support/TestCase.h"
-#include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/menus/dialogs.h>
 

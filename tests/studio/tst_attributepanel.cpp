@@ -9,10 +9,10 @@
 #include "support/paths.h"
 #include "support/pixels.h"
 #include "support/themes.h"
-#include <MorrantUI/controls/AttributeRow.h>
-#include <MorrantUI/controls/ColorSwatch.h>
-#include <MorrantUI/controls/KeyframeButton.h>
-#include <MorrantUI/controls/NumericField.h>
+#include <MorrantUI/controls/buttons/KeyframeButton.h>
+#include <MorrantUI/controls/values/AttributeRow.h>
+#include <MorrantUI/controls/values/ColorSwatch.h>
+#include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/eventfilters.h>
 

@@ -8,8 +8,8 @@
 #include "support/TestCase.h"
 #include "support/paths.h"
 #include "support/themes.h"
-#include <MorrantUI/docking/TabBarHeader.h>
-#include <MorrantUI/docking/TabItem.h>
+#include <MorrantUI/docking/tabs/TabBarHeader.h>
+#include <MorrantUI/docking/tabs/TabItem.h>
 #include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <MorrantUI/platform/PointerSystem.h>
+#include "MorrantUI/platform/PointerSystem.h"
 
 #include <QString>
 

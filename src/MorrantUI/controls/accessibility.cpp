@@ -1,4 +1,4 @@
-#include <MorrantUI/controls/accessibility.h>
+#include "MorrantUI/controls/accessibility.h"
 
 #include <QTextDocumentFragment>
 #include <QWidget>

@@ -1,6 +1,6 @@
-#include "AccessibleDocking.h"
+#include "MorrantUI/docking/AccessibleDocking.h"
 
-#include "DockTabStrip.h"
+#include "MorrantUI/docking/DockTabStrip.h"
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DockableWindow.h>

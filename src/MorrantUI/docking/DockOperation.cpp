@@ -1,8 +1,9 @@
-#include "DockOperation.h"
+#include "MorrantUI/docking/DockOperation.h"
 
-#include "GroupRoom.h"
+#include "MorrantUI/docking/GroupRoom.h"
+#include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/theme/FrozenUpdates.h"
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/docking/docktree.h>
 
 namespace ui::docking {
 

@@ -1,12 +1,12 @@
-#include "DockTabStrip.h"
+#include "MorrantUI/docking/DockTabStrip.h"
 
-#include "AccessibleDocking.h"
-#include "TabRow.h"
-#include "tabkeys.h"
-#include "tablook.h"
-#include <MorrantUI/controls/accessibility.h>
+#include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/docking/AccessibleDocking.h"
+#include "MorrantUI/docking/tabs/TabRow.h"
+#include "MorrantUI/docking/tabs/tabkeys.h"
+#include "MorrantUI/docking/tabs/tablook.h"
 #include <MorrantUI/docking/DockableTabWidget.h>
-#include <MorrantUI/docking/TabGradientOverlay.h>
+#include <MorrantUI/docking/tabs/TabGradientOverlay.h>
 
 #include <QBoxLayout>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include <MorrantUI/docking/DockableArea.h>
+#include "MorrantUI/docking/DockableArea.h"
 
 #include <array>
 

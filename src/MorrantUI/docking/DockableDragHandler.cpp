@@ -1,8 +1,9 @@
-#include <MorrantUI/docking/DockableDragHandler.h>
+#include "MorrantUI/docking/DockableDragHandler.h"
+
+#include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/panelkeys.h"
+#include "MorrantUI/platform/windowsystem.h"
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/docking/docktree.h>
-#include <MorrantUI/docking/panelkeys.h>
-#include <MorrantUI/platform/windowsystem.h>
 #include <MorrantUI/theme/eventfilters.h>
 #include <MorrantUI/theme/widgets.h>
 

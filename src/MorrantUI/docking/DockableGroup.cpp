@@ -1,9 +1,11 @@
-#include "GroupRoom.h"
-#include <MorrantUI/docking/DockableGroup.h>
+#include "MorrantUI/docking/DockableGroup.h"
+
+#include "MorrantUI/docking/GroupRoom.h"
+#include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/panelfocus.h"
+#include "MorrantUI/docking/shares.h"
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/SolidSplitter.h>
-#include <MorrantUI/docking/docktree.h>
-#include <MorrantUI/docking/shares.h>
 #include <MorrantUI/theme/screens.h>
 
 #include <QCloseEvent>

@@ -1,8 +1,9 @@
-#include "AccessibleDocking.h"
-#include "tablook.h"
-#include <MorrantUI/controls/accessibility.h>
-#include <MorrantUI/docking/DockableHeader.h>
-#include <MorrantUI/theme/style/shapes.h>
+#include "MorrantUI/docking/DockableHeader.h"
+
+#include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/docking/AccessibleDocking.h"
+#include "MorrantUI/docking/tabs/tablook.h"
+#include "MorrantUI/theme/style/shapes.h"
 
 #include <QPainter>
 

@@ -1,8 +1,9 @@
-#include "DockTabStrip.h"
-#include "PageStack.h"
-#include <MorrantUI/docking/DockableTabGroup.h>
+#include "MorrantUI/docking/DockableTabGroup.h"
+
+#include "MorrantUI/docking/DockTabStrip.h"
+#include "MorrantUI/docking/PageStack.h"
+#include "MorrantUI/docking/docktree.h"
 #include <MorrantUI/docking/DockableTabWidget.h>
-#include <MorrantUI/docking/docktree.h>
 
 #include <QBoxLayout>
 

@@ -1,4 +1,5 @@
-#include <MorrantUI/docking/DockableTabHeader.h>
+#include "MorrantUI/docking/DockableTabHeader.h"
+
 #include <MorrantUI/theme/colors.h>
 
 #include <QEvent>

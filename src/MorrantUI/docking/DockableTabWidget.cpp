@@ -1,11 +1,12 @@
-#include "AccessibleDocking.h"
-#include "TabLabel.h"
-#include "tablook.h"
-#include <MorrantUI/controls/accessibility.h>
-#include <MorrantUI/docking/DockableTabWidget.h>
-#include <MorrantUI/docking/tabreorder.h>
+#include "MorrantUI/docking/DockableTabWidget.h"
+
+#include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/docking/AccessibleDocking.h"
+#include "MorrantUI/docking/tabs/TabLabel.h"
+#include "MorrantUI/docking/tabs/tablook.h"
+#include "MorrantUI/theme/style/shapes.h"
+#include <MorrantUI/docking/tabs/tabreorder.h>
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/style/shapes.h>
 
 #include <QDragEnterEvent>
 #include <QHBoxLayout>

@@ -1,4 +1,5 @@
-#include <MorrantUI/docking/DockableToolBarHeader.h>
+#include "MorrantUI/docking/DockableToolBarHeader.h"
+
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/icons.h>
 

@@ -1,16 +1,17 @@
-#include "AccessibleDocking.h"
-#include "DockOperation.h"
-#include "GroupRoom.h"
-#include <MorrantUI/controls/accessibility.h>
+#include "MorrantUI/docking/DockableWindow.h"
+
+#include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/docking/AccessibleDocking.h"
+#include "MorrantUI/docking/DockOperation.h"
+#include "MorrantUI/docking/FlashFrame.h"
+#include "MorrantUI/docking/GroupRoom.h"
+#include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/panelfocus.h"
+#include "MorrantUI/docking/panelkeys.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
-#include <MorrantUI/docking/DockableWindow.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
-#include <MorrantUI/docking/FlashFrame.h>
 #include <MorrantUI/docking/WindowDimmer.h>
-#include <MorrantUI/docking/docktree.h>
-#include <MorrantUI/docking/panelfocus.h>
-#include <MorrantUI/docking/panelkeys.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/palettes.h>

@@ -1,4 +1,4 @@
-#include <MorrantUI/docking/DropIndicatorMain.h>
+#include "MorrantUI/docking/DropIndicatorMain.h"
 
 #include <QCursor>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include <MorrantUI/docking/FlashFrame.h>
+#include "MorrantUI/docking/FlashFrame.h"
 
 #include <QPainter>
 

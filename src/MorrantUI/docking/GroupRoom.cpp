@@ -1,8 +1,8 @@
-#include "GroupRoom.h"
+#include "MorrantUI/docking/GroupRoom.h"
 
+#include "MorrantUI/docking/shares.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/SolidSplitter.h>
-#include <MorrantUI/docking/shares.h>
 
 #include <numeric>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "arrivals.h"
+#include "MorrantUI/docking/arrivals.h"
 #include <MorrantUI/docking/DockableArea.h>
 
 #include <QList>

@@ -1,4 +1,4 @@
-#include "PageStack.h"
+#include "MorrantUI/docking/PageStack.h"
 
 #include <QPointer>
 

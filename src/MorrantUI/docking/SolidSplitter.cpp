@@ -1,6 +1,7 @@
-#include "AccessibleDocking.h"
-#include <MorrantUI/controls/accessibility.h>
-#include <MorrantUI/docking/SolidSplitter.h>
+#include "MorrantUI/docking/SolidSplitter.h"
+
+#include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/docking/AccessibleDocking.h"
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>

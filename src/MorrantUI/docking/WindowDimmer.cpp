@@ -1,4 +1,5 @@
-#include <MorrantUI/docking/WindowDimmer.h>
+#include "MorrantUI/docking/WindowDimmer.h"
+
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "arrivals.h"
+#include "MorrantUI/docking/arrivals.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,8 @@
+#include "MorrantUI/docking/docktree.h"
+
+#include "MorrantUI/docking/panelfocus.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
-#include <MorrantUI/docking/docktree.h>
-#include <MorrantUI/docking/panelfocus.h>
 
 #include <QApplication>
 
@@ -43,26 +44,6 @@ int& rearrangements()
 {
     static int depth = 0;
     return depth;
-}
-
-/// What has been given the focus in a window that the window system has yet to make active.
-QPointer<QWidget>& awaitedFocus()
-{
-    static QPointer<QWidget> widget;
-    return widget;
-}
-
-/// Where the focus goes from a page that lies behind another tab now.
-QWidget* inFrontOf(QWidget* hidden)
-{
-    DockableWindow* window = DockableWindow::findDockableParent(hidden);
-    for (; window; window = window->findDockableParent()) {
-        const auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(*window));
-        if (tabs && tabs->activeChild() && tabs->activeChild() != window) {
-            return focusTarget(*tabs->activeChild());
-        }
-    }
-    return nullptr;
 }
 
 void report(const Seen& seen)
@@ -195,46 +176,6 @@ Rearranging::~Rearranging()
 bool Rearranging::active()
 {
     return rearrangements() > 0;
-}
-
-FocusKeeper::FocusKeeper()
-    : m_isOnItsWay(awaitedFocus())
-    , m_focus(m_isOnItsWay ? awaitedFocus().data() : QApplication::focusWidget())
-    , m_wasActive(m_isOnItsWay || (m_focus && m_focus->isActiveWindow()))
-{}
-
-FocusKeeper::~FocusKeeper()
-{
-    QWidget* focus = m_focus && !m_focus->isVisible() ? inFrontOf(m_focus) : m_focus.data();
-    if (!focus || focus == QApplication::focusWidget() || !focus->isVisible()) {
-        return;
-    }
-    focus->setFocus(Qt::OtherFocusReason);
-    if (m_wasActive && (m_isOnItsWay || !focus->isActiveWindow())) {
-        focus->activateWindow();
-        awaitedFocus() = focus; // for operations that follow at once
-        QMetaObject::invokeMethod(
-            qApp, [] { awaitedFocus().clear(); }, Qt::QueuedConnection);
-    }
-}
-
-FrozenUpdates::FrozenUpdates(std::initializer_list<QWidget*> widgets)
-{
-    for (QWidget* widget : widgets) {
-        if (!widget->testAttribute(Qt::WA_ForceUpdatesDisabled)) {
-            widget->setUpdatesEnabled(false);
-            m_frozen.emplace_back(widget);
-        }
-    }
-}
-
-FrozenUpdates::~FrozenUpdates()
-{
-    for (const QPointer<QWidget>& widget : m_frozen) {
-        if (widget) {
-            widget->setUpdatesEnabled(true);
-        }
-    }
 }
 
 } // namespace ui::docking

@@ -1,11 +1,6 @@
 #pragma once
 
-#include <QList>
-#include <QPointer>
-#include <QWidget>
-
-#include <initializer_list>
-#include <vector>
+#include <QtGlobal>
 
 class DockableGroup;
 class DockableWindow;
@@ -55,32 +50,6 @@ public:
     Q_DISABLE_COPY_MOVE(Rearranging)
 
     static bool active();
-};
-
-/// Gives the keyboard focus back at its end: every change of parent takes it away.
-class FocusKeeper
-{
-public:
-    FocusKeeper();
-    ~FocusKeeper();
-    Q_DISABLE_COPY_MOVE(FocusKeeper)
-
-private:
-    bool m_isOnItsWay = false; ///< by an operation just before
-    QPointer<QWidget> m_focus;
-    bool m_wasActive = false;
-};
-
-/// Switches the painting of widgets off, and in the same order back to what each had before.
-class FrozenUpdates
-{
-public:
-    explicit FrozenUpdates(std::initializer_list<QWidget*> widgets);
-    ~FrozenUpdates();
-    Q_DISABLE_COPY_MOVE(FrozenUpdates)
-
-private:
-    std::vector<QPointer<QWidget>> m_frozen;
 };
 
 } // namespace ui::docking

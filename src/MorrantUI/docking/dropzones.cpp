@@ -1,4 +1,4 @@
-#include <MorrantUI/docking/dropzones.h>
+#include "MorrantUI/docking/dropzones.h"
 
 #include <QPolygonF>
 

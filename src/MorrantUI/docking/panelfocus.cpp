@@ -1,8 +1,9 @@
+#include "MorrantUI/docking/panelfocus.h"
+
+#include "MorrantUI/docking/docktree.h"
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
-#include <MorrantUI/docking/docktree.h>
-#include <MorrantUI/docking/panelfocus.h>
 
 #include <QApplication>
 #include <QPointer>
@@ -30,6 +31,26 @@ void noteFocus(QWidget* now)
     if (panel && panel->content() && isIn(*panel->content(), *now)) {
         panel->setProperty(kLastFocus, QVariant::fromValue(QPointer<QWidget>(now)));
     }
+}
+
+/// What has been given the focus in a window that the window system has yet to make active.
+QPointer<QWidget>& awaitedFocus()
+{
+    static QPointer<QWidget> widget;
+    return widget;
+}
+
+/// Where the focus goes from a page that lies behind another tab now.
+QWidget* inFrontOf(QWidget* hidden)
+{
+    DockableWindow* window = DockableWindow::findDockableParent(hidden);
+    for (; window; window = window->findDockableParent()) {
+        const auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(*window));
+        if (tabs && tabs->activeChild() && tabs->activeChild() != window) {
+            return focusTarget(*tabs->activeChild());
+        }
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -95,6 +116,27 @@ QWidget& titleWidget(DockableWindow& window)
     auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(window));
     DockableTabWidget* tab = tabs ? tabs->tabAt(tabs->indexOfChild(&window)) : nullptr;
     return tab ? static_cast<QWidget&>(*tab) : window;
+}
+
+FocusKeeper::FocusKeeper()
+    : m_isOnItsWay(awaitedFocus())
+    , m_focus(m_isOnItsWay ? awaitedFocus().data() : QApplication::focusWidget())
+    , m_wasActive(m_isOnItsWay || (m_focus && m_focus->isActiveWindow()))
+{}
+
+FocusKeeper::~FocusKeeper()
+{
+    QWidget* focus = m_focus && !m_focus->isVisible() ? inFrontOf(m_focus) : m_focus.data();
+    if (!focus || focus == QApplication::focusWidget() || !focus->isVisible()) {
+        return;
+    }
+    focus->setFocus(Qt::OtherFocusReason);
+    if (m_wasActive && (m_isOnItsWay || !focus->isActiveWindow())) {
+        focus->activateWindow();
+        awaitedFocus() = focus; // for operations that follow at once
+        QMetaObject::invokeMethod(
+            qApp, [] { awaitedFocus().clear(); }, Qt::QueuedConnection);
+    }
 }
 
 } // namespace ui::docking

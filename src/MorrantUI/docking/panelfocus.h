@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
+
 class DockableWindow;
-class QWidget;
 
 /// Where the keyboard is in a panel, or would be.
 namespace ui::docking {
@@ -24,5 +26,19 @@ void offerFocus(DockableWindow& panel);
 
 /// What shows the window's title: its header or else its tab; itself, if nothing does.
 QWidget& titleWidget(DockableWindow& window);
+
+/// Gives the keyboard focus back at its end: every change of parent takes it away.
+class FocusKeeper
+{
+public:
+    FocusKeeper();
+    ~FocusKeeper();
+    Q_DISABLE_COPY_MOVE(FocusKeeper)
+
+private:
+    bool m_isOnItsWay = false; ///< by an operation just before
+    QPointer<QWidget> m_focus;
+    bool m_wasActive = false;
+};
 
 } // namespace ui::docking

@@ -1,6 +1,7 @@
+#include "MorrantUI/docking/panelkeys.h"
+
+#include "MorrantUI/docking/panelfocus.h"
 #include <MorrantUI/docking/DockableWindow.h>
-#include <MorrantUI/docking/panelfocus.h>
-#include <MorrantUI/docking/panelkeys.h>
 #include <MorrantUI/docking/panelnavigation.h>
 
 #include <QApplication>

@@ -1,8 +1,9 @@
+#include "MorrantUI/docking/panelnavigation.h"
+
+#include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/panelfocus.h"
+#include "MorrantUI/docking/panelkeys.h"
 #include <MorrantUI/docking/DockableTabGroup.h>
-#include <MorrantUI/docking/docktree.h>
-#include <MorrantUI/docking/panelfocus.h>
-#include <MorrantUI/docking/panelkeys.h>
-#include <MorrantUI/docking/panelnavigation.h>
 #include <MorrantUI/theme/eventfilters.h>
 
 #include <QApplication>

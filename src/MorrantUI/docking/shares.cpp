@@ -1,4 +1,4 @@
-#include <MorrantUI/docking/shares.h>
+#include "MorrantUI/docking/shares.h"
 
 #include <algorithm>
 #include <numeric>

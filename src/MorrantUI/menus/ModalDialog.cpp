@@ -1,4 +1,4 @@
-#include <MorrantUI/menus/ModalDialog.h>
+#include "MorrantUI/menus/ModalDialog.h"
 
 #include <QApplication>
 #include <QLabel>

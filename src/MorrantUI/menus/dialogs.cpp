@@ -1,7 +1,8 @@
-#include <MorrantUI/controls/LineEdit.h>
-#include <MorrantUI/controls/NumericField.h>
+#include "MorrantUI/menus/dialogs.h"
+
+#include <MorrantUI/controls/values/LineEdit.h>
+#include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/menus/ModalDialog.h>
-#include <MorrantUI/menus/dialogs.h>
 
 #include <QApplication>
 #include <QLabel>

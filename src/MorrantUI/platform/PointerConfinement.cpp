@@ -1,6 +1,6 @@
-#include "PointerConfinement.h"
+#include "MorrantUI/platform/PointerConfinement.h"
 
-#include <MorrantUI/platform/PointerSystem.h>
+#include "MorrantUI/platform/PointerSystem.h"
 
 #include <algorithm>
 #include <vector>

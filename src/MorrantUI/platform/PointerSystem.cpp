@@ -1,6 +1,6 @@
-#include "PointerSystem.h"
+#include "MorrantUI/platform/PointerSystem.h"
 
-#include <MorrantUI/log.h>
+#include "MorrantUI/log.h"
 #include <MorrantUI/theme/OverrideCursor.h>
 
 #include <QGuiApplication>

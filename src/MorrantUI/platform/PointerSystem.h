@@ -1,7 +1,7 @@
 #pragma once
 
-#include <MorrantUI/controls/pointermath.h>
 #include <MorrantUI/morrantui_export.h>
+#include <MorrantUI/platform/RawMouseRecord.h>
 
 #include <QByteArray>
 #include <QPoint>

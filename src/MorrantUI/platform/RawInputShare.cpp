@@ -1,4 +1,4 @@
-#include "RawInputShare.h"
+#include "MorrantUI/platform/RawInputShare.h"
 
 namespace morrant::native {
 

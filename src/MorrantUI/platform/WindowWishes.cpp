@@ -1,6 +1,6 @@
-#include "WindowWishes.h"
+#include "MorrantUI/platform/WindowWishes.h"
 
-#include <MorrantUI/platform/windowsystem.h>
+#include "MorrantUI/platform/windowsystem.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
-#include "native.h"
+#include "MorrantUI/platform/native.h"
 
-#include <MorrantUI/platform/WindowWishes.h>
+#include "MorrantUI/platform/WindowWishes.h"
 
 #include <QFileInfo>
 #include <QFontDatabase>

@@ -1,7 +1,7 @@
-#include "notifications.h"
+#include "MorrantUI/platform/notifications.h"
 
-#include <MorrantUI/log.h>
-#include <MorrantUI/platform/activationcallback.h>
+#include "MorrantUI/log.h"
+#include "MorrantUI/platform/activationcallback.h"
 
 #include <QCoreApplication>
 #include <QThread>

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/FocusFrame.h>
+#include "MorrantUI/theme/FocusFrame.h"
 
 #include <QPainter>
 

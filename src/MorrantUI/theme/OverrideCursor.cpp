@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/OverrideCursor.h>
+#include "MorrantUI/theme/OverrideCursor.h"
 
 #include <QGuiApplication>
 

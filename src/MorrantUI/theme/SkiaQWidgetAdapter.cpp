@@ -1,4 +1,5 @@
-#include <MorrantUI/theme/SkiaQWidgetAdapter.h>
+#include "MorrantUI/theme/SkiaQWidgetAdapter.h"
+
 #include <MorrantUI/theme/pixels.h>
 
 #include <Core/ShapeRendering.h>

@@ -1,10 +1,11 @@
-#include <MorrantUI/theme/Style.h>
-#include <MorrantUI/theme/style/dispatch.h>
-#include <MorrantUI/theme/style/metrics.h>
-#include <MorrantUI/theme/style/shades.h>
-#include <MorrantUI/theme/style/shapes.h>
-#include <MorrantUI/theme/style/sharpicons.h>
-#include <MorrantUI/theme/style/standardicons.h>
+#include "MorrantUI/theme/Style.h"
+
+#include "MorrantUI/theme/style/dispatch.h"
+#include "MorrantUI/theme/style/metrics.h"
+#include "MorrantUI/theme/style/shades.h"
+#include "MorrantUI/theme/style/shapes.h"
+#include "MorrantUI/theme/style/sharpicons.h"
+#include "MorrantUI/theme/style/standardicons.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>

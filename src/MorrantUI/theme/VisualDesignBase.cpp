@@ -1,6 +1,7 @@
-#include <MorrantUI/log.h>
-#include <MorrantUI/theme/VisualDesignBase.h>
-#include <MorrantUI/theme/currenttheme.h>
+#include "MorrantUI/theme/VisualDesignBase.h"
+
+#include "MorrantUI/log.h"
+#include "MorrantUI/theme/currenttheme.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,5 +1,6 @@
+#include "MorrantUI/theme/VisualDesignDark.h"
+
 #include <MorrantUI/theme/Style.h>
-#include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <Core/FontRegistry.h>

@@ -1,4 +1,5 @@
-#include <MorrantUI/theme/Widget.h>
+#include "MorrantUI/theme/Widget.h"
+
 #include <MorrantUI/theme/painting.h>
 #include <MorrantUI/theme/palettes.h>
 

@@ -1,6 +1,7 @@
+#include "MorrantUI/theme/colors.h"
+
+#include "MorrantUI/theme/currenttheme.h"
 #include <MorrantUI/theme/VisualDesignBase.h>
-#include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/currenttheme.h>
 
 #include <include/core/SkColor.h>
 

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/eventfilters.h>
+#include "MorrantUI/theme/eventfilters.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/events.h>
+#include "MorrantUI/theme/events.h"
 
 #include <QCoreApplication>
 

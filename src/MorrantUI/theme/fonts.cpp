@@ -1,6 +1,7 @@
+#include "MorrantUI/theme/fonts.h"
+
+#include "MorrantUI/theme/currenttheme.h"
 #include <MorrantUI/theme/VisualDesignBase.h>
-#include <MorrantUI/theme/currenttheme.h>
-#include <MorrantUI/theme/fonts.h>
 
 namespace ui {
 

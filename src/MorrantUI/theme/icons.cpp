@@ -1,6 +1,7 @@
+#include "MorrantUI/theme/icons.h"
+
+#include "MorrantUI/theme/currenttheme.h"
 #include <MorrantUI/theme/VisualDesignBase.h>
-#include <MorrantUI/theme/currenttheme.h>
-#include <MorrantUI/theme/icons.h>
 
 #include <QFileInfo>
 

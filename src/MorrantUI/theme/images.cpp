@@ -1,5 +1,6 @@
+#include "MorrantUI/theme/images.h"
+
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/images.h>
 
 #include <QBuffer>
 #include <QPainter>

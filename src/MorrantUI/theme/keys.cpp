@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/keys.h>
+#include "MorrantUI/theme/keys.h"
 
 namespace ui {
 

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/painting.h>
+#include "MorrantUI/theme/painting.h"
 
 #include <QFontMetrics>
 #include <QPainter>

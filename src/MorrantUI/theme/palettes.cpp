@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/palettes.h>
+#include "MorrantUI/theme/palettes.h"
 
 #include <QWidget>
 

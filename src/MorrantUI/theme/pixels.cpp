@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/pixels.h>
+#include "MorrantUI/theme/pixels.h"
 
 #include <QImage>
 #include <QPaintDevice>

@@ -1,6 +1,7 @@
+#include "MorrantUI/theme/preferences.h"
+
+#include "MorrantUI/theme/currenttheme.h"
 #include <MorrantUI/theme/VisualDesignBase.h>
-#include <MorrantUI/theme/currenttheme.h>
-#include <MorrantUI/theme/preferences.h>
 
 namespace ui {
 

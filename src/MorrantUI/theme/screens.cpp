@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/screens.h>
+#include "MorrantUI/theme/screens.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,5 +1,6 @@
+#include "MorrantUI/theme/stylesheets.h"
+
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/stylesheets.h>
 
 #include <QColor>
 

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/widgets.h>
+#include "MorrantUI/theme/widgets.h"
 
 #include <QApplication>
 

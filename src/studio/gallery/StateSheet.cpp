@@ -1,7 +1,7 @@
 #include "gallery/StateSheet.h"
 
 #include "gallery/sections.h"
-#include <MorrantUI/controls/RenamableLabel.h>
+#include <MorrantUI/controls/values/RenamableLabel.h>
 
 #include <QEvent>
 #include <QGridLayout>

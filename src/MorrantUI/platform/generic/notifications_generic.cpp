@@ -1,4 +1,4 @@
-#include <MorrantUI/log.h>
+#include "MorrantUI/log.h"
 #include <MorrantUI/platform/notifications.h>
 
 static void logUnsupported()

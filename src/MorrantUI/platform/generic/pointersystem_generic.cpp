@@ -1,4 +1,4 @@
-#include <MorrantUI/platform/PointerSystem.h>
+#include "MorrantUI/platform/PointerSystem.h"
 
 #include <QCursor>
 #include <QGuiApplication>

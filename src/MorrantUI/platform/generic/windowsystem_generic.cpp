@@ -1,4 +1,4 @@
-#include <MorrantUI/platform/windowsystem.h>
+#include "MorrantUI/platform/windowsystem.h"
 
 #include <QGuiApplication>
 #include <QWindow>

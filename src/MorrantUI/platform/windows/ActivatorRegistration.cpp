@@ -1,8 +1,8 @@
-#include "ActivatorRegistration.h"
+#include "MorrantUI/platform/windows/ActivatorRegistration.h"
 
+#include "MorrantUI/platform/windows/NotificationActivator.h"
+#include "MorrantUI/platform/windows/launchcommand.h"
 #include <MorrantUI/platform/notifications.h>
-#include <MorrantUI/platform/windows/NotificationActivator.h>
-#include <MorrantUI/platform/windows/launchcommand.h>
 
 #include <objbase.h>
 

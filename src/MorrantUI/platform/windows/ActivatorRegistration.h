@@ -1,6 +1,6 @@
 #pragma once
 
-#include <MorrantUI/platform/windows/Apartment.h>
+#include "MorrantUI/platform/windows/Apartment.h"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
-#include "Apartment.h"
+#include "MorrantUI/platform/windows/Apartment.h"
 
-#include <MorrantUI/platform/windows/winrt.h>
+#include "MorrantUI/platform/windows/winrt.h"
 
 namespace morrant::native {
 

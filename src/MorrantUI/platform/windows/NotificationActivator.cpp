@@ -1,6 +1,6 @@
-#include "NotificationActivator.h"
+#include "MorrantUI/platform/windows/NotificationActivator.h"
 
-#include <MorrantUI/platform/activationcallback.h>
+#include "MorrantUI/platform/activationcallback.h"
 
 #include <memory>
 

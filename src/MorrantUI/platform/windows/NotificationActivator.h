@@ -1,7 +1,7 @@
 #pragma once
 
-#include <MorrantUI/platform/windows/ComPointer.h>
-#include <MorrantUI/platform/windows/toastinterfaces.h>
+#include "MorrantUI/platform/windows/ComPointer.h"
+#include "MorrantUI/platform/windows/toastinterfaces.h"
 
 #include <atomic>
 

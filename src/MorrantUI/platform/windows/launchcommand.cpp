@@ -1,4 +1,4 @@
-#include "launchcommand.h"
+#include "MorrantUI/platform/windows/launchcommand.h"
 
 #include <windows.h>
 

@@ -1,8 +1,8 @@
-#include <MorrantUI/log.h>
+#include "MorrantUI/log.h"
+#include "MorrantUI/platform/windows/ActivatorRegistration.h"
+#include "MorrantUI/platform/windows/systemlibrary.h"
+#include "MorrantUI/platform/windows/toast.h"
 #include <MorrantUI/platform/notifications.h>
-#include <MorrantUI/platform/windows/ActivatorRegistration.h>
-#include <MorrantUI/platform/windows/systemlibrary.h>
-#include <MorrantUI/platform/windows/toast.h>
 
 #include <Core/native.h>
 

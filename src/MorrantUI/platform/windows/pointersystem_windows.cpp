@@ -1,5 +1,6 @@
-#include <MorrantUI/log.h>
-#include <MorrantUI/platform/PointerSystem.h>
+#include "MorrantUI/platform/PointerSystem.h"
+
+#include "MorrantUI/log.h"
 
 #include <QGuiApplication>
 

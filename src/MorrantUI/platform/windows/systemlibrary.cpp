@@ -1,4 +1,4 @@
-#include "systemlibrary.h"
+#include "MorrantUI/platform/windows/systemlibrary.h"
 
 namespace morrant::native {
 

@@ -1,10 +1,10 @@
-#include "toast.h"
+#include "MorrantUI/platform/windows/toast.h"
 
-#include <MorrantUI/log.h>
+#include "MorrantUI/log.h"
+#include "MorrantUI/platform/windows/Apartment.h"
+#include "MorrantUI/platform/windows/toastinterfaces.h"
+#include "MorrantUI/platform/windows/winrt.h"
 #include <MorrantUI/platform/notifications.h>
-#include <MorrantUI/platform/windows/Apartment.h>
-#include <MorrantUI/platform/windows/toastinterfaces.h>
-#include <MorrantUI/platform/windows/winrt.h>
 
 namespace morrant::native {
 

@@ -1,5 +1,6 @@
-#include <MorrantUI/platform/windows/systemlibrary.h>
-#include <MorrantUI/platform/windowsystem.h>
+#include "MorrantUI/platform/windowsystem.h"
+
+#include "MorrantUI/platform/windows/systemlibrary.h"
 
 #include <QGuiApplication>
 #include <QWindow>

@@ -1,6 +1,6 @@
-#include "winrt.h"
+#include "MorrantUI/platform/windows/winrt.h"
 
-#include <MorrantUI/platform/windows/systemlibrary.h>
+#include "MorrantUI/platform/windows/systemlibrary.h"
 
 #include <roapi.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <MorrantUI/platform/windows/ComPointer.h>
+#include "MorrantUI/platform/windows/ComPointer.h"
 
 #include <inspectable.h>
 #include <string_view>

@@ -1,7 +1,7 @@
-#include <MorrantUI/theme/style/elements.h>
-#include <MorrantUI/theme/style/shades.h>
-#include <MorrantUI/theme/style/shapes.h>
-#include <MorrantUI/theme/style/sharpicons.h>
+#include "MorrantUI/theme/style/elements.h"
+#include "MorrantUI/theme/style/shades.h"
+#include "MorrantUI/theme/style/shapes.h"
+#include "MorrantUI/theme/style/sharpicons.h"
 
 #include <QPainter>
 

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/style/dispatch.h>
+#include "MorrantUI/theme/style/dispatch.h"
 
 namespace ui::style {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <MorrantUI/theme/style/elements.h>
+#include "MorrantUI/theme/style/elements.h"
 
 namespace ui::style {
 

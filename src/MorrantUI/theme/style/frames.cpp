@@ -1,6 +1,6 @@
-#include <MorrantUI/theme/style/elements.h>
-#include <MorrantUI/theme/style/shades.h>
-#include <MorrantUI/theme/style/shapes.h>
+#include "MorrantUI/theme/style/elements.h"
+#include "MorrantUI/theme/style/shades.h"
+#include "MorrantUI/theme/style/shapes.h"
 
 #include <QAbstractScrollArea>
 #include <QFrame>

@@ -1,9 +1,9 @@
+#include "MorrantUI/theme/style/elements.h"
+#include "MorrantUI/theme/style/metrics.h"
+#include "MorrantUI/theme/style/shades.h"
+#include "MorrantUI/theme/style/shapes.h"
+#include "MorrantUI/theme/style/sharpicons.h"
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/style/elements.h>
-#include <MorrantUI/theme/style/metrics.h>
-#include <MorrantUI/theme/style/shades.h>
-#include <MorrantUI/theme/style/shapes.h>
-#include <MorrantUI/theme/style/sharpicons.h>
 
 #include <QPainter>
 

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/style/metrics.h>
+#include "MorrantUI/theme/style/metrics.h"
 
 #include <QStyleOption>
 

@@ -1,4 +1,4 @@
-#include <MorrantUI/theme/style/pixelgrid.h>
+#include "MorrantUI/theme/style/pixelgrid.h"
 
 #include <QPainter>
 

@@ -1,6 +1,7 @@
-#include <MorrantUI/theme/style/pixelgrid.h>
-#include <MorrantUI/theme/style/shades.h>
-#include <MorrantUI/theme/style/shapes.h>
+#include "MorrantUI/theme/style/shapes.h"
+
+#include "MorrantUI/theme/style/pixelgrid.h"
+#include "MorrantUI/theme/style/shades.h"
 
 #include <QPainter>
 #include <QPen>

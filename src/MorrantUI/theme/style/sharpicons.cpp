@@ -1,6 +1,7 @@
-#include <MorrantUI/theme/style/pixelgrid.h>
-#include <MorrantUI/theme/style/shapes.h>
-#include <MorrantUI/theme/style/sharpicons.h>
+#include "MorrantUI/theme/style/sharpicons.h"
+
+#include "MorrantUI/theme/style/pixelgrid.h"
+#include "MorrantUI/theme/style/shapes.h"
 
 #include <QIconEngine>
 #include <QPainter>

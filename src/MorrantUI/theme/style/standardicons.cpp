@@ -1,5 +1,6 @@
+#include "MorrantUI/theme/style/standardicons.h"
+
 #include <MorrantUI/theme/icons.h>
-#include <MorrantUI/theme/style/standardicons.h>
 
 namespace ui::style {
 

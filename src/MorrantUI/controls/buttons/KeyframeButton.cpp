@@ -1,0 +1,90 @@
+#include "MorrantUI/controls/buttons/KeyframeButton.h"
+
+#include "MorrantUI/controls/buttons/buttonlook.h"
+#include "MorrantUI/theme/style/pixelgrid.h"
+#include "MorrantUI/theme/style/shades.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPen>
+
+namespace {
+
+constexpr double kReach = 0.37;    ///< from the diamond's centre to a corner, of an indicator
+constexpr double kLineWidth = 1.5; ///< logical pixels
+constexpr double kDimmed = 0.5;    ///< strength of the outline while nothing is animated
+
+QPainterPath diamond(const QPointF& center, double reach)
+{
+    QPainterPath path(center + QPointF(0, -reach));
+    path.lineTo(center + QPointF(reach, 0));
+    path.lineTo(center + QPointF(0, reach));
+    path.lineTo(center + QPointF(-reach, 0));
+    path.closeSubpath();
+    return path;
+}
+
+} // namespace
+
+KeyframeButton::KeyframeButton(QWidget* parent)
+    : RowButton(parent)
+{
+    describeState();
+}
+
+KeyframeButton::~KeyframeButton() = default;
+
+void KeyframeButton::setState(State state)
+{
+    if (m_state != state) {
+        m_state = state;
+        describeState();
+        update();
+    }
+}
+
+void KeyframeButton::paintMark(QPainter& painter)
+{
+    const ui::style::Mood mood = ui::style::moodOf(ui::buttonOption(*this));
+    const bool isAnimated = m_state != State::None;
+    QColor color = isAnimated ? ui::style::focusColor() : palette().color(QPalette::ButtonText);
+    if (!isAnimated && !mood.hovered) {
+        color = ui::style::translucent(color, kDimmed);
+    }
+    color = ui::style::ink(color, mood);
+
+    const QPointF center = ui::style::PixelGrid(painter).snap(rect()).center();
+    const QPainterPath shape = diamond(center, kReach * ui::indicatorHeight(*this));
+    const QPen line(color, kLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
+    if (m_state == State::KeyAtFrame) {
+        painter.fillPath(shape, color);
+    }
+    if (m_state != State::KeyAtFrame || mood.enabled) {
+        painter.strokePath(shape, line);
+    }
+}
+
+void KeyframeButton::changeEvent(QEvent* event)
+{
+    RowButton::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        describeState();
+    }
+}
+
+void KeyframeButton::describeState()
+{
+    const bool hasKey = m_state == State::KeyAtFrame;
+    const QString action =
+        hasKey ? tr("Remove the keyframe at this frame") : tr("Set a keyframe at this frame");
+    if (toolTip() == m_ownToolTip) {
+        m_ownToolTip = action;
+        setToolTip(action);
+    }
+    switch (m_state) {
+    case State::None: setAccessibleDescription(tr("Not animated")); break;
+    case State::Animated: setAccessibleDescription(tr("Animated")); break;
+    case State::KeyAtFrame: setAccessibleDescription(tr("Keyframe at this frame")); break;
+    }
+}

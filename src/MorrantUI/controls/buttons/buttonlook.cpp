@@ -1,0 +1,99 @@
+#include "MorrantUI/controls/buttons/buttonlook.h"
+
+#include "MorrantUI/theme/style/metrics.h"
+#include "MorrantUI/theme/style/pixelgrid.h"
+#include "MorrantUI/theme/style/shades.h"
+#include "MorrantUI/theme/style/shapes.h"
+#include "MorrantUI/theme/style/sharpicons.h"
+#include <MorrantUI/theme/icons.h>
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QFontInfo>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace ui {
+
+namespace {
+
+style::Metrics metricsOf(const QWidget& widget)
+{
+    return style::Metrics(QFontInfo(widget.font()).pixelSize());
+}
+
+QPixmap inColor(const QPixmap& mask, const QColor& color)
+{
+    QPixmap colored = mask;
+    QPainter painter(&colored);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRect(QPoint(), mask.size()), color);
+    return colored;
+}
+
+} // namespace
+
+int rowHeight(const QWidget& widget)
+{
+    return metricsOf(widget).rowHeight();
+}
+
+int indicatorHeight(const QWidget& widget)
+{
+    return metricsOf(widget).indicator();
+}
+
+QIcon namedIcon(const QString& name)
+{
+    return name.isEmpty() ? QIcon() : getCachedIcon(name);
+}
+
+QStyleOption buttonOption(const QAbstractButton& button)
+{
+    QStyleOption option;
+    option.initFrom(&button);
+    option.state.setFlag(QStyle::State_Sunken, button.isDown());
+    option.state.setFlag(QStyle::State_On, button.isChecked());
+    return option;
+}
+
+void drawMasked(
+    QPainter& painter, const QRectF& rect, const QIcon& icon, const QColor& color, bool enabled)
+{
+    const QSize size = rect.size().toSize();
+    const double ratio = std::ceil(style::PixelGrid(painter).scale());
+    const QPixmap pixmap = icon.pixmap(size, ratio);
+    if (pixmap.isNull()) {
+        return;
+    }
+    QRectF place({}, pixmap.deviceIndependentSize());
+    place.moveCenter(rect.center());
+    const style::PainterState state(painter);
+    painter.setOpacity(painter.opacity() * (enabled ? 1.0 : style::kDisabledOpacity));
+    style::drawSharp(painter, place, color.isValid() ? inColor(pixmap, color) : pixmap);
+}
+
+bool isReturn(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool clickOnReturn(QAbstractButton& button, const QKeyEvent& event)
+{
+    if (!isReturn(event) || (event.modifiers() & ~Qt::KeypadModifier)) {
+        return false;
+    }
+    if (!event.isAutoRepeat()) {
+        button.click();
+    }
+    return true;
+}
+
+bool switchOnReturn(QAbstractButton& button, const QKeyEvent& event)
+{
+    return !qobject_cast<QDialog*>(button.window()) && clickOnReturn(button, event);
+}
+
+} // namespace ui

@@ -1,0 +1,260 @@
+#include "MorrantUI/controls/values/AttributeFields.h"
+
+#include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/controls/values/valueformat.h>
+
+#include <QEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+QString textFor(const NumericField& field, double value)
+{
+    return ui::formatValue(value, {field.getMin(), field.getMax(), field.isInteger()});
+}
+
+bool shows(const NumericField& field, double value)
+{
+    return field.value() == textFor(field, value).toDouble();
+}
+
+bool isTyping(const NumericField& field)
+{
+    return field.hasFocus() && !field.isReadOnly();
+}
+
+} // namespace
+
+AttributeFields::AttributeFields(QObject* parent)
+    : QObject(parent)
+{}
+
+AttributeFields::~AttributeFields() = default;
+
+NumericField* AttributeFields::add(double value, QWidget* parent)
+{
+    const int index = count();
+    auto* editor = new NumericField(0.0, parent);
+    editor->setFieldType(NumericField::FloatingPoint);
+    editor->setValue(value);
+    editor->installEventFilter(this);
+    connect(editor, &NumericField::valueChanged, this, [this, index](bool committed) {
+        fieldChanged(index, committed);
+    });
+    connect(editor, &NumericField::dragStateChanged, this, [this, index](bool dragging) {
+        fieldDragged(index, dragging);
+    });
+    Field& added = m_fields.emplace_back();
+    added.editor = editor;
+    added.defaultValue = std::isfinite(value) ? value : 0.0;
+    rememberValues();
+    return editor;
+}
+
+const AttributeFields::Field* AttributeFields::find(int index) const
+{
+    if (index < 0 || index >= count()) {
+        return nullptr;
+    }
+    const Field& field = m_fields[static_cast<std::size_t>(index)];
+    return field.editor != nullptr ? &field : nullptr;
+}
+
+AttributeFields::Field* AttributeFields::find(int index)
+{
+    return const_cast<Field*>(std::as_const(*this).find(index));
+}
+
+NumericField* AttributeFields::at(int index) const
+{
+    const Field* const field = find(index);
+    return field != nullptr ? field->editor.data() : nullptr;
+}
+
+void AttributeFields::setValue(int index, double value)
+{
+    Field* const field = find(index);
+    if (field == nullptr || std::isnan(value)) {
+        return;
+    }
+    if (isTyping(*field->editor) && field->editor->isModified()) {
+        field->pending = value;
+        return;
+    }
+    if (field->editor->text() != textFor(*field->editor, value)) { // else the selection would go
+        field->editor->setValue(value);
+    }
+    rememberValues();
+}
+
+void AttributeFields::setDefaultValue(int index, double value)
+{
+    Field* const field = find(index);
+    if (field != nullptr && std::isfinite(value)) {
+        field->defaultValue = value;
+    }
+}
+
+bool AttributeFields::areAtDefault() const
+{
+    return std::all_of(m_fields.begin(), m_fields.end(), [](const Field& field) {
+        return field.editor == nullptr || shows(*field.editor, field.defaultValue);
+    });
+}
+
+std::vector<int> AttributeFields::showDefaults()
+{
+    std::vector<int> reset;
+    for (int i = 0; i < count(); ++i) {
+        Field* const field = find(i);
+        if (field == nullptr) {
+            continue;
+        }
+        field->pending.reset(); // and what is being typed gives way, too
+        if (!shows(*field->editor, field->defaultValue)) {
+            field->editor->setValue(field->defaultValue);
+            reset.push_back(i);
+        }
+    }
+    rememberValues();
+    return reset;
+}
+
+void AttributeFields::commitTyping()
+{
+    const QPointer<AttributeFields> self(this);
+    for (int i = 0; self != nullptr && i < count(); ++i) {
+        NumericField* const editor = at(i);
+        if (editor != nullptr && isTyping(*editor)) {
+            editor->enterText(editor->text());
+        }
+    }
+}
+
+void AttributeFields::report(int index, bool committed)
+{
+    if (Field* const field = find(index)) {
+        field->uncommitted = !committed;
+        Q_EMIT changed(index, committed);
+    }
+}
+
+bool AttributeFields::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut) {
+        // The field still has to commit or take back what was typed.
+        QMetaObject::invokeMethod(this, &AttributeFields::showPending, Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void AttributeFields::fieldChanged(int index, bool committed)
+{
+    Field* const field = find(index);
+    if (field == nullptr) {
+        return;
+    }
+    if (committed) {
+        field->pending.reset();
+    }
+    std::vector<int> moved{index};
+    if (m_locked) {
+        const std::vector<int> others = scaleOthers(index);
+        moved.insert(moved.end(), others.begin(), others.end());
+    }
+    const QPointer<AttributeFields> self(this);
+    for (const int reported : moved) {
+        if (self != nullptr) {
+            report(reported, committed);
+        }
+    }
+    if (self != nullptr && committed) {
+        commitSteps();
+    }
+    if (self != nullptr) {
+        rememberValues();
+    }
+}
+
+void AttributeFields::fieldDragged(int index, bool dragging)
+{
+    if (find(index) == nullptr || find(index)->dragging == dragging) {
+        return; // a context menu ends drags that were none
+    }
+    if (dragging) {
+        rememberValues(); // before it counts as a drag
+        find(index)->dragging = true;
+    } else {
+        const QPointer<AttributeFields> self(this);
+        commitSteps();
+        if (self == nullptr || find(index) == nullptr) {
+            return;
+        }
+        find(index)->dragging = false;
+        rememberValues();
+    }
+    Q_EMIT dragged(index, dragging);
+}
+
+/// Scales the other fields by the factor of the one that has changed.
+/// @return which of them have changed
+std::vector<int> AttributeFields::scaleOthers(int index)
+{
+    const Field& leader = *find(index);
+    const double factor = leader.editor->value() / leader.before;
+    std::vector<int> moved;
+    for (int i = 0; std::isfinite(factor) && i < count(); ++i) {
+        const Field* const follower = find(i);
+        if (i != index && follower != nullptr) {
+            const double target = follower->before * factor;
+            if (!shows(*follower->editor, target)) {
+                follower->editor->setValue(target);
+                moved.push_back(i);
+            }
+        }
+    }
+    return moved;
+}
+
+/// Completes the change of every field that has taken steps and come to another value.
+void AttributeFields::commitSteps()
+{
+    const QPointer<AttributeFields> self(this);
+    for (int i = 0; self != nullptr && i < count(); ++i) {
+        Field* const field = find(i);
+        if (field == nullptr || !field->uncommitted) {
+            continue;
+        }
+        field->uncommitted = false;
+        if (field->editor->value() != field->committed) {
+            report(i, true);
+        }
+    }
+}
+
+/// Takes what is shown for the start of the next change; nothing changes it within a drag.
+void AttributeFields::rememberValues()
+{
+    const bool isDragging = std::any_of(
+        m_fields.begin(), m_fields.end(), [](const Field& field) { return field.dragging; });
+    for (Field& field : m_fields) {
+        if (!isDragging && field.editor != nullptr) {
+            field.before = field.editor->value();
+            field.committed = field.uncommitted ? field.committed : field.before;
+        }
+    }
+}
+
+void AttributeFields::showPending()
+{
+    for (int i = 0; i < count(); ++i) {
+        Field* const field = find(i);
+        if (field != nullptr && field->pending && !isTyping(*field->editor)) {
+            setValue(i, *std::exchange(field->pending, std::nullopt));
+        }
+    }
+    Q_EMIT caughtUp();
+}

@@ -1,0 +1,60 @@
+#include "MorrantUI/docking/tabs/tablook.h"
+
+#include "MorrantUI/controls/buttons/buttonlook.h"
+#include "MorrantUI/theme/style/shapes.h"
+#include <MorrantUI/theme/colors.h>
+
+#include <QPainter>
+#include <QStyleOption>
+#include <QWidget>
+
+using namespace ui::style;
+
+namespace ui::tabs {
+
+namespace {
+
+constexpr int kBeyondRow = 6;       ///< what a tab is higher than a row of controls
+constexpr double kAccentLine = 2.0; ///< along the top of the current tab
+
+} // namespace
+
+Mood moodOf(const QWidget& widget)
+{
+    QStyleOption option;
+    option.initFrom(&widget);
+    return style::moodOf(option);
+}
+
+int tabHeight(const QWidget& widget)
+{
+    return qMax(rowHeight(widget), widget.fontMetrics().height()) + kBeyondRow;
+}
+
+void paintTab(QPainter& painter, const QRectF& tab, bool active, const Mood& mood)
+{
+    // Drawn out beyond the bottom, so that only the upper corners are round.
+    const QRectF shape = tab.adjusted(0, 0, 0, kRadius);
+    const PainterState state(painter);
+    painter.setClipRect(tab);
+    if (!active) {
+        fillRounded(painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), mood));
+        return;
+    }
+    fillRounded(painter, shape, kRadius, ink(colorQt(QStringLiteral("Window")), mood));
+    paintAccent(painter, tab, mood);
+}
+
+void paintAccent(QPainter& painter, const QRectF& tab, const Mood& mood)
+{
+    const PainterState state(painter);
+    painter.setClipRect(QRectF(tab.left(), tab.top(), tab.width(), kAccentLine));
+    fillRounded(painter, tab.adjusted(0, 0, 0, kRadius), kRadius, ink(focusColor(), mood));
+}
+
+QColor rowGround()
+{
+    return colorQt(QStringLiteral("WindowBase"));
+}
+
+} // namespace ui::tabs

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "MorrantUI/theme/style/shades.h"
+
+#include <QRectF>
+
+class QPainter;
+class QWidget;
+
+/// What tabs and their header share of their look.
+namespace ui::tabs {
+
+/// The state of a widget as the application style would see it.
+style::Mood moodOf(const QWidget& widget);
+
+/// The height of a tab in the widget's own font, logical pixels.
+int tabHeight(const QWidget& widget);
+
+/// A tab's ground, round at its upper corners; the active one has the page's colour and a line in
+/// the accent colour along its top.
+void paintTab(QPainter& painter, const QRectF& tab, bool active, const style::Mood& mood);
+
+/// That line alone.
+void paintAccent(QPainter& painter, const QRectF& tab, const style::Mood& mood);
+
+/// What the tabs stand on.
+QColor rowGround();
+
+} // namespace ui::tabs
