@@ -25,9 +25,8 @@ DockableDragHandler::DockableDragHandler(DockableWindow* window)
 
 DockableDragHandler::~DockableDragHandler()
 {
-    if (DockableWindow* hover = hoverWindow()) {
-        hover->hideIndicators();
-    }
+    m_window.clear(); // half destroyed by now
+    finish(Ending::Cancel);
 }
 
 DockableWindow* DockableDragHandler::hoverWindow() const
@@ -35,11 +34,22 @@ DockableWindow* DockableDragHandler::hoverWindow() const
     return qobject_cast<DockableWindow*>(m_hoverWindow.data());
 }
 
+DockableWindow* DockableDragHandler::takeHoverWindow()
+{
+    DockableWindow* hover = hoverWindow();
+    m_hoverWindow.clear();
+    return hover;
+}
+
 void DockableDragHandler::setEnabled(bool enabled)
 {
-    m_enabled = enabled;
-    if (!enabled) {
-        cancelGesture();
+    if (enabled == isEnabled()) {
+        return;
+    }
+    const QPointer<DockableDragHandler> self(this);
+    finish(Ending::Cancel);
+    if (self) {
+        m_state = enabled ? State::Idle : State::Locked;
     }
 }
 
@@ -47,13 +57,13 @@ bool DockableDragHandler::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ContextMenu:
-        if (!m_dragging) {
+        if (!isDragging()) {
             contextMenuEvent(static_cast<QContextMenuEvent*>(event));
         }
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: // a press soon after a click
-        if (m_enabled && static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
+        if (isEnabled() && static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
             startGesture();
         }
         return false;
@@ -92,9 +102,13 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
 
 void DockableDragHandler::startGesture()
 {
-    cancelGesture(); // whose release never came
+    const QPointer<DockableDragHandler> self(this);
+    finish(Ending::Cancel); // of one whose release never came
+    if (!self) {
+        return;
+    }
     saveStartPosition();
-    m_swallowRelease = false;
+    m_state = State::Pressed;
     m_gesture = ui::installEventFilter(
         qApp,
         [this](QObject* watched, QEvent* event) { return applicationEvent(watched, event); },
@@ -112,8 +126,8 @@ bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
         return mouseReleased(watched, *static_cast<QMouseEvent*>(event));
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
-        if (m_dragging && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-            cancelGesture();
+        if (isDragging() && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+            finish(Ending::Cancel);
         }
         return false;
     default: return false;
@@ -123,7 +137,7 @@ bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
 bool DockableDragHandler::mouseMoved(const QMouseEvent& event)
 {
     if (event.buttons() == Qt::NoButton) {
-        cancelGesture(); // the release went elsewhere
+        finish(Ending::Cancel); // the release went elsewhere
         return false;
     }
     if (event.buttons() != Qt::LeftButton || !beginDragging()) {
@@ -152,8 +166,8 @@ static void forwardRelease(const QMouseEvent& event, const DockableWindow& windo
 
 bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& event)
 {
-    if (m_swallowRelease && watched->isWidgetType()) {
-        m_swallowRelease = false;
+    if (m_state == State::Released && watched->isWidgetType()) {
+        m_state = State::Idle;
         return true;
     }
     if (!m_gesture) {
@@ -162,38 +176,37 @@ bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& eve
     const bool byWindow = watched->isWindowType();
     const QPointer<QObject> receiver(watched);
     const QPointer<DockableDragHandler> self(this);
-    endGesture();
-    endDragging();
-    dockInHoverWindow(); // where a slot may wait for other clicks, in a dialog
+    finish(Ending::Drop); // where a slot may wait for other clicks, in a dialog
     // Qt must see the release of a native window, or hovering would stick to the pressed widget;
     // the widget's copy follows. One that the docking has destroyed must not be gone on with.
-    if (self) {
-        m_swallowRelease = byWindow && receiver;
-        if (byWindow && !receiver && m_window) {
-            forwardRelease(event, *m_window);
-        }
+    if (self && m_state == State::Idle && byWindow && receiver) {
+        m_state = State::Released;
+    } else if (self && byWindow && !receiver && m_window) {
+        forwardRelease(event, *m_window);
     }
     return !byWindow || !receiver;
 }
 
-void DockableDragHandler::endGesture()
+/// Every way out of a gesture. What hears of the docking may delete this.
+void DockableDragHandler::finish(Ending ending)
 {
     if (m_gesture) {
         m_gesture->deleteLater(); // it stays for the release that the widget is still to get
         m_gesture.clear();
     }
+    const bool engaged = isDragging() || m_hoverWindow;
+    endDragging();
+    if (ending == Ending::Drop) {
+        dockInHoverWindow();
+    } else if (engaged) {
+        leaveHoverWindow();
+    }
 }
 
 /// As a release over no zone.
-void DockableDragHandler::cancelGesture()
+void DockableDragHandler::leaveHoverWindow()
 {
-    endGesture();
-    if (!m_dragging) {
-        return;
-    }
-    endDragging();
-    DockableWindow* hover = hoverWindow();
-    m_hoverWindow.clear();
+    DockableWindow* hover = takeHoverWindow();
     if (hover) {
         hover->hideIndicators();
     }
@@ -210,10 +223,10 @@ void DockableDragHandler::saveStartPosition()
 
 bool DockableDragHandler::beginDragging()
 {
-    if (m_dragging) {
+    if (isDragging()) {
         return true;
     }
-    if (!m_window) {
+    if (!m_window || !isEnabled()) {
         return false;
     }
     const QPoint way = m_window->mapFromGlobal(QCursor::pos()) - m_startPosition;
@@ -221,30 +234,24 @@ bool DockableDragHandler::beginDragging()
         return false;
     }
     m_hoverWindow.clear();
-    m_dragging = true;
+    m_state = State::Dragging;
     updateWindowOpacity();
     return true;
 }
 
 void DockableDragHandler::endDragging()
 {
-    m_dragging = false;
+    if (isEnabled()) {
+        m_state = m_gesture ? State::Pressed : State::Idle;
+    }
     updateWindowOpacity();
 }
 
 void DockableDragHandler::updateWindowOpacity()
 {
     if (m_window) {
-        m_window->setWindowOpacity(m_dragging ? kDragOpacity : 1.0);
+        m_window->setWindowOpacity(isDragging() ? kDragOpacity : 1.0);
     }
-}
-
-/// Whether the platform cannot look through a window: off screen there is nothing to cut a hole
-/// into, and Windows asks for the window at a point without regard to holes.
-static bool cannotLookThrough()
-{
-    const QString platform = QGuiApplication::platformName();
-    return platform == QLatin1String("offscreen") || platform == QLatin1String("windows");
 }
 
 /// The widget at a point in the topmost window there but for one.
@@ -275,7 +282,7 @@ DockableWindow* DockableDragHandler::windowUnderMouse()
     m_window->setAttribute(Qt::WA_TransparentForMouseEvents, true);
     QWidget* widget = qtutils::findWidgetAt(cursor);
     m_window->setAttribute(Qt::WA_TransparentForMouseEvents, false);
-    if (!widget && m_window->isWindow() && cannotLookThrough()) {
+    if (!widget && m_window->isWindow() && !morrant::native::system::looksThroughWindows()) {
         widget = widgetBelow(*m_window, cursor);
     }
 
@@ -308,28 +315,36 @@ void DockableDragHandler::moveIfFloating()
     }
     const QPointer<DockableWindow> window = m_window;
     if (window->findDockableParent()) {
-        window->mouseUndock();
-        if (!window) {
-            return;
-        }
-        updateWindowOpacity(); // that of a docked window had no effect
-        // A tab lies outside its window, which is to come out with its header under the pointer.
-        const QRect inside = window->rect();
-        m_startPosition = {
-            std::clamp(m_startPosition.x(), inside.left(), inside.right()),
-            std::clamp(m_startPosition.y(), inside.top(), inside.bottom())};
+        tearOut();
     }
-    const QPoint origin = window->mapToGlobal(QPoint());
-    window->move(QCursor::pos() + window->pos() - (m_startPosition + origin));
-    window->show();
-    window->raise();
+    if (window) {
+        const QPoint origin = window->mapToGlobal(QPoint());
+        window->move(QCursor::pos() + window->pos() - (m_startPosition + origin));
+        window->show();
+        window->raise();
+    }
+}
+
+/// What hears of it may delete the window, and this with it.
+void DockableDragHandler::tearOut()
+{
+    const QPointer<DockableWindow> window = m_window;
+    window->mouseUndock();
+    if (!window) {
+        return;
+    }
+    updateWindowOpacity(); // that of a docked window had no effect
+    // A tab lies outside its window, which is to come out with its header under the pointer.
+    const QRect inside = window->rect();
+    m_startPosition = {
+        std::clamp(m_startPosition.x(), inside.left(), inside.right()),
+        std::clamp(m_startPosition.y(), inside.top(), inside.bottom())};
 }
 
 void DockableDragHandler::dockInHoverWindow()
 {
-    const QPointer<DockableWindow> hover = hoverWindow();
+    const QPointer<DockableWindow> hover = takeHoverWindow();
     const QPointer<DockableWindow> window = m_window;
-    m_hoverWindow.clear();
     if (hover) {
         hover->hideIndicators();
         if (window && hover->dropArea() != DockableArea::None) {

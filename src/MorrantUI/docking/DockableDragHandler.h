@@ -35,10 +35,10 @@ public:
     /// Shows the menu with "Undock", "Show" and "Close" at the event's position and waits for it.
     void contextMenuEvent(QContextMenuEvent* event);
 
-    /// Off, a press starts no drag; the context menu stays. Ends a drag in progress. On by default.
+    /// Off, no drag begins; the context menu stays. Ends a drag in progress. On by default.
     void setEnabled(bool enabled);
-    bool isEnabled() const { return m_enabled; }
-    bool isDragging() const { return m_dragging; }
+    bool isEnabled() const { return m_state != State::Locked; }
+    bool isDragging() const { return m_state == State::Dragging; }
 
     /// Remembers where in the window the pointer is.
     void saveStartPosition();
@@ -62,19 +62,33 @@ public:
     void dockInHoverWindow();
 
 private:
+    enum class State
+    {
+        Locked, ///< switched off
+        Idle,
+        Pressed,  ///< the pointer has not gone the drag distance yet
+        Dragging, ///< the window is docked still, or follows the pointer
+        Released, ///< over, but for the pressed widget's copy of the release
+    };
+    enum class Ending
+    {
+        Drop,
+        Cancel,
+    };
+
     bool applicationEvent(QObject* watched, QEvent* event);
     bool mouseMoved(const QMouseEvent& event);
     bool mouseReleased(QObject* watched, const QMouseEvent& event);
     void startGesture();
-    void endGesture();
-    void cancelGesture();
+    void finish(Ending ending);
+    void tearOut();
+    void leaveHoverWindow();
+    DockableWindow* takeHoverWindow();
     DockableWindow* hoverWindow() const;
 
     QPointer<DockableWindow> m_window;
-    bool m_dragging = false;
+    State m_state = State::Idle;
     QPoint m_startPosition;          ///< in the window
     QPointer<QObject> m_hoverWindow; ///< a dockable window, unless it is being destroyed
     QPointer<QObject> m_gesture;     ///< the application filter, from press to release
-    bool m_swallowRelease = false;   ///< the widget's copy of one that was acted on
-    bool m_enabled = true;
 };

@@ -172,12 +172,16 @@ void setAlwaysOnTop(QWindow& window, bool on)
     x11.setAtoms(property, states);
 }
 
-/// Qt itself finds the window below another one on X11, so that nobody asks there.
 QWindowList windowsFromTop()
 {
     QWindowList windows = QGuiApplication::topLevelWindows();
     std::reverse(windows.begin(), windows.end());
     return windows;
+}
+
+bool looksThroughWindows()
+{
+    return QGuiApplication::platformName() == u"xcb"; // off screen Qt may know an X server too
 }
 
 } // namespace morrant::native::system
