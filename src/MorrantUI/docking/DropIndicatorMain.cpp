@@ -4,8 +4,11 @@
 #include <QPainter>
 #include <QResizeEvent>
 
+// Neutral and half transparent, whatever the theme: they lie over contents of any colour, a picture
+// or a curve, and have to be told from it and from each other.
 static constexpr QColor kHighlight(150, 150, 150, 200);
 static constexpr QColor kShade(0x55, 0x55, 0x55, 0xdd); // of the bands and the header strip
+static constexpr QColor kOutline(255, 255, 255);
 
 DropIndicatorMain::DropIndicatorMain(QWidget* parent)
     : Widget(parent)
@@ -39,7 +42,7 @@ void DropIndicatorMain::paintEvent(QPaintEvent* /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), Qt::transparent);
 
-    painter.setPen(QPen(Qt::white, 1.0));
+    painter.setPen(QPen(kOutline, 1.0));
     painter.setBrush(kShade);
     painter.drawPath(m_zones.outline);
 
