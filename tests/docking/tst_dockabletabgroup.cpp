@@ -186,10 +186,13 @@ void DockableTabGroupTest::tabsCarryTheTitlesOfTheirWindows()
     child->setText(QStringLiteral("Graph"));
     QCOMPARE(tabs.tabAt(0)->text(), QStringLiteral("Graph"));
     QCOMPARE(tabs.tabAt(0)->accessibleName(), QStringLiteral("Graph"));
-    tabs.setTabTextForChild(child, QString());
+    tabs.setTabTextForChild(child, QString()); // the tab's alone, until there is another title
+    tabs.setActiveIndex(1);
+    QCOMPARE(tabs.tabAt(0)->text() + child->getText(), QStringLiteral("Graph"));
+    child->setText(QStringLiteral("Curves"));
     tabs.setTabTextForChild(tree.root().getChild(0), QStringLiteral("none of the children"));
     tabs.setTabTextForChild(nullptr, QStringLiteral("nobody"));
-    QCOMPARE(tabs.tabAt(0)->text(), QStringLiteral("Graph"));
+    QCOMPARE(tabs.tabAt(0)->text(), QStringLiteral("Curves"));
     QCOMPARE(tree.root().getChild(0)->getText(), QStringLiteral("a"));
 
     // A group has no title of its own: it goes by the first panel in it.
@@ -199,7 +202,7 @@ void DockableTabGroupTest::tabsCarryTheTitlesOfTheirWindows()
     group->getChild(0)->setText(QStringLiteral("renamed"));
     QCOMPARE(tabs.tabAt(0)->text(), QStringLiteral("renamed"));
     group->getChild(0)->undock(true);
-    QCOMPARE(tabs.tabAt(0)->text(), QStringLiteral("Graph"));
+    QCOMPARE(tabs.tabAt(0)->text(), QStringLiteral("Curves"));
 }
 
 void DockableTabGroupTest::aWindowThatLeavesIsAsItCame()

@@ -30,10 +30,15 @@ public:
     QRegion painted;          ///< on screen, but for the window to leave out
     QList<QWidget*> appeared; ///< top-level windows, as often as shown
     QWidget* leftOut = nullptr;
+    DockableWindow* tornOut = nullptr;
+    int parents = 0; ///< given to what is torn out
+    int headers = 0; ///< shown of it
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         auto* widget = qobject_cast<QWidget*>(watched);
+        parents += widget && widget == tornOut && event->type() == QEvent::ParentChange;
+        headers += tornOut && watched == tornOut->header() && event->type() == QEvent::ShowToParent;
         if (widget && event->type() == QEvent::Show && widget->isWindow()) {
             appeared << widget;
         }
@@ -190,6 +195,7 @@ void DockCountersTest::aTornOutTabIsTheOnlyWindowThatAppears()
     settle();
     DockableWindow* dragged = tabs->getChild(1);
     Counter counter;
+    counter.tornOut = dragged;
     Hand hand;
     hand.press(*tabs->tabAt(1), {10, 8});
     hand.moveTo(tree.root().geometry().bottomLeft() + QPoint(60, 60), 3);
@@ -197,6 +203,8 @@ void DockCountersTest::aTornOutTabIsTheOnlyWindowThatAppears()
     hand.release();
     settle();
     QCOMPARE(counter.appeared, QList<QWidget*>{dragged});
+    QCOMPARE(counter.parents, 2); // none, then the main window
+    QCOMPARE(counter.headers, 1);
     QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(T(a y) b)"));
 }
 

@@ -1,15 +1,15 @@
 #include "MorrantUI/docking/DockOperation.h"
 
 #include "MorrantUI/docking/GroupRoom.h"
+#include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/theme/FrozenUpdates.h"
-#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/DockableTabGroup.h>
 
 namespace ui::docking {
 
 DockOperation::DockOperation(DockableWindow& target, DockableWindow& window, DockableArea area)
     : m_target(target)
-    , m_group(qobject_cast<DockableGroup*>(&target))
     , m_window(window)
     , m_area(area)
 {}
@@ -17,24 +17,19 @@ DockOperation::DockOperation(DockableWindow& target, DockableWindow& window, Doc
 bool DockOperation::isPossible() const
 {
     const bool splits =
-        &m_target != gMainWindow || m_target.windowMode() == DockableWindow::WindowMode::Group;
-    return isPlace(m_area) && (splits || (m_group && m_group->takesDirectly(m_area)));
+        !isMainWindow(m_target) || m_target.windowMode() == DockableWindow::WindowMode::Group;
+    return isPlace(m_area) && (splits || m_target.takesDirectly(m_area));
 }
 
 bool DockOperation::isNeedless() const
 {
-    return m_group && m_group->hasAt(m_window, m_area);
+    return m_target.hasAt(m_window, m_area);
 }
 
 DockableWindow* DockOperation::run()
 {
-    if (m_group && m_group->takesDirectly(m_area)) {
-        m_group->insertDirectly(m_window, m_area);
-        return m_group;
-    }
-    if (m_group && m_group == gMainWindow) {
-        m_group->dockInRoot(m_window, m_area);
-        return m_group;
+    if (DockableGroup* group = m_target.takeIn(m_window, m_area)) {
+        return group;
     }
     DockableGroup* parent = groupOf(m_target);
     DockableGroup* holder = parent ? splitInGroup(*parent) : splitFloating();
@@ -43,10 +38,17 @@ DockableWindow* DockOperation::run()
     return holder;
 }
 
+DockableGroup* DockOperation::makeHolder() const
+{
+    auto* holder = m_area == DockableArea::Center ? new DockableTabGroup : new DockableGroup;
+    holder->setLayoutMode(DockableGroup::layoutModeOf(m_area));
+    return holder;
+}
+
 /// The target's place in its group goes to a new group of it and the newcomer.
 DockableGroup* DockOperation::splitInGroup(DockableGroup& parent)
 {
-    DockableGroup* holder = DockableGroup::makeFor(m_area);
+    DockableGroup* holder = makeHolder();
     // Not their root too: it would be painted anew as a whole, at twenty times the cost. Nothing is
     // painted before control returns to the event loop anyway.
     const FrozenUpdates frozen{&m_target, &m_window};
@@ -73,7 +75,7 @@ DockableGroup* DockOperation::splitInGroup(DockableGroup& parent)
 /// A new group comes where the floating target is.
 DockableGroup* DockOperation::splitFloating()
 {
-    DockableGroup* holder = DockableGroup::makeFor(m_area);
+    DockableGroup* holder = makeHolder();
     const QRect alone(m_target.pos(), m_target.size());
     const QSize newcomerAlone = m_window.size();
     const int own = m_target.extentAlong(m_area);

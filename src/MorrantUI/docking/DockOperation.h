@@ -21,11 +21,12 @@ public:
     DockableWindow* run();
 
 private:
+    /// A new group for target and newcomer.
+    DockableGroup* makeHolder() const;
     DockableGroup* splitInGroup(DockableGroup& parent);
     DockableGroup* splitFloating();
 
     DockableWindow& m_target;
-    DockableGroup* m_group; ///< the target, if it is one
     DockableWindow& m_window;
     DockableArea m_area;
 };

@@ -1,10 +1,11 @@
 #include "MorrantUI/docking/DockableGroup.h"
 
 #include "MorrantUI/docking/GroupRoom.h"
+#include "MorrantUI/docking/LayoutChange.h"
+#include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/shares.h"
-#include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/SolidSplitter.h>
 #include <MorrantUI/theme/screens.h>
 
@@ -17,6 +18,7 @@
 #include <numeric>
 
 using ui::docking::groupOf;
+using ui::docking::isMainWindow;
 using ui::docking::kBorder;
 using ui::docking::kHandleWidth;
 using ui::docking::Rearranging;
@@ -93,9 +95,7 @@ void DockableGroup::release(DockableWindow& child)
         child.m_directionHandedDown = false;
     }
     child.makeFloating();
-    if (auto* group = qobject_cast<DockableGroup*>(&child)) {
-        group->setBorderVisible(true);
-    }
+    child.setNested(false);
 }
 
 void DockableGroup::appendChild(DockableWindow* window)
@@ -139,9 +139,7 @@ QPointer<DockableGroup> DockableGroup::receive(DockableWindow& window)
         old->takeChild(old->indexOfChild(&window));
     }
     window.settleLimits();
-    if (auto* group = qobject_cast<DockableGroup*>(&window)) {
-        group->setBorderVisible(false);
-    }
+    window.setNested(true);
     return old;
 }
 
@@ -160,15 +158,34 @@ int DockableGroup::placeFor(int index) const
 /// Whether a child is seen: that of a tab group may lie behind another.
 bool DockableGroup::isInFront(const DockableWindow& child) const
 {
-    const auto* tabs = qobject_cast<const DockableTabGroup*>(this);
-    return !tabs || tabs->activeChild() == &child;
+    const DockableWindow* front = frontChild();
+    return !front || front == &child;
 }
 
-void DockableGroup::bringForward(DockableWindow& child)
+QString DockableGroup::shownTitle()
 {
-    if (auto* tabs = qobject_cast<DockableTabGroup*>(this)) {
-        tabs->setActiveIndex(indexOfChild(&child));
+    DockableWindow* front = frontChild();
+    QString title = front && getText().isEmpty() ? front->shownTitle() : getText();
+    for (int i = 0; title.isEmpty() && i < childCount(); ++i) {
+        DockableWindow* child = getChild(i);
+        title = child ? child->shownTitle() : QString();
     }
+    return title;
+}
+
+void DockableGroup::listPanels(QList<DockableWindow*>& panels)
+{
+    if (!isVisible() || isClosing()) {
+        return;
+    }
+    for (const auto& child : childWindows()) {
+        child->listPanels(panels);
+    }
+}
+
+void DockableGroup::setNested(bool nested)
+{
+    setBorderVisible(!nested);
 }
 
 void DockableGroup::setLayoutMode(LayoutMode mode)
@@ -259,7 +276,7 @@ QSize DockableGroup::combinedSize(DockableWindow* window)
 
 void DockableGroup::collapseGroup()
 {
-    if (this == gMainWindow || isClosing()) {
+    if (isMainWindow(*this) || isClosing()) {
         return;
     }
     ui::docking::LayoutChange change;
@@ -288,8 +305,7 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
         || std::accumulate(parts.begin(), parts.end(), 0) == 0) {
         parts = QList<int>(childCount(), 1); // lying across or in tabs, they had all of it
     }
-    auto* tabs = qobject_cast<DockableTabGroup*>(this);
-    const DockableWindow* seen = tabs ? tabs->activeChild() : nullptr;
+    const DockableWindow* seen = frontChild();
     removeFromParent(&parent);
 
     std::vector<DockableWindow*> moved;
@@ -319,13 +335,9 @@ void DockableGroup::floatChildren()
         QPoint position;
         QSize size;
     };
-    const QPoint frame = geometry().topLeft() - pos(); // theirs will be as wide
-    const bool tabs = windowMode() == WindowMode::TabGroup;
     std::vector<Place> places; // of all, since those that stay spread when one leaves
     for (const auto& child : childWindows()) {
-        // What was in tabs gets a header instead of the strip.
-        const QPoint place = tabs ? pos() : mapToGlobal(child->mapTo(this, QPoint())) - frame;
-        places.push_back({child, place, child->size()});
+        places.push_back({child, floatPlaceOf(*child), child->size()});
     }
     const QPointer<DockableGroup> self(this);
     for (const Place& place : places) {
@@ -338,6 +350,12 @@ void DockableGroup::floatChildren()
             place.child->resize(place.size);
         }
     }
+}
+
+QPoint DockableGroup::floatPlaceOf(const DockableWindow& child) const
+{
+    const QPoint frame = geometry().topLeft() - pos(); // the child's will be as wide
+    return mapToGlobal(child.mapTo(this, QPoint())) - frame;
 }
 
 void DockableGroup::closeEmptied()
@@ -361,7 +379,7 @@ void DockableGroup::collapseIfNeedless()
 
 void DockableGroup::closeEvent(QCloseEvent* event)
 {
-    if (this == gMainWindow) {
+    if (isMainWindow(*this)) {
         DockableWindow::closeEvent(event);
         return;
     }
@@ -399,38 +417,33 @@ DockableGroup::LayoutMode DockableGroup::layoutModeOf(DockableArea area)
     return ui::docking::isVertical(area) ? LayoutMode::Vertical : LayoutMode::Horizontal;
 }
 
-/// A new group for what is docked at an area.
-DockableGroup* DockableGroup::makeFor(DockableArea area)
-{
-    auto* group = area == DockableArea::Center ? new DockableTabGroup : new DockableGroup;
-    group->setLayoutMode(layoutModeOf(area));
-    return group;
-}
-
 bool DockableGroup::takesDirectly(DockableArea area)
 {
-    if (windowMode() == WindowMode::TabGroup) {
-        return area == DockableArea::Center;
-    }
-    return windowMode() == WindowMode::Group
-           && (m_layoutMode == layoutModeOf(area) || childCount() == 0);
+    return m_layoutMode == layoutModeOf(area) || childCount() == 0;
 }
 
-/// Whether a child is where docking it at the area would put it; any place among tabs will do.
 bool DockableGroup::hasAt(DockableWindow& window, DockableArea area)
 {
-    if (windowMode() == WindowMode::TabGroup) {
-        const bool nothingToSplit = area == DockableArea::Center || childCount() == 1;
-        return nothingToSplit && indexOfChild(&window) >= 0;
-    }
     const int index = indexOfChild(&window);
     const int wanted = ui::docking::insertIndex(area) == 0 ? 0 : childCount() - 1;
     return index >= 0 && index == wanted && takesDirectly(area);
 }
 
+DockableGroup* DockableGroup::takeIn(DockableWindow& window, DockableArea area)
+{
+    if (takesDirectly(area)) {
+        insertDirectly(window, area);
+    } else if (isMainWindow(*this)) {
+        dockInRoot(window, area);
+    } else {
+        return nullptr;
+    }
+    return this;
+}
+
 void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
 {
-    if (windowMode() == WindowMode::Group) {
+    if (m_splitter) {
         setLayoutMode(layoutModeOf(area)); // another one only while there are no children
     }
     insertChild(ui::docking::insertIndex(area), &window);

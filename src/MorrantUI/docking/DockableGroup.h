@@ -95,11 +95,25 @@ private:
     friend class DockableTabGroup;
     friend class ui::docking::DockOperation;
     friend class ui::docking::GroupRoom;
+    friend class ui::docking::TreeAccess;
+
+    QString shownTitle() override;
+    void listPanels(QList<DockableWindow*>& panels) override;
+    void setNested(bool nested) override;
+    bool takesDirectly(DockableArea area) override;
+    bool hasAt(DockableWindow& window, DockableArea area) override;
+    DockableGroup* takeIn(DockableWindow& window, DockableArea area) override;
+    /// The tab with a child's title; null where children show their own.
+    virtual QWidget* tabFor(DockableWindow& /*child*/) { return nullptr; }
+    virtual void bringForward(DockableWindow& /*child*/) {}
+    /// Where a child floats that is where it was on screen.
+    virtual QPoint floatPlaceOf(const DockableWindow& child) const;
+    virtual void showTitles() {}
+    /// Tells the host if another child is active.
+    /// @return whether there was anything to tell
+    virtual bool reportActive() { return false; }
 
     static LayoutMode layoutModeOf(DockableArea area);
-    static DockableGroup* makeFor(DockableArea area);
-    bool takesDirectly(DockableArea area);
-    bool hasAt(DockableWindow& window, DockableArea area);
     void insertDirectly(DockableWindow& window, DockableArea area);
     void dockInRoot(DockableWindow& window, DockableArea area);
     DockableGroup* moveChildrenDown();
@@ -113,7 +127,6 @@ private:
     void release(DockableWindow& child);
     int placeFor(int index) const;
     bool isInFront(const DockableWindow& child) const;
-    void bringForward(DockableWindow& child);
 
     void applySizes(const QList<int>& sizes);
 

@@ -1,32 +1,19 @@
 #include "MorrantUI/docking/DockableTabGroup.h"
 
 #include "MorrantUI/docking/DockTabStrip.h"
+#include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/PageStack.h"
-#include "MorrantUI/docking/docktree.h"
 #include <MorrantUI/docking/DockableTabWidget.h>
 
 #include <QBoxLayout>
 
 #include <set>
+#include <utility>
 
 static const QSizePolicy& noSay()
 {
     static const QSizePolicy ignored(QSizePolicy::Ignored, QSizePolicy::Ignored);
     return ignored;
-}
-
-/// A group has no title of its own as a rule: it goes by the first panel in it, or the one in
-/// front.
-static QString titleOf(DockableWindow& window)
-{
-    QString title = window.getText();
-    auto* group = qobject_cast<DockableGroup*>(&window);
-    for (int i = 0; title.isEmpty() && group && i < group->childCount(); ++i) {
-        auto* tabs = qobject_cast<DockableTabGroup*>(group);
-        DockableWindow* child = tabs && i == 0 ? tabs->activeChild() : group->getChild(i);
-        title = child ? titleOf(*child) : QString();
-    }
-    return title;
 }
 
 DockableTabGroup::DockableTabGroup()
@@ -85,7 +72,7 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
     if (childCount() == 0 && isFloating()) {
         resize(window->size() + QSize(0, m_strip->sizeHint().height()));
     }
-    m_sizePolicies[window] = window->sizePolicy();
+    m_kept[window] = {window->sizePolicy(), window->shownTitle()};
     window->setSizePolicy(noSay());
     if (window->windowMode() == WindowMode::Panel) {
         window->setHeaderVisible(false);
@@ -103,7 +90,7 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
 
 void DockableTabGroup::addTab(int index, DockableWindow& window)
 {
-    auto* tab = new DockableTabWidget(titleOf(window));
+    auto* tab = new DockableTabWidget(m_kept.at(&window).title);
     tab->installEventFilter(&window.m_dragHandler);
     const QPointer<DockableWindow> child(&window);
     connect(tab, &DockableTabWidget::pressed, this, [this, child] {
@@ -167,7 +154,7 @@ void DockableTabGroup::letGoOf(int index)
     DockableWindow& child = *getChild(index);
     tabAt(index)->removeEventFilter(&child.m_dragHandler);
     if (&child != m_active) {
-        child.setSizePolicy(m_sizePolicies.at(&child));
+        child.setSizePolicy(m_kept.at(&child).policy);
     }
     child.removeEventFilter(this);
 }
@@ -180,7 +167,7 @@ void DockableTabGroup::forgetTab(int index)
     for (int i = 0; i < childCount(); ++i) {
         left.insert(m_stack->widget(i));
     }
-    std::erase_if(m_sizePolicies, [&left](const auto& entry) {
+    std::erase_if(m_kept, [&left](const auto& entry) {
         return !left.contains(entry.first); // compared only: it may be on its way out
     });
     if (indexOfChild(m_active) < 0) {
@@ -208,9 +195,9 @@ void DockableTabGroup::setActiveIndex(int index)
     const QPointer<DockableWindow> before = m_active;
     bool focusOnTab = false;
     m_active = next;
-    next->setSizePolicy(m_sizePolicies.at(next)); // while it is hidden: nobody asks about it yet
+    next->setSizePolicy(m_kept.at(next).policy); // while it is hidden: nobody asks about it yet
     if (before && before != next) {
-        m_sizePolicies[before] = before->sizePolicy(); // the host may have changed it meanwhile
+        m_kept[before].policy = before->sizePolicy(); // the host may have changed it meanwhile
         DockableTabWidget* tab = tabAt(indexOfChild(before));
         focusOnTab = tab->hasFocus();
         tab->setActive(false);
@@ -248,9 +235,9 @@ DockableWindow* DockableTabGroup::activeChild() const
 void DockableTabGroup::setTabTextForChild(DockableWindow* window, const QString& text)
 {
     DockableTabWidget* tab = tabAt(indexOfChild(window));
-    if (tab && !text.isEmpty()) {
+    if (tab) {
         tab->setText(text);
-        window->setText(text);
+        window->setText(text); // which ignores an empty one
     }
 }
 
@@ -259,16 +246,52 @@ int DockableTabGroup::topOffset()
     return m_strip->isVisible() ? m_strip->geometry().bottom() + 1 : 0;
 }
 
+DockableWindow* DockableTabGroup::frontChild() const
+{
+    return m_active;
+}
+
+bool DockableTabGroup::takesDirectly(DockableArea area)
+{
+    return area == DockableArea::Center;
+}
+
+/// Any place among the tabs will do.
+bool DockableTabGroup::hasAt(DockableWindow& window, DockableArea area)
+{
+    const bool nothingToSplit = area == DockableArea::Center || childCount() == 1;
+    return nothingToSplit && indexOfChild(&window) >= 0;
+}
+
+QWidget* DockableTabGroup::tabFor(DockableWindow& child)
+{
+    return tabAt(indexOfChild(&child));
+}
+
+void DockableTabGroup::bringForward(DockableWindow& child)
+{
+    setActiveIndex(indexOfChild(&child));
+}
+
+/// The child gets a header instead of the strip.
+QPoint DockableTabGroup::floatPlaceOf(const DockableWindow& /*child*/) const
+{
+    return pos();
+}
+
+/// A tab keeps a text that it was given until the title of its child is another.
 void DockableTabGroup::showTitles()
 {
     for (int i = 0; i < childCount(); ++i) {
-        if (DockableWindow* child = getChild(i)) {
-            tabAt(i)->setText(titleOf(*child));
+        DockableWindow* child = getChild(i);
+        QString title = child ? child->shownTitle() : QString();
+        if (child && title != m_kept[child].title) {
+            tabAt(i)->setText(title);
+            m_kept[child].title = std::move(title);
         }
     }
 }
 
-/// @return whether there was anything to report
 bool DockableTabGroup::reportActive()
 {
     const int index = activeIndex();

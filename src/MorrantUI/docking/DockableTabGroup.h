@@ -12,10 +12,6 @@ class DockTabStrip;
 class DockableTabWidget;
 class PageStack;
 
-namespace ui::docking {
-class LayoutChange;
-}
-
 /// Dockable windows one behind the other, of which the tabs of a strip above them choose the one
 /// that is seen.
 ///
@@ -59,8 +55,8 @@ public:
     int activeIndex() const;
     DockableWindow* activeChild() const;
 
-    /// The text of a child's tab, and of the child itself. Does nothing for a window that is not a
-    /// child, and for an empty text.
+    /// The text of a child's tab, and of the child itself. An empty text is the tab's alone, until
+    /// the child gets another title. Does nothing for a window that is not a child.
     void setTabTextForChild(DockableWindow* window, const QString& text);
 
     /// Null for an index out of range. A tab lasts until its child leaves.
@@ -76,18 +72,29 @@ protected:
     int topOffset() override;
 
 private:
-    friend class ui::docking::LayoutChange; // tells when titles and indices may be others
+    /// What is kept of a child while it is one.
+    struct Kept
+    {
+        QSizePolicy policy; ///< its own, while another is in force
+        QString title;      ///< that its tab last followed
+    };
+
+    DockableWindow* frontChild() const override;
+    bool takesDirectly(DockableArea area) override;
+    bool hasAt(DockableWindow& window, DockableArea area) override;
+    QWidget* tabFor(DockableWindow& child) override;
+    void bringForward(DockableWindow& child) override;
+    QPoint floatPlaceOf(const DockableWindow& child) const override;
+    void showTitles() override;
+    bool reportActive() override;
 
     void addTab(int index, DockableWindow& window);
     void letGoOf(int index);
     void forgetTab(int index);
-    void showTitles();
-    bool reportActive();
 
     DockTabStrip* m_strip;
     PageStack* m_stack;
-    std::map<const DockableWindow*, QSizePolicy>
-        m_sizePolicies; ///< of children, while theirs are ignored
+    std::map<const DockableWindow*, Kept> m_kept;
     QPointer<DockableWindow> m_active;
     int m_activeIndex = -1;              ///< as last reported
     QPointer<DockableWindow> m_reported; ///< the child that was active then

@@ -3,37 +3,31 @@
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/docking/AccessibleDocking.h"
 #include "MorrantUI/docking/DockOperation.h"
-#include "MorrantUI/docking/FlashFrame.h"
 #include "MorrantUI/docking/GroupRoom.h"
+#include "MorrantUI/docking/LayoutChange.h"
+#include "MorrantUI/docking/Rearranging.h"
+#include "MorrantUI/docking/WindowOverlays.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/panelkeys.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
-#include <MorrantUI/docking/WindowDimmer.h>
 #include <MorrantUI/platform/native.h>
-#include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/palettes.h>
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QPropertyAnimation>
 
 using ui::docking::groupOf;
+using ui::docking::isMainWindow;
 using ui::docking::mainWindow;
 using ui::docking::Rearranging;
 namespace native = morrant::native;
 
-static constexpr QColor kBackground(31, 31, 31);
-static constexpr int kFlashDuration = 1500; // milliseconds
-
-/// The same for the life of the process, whatever the theme.
-static const QColor& focusFrameColor()
-{
-    static const QColor color = ui::colorQt(QStringLiteral("Green"));
-    return color;
-}
+/// Behind contents of any colour, whatever the theme: a neutral grey that shows between a window's
+/// parts and until its content paints.
+static constexpr QColor kGround(31, 31, 31);
 
 DockableWindow::DockableWindow()
     : m_dragHandler(this)
@@ -42,28 +36,15 @@ DockableWindow::DockableWindow()
     ui::docking::rememberFocus();
     makeFloating();
     setAttribute(Qt::WA_DeleteOnClose);
-    ui::setWidgetBackground(this, kBackground);
+    ui::setWidgetBackground(this, kGround);
     native::setDarkTitleBar(this);
 
-    m_dropIndicator = new DropIndicatorMain(this);
-    m_dimmer = new WindowDimmer(this);
+    m_overlays = std::make_unique<ui::docking::WindowOverlays>(*this);
     m_layout = new QBoxLayout(QBoxLayout::TopToBottom, this);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(0);
     setHeader(new DockableTabHeader);
     setHeaderVisible(false);
-    m_focusFrame = new FlashFrame(focusFrameColor(), this);
-    m_focusFrame->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_focusFrame->resize(width(), 1);
-    m_focusFrame->hide();
-    // A native content makes what lies beside it native: that must not go on to the other panels.
-    for (QWidget* overlay :
-         {static_cast<QWidget*>(m_dropIndicator),
-          static_cast<QWidget*>(m_dimmer),
-          static_cast<QWidget*>(m_focusFrame)})
-    {
-        overlay->setAttribute(Qt::WA_DontCreateNativeAncestors);
-    }
 }
 
 DockableWindow::DockableWindow(QWidget* content)
@@ -123,13 +104,10 @@ void DockableWindow::setHeader(DockableHeader* header)
     header->setText(m_text);
     header->setAttribute(Qt::WA_DontCreateNativeAncestors); // as the constructor does
     m_layout->insertWidget(0, header);
-    if (DockableGroup* group = groupOf(*this); group && group->windowMode() == WindowMode::TabGroup)
-    {
+    if (ui::docking::TreeAccess::tabOf(*this)) {
         header->hide(); // the tab has the title
     }
-    if (m_dim) {
-        m_dimmer->raise();
-    }
+    m_overlays->raiseDimmer();
 }
 
 /// Lets go of a header that another window takes over.
@@ -181,7 +159,7 @@ void DockableWindow::setText(const QString& text)
 
 bool DockableWindow::isFloating() const
 {
-    return isWindow() && this != gMainWindow;
+    return isWindow() && !isMainWindow(*this);
 }
 
 DockableWindow* DockableWindow::findDockableParent()
@@ -230,72 +208,55 @@ bool DockableWindow::isDragEnabled() const
 
 void DockableWindow::updateIndicators(bool sidesDisabled, bool topBottomDisabled)
 {
-    m_dropIndicator->updateArea();
+    DropIndicatorMain& indicator = m_overlays->dropIndicator();
+    indicator.updateArea();
     const bool nestedGroup = m_windowMode == WindowMode::Group && findDockableParent();
-    if (nestedGroup && dropArea() == DockableArea::None) {
-        m_dropIndicator->hide();
+    if (nestedGroup && indicator.area() == DockableArea::None) {
+        indicator.hide();
         return;
     }
-    m_dropIndicator->resize(size());
-    m_dropIndicator->showZones(topOffset(), sidesDisabled, topBottomDisabled);
+    indicator.resize(size());
+    indicator.showZones(topOffset(), sidesDisabled, topBottomDisabled);
 }
 
 void DockableWindow::hideIndicators()
 {
-    m_dropIndicator->hide();
+    m_overlays->dropIndicator().hide();
 }
 
 DockableArea DockableWindow::dropArea() const
 {
-    return m_dropIndicator->area();
+    return m_overlays->dropIndicator().area();
 }
 
 void DockableWindow::setFocusFrameVisible(bool visible)
 {
-    if (visible) {
-        m_focusFrame->raise();
-    }
-    m_focusFrame->setVisible(visible);
+    m_overlays->setFocusFrameVisible(visible);
 }
 
 bool DockableWindow::focusFrameVisible() const
 {
-    return m_focusFrame->isVisible();
+    return m_overlays->isFocusFrameVisible();
 }
 
 void DockableWindow::flashFocusColor(const QColor& color)
 {
-    if (!color.isValid()) {
-        return;
-    }
-    if (m_flash) {
-        m_flash->stop();
-    }
-    m_flash = new QPropertyAnimation(m_focusFrame, "currentColor", m_focusFrame);
-    m_flash->setDuration(kFlashDuration);
-    m_flash->setKeyValueAt(0.0, m_focusFrame->lineColor());
-    m_flash->setKeyValueAt(0.5, color);
-    m_flash->setKeyValueAt(1.0, m_focusFrame->lineColor());
-    m_flash->setEasingCurve(QEasingCurve::InOutQuad);
-    m_flash->start(QAbstractAnimation::DeleteWhenStopped);
+    m_overlays->flashFocusFrame(color);
 }
 
 void DockableWindow::setDim(bool dim)
 {
-    m_dim = dim;
-    if (dim) {
-        m_dimmer->resize(size());
-        m_dimmer->raise();
-        m_dimmer->show();
-        m_dimmer->repaint();
-    } else {
-        m_dimmer->hide();
-    }
+    m_overlays->setDim(dim);
+}
+
+bool DockableWindow::getDim() const
+{
+    return m_overlays->isDim();
 }
 
 void DockableWindow::onApplicationActivate()
 {
-    if (this != gMainWindow) {
+    if (!isMainWindow(*this)) {
         native::setFloating(this, true);
         m_inactive = false;
     }
@@ -303,7 +264,7 @@ void DockableWindow::onApplicationActivate()
 
 void DockableWindow::onApplicationDeactivate()
 {
-    if (this != gMainWindow) {
+    if (!isMainWindow(*this)) {
         native::setFloating(this, false);
         m_inactive = true;
     }
@@ -316,7 +277,7 @@ bool DockableWindow::event(QEvent* event)
         if (m_windowMode == WindowMode::Panel) {
             ui::docking::offerFocus(*this);
         }
-        if (!m_inactive && findDockableRoot() != gMainWindow) {
+        if (!m_inactive && !isMainWindow(*findDockableRoot())) {
             native::setFloating(window(), true);
             return true;
         }
@@ -331,9 +292,7 @@ bool DockableWindow::event(QEvent* event)
         return handled;
     }
     case QEvent::ChildPolished:
-        if (m_dim) {
-            m_dimmer->raise(); // above a child that came later
-        }
+        m_overlays->raiseDimmer(); // above a child that came later
         break;
     default: break;
     }
@@ -357,13 +316,7 @@ void DockableWindow::paintEvent(QPaintEvent* event)
 void DockableWindow::resizeEvent(QResizeEvent* event)
 {
     Widget::resizeEvent(event);
-    m_focusFrame->resize(width(), 1);
-    if (m_dim) {
-        m_dimmer->resize(size());
-    }
-    if (m_dropIndicator->isVisible()) {
-        m_dropIndicator->resize(size());
-    }
+    m_overlays->fit();
 }
 
 /// Keys that nothing inside has a use for.
@@ -391,8 +344,7 @@ void DockableWindow::removeFromParent(DockableGroup* group)
         return;
     }
     const QPoint position = group->mapToGlobal(mapTo(group, QPoint()));
-    group->takeChild(index);
-    makeFloating();
+    group->takeChild(index); // makes it float
     move(position);
     if (m_windowMode == WindowMode::Panel) {
         setHeaderVisible(true);
@@ -406,7 +358,7 @@ void DockableWindow::removeFromParent(DockableGroup* group)
 /// that is only changing places is left without a parent.
 void DockableWindow::makeFloating()
 {
-    if (this == gMainWindow) {
+    if (isMainWindow(*this)) {
         return;
     }
     if (!isWindow()) {
@@ -497,9 +449,6 @@ void DockableWindow::undock(bool collapse)
     } else if (parent && !Rearranging::active()) {
         parent->showInGroup();
     }
-    if (leaving.window && !Rearranging::active()) {
-        show();
-    }
 }
 
 void DockableWindow::undockAndClose()
@@ -548,7 +497,7 @@ DockableGroup* DockableWindow::oldParent() const
 
 bool DockableWindow::canTake(DockableWindow* window)
 {
-    if (!window || m_closing || window->m_closing || window == gMainWindow) {
+    if (!window || m_closing || window->m_closing || isMainWindow(*window)) {
         return false;
     }
     for (DockableWindow* above = this; above; above = above->findDockableParent()) {
@@ -589,6 +538,18 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
         }
     }
     return result;
+}
+
+QString DockableWindow::shownTitle()
+{
+    return m_text;
+}
+
+void DockableWindow::listPanels(QList<DockableWindow*>& panels)
+{
+    if (m_windowMode == WindowMode::Panel && isVisible() && !m_closing) {
+        panels.append(this);
+    }
 }
 
 /// Width or height, whichever windows share when they dock at the area.

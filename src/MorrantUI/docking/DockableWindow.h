@@ -6,19 +6,20 @@
 #include <MorrantUI/theme/Widget.h>
 
 #include <QBoxLayout>
+#include <QList>
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
 class DockableGroup;
 class DockableHeader;
-class DropIndicatorMain;
-class FlashFrame;
-class QPropertyAnimation;
-class WindowDimmer;
 
 namespace ui::docking {
 class DockOperation;
-}
+class TreeAccess;
+class WindowOverlays;
+} // namespace ui::docking
 
 /// A panel of the application, or a group of panels.
 ///
@@ -123,7 +124,7 @@ public:
 
     /// Darkens the whole window; the mouse still reaches it.
     void setDim(bool dim);
-    bool getDim() const { return m_dim; }
+    bool getDim() const;
 
     /// To be called when the application gains or loses activation: floating windows lie above
     /// other applications only while this one is active.
@@ -158,7 +159,28 @@ private:
     friend class DockableGroup;
     friend class DockableTabGroup;
     friend class ui::docking::DockOperation;
+    friend class ui::docking::TreeAccess;
     using Widget::setChild; // would delete the layout
+
+    // What panels, groups and tab groups do each in their own way.
+    /// The title as others show it: a group that has none goes by its first panel.
+    virtual QString shownTitle();
+    /// Those in it that can be seen, in the order of the tree; itself, if it is one.
+    virtual void listPanels(QList<DockableWindow*>& panels);
+    /// The child that the others lie behind; null where all are seen.
+    virtual DockableWindow* frontChild() const { return nullptr; }
+    /// After it has come into a group, or left one.
+    virtual void setNested(bool /*nested*/) {}
+    /// Whether docking at the area makes a window a child of this one.
+    virtual bool takesDirectly(DockableArea /*area*/) { return false; }
+    /// Whether a child is where docking it at the area would put it.
+    virtual bool hasAt(DockableWindow& /*window*/, DockableArea /*area*/) { return false; }
+    /// Docks a window without a new group around this one.
+    /// @return the group that has it now; null where that is not the way
+    virtual DockableGroup* takeIn(DockableWindow& /*window*/, DockableArea /*area*/)
+    {
+        return nullptr;
+    }
 
     void makeFloating();
     void settleLimits();
@@ -172,19 +194,15 @@ private:
 
     DockableDragHandler m_dragHandler;
     QPointer<QObject> m_oldParent; ///< a group, unless it is being destroyed
-    WindowDimmer* m_dimmer = nullptr;
-    DropIndicatorMain* m_dropIndicator = nullptr;
+    std::unique_ptr<ui::docking::WindowOverlays> m_overlays; ///< never null
     QPointer<DockableHeader> m_header;
     QPointer<QWidget> m_grabWidget; ///< of the header
-    FlashFrame* m_focusFrame = nullptr;
     WindowMode m_windowMode = WindowMode::Group;
     bool m_borderHidden = false;
     bool m_inactive = false;
-    bool m_dim = false;
     bool m_closing = false;
     bool m_directionHandedDown = false; ///< the layout direction is the group's, not the host's
     QPointer<QBoxLayout> m_layout;
     QPointer<QWidget> m_content;
     QString m_text;
-    QPointer<QPropertyAnimation> m_flash;
 };

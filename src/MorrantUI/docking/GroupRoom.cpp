@@ -50,8 +50,7 @@ Arrival GroupRoom::before(const DockableWindow& window) const
 
 void GroupRoom::growFor(DockableWindow& window, int place)
 {
-    const bool fixed = !m_group.isWindow() || &m_group == gMainWindow || m_group.isMaximized()
-                       || m_group.isFullScreen();
+    const bool fixed = !m_group.isFloating() || m_group.isMaximized() || m_group.isFullScreen();
     if (fixed) {
         return;
     }

@@ -1,82 +1,42 @@
 #include "MorrantUI/docking/docktree.h"
 
-#include "MorrantUI/docking/panelfocus.h"
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/docking/DockableTabGroup.h>
-
-#include <QApplication>
 
 #include <algorithm>
-#include <utility>
 
 namespace ui::docking {
 
-namespace {
-
-std::vector<DockableGroup*>& livingGroups()
+static std::vector<DockableGroup*>& groups()
 {
-    static std::vector<DockableGroup*> groups;
-    return groups;
+    static std::vector<DockableGroup*> living;
+    return living;
 }
-
-/// A window that an operation may have moved, and the group it was in before.
-struct Seen
-{
-    QPointer<QObject> window; // QObjects, since they may be on the point of being destroyed
-    QPointer<QObject> group;
-    bool wasDocked = false;
-};
-
-struct Operation
-{
-    int depth = 0;
-    std::vector<Seen> seen;
-    bool tabs = false;
-};
-
-Operation& operation()
-{
-    static Operation current;
-    return current;
-}
-
-int& rearrangements()
-{
-    static int depth = 0;
-    return depth;
-}
-
-void report(const Seen& seen)
-{
-    auto* window = qobject_cast<DockableWindow*>(seen.window.data());
-    if (!window) {
-        return;
-    }
-    DockableGroup* group = groupOf(*window);
-    if (group && group != seen.group) {
-        Q_EMIT window->docked(group);
-    } else if (!group && seen.wasDocked) {
-        Q_EMIT window->undocked();
-    }
-}
-
-} // namespace
 
 DockableGroup* mainWindow()
 {
-    const auto& groups = livingGroups();
-    const bool lives = std::find(groups.begin(), groups.end(), gMainWindow) != groups.end();
+    const auto& living = groups();
+    const bool lives = std::find(living.begin(), living.end(), gMainWindow) != living.end();
     return lives ? gMainWindow : nullptr;
+}
+
+bool isMainWindow(const DockableWindow& window)
+{
+    return &window == mainWindow();
 }
 
 void groupBorn(DockableGroup& group)
 {
-    livingGroups().push_back(&group);
+    groups().push_back(&group);
 }
 
 void groupDying(DockableGroup& group)
 {
-    std::erase(livingGroups(), &group);
+    std::erase(groups(), &group);
+}
+
+const std::vector<DockableGroup*>& livingGroups()
+{
+    return groups();
 }
 
 DockableGroup* groupOf(DockableWindow& window)
@@ -85,97 +45,30 @@ DockableGroup* groupOf(DockableWindow& window)
     return group && group->indexOfChild(&window) >= 0 ? group : nullptr;
 }
 
-LayoutChange::LayoutChange()
+void TreeAccess::listPanels(DockableWindow& window, QList<DockableWindow*>& panels)
 {
-    ++operation().depth;
+    window.listPanels(panels);
 }
 
-LayoutChange::~LayoutChange()
+DockableWindow* TreeAccess::frontChild(DockableWindow& window)
 {
-    if (--operation().depth > 0) {
-        return;
-    }
-    const std::vector<Seen> seen = std::exchange(operation().seen, {});
-    const bool tabs = std::exchange(operation().tabs, false);
-    const bool tabChanged = (tabs || !seen.empty()) && settleTabs();
-    for (const Seen& window : seen) {
-        report(window);
-    }
-    if (tabChanged || !seen.empty()) {
-        reportLayoutChange();
-    }
+    return window.frontChild();
 }
 
-void LayoutChange::noteTabs()
+QWidget* TreeAccess::tabOf(DockableWindow& window)
 {
-    operation().tabs = true;
+    DockableGroup* group = groupOf(window);
+    return group ? group->tabFor(window) : nullptr;
 }
 
-/// Titles first, so that slots find them right.
-/// @return whether another tab is active somewhere
-bool LayoutChange::settleTabs()
+void TreeAccess::showTitles(DockableGroup& group)
 {
-    std::vector<QPointer<DockableTabGroup>> found; // slots may delete groups
-    for (DockableGroup* group : livingGroups()) {
-        if (auto* tabs = qobject_cast<DockableTabGroup*>(group)) {
-            tabs->showTitles();
-            found.emplace_back(tabs);
-        }
-    }
-    bool changed = false;
-    for (const auto& tabs : found) {
-        if (tabs && tabs->reportActive()) {
-            changed = true;
-        }
-    }
-    return changed;
+    group.showTitles();
 }
 
-void LayoutChange::note(DockableWindow& window)
+bool TreeAccess::reportActive(DockableGroup& group)
 {
-    auto& seen = operation().seen;
-    const bool known = std::any_of(
-        seen.begin(), seen.end(), [&](const Seen& other) { return other.window == &window; });
-    if (!known) {
-        DockableGroup* group = groupOf(window);
-        seen.push_back({&window, group, group != nullptr});
-    }
-}
-
-void reportLayoutChange()
-{
-    if (DockableGroup* main = mainWindow()) {
-        Q_EMIT main->layoutChanged();
-    }
-}
-
-void reportLayoutChangeLater()
-{
-    static QPointer<QObject> reporting;
-    DockableGroup* main = mainWindow();
-    if (main && main != reporting) {
-        reporting = main;
-        const auto report = [] {
-            reporting.clear();
-            reportLayoutChange();
-        };
-        QMetaObject::invokeMethod(main, report, Qt::QueuedConnection);
-    }
-}
-
-Rearranging::Rearranging()
-{
-    ++rearrangements();
-}
-
-Rearranging::~Rearranging()
-{
-    --rearrangements();
-}
-
-bool Rearranging::active()
-{
-    return rearrangements() > 0;
+    return group.reportActive();
 }
 
 } // namespace ui::docking

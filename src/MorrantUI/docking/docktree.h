@@ -1,55 +1,42 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QList>
+
+#include <vector>
 
 class DockableGroup;
 class DockableWindow;
+class QWidget;
 
-/// What the operations on the tree of dockable windows share.
+/// The tree of dockable windows, and what kinds of them answer in their own ways.
 namespace ui::docking {
 
 /// gMainWindow while it lives; null when there is none, or it is being destroyed.
 DockableGroup* mainWindow();
+bool isMainWindow(const DockableWindow& window);
+
 void groupBorn(DockableGroup& group);
 void groupDying(DockableGroup& group);
+const std::vector<DockableGroup*>& livingGroups();
 
 /// The group that has the window as its child; null for one that floats or is elsewhere.
 DockableGroup* groupOf(DockableWindow& window);
 
-/// The scope of an operation. When the outermost one ends the windows seen in it report where they
-/// have gone, then the main window that the layout has changed.
-class LayoutChange
+/// The private operations of windows that the tree asks for; each kind has its own.
+class TreeAccess
 {
 public:
-    LayoutChange();
-    ~LayoutChange();
-    Q_DISABLE_COPY_MOVE(LayoutChange)
-
-    /// To be called before the window moves.
-    void note(DockableWindow& window);
-
-    /// Titles of tabs, or which one is active, may be others at the end.
-    void noteTabs();
-
-private:
-    static bool settleTabs();
-};
-
-/// Sends the main window's layoutChanged().
-void reportLayoutChange();
-/// The same from the event loop, once for all calls until then.
-void reportLayoutChangeLater();
-
-/// While one lives, windows change places behind the scenes: none is shown as a top-level window,
-/// groups neither grow nor move, and nobody shares out room.
-class Rearranging
-{
-public:
-    Rearranging();
-    ~Rearranging();
-    Q_DISABLE_COPY_MOVE(Rearranging)
-
-    static bool active();
+    /// Those of its panels that can be seen, in the order of the tree; itself, if it is one.
+    static void listPanels(DockableWindow& window, QList<DockableWindow*>& panels);
+    /// Of a tab group the active child; null where no child lies behind another.
+    static DockableWindow* frontChild(DockableWindow& window);
+    /// The tab that has the window's title; null where it is in none.
+    static QWidget* tabOf(DockableWindow& window);
+    /// Gives the tabs of a group the titles that they should have.
+    static void showTitles(DockableGroup& group);
+    /// Tells the host if another child is active.
+    /// @return whether there was anything to tell
+    static bool reportActive(DockableGroup& group);
 };
 
 } // namespace ui::docking

@@ -1,9 +1,8 @@
 #include "MorrantUI/docking/panelfocus.h"
 
 #include "MorrantUI/docking/docktree.h"
+#include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableHeader.h>
-#include <MorrantUI/docking/DockableTabGroup.h>
-#include <MorrantUI/docking/DockableTabWidget.h>
 
 #include <QApplication>
 #include <QPointer>
@@ -45,9 +44,10 @@ QWidget* inFrontOf(QWidget* hidden)
 {
     DockableWindow* window = DockableWindow::findDockableParent(hidden);
     for (; window; window = window->findDockableParent()) {
-        const auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(*window));
-        if (tabs && tabs->activeChild() && tabs->activeChild() != window) {
-            return focusTarget(*tabs->activeChild());
+        DockableGroup* group = groupOf(*window);
+        const DockableWindow* front = group ? TreeAccess::frontChild(*group) : nullptr;
+        if (front && front != window) {
+            return focusTarget(*front);
         }
     }
     return nullptr;
@@ -113,9 +113,8 @@ QWidget& titleWidget(DockableWindow& window)
     if (window.header() && !window.header()->isHidden()) {
         return *window.header();
     }
-    auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(window));
-    DockableTabWidget* tab = tabs ? tabs->tabAt(tabs->indexOfChild(&window)) : nullptr;
-    return tab ? static_cast<QWidget&>(*tab) : window;
+    QWidget* tab = TreeAccess::tabOf(window);
+    return tab ? *tab : window;
 }
 
 FocusKeeper::FocusKeeper()

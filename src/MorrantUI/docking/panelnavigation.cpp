@@ -3,7 +3,7 @@
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/panelkeys.h"
-#include <MorrantUI/docking/DockableTabGroup.h>
+#include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/theme/eventfilters.h>
 
 #include <QApplication>
@@ -15,23 +15,6 @@ namespace ui {
 
 namespace {
 
-void collect(DockableWindow& window, QList<DockableWindow*>& panels)
-{
-    if (window.isClosing() || !window.isVisible()) {
-        return;
-    }
-    if (window.windowMode() == DockableWindow::WindowMode::Panel) {
-        panels.append(&window);
-        return;
-    }
-    auto* group = qobject_cast<DockableGroup*>(&window);
-    for (int i = 0; group && i < group->childCount(); ++i) {
-        if (DockableWindow* child = group->getChild(i)) {
-            collect(*child, panels);
-        }
-    }
-}
-
 /// The innermost dockable window around the focus; for a tab the page that it
 /// stands for.
 DockableWindow* windowWithFocus()
@@ -39,8 +22,8 @@ DockableWindow* windowWithFocus()
     QWidget* focus = QApplication::focusWidget();
     DockableWindow* window =
         DockableWindow::findDockableParent(focus ? focus : QApplication::activeWindow());
-    auto* tabs = qobject_cast<DockableTabGroup*>(window);
-    return tabs && tabs->activeChild() ? tabs->activeChild() : window;
+    DockableWindow* front = window ? docking::TreeAccess::frontChild(*window) : nullptr;
+    return front ? front : window;
 }
 
 /// @param step 1 forwards, -1 backwards
@@ -82,12 +65,12 @@ QList<DockableWindow*> panelsInOrder()
         return panels;
     }
     if (!main->window()->isMinimized()) {
-        collect(*main, panels);
+        docking::TreeAccess::listPanels(*main, panels);
     }
     const auto inside = main->findChildren<DockableWindow*>(QString(), Qt::FindDirectChildrenOnly);
     for (DockableWindow* window : inside) { // in the order in which they came to float
         if (window->isWindow() && !window->isMinimized()) {
-            collect(*window, panels);
+            docking::TreeAccess::listPanels(*window, panels);
         }
     }
     return panels;

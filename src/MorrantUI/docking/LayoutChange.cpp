@@ -1,0 +1,127 @@
+#include "MorrantUI/docking/LayoutChange.h"
+
+#include "MorrantUI/docking/docktree.h"
+#include <MorrantUI/docking/DockableGroup.h>
+
+#include <QPointer>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace ui::docking {
+
+namespace {
+
+/// A window that an operation may have moved, and the group it was in before.
+struct Seen
+{
+    QPointer<QObject> window; // QObjects, since they may be on the point of being destroyed
+    QPointer<QObject> group;
+    bool wasDocked = false;
+};
+
+struct Operation
+{
+    int depth = 0;
+    std::vector<Seen> seen;
+    bool tabs = false;
+};
+
+Operation& operation()
+{
+    static Operation current;
+    return current;
+}
+
+void report(const Seen& seen)
+{
+    auto* window = qobject_cast<DockableWindow*>(seen.window.data());
+    if (!window) {
+        return;
+    }
+    DockableGroup* group = groupOf(*window);
+    if (group && group != seen.group) {
+        Q_EMIT window->docked(group);
+    } else if (!group && seen.wasDocked) {
+        Q_EMIT window->undocked();
+    }
+}
+
+/// Titles first, so that slots find them right.
+/// @return whether another tab is active somewhere
+bool settleTabs()
+{
+    std::vector<QPointer<DockableGroup>> found; // slots may delete groups
+    for (DockableGroup* group : livingGroups()) {
+        TreeAccess::showTitles(*group);
+        found.emplace_back(group);
+    }
+    bool changed = false;
+    for (const auto& group : found) {
+        changed |= group && TreeAccess::reportActive(*group);
+    }
+    return changed;
+}
+
+} // namespace
+
+LayoutChange::LayoutChange()
+{
+    ++operation().depth;
+}
+
+LayoutChange::~LayoutChange()
+{
+    if (--operation().depth > 0) {
+        return;
+    }
+    const std::vector<Seen> seen = std::exchange(operation().seen, {});
+    const bool tabs = std::exchange(operation().tabs, false);
+    const bool tabChanged = (tabs || !seen.empty()) && settleTabs();
+    for (const Seen& window : seen) {
+        report(window);
+    }
+    if (tabChanged || !seen.empty()) {
+        reportLayoutChange();
+    }
+}
+
+void LayoutChange::noteTabs()
+{
+    operation().tabs = true;
+}
+
+void LayoutChange::note(DockableWindow& window)
+{
+    auto& seen = operation().seen;
+    const bool known = std::any_of(
+        seen.begin(), seen.end(), [&](const Seen& other) { return other.window == &window; });
+    if (!known) {
+        DockableGroup* group = groupOf(window);
+        seen.push_back({&window, group, group != nullptr});
+    }
+}
+
+void reportLayoutChange()
+{
+    if (DockableGroup* main = mainWindow()) {
+        Q_EMIT main->layoutChanged();
+    }
+}
+
+void reportLayoutChangeLater()
+{
+    static QPointer<QObject> reporting;
+    DockableGroup* main = mainWindow();
+    if (main && main != reporting) {
+        reporting = main;
+        const auto report = [] {
+            reporting.clear();
+            reportLayoutChange();
+        };
+        QMetaObject::invokeMethod(main, report, Qt::QueuedConnection);
+    }
+}
+
+} // namespace ui::docking

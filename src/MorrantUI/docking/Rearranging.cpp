@@ -1,0 +1,26 @@
+#include "MorrantUI/docking/Rearranging.h"
+
+namespace ui::docking {
+
+static int& depth()
+{
+    static int rearrangements = 0;
+    return rearrangements;
+}
+
+Rearranging::Rearranging()
+{
+    ++depth();
+}
+
+Rearranging::~Rearranging()
+{
+    --depth();
+}
+
+bool Rearranging::active()
+{
+    return depth() > 0;
+}
+
+} // namespace ui::docking
