@@ -61,10 +61,34 @@ QString AccessibleGrouping::text(QAccessible::Text kind) const
     return kind == QAccessible::Name && own.isEmpty() ? nameFromToolTip(*widget()) : own;
 }
 
+int AccessibleParts::childCount() const
+{
+    return static_cast<int>(parts().size());
+}
+
+QAccessibleInterface* AccessibleParts::child(int index) const
+{
+    return QAccessible::queryAccessibleInterface(parts().value(index));
+}
+
+int AccessibleParts::indexOfChild(const QAccessibleInterface* child) const
+{
+    auto* const part = child != nullptr ? qobject_cast<QWidget*>(child->object()) : nullptr;
+    return static_cast<int>(parts().indexOf(part));
+}
+
 QString nameFromToolTip(const QWidget& widget)
 {
     const QString tip = widget.toolTip();
     return Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip;
+}
+
+void notifyAccessible(QObject* object, QAccessible::Event what)
+{
+    if (QAccessible::isActive()) {
+        QAccessibleEvent event(object, what);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void notifyAccessibleValue(QObject* object, const QVariant& value)

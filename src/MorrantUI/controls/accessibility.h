@@ -65,8 +65,25 @@ public:
     QString text(QAccessible::Text kind) const override;
 };
 
+/// A widget whose children are some of its widgets, in the order in which they are read.
+class AccessibleParts : public QAccessibleWidget
+{
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    int childCount() const override;
+    QAccessibleInterface* child(int index) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+
+protected:
+    virtual QWidgetList parts() const = 0;
+};
+
 /// The accessible name of a widget that has none of its own: its tool tip, without mark-up.
 QString nameFromToolTip(const QWidget& widget);
+
+/// Tells assistive tools what has happened to an object; next to nothing when none listens.
+void notifyAccessible(QObject* object, QAccessible::Event what);
 
 /// Tells assistive tools that the value of a control has changed; next to nothing when none
 /// listens.

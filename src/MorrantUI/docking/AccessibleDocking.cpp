@@ -1,53 +1,15 @@
 #include "MorrantUI/docking/AccessibleDocking.h"
 
 #include "MorrantUI/docking/DockTabStrip.h"
+#include "MorrantUI/docking/panelkeys.h"
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DockableWindow.h>
 #include <MorrantUI/docking/SolidSplitter.h>
 
-#include <QContextMenuEvent>
-#include <QCoreApplication>
 #include <QLayout>
 
 namespace ui {
-
-namespace {
-
-void notify(QObject* object, QAccessible::Event what)
-{
-    if (QAccessible::isActive()) {
-        QAccessibleEvent event(object, what);
-        QAccessible::updateAccessibility(&event);
-    }
-}
-
-/// As the Menu key does.
-void requestMenu(QWidget& widget)
-{
-    const QPoint center = widget.rect().center();
-    QContextMenuEvent request(
-        QContextMenuEvent::Keyboard, center, widget.mapToGlobal(center), Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &request);
-}
-
-} // namespace
-
-int AccessibleParts::childCount() const
-{
-    return static_cast<int>(parts().size());
-}
-
-QAccessibleInterface* AccessibleParts::child(int index) const
-{
-    return QAccessible::queryAccessibleInterface(parts().value(index));
-}
-
-int AccessibleParts::indexOfChild(const QAccessibleInterface* child) const
-{
-    QWidget* part = child != nullptr ? qobject_cast<QWidget*>(child->object()) : nullptr;
-    return static_cast<int>(parts().indexOf(part));
-}
 
 AccessibleDockable::AccessibleDockable(DockableWindow* window)
     : AccessibleParts(window)
@@ -116,7 +78,9 @@ void AccessibleGrip::doAction(const QString& name)
         QAccessibleWidget::doAction(name);
     } else if (grip->isEnabled()) {
         QMetaObject::invokeMethod(
-            grip, [grip] { requestMenu(*grip); }, Qt::QueuedConnection);
+            grip,
+            [grip] { docking::requestMenu(*grip, grip->rect().center()); },
+            Qt::QueuedConnection);
     }
 }
 
@@ -182,16 +146,6 @@ QWidgetList AccessibleDockTabStrip::parts() const
         tabs.append(m_strip->tabAt(i));
     }
     return tabs;
-}
-
-void notifyDockableRenamed(DockableWindow* window)
-{
-    notify(window, QAccessible::NameChanged);
-}
-
-void notifyDockTabSelected(DockableTabWidget* tab)
-{
-    notify(tab, QAccessible::Selection);
 }
 
 } // namespace ui

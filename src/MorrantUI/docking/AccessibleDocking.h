@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QAccessibleWidget>
+#include "MorrantUI/controls/accessibility.h"
 
 class DockTabStrip;
 class DockableHeader;
@@ -10,20 +10,6 @@ class SolidSplitter;
 
 /// Dockable windows, their headers and their tabs as assistive tools see them.
 namespace ui {
-
-/// A widget whose children are some of its widgets, in the order in which they are read.
-class AccessibleParts : public QAccessibleWidget
-{
-public:
-    using QAccessibleWidget::QAccessibleWidget;
-
-    int childCount() const override;
-    QAccessibleInterface* child(int index) const override;
-    int indexOfChild(const QAccessibleInterface* child) const override;
-
-protected:
-    virtual QWidgetList parts() const = 0;
-};
 
 /// A panel or group, named by its title: a window while it floats, else a pane. Its children are
 /// what lies in its layout and is shown, so no overlays.
@@ -95,10 +81,5 @@ protected:
 private:
     const DockTabStrip* m_strip;
 };
-
-/// Tells assistive tools that a window has another title; next to nothing when none listens.
-void notifyDockableRenamed(DockableWindow* window);
-/// The same of another tab being active.
-void notifyDockTabSelected(DockableTabWidget* tab);
 
 } // namespace ui

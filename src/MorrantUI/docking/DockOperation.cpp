@@ -1,7 +1,7 @@
 #include "MorrantUI/docking/DockOperation.h"
 
-#include "MorrantUI/docking/GroupRoom.h"
 #include "MorrantUI/docking/Rearranging.h"
+#include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/theme/FrozenUpdates.h"
 #include <MorrantUI/docking/DockableTabGroup.h>
@@ -32,62 +32,62 @@ DockableWindow* DockOperation::run()
         return group;
     }
     DockableGroup* parent = groupOf(m_target);
-    DockableGroup* holder = parent ? splitInGroup(*parent) : splitFloating();
+    DockableGroup* group = parent ? splitInGroup(*parent) : splitFloating();
     m_target.updateGeometry();
     m_window.updateGeometry();
-    return holder;
+    return group;
 }
 
-DockableGroup* DockOperation::makeHolder() const
+DockableGroup* DockOperation::makeGroup() const
 {
-    auto* holder = m_area == DockableArea::Center ? new DockableTabGroup : new DockableGroup;
-    holder->setLayoutMode(DockableGroup::layoutModeOf(m_area));
-    return holder;
+    auto* group = m_area == DockableArea::Center ? new DockableTabGroup : new DockableGroup;
+    group->setLayoutMode(DockableGroup::layoutModeOf(m_area));
+    return group;
 }
 
 /// The target's place in its group goes to a new group of it and the newcomer.
 DockableGroup* DockOperation::splitInGroup(DockableGroup& parent)
 {
-    DockableGroup* holder = makeHolder();
+    DockableGroup* group = makeGroup();
     // Not their root too: it would be painted anew as a whole, at twenty times the cost. Nothing is
     // painted before control returns to the event loop anyway.
     const FrozenUpdates frozen{&m_target, &m_window};
     const Rearranging rearranging;
     const QList<int> neighbours = parent.sizes();
-    const QList<int> pair =
-        GroupRoom::sharesFor(m_target.extentAlong(m_area), m_window.extentAlong(m_area), m_area);
+    const QList<int> pair = SplitterSizes::sharesFor(
+        m_target.extentAlong(m_area), m_window.extentAlong(m_area), m_area);
     const int index = parent.indexOfChild(&m_target);
     const bool inFront = parent.isInFront(m_target);
 
     m_target.undock(false);
-    holder->appendChild(&m_target);
-    holder->insertChild(insertIndex(m_area), &m_window);
-    holder->bringForward(m_window);
-    holder->applySizes(pair);
-    parent.insertChild(index, holder);
+    group->appendChild(&m_target);
+    group->insertChild(insertIndex(m_area), &m_window);
+    group->bringForward(m_window);
+    group->applySizes(pair);
+    parent.insertChild(index, group);
     if (inFront) {
-        parent.bringForward(*holder);
+        parent.bringForward(*group);
     }
-    parent.m_room->holderArrived(m_target, *holder, neighbours);
-    return holder;
+    parent.m_splitterSizes->splitInserted(m_target, *group, neighbours);
+    return group;
 }
 
 /// A new group comes where the floating target is.
 DockableGroup* DockOperation::splitFloating()
 {
-    DockableGroup* holder = makeHolder();
+    DockableGroup* group = makeGroup();
     const QRect alone(m_target.pos(), m_target.size());
     const QSize newcomerAlone = m_window.size();
     const int own = m_target.extentAlong(m_area);
 
-    holder->appendChild(&m_target);
-    holder->insertChild(insertIndex(m_area), &m_window);
-    holder->bringForward(m_window);
-    holder->m_room->setSizesAround(m_target, own);
-    holder->move(alone.topLeft());
-    holder->show();
-    holder->m_room->rememberPair(m_target, alone, m_window, newcomerAlone);
-    return holder;
+    group->appendChild(&m_target);
+    group->insertChild(insertIndex(m_area), &m_window);
+    group->bringForward(m_window);
+    group->m_splitterSizes->setSizesAround(m_target, own);
+    group->move(alone.topLeft());
+    group->show();
+    group->m_splitterSizes->rememberPair(m_target, alone, m_window, newcomerAlone);
+    return group;
 }
 
 } // namespace ui::docking

@@ -22,7 +22,7 @@ public:
 
 private:
     /// A new group for target and newcomer.
-    DockableGroup* makeHolder() const;
+    DockableGroup* makeGroup() const;
     DockableGroup* splitInGroup(DockableGroup& parent);
     DockableGroup* splitFloating();
 

@@ -6,7 +6,6 @@
 #include "MorrantUI/docking/tabs/tabkeys.h"
 #include "MorrantUI/docking/tabs/tablook.h"
 #include <MorrantUI/docking/DockableTabWidget.h>
-#include <MorrantUI/docking/tabs/TabGradientOverlay.h>
 
 #include <QBoxLayout>
 #include <QKeyEvent>
@@ -23,22 +22,15 @@ static constexpr int kLeastWidth = 40; ///< of the strip, whatever its tabs need
 
 DockTabStrip::DockTabStrip(QWidget* group)
     : QWidget(group)
-    , m_row(new TabRow(this))
+    , m_row(new TabRow(this, kWidestFade))
     , m_tabs(m_row->tabs())
-    , m_fades(new TabGradientOverlay(this))
 {
     ui::installAccessible<DockTabStrip, ui::AccessibleDockTabStrip>();
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setAttribute(Qt::WA_DontCreateNativeAncestors);
-    connect(m_row, &TabRow::placed, this, [this] {
-        m_fades->setFades(ui::tabs::fades(m_row->view(), kWidestFade));
-    });
 }
 
-DockTabStrip::~DockTabStrip()
-{
-    m_row->disconnect(this);
-}
+DockTabStrip::~DockTabStrip() = default;
 
 int DockTabStrip::count() const
 {
@@ -96,12 +88,12 @@ void DockTabStrip::reveal(int index)
 
 QSize DockTabStrip::sizeHint() const
 {
-    return {m_tabs->sizeHint().width(), ui::tabs::tabHeight(*this)};
+    return m_row->wantedSize();
 }
 
 QSize DockTabStrip::minimumSizeHint() const
 {
-    return {std::min(kLeastWidth, sizeHint().width()), sizeHint().height()};
+    return m_row->leastSize(kLeastWidth);
 }
 
 void DockTabStrip::paintEvent(QPaintEvent* /*event*/)
@@ -112,7 +104,6 @@ void DockTabStrip::paintEvent(QPaintEvent* /*event*/)
 void DockTabStrip::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    m_fades->setGeometry(rect());
     m_row->place();
     reveal(activeIndex());
 }

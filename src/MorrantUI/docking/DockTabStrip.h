@@ -4,7 +4,6 @@
 
 class DockableTabWidget;
 class QBoxLayout;
-class TabGradientOverlay;
 class TabRow;
 
 /// The tabs of a tab group in a row that scrolls when it is overfull, by wheel and keys.
@@ -47,5 +46,4 @@ private:
 
     TabRow* m_row;
     QBoxLayout* m_tabs;
-    TabGradientOverlay* m_fades;
 };

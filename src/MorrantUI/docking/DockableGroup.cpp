@@ -1,8 +1,8 @@
 #include "MorrantUI/docking/DockableGroup.h"
 
-#include "MorrantUI/docking/GroupRoom.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
+#include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/shares.h"
@@ -26,7 +26,7 @@ using ui::docking::Rearranging;
 DockableGroup* gMainWindow = nullptr;
 
 DockableGroup::DockableGroup(WindowMode mode)
-    : m_room(std::make_unique<ui::docking::GroupRoom>(*this))
+    : m_splitterSizes(std::make_unique<ui::docking::SplitterSizes>(*this))
 {
     setWindowMode(mode);
     ui::docking::groupBorn(*this);
@@ -52,7 +52,7 @@ void DockableGroup::adoptSplitter(SolidSplitter* splitter)
     m_splitter = splitter;
     m_layout->addWidget(splitter, 1);
     connect(splitter, &QSplitter::splitterMoved, this, [this] {
-        m_room->forget(); // the user wants it otherwise now
+        m_splitterSizes->forget(); // the user wants it otherwise now
         ui::docking::reportLayoutChange();
     });
 }
@@ -82,7 +82,7 @@ DockableWindow* DockableGroup::takeChild(int index)
     change.note(*child);
     release(*child);
     if (!Rearranging::active()) {
-        m_room->giveBack(*child);
+        m_splitterSizes->giveBack(*child);
     }
     return child;
 }
@@ -111,9 +111,9 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     ui::docking::LayoutChange change;
     const QPointer<DockableGroup> old = receive(*window);
     const int place = placeFor(index);
-    const ui::docking::Arrival arrival = m_room->before(*window);
+    const ui::docking::Arrival arrival = m_splitterSizes->before(*window);
     if (!Rearranging::active()) {
-        m_room->growFor(*window, place);
+        m_splitterSizes->growFor(*window, place);
     }
 
     window->dropNativeWindow();
@@ -124,7 +124,7 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     window->show();
 
     if (!Rearranging::active()) {
-        m_room->shareAfter(arrival, place);
+        m_splitterSizes->shareAfter(arrival, place);
     }
     tidyAfterReceiving(old);
 }
@@ -203,7 +203,7 @@ void DockableGroup::setLayoutMode(LayoutMode mode)
 
 void DockableGroup::setSizes(const QList<int>& sizes)
 {
-    m_room->forget(); // as when the user moves a handle
+    m_splitterSizes->forget(); // as when the user moves a handle
     applySizes(sizes);
 }
 
@@ -322,7 +322,7 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
         parent.bringForward(front != moved.end() ? **front : *moved.front());
     }
     if (!moved.empty() && static_cast<qsizetype>(moved.size()) == parts.size()) {
-        parent.m_room->holderLeft(*this, *moved.back(), place, neighbours, parts);
+        parent.m_splitterSizes->splitDissolved(*this, *moved.back(), place, neighbours, parts);
     }
 }
 
@@ -457,7 +457,7 @@ void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
 {
     const int room = ui::docking::isVertical(area) ? m_splitter->height() : m_splitter->width();
     const QList<int> shares =
-        ui::docking::GroupRoom::sharesFor(room, window.extentAlong(area), area);
+        ui::docking::SplitterSizes::sharesFor(room, window.extentAlong(area), area);
     DockableGroup* inner = moveChildrenDown();
     {
         const Rearranging rearranging;
@@ -498,7 +498,7 @@ DockableGroup* DockableGroup::moveChildrenDown()
     inner->adoptSplitter(full);
     adoptSplitter(empty);
     empty->show();
-    inner->m_room->takeMemoryOf(*m_room);
+    inner->m_splitterSizes->takeMemoryOf(*m_splitterSizes);
     return inner;
 }
 

@@ -13,7 +13,7 @@
 class SolidSplitter;
 
 namespace ui::docking {
-class GroupRoom;
+class SplitterSizes;
 } // namespace ui::docking
 
 /// Dockable windows side by side or one above the other, with handles between them.
@@ -94,7 +94,7 @@ private:
     friend class DockableWindow;
     friend class DockableTabGroup;
     friend class ui::docking::DockOperation;
-    friend class ui::docking::GroupRoom;
+    friend class ui::docking::SplitterSizes;
     friend class ui::docking::TreeAccess;
 
     QString shownTitle() override;
@@ -136,7 +136,7 @@ private:
 
     LayoutMode m_layoutMode = LayoutMode::Horizontal;
     QPointer<SolidSplitter> m_splitter;
-    std::unique_ptr<ui::docking::GroupRoom> m_room; ///< never null
+    std::unique_ptr<ui::docking::SplitterSizes> m_splitterSizes; ///< never null
 };
 
 /// The root group of the main window. Set by the application and never by the library; null and a

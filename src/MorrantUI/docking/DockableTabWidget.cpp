@@ -27,17 +27,14 @@ DockableTabWidget::DockableTabWidget(const QString& text, QWidget* parent)
     , m_label(new TabLabel(this))
 {
     ui::installAccessible<DockableTabWidget, ui::AccessibleDockTab>();
-    setAttribute(Qt::WA_Hover);
     setAcceptDrops(true);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setMinimumWidth(kNarrowest);
     setRadius(ui::style::kRadius, ui::style::kRadius, 0, 0);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(kSidePadding, 0, kSidePadding, 0);
     row->addWidget(m_label);
     setText(text);
-    followFont();
-    updateLook();
+    followTheme();
 }
 
 DockableTabWidget::~DockableTabWidget() = default;
@@ -58,33 +55,20 @@ void DockableTabWidget::setActive(bool active)
     if (active != m_active) {
         m_active = active;
         stopHoverTimer();
-        updateLook();
+        m_label->setActive(active);
+        setFocusPolicy(active ? Qt::TabFocus : Qt::NoFocus); // one stop for the whole strip
+        followTheme();
         if (active) {
-            ui::notifyDockTabSelected(this);
+            ui::notifyAccessible(this, QAccessible::Selection);
         }
     }
-}
-
-bool DockableTabWidget::event(QEvent* event)
-{
-    if (event->type() == QEvent::ToolTip && m_label->answerToolTip(*this, event)) {
-        return true;
-    }
-    const bool done = Widget::event(event);
-    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
-        m_label->followState(m_active, isEnabled() && underMouse());
-    }
-    return done;
 }
 
 void DockableTabWidget::changeEvent(QEvent* event)
 {
     Widget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
-        followFont();
-    }
     if (event->type() == QEvent::StyleChange) { // as of every applyAppStyle()
-        updateLook();
+        followTheme();
     }
 }
 
@@ -135,8 +119,7 @@ void DockableTabWidget::paintEvent(QPaintEvent* event)
         ui::tabs::paintAccent(painter, rect(), mood);
     }
     if (mood.keyboard) {
-        ui::style::drawFocusRing(
-            painter, QRectF(rect()).adjusted(2, 4, -2, -2), ui::style::kSmallRadius);
+        ui::tabs::paintFocus(painter, rect());
     }
 }
 
@@ -158,17 +141,9 @@ void DockableTabWidget::stopHoverTimer()
     }
 }
 
-void DockableTabWidget::followFont()
-{
-    m_label->followFont();
-    setFixedHeight(ui::tabs::tabHeight(*this));
-}
-
-void DockableTabWidget::updateLook()
+void DockableTabWidget::followTheme()
 {
     const auto ground =
         m_active ? QStringLiteral("AlternateBase") : QStringLiteral("TabBackground");
     setBackgroundColor(ui::colorQt(ground));
-    m_label->followState(m_active, isEnabled() && underMouse());
-    setFocusPolicy(m_active ? Qt::TabFocus : Qt::NoFocus); // one stop for the whole strip
 }

@@ -40,7 +40,6 @@ Q_SIGNALS:
     void pressed();
 
 protected:
-    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -52,8 +51,7 @@ protected:
 private:
     void startHoverTimer();
     void stopHoverTimer();
-    void followFont();
-    void updateLook();
+    void followTheme();
 
     TabLabel* m_label;
     bool m_active = false;

@@ -3,9 +3,9 @@
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/docking/AccessibleDocking.h"
 #include "MorrantUI/docking/DockOperation.h"
-#include "MorrantUI/docking/GroupRoom.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
+#include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/WindowOverlays.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
@@ -150,7 +150,7 @@ void DockableWindow::setText(const QString& text)
     m_text = text;
     setWindowTitle(text);
     if (changed) {
-        ui::notifyDockableRenamed(this);
+        ui::notifyAccessible(this, QAccessible::NameChanged);
         ui::docking::LayoutChange change;
         change.noteTabs(); // one of them may show it
         Q_EMIT textChanged(text);
@@ -405,7 +405,7 @@ void DockableWindow::undockUnseen(DockableGroup& group)
         removeFromParent(left);
     }
     if (left) {
-        left->m_room->giveBack(*this);
+        left->m_splitterSizes->giveBack(*this);
     }
 }
 

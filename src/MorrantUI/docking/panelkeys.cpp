@@ -24,17 +24,21 @@ bool walkPanels(const QKeyEvent& key)
     return isKey(key, Qt::Key_F6, Qt::ShiftModifier) && focusPreviousPanel();
 }
 
+bool requestMenu(QWidget& widget, const QPoint& position)
+{
+    QContextMenuEvent request(
+        QContextMenuEvent::Keyboard, position, widget.mapToGlobal(position), Qt::NoModifier);
+    return QCoreApplication::sendEvent(&widget, &request) && request.isAccepted();
+}
+
 bool askForMenu(const QKeyEvent& key)
 {
     QWidget* focus = QApplication::focusWidget();
     if (!focus || !isKey(key, Qt::Key_F10, Qt::ShiftModifier)) {
         return false;
     }
-    const QPoint cursor =
-        focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center(); // as Qt does
-    QContextMenuEvent request(
-        QContextMenuEvent::Keyboard, cursor, focus->mapToGlobal(cursor), key.modifiers());
-    return QCoreApplication::sendEvent(focus, &request) && request.isAccepted();
+    // As Qt does.
+    return requestMenu(*focus, focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center());
 }
 
 QPoint menuPlace(DockableWindow& window)

@@ -3,6 +3,7 @@
 class DockableWindow;
 class QKeyEvent;
 class QPoint;
+class QWidget;
 
 /// What dockable windows make of keys that nothing inside them has a use for.
 namespace ui::docking {
@@ -10,6 +11,11 @@ namespace ui::docking {
 /// Goes to the next or the previous panel, if that is what the key means.
 /// @return whether it did
 bool walkPanels(const QKeyEvent& key);
+
+/// Asks a widget for its menu, as the Menu key does.
+/// @param position in the widget
+/// @return whether it had one
+bool requestMenu(QWidget& widget, const QPoint& position);
 
 /// Asks what has the focus for its menu if the key is Shift+F10, which not every system does by
 /// itself as it does for the Menu key.

@@ -7,23 +7,17 @@
 namespace ui {
 
 AccessibleTabList::AccessibleTabList(TabBarHeader* header)
-    : QAccessibleWidget(header, QAccessible::PageTabList)
+    : AccessibleParts(header, QAccessible::PageTabList)
     , m_header(header)
 {}
 
-int AccessibleTabList::childCount() const
+QWidgetList AccessibleTabList::parts() const
 {
-    return m_header->count();
-}
-
-QAccessibleInterface* AccessibleTabList::child(int index) const
-{
-    return QAccessible::queryAccessibleInterface(m_header->tab(index));
-}
-
-int AccessibleTabList::indexOfChild(const QAccessibleInterface* child) const
-{
-    return m_header->indexOf(child != nullptr ? qobject_cast<TabItem*>(child->object()) : nullptr);
+    QWidgetList tabs;
+    for (int i = 0; i < m_header->count(); ++i) {
+        tabs.append(m_header->tab(i));
+    }
+    return tabs;
 }
 
 QAccessibleInterface* AccessibleTabList::childAt(int x, int y) const
@@ -43,7 +37,7 @@ QAccessibleInterface* AccessibleTabList::focusChild() const
 }
 
 AccessibleTab::AccessibleTab(TabItem* tab)
-    : QAccessibleWidget(tab, QAccessible::PageTab)
+    : AccessibleParts(tab, QAccessible::PageTab)
     , m_tab(tab)
 {}
 
@@ -52,26 +46,9 @@ QAccessibleInterface* AccessibleTab::parent() const
     return QAccessible::queryAccessibleInterface(m_tab->header());
 }
 
-int AccessibleTab::childCount() const
-{
-    return static_cast<int>(parts().size());
-}
-
-QAccessibleInterface* AccessibleTab::child(int index) const
-{
-    return QAccessible::queryAccessibleInterface(parts().value(index));
-}
-
-int AccessibleTab::indexOfChild(const QAccessibleInterface* child) const
-{
-    return child != nullptr
-               ? static_cast<int>(parts().indexOf(qobject_cast<QWidget*>(child->object())))
-               : -1;
-}
-
 QAccessible::State AccessibleTab::state() const
 {
-    QAccessible::State state = QAccessibleWidget::state();
+    QAccessible::State state = AccessibleParts::state();
     const bool enabled = m_tab->isEnabled();
     state.selectable = enabled;
     state.focusable = enabled;
@@ -83,7 +60,7 @@ QAccessible::State AccessibleTab::state() const
 QString AccessibleTab::text(QAccessible::Text kind) const
 {
     const bool ownName = kind == QAccessible::Name && m_tab->accessibleName().isEmpty();
-    return ownName ? m_tab->text() : QAccessibleWidget::text(kind);
+    return ownName ? m_tab->text() : AccessibleParts::text(kind);
 }
 
 QStringList AccessibleTab::actionNames() const
@@ -114,14 +91,12 @@ QWidgetList AccessibleTab::parts() const
 
 void notifyTabSelected(TabItem* tab, bool focused)
 {
-    if (tab == nullptr || !QAccessible::isActive()) {
+    if (tab == nullptr) {
         return;
     }
-    QAccessibleEvent selection(tab, QAccessible::Selection);
-    QAccessible::updateAccessibility(&selection);
+    notifyAccessible(tab, QAccessible::Selection);
     if (focused) {
-        QAccessibleEvent focus(tab, QAccessible::Focus);
-        QAccessible::updateAccessibility(&focus);
+        notifyAccessible(tab, QAccessible::Focus);
     }
 }
 

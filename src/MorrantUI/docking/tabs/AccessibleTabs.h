@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QAccessibleWidget>
+#include "MorrantUI/controls/accessibility.h"
 
 class TabBarHeader;
 class TabItem;
@@ -8,42 +8,39 @@ class TabItem;
 namespace ui {
 
 /// A TabBarHeader as assistive tools see it: its tabs in display order, and nothing else.
-class AccessibleTabList : public QAccessibleWidget
+class AccessibleTabList : public AccessibleParts
 {
 public:
     explicit AccessibleTabList(TabBarHeader* header);
 
-    int childCount() const override;
-    QAccessibleInterface* child(int index) const override;
-    int indexOfChild(const QAccessibleInterface* child) const override;
     QAccessibleInterface* childAt(int x, int y) const override;
     QAccessibleInterface* focusChild() const override;
+
+protected:
+    QWidgetList parts() const override;
 
 private:
     const TabBarHeader* m_header;
 };
 
-/// A tab, named by its text. Pressing clicks it.
-class AccessibleTab : public QAccessibleWidget
+/// A tab, named by its text. Pressing clicks it. Its children are decorator and close button, where
+/// they are shown.
+class AccessibleTab : public AccessibleParts
 {
 public:
     explicit AccessibleTab(TabItem* tab);
 
     QAccessibleInterface* parent() const override;
-    /// Decorator and close button, where they are shown.
-    int childCount() const override;
-    QAccessibleInterface* child(int index) const override;
-    int indexOfChild(const QAccessibleInterface* child) const override;
-
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
     QStringList actionNames() const override;
     /// Clicks through the event queue, since a slot may open a dialog.
     void doAction(const QString& name) override;
 
-private:
-    QWidgetList parts() const;
+protected:
+    QWidgetList parts() const override;
 
+private:
     TabItem* m_tab;
 };
 

@@ -2,21 +2,18 @@
 
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/docking/tabs/AccessibleTabs.h"
-#include "MorrantUI/docking/tabs/TabHover.h"
+#include "MorrantUI/docking/tabs/TabDrag.h"
 #include "MorrantUI/docking/tabs/TabRow.h"
 #include "MorrantUI/docking/tabs/tabkeys.h"
 #include "MorrantUI/docking/tabs/tablook.h"
-#include <MorrantUI/docking/tabs/TabGradientOverlay.h>
 #include <MorrantUI/docking/tabs/TabItem.h>
-#include <MorrantUI/docking/tabs/tabreorder.h>
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QHBoxLayout>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QWheelEvent>
 
 #include <utility>
@@ -32,18 +29,14 @@ constexpr int kLeastWidth = 80; ///< narrowest header worth having
 
 TabBarHeader::TabBarHeader(QWidget* parent)
     : Widget(parent)
-    , m_row(new TabRow(this))
+    , m_row(new TabRow(this, kWidestFade))
     , m_layout(m_row->tabs())
-    , m_fades(new TabGradientOverlay(this))
-    , m_hover(new TabHover(m_row))
+    , m_drag(std::make_unique<TabDrag>(*this, *m_row))
 {
     ui::installAccessible<TabBarHeader, ui::AccessibleTabList>();
     setFocusPolicy(Qt::TabFocus); // a click must not take the focus from a field
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAcceptDrops(true);
-    connect(m_row, &TabRow::placed, this, [this] {
-        m_fades->setFades(ui::tabs::fades(m_row->view(), kWidestFade));
-    });
     connect(m_row, &TabRow::needsOtherSpace, this, &TabBarHeader::updateGeometry);
     connect(m_row, &TabRow::childLost, this, &TabBarHeader::noteLostTab);
 }
@@ -51,9 +44,6 @@ TabBarHeader::TabBarHeader(QWidget* parent)
 TabBarHeader::~TabBarHeader()
 {
     m_row->disconnect(this);
-    if (m_drag) {
-        m_drag->setParent(nullptr); // its loop is running and still needs it
-    }
 }
 
 int TabBarHeader::count() const
@@ -317,43 +307,12 @@ int TabBarHeader::dropGap(const QPoint& position) const
 
 QSize TabBarHeader::sizeHint() const
 {
-    return {m_layout->sizeHint().width(), ui::tabs::tabHeight(*this)};
+    return m_row->wantedSize();
 }
 
 QSize TabBarHeader::minimumSizeHint() const
 {
-    const QSize whole = sizeHint();
-    return {qMin(kLeastWidth, whole.width()), whole.height()};
-}
-
-void TabBarHeader::startDrag(TabItem* tab)
-{
-    if (count() < 2 || m_drag) {
-        return;
-    }
-    auto* const carried = new QMimeData;
-    carried->setData(ui::tabs::reorderFormat(), ui::tabs::reorderData(tab->index()));
-    auto* const drag = new QDrag(this);
-    drag->setMimeData(carried);
-    drag->setPixmap(tab->grab());
-    drag->setHotSpot(m_pressPosition - tab->mapTo(this, QPoint(0, 0)));
-    m_draggedTab = tab;
-    m_drag = drag;
-    m_fades->hide(); // the tabs at the edges are places to drop at
-
-    const QPointer<TabBarHeader> self(this);
-    const QPointer<QDrag> running(drag);
-    runDrag(drag);
-    if (running) {
-        running->deleteLater(); // outlives the header
-    }
-    if (!self) {
-        return;
-    }
-    m_drag = nullptr;
-    m_draggedTab = nullptr;
-    m_hover->end();
-    m_fades->show();
+    return m_row->leastSize(kLeastWidth);
 }
 
 Qt::DropAction TabBarHeader::runDrag(QDrag* drag)
@@ -364,89 +323,39 @@ Qt::DropAction TabBarHeader::runDrag(QDrag* drag)
     return done;
 }
 
-/// The index of what is held over the header if it may be dropped: a tab of this header.
-std::optional<int> TabBarHeader::draggedIndex(const QDropEvent& event) const
-{
-    const bool fromElsewhere = event.source() != nullptr && event.source() != this;
-    if (fromElsewhere || !event.possibleActions().testFlag(Qt::MoveAction)) {
-        return std::nullopt;
-    }
-    std::optional<int> index = ui::tabs::reorderIndex(event.mimeData());
-    if (index && m_drag) {
-        index = indexOf(m_draggedTab); // others may have been closed since the drag began
-    }
-    return index && tab(*index) != nullptr ? index : std::nullopt;
-}
-
-void TabBarHeader::hoverWithTab(QDropEvent& event)
-{
-    const std::optional<int> index = draggedIndex(event);
-    if (!index) {
-        m_hover->end();
-        event.ignore();
-        return;
-    }
-    m_hover->hold(tab(*index), event.position().toPoint());
-    event.setDropAction(Qt::MoveAction);
-    event.accept();
-}
-
 void TabBarHeader::dragEnterEvent(QDragEnterEvent* event)
 {
-    hoverWithTab(*event);
+    m_drag->hover(*event);
 }
 
 void TabBarHeader::dragMoveEvent(QDragMoveEvent* event)
 {
-    hoverWithTab(*event);
+    m_drag->hover(*event);
 }
 
 void TabBarHeader::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
-    m_hover->end();
+    m_drag->leave();
 }
 
 void TabBarHeader::dropEvent(QDropEvent* event)
 {
-    const std::optional<int> from = draggedIndex(*event);
-    m_hover->end();
-    if (!from) {
-        event->ignore();
-        return;
-    }
-    event->setDropAction(Qt::MoveAction);
-    event->accept();
-    m_row->place();
-    moveTab(*from, ui::tabs::indexAfterDrop(*from, dropGap(event->position().toPoint())));
+    m_drag->drop(*event);
 }
 
 void TabBarHeader::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton) {
-        event->ignore();
-        return;
-    }
-    m_pressPosition = event->position().toPoint();
-    m_pressedTab = qobject_cast<TabItem*>(m_row->tabAt(m_pressPosition));
-    event->setAccepted(m_pressedTab != nullptr);
-}
-
-void TabBarHeader::endPress()
-{
-    m_pressedTab = nullptr;
+    event->setAccepted(m_drag->press(*event));
 }
 
 void TabBarHeader::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint way = event->position().toPoint() - m_pressPosition;
-    if (!event->buttons().testFlag(Qt::LeftButton)) {
-        m_pressedTab = nullptr;
-    } else if (
-        m_pressedTab && m_pressedTab->isEnabled()
-        && way.manhattanLength() >= QApplication::startDragDistance())
-    {
-        startDrag(std::exchange(m_pressedTab, nullptr));
-    }
+    m_drag->move(*event);
+}
+
+void TabBarHeader::endPress()
+{
+    m_drag->endPress();
 }
 
 void TabBarHeader::wheelEvent(QWheelEvent* event)
@@ -545,8 +454,7 @@ void TabBarHeader::changeEvent(QEvent* event)
 void TabBarHeader::resizeEvent(QResizeEvent* event)
 {
     Widget::resizeEvent(event);
-    m_fades->setGeometry(rect());
-    m_hover->fitHeader();
+    m_drag->fitHeader();
     m_row->place();
     scrollTo(m_currentIndex);
 }

@@ -7,13 +7,11 @@
 #include <QPoint>
 #include <QPointer>
 
-#include <optional>
+#include <memory>
 
 class QBoxLayout;
 class QDrag;
-class QDropEvent;
-class TabGradientOverlay;
-class TabHover;
+class TabDrag;
 class TabItem;
 class TabRow;
 
@@ -113,6 +111,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    friend class TabDrag; // runs the drag
     friend class TabItem; // tells of the end of a press
 
     /// What indexChanged() has told last.
@@ -134,24 +133,15 @@ private:
     void tellRemoval();
 
     void endPress();
-    void startDrag(TabItem* tab);
-    std::optional<int> draggedIndex(const QDropEvent& event) const;
-    void hoverWithTab(QDropEvent& event);
     void run(ui::tabs::Command command);
 
     TabRow* m_row;
-    QBoxLayout* m_layout; ///< of the row: the tabs in display order, nothing else
-    TabGradientOverlay* m_fades;
-    TabHover* m_hover; ///< what is dragged over the header
+    QBoxLayout* m_layout;            ///< of the row: the tabs in display order, nothing else
+    std::unique_ptr<TabDrag> m_drag; ///< never null
 
     int m_known = 0; ///< tabs that have been put in and not taken out
     int m_currentIndex = -1;
     QPointer<TabItem> m_current; ///< null or the tab at that index
     Told m_told;
     bool m_closing = false; ///< several tabs, of whose removals one signal tells
-
-    QPointer<TabItem> m_pressedTab;
-    QPoint m_pressPosition; ///< where the last drag began, in the header
-    QPointer<TabItem> m_draggedTab;
-    QPointer<QDrag> m_drag; ///< while it runs
 };

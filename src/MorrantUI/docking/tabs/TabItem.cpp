@@ -6,13 +6,11 @@
 #include "MorrantUI/docking/tabs/TabLabel.h"
 #include "MorrantUI/docking/tabs/tablook.h"
 #include "MorrantUI/docking/tabs/tabmenus.h"
-#include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/menus/dialogs.h>
 
 #include <QContextMenuEvent>
-#include <QDragEnterEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMouseEvent>
@@ -37,15 +35,11 @@ TabItem::TabItem(const QString& text, TabBarHeader* header)
     , m_label(new TabLabel(this))
 {
     ui::installAccessible<TabItem, ui::AccessibleTab>();
-    setAttribute(Qt::WA_Hover);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setMinimumWidth(kNarrowest);
     m_row->setContentsMargins(kSidePadding, 0, kSidePadding, 0);
     m_row->setSpacing(kSpacing);
     m_row->addWidget(m_label);
     setText(text);
-    followFont();
-    updateLook();
 }
 
 TabItem::~TabItem()
@@ -68,17 +62,15 @@ QString TabItem::text() const
 void TabItem::setText(const QString& text)
 {
     m_label->showText(text);
-    if (QAccessible::isActive()) {
-        QAccessibleEvent event(this, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&event);
-    }
+    ui::notifyAccessible(this, QAccessible::NameChanged);
 }
 
 void TabItem::setActive(bool active)
 {
     if (active != m_active) {
         m_active = active;
-        updateLook();
+        m_label->setActive(active);
+        update();
     }
 }
 
@@ -178,29 +170,6 @@ void TabItem::stopTimer()
     }
 }
 
-bool TabItem::event(QEvent* event)
-{
-    if (event->type() == QEvent::ToolTip && m_label->answerToolTip(*this, event)) {
-        return true;
-    }
-    const bool done = Widget::event(event);
-    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
-        updateLook();
-    }
-    return done;
-}
-
-void TabItem::changeEvent(QEvent* event)
-{
-    Widget::changeEvent(event);
-    switch (event->type()) {
-    case QEvent::FontChange:
-    case QEvent::StyleChange: followFont(); break;
-    case QEvent::EnabledChange: updateLook(); break;
-    default: break;
-    }
-}
-
 void TabItem::mousePressEvent(QMouseEvent* event)
 {
     stopTimer();
@@ -242,25 +211,12 @@ void TabItem::mouseDoubleClickEvent(QMouseEvent* event)
     m_renamesAfterRelease = event->button() == Qt::LeftButton && isRenamable();
 }
 
-void TabItem::dragEnterEvent(QDragEnterEvent* event)
-{
-    stopTimer();
-    event->ignore(); // the header decides
-}
-
-void TabItem::dragLeaveEvent(QDragLeaveEvent* event)
-{
-    stopTimer();
-    event->ignore();
-}
-
 void TabItem::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     ui::tabs::paintTab(painter, rect(), m_active, ui::tabs::moodOf(*this));
     if (m_active && m_header && ui::tabs::moodOf(*m_header).keyboard) {
-        ui::style::drawFocusRing(
-            painter, QRectF(rect()).adjusted(2, 4, -2, -2), ui::style::kSmallRadius);
+        ui::tabs::paintFocus(painter, rect());
     }
 }
 
@@ -293,23 +249,11 @@ void TabItem::contextMenuEvent(QContextMenuEvent* event)
 void TabItem::showEvent(QShowEvent* event)
 {
     Widget::showEvent(event);
-    updateLook();
+    m_label->followState();
 }
 
 void TabItem::hideEvent(QHideEvent* event)
 {
     stopTimer();
     Widget::hideEvent(event);
-}
-
-void TabItem::followFont()
-{
-    m_label->followFont();
-    setFixedHeight(ui::tabs::tabHeight(*this));
-}
-
-void TabItem::updateLook()
-{
-    m_label->followState(m_active, isEnabled() && underMouse());
-    update();
 }

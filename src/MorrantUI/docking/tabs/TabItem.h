@@ -99,17 +99,13 @@ Q_SIGNALS:
 
 protected:
     /// Lets the tab ask for a name once the click in progress is over, as a double click on a
-    /// renamable tab does. A press, a drag, hiding and stopTimer() take that back.
+    /// renamable tab does. A press, hiding and stopTimer() take that back.
     void startTimer();
     void stopTimer();
 
-    bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -122,8 +118,6 @@ private:
     void setPage(QWidget* page);
     bool isRenamable() const;
     void closeByMiddleClick();
-    void followFont();
-    void updateLook();
 
     QPointer<TabBarHeader> m_header;
     QPointer<QWidget> m_page;

@@ -1,6 +1,9 @@
 #include "MorrantUI/docking/tabs/TabLabel.h"
 
 #include "MorrantUI/controls/values/elidedtext.h"
+#include "MorrantUI/docking/tabs/tablook.h"
+
+#include <QEvent>
 
 static constexpr int kMostChars = 24; ///< of a text that is shown whole, about
 
@@ -9,6 +12,11 @@ TabLabel::TabLabel(QWidget* tab)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
+    tab->setAttribute(Qt::WA_Hover);
+    tab->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    tab->installEventFilter(this);
+    followFont();
+    followState();
 }
 
 TabLabel::~TabLabel() = default;
@@ -20,21 +28,42 @@ void TabLabel::showText(const QString& text)
     setText(shown.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 
-void TabLabel::followFont()
+void TabLabel::setActive(bool active)
 {
-    setMaximumWidth(kMostChars * fontMetrics().averageCharWidth());
+    m_active = active;
+    followState();
 }
 
-void TabLabel::followState(bool active, bool hovered)
+void TabLabel::followState()
 {
-    const auto color = active    ? QStringLiteral("Text")
+    const bool hovered = parentWidget()->isEnabled() && parentWidget()->underMouse();
+    const auto color = m_active  ? QStringLiteral("Text")
                        : hovered ? QStringLiteral("WindowText")
                                  : QStringLiteral("HelperHints");
     setColors(color);
 }
 
-bool TabLabel::answerToolTip(QWidget& tab, QEvent* event)
+/// Bounds the width of what is shown whole to about so many letters of the tab's font.
+void TabLabel::followFont()
 {
-    const bool isCut = width() < sizeHint().width();
-    return ui::answerWithWholeText(tab, event, m_wholeText, isCut ? QString() : m_wholeText);
+    setMaximumWidth(kMostChars * fontMetrics().averageCharWidth());
+    parentWidget()->setFixedHeight(ui::tabs::tabHeight(*parentWidget()));
+}
+
+bool TabLabel::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange: followFont(); break;
+    case QEvent::EnabledChange:
+    case QEvent::HoverEnter:
+    case QEvent::HoverLeave: followState(); break;
+    case QEvent::ToolTip: {
+        const bool isCut = width() < sizeHint().width();
+        return ui::answerWithWholeText(
+            *parentWidget(), event, m_wholeText, isCut ? QString() : m_wholeText);
+    }
+    default: break;
+    }
+    return RolloverLabel::eventFilter(watched, event);
 }

@@ -2,12 +2,15 @@
 
 #include <MorrantUI/controls/values/RolloverLabel.h>
 
-/// The text on a tab, which as a whole is what is hovered and clicked.
+/// The text on a tab, which as a whole is what is hovered and clicked, and what follows from it:
+/// the tab is as high as its font wants, brighter under the pointer, and shows a text that is cut
+/// whole in a tool tip.
 class TabLabel : public RolloverLabel
 {
     Q_OBJECT
 
 public:
+    /// The tab gets a fixed size and is filtered from here on.
     explicit TabLabel(QWidget* tab);
     ~TabLabel() override;
 
@@ -15,14 +18,16 @@ public:
     void showText(const QString& text);
     QString wholeText() const { return m_wholeText; }
 
-    /// Bounds the width of what is shown whole to about so many letters of the tab's font.
-    void followFont();
-    /// @param active the tab in front, whose text is the brightest
-    void followState(bool active, bool hovered);
+    /// The tab in front has the brightest text.
+    void setActive(bool active);
+    /// To be called when the tab shows: the pointer may have come and gone meanwhile.
+    void followState();
 
-    /// Answers a request for a tool tip on the tab with the whole text, if it is cut.
-    bool answerToolTip(QWidget& tab, QEvent* event);
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void followFont();
+
     QString m_wholeText;
+    bool m_active = false;
 };

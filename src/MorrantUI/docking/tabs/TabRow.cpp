@@ -1,9 +1,13 @@
 #include "MorrantUI/docking/tabs/TabRow.h"
 
+#include "MorrantUI/docking/tabs/tablook.h"
+#include <MorrantUI/docking/tabs/TabGradientOverlay.h>
+
 #include <QChildEvent>
 #include <QHBoxLayout>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -28,9 +32,11 @@ double wheelDistance(const QWheelEvent& event, Qt::LayoutDirection direction)
 
 } // namespace
 
-TabRow::TabRow(QWidget* header)
+TabRow::TabRow(QWidget* header, int widestFade)
     : QWidget(header)
     , m_tabs(new QHBoxLayout(this))
+    , m_fades(new TabGradientOverlay(header))
+    , m_widestFade(widestFade)
 {
     m_tabs->setContentsMargins(0, 0, 0, 0);
     m_tabs->setSpacing(kGap);
@@ -47,6 +53,22 @@ ui::tabs::View TabRow::view() const
         .offset = m_offset,
         .direction = layoutDirection(),
     };
+}
+
+QSize TabRow::wantedSize() const
+{
+    return {m_tabs->sizeHint().width(), ui::tabs::tabHeight(*parentWidget())};
+}
+
+QSize TabRow::leastSize(int width) const
+{
+    const QSize whole = wantedSize();
+    return {std::min(width, whole.width()), whole.height()};
+}
+
+void TabRow::setFadesVisible(bool visible)
+{
+    m_fades->setVisible(visible);
 }
 
 std::vector<ui::tabs::Span> TabRow::spans() const
@@ -73,7 +95,8 @@ void TabRow::place()
     const ui::tabs::View now = view();
     setGeometry(ui::tabs::rowLeft(now), 0, now.content, parentWidget()->height());
     m_tabs->setGeometry(rect()); // of a row that is not shown, Qt would put it off
-    Q_EMIT placed();
+    m_fades->setGeometry(parentWidget()->rect());
+    m_fades->setFades(ui::tabs::fades(now, m_widestFade));
 }
 
 void TabRow::scroll(int offset)

@@ -6,21 +6,30 @@
 
 class QBoxLayout;
 class QWheelEvent;
+class TabGradientOverlay;
 
 /// The row of tabs below a header, as wide as its tabs need, which the header shows a part of. It
-/// moves within the header to scroll; points are the header's.
+/// moves within the header to scroll, and fades out at the edges beyond which it goes on; points
+/// are the header's.
 class TabRow : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit TabRow(QWidget* header);
+    /// @param widestFade of one edge, logical pixels
+    TabRow(QWidget* header, int widestFade);
     ~TabRow() override;
 
     /// The tabs in display order, nothing else.
     QBoxLayout* tabs() const { return m_tabs; }
 
     ui::tabs::View view() const;
+
+    /// The header's size for all tabs, and for a part of the row.
+    QSize wantedSize() const;
+    QSize leastSize(int width) const;
+
+    void setFadesVisible(bool visible);
 
     /// Brings the row to its size and place, and the tabs with it.
     void place();
@@ -40,8 +49,6 @@ public:
     int gapX(int gap) const;
 
 Q_SIGNALS:
-    /// View and tabs are where they belong.
-    void placed();
     /// The space that the tabs need has changed.
     void needsOtherSpace();
     /// A child was deleted or given another parent; no tab any more, perhaps no widget either.
@@ -54,6 +61,8 @@ private:
     std::vector<ui::tabs::Span> spans() const;
 
     QBoxLayout* m_tabs;
+    TabGradientOverlay* m_fades; ///< a child of the header
+    int m_widestFade;
     int m_offset = 0;
     double m_wheelRest = 0.0; ///< of a pixel that the wheel has not scrolled yet
 };

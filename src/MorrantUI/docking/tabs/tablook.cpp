@@ -52,6 +52,11 @@ void paintAccent(QPainter& painter, const QRectF& tab, const Mood& mood)
     fillRounded(painter, tab.adjusted(0, 0, 0, kRadius), kRadius, ink(focusColor(), mood));
 }
 
+void paintFocus(QPainter& painter, const QRectF& tab)
+{
+    drawFocusRing(painter, tab.adjusted(2, 4, -2, -2), kSmallRadius);
+}
+
 QColor rowGround()
 {
     return colorQt(QStringLiteral("WindowBase"));

@@ -23,6 +23,9 @@ void paintTab(QPainter& painter, const QRectF& tab, bool active, const style::Mo
 /// That line alone.
 void paintAccent(QPainter& painter, const QRectF& tab, const style::Mood& mood);
 
+/// The ring of a tab with the keyboard focus, below that line.
+void paintFocus(QPainter& painter, const QRectF& tab);
+
 /// What the tabs stand on.
 QColor rowGround();
 

@@ -1,4 +1,4 @@
-#include "MorrantUI/docking/GroupRoom.h"
+#include "MorrantUI/docking/SplitterSizes.h"
 
 #include "MorrantUI/docking/shares.h"
 #include <MorrantUI/docking/DockableGroup.h>
@@ -14,29 +14,46 @@ static int sumOf(const QList<int>& sizes)
     return std::accumulate(sizes.begin(), sizes.end(), 0);
 }
 
-GroupRoom::GroupRoom(DockableGroup& group)
+SplitterSizes::SplitterSizes(DockableGroup& group)
     : m_group(group)
 {}
 
-void GroupRoom::takeMemoryOf(GroupRoom& other)
+void SplitterSizes::takeMemoryOf(SplitterSizes& other)
 {
     m_arrivals = std::exchange(other.m_arrivals, {});
 }
 
-bool GroupRoom::isVertical() const
+SplitterSizes::Memory SplitterSizes::memory() const
+{
+    return {QRect(m_group.pos(), m_group.size()), m_group.sizes(), m_arrivals};
+}
+
+void SplitterSizes::recall(const Memory& memory)
+{
+    if (m_group.isFloating()) {
+        m_group.move(memory.group.topLeft());
+        m_group.resize(memory.group.size());
+    }
+    if (sumOf(memory.sizes) > 0) {
+        m_group.applySizes(memory.sizes);
+    }
+    m_arrivals = memory.arrivals;
+}
+
+bool SplitterSizes::isVertical() const
 {
     return m_group.getLayoutMode() == DockableGroup::LayoutMode::Vertical;
 }
 
 /// Of the row of children.
-int GroupRoom::length() const
+int SplitterSizes::length() const
 {
     const QWidget& splitter = *m_group.m_splitter;
     const int handles = kHandleWidth * (m_group.childCount() - 1);
     return (isVertical() ? splitter.height() : splitter.width()) - handles;
 }
 
-Arrival GroupRoom::before(const DockableWindow& window) const
+Arrival SplitterSizes::before(const DockableWindow& window) const
 {
     return {
         &window,
@@ -48,7 +65,7 @@ Arrival GroupRoom::before(const DockableWindow& window) const
         QRect()};
 }
 
-void GroupRoom::growFor(DockableWindow& window, int place)
+void SplitterSizes::growFor(DockableWindow& window, int place)
 {
     const bool fixed = !m_group.isFloating() || m_group.isMaximized() || m_group.isFullScreen();
     if (fixed) {
@@ -65,7 +82,7 @@ void GroupRoom::growFor(DockableWindow& window, int place)
 
 /// What a floating group needs beside the newcomer itself: the border, or a handle. In front of the
 /// others it gives its own room to the handle, so that those stay where they are.
-QSize GroupRoom::beside(int place) const
+QSize SplitterSizes::beside(int place) const
 {
     if (m_group.childCount() == 0) {
         return {2 * kBorder, 2 * kBorder};
@@ -74,7 +91,7 @@ QSize GroupRoom::beside(int place) const
     return isVertical() ? QSize(0, handle) : QSize(handle, 0);
 }
 
-void GroupRoom::shareAfter(const Arrival& arrival, int place)
+void SplitterSizes::shareAfter(const Arrival& arrival, int place)
 {
     if (!m_group.isVisible() || sumOf(arrival.sizes) <= 0) {
         return; // never laid out, so that there is nothing to keep
@@ -94,7 +111,7 @@ void GroupRoom::shareAfter(const Arrival& arrival, int place)
     remember(settled);
 }
 
-void GroupRoom::giveBack(DockableWindow& child)
+void SplitterSizes::giveBack(DockableWindow& child)
 {
     const auto arrival = m_arrivals.take(child, false);
     if (!arrival || !m_group.isVisible() || arrival->others != childrenBut(nullptr)) {
@@ -109,18 +126,18 @@ void GroupRoom::giveBack(DockableWindow& child)
     m_group.applySizes(scaledTo(arrival->sizes, length()));
 }
 
-void GroupRoom::holderArrived(
-    const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes)
+void SplitterSizes::splitInserted(
+    const DockableWindow& target, const DockableWindow& split, const QList<int>& sizes)
 {
     if (sumOf(sizes) > 0) {
         m_group.applySizes(sizes);
     }
-    m_arrivals.replace(target, holder);
-    remember({&holder, childrenBut(&holder), {}, sizes, true, {}, {}});
+    m_arrivals.replace(target, split);
+    remember({&split, childrenBut(&split), {}, sizes, true, {}, {}});
 }
 
-void GroupRoom::holderLeft(
-    const DockableWindow& holder,
+void SplitterSizes::splitDissolved(
+    const DockableWindow& split,
     const DockableWindow& last,
     int place,
     const QList<int>& sizes,
@@ -133,13 +150,13 @@ void GroupRoom::holderLeft(
         m_group.applySizes(withReplaced(sizes, place, parts, kHandleWidth));
         return;
     }
-    const auto arrival = m_arrivals.take(holder, true);
+    const auto arrival = m_arrivals.take(split, true);
     const bool known = arrival && arrival->others == childrenBut(&last);
     m_group.applySizes(known ? scaledTo(arrival->sizes, sumOf(sizes)) : sizes);
-    m_arrivals.replace(holder, last);
+    m_arrivals.replace(split, last);
 }
 
-void GroupRoom::rememberPair(
+void SplitterSizes::rememberPair(
     const DockableWindow& target,
     const QRect& targetAlone,
     const DockableWindow& newcomer,
@@ -158,7 +175,7 @@ void GroupRoom::rememberPair(
     remember({&target, {&newcomer}, targetAlone.size(), {1}, false, there, now});
 }
 
-void GroupRoom::setSizesAround(DockableWindow& child, int extent)
+void SplitterSizes::setSizesAround(DockableWindow& child, int extent)
 {
     const int outer = isVertical() ? m_group.height() : m_group.width();
     const int room = outer - 2 * kBorder - kHandleWidth;
@@ -169,12 +186,12 @@ void GroupRoom::setSizesAround(DockableWindow& child, int extent)
     }
 }
 
-QList<int> GroupRoom::sharesFor(int room, int wanted, DockableArea area)
+QList<int> SplitterSizes::sharesFor(int room, int wanted, DockableArea area)
 {
     return withNewcomer({room}, insertIndex(area) == 0 ? 0 : 1, wanted, kHandleWidth);
 }
 
-std::vector<const DockableWindow*> GroupRoom::childrenBut(const DockableWindow* one) const
+std::vector<const DockableWindow*> SplitterSizes::childrenBut(const DockableWindow* one) const
 {
     std::vector<const DockableWindow*> found;
     for (int index = 0; index < m_group.childCount(); ++index) {
@@ -185,7 +202,7 @@ std::vector<const DockableWindow*> GroupRoom::childrenBut(const DockableWindow* 
     return found;
 }
 
-void GroupRoom::remember(const Arrival& arrival)
+void SplitterSizes::remember(const Arrival& arrival)
 {
     m_arrivals.remember(arrival, childrenBut(nullptr));
 }

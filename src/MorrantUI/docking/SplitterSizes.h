@@ -14,17 +14,29 @@ namespace ui::docking {
 inline constexpr int kHandleWidth = 6; ///< logical pixels, as wide as the border around a group
 inline constexpr int kBorder = 6;
 
-/// How the children of a group share its room, and what a newcomer takes of it and gives back when
-/// it leaves. Sizes leave out the handles.
-class GroupRoom
+/// How the splitter of a group shares its length among the children, and what a newcomer takes of
+/// it and gives back when it leaves. Sizes leave out the handles.
+class SplitterSizes
 {
 public:
-    explicit GroupRoom(DockableGroup& group);
+    /// How the room is shared at a time.
+    struct Memory
+    {
+        QRect group; ///< position and size
+        QList<int> sizes;
+        Arrivals arrivals;
+    };
+
+    explicit SplitterSizes(DockableGroup& group);
+
+    Memory memory() const;
+    /// Shares it in that way again, among as many children as then.
+    void recall(const Memory& memory);
 
     /// Nothing of before is to come back: the user or the host wants it otherwise.
     void forget() { m_arrivals.clear(); }
     /// The children move from another group into this one.
-    void takeMemoryOf(GroupRoom& other);
+    void takeMemoryOf(SplitterSizes& other);
 
     /// How things are before a window arrives.
     Arrival before(const DockableWindow& window) const;
@@ -36,14 +48,15 @@ public:
     /// After a child has left: if the others are as it found them they get their sizes back.
     void giveBack(DockableWindow& child);
 
-    /// After a group has come in place of a child: the others keep their sizes as far as they can.
-    void holderArrived(
-        const DockableWindow& target, const DockableWindow& holder, const QList<int>& sizes);
+    /// After a child was split: a new group has come in its place. The others keep their sizes as
+    /// far as they can.
+    void splitInserted(
+        const DockableWindow& target, const DockableWindow& split, const QList<int>& sizes);
     /// After a group has left its place to its children, `last` behind the others.
     /// @param sizes the row's before that
     /// @param parts how the children shared the group's own room
-    void holderLeft(
-        const DockableWindow& holder,
+    void splitDissolved(
+        const DockableWindow& split,
         const DockableWindow& last,
         int place,
         const QList<int>& sizes,
