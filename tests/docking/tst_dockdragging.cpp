@@ -41,7 +41,7 @@ private Q_SLOTS:
     void aFloatingPanelDocksWhereItIsDropped();
     void theFirstMoveOverATargetHighlightsNothing();
     void theDraggedWindowDecidesWhichZonesThereAre();
-    void escapeEndsTheDragLikeADropOnNothing();
+    void escapePutsTheWindowBack();
     void aLostReleaseEndsTheDragAtTheNextMove();
     void whoeverDiesInADragTheNextOneWorks_data();
     void whoeverDiesInADragTheNextOneWorks();
@@ -272,29 +272,45 @@ void DockDraggingTest::theDraggedWindowDecidesWhichZonesThereAre()
     QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(V(b a))"));
 }
 
-void DockDraggingTest::escapeEndsTheDragLikeADropOnNothing()
+void DockDraggingTest::escapePutsTheWindowBack()
 {
-    DockTree tree(QSize(250, 150));
+    DockTree tree(QSize(350, 150));
     tree.root().move(20, 20);
-    tree.showRow({116, 116});
+    tree.showRow({90, 120, 116});
     DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
+    const QList<int> sizes = root.sizes();
     DockableWindow* b = root.getChild(1);
-    a->dockInArea(DockTree::panel(QStringLiteral("x")), Area::Right);
-    Hand hand;
-    hand.press(*a->header(), grip());
-    hand.moveTo(root.mapToGlobal(QPoint(100, 260)));
-    hand.moveTo(inLeftZone(*b));
-    hand.moveTo(inLeftZone(*b) + QPoint(1, 0));
-    QTest::keyClick(&root, Qt::Key_Escape);
+    DockableWindow* c = root.getChild(2);
+    const QPoint outside = root.mapToGlobal(QPoint(100, 260));
+    const auto dragAndEscape = [&](QWidget& grabbed) {
+        Hand hand;
+        hand.press(grabbed, grip());
+        hand.moveTo(outside);
+        hand.moveTo(inLeftZone(*c));
+        hand.moveTo(inLeftZone(*c) + QPoint(1, 0));
+        QTest::keyClick(&root, Qt::Key_Escape);
+        settle();
+        QCOMPARE(brokenInvariants().join(u'\n'), QString());
+        hand.moveTo(inLeftZone(*c) + QPoint(2, 0));
+    };
+    dragAndEscape(*b->header());
+    QCOMPARE(DockTree::text(root), QStringLiteral("H(a b c)"));
+    QCOMPARE(root.sizes(), sizes);
+    DockableWindow* x = DockTree::panel(QStringLiteral("x"), {190, 70});
+    auto* tabs = qobject_cast<DockableTabGroup*>(b->dockInArea(x, Area::Center));
     settle();
-    QVERIFY(a->isFloating());
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(x b)")); // the old group is tidied
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-    hand.moveTo(inLeftZone(*b) + QPoint(2, 0));
-    hand.release();
-    QVERIFY(a->isFloating());
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
+    dragAndEscape(*tabs->tabAt(0));
+    QCOMPARE(DockTree::text(root), QStringLiteral("H(a T(b x) c)"));
+    QCOMPARE(tabs->activeIndex(), 0);
+    QCOMPARE(root.sizes(), sizes);
+    x->undock(true);
+    QCOMPARE(root.sizes(), sizes);
+    x->move(60, 300); // one that floats
+    settle();
+    const QPoint place = x->pos();
+    dragAndEscape(*x->header());
+    QCOMPARE(x->pos(), place);
+    QVERIFY(x->isFloating() && root.sizes() == sizes);
 }
 
 void DockDraggingTest::aLostReleaseEndsTheDragAtTheNextMove()

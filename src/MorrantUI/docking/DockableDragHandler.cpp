@@ -1,5 +1,6 @@
 #include "MorrantUI/docking/DockableDragHandler.h"
 
+#include "MorrantUI/docking/DragOrigin.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelkeys.h"
 #include "MorrantUI/platform/windowsystem.h"
@@ -16,6 +17,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 static constexpr double kDragOpacity = 0.5;
 
@@ -26,19 +28,12 @@ DockableDragHandler::DockableDragHandler(DockableWindow* window)
 DockableDragHandler::~DockableDragHandler()
 {
     m_window.clear(); // half destroyed by now
-    finish(Ending::Cancel);
+    finish(Ending::Leave);
 }
 
 DockableWindow* DockableDragHandler::hoverWindow() const
 {
     return qobject_cast<DockableWindow*>(m_hoverWindow.data());
-}
-
-DockableWindow* DockableDragHandler::takeHoverWindow()
-{
-    DockableWindow* hover = hoverWindow();
-    m_hoverWindow.clear();
-    return hover;
 }
 
 void DockableDragHandler::setEnabled(bool enabled)
@@ -47,7 +42,7 @@ void DockableDragHandler::setEnabled(bool enabled)
         return;
     }
     const QPointer<DockableDragHandler> self(this);
-    finish(Ending::Cancel);
+    finish(Ending::Leave);
     if (self) {
         m_state = enabled ? State::Idle : State::Locked;
     }
@@ -103,7 +98,7 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
 void DockableDragHandler::startGesture()
 {
     const QPointer<DockableDragHandler> self(this);
-    finish(Ending::Cancel); // of one whose release never came
+    finish(Ending::Leave); // of one whose release never came
     if (!self) {
         return;
     }
@@ -127,7 +122,7 @@ bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
         if (isDragging() && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-            finish(Ending::Cancel);
+            finish(Ending::TakeBack);
         }
         return false;
     default: return false;
@@ -137,7 +132,7 @@ bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
 bool DockableDragHandler::mouseMoved(const QMouseEvent& event)
 {
     if (event.buttons() == Qt::NoButton) {
-        finish(Ending::Cancel); // the release went elsewhere
+        finish(Ending::Leave); // the release went elsewhere
         return false;
     }
     if (event.buttons() != Qt::LeftButton || !beginDragging()) {
@@ -196,22 +191,42 @@ void DockableDragHandler::finish(Ending ending)
     }
     const bool engaged = isDragging() || m_hoverWindow;
     endDragging();
-    if (ending == Ending::Drop) {
-        dockInHoverWindow();
-    } else if (engaged) {
+    switch (ending) {
+    case Ending::Drop: dockInHoverWindow(); break;
+    case Ending::Leave:
+        if (DockableWindow* hover = leaveHoverWindow(); m_window && engaged) {
+            m_window->cleanupOldParent(hover);
+        }
+        break;
+    case Ending::TakeBack:
         leaveHoverWindow();
+        // Not now, when Qt is dealing with a key of the window whose native one is to go.
+        QMetaObject::invokeMethod(this, &DockableDragHandler::takeBack, Qt::QueuedConnection);
+        break;
     }
 }
 
-/// As a release over no zone.
-void DockableDragHandler::leaveHoverWindow()
+DockableWindow* DockableDragHandler::leaveHoverWindow()
 {
-    DockableWindow* hover = takeHoverWindow();
+    DockableWindow* hover = hoverWindow();
+    m_hoverWindow.clear();
     if (hover) {
         hover->hideIndicators();
     }
-    if (m_window) {
-        m_window->cleanupOldParent(hover);
+    return hover;
+}
+
+void DockableDragHandler::takeBack()
+{
+    const QPointer<DockableWindow> window = m_window;
+    if (window && !isDragging()) {
+        const auto origin = std::move(m_origin);
+        if (origin) {
+            origin->restore(*window);
+        }
+        if (window) {
+            window->cleanupOldParent(nullptr);
+        }
     }
 }
 
@@ -235,6 +250,7 @@ bool DockableDragHandler::beginDragging()
     }
     m_hoverWindow.clear();
     m_state = State::Dragging;
+    m_origin = std::make_unique<ui::docking::DragOrigin>(*m_window);
     updateWindowOpacity();
     return true;
 }
@@ -329,6 +345,7 @@ void DockableDragHandler::moveIfFloating()
 void DockableDragHandler::tearOut()
 {
     const QPointer<DockableWindow> window = m_window;
+    m_origin = std::make_unique<ui::docking::DragOrigin>(*window); // of this very moment
     window->mouseUndock();
     if (!window) {
         return;
@@ -343,17 +360,14 @@ void DockableDragHandler::tearOut()
 
 void DockableDragHandler::dockInHoverWindow()
 {
-    const QPointer<DockableWindow> hover = takeHoverWindow();
+    const QPointer<DockableWindow> hover = leaveHoverWindow();
     const QPointer<DockableWindow> window = m_window;
-    if (hover) {
-        hover->hideIndicators();
-        if (window && hover->dropArea() != DockableArea::None) {
-            // Docking takes it out of its group unseen, as mouseUndock() would not.
-            if (DockableGroup* group = ui::docking::groupOf(*window)) {
-                window->m_oldParent = group;
-            }
-            hover->dockInArea(window, hover->dropArea());
+    if (hover && window && hover->dropArea() != DockableArea::None) {
+        // Docking takes it out of its group unseen, as mouseUndock() would not.
+        if (DockableGroup* group = ui::docking::groupOf(*window)) {
+            window->m_oldParent = group;
         }
+        hover->dockInArea(window, hover->dropArea());
     }
     if (window) {
         window->cleanupOldParent(hover);

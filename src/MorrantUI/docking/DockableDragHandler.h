@@ -6,17 +6,23 @@
 #include <QPoint>
 #include <QPointer>
 
+#include <memory>
+
 class DockableWindow;
 class QContextMenuEvent;
 class QMouseEvent;
+
+namespace ui::docking {
+class DragOrigin;
+}
 
 /// Moves a dockable window by its header: the event filter of the widget that the user grabs.
 ///
 /// A press starts a gesture, which follows the mouse through a filter on the application until any
 /// button is released. Past the system's drag distance the window is half transparent, the window
 /// under the pointer shows its drop zones, and a docked window is torn out as soon as the pointer
-/// leaves the top-level window it is in. The release docks it in the highlighted zone; Escape ends
-/// the drag as a release over no zone does, and is passed on.
+/// leaves the top-level window it is in. The release docks it in the highlighted zone; Escape puts
+/// it back where it came from, with the sizes around it, and is passed on.
 ///
 /// The operations below are the steps of that gesture. They read the global cursor position, and
 /// do nothing once the window is gone.
@@ -73,7 +79,8 @@ private:
     enum class Ending
     {
         Drop,
-        Cancel,
+        Leave,    ///< as a release over no zone
+        TakeBack, ///< as if it had never begun
     };
 
     bool applicationEvent(QObject* watched, QEvent* event);
@@ -82,13 +89,14 @@ private:
     void startGesture();
     void finish(Ending ending);
     void tearOut();
-    void leaveHoverWindow();
-    DockableWindow* takeHoverWindow();
+    void takeBack();
+    DockableWindow* leaveHoverWindow();
     DockableWindow* hoverWindow() const;
 
     QPointer<DockableWindow> m_window;
     State m_state = State::Idle;
-    QPoint m_startPosition;          ///< in the window
+    QPoint m_startPosition;                            ///< in the window
+    std::unique_ptr<ui::docking::DragOrigin> m_origin; ///< of the last drag
     QPointer<QObject> m_hoverWindow; ///< a dockable window, unless it is being destroyed
     QPointer<QObject> m_gesture;     ///< the application filter, from press to release
 };

@@ -94,6 +94,7 @@ private:
     friend class DockableWindow;
     friend class DockableTabGroup;
     friend class ui::docking::DockOperation;
+    friend class ui::docking::DragOrigin;
     friend class ui::docking::SplitterSizes;
     friend class ui::docking::TreeAccess;
 

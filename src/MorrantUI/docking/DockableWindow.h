@@ -159,6 +159,7 @@ private:
     friend class DockableGroup;
     friend class DockableTabGroup;
     friend class ui::docking::DockOperation;
+    friend class ui::docking::DragOrigin;
     friend class ui::docking::TreeAccess;
     using Widget::setChild; // would delete the layout
 
