@@ -2,7 +2,7 @@
 
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/preferences.h>
+#include <MorrantUI/theme/themesettings.h>
 
 #include <QApplication>
 #include <QDir>

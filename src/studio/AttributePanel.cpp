@@ -59,7 +59,7 @@ QColor toColor(const std::vector<double>& channels)
 
 std::vector<double> shownBy(const AttributeRow& row)
 {
-    if (row.swatch() != nullptr) {
+    if (row.swatch()) {
         const QColor color = row.color();
         return {color.redF(), color.greenF(), color.blueF()};
     }
@@ -72,7 +72,7 @@ std::vector<double> shownBy(const AttributeRow& row)
 
 void showIn(AttributeRow& row, const std::vector<double>& values)
 {
-    if (row.swatch() != nullptr) {
+    if (row.swatch()) {
         row.setColor(toColor(values));
         return;
     }
@@ -139,7 +139,7 @@ AttributePanel::AttributePanel(DocumentEditor& editor, QWidget* parent)
 
     follow(editor);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (qobject_cast<NumericField*>(now) != nullptr && isAncestorOf(now)) {
+        if (qobject_cast<NumericField*>(now) && isAncestorOf(now)) {
             Q_EMIT editingStarted();
         }
     });
@@ -178,7 +178,7 @@ void AttributePanel::setFrame(int frame)
 void AttributePanel::finishEditing()
 {
     auto* field = qobject_cast<NumericField*>(QApplication::focusWidget());
-    if (field != nullptr && isAncestorOf(field)) {
+    if (field && isAncestorOf(field)) {
         field->clearFocus();
     }
     m_editor->commit();
@@ -290,7 +290,7 @@ AttributePanel::Row* AttributePanel::rowOf(const AttributeRow* widget)
 void AttributePanel::take(const AttributeRow* widget, bool committed)
 {
     const Row* row = rowOf(widget);
-    if (row == nullptr) {
+    if (!row) {
         return;
     }
     const Entries now = shownBy(*widget);
@@ -315,7 +315,7 @@ void AttributePanel::refresh()
 void AttributePanel::refresh(Row& row)
 {
     const NumberProperty* property = m_editor->property(row.address);
-    if (property == nullptr) {
+    if (!property) {
         return; // another document: the next layer brings other rows
     }
     row.widget->keyframeButton()->setState(toButton(keyStateAt(*property, m_frame)));

@@ -54,7 +54,7 @@ DocumentPage& DocumentTabs::current()
 void DocumentTabs::open(
     std::shared_ptr<Document> document, const QString& title, const QString& path)
 {
-    if (current().document() == nullptr) {
+    if (!current().document()) {
         current().setDocument(std::move(document), title, path);
         setTabsShown(true);
         Q_EMIT currentChanged();

@@ -59,7 +59,7 @@ LayerPanel::LayerPanel(QWidget* parent)
     setContent(m_list);
     connect(m_list, &QListWidget::itemSelectionChanged, this, [this] {
         const QListWidgetItem* selected = m_list->selectedItems().value(0);
-        Q_EMIT layerSelected(selected != nullptr ? m_list->row(selected) : -1);
+        Q_EMIT layerSelected(selected ? m_list->row(selected) : -1);
     });
 }
 

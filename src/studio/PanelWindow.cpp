@@ -16,7 +16,7 @@ PanelWindow::PanelWindow(const QString& id, QWidget* content, QWidget* shelf)
 PanelWindow::~PanelWindow()
 {
     QWidget* const own = content();
-    if (own != nullptr && own->parentWidget() == this && m_shelf != nullptr) {
+    if (own && own->parentWidget() == this && m_shelf) {
         own->setParent(m_shelf);
     }
 }

@@ -18,7 +18,7 @@
 #include "lottie/reader.h"
 #include "readouts.h"
 #include <MorrantUI/theme/OverrideCursor.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/theme/screens.h>
 
@@ -304,7 +304,7 @@ void StudioWindow::restoreWindow(const Layout& layout)
 {
     const QRect wanted(layout.windowPosition.value_or(pos()), layout.windowSize);
     const QScreen* screen = getClosestScreenAt(wanted.center());
-    if (!layout.windowSize.isEmpty() && screen != nullptr) {
+    if (!layout.windowSize.isEmpty() && screen) {
         const QRect place = within(wanted, screen->availableGeometry());
         resize(place.size());
         if (layout.windowPosition) {

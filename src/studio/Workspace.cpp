@@ -18,7 +18,7 @@ namespace {
 void bringForward(DockableWindow& window)
 {
     auto* tabs = qobject_cast<DockableTabGroup*>(window.findDockableParentGroup());
-    if (tabs != nullptr) {
+    if (tabs) {
         tabs->setActiveIndex(tabs->indexOfChild(&window));
     }
     window.window()->raise();
@@ -93,11 +93,11 @@ Layout Workspace::layout() const
 void Workspace::setPanelOpen(const QString& id, bool open)
 {
     DockableWindow* const window = windowOf(id);
-    if (!open && window != nullptr) {
+    if (!open && window) {
         closeWindow(*window);
-    } else if (open && find(id) != nullptr) {
-        DockableWindow* const shown = window != nullptr ? window : makeWindow(id);
-        if (window == nullptr) {
+    } else if (open && find(id)) {
+        DockableWindow* const shown = window ? window : makeWindow(id);
+        if (!window) {
             dockAtHome(*shown, m_default.root, *m_root);
         }
         bringForward(*shown);

@@ -4,7 +4,7 @@
 #include "commandline.h"
 #include "pictures.h"
 #include <MorrantUI/theme/VisualDesignDark.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QApplication>
 #include <QEvent>

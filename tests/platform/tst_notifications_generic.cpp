@@ -6,24 +6,22 @@ class NotificationsTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void eachCallWritesOneLineAndNothingElse();
+    void eachCallWritesOneLineAndNothingElse()
+    {
+        const QStringList line{
+            QStringLiteral("warning: Notifications are only supported on Windows 10.")};
+        installActivatorCallback([] { QFAIL("there is nothing to click"); });
+
+        registerWithNotificationServer();
+        QCOMPARE(takeLog(), line);
+        sendNotification("{}", std::string("\xFF\0&", 3));
+        QCOMPARE(takeLog(), line);
+        morrant::native::postRenderNotification("");
+        QCOMPARE(takeLog(), line);
+
+        installActivatorCallback({});
+    }
 };
-
-void NotificationsTest::eachCallWritesOneLineAndNothingElse()
-{
-    const QStringList line{
-        QStringLiteral("warning: Notifications are only supported on Windows 10.")};
-    installActivatorCallback([] { QFAIL("there is nothing to click"); });
-
-    registerWithNotificationServer();
-    QCOMPARE(takeLog(), line);
-    sendNotification("{}", std::string("\xFF\0&", 3));
-    QCOMPARE(takeLog(), line);
-    morrant::native::postRenderNotification("");
-    QCOMPARE(takeLog(), line);
-
-    installActivatorCallback({});
-}
 
 const ui::test::Registration<NotificationsTest> kRegistration;
 

@@ -14,7 +14,7 @@
 #include <MorrantUI/controls/values/ColorSwatch.h>
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QClipboard>
 #include <QColorDialog>
@@ -25,28 +25,6 @@
 
 using namespace studio;
 using ui::test::FakePointer;
-
-class AttributePanelTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void aScrubMovesThePictureAndOneUndoRestoresIt();
-    void everyDoorEndsTheGesture_data();
-    void everyDoorEndsTheGesture();
-    void valuesAndKeysFollowTheFrameAndOnlyWhenTheyChange();
-    void anAnimatedValueTakesItsChangeIntoAKey();
-    void aKeyOfTheRowIsAddedAndRemovedByItsButton();
-    void typedTextIsOneStepAndEscapeLeavesNone();
-    void stepsByKeyAreOneStepHoweverTheyEnd();
-    void rowsThatChangeSeveralFieldsTogetherAreOneStep();
-    void aPastedColorIsDrawn();
-    void theTitleAndTheSelectionFollowTheHistory();
-    void keysOnAControlAreNotTheTransports();
-    void theListSelectsByKeyAndLongListsOfColorsAreCut();
-    void aWindowMayDieInTheMiddleOfAGesture();
-};
 
 namespace {
 
@@ -158,333 +136,340 @@ void click(QAbstractButton* button)
 
 } // namespace
 
-void AttributePanelTest::initTestCase()
+class AttributePanelTest : public ui::test::TestCase
 {
-    gTheme = &ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
-    gTheme->applyAppStyle();
-    gTheme->setUsePointerLock(false); // a fake pointer cannot be pinned
-}
+    Q_OBJECT
 
-void AttributePanelTest::aScrubMovesThePictureAndOneUndoRestoresIt()
-{
-    int paints = 0;
-    OpenWindow window;
-    const QImage before = window.picture();
-    QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
+private Q_SLOTS:
+    void initTestCase()
     {
-        Scrub drag(window.row(u"Position"_qs).field(0), 60);
-        QVERIFY2(window.x() > 55, "the document follows during the drag");
-        QCOMPARE(window.colorAt({31, 41}), QColor(Qt::black));
-        QCOMPARE(window.colorAt({window.x() + 1, 41}), QColor(Qt::red));
-        drag.pointer.release();
+        gTheme = &ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
+        gTheme->applyAppStyle();
+        gTheme->setUsePointerLock(false); // a fake pointer cannot be pinned
     }
-    const double moved = window.x();
-    const auto count = [&paints](QObject*, QEvent* event) {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    };
-    window.settle();
-    ui::installEventFilter(&window.viewport(), count, &window.viewport());
-    QCOMPARE(window.value(0, Attribute::Position)[1], 40.0);
-    scrub(window.row(u"Position"_qs).field(1), 20);
-    const QImage after = window.picture();
 
-    window.pressUndo();
-    QCOMPARE(window.value(0, Attribute::Position), (Numbers{moved, 40, 0, 0}));
-    paints = 0;
-    window.settle();
-    QTRY_COMPARE(paints, 1);
-    window.pressUndo();
-    QCOMPARE(window.picture(), before);
-    QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
-    QVERIFY(!window.editor().canUndo());
-    window.pressRedo();
-    window.pressRedo();
-    QCOMPARE(window.picture(), after);
-}
-
-void AttributePanelTest::everyDoorEndsTheGesture_data()
-{
-    using Door = std::function<void(OpenWindow&, FakePointer&)>;
-    QTest::addColumn<Door>("leave");
-    const auto add = [](const char* name, const Door& leave) { QTest::newRow(name) << leave; };
-    add("release", [](OpenWindow&, FakePointer& pointer) { pointer.release(); });
-    add("another layer", [](OpenWindow& window, FakePointer&) { window.selectLayer(1); });
-    add("no layer", [](OpenWindow& window, FakePointer&) { window.selectLayer(-1); });
-    add("another frame", [](OpenWindow& window, FakePointer&) { window.player().seek(7); });
-    add("the gallery", [](OpenWindow& window, FakePointer&) { window.setGalleryShown(true); });
-    add("hidden", [](OpenWindow& window, FakePointer&) { window.hide(); });
-    add("undone and redone", [](OpenWindow& window, FakePointer&) {
-        window.pressUndo();
-        QCOMPARE(window.x(), 30.0);
-        window.pressRedo();
-    });
-    add("another change", [](OpenWindow& window, FakePointer&) {
-        window.row(u"Opacity"_qs).keyframeButton()->click();
-        window.editor().undo();
-    });
-}
-
-void AttributePanelTest::everyDoorEndsTheGesture()
-{
-    QFETCH(std::function<void(OpenWindow&, FakePointer&)>, leave);
-    OpenWindow window;
-    Scrub drag(window.row(u"Position"_qs).field(0), 25);
-    const double dragged = window.x();
-    QVERIFY(dragged > 30);
-
-    leave(window, drag.pointer);
-    QCOMPARE(window.x(), dragged);
-    drag.pointer.release();
-    drag.pointer.moveTo({400, 0});
-    QCOMPARE(window.x(), dragged);
-    window.editor().undo();
-    QCOMPARE(window.x(), 30.0);
-    QVERIFY(!window.editor().canUndo());
-
-    // A document that is opened meanwhile is not touched.
-    window.setGalleryShown(false);
-    window.show();
-    window.selectLayer(0);
-    window.settle();
-    Scrub late(window.row(u"Position"_qs).field(0), 25);
-    window.openDocument(squares(), u"other"_qs);
-    late.pointer.moveTo({400, 0});
-    late.pointer.release();
-    QCOMPARE(window.x(), 30.0);
-    QVERIFY(!window.editor().canUndo() && !window.isWindowModified());
-}
-
-void AttributePanelTest::valuesAndKeysFollowTheFrameAndOnlyWhenTheyChange()
-{
-    using Key = KeyframeButton::State;
-    OpenWindow window;
-    AttributeRow& scale = window.row(u"Scale"_qs);
-    QSignalSpy still(window.row(u"Position"_qs).field(0), &QLineEdit::textChanged);
-    QSignalSpy moving(scale.field(0), &QLineEdit::textChanged);
-    const std::tuple<int, double, Key> expected[] = {
-        {5, 150, Key::Animated}, {10, 200, Key::KeyAtFrame}, {15, 200, Key::Animated}};
-    for (const auto& [frame, value, state] : expected) {
-        window.player().seek(frame);
-        QCOMPARE(scale.value(0), value);
-        QCOMPARE(scale.value(1), value);
-        QCOMPARE(scale.keyframeButton()->state(), state);
-        QCOMPARE(window.row(u"Position"_qs).keyframeButton()->state(), Key::None);
-    }
-    QCOMPARE(moving.size(), 2);
-    QCOMPARE(still.size(), 0);
-
-    window.player().play();
-    Scrub drag(scale.field(0), 10);
-    QVERIFY(!window.player().isPlaying());
-}
-
-void AttributePanelTest::anAnimatedValueTakesItsChangeIntoAKey()
-{
-    OpenWindow window;
-    const PropertyAddress scale{0, Attribute::Scale};
-    const NumberProperty before = *window.editor().property(scale);
-    window.player().seek(4);
-    scrub(window.row(u"Scale"_qs).field(0), 30);
-    const NumberProperty& now = *window.editor().property(scale);
-    QCOMPARE(now.keys.size(), std::size_t(3));
-    QCOMPARE(now.keys[1].time, 4.0);
-    QCOMPARE(now.keys[1].value[1], 140.0);
-    QCOMPARE(now.keys[1].value[0], window.row(u"Scale"_qs).value(0));
-    QCOMPARE(window.row(u"Scale"_qs).keyframeButton()->state(), KeyframeButton::State::KeyAtFrame);
-    window.pressUndo();
-    QCOMPARE(*window.editor().property(scale), before);
-    QCOMPARE(window.row(u"Scale"_qs).value(0), 140.0);
-}
-
-void AttributePanelTest::aKeyOfTheRowIsAddedAndRemovedByItsButton()
-{
-    OpenWindow window;
-    window.selectLayer(1);
-    window.settle();
-    KeyframeButton* button = window.row(u"Position Y"_qs).keyframeButton();
-    const PropertyAddress y{1, Attribute::PositionY};
-    click(button);
-    QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
-    window.player().seek(8);
-    click(button);
-    QCOMPARE(window.editor().property(y)->keys.size(), std::size_t(2));
-    click(button);
-    QCOMPARE(button->state(), KeyframeButton::State::Animated);
-    window.pressUndo();
-    window.pressUndo();
-    window.pressUndo();
-    QCOMPARE(button->state(), KeyframeButton::State::None);
-    QVERIFY(!window.editor().property(y)->isAnimated());
-}
-
-void AttributePanelTest::typedTextIsOneStepAndEscapeLeavesNone()
-{
-    OpenWindow window;
-    AttributeRow& row = window.row(u"Position"_qs);
-    type(row.field(0), "90+2");
-    QTest::keyClick(row.field(0), Qt::Key_Return);
-    QCOMPARE(window.x(), 92.0);
-    window.pressUndo();
-    QCOMPARE(window.x(), 30.0);
-    QVERIFY(!window.editor().canUndo());
-
-    // What has been typed is what the user sees, and what undo takes back.
-    scrub(row.field(1), 30);
-    const double y = row.value(1);
-    type(row.field(1), "55");
-    window.findChild<QAction*>(u"undo"_qs)->trigger();
-    QCOMPARE(window.value(0, Attribute::Position)[1], y);
-    QCOMPARE(row.value(1), y);
-    window.pressUndo();
-    QCOMPARE(window.value(0, Attribute::Position)[1], 40.0);
-
-    // What is typed when the frame changes belongs to the frame at which it was typed.
-    type(window.row(u"Scale"_qs).field(1), "50");
-    window.player().seek(10);
-    QCOMPARE(window.editor().property({0, Attribute::Scale})->keys[0].value[1], 50.0);
-    QCOMPARE(window.value(0, Attribute::Scale)[1], 200.0);
-    window.pressUndo();
-
-    window.player().seek(3);
-    const NumberProperty before = *window.editor().property({0, Attribute::Scale});
-    NumericField* field = window.row(u"Scale"_qs).field(0);
-    type(field, "77");
-    QTest::keyClick(field, Qt::Key_Up);
-    QCOMPARE(window.value(0, Attribute::Scale)[0], 78.0);
-    QTest::keyClick(field, Qt::Key_Escape);
-    QCOMPARE(*window.editor().property({0, Attribute::Scale}), before);
-    QVERIFY(!window.editor().canUndo());
-}
-
-void AttributePanelTest::stepsByKeyAreOneStepHoweverTheyEnd()
-{
-    OpenWindow window;
-    const auto stepThrice = [&window] {
-        NumericField* field = window.row(u"Rotation"_qs).field(0);
-        type(field, "");
-        for (int i = 0; i < 3; ++i) {
-            QTest::keyClick(field, Qt::Key_Up);
+    void aScrubMovesThePictureAndOneUndoRestoresIt()
+    {
+        int paints = 0;
+        OpenWindow window;
+        const QImage before = window.picture();
+        QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
+        {
+            Scrub drag(window.row(u"Position"_qs).field(0), 60);
+            QVERIFY2(window.x() > 55, "the document follows during the drag");
+            QCOMPARE(window.colorAt({31, 41}), QColor(Qt::black));
+            QCOMPARE(window.colorAt({window.x() + 1, 41}), QColor(Qt::red));
+            drag.pointer.release();
         }
-        QCOMPARE(window.value(0, Attribute::Rotation)[0], 3.0);
-    };
-    const std::function<void()> ends[] = {
-        [&] { QTest::keyClick(window.row(u"Rotation"_qs).field(0), Qt::Key_Return); },
-        [&] { window.viewport().setFocus(); },
-        [&] { window.player().step(1); },
-        [&] { window.selectLayer(1); },
-        [] {}, // undo itself
-    };
-    for (const auto& end : ends) {
-        stepThrice();
-        end();
-        window.findChild<QAction*>(u"undo"_qs)->trigger();
-        QCOMPARE(window.value(0, Attribute::Rotation)[0], 0.0);
+        const double moved = window.x();
+        const auto count = [&paints](QObject*, QEvent* event) {
+            paints += event->type() == QEvent::Paint;
+            return false;
+        };
+        window.settle();
+        ui::installEventFilter(&window.viewport(), count, &window.viewport());
+        QCOMPARE(window.value(0, Attribute::Position)[1], 40.0);
+        scrub(window.row(u"Position"_qs).field(1), 20);
+        const QImage after = window.picture();
+
+        window.pressUndo();
+        QCOMPARE(window.value(0, Attribute::Position), (Numbers{moved, 40, 0, 0}));
+        paints = 0;
+        window.settle();
+        QTRY_COMPARE(paints, 1);
+        window.pressUndo();
+        QCOMPARE(window.picture(), before);
+        QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
         QVERIFY(!window.editor().canUndo());
+        window.pressRedo();
+        window.pressRedo();
+        QCOMPARE(window.picture(), after);
+    }
+
+    void everyDoorEndsTheGesture_data()
+    {
+        using Door = std::function<void(OpenWindow&, FakePointer&)>;
+        QTest::addColumn<Door>("leave");
+        const auto add = [](const char* name, const Door& leave) { QTest::newRow(name) << leave; };
+        add("release", [](OpenWindow&, FakePointer& pointer) { pointer.release(); });
+        add("another layer", [](OpenWindow& window, FakePointer&) { window.selectLayer(1); });
+        add("no layer", [](OpenWindow& window, FakePointer&) { window.selectLayer(-1); });
+        add("another frame", [](OpenWindow& window, FakePointer&) { window.player().seek(7); });
+        add("the gallery", [](OpenWindow& window, FakePointer&) { window.setGalleryShown(true); });
+        add("hidden", [](OpenWindow& window, FakePointer&) { window.hide(); });
+        add("undone and redone", [](OpenWindow& window, FakePointer&) {
+            window.pressUndo();
+            QCOMPARE(window.x(), 30.0);
+            window.pressRedo();
+        });
+        add("another change", [](OpenWindow& window, FakePointer&) {
+            window.row(u"Opacity"_qs).keyframeButton()->click();
+            window.editor().undo();
+        });
+    }
+
+    void everyDoorEndsTheGesture()
+    {
+        QFETCH(std::function<void(OpenWindow&, FakePointer&)>, leave);
+        OpenWindow window;
+        Scrub drag(window.row(u"Position"_qs).field(0), 25);
+        const double dragged = window.x();
+        QVERIFY(dragged > 30);
+
+        leave(window, drag.pointer);
+        QCOMPARE(window.x(), dragged);
+        drag.pointer.release();
+        drag.pointer.moveTo({400, 0});
+        QCOMPARE(window.x(), dragged);
+        window.editor().undo();
+        QCOMPARE(window.x(), 30.0);
+        QVERIFY(!window.editor().canUndo());
+
+        // A document that is opened meanwhile is not touched.
+        window.setGalleryShown(false);
+        window.show();
         window.selectLayer(0);
         window.settle();
-        QCOMPARE(window.row(u"Rotation"_qs).value(0), 0.0);
+        Scrub late(window.row(u"Position"_qs).field(0), 25);
+        window.openDocument(squares(), u"other"_qs);
+        late.pointer.moveTo({400, 0});
+        late.pointer.release();
+        QCOMPARE(window.x(), 30.0);
+        QVERIFY(!window.editor().canUndo() && !window.isWindowModified());
     }
-}
 
-void AttributePanelTest::rowsThatChangeSeveralFieldsTogetherAreOneStep()
-{
-    OpenWindow window;
-    window.row(u"Scale"_qs).setLinked(true);
-    scrub(window.row(u"Scale"_qs).field(0), 20);
-    const Numbers scale = window.value(0, Attribute::Scale);
-    QVERIFY(scale[0] > 100);
-    QCOMPARE(scale[1], scale[0]);
-    window.row(u"Position"_qs).reset();
-    QCOMPARE(window.value(0, Attribute::Position), Numbers());
-    window.pressUndo();
-    QCOMPARE(window.value(0, Attribute::Position), (Numbers{30, 40, 0, 0}));
-    window.pressUndo();
-    QCOMPARE(window.value(0, Attribute::Scale)[1], 100.0);
-    QVERIFY(!window.editor().canUndo());
-}
+    void valuesAndKeysFollowTheFrameAndOnlyWhenTheyChange()
+    {
+        using Key = KeyframeButton::State;
+        OpenWindow window;
+        AttributeRow& scale = window.row(u"Scale"_qs);
+        QSignalSpy still(window.row(u"Position"_qs).field(0), &QLineEdit::textChanged);
+        QSignalSpy moving(scale.field(0), &QLineEdit::textChanged);
+        const std::tuple<int, double, Key> expected[] = {
+            {5, 150, Key::Animated}, {10, 200, Key::KeyAtFrame}, {15, 200, Key::Animated}};
+        for (const auto& [frame, value, state] : expected) {
+            window.player().seek(frame);
+            QCOMPARE(scale.value(0), value);
+            QCOMPARE(scale.value(1), value);
+            QCOMPARE(scale.keyframeButton()->state(), state);
+            QCOMPARE(window.row(u"Position"_qs).keyframeButton()->state(), Key::None);
+        }
+        QCOMPARE(moving.size(), 2);
+        QCOMPARE(still.size(), 0);
 
-void AttributePanelTest::aPastedColorIsDrawn()
-{
-    OpenWindow window;
-    ColorSwatch* swatch = window.row(u"Solid"_qs).swatch();
-    QCOMPARE(swatch->value(), QColor(Qt::red));
-    QGuiApplication::clipboard()->setText(u"#2080ff"_qs);
-    swatch->paste();
-    QCOMPARE(window.colorAt({31, 41}), QColor(0x20, 0x80, 0xff));
-    window.pressUndo();
-    QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
-    QCOMPARE(swatch->value(), QColor(Qt::red));
-}
+        window.player().play();
+        Scrub drag(scale.field(0), 10);
+        QVERIFY(!window.player().isPlaying());
+    }
 
-void AttributePanelTest::theTitleAndTheSelectionFollowTheHistory()
-{
-    OpenWindow window;
-    QVERIFY(!window.isWindowModified());
-    scrub(window.row(u"Position"_qs).field(0), 30);
-    QVERIFY(window.isWindowModified());
-    window.selectLayer(-1);
-    QVERIFY(window.findChildren<AttributeRow*>().isEmpty());
-    window.pressUndo();
-    QVERIFY(!window.isWindowModified());
-    QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
-    QCOMPARE(window.findChild<QAction*>(u"redo"_qs)->text(), u"&Redo Change Position"_qs);
+    void anAnimatedValueTakesItsChangeIntoAKey()
+    {
+        OpenWindow window;
+        const PropertyAddress scale{0, Attribute::Scale};
+        const NumberProperty before = *window.editor().property(scale);
+        window.player().seek(4);
+        scrub(window.row(u"Scale"_qs).field(0), 30);
+        const NumberProperty& now = *window.editor().property(scale);
+        QCOMPARE(now.keys.size(), std::size_t(3));
+        QCOMPARE(now.keys[1].time, 4.0);
+        QCOMPARE(now.keys[1].value[1], 140.0);
+        QCOMPARE(now.keys[1].value[0], window.row(u"Scale"_qs).value(0));
+        QCOMPARE(
+            window.row(u"Scale"_qs).keyframeButton()->state(), KeyframeButton::State::KeyAtFrame);
+        window.pressUndo();
+        QCOMPARE(*window.editor().property(scale), before);
+        QCOMPARE(window.row(u"Scale"_qs).value(0), 140.0);
+    }
 
-    window.openDocument(squares(), u"a[*]b"_qs);
-    QCOMPARE(window.windowTitle(), u"a[*][*]b (200 × 100)[*]"_qs);
-    QVERIFY(!window.findChild<QAction*>(u"redo"_qs)->isEnabled());
-}
+    void aKeyOfTheRowIsAddedAndRemovedByItsButton()
+    {
+        OpenWindow window;
+        window.selectLayer(1);
+        window.settle();
+        KeyframeButton* button = window.row(u"Position Y"_qs).keyframeButton();
+        const PropertyAddress y{1, Attribute::PositionY};
+        click(button);
+        QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
+        window.player().seek(8);
+        click(button);
+        QCOMPARE(window.editor().property(y)->keys.size(), std::size_t(2));
+        click(button);
+        QCOMPARE(button->state(), KeyframeButton::State::Animated);
+        window.pressUndo();
+        window.pressUndo();
+        window.pressUndo();
+        QCOMPARE(button->state(), KeyframeButton::State::None);
+        QVERIFY(!window.editor().property(y)->isAnimated());
+    }
 
-void AttributePanelTest::keysOnAControlAreNotTheTransports()
-{
-    OpenWindow window;
-    KeyframeButton* button = window.row(u"Opacity"_qs).keyframeButton();
-    button->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(button, Qt::Key_Space);
-    QVERIFY(!window.player().isPlaying());
-    QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
-    window.viewport().setFocus();
-    QTest::keyClick(&window.viewport(), Qt::Key_Space);
-    QVERIFY(window.player().isPlaying());
-}
+    void typedTextIsOneStepAndEscapeLeavesNone()
+    {
+        OpenWindow window;
+        AttributeRow& row = window.row(u"Position"_qs);
+        type(row.field(0), "90+2");
+        QTest::keyClick(row.field(0), Qt::Key_Return);
+        QCOMPARE(window.x(), 92.0);
+        window.pressUndo();
+        QCOMPARE(window.x(), 30.0);
+        QVERIFY(!window.editor().canUndo());
 
-void AttributePanelTest::theListSelectsByKeyAndLongListsOfColorsAreCut()
-{
-    OpenWindow window;
-    auto* list = window.findChild<QListWidget*>();
-    QTest::keyClick(list, Qt::Key_Down);
-    QCOMPARE(window.row(u"Position X"_qs).value(0), 100.0);
-    QTest::keyClick(list, Qt::Key_Up);
-    QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+        // What has been typed is what the user sees, and what undo takes back.
+        scrub(row.field(1), 30);
+        const double y = row.value(1);
+        type(row.field(1), "55");
+        window.findChild<QAction*>(u"undo"_qs)->trigger();
+        QCOMPARE(window.value(0, Attribute::Position)[1], y);
+        QCOMPARE(row.value(1), y);
+        window.pressUndo();
+        QCOMPARE(window.value(0, Attribute::Position)[1], 40.0);
 
-    const QByteArray fill = R"({"ty":"fl","c":{"k":[0,0,1]}})";
-    window.openDocument(
-        std::make_shared<Document>(studio::test::documentOf(
-            studio::test::shapeLayer(fill + QByteArray("," + fill).repeated(44)))),
-        u"many"_qs);
-    window.selectLayer(0);
-    QCOMPARE(window.findChildren<ColorSwatch*>().size(), 40);
-    const auto labels = window.findChildren<QLabel*>();
-    QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
-        return label->text() == u"and 5 more"_qs;
-    }));
-}
+        // What is typed when the frame changes belongs to the frame at which it was typed.
+        type(window.row(u"Scale"_qs).field(1), "50");
+        window.player().seek(10);
+        QCOMPARE(window.editor().property({0, Attribute::Scale})->keys[0].value[1], 50.0);
+        QCOMPARE(window.value(0, Attribute::Scale)[1], 200.0);
+        window.pressUndo();
 
-void AttributePanelTest::aWindowMayDieInTheMiddleOfAGesture()
-{
-    auto window = std::make_unique<OpenWindow>();
-    Scrub drag(window->row(u"Position"_qs).field(0), 25);
-    std::shared_ptr<const Document> document = window->editor().document();
-    window.reset();
-    drag.pointer.release();
-    QVERIFY2(document->main.layers[0].transform.position.value[0] > 30, "what was done stays");
+        window.player().seek(3);
+        const NumberProperty before = *window.editor().property({0, Attribute::Scale});
+        NumericField* field = window.row(u"Scale"_qs).field(0);
+        type(field, "77");
+        QTest::keyClick(field, Qt::Key_Up);
+        QCOMPARE(window.value(0, Attribute::Scale)[0], 78.0);
+        QTest::keyClick(field, Qt::Key_Escape);
+        QCOMPARE(*window.editor().property({0, Attribute::Scale}), before);
+        QVERIFY(!window.editor().canUndo());
+    }
 
-    window = std::make_unique<OpenWindow>();
-    type(window->row(u"Position"_qs).field(0), "12");
-    document = window->editor().document();
-    window.reset();
-    QCOMPARE(document->main.layers[0].transform.position.value[0], 12.0);
-}
+    void stepsByKeyAreOneStepHoweverTheyEnd()
+    {
+        OpenWindow window;
+        const auto stepThrice = [&window] {
+            NumericField* field = window.row(u"Rotation"_qs).field(0);
+            type(field, "");
+            for (int i = 0; i < 3; ++i) {
+                QTest::keyClick(field, Qt::Key_Up);
+            }
+            QCOMPARE(window.value(0, Attribute::Rotation)[0], 3.0);
+        };
+        const std::function<void()> ends[] = {
+            [&] { QTest::keyClick(window.row(u"Rotation"_qs).field(0), Qt::Key_Return); },
+            [&] { window.viewport().setFocus(); },
+            [&] { window.player().step(1); },
+            [&] { window.selectLayer(1); },
+            [] {}, // undo itself
+        };
+        for (const auto& end : ends) {
+            stepThrice();
+            end();
+            window.findChild<QAction*>(u"undo"_qs)->trigger();
+            QCOMPARE(window.value(0, Attribute::Rotation)[0], 0.0);
+            QVERIFY(!window.editor().canUndo());
+            window.selectLayer(0);
+            window.settle();
+            QCOMPARE(window.row(u"Rotation"_qs).value(0), 0.0);
+        }
+    }
+
+    void rowsThatChangeSeveralFieldsTogetherAreOneStep()
+    {
+        OpenWindow window;
+        window.row(u"Scale"_qs).setLinked(true);
+        scrub(window.row(u"Scale"_qs).field(0), 20);
+        const Numbers scale = window.value(0, Attribute::Scale);
+        QVERIFY(scale[0] > 100);
+        QCOMPARE(scale[1], scale[0]);
+        window.row(u"Position"_qs).reset();
+        QCOMPARE(window.value(0, Attribute::Position), Numbers());
+        window.pressUndo();
+        QCOMPARE(window.value(0, Attribute::Position), (Numbers{30, 40, 0, 0}));
+        window.pressUndo();
+        QCOMPARE(window.value(0, Attribute::Scale)[1], 100.0);
+        QVERIFY(!window.editor().canUndo());
+    }
+
+    void aPastedColorIsDrawn()
+    {
+        OpenWindow window;
+        ColorSwatch* swatch = window.row(u"Solid"_qs).swatch();
+        QCOMPARE(swatch->value(), QColor(Qt::red));
+        QGuiApplication::clipboard()->setText(u"#2080ff"_qs);
+        swatch->paste();
+        QCOMPARE(window.colorAt({31, 41}), QColor(0x20, 0x80, 0xff));
+        window.pressUndo();
+        QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
+        QCOMPARE(swatch->value(), QColor(Qt::red));
+    }
+
+    void theTitleAndTheSelectionFollowTheHistory()
+    {
+        OpenWindow window;
+        QVERIFY(!window.isWindowModified());
+        scrub(window.row(u"Position"_qs).field(0), 30);
+        QVERIFY(window.isWindowModified());
+        window.selectLayer(-1);
+        QVERIFY(window.findChildren<AttributeRow*>().isEmpty());
+        window.pressUndo();
+        QVERIFY(!window.isWindowModified());
+        QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+        QCOMPARE(window.findChild<QAction*>(u"redo"_qs)->text(), u"&Redo Change Position"_qs);
+
+        window.openDocument(squares(), u"a[*]b"_qs);
+        QCOMPARE(window.windowTitle(), u"a[*][*]b (200 × 100)[*]"_qs);
+        QVERIFY(!window.findChild<QAction*>(u"redo"_qs)->isEnabled());
+    }
+
+    void keysOnAControlAreNotTheTransports()
+    {
+        OpenWindow window;
+        KeyframeButton* button = window.row(u"Opacity"_qs).keyframeButton();
+        button->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(button, Qt::Key_Space);
+        QVERIFY(!window.player().isPlaying());
+        QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
+        window.viewport().setFocus();
+        QTest::keyClick(&window.viewport(), Qt::Key_Space);
+        QVERIFY(window.player().isPlaying());
+    }
+
+    void theListSelectsByKeyAndLongListsOfColorsAreCut()
+    {
+        OpenWindow window;
+        auto* list = window.findChild<QListWidget*>();
+        QTest::keyClick(list, Qt::Key_Down);
+        QCOMPARE(window.row(u"Position X"_qs).value(0), 100.0);
+        QTest::keyClick(list, Qt::Key_Up);
+        QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+
+        const QByteArray fill = R"({"ty":"fl","c":{"k":[0,0,1]}})";
+        window.openDocument(
+            std::make_shared<Document>(studio::test::documentOf(
+                studio::test::shapeLayer(fill + QByteArray("," + fill).repeated(44)))),
+            u"many"_qs);
+        window.selectLayer(0);
+        QCOMPARE(window.findChildren<ColorSwatch*>().size(), 40);
+        const auto labels = window.findChildren<QLabel*>();
+        QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+            return label->text() == u"and 5 more"_qs;
+        }));
+    }
+
+    void aWindowMayDieInTheMiddleOfAGesture()
+    {
+        auto window = std::make_unique<OpenWindow>();
+        Scrub drag(window->row(u"Position"_qs).field(0), 25);
+        std::shared_ptr<const Document> document = window->editor().document();
+        window.reset();
+        drag.pointer.release();
+        QVERIFY2(document->main.layers[0].transform.position.value[0] > 30, "what was done stays");
+
+        window = std::make_unique<OpenWindow>();
+        type(window->row(u"Position"_qs).field(0), "12");
+        document = window->editor().document();
+        window.reset();
+        QCOMPARE(document->main.layers[0].transform.position.value[0], 12.0);
+    }
+};
 
 const ui::test::Registration<AttributePanelTest> kRegistration;
 

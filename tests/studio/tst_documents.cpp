@@ -21,20 +21,6 @@
 
 using namespace studio;
 
-/// Several documents in tabs.
-class DocumentsTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void everyDocumentKeepsItsPlaceAndItsHistory();
-    void aFileIsOpenOnce();
-    void closingAsksOnlyOverChanges();
-    void oneOfManyThatIsKeptComesBack();
-    void quittingAsksOverChangesInAnyTab();
-};
-
 namespace {
 
 /// Presses a button of the next dialogs, and counts them.
@@ -88,143 +74,151 @@ struct OpenWindow : StudioWindow
 
 } // namespace
 
-void DocumentsTest::initTestCase()
-{
-    ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-}
-
-void DocumentsTest::everyDocumentKeepsItsPlaceAndItsHistory()
-{
-    OpenWindow window(1);
-    const auto* list = window.findChild<QListWidget*>();
-    const Document* first = window.document();
-    window.selectLayer(1);
-    window.player().seek(7);
-    window.viewport().showActualSize();
-    window.edit();
-    QVERIFY(window.tabs().first().endsWith(u'*'));
-
-    QVERIFY(window.openFile(samplePaths().at(1)));
-    QVERIFY(window.document() != first);
-    QCOMPARE(window.player().frame(), window.player().range().first);
-    QVERIFY(list->selectedItems().isEmpty());
-    QVERIFY(!window.isWindowModified() && !window.editor().canUndo());
-    window.player().seek(3);
-    window.player().play();
-
-    window.documents().setTab(0);
-    QCOMPARE(window.document(), first);
-    QVERIFY(!window.player().isPlaying());
-    QCOMPARE(window.player().frame(), 7);
-    QCOMPARE(window.viewport().frame(), 7);
-    QCOMPARE(list->currentRow(), 1);
-    QCOMPARE(list->count(), int(first->main.layers.size()));
-    QCOMPARE(window.viewport().mapping().scale, 1.0);
-    QVERIFY(window.isWindowModified());
-    window.findChild<QAction*>(u"undo"_qs)->trigger();
-    QVERIFY(!window.isWindowModified());
-    QVERIFY(!window.tabs().first().endsWith(u'*'));
-
-    window.documents().getHeader()->moveTab(0, 1);
-    window.documents().setTab(0);
-    QCOMPARE(window.player().frame(), 3);
-}
-
-void DocumentsTest::aFileIsOpenOnce()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"one.json"_qs);
-    QVERIFY(QFile::copy(samplePaths().first(), path));
-    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)); // to remove it
-    OpenWindow window(2);
-    QVERIFY(window.openFile(path));
-    const Document* document = window.document();
-    window.documents().setTab(0);
-    QVERIFY(window.openFile(
-        folder.filePath(u"./../"_qs) + folder.path().section(u'/', -1) + u"/one.json"_qs));
-    QCOMPARE(window.document(), document);
-    QCOMPARE(window.documents().count(), 3);
-
-    window.workspace().setPanelOpen(u"viewport"_qs, false);
-    QVERIFY(window.openFile(path)); // what is opened is seen
-    QVERIFY(window.workspace().isPanelOpen(u"viewport"_qs));
-
-    QVERIFY(QFile::remove(path));
-    QVERIFY(!window.openFile(path));
-    QVERIFY(!window.openFile(folder.filePath(u"none.json"_qs)));
-}
-
-void DocumentsTest::closingAsksOnlyOverChanges()
-{
-    OpenWindow window(3);
-    const QStringList names = window.tabs();
-    window.edit();
-    window.player().play();
-    window.close(0);
-    QCOMPARE(window.documents().count(), 2);
-    QVERIFY(window.player().isPlaying());
-    {
-        Answer keep(QDialogButtonBox::Cancel);
-        window.close(1);
-        QCoreApplication::processEvents();
-        QCOMPARE(keep.asked, 1);
-        QCOMPARE(window.tabs(), (QStringList{names[1], names[2] + u'*'}));
-    }
-    Answer discard(QDialogButtonBox::Discard);
-    window.close(1);
-    QCOMPARE(discard.asked, 1);
-    QCOMPARE(window.tabs(), QStringList(names[1]));
-    QVERIFY(!window.isWindowModified());
-    QVERIFY(window.windowTitle().startsWith(names[1]));
-
-    // What is being typed counts.
-    window.openFile(samplePaths().at(0));
-    connect(&window.documents(), &DocumentTabs::closing, &window, [&window] { window.edit(); });
-    window.close(1);
-    QCOMPARE(discard.asked, 2);
-    disconnect(&window.documents(), &DocumentTabs::closing, &window, nullptr);
-
-    window.documents().closeCurrent();
-    QCOMPARE(window.documents().count(), 1);
-}
-
-void DocumentsTest::oneOfManyThatIsKeptComesBack()
-{
-    OpenWindow window(3);
-    const QStringList names = window.tabs();
-    window.documents().setTab(0);
-    window.player().seek(5);
-    window.edit();
-    const Document* edited = window.document();
-    Answer keep(QDialogButtonBox::Cancel);
-    window.documents().setTab(1);
-    window.documents().getHeader()->closeTabs({0, 2});
-    QTRY_COMPARE(window.tabs(), (QStringList{names[1], names[0] + u'*'}));
-    QCOMPARE(keep.asked, 1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(window.document(), edited);
-    QCOMPARE(window.player().frame(), 5);
-    QVERIFY(window.editor().canUndo());
-    QVERIFY(window.viewport().isVisible());
-}
-
-void DocumentsTest::quittingAsksOverChangesInAnyTab()
-{
-    OpenWindow window(2);
-    QWidget& widget = window;
-    window.edit();
-    window.documents().setTab(0);
-    {
-        Answer keep(QDialogButtonBox::Cancel);
-        QVERIFY(!widget.close());
-        QVERIFY(window.isVisible());
-    }
-    Answer discard(QDialogButtonBox::Discard);
-    QVERIFY(widget.close());
-    QCOMPARE(discard.asked, 1);
-}
-
 namespace {
+
+/// Several documents in tabs.
+class DocumentsTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
+    }
+
+    void everyDocumentKeepsItsPlaceAndItsHistory()
+    {
+        OpenWindow window(1);
+        const auto* list = window.findChild<QListWidget*>();
+        const Document* first = window.document();
+        window.selectLayer(1);
+        window.player().seek(7);
+        window.viewport().showActualSize();
+        window.edit();
+        QVERIFY(window.tabs().first().endsWith(u'*'));
+
+        QVERIFY(window.openFile(samplePaths().at(1)));
+        QVERIFY(window.document() != first);
+        QCOMPARE(window.player().frame(), window.player().range().first);
+        QVERIFY(list->selectedItems().isEmpty());
+        QVERIFY(!window.isWindowModified() && !window.editor().canUndo());
+        window.player().seek(3);
+        window.player().play();
+
+        window.documents().setTab(0);
+        QCOMPARE(window.document(), first);
+        QVERIFY(!window.player().isPlaying());
+        QCOMPARE(window.player().frame(), 7);
+        QCOMPARE(window.viewport().frame(), 7);
+        QCOMPARE(list->currentRow(), 1);
+        QCOMPARE(list->count(), int(first->main.layers.size()));
+        QCOMPARE(window.viewport().mapping().scale, 1.0);
+        QVERIFY(window.isWindowModified());
+        window.findChild<QAction*>(u"undo"_qs)->trigger();
+        QVERIFY(!window.isWindowModified());
+        QVERIFY(!window.tabs().first().endsWith(u'*'));
+
+        window.documents().getHeader()->moveTab(0, 1);
+        window.documents().setTab(0);
+        QCOMPARE(window.player().frame(), 3);
+    }
+
+    void aFileIsOpenOnce()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"one.json"_qs);
+        QVERIFY(QFile::copy(samplePaths().first(), path));
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)); // to remove it
+        OpenWindow window(2);
+        QVERIFY(window.openFile(path));
+        const Document* document = window.document();
+        window.documents().setTab(0);
+        QVERIFY(window.openFile(
+            folder.filePath(u"./../"_qs) + folder.path().section(u'/', -1) + u"/one.json"_qs));
+        QCOMPARE(window.document(), document);
+        QCOMPARE(window.documents().count(), 3);
+
+        window.workspace().setPanelOpen(u"viewport"_qs, false);
+        QVERIFY(window.openFile(path)); // what is opened is seen
+        QVERIFY(window.workspace().isPanelOpen(u"viewport"_qs));
+
+        QVERIFY(QFile::remove(path));
+        QVERIFY(!window.openFile(path));
+        QVERIFY(!window.openFile(folder.filePath(u"none.json"_qs)));
+    }
+
+    void closingAsksOnlyOverChanges()
+    {
+        OpenWindow window(3);
+        const QStringList names = window.tabs();
+        window.edit();
+        window.player().play();
+        window.close(0);
+        QCOMPARE(window.documents().count(), 2);
+        QVERIFY(window.player().isPlaying());
+        {
+            Answer keep(QDialogButtonBox::Cancel);
+            window.close(1);
+            QCoreApplication::processEvents();
+            QCOMPARE(keep.asked, 1);
+            QCOMPARE(window.tabs(), (QStringList{names[1], names[2] + u'*'}));
+        }
+        Answer discard(QDialogButtonBox::Discard);
+        window.close(1);
+        QCOMPARE(discard.asked, 1);
+        QCOMPARE(window.tabs(), QStringList(names[1]));
+        QVERIFY(!window.isWindowModified());
+        QVERIFY(window.windowTitle().startsWith(names[1]));
+
+        // What is being typed counts.
+        window.openFile(samplePaths().at(0));
+        connect(&window.documents(), &DocumentTabs::closing, &window, [&window] { window.edit(); });
+        window.close(1);
+        QCOMPARE(discard.asked, 2);
+        disconnect(&window.documents(), &DocumentTabs::closing, &window, nullptr);
+
+        window.documents().closeCurrent();
+        QCOMPARE(window.documents().count(), 1);
+    }
+
+    void oneOfManyThatIsKeptComesBack()
+    {
+        OpenWindow window(3);
+        const QStringList names = window.tabs();
+        window.documents().setTab(0);
+        window.player().seek(5);
+        window.edit();
+        const Document* edited = window.document();
+        Answer keep(QDialogButtonBox::Cancel);
+        window.documents().setTab(1);
+        window.documents().getHeader()->closeTabs({0, 2});
+        QTRY_COMPARE(window.tabs(), (QStringList{names[1], names[0] + u'*'}));
+        QCOMPARE(keep.asked, 1);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(window.document(), edited);
+        QCOMPARE(window.player().frame(), 5);
+        QVERIFY(window.editor().canUndo());
+        QVERIFY(window.viewport().isVisible());
+    }
+
+    void quittingAsksOverChangesInAnyTab()
+    {
+        OpenWindow window(2);
+        QWidget& widget = window;
+        window.edit();
+        window.documents().setTab(0);
+        {
+            Answer keep(QDialogButtonBox::Cancel);
+            QVERIFY(!widget.close());
+            QVERIFY(window.isVisible());
+        }
+        Answer discard(QDialogButtonBox::Discard);
+        QVERIFY(widget.close());
+        QCOMPARE(discard.asked, 1);
+    }
+};
+
 const ui::test::Registration<DocumentsTest> kRegistration;
 } // namespace
 

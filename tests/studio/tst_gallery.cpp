@@ -11,16 +11,6 @@
 
 using studio::StateSheet;
 
-class GalleryTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void everyStateOfAControlLooksDifferentFromRest();
-    void onlyControlsAtRestReact();
-};
-
 namespace {
 
 struct OpenSheet : StateSheet
@@ -52,50 +42,56 @@ constexpr int kLastState = 6;
 
 } // namespace
 
-void GalleryTest::initTestCase()
+class GalleryTest : public ui::test::TestCase
 {
-    ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-}
+    Q_OBJECT
 
-void GalleryTest::everyStateOfAControlLooksDifferentFromRest()
-{
-    OpenSheet sheet;
-    const QImage all = sheet.grab().toImage();
-    const auto picture = [&](const QWidget& cell) {
-        const double ratio = all.devicePixelRatio();
-        const QRect place = cell.geometry();
-        return all.copy(QRectF(place.topLeft() * ratio, QSizeF(place.size()) * ratio).toRect());
-    };
-    for (int row = 1; row < sheet.grid().rowCount(); ++row) {
-        const QImage rest = picture(*sheet.cell(row, kRest));
-        for (int column = kRest + 1; column <= kLastState; ++column) {
-            if (const QWidget* cell = sheet.cell(row, column)) {
-                const QString name =
-                    sheet.textAt(row, 0) + QStringLiteral(", ") + sheet.textAt(0, column);
-                QVERIFY2(picture(*cell) != rest, qUtf8Printable(name));
+private Q_SLOTS:
+    void initTestCase()
+    {
+        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
+    }
+
+    void everyStateOfAControlLooksDifferentFromRest()
+    {
+        OpenSheet sheet;
+        const QImage all = sheet.grab().toImage();
+        const auto picture = [&](const QWidget& cell) {
+            const double ratio = all.devicePixelRatio();
+            const QRect place = cell.geometry();
+            return all.copy(QRectF(place.topLeft() * ratio, QSizeF(place.size()) * ratio).toRect());
+        };
+        for (int row = 1; row < sheet.grid().rowCount(); ++row) {
+            const QImage rest = picture(*sheet.cell(row, kRest));
+            for (int column = kRest + 1; column <= kLastState; ++column) {
+                if (const QWidget* cell = sheet.cell(row, column)) {
+                    const QString name =
+                        sheet.textAt(row, 0) + QStringLiteral(", ") + sheet.textAt(0, column);
+                    QVERIFY2(picture(*cell) != rest, qUtf8Printable(name));
+                }
             }
         }
     }
-}
 
-void GalleryTest::onlyControlsAtRestReact()
-{
-    OpenSheet sheet;
-    const auto press = [](QWidget* cell) {
-        ui::test::FakePointer pointer(cell);
-        pointer.moveTo(cell->rect().center());
-        pointer.press();
-        const bool isDown = qobject_cast<QAbstractButton*>(cell)->isDown();
-        pointer.release();
-        return isDown;
-    };
-    QVERIFY(press(sheet.cell(1, kRest)));
-    QVERIFY(!press(sheet.cell(1, kRest + 1)));
-    sheet.hide();
-    sheet.show();
-    QCoreApplication::processEvents();
-    QVERIFY(qobject_cast<QAbstractButton*>(sheet.cell(1, kRest + 2))->isDown());
-}
+    void onlyControlsAtRestReact()
+    {
+        OpenSheet sheet;
+        const auto press = [](QWidget* cell) {
+            ui::test::FakePointer pointer(cell);
+            pointer.moveTo(cell->rect().center());
+            pointer.press();
+            const bool isDown = qobject_cast<QAbstractButton*>(cell)->isDown();
+            pointer.release();
+            return isDown;
+        };
+        QVERIFY(press(sheet.cell(1, kRest)));
+        QVERIFY(!press(sheet.cell(1, kRest + 1)));
+        sheet.hide();
+        sheet.show();
+        QCoreApplication::processEvents();
+        QVERIFY(qobject_cast<QAbstractButton*>(sheet.cell(1, kRest + 2))->isDown());
+    }
+};
 
 const ui::test::Registration<GalleryTest> kRegistration;
 

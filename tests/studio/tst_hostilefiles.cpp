@@ -16,24 +16,6 @@
 using namespace studio;
 using namespace studio::test;
 
-/// Small files that are valid and ask for far too much, or for odd things. Before there was a
-/// budget each of the costly ones kept the window busy for minutes.
-class HostileFilesTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void whatCostsTooMuchIsLeftUnfinishedAndNamed_data();
-    void whatCostsTooMuchIsLeftUnfinishedAndNamed();
-    void aDashTooShortToSeeIsDrawnAsALine();
-    void aFillTakesThePathsOfNestedGroups();
-    void autoOrientKeepsTheWayBeyondTheKeysAndAtRest_data();
-    void autoOrientKeepsTheWayBeyondTheKeysAndAtRest();
-    void twinsOfOneNameListTheirFeaturesApart();
-    void aTinyNumberIsZero();
-    void aPipeIsRefusedUnopened();
-};
-
 namespace {
 
 const QByteArray kRect = R"({"ty":"rc","p":{"k":[50,50]},"s":{"k":[90,90]}})";
@@ -83,128 +65,140 @@ Picture enlarged(const Document& document)
 
 } // namespace
 
-void HostileFilesTest::whatCostsTooMuchIsLeftUnfinishedAndNamed_data()
-{
-    QTest::addColumn<QByteArray>("layers");
-    QTest::addColumn<QByteArray>("extra");
-    const auto row = [](const char* name, const QByteArray& layers, const QByteArray& extra = {}) {
-        QTest::newRow(name) << layers << extra;
-    };
-    const QByteArray named = R"("nm":"heavy",)";
-    const auto shapes = [&](const char* name, const QByteArray& items) {
-        row(name, layer(named + R"("ty":4,"ks":{},"shapes":[)" + items + "]"));
-    };
-    shapes("every fill takes all paths above it", list(kRect + "," + kFill, 20'000));
-    shapes("a line of a million dashes", dashed("1", "1e7"));
-    shapes("paths that may all cross", list(kRect, 3000) + R"(,{"ty":"mm","mm":5},)" + kFill);
-    shapes("groups in groups, each faded as one", nestedGroups(100, list(kRect, 5000)));
-    const QByteArray solids = list(
-        R"({"nm":"heavy","ty":4,"op":100,"ks":{"o":{"k":50}},"shapes":[)" + kRect + "," + kFill
-            + "," + kFill + "]}",
-        700);
-    row("layers faded as one",
-        list(layer(R"("ty":0,"refId":"c")"), 70),
-        R"("assets":[{"id":"c","layers":[)" + solids + "]}],");
-}
-
-void HostileFilesTest::whatCostsTooMuchIsLeftUnfinishedAndNamed()
-{
-    QFETCH(QByteArray, layers);
-    QFETCH(QByteArray, extra);
-    const Document document = documentOf(layers, extra);
-    QVERIFY(!document.main.layers.empty());
-
-    const Picture picture = enlarged(document);
-
-    QVERIFY(picture.result.unfinished);
-    QCOMPARE(picture.result.unfinished->name, u"heavy"_qs);
-    QVERIFY(picture.result.cost <= kMaxDrawCost);
-}
-
-void HostileFilesTest::aDashTooShortToSeeIsDrawnAsALine()
-{
-    for (const char* length : {"0.001", "0"}) {
-        const Picture picture = enlarged(documentOf(shapeLayer(dashed(length, "100"))));
-        QVERIFY(!picture.result.unfinished);
-        QVERIFY(picture.result.cost < kMaxDrawCost / 100);
-        QCOMPARE(picture.image.pixelColor(500, 500), QColor(Qt::black));
-    }
-    const Picture seen = enlarged(documentOf(shapeLayer(dashed("10", "100"))));
-    QCOMPARE(seen.image.pixelColor(150, 500), QColor(Qt::white));
-}
-
-void HostileFilesTest::aFillTakesThePathsOfNestedGroups()
-{
-    const QByteArray group = R"({"ty":"gr","it":[{"ty":"gr","it":[)" + kRect + "]}]},";
-    QCOMPARE(
-        enlarged(documentOf(shapeLayer(group + kFill))).image.pixelColor(500, 500),
-        QColor(Qt::red));
-}
-
-void HostileFilesTest::autoOrientKeepsTheWayBeyondTheKeysAndAtRest_data()
-{
-    QTest::addColumn<QByteArray>("position");
-    QTest::addColumn<QList<double>>("degrees"); // at frames -5, 0, 5, 10, 10.5, 20, 30
-    const QByteArray keys =                     // down, at rest, then right with a jump at the end
-        R"([{"t":0,"s":[0,0]},{"t":10,"s":[0,50]},{"t":20,"s":[0,50]},{"t":25,"s":[50,50],"h":1},)"
-        R"({"t":28,"s":[50,0]}])";
-    QTest::newRow("together") << R"({"k":)" + keys + "}" << QList<double>{90, 90, 90, 90, 90, 0, 0};
-    QTest::newRow("split") << QByteArray(
-        R"({"s":true,"x":{"k":[{"t":20,"s":[0]},{"t":25,"s":[50]}]},)"
-        R"("y":{"k":[{"t":0,"s":[0]},{"t":10,"s":[50]}]}})")
-                           << QList<double>{90, 90, 90, 90, 90, 0, 0};
-    QTest::newRow("slow at both ends")
-        << QByteArray(R"({"k":[{"t":0,"s":[0,0],"o":{"x":0.6,"y":0},"i":{"x":0.4,"y":1}},)"
-                      R"({"t":20,"s":[-50,0]}]})")
-        << QList<double>(7, 180);
-    QTest::newRow("never moved") << QByteArray(R"({"k":[3,4]})") << QList<double>(7, 0);
-}
-
-void HostileFilesTest::autoOrientKeepsTheWayBeyondTheKeysAndAtRest()
-{
-    QFETCH(QByteArray, position);
-    QFETCH(QList<double>, degrees);
-    const Layer turning = onlyLayer(R"("ty":3,"ao":1,"ks":{"p":)" + position + "}");
-    constexpr double kFrames[] = {-5, 0, 5, 10, 10.5, 20, 30};
-    for (qsizetype i = 0; i < degrees.size(); ++i) {
-        const SkMatrix matrix = matrixAt(turning.transform, kFrames[i]);
-        const double seen = qRadiansToDegrees(std::atan2(matrix.getSkewY(), matrix.getScaleX()));
-        QVERIFY2(
-            qAbs(std::remainder(seen - degrees.at(i), 360)) < 0.01,
-            qPrintable(u"%1 degrees at frame %2"_qs.arg(seen).arg(kFrames[i])));
-    }
-}
-
-void HostileFilesTest::twinsOfOneNameListTheirFeaturesApart()
-{
-    const QByteArray twin = R"("nm":"A","ty":2,"ef":[1],"bm":1)";
-    const QByteArray other = R"("nm":"B","ty":5)";
-    const Document document = documentOf(layer(twin) + "," + layer(other) + "," + layer(twin));
-    const auto& missing = document.missing;
-    QCOMPARE(missing.size(), std::size_t(7));
-    QCOMPARE(missing[0].layerByte, missing[2].layerByte);
-    QCOMPARE(missing[0].feature, missing[4].feature);
-    QVERIFY(missing[0].layerByte != missing[4].layerByte);
-}
-
-void HostileFilesTest::aTinyNumberIsZero()
-{
-    const Layer tiny = onlyLayer(R"("ty":3,"ks":{"r":{"k":1e-400}})");
-    QVERIFY(!tiny.span.isEmpty());
-    QCOMPARE(tiny.transform.rotation.value[0], 0.0);
-}
-
-void HostileFilesTest::aPipeIsRefusedUnopened()
-{
-#ifdef Q_OS_UNIX
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"pipe.json"_qs);
-    QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
-    QCOMPARE(readFile(path).error, u"“%1” is not a file."_qs.arg(path));
-#endif
-}
-
 namespace {
+
+/// Small files that are valid and ask for far too much, or for odd things. Before there was a
+/// budget each of the costly ones kept the window busy for minutes.
+class HostileFilesTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whatCostsTooMuchIsLeftUnfinishedAndNamed_data()
+    {
+        QTest::addColumn<QByteArray>("layers");
+        QTest::addColumn<QByteArray>("extra");
+        const auto row =
+            [](const char* name, const QByteArray& layers, const QByteArray& extra = {}) {
+                QTest::newRow(name) << layers << extra;
+            };
+        const QByteArray named = R"("nm":"heavy",)";
+        const auto shapes = [&](const char* name, const QByteArray& items) {
+            row(name, layer(named + R"("ty":4,"ks":{},"shapes":[)" + items + "]"));
+        };
+        shapes("every fill takes all paths above it", list(kRect + "," + kFill, 20'000));
+        shapes("a line of a million dashes", dashed("1", "1e7"));
+        shapes("paths that may all cross", list(kRect, 3000) + R"(,{"ty":"mm","mm":5},)" + kFill);
+        shapes("groups in groups, each faded as one", nestedGroups(100, list(kRect, 5000)));
+        const QByteArray solids = list(
+            R"({"nm":"heavy","ty":4,"op":100,"ks":{"o":{"k":50}},"shapes":[)" + kRect + "," + kFill
+                + "," + kFill + "]}",
+            700);
+        row("layers faded as one",
+            list(layer(R"("ty":0,"refId":"c")"), 70),
+            R"("assets":[{"id":"c","layers":[)" + solids + "]}],");
+    }
+
+    void whatCostsTooMuchIsLeftUnfinishedAndNamed()
+    {
+        QFETCH(QByteArray, layers);
+        QFETCH(QByteArray, extra);
+        const Document document = documentOf(layers, extra);
+        QVERIFY(!document.main.layers.empty());
+
+        const Picture picture = enlarged(document);
+
+        QVERIFY(picture.result.unfinished);
+        QCOMPARE(picture.result.unfinished->name, u"heavy"_qs);
+        QVERIFY(picture.result.cost <= kMaxDrawCost);
+    }
+
+    void aDashTooShortToSeeIsDrawnAsALine()
+    {
+        for (const char* length : {"0.001", "0"}) {
+            const Picture picture = enlarged(documentOf(shapeLayer(dashed(length, "100"))));
+            QVERIFY(!picture.result.unfinished);
+            QVERIFY(picture.result.cost < kMaxDrawCost / 100);
+            QCOMPARE(picture.image.pixelColor(500, 500), QColor(Qt::black));
+        }
+        const Picture seen = enlarged(documentOf(shapeLayer(dashed("10", "100"))));
+        QCOMPARE(seen.image.pixelColor(150, 500), QColor(Qt::white));
+    }
+
+    void aFillTakesThePathsOfNestedGroups()
+    {
+        const QByteArray group = R"({"ty":"gr","it":[{"ty":"gr","it":[)" + kRect + "]}]},";
+        QCOMPARE(
+            enlarged(documentOf(shapeLayer(group + kFill))).image.pixelColor(500, 500),
+            QColor(Qt::red));
+    }
+
+    void autoOrientKeepsTheWayBeyondTheKeysAndAtRest_data()
+    {
+        QTest::addColumn<QByteArray>("position");
+        QTest::addColumn<QList<double>>("degrees"); // at frames -5, 0, 5, 10, 10.5, 20, 30
+        const QByteArray keys = // down, at rest, then right with a jump at the end
+            R"([{"t":0,"s":[0,0]},{"t":10,"s":[0,50]},{"t":20,"s":[0,50]},{"t":25,"s":[50,50],"h":1},)"
+            R"({"t":28,"s":[50,0]}])";
+        QTest::newRow("together") << R"({"k":)" + keys + "}"
+                                  << QList<double>{90, 90, 90, 90, 90, 0, 0};
+        QTest::newRow("split") << QByteArray(
+            R"({"s":true,"x":{"k":[{"t":20,"s":[0]},{"t":25,"s":[50]}]},)"
+            R"("y":{"k":[{"t":0,"s":[0]},{"t":10,"s":[50]}]}})")
+                               << QList<double>{90, 90, 90, 90, 90, 0, 0};
+        QTest::newRow("slow at both ends")
+            << QByteArray(R"({"k":[{"t":0,"s":[0,0],"o":{"x":0.6,"y":0},"i":{"x":0.4,"y":1}},)"
+                          R"({"t":20,"s":[-50,0]}]})")
+            << QList<double>(7, 180);
+        QTest::newRow("never moved") << QByteArray(R"({"k":[3,4]})") << QList<double>(7, 0);
+    }
+
+    void autoOrientKeepsTheWayBeyondTheKeysAndAtRest()
+    {
+        QFETCH(QByteArray, position);
+        QFETCH(QList<double>, degrees);
+        const Layer turning = onlyLayer(R"("ty":3,"ao":1,"ks":{"p":)" + position + "}");
+        constexpr double kFrames[] = {-5, 0, 5, 10, 10.5, 20, 30};
+        for (qsizetype i = 0; i < degrees.size(); ++i) {
+            const SkMatrix matrix = matrixAt(turning.transform, kFrames[i]);
+            const double seen =
+                qRadiansToDegrees(std::atan2(matrix.getSkewY(), matrix.getScaleX()));
+            QVERIFY2(
+                qAbs(std::remainder(seen - degrees.at(i), 360)) < 0.01,
+                qPrintable(u"%1 degrees at frame %2"_qs.arg(seen).arg(kFrames[i])));
+        }
+    }
+
+    void twinsOfOneNameListTheirFeaturesApart()
+    {
+        const QByteArray twin = R"("nm":"A","ty":2,"ef":[1],"bm":1)";
+        const QByteArray other = R"("nm":"B","ty":5)";
+        const Document document = documentOf(layer(twin) + "," + layer(other) + "," + layer(twin));
+        const auto& missing = document.missing;
+        QCOMPARE(missing.size(), std::size_t(7));
+        QCOMPARE(missing[0].layerByte, missing[2].layerByte);
+        QCOMPARE(missing[0].feature, missing[4].feature);
+        QVERIFY(missing[0].layerByte != missing[4].layerByte);
+    }
+
+    void aTinyNumberIsZero()
+    {
+        const Layer tiny = onlyLayer(R"("ty":3,"ks":{"r":{"k":1e-400}})");
+        QVERIFY(!tiny.span.isEmpty());
+        QCOMPARE(tiny.transform.rotation.value[0], 0.0);
+    }
+
+    void aPipeIsRefusedUnopened()
+    {
+#ifdef Q_OS_UNIX
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"pipe.json"_qs);
+        QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
+        QCOMPARE(readFile(path).error, u"“%1” is not a file."_qs.arg(path));
+#endif
+    }
+};
+
 const ui::test::Registration<HostileFilesTest> kRegistration;
 } // namespace
 

@@ -4,18 +4,6 @@
 using namespace studio;
 using namespace studio::test;
 
-class LottieReaderTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void badInputIsRefusedInOneSentence();
-    void oddInputIsReadAndDrawnAllTheSame();
-    void everyValueKnowsItsPlace();
-    void colorsOfOldFilesCountTo255();
-    void whatIsNotDrawnIsListedOnceALayer();
-};
-
 namespace {
 
 QByteArray repeated(const char* text, int count)
@@ -40,138 +28,149 @@ QByteArray withAssets(const QByteArray& assets)
 
 } // namespace
 
-void LottieReaderTest::badInputIsRefusedInOneSentence()
+class LottieReaderTest : public ui::test::TestCase
 {
-    const char* const damaged = "The file is damaged or not JSON: ";
-    const char* const family = R"({"nm":"L%1","ind":%1,"parent":%2})";
-    const char* const simple = R"({"id":"%1","layers":[{"ty":0,"refId":"%2"}]})";
-    const char* const twofold =
-        R"({"id":"%1","layers":[{"ty":0,"refId":"%2"},{"ty":0,"refId":"%2"}]})";
-    const QByteArray last = R"({"id":"1","layers":[{"ty":0,"refId":"0"}]})";
-    const std::pair<QByteArray, const char*> cases[] = {
-        {"{} {}", damaged},
-        {documentText(layer(R"("ip":1e999)")), damaged},
-        {R"({"layers":5})", "The file is not a Lottie animation: it holds no list of layers."},
-        {documentText({}, R"("fr":0,)"), "The frame rate of 0 is not above 0 and at most 1000."},
-        {documentText({}, R"("fr":1e6,)"), "The frame rate of 1e+06 is not above 0"},
-        {documentText({}, R"("w":0,)"), "The size of 0 by 100 pixels is not between 1 and "},
-        {documentText({}, R"("h":1e8,)"), "The size of 100 by 1e+08 pixels is not between 1 and "},
-        {documentText({}, R"("ip":100,)"), "The animation has no frames: it runs from 100 to 100."},
-        {documentText({}, R"("op":1e8,)"), "The animation is longer than 10000000 frames."},
-        {documentText({}, R"("fr":"fast",)"), "“fr” at byte 6 of the file should be a number."},
-        {documentText("7"), "“layers” at byte "},
-        {documentText(layer(R"("ty":4,"shapes":{})")), "“shapes” at byte "},
-        {documentText(shapeLayer(R"({"ty":"sh","ks":{"k":[3]}})")), "“k” at byte "},
-        {documentText(layer(R"("ks":[])")), "“ks” at byte "},
-        {documentText(layer(R"("ks":{"r":{"k":"x"}})")), "“k” at byte "},
-        {documentText(layer(R"("ks":{"r":{"k":[{"t":0,"s":[0]},5]}})")), "“k” at byte "},
-        {documentText(chain(family, 2) + R"(,{"ind":2,"parent":0})"),
-         "The parents of layer “L0” form a circle."},
-        {documentText(chain(family, 300)),
-         "Layer “L0” has more than 100 parents above each other."},
-        {withAssets(chain(simple, 1) + "," + last), "The precomposition “0” holds itself."},
-        {withAssets(chain(simple, 70)), "Precompositions are nested more than 64 deep."},
-        {withAssets(chain(twofold, 40)), "The animation has more than 50000 layers, with "},
-        {documentText(repeated("{},", 100'000) + "{}"),
-         "The animation has more than 100000 layers and shapes."},
-        {QByteArray(100 << 20, ' '), "The file has 100 MB; at most 64 MB can be opened."},
-        {"[" + repeated("0,", 4'000'000) + "0]", "The file holds more than 4000000 values."},
-        {repeated("[", 1'000'000), "The file nests lists and objects more than 256 deep."},
-    };
-    for (const auto& [text, sentence] : cases) {
-        const QString error = read(text.toStdString()).error;
-        QVERIFY2(error.startsWith(QString::fromUtf8(sentence)), qPrintable(error));
-        QVERIFY2(error.endsWith(u'.') && !error.contains(u". "_qs), qPrintable(error));
-    }
-}
+    Q_OBJECT
 
-void LottieReaderTest::oddInputIsReadAndDrawnAllTheSame()
-{
-    const QByteArray hugeRect =
-        R"({"ty":"rc","p":{"k":[1e300,-1e300]},"s":{"k":[1e308,1]}},{"ty":"fl"})";
-    const QByteArrayList texts = {
-        documentText({}),
-        "\xef\xbb\xbf" + documentText("{}"), // a byte order mark
-        documentText(R"({"ty":3,"nm":null,"ks":null,"parent":null})"),
-        documentText(R"({"ty":0,"refId":"gone"})"),
-        documentText(layer(R"("ind":1)") + "," + layer(R"("ind":1,"parent":1)")),
-        documentText(shapeLayer(R"({"ty":"sr","pt":{"k":1e9},"or":{"k":9}},{"ty":"fl"})")),
-        documentText(shapeLayer(hugeRect, R"("s":{"k":[1e300,0]})")),
-    };
-    for (const QByteArray& text : texts) {
-        const ReadResult result = read(text.toStdString());
-        QVERIFY2(result, text.constData());
-        QVERIFY(!frameOf(*result.document, 5).isNull());
-    }
-}
-
-void LottieReaderTest::everyValueKnowsItsPlace()
-{
-    const Document document =
-        documentOf(layer(R"( "nm" : "a\"}b" , "ty":3, "ks" : { "r" : {"a":1, "k": [ )"
-                         R"({"t": 2.5 ,"s":[ 1 ], "h" : 1 }, {"t":10,"s":[2],"e":[3],)"
-                         R"("o":{"x":0,"y":1},"i":{"x":1,"y":0}},{"t":20}]},"o":{"k":100}})"));
-    const Layer& layer = document.main.layers.at(0);
-    const auto& keys = layer.transform.rotation.keys;
-    QCOMPARE(keys.size(), std::size_t(3));
-    QCOMPARE(layer.name, u"a\"}b"_qs);
-
-    const std::pair<Span, const char*> places[] = {
-        {layer.transform.opacity.span, R"({"k":100})"},
-        {layer.transform.opacity.valueSpan, "100"},
-        {layer.transform.position.span, ""},
-        {keys[0].span, R"({"t": 2.5 ,"s":[ 1 ], "h" : 1 })"},
-        {keys[0].timeSpan, "2.5"},
-        {keys[0].valueSpan, "[ 1 ]"},
-        {keys[1].easeOutSpan, R"({"x":0,"y":1})"},
-        {keys[1].easeInSpan, R"({"x":1,"y":0})"},
-        {keys[1].endSpan, "[3]"},
-        {keys[2].valueSpan, "[3]"}, // the last key's value stands in the key before it
-        {{layer.span.end - 1, layer.span.end + 2}, "}]}"},
-    };
-    for (const auto& [span, text] : places) {
-        QCOMPARE(document.bytes.substr(span.begin, span.end - span.begin), std::string(text));
-    }
-}
-
-void LottieReaderTest::colorsOfOldFilesCountTo255()
-{
-    const auto red = [](const QByteArray& version, const QByteArray& color) {
-        const Document document = documentOf(
-            shapeLayer(R"({"ty":"fl","c":{"k":)" + color + "}}"), R"("v":")" + version + R"(",)");
-        return std::get<FillShape>(document.main.layers.at(0).shapes.at(0).shape).color.value[0];
-    };
-    QCOMPARE(red("4.1.8", "[255,0,0,255]"), 1.0);
-    QCOMPARE(red("4.1.9", "[0.5,0,0,1]"), 0.5);
-    QCOMPARE(red("4.10.0", "[0.5,0,0,1]"), 0.5);
-    QCOMPARE(red("", "[0.5,0,0,1]"), 0.5);
-}
-
-void LottieReaderTest::whatIsNotDrawnIsListedOnceALayer()
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {R"("ty":13)", "camera"},
-        {R"("ty":42)", "layer of kind 42"},
-        {R"("ty":0,"refId":"c")", "composition “c”, which the file lacks"},
-        {R"("ty":3,"masksProperties":[{"mode":"n"}])", ""},
-        {R"("ty":3,"hasMask":false,"masksProperties":[{"mode":"a"}])", ""},
-        {R"("ty":3,"masksProperties":[{"mode":"a"},{"mode":"s"}],"tt":1,"ef":[{}])",
-         "mask|track matte|effect"},
-        {R"("ty":3,"ks":{"r":{"k":0,"x":"time"},"o":{"k":0,"x":"1"}},"sy":[{}],"bm":1,"ddd":1)",
-         "expression|layer style|blend mode|third dimension"},
-        {R"("ty":4,"shapes":[{"ty":"gf"},{"ty":"gr","it":[{"ty":"gs"},{"ty":"gf"}]},{"ty":"new"}])",
-         "gradient fill|gradient stroke|shape of kind “new”"},
-    };
-    for (const auto& [members, expected] : cases) {
-        const Document document = documentOf(layer(members));
-        QVERIFY2(!document.main.layers.empty(), members);
-        QStringList listed;
-        for (const MissingFeature& missing : document.missing) {
-            listed += missing.feature;
+private Q_SLOTS:
+    void badInputIsRefusedInOneSentence()
+    {
+        const char* const damaged = "The file is damaged or not JSON: ";
+        const char* const family = R"({"nm":"L%1","ind":%1,"parent":%2})";
+        const char* const simple = R"({"id":"%1","layers":[{"ty":0,"refId":"%2"}]})";
+        const char* const twofold =
+            R"({"id":"%1","layers":[{"ty":0,"refId":"%2"},{"ty":0,"refId":"%2"}]})";
+        const QByteArray last = R"({"id":"1","layers":[{"ty":0,"refId":"0"}]})";
+        const std::pair<QByteArray, const char*> cases[] = {
+            {"{} {}", damaged},
+            {documentText(layer(R"("ip":1e999)")), damaged},
+            {R"({"layers":5})", "The file is not a Lottie animation: it holds no list of layers."},
+            {documentText({}, R"("fr":0,)"),
+             "The frame rate of 0 is not above 0 and at most 1000."},
+            {documentText({}, R"("fr":1e6,)"), "The frame rate of 1e+06 is not above 0"},
+            {documentText({}, R"("w":0,)"), "The size of 0 by 100 pixels is not between 1 and "},
+            {documentText({}, R"("h":1e8,)"),
+             "The size of 100 by 1e+08 pixels is not between 1 and "},
+            {documentText({}, R"("ip":100,)"),
+             "The animation has no frames: it runs from 100 to 100."},
+            {documentText({}, R"("op":1e8,)"), "The animation is longer than 10000000 frames."},
+            {documentText({}, R"("fr":"fast",)"), "“fr” at byte 6 of the file should be a number."},
+            {documentText("7"), "“layers” at byte "},
+            {documentText(layer(R"("ty":4,"shapes":{})")), "“shapes” at byte "},
+            {documentText(shapeLayer(R"({"ty":"sh","ks":{"k":[3]}})")), "“k” at byte "},
+            {documentText(layer(R"("ks":[])")), "“ks” at byte "},
+            {documentText(layer(R"("ks":{"r":{"k":"x"}})")), "“k” at byte "},
+            {documentText(layer(R"("ks":{"r":{"k":[{"t":0,"s":[0]},5]}})")), "“k” at byte "},
+            {documentText(chain(family, 2) + R"(,{"ind":2,"parent":0})"),
+             "The parents of layer “L0” form a circle."},
+            {documentText(chain(family, 300)),
+             "Layer “L0” has more than 100 parents above each other."},
+            {withAssets(chain(simple, 1) + "," + last), "The precomposition “0” holds itself."},
+            {withAssets(chain(simple, 70)), "Precompositions are nested more than 64 deep."},
+            {withAssets(chain(twofold, 40)), "The animation has more than 50000 layers, with "},
+            {documentText(repeated("{},", 100'000) + "{}"),
+             "The animation has more than 100000 layers and shapes."},
+            {QByteArray(100 << 20, ' '), "The file has 100 MB; at most 64 MB can be opened."},
+            {"[" + repeated("0,", 4'000'000) + "0]", "The file holds more than 4000000 values."},
+            {repeated("[", 1'000'000), "The file nests lists and objects more than 256 deep."},
+        };
+        for (const auto& [text, sentence] : cases) {
+            const QString error = read(text.toStdString()).error;
+            QVERIFY2(error.startsWith(QString::fromUtf8(sentence)), qPrintable(error));
+            QVERIFY2(error.endsWith(u'.') && !error.contains(u". "_qs), qPrintable(error));
         }
-        QCOMPARE(listed.join(u'|'), QString::fromUtf8(expected));
     }
-}
+
+    void oddInputIsReadAndDrawnAllTheSame()
+    {
+        const QByteArray hugeRect =
+            R"({"ty":"rc","p":{"k":[1e300,-1e300]},"s":{"k":[1e308,1]}},{"ty":"fl"})";
+        const QByteArrayList texts = {
+            documentText({}),
+            "\xef\xbb\xbf" + documentText("{}"), // a byte order mark
+            documentText(R"({"ty":3,"nm":null,"ks":null,"parent":null})"),
+            documentText(R"({"ty":0,"refId":"gone"})"),
+            documentText(layer(R"("ind":1)") + "," + layer(R"("ind":1,"parent":1)")),
+            documentText(shapeLayer(R"({"ty":"sr","pt":{"k":1e9},"or":{"k":9}},{"ty":"fl"})")),
+            documentText(shapeLayer(hugeRect, R"("s":{"k":[1e300,0]})")),
+        };
+        for (const QByteArray& text : texts) {
+            const ReadResult result = read(text.toStdString());
+            QVERIFY2(result, text.constData());
+            QVERIFY(!frameOf(*result.document, 5).isNull());
+        }
+    }
+
+    void everyValueKnowsItsPlace()
+    {
+        const Document document =
+            documentOf(layer(R"( "nm" : "a\"}b" , "ty":3, "ks" : { "r" : {"a":1, "k": [ )"
+                             R"({"t": 2.5 ,"s":[ 1 ], "h" : 1 }, {"t":10,"s":[2],"e":[3],)"
+                             R"("o":{"x":0,"y":1},"i":{"x":1,"y":0}},{"t":20}]},"o":{"k":100}})"));
+        const Layer& layer = document.main.layers.at(0);
+        const auto& keys = layer.transform.rotation.keys;
+        QCOMPARE(keys.size(), std::size_t(3));
+        QCOMPARE(layer.name, u"a\"}b"_qs);
+
+        const std::pair<Span, const char*> places[] = {
+            {layer.transform.opacity.span, R"({"k":100})"},
+            {layer.transform.opacity.valueSpan, "100"},
+            {layer.transform.position.span, ""},
+            {keys[0].span, R"({"t": 2.5 ,"s":[ 1 ], "h" : 1 })"},
+            {keys[0].timeSpan, "2.5"},
+            {keys[0].valueSpan, "[ 1 ]"},
+            {keys[1].easeOutSpan, R"({"x":0,"y":1})"},
+            {keys[1].easeInSpan, R"({"x":1,"y":0})"},
+            {keys[1].endSpan, "[3]"},
+            {keys[2].valueSpan, "[3]"}, // the last key's value stands in the key before it
+            {{layer.span.end - 1, layer.span.end + 2}, "}]}"},
+        };
+        for (const auto& [span, text] : places) {
+            QCOMPARE(document.bytes.substr(span.begin, span.end - span.begin), std::string(text));
+        }
+    }
+
+    void colorsOfOldFilesCountTo255()
+    {
+        const auto red = [](const QByteArray& version, const QByteArray& color) {
+            const Document document = documentOf(
+                shapeLayer(R"({"ty":"fl","c":{"k":)" + color + "}}"),
+                R"("v":")" + version + R"(",)");
+            return std::get<FillShape>(document.main.layers.at(0).shapes.at(0).shape)
+                .color.value[0];
+        };
+        QCOMPARE(red("4.1.8", "[255,0,0,255]"), 1.0);
+        QCOMPARE(red("4.1.9", "[0.5,0,0,1]"), 0.5);
+        QCOMPARE(red("4.10.0", "[0.5,0,0,1]"), 0.5);
+        QCOMPARE(red("", "[0.5,0,0,1]"), 0.5);
+    }
+
+    void whatIsNotDrawnIsListedOnceALayer()
+    {
+        const std::pair<const char*, const char*> cases[] = {
+            {R"("ty":13)", "camera"},
+            {R"("ty":42)", "layer of kind 42"},
+            {R"("ty":0,"refId":"c")", "composition “c”, which the file lacks"},
+            {R"("ty":3,"masksProperties":[{"mode":"n"}])", ""},
+            {R"("ty":3,"hasMask":false,"masksProperties":[{"mode":"a"}])", ""},
+            {R"("ty":3,"masksProperties":[{"mode":"a"},{"mode":"s"}],"tt":1,"ef":[{}])",
+             "mask|track matte|effect"},
+            {R"("ty":3,"ks":{"r":{"k":0,"x":"time"},"o":{"k":0,"x":"1"}},"sy":[{}],"bm":1,"ddd":1)",
+             "expression|layer style|blend mode|third dimension"},
+            {R"("ty":4,"shapes":[{"ty":"gf"},{"ty":"gr","it":[{"ty":"gs"},{"ty":"gf"}]},{"ty":"new"}])",
+             "gradient fill|gradient stroke|shape of kind “new”"},
+        };
+        for (const auto& [members, expected] : cases) {
+            const Document document = documentOf(layer(members));
+            QVERIFY2(!document.main.layers.empty(), members);
+            QStringList listed;
+            for (const MissingFeature& missing : document.missing) {
+                listed += missing.feature;
+            }
+            QCOMPARE(listed.join(u'|'), QString::fromUtf8(expected));
+        }
+    }
+};
 
 const ui::test::Registration<LottieReaderTest> kRegistration;
 

@@ -8,19 +8,6 @@
 
 using namespace studio;
 
-class PlayerTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void framesFollowTimeAndLoop();
-    void theOutPointIsNoFrame();
-    void aLateTickDropsFramesAndKeepsTheTime();
-    void theTimerRunsOnlyWhilePlaying();
-    void playingGoesOnFromWhereItWasSoughtAndSteppingEndsIt();
-    void readOutsFollowTheLocale();
-};
-
 namespace {
 
 /// A player of ten frames a second whose time the test sets.
@@ -48,92 +35,98 @@ struct DrivenPlayer
 
 } // namespace
 
-void PlayerTest::framesFollowTimeAndLoop()
+class PlayerTest : public ui::test::TestCase
 {
-    const FrameRange range{0, 89};
-    QCOMPARE(frameAt(0.999, 30, range, 0), 29);
-    QCOMPARE(frameAt(7 / 29.97, 29.97, range, 0), 7); // a millionth of a frame is rounding
-    QCOMPARE(frameAt(3, 30, range, 0), 0);
-    QCOMPARE(frameAt(1, 30, range, 80), 20);
-    QCOMPARE(frameAt(1.7, 10, (FrameRange{-5, 4}), 0), -3);
-    QCOMPARE(frameAt(0, 60, range, 100), 89);
-    QCOMPARE(frameAt(365.0 * 86400, 60, range, 1), 1);
-    QCOMPARE(frameAt(std::numeric_limits<double>::infinity(), 60, range, 0), 0);
-    QCOMPARE(frameAt(-5, 60, range, 3), 3);
-    QCOMPARE(frameAt(std::nan(""), 60, range, 3), 3);
-}
+    Q_OBJECT
 
-void PlayerTest::theOutPointIsNoFrame()
-{
-    QCOMPARE(frameRange(-2.5, 89.5), (FrameRange{-2, 89}));
-    QCOMPARE(frameRange(0.5, 3), (FrameRange{1, 2}));
-    QCOMPARE(frameRange(3.2, 3.6), (FrameRange{4, 4})); // between two frames
-}
+private Q_SLOTS:
+    void framesFollowTimeAndLoop()
+    {
+        const FrameRange range{0, 89};
+        QCOMPARE(frameAt(0.999, 30, range, 0), 29);
+        QCOMPARE(frameAt(7 / 29.97, 29.97, range, 0), 7); // a millionth of a frame is rounding
+        QCOMPARE(frameAt(3, 30, range, 0), 0);
+        QCOMPARE(frameAt(1, 30, range, 80), 20);
+        QCOMPARE(frameAt(1.7, 10, (FrameRange{-5, 4}), 0), -3);
+        QCOMPARE(frameAt(0, 60, range, 100), 89);
+        QCOMPARE(frameAt(365.0 * 86400, 60, range, 1), 1);
+        QCOMPARE(frameAt(std::numeric_limits<double>::infinity(), 60, range, 0), 0);
+        QCOMPARE(frameAt(-5, 60, range, 3), 3);
+        QCOMPARE(frameAt(std::nan(""), 60, range, 3), 3);
+    }
 
-void PlayerTest::aLateTickDropsFramesAndKeepsTheTime()
-{
-    DrivenPlayer driven;
-    driven.player.play();
-    driven.passTo(0.11);
-    driven.passTo(0.19); // within the same frame
-    driven.passTo(0.2);
-    QCOMPARE(driven.player.droppedFrames(), 0);
-    driven.passTo(0.75);
-    QCOMPARE(driven.shown, QList<int>({1, 2, 7}));
-    QCOMPARE(driven.player.droppedFrames(), 4);
-}
+    void theOutPointIsNoFrame()
+    {
+        QCOMPARE(frameRange(-2.5, 89.5), (FrameRange{-2, 89}));
+        QCOMPARE(frameRange(0.5, 3), (FrameRange{1, 2}));
+        QCOMPARE(frameRange(3.2, 3.6), (FrameRange{4, 4})); // between two frames
+    }
 
-void PlayerTest::theTimerRunsOnlyWhilePlaying()
-{
-    DrivenPlayer driven;
-    driven.player.seek(5);
-    QVERIFY(!driven.timerRuns());
-    driven.player.toggle();
-    QVERIFY(driven.timerRuns());
-    driven.player.toggle();
-    QVERIFY(!driven.timerRuns());
+    void aLateTickDropsFramesAndKeepsTheTime()
+    {
+        DrivenPlayer driven;
+        driven.player.play();
+        driven.passTo(0.11);
+        driven.passTo(0.19); // within the same frame
+        driven.passTo(0.2);
+        QCOMPARE(driven.player.droppedFrames(), 0);
+        driven.passTo(0.75);
+        QCOMPARE(driven.shown, QList<int>({1, 2, 7}));
+        QCOMPARE(driven.player.droppedFrames(), 4);
+    }
 
-    driven.player.setTrack({0, 99}, std::nan("")); // never leaves a frame
-    driven.player.play();
-    QVERIFY(!driven.timerRuns());
-}
+    void theTimerRunsOnlyWhilePlaying()
+    {
+        DrivenPlayer driven;
+        driven.player.seek(5);
+        QVERIFY(!driven.timerRuns());
+        driven.player.toggle();
+        QVERIFY(driven.timerRuns());
+        driven.player.toggle();
+        QVERIFY(!driven.timerRuns());
 
-void PlayerTest::playingGoesOnFromWhereItWasSoughtAndSteppingEndsIt()
-{
-    DrivenPlayer driven;
-    driven.player.play();
-    driven.passTo(0.5);
-    driven.player.seek(50);
-    driven.passTo(0.7);
-    QCOMPARE(driven.player.frame(), 52);
-    QVERIFY(driven.player.isPlaying());
-    driven.player.seek(1000);
-    QCOMPARE(driven.player.frame(), 99);
-    driven.passTo(0.8);
-    QCOMPARE(driven.player.frame(), 0);
+        driven.player.setTrack({0, 99}, std::nan("")); // never leaves a frame
+        driven.player.play();
+        QVERIFY(!driven.timerRuns());
+    }
 
-    driven.player.setTrack({-3, 3}, 25);
-    QVERIFY(!driven.player.isPlaying());
-    QCOMPARE(driven.player.frame(), -3);
+    void playingGoesOnFromWhereItWasSoughtAndSteppingEndsIt()
+    {
+        DrivenPlayer driven;
+        driven.player.play();
+        driven.passTo(0.5);
+        driven.player.seek(50);
+        driven.passTo(0.7);
+        QCOMPARE(driven.player.frame(), 52);
+        QVERIFY(driven.player.isPlaying());
+        driven.player.seek(1000);
+        QCOMPARE(driven.player.frame(), 99);
+        driven.passTo(0.8);
+        QCOMPARE(driven.player.frame(), 0);
 
-    driven.player.play();
-    driven.player.step(-1);
-    QVERIFY(!driven.player.isPlaying());
-    QCOMPARE(driven.player.frame(), 3);
-    driven.player.step(17);
-    QCOMPARE(driven.player.frame(), -1);
-}
+        driven.player.setTrack({-3, 3}, 25);
+        QVERIFY(!driven.player.isPlaying());
+        QCOMPARE(driven.player.frame(), -3);
 
-void PlayerTest::readOutsFollowTheLocale()
-{
-    const QLocale english(QLocale::English, QLocale::UnitedStates);
-    const QLocale german(QLocale::German, QLocale::Germany);
-    QCOMPARE(frameText(1200, 86400, english), u"1200 / 86400"_qs);
-    QCOMPARE(timeText(3661 * 25 + 1, 25, german), u"61:01,04"_qs);
-    QCOMPARE(timeText(-1, 1, english), u"-0:01.00"_qs);
-    QCOMPARE(rateText(29.9700012207031, german), u"29,97 fps"_qs);
-    QCOMPARE(zoomText(0.0666, english), u"6.7 %"_qs);
-}
+        driven.player.play();
+        driven.player.step(-1);
+        QVERIFY(!driven.player.isPlaying());
+        QCOMPARE(driven.player.frame(), 3);
+        driven.player.step(17);
+        QCOMPARE(driven.player.frame(), -1);
+    }
+
+    void readOutsFollowTheLocale()
+    {
+        const QLocale english(QLocale::English, QLocale::UnitedStates);
+        const QLocale german(QLocale::German, QLocale::Germany);
+        QCOMPARE(frameText(1200, 86400, english), u"1200 / 86400"_qs);
+        QCOMPARE(timeText(3661 * 25 + 1, 25, german), u"61:01,04"_qs);
+        QCOMPARE(timeText(-1, 1, english), u"-0:01.00"_qs);
+        QCOMPARE(rateText(29.9700012207031, german), u"29,97 fps"_qs);
+        QCOMPARE(zoomText(0.0666, english), u"6.7 %"_qs);
+    }
+};
 
 const ui::test::Registration<PlayerTest> kRegistration;
 

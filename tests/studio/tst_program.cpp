@@ -15,22 +15,6 @@
 
 using namespace studio;
 
-/// The program as its user starts it, and what its keys and buttons do away from the editor.
-class ProgramTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void picturesOfAGoodFileAreWrittenAtBothRatios();
-    void failuresAreOneLine_data();
-    void failuresAreOneLine();
-    void keysOfTheEditorRestInTheGallery();
-    void aNoticeIsSeenInTheGallery();
-    void onlyTurningTheWheelUpOrDownZooms();
-    void aPanEndsWithItsButtonOrTheFocus();
-};
-
 namespace {
 
 struct Ended
@@ -96,146 +80,156 @@ void show(StudioWindow& window)
 
 } // namespace
 
-void ProgramTest::initTestCase()
-{
-    ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-}
-
-void ProgramTest::picturesOfAGoodFileAreWrittenAtBothRatios()
-{
-    const QTemporaryDir folder;
-    const QString file = written(
-        folder,
-        u"two.json"_qs,
-        R"({"fr":10,"ip":0,"op":2,"w":20,"h":10,"layers":[{"nm":"T","ty":5,"ip":0,"op":2}]})");
-    const QString pictures = folder.filePath(u"pictures"_qs);
-
-    const Ended ended = runStudio({u"--pictures"_qs, pictures, file});
-
-    QCOMPARE(ended.errors, QStringList());
-    QCOMPARE(ended.exitCode, 0);
-    const QStringList files = QDir(pictures).entryList(QDir::Files, QDir::Name);
-    QCOMPARE(ended.output.size(), files.size());
-    for (const QString& name : {u"play-0000"_qs, u"play-0001"_qs, u"notice"_qs, u"gallery"_qs}) {
-        const QImage once(QDir(pictures).filePath(name + u".png"_qs));
-        const QImage twice(QDir(pictures).filePath(name + u"@2x.png"_qs));
-        QVERIFY2(!once.isNull() && twice.size() == once.size() * 2, qPrintable(name));
-    }
-}
-
-void ProgramTest::failuresAreOneLine_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("fileName");
-    QTest::addColumn<QString>("folderName");
-    QTest::newRow("a bad file") << QByteArray("[]") << u"bad.json"_qs << u"out"_qs;
-    if (QSysInfo::kernelType() != u"winnt") { // where no file can be called so
-        QTest::newRow("a name of two lines") << QByteArray("[]") << u"a\nb.json"_qs << u"out"_qs;
-    }
-    QTest::newRow("a folder that is a file")
-        << QByteArray(R"({"fr":10,"ip":0,"op":2,"w":20,"h":10,"layers":[]})") << u"good.json"_qs
-        << u"good.json"_qs;
-}
-
-void ProgramTest::failuresAreOneLine()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(QString, fileName);
-    QFETCH(QString, folderName);
-    const QTemporaryDir folder;
-    const QString file = written(folder, fileName, text);
-    const QString out = folder.filePath(folderName);
-
-    const Ended ended = runStudio({u"--pictures"_qs, out, file});
-
-    QCOMPARE(ended.exitCode, 1);
-    QCOMPARE(ended.output, QStringList());
-    QCOMPARE(ended.errors.size(), 1);
-    QVERIFY2(
-        ended.errors.first().contains(QString(fileName).replace(u'\n', u'?')),
-        qPrintable(ended.errors.first()));
-    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
-}
-
-void ProgramTest::keysOfTheEditorRestInTheGallery()
-{
-    StudioWindow window;
-    show(window);
-    window.setGalleryShown(true);
-    const double scale = window.viewport().mapping().scale;
-    QTest::keyClick(&window, Qt::Key_Space);
-    QTest::keyClick(&window, Qt::Key_End);
-    QTest::keyClick(&window, Qt::Key_Plus);
-    QVERIFY(!window.player().isPlaying());
-    QCOMPARE(window.player().frame(), window.player().range().first);
-    QCOMPARE(window.viewport().mapping().scale, scale);
-
-    window.setGalleryShown(false);
-    QTest::keyClick(&window, Qt::Key_Space);
-    QVERIFY(window.player().isPlaying());
-}
-
-void ProgramTest::aNoticeIsSeenInTheGallery()
-{
-    StudioWindow window;
-    show(window);
-    window.setGalleryShown(true);
-    QVERIFY(!window.openFile(u":/samples"_qs));
-    QVERIFY(window.notice().isVisible());
-    QVERIFY(!window.viewport().isVisible());
-}
-
-void ProgramTest::onlyTurningTheWheelUpOrDownZooms()
-{
-    StudioWindow window;
-    show(window);
-    Viewport& viewport = window.viewport();
-    const auto turn = [&viewport](QPoint delta) {
-        const QPointF at(50, 50);
-        QWheelEvent event(
-            at,
-            viewport.mapToGlobal(at),
-            {},
-            delta,
-            Qt::NoButton,
-            Qt::NoModifier,
-            Qt::NoScrollPhase,
-            false);
-        QApplication::sendEvent(&viewport, &event);
-    };
-    const double before = viewport.mapping().scale;
-    turn({120, 0});
-    window.resize(window.size() - QSize(200, 200));
-    QTRY_VERIFY(viewport.mapping().scale < before); // still fitted
-    const double fittedScale = viewport.mapping().scale;
-    turn({0, 120});
-    QCOMPARE(viewport.mapping().scale, fittedScale * 1.2);
-}
-
-void ProgramTest::aPanEndsWithItsButtonOrTheFocus()
-{
-    StudioWindow window;
-    show(window);
-    Viewport& viewport = window.viewport();
-    ui::test::FakePointer pointer(&viewport);
-    pointer.moveTo({50, 50});
-    pointer.press();
-    pointer.press(Qt::MiddleButton);
-    pointer.release();
-    const QPointF origin = viewport.mapping().origin;
-    pointer.moveTo({90, 90}); // with the other button still down
-    QCOMPARE(viewport.mapping().origin, origin);
-    pointer.release(Qt::MiddleButton);
-
-    pointer.press();
-    viewport.clearFocus();
-    pointer.moveTo({20, 20});
-    QCOMPARE(viewport.mapping().origin, origin);
-    QCOMPARE(viewport.cursor().shape(), Qt::OpenHandCursor);
-    pointer.release();
-}
-
 namespace {
+
+/// The program as its user starts it, and what its keys and buttons do away from the editor.
+class ProgramTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
+    }
+
+    void picturesOfAGoodFileAreWrittenAtBothRatios()
+    {
+        const QTemporaryDir folder;
+        const QString file = written(
+            folder,
+            u"two.json"_qs,
+            R"({"fr":10,"ip":0,"op":2,"w":20,"h":10,"layers":[{"nm":"T","ty":5,"ip":0,"op":2}]})");
+        const QString pictures = folder.filePath(u"pictures"_qs);
+
+        const Ended ended = runStudio({u"--pictures"_qs, pictures, file});
+
+        QCOMPARE(ended.errors, QStringList());
+        QCOMPARE(ended.exitCode, 0);
+        const QStringList files = QDir(pictures).entryList(QDir::Files, QDir::Name);
+        QCOMPARE(ended.output.size(), files.size());
+        for (const QString& name : {u"play-0000"_qs, u"play-0001"_qs, u"notice"_qs, u"gallery"_qs})
+        {
+            const QImage once(QDir(pictures).filePath(name + u".png"_qs));
+            const QImage twice(QDir(pictures).filePath(name + u"@2x.png"_qs));
+            QVERIFY2(!once.isNull() && twice.size() == once.size() * 2, qPrintable(name));
+        }
+    }
+
+    void failuresAreOneLine_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("fileName");
+        QTest::addColumn<QString>("folderName");
+        QTest::newRow("a bad file") << QByteArray("[]") << u"bad.json"_qs << u"out"_qs;
+        if (QSysInfo::kernelType() != u"winnt") { // where no file can be called so
+            QTest::newRow("a name of two lines")
+                << QByteArray("[]") << u"a\nb.json"_qs << u"out"_qs;
+        }
+        QTest::newRow("a folder that is a file")
+            << QByteArray(R"({"fr":10,"ip":0,"op":2,"w":20,"h":10,"layers":[]})") << u"good.json"_qs
+            << u"good.json"_qs;
+    }
+
+    void failuresAreOneLine()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, fileName);
+        QFETCH(QString, folderName);
+        const QTemporaryDir folder;
+        const QString file = written(folder, fileName, text);
+        const QString out = folder.filePath(folderName);
+
+        const Ended ended = runStudio({u"--pictures"_qs, out, file});
+
+        QCOMPARE(ended.exitCode, 1);
+        QCOMPARE(ended.output, QStringList());
+        QCOMPARE(ended.errors.size(), 1);
+        QVERIFY2(
+            ended.errors.first().contains(QString(fileName).replace(u'\n', u'?')),
+            qPrintable(ended.errors.first()));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
+    }
+
+    void keysOfTheEditorRestInTheGallery()
+    {
+        StudioWindow window;
+        show(window);
+        window.setGalleryShown(true);
+        const double scale = window.viewport().mapping().scale;
+        QTest::keyClick(&window, Qt::Key_Space);
+        QTest::keyClick(&window, Qt::Key_End);
+        QTest::keyClick(&window, Qt::Key_Plus);
+        QVERIFY(!window.player().isPlaying());
+        QCOMPARE(window.player().frame(), window.player().range().first);
+        QCOMPARE(window.viewport().mapping().scale, scale);
+
+        window.setGalleryShown(false);
+        QTest::keyClick(&window, Qt::Key_Space);
+        QVERIFY(window.player().isPlaying());
+    }
+
+    void aNoticeIsSeenInTheGallery()
+    {
+        StudioWindow window;
+        show(window);
+        window.setGalleryShown(true);
+        QVERIFY(!window.openFile(u":/samples"_qs));
+        QVERIFY(window.notice().isVisible());
+        QVERIFY(!window.viewport().isVisible());
+    }
+
+    void onlyTurningTheWheelUpOrDownZooms()
+    {
+        StudioWindow window;
+        show(window);
+        Viewport& viewport = window.viewport();
+        const auto turn = [&viewport](QPoint delta) {
+            const QPointF at(50, 50);
+            QWheelEvent event(
+                at,
+                viewport.mapToGlobal(at),
+                {},
+                delta,
+                Qt::NoButton,
+                Qt::NoModifier,
+                Qt::NoScrollPhase,
+                false);
+            QApplication::sendEvent(&viewport, &event);
+        };
+        const double before = viewport.mapping().scale;
+        turn({120, 0});
+        window.resize(window.size() - QSize(200, 200));
+        QTRY_VERIFY(viewport.mapping().scale < before); // still fitted
+        const double fittedScale = viewport.mapping().scale;
+        turn({0, 120});
+        QCOMPARE(viewport.mapping().scale, fittedScale * 1.2);
+    }
+
+    void aPanEndsWithItsButtonOrTheFocus()
+    {
+        StudioWindow window;
+        show(window);
+        Viewport& viewport = window.viewport();
+        ui::test::FakePointer pointer(&viewport);
+        pointer.moveTo({50, 50});
+        pointer.press();
+        pointer.press(Qt::MiddleButton);
+        pointer.release();
+        const QPointF origin = viewport.mapping().origin;
+        pointer.moveTo({90, 90}); // with the other button still down
+        QCOMPARE(viewport.mapping().origin, origin);
+        pointer.release(Qt::MiddleButton);
+
+        pointer.press();
+        viewport.clearFocus();
+        pointer.moveTo({20, 20});
+        QCOMPARE(viewport.mapping().origin, origin);
+        QCOMPARE(viewport.cursor().shape(), Qt::OpenHandCursor);
+        pointer.release();
+    }
+};
+
 const ui::test::Registration<ProgramTest> kRegistration;
 } // namespace
 

@@ -12,30 +12,13 @@
 #include "support/themes.h"
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QMimeData>
 #include <QTemporaryDir>
 
 using namespace studio;
 using ui::test::pixelAt;
-
-class StudioWindowTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void aBadFileLeavesTheOpenDocument();
-    void onlyOneLocalJsonFileIsDropped();
-    void missingFeaturesAreListedByLayer();
-    void keysPlayStepZoomAndShowTheGallery();
-    void aPressOnTheSliderSeeksAndPauses();
-    void onlyANewFrameRepaintsTheViewport();
-    void theCompositionCoversItsRectangleOnly();
-    void zoomingKeepsThePointBelowThePointer();
-    void aFittedCompositionStaysFittedUntilItIsMoved();
-};
 
 namespace {
 
@@ -73,178 +56,184 @@ void drop(StudioWindow& window, const QMimeData& data)
 
 } // namespace
 
-void StudioWindowTest::initTestCase()
+class StudioWindowTest : public ui::test::TestCase
 {
-    ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-}
+    Q_OBJECT
 
-void StudioWindowTest::aBadFileLeavesTheOpenDocument()
-{
-    OpenWindow window;
-    window.player().seek(7);
-    const Document* open = window.document();
-    QSignalSpy failed(&window, &StudioWindow::failed);
-
-    for (const QString& name : {u"theme.json"_qs, u"no-such-file.json"_qs}) {
-        QVERIFY(!window.openFile(ui::test::assetsPath() + u"/Style/"_qs + name));
-        QCOMPARE(window.document(), open);
-        QCOMPARE(window.player().frame(), 7);
-        QCOMPARE(failed.size(), 1);
-        const QString sentence = failed.takeFirst().first().toString();
-        QCOMPARE(window.notice().sentence(), sentence);
-        QVERIFY(!window.notice().isHidden());
-        QVERIFY2(sentence.count(name) == 1, qUtf8Printable(sentence));
-        QVERIFY(sentence.endsWith(u'.') && !sentence.contains(u'\n'));
+private Q_SLOTS:
+    void initTestCase()
+    {
+        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
     }
-    QVERIFY(window.openFile(samplePaths().first()));
-    QVERIFY(window.notice().isHidden());
-}
 
-void StudioWindowTest::onlyOneLocalJsonFileIsDropped()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"a b.JSON"_qs);
-    QVERIFY(QFile::copy(samplePaths().first(), path));
-    OpenWindow window;
-    QMimeData data;
-    const QUrl file = QUrl::fromLocalFile(path);
-    const QUrl picture(u"file:///a.png"_qs);
-    const QUrl remote(u"https://example.org/b.json"_qs);
-    for (const QList<QUrl>& urls : {QList{file, file}, {picture}, {remote}}) {
-        data.setUrls(urls);
+    void aBadFileLeavesTheOpenDocument()
+    {
+        OpenWindow window;
+        window.player().seek(7);
+        const Document* open = window.document();
+        QSignalSpy failed(&window, &StudioWindow::failed);
+
+        for (const QString& name : {u"theme.json"_qs, u"no-such-file.json"_qs}) {
+            QVERIFY(!window.openFile(ui::test::assetsPath() + u"/Style/"_qs + name));
+            QCOMPARE(window.document(), open);
+            QCOMPARE(window.player().frame(), 7);
+            QCOMPARE(failed.size(), 1);
+            const QString sentence = failed.takeFirst().first().toString();
+            QCOMPARE(window.notice().sentence(), sentence);
+            QVERIFY(!window.notice().isHidden());
+            QVERIFY2(sentence.count(name) == 1, qUtf8Printable(sentence));
+            QVERIFY(sentence.endsWith(u'.') && !sentence.contains(u'\n'));
+        }
+        QVERIFY(window.openFile(samplePaths().first()));
+        QVERIFY(window.notice().isHidden());
+    }
+
+    void onlyOneLocalJsonFileIsDropped()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"a b.JSON"_qs);
+        QVERIFY(QFile::copy(samplePaths().first(), path));
+        OpenWindow window;
+        QMimeData data;
+        const QUrl file = QUrl::fromLocalFile(path);
+        const QUrl picture(u"file:///a.png"_qs);
+        const QUrl remote(u"https://example.org/b.json"_qs);
+        for (const QList<QUrl>& urls : {QList{file, file}, {picture}, {remote}}) {
+            data.setUrls(urls);
+            drop(window, data);
+            QVERIFY(window.notice().sentence().contains(u".json"_qs));
+            QCOMPARE(window.document()->width, 200);
+        }
+        data.setUrls({file});
         drop(window, data);
-        QVERIFY(window.notice().sentence().contains(u".json"_qs));
-        QCOMPARE(window.document()->width, 200);
+        QVERIFY(window.notice().isHidden());
+        QVERIFY(window.document()->width != 200);
     }
-    data.setUrls({file});
-    drop(window, data);
-    QVERIFY(window.notice().isHidden());
-    QVERIFY(window.document()->width != 200);
-}
 
-void StudioWindowTest::missingFeaturesAreListedByLayer()
-{
-    const auto layers = byLayer({{u"A"_qs, u"x"_qs}, {u"B"_qs, u"y"_qs}, {u"A"_qs, u"z"_qs}});
-    const MissingOfLayer first{u"A"_qs, {u"x"_qs, u"z"_qs}};
-    const MissingOfLayer second{u"B"_qs, {u"y"_qs}};
-    QCOMPARE(layers, (std::vector{first, second}));
-}
-
-void StudioWindowTest::keysPlayStepZoomAndShowTheGallery()
-{
-    OpenWindow window;
-    const auto frameAfter = [&window](Qt::Key key) {
-        QTest::keyClick(&window, key);
-        return window.player().frame();
-    };
-    QCOMPARE(frameAfter(Qt::Key_End), 19);
-    QCOMPARE(frameAfter(Qt::Key_Left), 18);
-    QCOMPARE(frameAfter(Qt::Key_Home), 0);
-    QCOMPARE(frameAfter(Qt::Key_Right), 1);
-    QTest::keyClick(&window, Qt::Key_Space);
-    QVERIFY(window.player().isPlaying());
-    QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
-    QVERIFY(!window.player().isPlaying() && !window.viewport().isVisible());
-    QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
-
-    const auto scaleAfter = [&window](Qt::Key key) {
-        QTest::keyClick(&window, key);
-        return window.viewport().mapping().scale;
-    };
-    const double fittedScale = window.viewport().mapping().scale;
-    QCOMPARE(scaleAfter(Qt::Key_1), 1.0);
-    QCOMPARE(scaleAfter(Qt::Key_Plus), 1.25);
-    QCOMPARE(scaleAfter(Qt::Key_Minus), 1.0);
-    QCOMPARE(scaleAfter(Qt::Key_F), fittedScale);
-}
-
-void StudioWindowTest::aPressOnTheSliderSeeksAndPauses()
-{
-    OpenWindow window;
-    auto* slider = window.findChild<FrameSlider*>();
-    window.player().play();
-    ui::test::FakePointer pointer(slider);
-    pointer.moveTo({slider->width() / 2, slider->height() / 2});
-    pointer.press();
-    QVERIFY(!window.player().isPlaying());
-    QVERIFY(qAbs(window.player().frame() - 10) <= 1);
-    pointer.dragTo({slider->width() + 50, slider->height() / 2}, 100);
-    QCOMPARE(window.player().frame(), 19);
-    pointer.release();
-    pointer.moveTo({slider->width() / 2, slider->height() / 2});
-    QCOMPARE(window.player().frame(), 19);
-}
-
-void StudioWindowTest::onlyANewFrameRepaintsTheViewport()
-{
-    int paints = 0;
-    OpenWindow window;
-    QCoreApplication::processEvents();
-    const auto count = [&paints](QObject*, QEvent* event) {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    };
-    ui::installEventFilter(&window.viewport(), count, &window.viewport());
-
-    window.player().seek(5);
-    QTRY_COMPARE(paints, 1);
-    window.viewport().setFrame(5);
-    window.viewport().setBackdrop(Backdrop::Chequer);
-    QCoreApplication::processEvents();
-    QCOMPARE(paints, 1);
-    window.viewport().setBackdrop(Backdrop::Light);
-    QTRY_COMPARE(paints, 2);
-}
-
-void StudioWindowTest::theCompositionCoversItsRectangleOnly()
-{
-    Viewport viewport;
-    viewport.resize(464, 264);
-    viewport.setBackdrop(Backdrop::Dark);
-    viewport.setDocument(halfRed());
-    QCOMPARE(viewport.mapping().mapped({200, 100}), QRectF(32, 32, 400, 200));
-
-    const QImage image = viewport.grab().toImage();
-    const QColor outside = ui::colorQt(u"AppBackground"_qs);
-    QCOMPARE(pixelAt(image, {33.5, 33.5}), QColor(Qt::red));
-    QCOMPARE(pixelAt(image, {230.5, 230.5}), QColor(Qt::red));
-    QCOMPARE(pixelAt(image, {234.5, 100.5}), QColor(Qt::black));
-    QCOMPARE(pixelAt(image, {30.5, 100.5}), outside);
-    QCOMPARE(pixelAt(image, {434.5, 100.5}), outside);
-}
-
-void StudioWindowTest::zoomingKeepsThePointBelowThePointer()
-{
-    const ViewMapping before{2.0, {30, -40}};
-    const QPointF anchor(123, 45);
-    for (const double scale : {3.0, 0.5, 1e9, 0.0}) {
-        const ViewMapping after = zoomedAt(before, anchor, scale);
-        QCOMPARE(after.scale, qBound(kSmallestScale, scale, kLargestScale));
-        const QPointF point = (anchor - before.origin) / before.scale;
-        QVERIFY(QPointF(point * after.scale + after.origin - anchor).manhattanLength() < 1e-9);
+    void missingFeaturesAreListedByLayer()
+    {
+        const auto layers = byLayer({{u"A"_qs, u"x"_qs}, {u"B"_qs, u"y"_qs}, {u"A"_qs, u"z"_qs}});
+        const MissingOfLayer first{u"A"_qs, {u"x"_qs, u"z"_qs}};
+        const MissingOfLayer second{u"B"_qs, {u"y"_qs}};
+        QCOMPARE(layers, (std::vector{first, second}));
     }
-}
 
-void StudioWindowTest::aFittedCompositionStaysFittedUntilItIsMoved()
-{
-    Viewport viewport;
-    viewport.resize(464, 264);
-    viewport.setDocument(halfRed());
-    activate(viewport);
-    viewport.resize(864, 364);
-    QTRY_COMPARE(viewport.mapping().scale, 3.0);
+    void keysPlayStepZoomAndShowTheGallery()
+    {
+        OpenWindow window;
+        const auto frameAfter = [&window](Qt::Key key) {
+            QTest::keyClick(&window, key);
+            return window.player().frame();
+        };
+        QCOMPARE(frameAfter(Qt::Key_End), 19);
+        QCOMPARE(frameAfter(Qt::Key_Left), 18);
+        QCOMPARE(frameAfter(Qt::Key_Home), 0);
+        QCOMPARE(frameAfter(Qt::Key_Right), 1);
+        QTest::keyClick(&window, Qt::Key_Space);
+        QVERIFY(window.player().isPlaying());
+        QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
+        QVERIFY(!window.player().isPlaying() && !window.viewport().isVisible());
+        QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
 
-    ui::test::FakePointer pointer(&viewport);
-    const QPointF before = viewport.mapping().origin;
-    pointer.moveTo({100, 100});
-    pointer.press(Qt::MiddleButton);
-    pointer.dragTo({130, 90});
-    pointer.release(Qt::MiddleButton);
-    QCOMPARE(viewport.mapping().origin, before + QPointF(30, -10));
+        const auto scaleAfter = [&window](Qt::Key key) {
+            QTest::keyClick(&window, key);
+            return window.viewport().mapping().scale;
+        };
+        const double fittedScale = window.viewport().mapping().scale;
+        QCOMPARE(scaleAfter(Qt::Key_1), 1.0);
+        QCOMPARE(scaleAfter(Qt::Key_Plus), 1.25);
+        QCOMPARE(scaleAfter(Qt::Key_Minus), 1.0);
+        QCOMPARE(scaleAfter(Qt::Key_F), fittedScale);
+    }
 
-    viewport.resize(464, 264);
-    QTRY_COMPARE(viewport.mapping().origin, before + QPointF(30 - 200, -10 - 50));
-}
+    void aPressOnTheSliderSeeksAndPauses()
+    {
+        OpenWindow window;
+        auto* slider = window.findChild<FrameSlider*>();
+        window.player().play();
+        ui::test::FakePointer pointer(slider);
+        pointer.moveTo({slider->width() / 2, slider->height() / 2});
+        pointer.press();
+        QVERIFY(!window.player().isPlaying());
+        QVERIFY(qAbs(window.player().frame() - 10) <= 1);
+        pointer.dragTo({slider->width() + 50, slider->height() / 2}, 100);
+        QCOMPARE(window.player().frame(), 19);
+        pointer.release();
+        pointer.moveTo({slider->width() / 2, slider->height() / 2});
+        QCOMPARE(window.player().frame(), 19);
+    }
+
+    void onlyANewFrameRepaintsTheViewport()
+    {
+        int paints = 0;
+        OpenWindow window;
+        QCoreApplication::processEvents();
+        const auto count = [&paints](QObject*, QEvent* event) {
+            paints += event->type() == QEvent::Paint;
+            return false;
+        };
+        ui::installEventFilter(&window.viewport(), count, &window.viewport());
+
+        window.player().seek(5);
+        QTRY_COMPARE(paints, 1);
+        window.viewport().setFrame(5);
+        window.viewport().setBackdrop(Backdrop::Chequer);
+        QCoreApplication::processEvents();
+        QCOMPARE(paints, 1);
+        window.viewport().setBackdrop(Backdrop::Light);
+        QTRY_COMPARE(paints, 2);
+    }
+
+    void theCompositionCoversItsRectangleOnly()
+    {
+        Viewport viewport;
+        viewport.resize(464, 264);
+        viewport.setBackdrop(Backdrop::Dark);
+        viewport.setDocument(halfRed());
+        QCOMPARE(viewport.mapping().mapped({200, 100}), QRectF(32, 32, 400, 200));
+
+        const QImage image = viewport.grab().toImage();
+        const QColor outside = ui::colorQt(u"AppBackground"_qs);
+        QCOMPARE(pixelAt(image, {33.5, 33.5}), QColor(Qt::red));
+        QCOMPARE(pixelAt(image, {230.5, 230.5}), QColor(Qt::red));
+        QCOMPARE(pixelAt(image, {234.5, 100.5}), QColor(Qt::black));
+        QCOMPARE(pixelAt(image, {30.5, 100.5}), outside);
+        QCOMPARE(pixelAt(image, {434.5, 100.5}), outside);
+    }
+
+    void zoomingKeepsThePointBelowThePointer()
+    {
+        const ViewMapping before{2.0, {30, -40}};
+        const QPointF anchor(123, 45);
+        for (const double scale : {3.0, 0.5, 1e9, 0.0}) {
+            const ViewMapping after = zoomedAt(before, anchor, scale);
+            QCOMPARE(after.scale, qBound(kSmallestScale, scale, kLargestScale));
+            const QPointF point = (anchor - before.origin) / before.scale;
+            QVERIFY(QPointF(point * after.scale + after.origin - anchor).manhattanLength() < 1e-9);
+        }
+    }
+
+    void aFittedCompositionStaysFittedUntilItIsMoved()
+    {
+        Viewport viewport;
+        viewport.resize(464, 264);
+        viewport.setDocument(halfRed());
+        activate(viewport);
+        viewport.resize(864, 364);
+        QTRY_COMPARE(viewport.mapping().scale, 3.0);
+
+        ui::test::FakePointer pointer(&viewport);
+        const QPointF before = viewport.mapping().origin;
+        pointer.moveTo({100, 100});
+        pointer.press(Qt::MiddleButton);
+        pointer.dragTo({130, 90});
+        pointer.release(Qt::MiddleButton);
+        QCOMPARE(viewport.mapping().origin, before + QPointF(30, -10));
+
+        viewport.resize(464, 264);
+        QTRY_COMPARE(viewport.mapping().origin, before + QPointF(30 - 200, -10 - 50));
+    }
+};
 
 const ui::test::Registration<StudioWindowTest> kRegistration;
 

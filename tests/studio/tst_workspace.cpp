@@ -17,24 +17,6 @@
 
 using namespace studio;
 
-/// The panels in their dock tree, and where they come back.
-class WorkspaceTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void anyArrangementComesBackAsItWas();
-    void everyPanelThatIsClosedCanBeShownAgain_data();
-    void everyPanelThatIsClosedCanBeShownAgain();
-    void aClosedPanelComesBackToItsPlace();
-    void aClosedFloatingGroupKeepsItsPanels();
-    void floatingPanelsAreHiddenWithTheWorkspace();
-    void theLayoutIsKeptFromOneWindowToTheNext();
-    void aBadLayoutFileIsToldOnceAndReplaced();
-    void resetLayoutBringsTheDefaultBack();
-};
-
 namespace {
 
 /// Closed windows are deleted, and layouts done, once control returns to the event loop.
@@ -134,219 +116,229 @@ struct OpenWindow : StudioWindow
 
 } // namespace
 
-void WorkspaceTest::initTestCase()
-{
-    ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-}
+namespace {
 
-void WorkspaceTest::anyArrangementComesBackAsItWas()
+/// The panels in their dock tree, and where they come back.
+class WorkspaceTest : public ui::test::TestCase
 {
-    for (quint32 seed = 1; seed <= 40; ++seed) {
-        QRandomGenerator random(seed);
-        Layout before;
-        {
-            FivePanels panels({});
-            for (int i = 0; i < 12; ++i) {
-                panels.act(random);
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
+    }
+
+    void anyArrangementComesBackAsItWas()
+    {
+        for (quint32 seed = 1; seed <= 40; ++seed) {
+            QRandomGenerator random(seed);
+            Layout before;
+            {
+                FivePanels panels({});
+                for (int i = 0; i < 12; ++i) {
+                    panels.act(random);
+                }
+                before = fitted(panels.workspace.layout(), panels.ids);
+                for (FloatingWindow& window : before.floating) { // as they come back
+                    const QRect screen = panels.workspace.screen()->availableGeometry();
+                    window.geometry = within(window.geometry, screen);
+                }
             }
-            before = fitted(panels.workspace.layout(), panels.ids);
-            for (FloatingWindow& window : before.floating) { // as they come back
-                const QRect screen = panels.workspace.screen()->availableGeometry();
-                window.geometry = within(window.geometry, screen);
-            }
-        }
-        const LayoutResult read = readLayout(layoutJson(before));
-        QVERIFY2(read, qPrintable(read.error));
-        FivePanels panels(*read.layout);
-        const auto after = [&panels] {
-            return shown(fitted(panels.workspace.layout(), panels.ids));
-        };
-        const auto difference = [&] {
-            return QByteArray::number(seed) + ": " + compact(before) + compact(after());
-        };
-        QVERIFY2(after() == shown(before), difference());
-        panels.act(random);
-        panels.workspace.setLayout(*read.layout); // now that all have their sizes
-        settle();
-        QVERIFY2(after() == shown(before), difference());
-    }
-}
-
-void WorkspaceTest::everyPanelThatIsClosedCanBeShownAgain_data()
-{
-    QTest::addColumn<bool>("isFloating");
-    QTest::newRow("docked") << false;
-    QTest::newRow("floating") << true;
-}
-
-void WorkspaceTest::everyPanelThatIsClosedCanBeShownAgain()
-{
-    QFETCH(bool, isFloating);
-    OpenWindow window;
-    Workspace& workspace = window.workspace();
-    for (const Workspace::Panel& panel : workspace.panels()) {
-        DockableWindow* shown = workspace.windowOf(panel.id);
-        if (isFloating) {
-            shown->undock(true);
-            QVERIFY(shown->close());
-        } else {
-            shown->undockAndClose();
-        }
-        settle();
-        QVERIFY(!workspace.isPanelOpen(panel.id));
-        QVERIFY(!panel.content->isVisible());
-    }
-    // The others work on without them.
-    QVERIFY(window.openFile(samplePaths().last()));
-    window.selectLayer(0);
-    window.player().step(1);
-    for (const Workspace::Panel& panel : workspace.panels()) {
-        workspace.setPanelOpen(panel.id, true);
-        workspace.setPanelOpen(panel.id, true);
-        settle();
-        QVERIFY(workspace.isPanelOpen(panel.id));
-        QCOMPARE(workspace.windowOf(panel.id)->content(), panel.content);
-        QCOMPARE(panel.content->isVisible(), true);
-        QVERIFY(!workspace.windowOf(panel.id)->isFloating());
-    }
-    QVERIFY(window.arrangement().closed.isEmpty());
-}
-
-void WorkspaceTest::aClosedPanelComesBackToItsPlace()
-{
-    OpenWindow window;
-    const Layout before = window.arrangement();
-    for (const Workspace::Panel& panel : window.workspace().panels()) {
-        window.workspace().setPanelOpen(panel.id, false);
-        settle();
-        window.workspace().setPanelOpen(panel.id, true);
-        settle();
-        Layout after = window.arrangement();
-        QCOMPARE(panelsOf(after.root), panelsOf(before.root));
-        QCOMPARE(after.root.children.size(), before.root.children.size());
-    }
-    for (const bool open : {false, true}) {
-        for (const Workspace::Panel& panel : window.workspace().panels()) {
-            window.workspace().setPanelOpen(panel.id, open);
+            const LayoutResult read = readLayout(layoutJson(before));
+            QVERIFY2(read, qPrintable(read.error));
+            FivePanels panels(*read.layout);
+            const auto after = [&panels] {
+                return shown(fitted(panels.workspace.layout(), panels.ids));
+            };
+            const auto difference = [&] {
+                return QByteArray::number(seed) + ": " + compact(before) + compact(after());
+            };
+            QVERIFY2(after() == shown(before), difference());
+            panels.act(random);
+            panels.workspace.setLayout(*read.layout); // now that all have their sizes
             settle();
+            QVERIFY2(after() == shown(before), difference());
         }
     }
-    for (const auto* group : gMainWindow->findChildren<DockableGroup*>()) {
-        QVERIFY(group->childCount() > 1); // nothing is left in an empty band
+
+    void everyPanelThatIsClosedCanBeShownAgain_data()
+    {
+        QTest::addColumn<bool>("isFloating");
+        QTest::newRow("docked") << false;
+        QTest::newRow("floating") << true;
     }
-}
 
-void WorkspaceTest::aClosedFloatingGroupKeepsItsPanels()
-{
-    OpenWindow window;
-    QWidget* const list = window.panel(u"layers"_qs).content();
-    window.panel(u"attributes"_qs).undock(true);
-    DockableWindow* group = window.panel(u"attributes"_qs)
-                                .dockInArea(&window.panel(u"layers"_qs), DockableArea::Center);
-    QVERIFY(group->close());
-    settle();
-    QCOMPARE(window.arrangement().closed, (QStringList{u"layers"_qs, u"attributes"_qs}));
-    window.workspace().setPanelOpen(u"layers"_qs, true);
-    QCOMPARE(window.panel(u"layers"_qs).content(), list);
-}
+    void everyPanelThatIsClosedCanBeShownAgain()
+    {
+        QFETCH(bool, isFloating);
+        OpenWindow window;
+        Workspace& workspace = window.workspace();
+        for (const Workspace::Panel& panel : workspace.panels()) {
+            DockableWindow* shown = workspace.windowOf(panel.id);
+            if (isFloating) {
+                shown->undock(true);
+                QVERIFY(shown->close());
+            } else {
+                shown->undockAndClose();
+            }
+            settle();
+            QVERIFY(!workspace.isPanelOpen(panel.id));
+            QVERIFY(!panel.content->isVisible());
+        }
+        // The others work on without them.
+        QVERIFY(window.openFile(samplePaths().last()));
+        window.selectLayer(0);
+        window.player().step(1);
+        for (const Workspace::Panel& panel : workspace.panels()) {
+            workspace.setPanelOpen(panel.id, true);
+            workspace.setPanelOpen(panel.id, true);
+            settle();
+            QVERIFY(workspace.isPanelOpen(panel.id));
+            QCOMPARE(workspace.windowOf(panel.id)->content(), panel.content);
+            QCOMPARE(panel.content->isVisible(), true);
+            QVERIFY(!workspace.windowOf(panel.id)->isFloating());
+        }
+        QVERIFY(window.arrangement().closed.isEmpty());
+    }
 
-void WorkspaceTest::floatingPanelsAreHiddenWithTheWorkspace()
-{
-    OpenWindow window;
-    window.panel(u"layers"_qs).undock(true);
-    window.setGalleryShown(true);
-    QVERIFY(!window.panel(u"layers"_qs).isVisible());
-    QCOMPARE(window.arrangement().floating.size(), std::size_t(1));
-    window.setGalleryShown(false);
-    QVERIFY(window.panel(u"layers"_qs).isVisible());
-}
-
-void WorkspaceTest::theLayoutIsKeptFromOneWindowToTheNext()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"layout.json"_qs);
-    Layout before;
+    void aClosedPanelComesBackToItsPlace()
     {
         OpenWindow window;
-        window.keepLayoutIn(path);
-        window.resize(760, 620);
-        window.panel(u"viewport"_qs)
-            .dockInArea(&window.panel(u"attributes"_qs), DockableArea::Center);
-        window.panel(u"notDrawn"_qs).undock(true);
-        window.panel(u"notDrawn"_qs).setGeometry(50, 60, 300, 200);
-        window.workspace().setPanelOpen(u"transport"_qs, false);
-        settle();
-        before = window.arrangement();
-        QVERIFY(!QFile::exists(path));
-        QVERIFY(window.close());
-    }
-    const QStringList all = panelsOf(before.root) + QStringList{u"notDrawn"_qs, u"transport"_qs};
-    {
-        StudioWindow window; // shows the gallery, so that its panels never get a size
-        window.setGalleryShown(true);
-        window.keepLayoutIn(path);
-        window.show();
-        QVERIFY(window.close());
-        QCOMPARE(readLayoutFile(path).layout->root, fitted(before, all).root);
-    }
-    StudioWindow window;
-    window.keepLayoutIn(path);
-    window.show();
-    settle();
-    const Layout after = window.workspace().layout();
-    QCOMPARE(panelsOf(after.root), panelsOf(before.root));
-    QCOMPARE(after.closed, before.closed);
-    if (window.screen()->availableSize().expandedTo({760, 620}) == window.screen()->availableSize())
-    { // else it was made smaller
-        QCOMPARE(window.size(), QSize(760, 620));
-        QCOMPARE(compact(after), compact(fitted(before, all)));
-    }
-    QVERIFY(window.notice().isHidden());
-}
-
-void WorkspaceTest::aBadLayoutFileIsToldOnceAndReplaced()
-{
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(u"layout.json"_qs));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("{") == 1);
-    file.close();
-    OpenWindow window;
-    const Layout before = window.arrangement();
-    QSignalSpy failed(&window, &StudioWindow::failed);
-    window.keepLayoutIn(file.fileName());
-    QCOMPARE(failed.size(), 1);
-    QCOMPARE(window.notice().sentence(), failed.first().first().toString());
-    QCOMPARE(panelsOf(window.arrangement().root), panelsOf(before.root));
-    QVERIFY(window.close());
-    QVERIFY(readLayoutFile(file.fileName()));
-    QVERIFY(QFile::exists(file.fileName() + u".bad"_qs));
-}
-
-void WorkspaceTest::resetLayoutBringsTheDefaultBack()
-{
-    OpenWindow window;
-    const Layout before = window.arrangement();
-    QCOMPARE(before.closed, QStringList());
-    QCOMPARE(panelsOf(before.root).size(), qsizetype(window.workspace().panels().size()));
-    QCOMPARE(
-        qobject_cast<DockableTabGroup*>(gMainWindow->findChild<DockableTabGroup*>())->activeIndex(),
-        0);
-
-    window.panel(u"viewport"_qs).undock(true);
-    window.workspace().setPanelOpen(u"layers"_qs, false);
-    gMainWindow->dockInArea(&window.panel(u"attributes"_qs), DockableArea::Top);
-    settle();
-    QVERIFY(window.arrangement() != before);
-    for (QAction* action : window.findChildren<QAction*>()) {
-        if (action->text() == u"&Reset Layout"_qs) {
-            action->trigger();
+        const Layout before = window.arrangement();
+        for (const Workspace::Panel& panel : window.workspace().panels()) {
+            window.workspace().setPanelOpen(panel.id, false);
+            settle();
+            window.workspace().setPanelOpen(panel.id, true);
+            settle();
+            Layout after = window.arrangement();
+            QCOMPARE(panelsOf(after.root), panelsOf(before.root));
+            QCOMPARE(after.root.children.size(), before.root.children.size());
+        }
+        for (const bool open : {false, true}) {
+            for (const Workspace::Panel& panel : window.workspace().panels()) {
+                window.workspace().setPanelOpen(panel.id, open);
+                settle();
+            }
+        }
+        for (const auto* group : gMainWindow->findChildren<DockableGroup*>()) {
+            QVERIFY(group->childCount() > 1); // nothing is left in an empty band
         }
     }
-    settle();
-    QCOMPARE(compact(window.arrangement()), compact(before));
-}
 
-namespace {
+    void aClosedFloatingGroupKeepsItsPanels()
+    {
+        OpenWindow window;
+        QWidget* const list = window.panel(u"layers"_qs).content();
+        window.panel(u"attributes"_qs).undock(true);
+        DockableWindow* group = window.panel(u"attributes"_qs)
+                                    .dockInArea(&window.panel(u"layers"_qs), DockableArea::Center);
+        QVERIFY(group->close());
+        settle();
+        QCOMPARE(window.arrangement().closed, (QStringList{u"layers"_qs, u"attributes"_qs}));
+        window.workspace().setPanelOpen(u"layers"_qs, true);
+        QCOMPARE(window.panel(u"layers"_qs).content(), list);
+    }
+
+    void floatingPanelsAreHiddenWithTheWorkspace()
+    {
+        OpenWindow window;
+        window.panel(u"layers"_qs).undock(true);
+        window.setGalleryShown(true);
+        QVERIFY(!window.panel(u"layers"_qs).isVisible());
+        QCOMPARE(window.arrangement().floating.size(), std::size_t(1));
+        window.setGalleryShown(false);
+        QVERIFY(window.panel(u"layers"_qs).isVisible());
+    }
+
+    void theLayoutIsKeptFromOneWindowToTheNext()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"layout.json"_qs);
+        Layout before;
+        {
+            OpenWindow window;
+            window.keepLayoutIn(path);
+            window.resize(760, 620);
+            window.panel(u"viewport"_qs)
+                .dockInArea(&window.panel(u"attributes"_qs), DockableArea::Center);
+            window.panel(u"notDrawn"_qs).undock(true);
+            window.panel(u"notDrawn"_qs).setGeometry(50, 60, 300, 200);
+            window.workspace().setPanelOpen(u"transport"_qs, false);
+            settle();
+            before = window.arrangement();
+            QVERIFY(!QFile::exists(path));
+            QVERIFY(window.close());
+        }
+        const QStringList all =
+            panelsOf(before.root) + QStringList{u"notDrawn"_qs, u"transport"_qs};
+        {
+            StudioWindow window; // shows the gallery, so that its panels never get a size
+            window.setGalleryShown(true);
+            window.keepLayoutIn(path);
+            window.show();
+            QVERIFY(window.close());
+            QCOMPARE(readLayoutFile(path).layout->root, fitted(before, all).root);
+        }
+        StudioWindow window;
+        window.keepLayoutIn(path);
+        window.show();
+        settle();
+        const Layout after = window.workspace().layout();
+        QCOMPARE(panelsOf(after.root), panelsOf(before.root));
+        QCOMPARE(after.closed, before.closed);
+        if (window.screen()->availableSize().expandedTo({760, 620})
+            == window.screen()->availableSize()) { // else it was made smaller
+            QCOMPARE(window.size(), QSize(760, 620));
+            QCOMPARE(compact(after), compact(fitted(before, all)));
+        }
+        QVERIFY(window.notice().isHidden());
+    }
+
+    void aBadLayoutFileIsToldOnceAndReplaced()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(u"layout.json"_qs));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("{") == 1);
+        file.close();
+        OpenWindow window;
+        const Layout before = window.arrangement();
+        QSignalSpy failed(&window, &StudioWindow::failed);
+        window.keepLayoutIn(file.fileName());
+        QCOMPARE(failed.size(), 1);
+        QCOMPARE(window.notice().sentence(), failed.first().first().toString());
+        QCOMPARE(panelsOf(window.arrangement().root), panelsOf(before.root));
+        QVERIFY(window.close());
+        QVERIFY(readLayoutFile(file.fileName()));
+        QVERIFY(QFile::exists(file.fileName() + u".bad"_qs));
+    }
+
+    void resetLayoutBringsTheDefaultBack()
+    {
+        OpenWindow window;
+        const Layout before = window.arrangement();
+        QCOMPARE(before.closed, QStringList());
+        QCOMPARE(panelsOf(before.root).size(), qsizetype(window.workspace().panels().size()));
+        QCOMPARE(
+            qobject_cast<DockableTabGroup*>(gMainWindow->findChild<DockableTabGroup*>())
+                ->activeIndex(),
+            0);
+
+        window.panel(u"viewport"_qs).undock(true);
+        window.workspace().setPanelOpen(u"layers"_qs, false);
+        gMainWindow->dockInArea(&window.panel(u"attributes"_qs), DockableArea::Top);
+        settle();
+        QVERIFY(window.arrangement() != before);
+        for (QAction* action : window.findChildren<QAction*>()) {
+            if (action->text() == u"&Reset Layout"_qs) {
+                action->trigger();
+            }
+        }
+        settle();
+        QCOMPARE(compact(window.arrangement()), compact(before));
+    }
+};
+
 const ui::test::Registration<WorkspaceTest> kRegistration;
 } // namespace
 

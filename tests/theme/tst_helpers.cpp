@@ -2,7 +2,7 @@
 #include "support/themes.h"
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/VisualDesignBase.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/palettes.h>
 #include <MorrantUI/theme/screens.h>
 #include <MorrantUI/theme/stylesheets.h>
@@ -40,144 +40,138 @@ class HelpersTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void theClosestRectangleOrScreenHoldsOrNearsThePoint();
-    void groundAndForegroundReachAllGroupsAndAreInstalledOnce();
-    void theCommonStyleSheetIsSpelledOut();
-    void aFilterKeepsEventsUntilOwnerOrTargetIsGone();
-    void cursorGuardsEndInAnyOrderAndLeaveOthersCursorsAlone();
-};
+    void theClosestRectangleOrScreenHoldsOrNearsThePoint()
+    {
+        const std::vector<QRect> rects{
+            QRect(), QRect(0, 0, 100, 100), QRect(100, 0, 100, 200), QRect(0, -200, 100, 100)};
+        constexpr int kMin = std::numeric_limits<int>::min();
+        QCOMPARE(ui::closestRectangle(rects, {99, 99}), 1);
+        QCOMPARE(ui::closestRectangle(rects, {99, 500}), 2);
+        QCOMPARE(ui::closestRectangle(rects, {140, -60}), 3); // by straight distance
+        QCOMPARE(ui::closestRectangle(rects, {kMin, kMin}), 3);
+        QCOMPARE(ui::closestRectangle({}, {0, 0}), -1);
 
-void HelpersTest::theClosestRectangleOrScreenHoldsOrNearsThePoint()
-{
-    const std::vector<QRect> rects{
-        QRect(), QRect(0, 0, 100, 100), QRect(100, 0, 100, 200), QRect(0, -200, 100, 100)};
-    constexpr int kMin = std::numeric_limits<int>::min();
-    QCOMPARE(ui::closestRectangle(rects, {99, 99}), 1);
-    QCOMPARE(ui::closestRectangle(rects, {99, 500}), 2);
-    QCOMPARE(ui::closestRectangle(rects, {140, -60}), 3); // by straight distance
-    QCOMPARE(ui::closestRectangle(rects, {kMin, kMin}), 3);
-    QCOMPARE(ui::closestRectangle({}, {0, 0}), -1);
-
-    const QScreen* primary = QGuiApplication::primaryScreen();
-    QCOMPARE(getClosestScreenAt(primary->geometry().center()), primary);
-    QVERIFY(getClosestScreenAt(QPoint(-1000000, 1000000)) != nullptr);
-    QWidget widget;
-    QCOMPARE(ui::getMonitorDPI(&widget), primary->devicePixelRatio());
-    QCOMPARE(ui::getMonitorDPI(nullptr), 1.0);
-}
-
-void HelpersTest::groundAndForegroundReachAllGroupsAndAreInstalledOnce()
-{
-    QWidget widget;
-    ui::appendPalette(&widget, {});
-    QVERIFY(!widget.testAttribute(Qt::WA_SetPalette));
-    ui::setWidgetBackground(&widget, Qt::red);
-    ui::setWidgetForeground(&widget, Qt::green);
-    ui::appendPalette(&widget, {{QPalette::Link, Qt::red}, {QPalette::Link, Qt::blue}});
-    using P = QPalette;
-    for (const auto group : {P::Active, P::Inactive, P::Disabled}) {
-        const auto color = [&](auto role) { return widget.palette().color(group, role); };
-        for (const auto role : {P::Window, P::Base, P::Button}) {
-            QCOMPARE(color(role), QColor(Qt::red));
-        }
-        for (const auto role : {P::Text, P::ButtonText, P::BrightText, P::WindowText}) {
-            QCOMPARE(color(role), QColor(Qt::green));
-        }
-        QCOMPARE(color(P::Link), QColor(Qt::blue)); // the later one
+        const QScreen* primary = QGuiApplication::primaryScreen();
+        QCOMPARE(getClosestScreenAt(primary->geometry().center()), primary);
+        QVERIFY(getClosestScreenAt(QPoint(-1000000, 1000000)) != nullptr);
+        QWidget widget;
+        QCOMPARE(ui::getMonitorDPI(&widget), primary->devicePixelRatio());
+        QCOMPARE(ui::getMonitorDPI(nullptr), 1.0);
     }
-    // Nothing is installed where the current group has the colour already.
-    QPalette palette = widget.palette();
-    palette.setColor(P::Disabled, P::Base, Qt::blue);
-    widget.setPalette(palette);
-    widget.setAutoFillBackground(false);
-    ui::setWidgetBackground(&widget, Qt::red);
-    QCOMPARE(widget.palette(), palette);
-    QVERIFY(widget.autoFillBackground());
-    ui::setWidgetBackground(nullptr, Qt::red);
-    ui::setWidgetForeground(nullptr, Qt::red);
-}
 
-void HelpersTest::theCommonStyleSheetIsSpelledOut()
-{
-    auto& theme = ui::test::makeTheme<VisualDesignBase>();
-    theme.setColor(u"Window"_qs, QColor(0x10, 0x20, 0x30));
-    theme.setColor(u"Base"_qs, QColor(0x40, 0x50, 0x60, 0x70));
-    theme.setColor(u"Shadow"_qs, QColor(0x70, 0x80, 0x90));
-    const QString padding = QStringLiteral(
-        "QWidget{margin: 4px;}QLineEdit { margin: 4px; }QDialogButtonBox { margin: 4px; }");
-    const QString common = QStringLiteral(
-        "\nQLabel{\n    min-width:240 px;\n}\n"
-        "QPushButton{\n    padding: 4px;\n    border-radius: 2px;\n    border-radius: 4px;\n"
-        "    background-color: #102030;\n    margin: 1px;\n    min-width: 100px;\n}\n"
-        "QLineEdit{\n    padding: 4px;\n    border-radius: 2px;\n    border-radius: 4px;\n"
-        "    margin: 1px;\n    background-color: #708090;\n}\n"
-        "QMessageBox, ModalDialog, QInputDialog{\n    background-color: #405060;\n"
-        "    margin: 3px;\n    padding: 3px;\n    min-width:350 px;\n}\n");
-    QCOMPARE(ui::getCommonStyleSheet(), common);
-    QCOMPARE(ui::getCommonStyleSheetWithPadding(), padding + common);
-}
+    void groundAndForegroundReachAllGroupsAndAreInstalledOnce()
+    {
+        QWidget widget;
+        ui::appendPalette(&widget, {});
+        QVERIFY(!widget.testAttribute(Qt::WA_SetPalette));
+        ui::setWidgetBackground(&widget, Qt::red);
+        ui::setWidgetForeground(&widget, Qt::green);
+        ui::appendPalette(&widget, {{QPalette::Link, Qt::red}, {QPalette::Link, Qt::blue}});
+        using P = QPalette;
+        for (const auto group : {P::Active, P::Inactive, P::Disabled}) {
+            const auto color = [&](auto role) { return widget.palette().color(group, role); };
+            for (const auto role : {P::Window, P::Base, P::Button}) {
+                QCOMPARE(color(role), QColor(Qt::red));
+            }
+            for (const auto role : {P::Text, P::ButtonText, P::BrightText, P::WindowText}) {
+                QCOMPARE(color(role), QColor(Qt::green));
+            }
+            QCOMPARE(color(P::Link), QColor(Qt::blue)); // the later one
+        }
+        // Nothing is installed where the current group has the colour already.
+        QPalette palette = widget.palette();
+        palette.setColor(P::Disabled, P::Base, Qt::blue);
+        widget.setPalette(palette);
+        widget.setAutoFillBackground(false);
+        ui::setWidgetBackground(&widget, Qt::red);
+        QCOMPARE(widget.palette(), palette);
+        QVERIFY(widget.autoFillBackground());
+        ui::setWidgetBackground(nullptr, Qt::red);
+        ui::setWidgetForeground(nullptr, Qt::red);
+    }
 
-void HelpersTest::aFilterKeepsEventsUntilOwnerOrTargetIsGone()
-{
-    bool keep = false;
-    const auto callback = [&](QObject* /*watched*/, QEvent* /*event*/) { return keep; };
-    QObject lasting;
-    auto* owner = new QObject;
-    ui::installEventFilter(&lasting, callback, owner);
-    QVERIFY(!isKeptFrom(&lasting));
-    keep = true;
-    QVERIFY(isKeptFrom(&lasting));
-    delete owner;
-    QVERIFY(!isKeptFrom(&lasting));
+    void theCommonStyleSheetIsSpelledOut()
+    {
+        auto& theme = ui::test::makeTheme<VisualDesignBase>();
+        theme.setColor(u"Window"_qs, QColor(0x10, 0x20, 0x30));
+        theme.setColor(u"Base"_qs, QColor(0x40, 0x50, 0x60, 0x70));
+        theme.setColor(u"Shadow"_qs, QColor(0x70, 0x80, 0x90));
+        const QString padding = QStringLiteral(
+            "QWidget{margin: 4px;}QLineEdit { margin: 4px; }QDialogButtonBox { margin: 4px; }");
+        const QString common = QStringLiteral(
+            "\nQLabel{\n    min-width:240 px;\n}\n"
+            "QPushButton{\n    padding: 4px;\n    border-radius: 2px;\n    border-radius: 4px;\n"
+            "    background-color: #102030;\n    margin: 1px;\n    min-width: 100px;\n}\n"
+            "QLineEdit{\n    padding: 4px;\n    border-radius: 2px;\n    border-radius: 4px;\n"
+            "    margin: 1px;\n    background-color: #708090;\n}\n"
+            "QMessageBox, ModalDialog, QInputDialog{\n    background-color: #405060;\n"
+            "    margin: 3px;\n    padding: 3px;\n    min-width:350 px;\n}\n");
+        QCOMPARE(ui::getCommonStyleSheet(), common);
+        QCOMPARE(ui::getCommonStyleSheetWithPadding(), padding + common);
+    }
 
-    auto* target = new QObject;
-    const QPointer<QObject> filter = ui::installEventFilter(target, callback, &lasting);
-    delete target;
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(filter.isNull());
-    QCOMPARE(ui::installEventFilter(nullptr, callback, &lasting), nullptr);
-    QCOMPARE(ui::installEventFilter(&lasting, {}, nullptr), nullptr);
+    void aFilterKeepsEventsUntilOwnerOrTargetIsGone()
+    {
+        bool keep = false;
+        const auto callback = [&](QObject* /*watched*/, QEvent* /*event*/) { return keep; };
+        QObject lasting;
+        auto* owner = new QObject;
+        ui::installEventFilter(&lasting, callback, owner);
+        QVERIFY(!isKeptFrom(&lasting));
+        keep = true;
+        QVERIFY(isKeptFrom(&lasting));
+        delete owner;
+        QVERIFY(!isKeptFrom(&lasting));
 
-    owner = new QObject; // both may go in the callback
-    target = new QObject;
-    QString seen;
-    ui::installEventFilter(
-        target,
-        [&, text = u"kept"_qs](QObject*, QEvent*) {
-            delete owner;
-            seen = text;
-            delete target;
-            return false;
-        },
-        owner);
-    QVERIFY(isKeptFrom(target)); // who is gone
-    QCOMPARE(seen, u"kept"_qs);
-}
+        auto* target = new QObject;
+        const QPointer<QObject> filter = ui::installEventFilter(target, callback, &lasting);
+        delete target;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(filter.isNull());
+        QCOMPARE(ui::installEventFilter(nullptr, callback, &lasting), nullptr);
+        QCOMPARE(ui::installEventFilter(&lasting, {}, nullptr), nullptr);
 
-void HelpersTest::cursorGuardsEndInAnyOrderAndLeaveOthersCursorsAlone()
-{
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    std::optional<ui::OverrideCursor> first(std::in_place, Qt::CrossCursor);
-    std::optional<ui::OverrideCursor> second(std::in_place, Qt::SizeHorCursor);
-    second->change(Qt::SizeVerCursor);
-    QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::SizeVerCursor);
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
-    first.reset();
-    second->change(Qt::SizeAllCursor);
-    QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
-    second.reset();
-    QCOMPARE(takeCursors(), (QList{Qt::WaitCursor, Qt::BusyCursor}));
+        owner = new QObject; // both may go in the callback
+        target = new QObject;
+        QString seen;
+        ui::installEventFilter(
+            target,
+            [&, text = u"kept"_qs](QObject*, QEvent*) {
+                delete owner;
+                seen = text;
+                delete target;
+                return false;
+            },
+            owner);
+        QVERIFY(isKeptFrom(target)); // who is gone
+        QCOMPARE(seen, u"kept"_qs);
+    }
 
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    first.emplace(Qt::CrossCursor);
-    QGuiApplication::restoreOverrideCursor(); // meant for the wait cursor
-    first->change(Qt::SizeHorCursor);
-    first.reset();
-    second.emplace(Qt::CrossCursor);
-    takeCursors();
-    second.reset();
-    QVERIFY(takeCursors().isEmpty());
-}
+    void cursorGuardsEndInAnyOrderAndLeaveOthersCursorsAlone()
+    {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        std::optional<ui::OverrideCursor> first(std::in_place, Qt::CrossCursor);
+        std::optional<ui::OverrideCursor> second(std::in_place, Qt::SizeHorCursor);
+        second->change(Qt::SizeVerCursor);
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::SizeVerCursor);
+        QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+        first.reset();
+        second->change(Qt::SizeAllCursor);
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
+        second.reset();
+        QCOMPARE(takeCursors(), (QList{Qt::WaitCursor, Qt::BusyCursor}));
+
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        first.emplace(Qt::CrossCursor);
+        QGuiApplication::restoreOverrideCursor(); // meant for the wait cursor
+        first->change(Qt::SizeHorCursor);
+        first.reset();
+        second.emplace(Qt::CrossCursor);
+        takeCursors();
+        second.reset();
+        QVERIFY(takeCursors().isEmpty());
+    }
+};
 
 const ui::test::Registration<HelpersTest> kRegistration;
 

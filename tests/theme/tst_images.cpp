@@ -25,184 +25,175 @@ class ImagesTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void swatchesHaveRoundedTransparentCorners();
-    void aChequerBoxIsColoredInTwoQuadrants();
-    void emptySizesAndUnreadableBitmapsGiveNullImages();
-    void colorsFillTheStripTranslucentOnesOverAChequer();
-    void tintingKeepsAlphaAndDarkPixels();
-    void bitmapsAreCopiedRowByRowAsTheirColorType();
-    void imagesShrinkIntoTheLargestSideAndBecomePngs();
+    void swatchesHaveRoundedTransparentCorners()
+    {
+        const QColor color(200, 100, 50, 128);
+        const QImage image = ui::drawColorSquare(color, {20, 12}, 4);
+        QCOMPARE(image.size(), QSize(20, 12));
+        QVERIFY(closeTo(image.pixelColor(19, 6), color));
+        QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+        QVERIFY(closeTo(ui::drawColorSquare(color, {20, 12}, 0).pixelColor(0, 0), color));
 
-    void brightnessOfAColorScalesUpAndDown();
-    void integerColorsOnlyGetDarkerOrPaler();
-    void namesAreLookedUpInTheNewestTheme();
+        const QImage pill = ui::drawRoundColor(Qt::red, {15, 40});
+        QCOMPARE(pill.pixelColor(1, 1).alpha(), 0);
+        QCOMPARE(pill.pixelColor(1, 20), QColor(Qt::red));
+    }
+
+    void aChequerBoxIsColoredInTwoQuadrants()
+    {
+        const QImage image = ui::drawChequerBox(Qt::red, {16, 12}, 5);
+        QCOMPARE(image.format(), kFormat);
+        QCOMPARE(image.pixelColor(7, 5), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(8, 6), QColor(Qt::red));
+        for (const QPoint blank : {QPoint(8, 5), {7, 6}, {0, 0}}) { // white outside the corner too
+            QCOMPARE(image.pixelColor(blank), QColor(Qt::white));
+        }
+    }
+
+    void emptySizesAndUnreadableBitmapsGiveNullImages()
+    {
+        QVERIFY(ui::drawChequerBox(Qt::red, {-1, 5}, 2).isNull());
+        QVERIFY(ui::drawRoundColor(Qt::red, {}).isNull());
+        for (const double width : {0.9, -3.0, 1e300, kNan}) {
+            QVERIFY(ui::drawPalettePreview({Qt::red}, width).isNull());
+        }
+        QVERIFY(SkBitmapToQImage(nullptr).isNull());
+        const SkBitmap empty;
+        QVERIFY(SkBitmapToQImage(&empty).isNull());
+
+        SkBitmap narrow; // rows long enough for four bytes a pixel, but not the last one
+        narrow.allocPixels(SkImageInfo::Make(4, 2, kRGB_565_SkColorType, kOpaque_SkAlphaType), 16);
+        QVERIFY(SkBitmapToQImage(&narrow).isNull());
+    }
+
+    void colorsFillTheStripTranslucentOnesOverAChequer()
+    {
+        QCOMPARE(ui::palettePreviewSegment(1, 3, 100), QRect(33, 0, 33, 16));
+        QCOMPARE(ui::palettePreviewSegment(2, 3, 100), QRect(66, 0, 34, 16));
+        QCOMPARE(ui::palettePreviewSegment(2, 3, 2), QRect(0, 0, 2, 16));
+        QVERIFY(ui::palettePreviewSegment(3, 3, 100).isEmpty());
+        QVERIFY(ui::palettePreviewSegment(-1, 3, 100).isEmpty());
+
+        const QColor base(40, 50, 60);
+        ui::test::makeTheme<VisualDesignBase>().setColor(u"Base"_qs, base);
+        const QImage image =
+            ui::drawPalettePreview({Qt::red, QColor(0, 0, 255, 0), QColor(0, 255, 0, 128)}, 24.9);
+
+        QCOMPARE(image.size(), QSize(24, 16));
+        QCOMPARE(image.pixelColor(7, 15), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(8, 0), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(12, 0), base);
+        QCOMPARE(image.pixelColor(11, 4), base);
+        QCOMPARE(image.pixelColor(15, 15), QColor(Qt::white));
+        QVERIFY(closeTo(image.pixelColor(16, 8), QColor(127, 255, 127)));
+        QCOMPARE(ui::drawPalettePreview({}, 10.0).pixelColor(9, 15).alpha(), 0);
+    }
+
+    void tintingKeepsAlphaAndDarkPixels()
+    {
+        const QColor tint(200, 100, 50);
+        const std::pair<QColor, QColor> cases[] = {
+            {Qt::transparent, Qt::transparent},
+            {Qt::white, tint},
+            {Qt::black, Qt::black},
+            // Darkening composes the copy over what is there, which thickens half transparent
+            // pixels.
+            {{255, 255, 255, 128}, {219, 153, 120, 192}}};
+        for (const auto& [source, expected] : cases) {
+            QPixmap pixmap(1, 1);
+            pixmap.fill(source);
+            QVERIFY(closeTo(ui::tintPixmap(pixmap, tint).toImage().pixelColor(0, 0), expected, 4));
+            QVERIFY(closeTo(pixmap.toImage().pixelColor(0, 0), source));
+        }
+        QVERIFY(ui::tintPixmap(QPixmap(), tint).isNull());
+    }
+
+    void bitmapsAreCopiedRowByRowAsTheirColorType()
+    {
+        const std::array<uchar, 4> bytes{10, 20, 30, 128};
+        const std::tuple<SkColorType, QImage::Format, QColor> cases[] = {
+            {kRGBA_8888_SkColorType,
+             QImage::Format_RGBA8888,
+             {10, 20, 30, 128}}, // not premultiplied
+            {kBGRA_8888_SkColorType, kFormat, {60, 40, 20, 128}},
+            {kRGB_888x_SkColorType, QImage::Format_RGB32, {30, 20, 10}}}; // any other: blue first
+        for (const auto& [type, format, expected] : cases) {
+            SkBitmap whole;
+            whole.allocPixels(SkImageInfo::Make(8, 8, type, kPremul_SkAlphaType));
+            whole.eraseColor(SK_ColorWHITE);
+            SkBitmap part; // whose rows are longer than its width
+            QVERIFY(whole.extractSubset(&part, SkIRect::MakeXYWH(4, 4, 3, 2)));
+            std::memcpy(part.getAddr(2, 1), bytes.data(), bytes.size());
+            const QImage image = SkBitmapToQImage(&part);
+            std::memset(whole.getPixels(), 0, whole.computeByteSize()); // the image is a copy
+
+            QCOMPARE(image.format(), format);
+            QCOMPARE(image.size(), QSize(3, 2));
+            QVERIFY(closeTo(image.pixelColor(2, 1), expected, 1));
+            QCOMPARE(image.pixelColor(1, 1), QColor(Qt::white));
+        }
+    }
+
+    void imagesShrinkIntoTheLargestSideAndBecomePngs()
+    {
+        const std::tuple<QSize, int, QSize> cases[] = {
+            {{64, 32}, 64, {64, 32}},
+            {{30, 90}, 30, {10, 30}},
+            {{1000, 1}, 10, {10, 1}},
+            {{20, 20}, -5, {1, 1}},
+            {{0, 0}, -5, {0, 0}}};
+        for (const auto& [size, max, expected] : cases) {
+            QCOMPARE(resizeToMaxDimension(QImage(size, kFormat), max).size(), expected);
+        }
+        QImage image(5, 3, kFormat);
+        image.fill(QColor(10, 20, 30, 40));
+        const QByteArray bytes = QByteArray::fromBase64(QImageToBase64(image).toLatin1());
+        QCOMPARE(QImage::fromData(bytes, "PNG").convertToFormat(kFormat), image);
+        QCOMPARE(QImageToBase64(QImage()), QString());
+    }
+
+    void brightnessOfAColorScalesUpAndDown()
+    {
+        const std::tuple<const char*, QColor, double, QColor> cases[] = {
+            {"unchanged but opaque", {255, 0, 0, 100}, 100.0, {255, 0, 0}},
+            {"halved", {200, 100, 50}, 50.0, {100, 50, 25}},
+            {"up to full value", {100, 50, 25}, 1000.0, {255, 128, 64}},
+            {"grey, which has no hue", {128, 128, 128}, 150.0, {192, 192, 192}},
+            {"negative", Qt::white, -50.0, {0, 0, 0}},
+            {"not a number", Qt::white, kNan, {0, 0, 0}}};
+        for (const auto& [name, color, percent, expected] : cases) {
+            const QColor result = ui::changeValue(color, percent);
+            QCOMPARE(result.spec(), QColor::Rgb);
+            QVERIFY2(result.rgba() == expected.rgba(), name);
+        }
+    }
+
+    void integerColorsOnlyGetDarkerOrPaler()
+    {
+        const std::tuple<const char*, unsigned int, double, unsigned int, unsigned int> cases[] = {
+            {"above 100", 0xFF804020U, 150.0, 0xFF804020U, 0xFF804020U},
+            {"half, and alpha is lost", 0x00804020U, 50.0, 0xFF402010U, 0xFF806050U},
+            {"negative", 0xFF804020U, -1.0, 0xFF000000U, 0xFF808080U},
+            {"not a number", 0xFF804020U, kNan, 0xFF000000U, 0xFF808080U}};
+        for (const auto& [name, argb, percent, value, saturation] : cases) {
+            QVERIFY2(ui::changeValue(argb, percent) == value, name);
+            QVERIFY2(ui::changeSaturation(argb, percent) == saturation, name);
+        }
+    }
+
+    void namesAreLookedUpInTheNewestTheme()
+    {
+        const QString name = QString::fromUtf8("Gr\xC3\xBCn");
+        ui::test::makeTheme<VisualDesignBase>().setColor(name, Qt::green);
+        auto& newer = ui::test::makeTheme<VisualDesignBase>();
+        QCOMPARE(ui::colorQt(name), QColor(Qt::black));
+        newer.setColor(name, QColor(1, 2, 3, 4));
+        newer.setColor(u"Base"_qs, QColor(100, 200, 40));
+        QVERIFY(ui::color("Gr\xC3\xBCn") == Color(0x04010203U));
+        QCOMPARE(ui::windowBackground().rgba(), qRgb(75, 150, 30));
+        QCOMPARE(ui::windowPassthroughBackground().rgba(), qRgb(68, 136, 27));
+    }
 };
-
-void ImagesTest::swatchesHaveRoundedTransparentCorners()
-{
-    const QColor color(200, 100, 50, 128);
-    const QImage image = ui::drawColorSquare(color, {20, 12}, 4);
-    QCOMPARE(image.size(), QSize(20, 12));
-    QVERIFY(closeTo(image.pixelColor(19, 6), color));
-    QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
-    QVERIFY(closeTo(ui::drawColorSquare(color, {20, 12}, 0).pixelColor(0, 0), color));
-
-    const QImage pill = ui::drawRoundColor(Qt::red, {15, 40});
-    QCOMPARE(pill.pixelColor(1, 1).alpha(), 0);
-    QCOMPARE(pill.pixelColor(1, 20), QColor(Qt::red));
-}
-
-void ImagesTest::aChequerBoxIsColoredInTwoQuadrants()
-{
-    const QImage image = ui::drawChequerBox(Qt::red, {16, 12}, 5);
-    QCOMPARE(image.format(), kFormat);
-    QCOMPARE(image.pixelColor(7, 5), QColor(Qt::red));
-    QCOMPARE(image.pixelColor(8, 6), QColor(Qt::red));
-    for (const QPoint blank : {QPoint(8, 5), {7, 6}, {0, 0}}) { // white outside the corner too
-        QCOMPARE(image.pixelColor(blank), QColor(Qt::white));
-    }
-}
-
-void ImagesTest::emptySizesAndUnreadableBitmapsGiveNullImages()
-{
-    QVERIFY(ui::drawChequerBox(Qt::red, {-1, 5}, 2).isNull());
-    QVERIFY(ui::drawRoundColor(Qt::red, {}).isNull());
-    for (const double width : {0.9, -3.0, 1e300, kNan}) {
-        QVERIFY(ui::drawPalettePreview({Qt::red}, width).isNull());
-    }
-    QVERIFY(SkBitmapToQImage(nullptr).isNull());
-    const SkBitmap empty;
-    QVERIFY(SkBitmapToQImage(&empty).isNull());
-
-    SkBitmap narrow; // rows long enough for four bytes a pixel, but not the last one
-    narrow.allocPixels(SkImageInfo::Make(4, 2, kRGB_565_SkColorType, kOpaque_SkAlphaType), 16);
-    QVERIFY(SkBitmapToQImage(&narrow).isNull());
-}
-
-void ImagesTest::colorsFillTheStripTranslucentOnesOverAChequer()
-{
-    QCOMPARE(ui::palettePreviewSegment(1, 3, 100), QRect(33, 0, 33, 16));
-    QCOMPARE(ui::palettePreviewSegment(2, 3, 100), QRect(66, 0, 34, 16));
-    QCOMPARE(ui::palettePreviewSegment(2, 3, 2), QRect(0, 0, 2, 16));
-    QVERIFY(ui::palettePreviewSegment(3, 3, 100).isEmpty());
-    QVERIFY(ui::palettePreviewSegment(-1, 3, 100).isEmpty());
-
-    const QColor base(40, 50, 60);
-    ui::test::makeTheme<VisualDesignBase>().setColor(u"Base"_qs, base);
-    const QImage image =
-        ui::drawPalettePreview({Qt::red, QColor(0, 0, 255, 0), QColor(0, 255, 0, 128)}, 24.9);
-
-    QCOMPARE(image.size(), QSize(24, 16));
-    QCOMPARE(image.pixelColor(7, 15), QColor(Qt::red));
-    QCOMPARE(image.pixelColor(8, 0), QColor(Qt::white));
-    QCOMPARE(image.pixelColor(12, 0), base);
-    QCOMPARE(image.pixelColor(11, 4), base);
-    QCOMPARE(image.pixelColor(15, 15), QColor(Qt::white));
-    QVERIFY(closeTo(image.pixelColor(16, 8), QColor(127, 255, 127)));
-    QCOMPARE(ui::drawPalettePreview({}, 10.0).pixelColor(9, 15).alpha(), 0);
-}
-
-void ImagesTest::tintingKeepsAlphaAndDarkPixels()
-{
-    const QColor tint(200, 100, 50);
-    const std::pair<QColor, QColor> cases[] = {
-        {Qt::transparent, Qt::transparent},
-        {Qt::white, tint},
-        {Qt::black, Qt::black},
-        // Darkening composes the copy over what is there, which thickens half transparent pixels.
-        {{255, 255, 255, 128}, {219, 153, 120, 192}}};
-    for (const auto& [source, expected] : cases) {
-        QPixmap pixmap(1, 1);
-        pixmap.fill(source);
-        QVERIFY(closeTo(ui::tintPixmap(pixmap, tint).toImage().pixelColor(0, 0), expected, 4));
-        QVERIFY(closeTo(pixmap.toImage().pixelColor(0, 0), source));
-    }
-    QVERIFY(ui::tintPixmap(QPixmap(), tint).isNull());
-}
-
-void ImagesTest::bitmapsAreCopiedRowByRowAsTheirColorType()
-{
-    const std::array<uchar, 4> bytes{10, 20, 30, 128};
-    const std::tuple<SkColorType, QImage::Format, QColor> cases[] = {
-        {kRGBA_8888_SkColorType, QImage::Format_RGBA8888, {10, 20, 30, 128}}, // not premultiplied
-        {kBGRA_8888_SkColorType, kFormat, {60, 40, 20, 128}},
-        {kRGB_888x_SkColorType, QImage::Format_RGB32, {30, 20, 10}}}; // any other: blue first
-    for (const auto& [type, format, expected] : cases) {
-        SkBitmap whole;
-        whole.allocPixels(SkImageInfo::Make(8, 8, type, kPremul_SkAlphaType));
-        whole.eraseColor(SK_ColorWHITE);
-        SkBitmap part; // whose rows are longer than its width
-        QVERIFY(whole.extractSubset(&part, SkIRect::MakeXYWH(4, 4, 3, 2)));
-        std::memcpy(part.getAddr(2, 1), bytes.data(), bytes.size());
-        const QImage image = SkBitmapToQImage(&part);
-        std::memset(whole.getPixels(), 0, whole.computeByteSize()); // the image is a copy
-
-        QCOMPARE(image.format(), format);
-        QCOMPARE(image.size(), QSize(3, 2));
-        QVERIFY(closeTo(image.pixelColor(2, 1), expected, 1));
-        QCOMPARE(image.pixelColor(1, 1), QColor(Qt::white));
-    }
-}
-
-void ImagesTest::imagesShrinkIntoTheLargestSideAndBecomePngs()
-{
-    const std::tuple<QSize, int, QSize> cases[] = {
-        {{64, 32}, 64, {64, 32}},
-        {{30, 90}, 30, {10, 30}},
-        {{1000, 1}, 10, {10, 1}},
-        {{20, 20}, -5, {1, 1}},
-        {{0, 0}, -5, {0, 0}}};
-    for (const auto& [size, max, expected] : cases) {
-        QCOMPARE(resizeToMaxDimension(QImage(size, kFormat), max).size(), expected);
-    }
-    QImage image(5, 3, kFormat);
-    image.fill(QColor(10, 20, 30, 40));
-    const QByteArray bytes = QByteArray::fromBase64(QImageToBase64(image).toLatin1());
-    QCOMPARE(QImage::fromData(bytes, "PNG").convertToFormat(kFormat), image);
-    QCOMPARE(QImageToBase64(QImage()), QString());
-}
-
-void ImagesTest::brightnessOfAColorScalesUpAndDown()
-{
-    const std::tuple<const char*, QColor, double, QColor> cases[] = {
-        {"unchanged but opaque", {255, 0, 0, 100}, 100.0, {255, 0, 0}},
-        {"halved", {200, 100, 50}, 50.0, {100, 50, 25}},
-        {"up to full value", {100, 50, 25}, 1000.0, {255, 128, 64}},
-        {"grey, which has no hue", {128, 128, 128}, 150.0, {192, 192, 192}},
-        {"negative", Qt::white, -50.0, {0, 0, 0}},
-        {"not a number", Qt::white, kNan, {0, 0, 0}}};
-    for (const auto& [name, color, percent, expected] : cases) {
-        const QColor result = ui::changeValue(color, percent);
-        QCOMPARE(result.spec(), QColor::Rgb);
-        QVERIFY2(result.rgba() == expected.rgba(), name);
-    }
-}
-
-void ImagesTest::integerColorsOnlyGetDarkerOrPaler()
-{
-    const std::tuple<const char*, unsigned int, double, unsigned int, unsigned int> cases[] = {
-        {"above 100", 0xFF804020U, 150.0, 0xFF804020U, 0xFF804020U},
-        {"half, and alpha is lost", 0x00804020U, 50.0, 0xFF402010U, 0xFF806050U},
-        {"negative", 0xFF804020U, -1.0, 0xFF000000U, 0xFF808080U},
-        {"not a number", 0xFF804020U, kNan, 0xFF000000U, 0xFF808080U}};
-    for (const auto& [name, argb, percent, value, saturation] : cases) {
-        QVERIFY2(ui::changeValue(argb, percent) == value, name);
-        QVERIFY2(ui::changeSaturation(argb, percent) == saturation, name);
-    }
-}
-
-void ImagesTest::namesAreLookedUpInTheNewestTheme()
-{
-    const QString name = QString::fromUtf8("Gr\xC3\xBCn");
-    ui::test::makeTheme<VisualDesignBase>().setColor(name, Qt::green);
-    auto& newer = ui::test::makeTheme<VisualDesignBase>();
-    QCOMPARE(ui::colorQt(name), QColor(Qt::black));
-    newer.setColor(name, QColor(1, 2, 3, 4));
-    newer.setColor(u"Base"_qs, QColor(100, 200, 40));
-    QVERIFY(ui::color("Gr\xC3\xBCn") == Color(0x04010203U));
-    QCOMPARE(ui::windowBackground().rgba(), qRgb(75, 150, 30));
-    QCOMPARE(ui::windowPassthroughBackground().rgba(), qRgb(68, 136, 27));
-}
 
 const ui::test::Registration<ImagesTest> kRegistration;
 

@@ -61,139 +61,131 @@ class SkiaWidgetTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void theSurfaceIsMadeOnceForEachSize();
-    void eachPaintStartsAnewInLogicalPixelsOverTheBackground();
-    void pixelsOfEveryFormatAreCopiedIfThereIsAPainter();
-    void pixelsLandAtTheOriginWhateverTheTransform();
-    void devicePixelsStayOneToOne();
-    void surfacesDrawnInTurnAreNotMixedUp();
-    void renderSizesCoverTheDevice();
-};
-
-void SkiaWidgetTest::theSurfaceIsMadeOnceForEachSize()
-{
-    Canvas widget;
-    renderWidget(widget);
-    const sk_sp<SkSurface> first = widget.surface();
-    QCOMPARE(QSize(first->width(), first->height()), QSize(30, 20) * widget.devicePixelRatio());
-    renderWidget(widget);
-    QVERIFY(widget.surface() == first);
-    widget.resize(31, 20);
-    renderWidget(widget);
-    QCOMPARE(widget.surface()->width(), ui::renderSizeFromDevice(&widget).width());
-}
-
-void SkiaWidgetTest::eachPaintStartsAnewInLogicalPixelsOverTheBackground()
-{
-    Canvas widget;
-    widget.setBackgroundColor(Qt::blue);
-    SkColor color = SkColorSetARGB(100, 255, 0, 0);
-    widget.draw = [&](SkCanvas* canvas, SkPaint paint) {
-        QVERIFY(paint.isAntiAlias());
-        paint.setColor(color);
-        canvas->drawRect(SkRect::MakeXYWH(20, 10, 10, 10), paint);
-        canvas->save();
-        canvas->clipRect(SkRect::MakeWH(5, 5));
-        canvas->translate(50, 50);
-    };
-    const QImage image = renderWidget(widget, 2.0);
-    QVERIFY(closeTo(pixelAt(image, {29, 19}), QColor(100, 0, 155)));
-    QVERIFY(closeTo(pixelAt(image, {18, 8}), Qt::blue));
-    color = SkColorSetARGB(100, 0, 255, 0);
-    QVERIFY(closeTo(pixelAt(renderWidget(widget, 2.0), {29, 19}), QColor(0, 100, 155)));
-
-    widget.draw = [&](SkCanvas* canvas, const SkPaint& /*paint*/) {
-        widget.updateSurface(); // which replaces what is painted on
-        canvas->clear(SK_ColorRED);
-    };
-    QVERIFY(closeTo(pixelAt(renderWidget(widget), {10, 10}), Qt::red));
-}
-
-void SkiaWidgetTest::pixelsOfEveryFormatAreCopiedIfThereIsAPainter()
-{
-    for (const auto type : {kBGRA_8888_SkColorType, kRGBA_8888_SkColorType, kRGBA_F16_SkColorType})
+    void theSurfaceIsMadeOnceForEachSize()
     {
-        for (const auto alphaType :
-             {kPremul_SkAlphaType, kUnpremul_SkAlphaType, kOpaque_SkAlphaType}) {
-            const QColor color(200, 100, 40, alphaType == kOpaque_SkAlphaType ? 255 : 128);
-            const sk_sp<SkSurface> surface =
-                filledSurface(color.rgba(), SkImageInfo::Make(8, 8, type, alphaType));
-            QVERIFY(closeTo(copied(surface), color, 2));
-            QVERIFY(closeTo(copied(surface->makeImageSnapshot()), color, 2));
+        Canvas widget;
+        renderWidget(widget);
+        const sk_sp<SkSurface> first = widget.surface();
+        QCOMPARE(QSize(first->width(), first->height()), QSize(30, 20) * widget.devicePixelRatio());
+        renderWidget(widget);
+        QVERIFY(widget.surface() == first);
+        widget.resize(31, 20);
+        renderWidget(widget);
+        QCOMPARE(widget.surface()->width(), ui::renderSizeFromDevice(&widget).width());
+    }
+
+    void eachPaintStartsAnewInLogicalPixelsOverTheBackground()
+    {
+        Canvas widget;
+        widget.setBackgroundColor(Qt::blue);
+        SkColor color = SkColorSetARGB(100, 255, 0, 0);
+        widget.draw = [&](SkCanvas* canvas, SkPaint paint) {
+            QVERIFY(paint.isAntiAlias());
+            paint.setColor(color);
+            canvas->drawRect(SkRect::MakeXYWH(20, 10, 10, 10), paint);
+            canvas->save();
+            canvas->clipRect(SkRect::MakeWH(5, 5));
+            canvas->translate(50, 50);
+        };
+        const QImage image = renderWidget(widget, 2.0);
+        QVERIFY(closeTo(pixelAt(image, {29, 19}), QColor(100, 0, 155)));
+        QVERIFY(closeTo(pixelAt(image, {18, 8}), Qt::blue));
+        color = SkColorSetARGB(100, 0, 255, 0);
+        QVERIFY(closeTo(pixelAt(renderWidget(widget, 2.0), {29, 19}), QColor(0, 100, 155)));
+
+        widget.draw = [&](SkCanvas* canvas, const SkPaint& /*paint*/) {
+            widget.updateSurface(); // which replaces what is painted on
+            canvas->clear(SK_ColorRED);
+        };
+        QVERIFY(closeTo(pixelAt(renderWidget(widget), {10, 10}), Qt::red));
+    }
+
+    void pixelsOfEveryFormatAreCopiedIfThereIsAPainter()
+    {
+        for (const auto type :
+             {kBGRA_8888_SkColorType, kRGBA_8888_SkColorType, kRGBA_F16_SkColorType}) {
+            for (const auto alphaType :
+                 {kPremul_SkAlphaType, kUnpremul_SkAlphaType, kOpaque_SkAlphaType}) {
+                const QColor color(200, 100, 40, alphaType == kOpaque_SkAlphaType ? 255 : 128);
+                const sk_sp<SkSurface> surface =
+                    filledSurface(color.rgba(), SkImageInfo::Make(8, 8, type, alphaType));
+                QVERIFY(closeTo(copied(surface), color, 2));
+                QVERIFY(closeTo(copied(surface->makeImageSnapshot()), color, 2));
+            }
+        }
+        QPainter inactive;
+        QVERIFY(!ui::copyPixels(filledSurface(SK_ColorRED), nullptr));
+        QVERIFY(!ui::copyPixels(filledSurface(SK_ColorRED), &inactive));
+        QVERIFY(!copied(sk_sp<SkSurface>()).isValid() && !copied(sk_sp<SkImage>()).isValid());
+    }
+
+    void pixelsLandAtTheOriginWhateverTheTransform()
+    {
+        QImage image = target(20);
+        QPainter painter(&image);
+        painter.setClipRect(0, 0, 20, 4);
+        painter.setWindow(0, 0, 10, 10);
+        painter.rotate(30);
+        const QTransform before = painter.combinedTransform();
+        QVERIFY(ui::copyPixels(filledSurface(SK_ColorRED), &painter));
+        QCOMPARE(painter.combinedTransform(), before);
+        painter.end();
+        QCOMPARE(image.pixelColor(7, 3), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(7, 5).alpha(), 0); // the clip holds
+        QCOMPARE(image.pixelColor(8, 3).alpha(), 0);
+    }
+
+    void devicePixelsStayOneToOne()
+    {
+        constexpr int kSize = 61;
+        const sk_sp<SkSurface> surface =
+            filledSurface(SK_ColorTRANSPARENT, SkImageInfo::MakeN32Premul(kSize, kSize));
+        SkPixmap pixels;
+        QVERIFY(surface->peekPixels(&pixels));
+        for (int i = 0; i < kSize * kSize; ++i) {
+            *pixels.writable_addr32(i % kSize, i / kSize) = quint32(i) * 2654435761U | 0xFF000000U;
+        }
+        for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+            QImage image = target(kSize, ratio);
+            QPainter painter(&image);
+            QVERIFY(ui::copyPixels(surface, &painter));
+            painter.end();
+            QVERIFY(std::equal(
+                pixels.addr32(),
+                pixels.addr32() + kSize * kSize,
+                reinterpret_cast<const quint32*>(image.constBits())));
         }
     }
-    QPainter inactive;
-    QVERIFY(!ui::copyPixels(filledSurface(SK_ColorRED), nullptr));
-    QVERIFY(!ui::copyPixels(filledSurface(SK_ColorRED), &inactive));
-    QVERIFY(!copied(sk_sp<SkSurface>()).isValid() && !copied(sk_sp<SkImage>()).isValid());
-}
 
-void SkiaWidgetTest::pixelsLandAtTheOriginWhateverTheTransform()
-{
-    QImage image = target(20);
-    QPainter painter(&image);
-    painter.setClipRect(0, 0, 20, 4);
-    painter.setWindow(0, 0, 10, 10);
-    painter.rotate(30);
-    const QTransform before = painter.combinedTransform();
-    QVERIFY(ui::copyPixels(filledSurface(SK_ColorRED), &painter));
-    QCOMPARE(painter.combinedTransform(), before);
-    painter.end();
-    QCOMPARE(image.pixelColor(7, 3), QColor(Qt::red));
-    QCOMPARE(image.pixelColor(7, 5).alpha(), 0); // the clip holds
-    QCOMPARE(image.pixelColor(8, 3).alpha(), 0);
-}
-
-void SkiaWidgetTest::devicePixelsStayOneToOne()
-{
-    constexpr int kSize = 61;
-    const sk_sp<SkSurface> surface =
-        filledSurface(SK_ColorTRANSPARENT, SkImageInfo::MakeN32Premul(kSize, kSize));
-    SkPixmap pixels;
-    QVERIFY(surface->peekPixels(&pixels));
-    for (int i = 0; i < kSize * kSize; ++i) {
-        *pixels.writable_addr32(i % kSize, i / kSize) = quint32(i) * 2654435761U | 0xFF000000U;
+    void surfacesDrawnInTurnAreNotMixedUp()
+    {
+        const sk_sp<SkSurface> red = filledSurface(SK_ColorRED);
+        QCOMPARE(copied(red), QColor(Qt::red));
+        QCOMPARE(copied(filledSurface(SK_ColorGREEN)), QColor(Qt::green));
+        QCOMPARE(copied(red), QColor(Qt::red));
+        // The memory of a surface that is gone is soon another one's, in another format.
+        std::array<quint32, 64> memory{};
+        for (const auto type : {kBGRA_8888_SkColorType, kRGBA_8888_SkColorType}) {
+            const auto info = SkImageInfo::Make(8, 8, type, kPremul_SkAlphaType);
+            const auto surface = SkSurfaces::WrapPixels(info, memory.data(), 32);
+            surface->getCanvas()->clear(SK_ColorRED);
+            QCOMPARE(copied(surface), QColor(Qt::red));
+        }
     }
-    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-        QImage image = target(kSize, ratio);
-        QPainter painter(&image);
-        QVERIFY(ui::copyPixels(surface, &painter));
-        painter.end();
-        QVERIFY(std::equal(
-            pixels.addr32(),
-            pixels.addr32() + kSize * kSize,
-            reinterpret_cast<const quint32*>(image.constBits())));
-    }
-}
 
-void SkiaWidgetTest::surfacesDrawnInTurnAreNotMixedUp()
-{
-    const sk_sp<SkSurface> red = filledSurface(SK_ColorRED);
-    QCOMPARE(copied(red), QColor(Qt::red));
-    QCOMPARE(copied(filledSurface(SK_ColorGREEN)), QColor(Qt::green));
-    QCOMPARE(copied(red), QColor(Qt::red));
-    // The memory of a surface that is gone is soon another one's, in another format.
-    std::array<quint32, 64> memory{};
-    for (const auto type : {kBGRA_8888_SkColorType, kRGBA_8888_SkColorType}) {
-        const auto info = SkImageInfo::Make(8, 8, type, kPremul_SkAlphaType);
-        const auto surface = SkSurfaces::WrapPixels(info, memory.data(), 32);
-        surface->getCanvas()->clear(SK_ColorRED);
-        QCOMPARE(copied(surface), QColor(Qt::red));
+    void renderSizesCoverTheDevice()
+    {
+        QWidget widget;
+        widget.resize(11, 7);
+        const double ratio = widget.devicePixelRatio();
+        const QImage image = target(31, 2.0); // already device pixels
+        const QPixmap empty;
+        QCOMPARE(ui::renderSizeFromDevice(&widget), QSize(qCeil(11 * ratio), qCeil(7 * ratio)));
+        QCOMPARE(ui::renderSizeFromDevice(&image), QSize(31, 31));
+        QCOMPARE(ui::renderSizeFromDevice(&empty), QSize(1, 1));
+        QCOMPARE(ui::renderSizeFromDevice(nullptr), QSize(1, 1));
     }
-}
-
-void SkiaWidgetTest::renderSizesCoverTheDevice()
-{
-    QWidget widget;
-    widget.resize(11, 7);
-    const double ratio = widget.devicePixelRatio();
-    const QImage image = target(31, 2.0); // already device pixels
-    const QPixmap empty;
-    QCOMPARE(ui::renderSizeFromDevice(&widget), QSize(qCeil(11 * ratio), qCeil(7 * ratio)));
-    QCOMPARE(ui::renderSizeFromDevice(&image), QSize(31, 31));
-    QCOMPARE(ui::renderSizeFromDevice(&empty), QSize(1, 1));
-    QCOMPARE(ui::renderSizeFromDevice(nullptr), QSize(1, 1));
-}
+};
 
 const ui::test::Registration<SkiaWidgetTest> kRegistration;
 

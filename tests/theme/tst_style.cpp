@@ -96,153 +96,147 @@ public:
     StyleTest() { m_theme.applyAppStyle(); }
 
 private Q_SLOTS:
-    void controlsStandOutFromAPanelThatHandsItsGroundDown();
-    void aFieldShowsItsFocusAndOthersOnlyThatOfTheKeyboard();
-    void whatIsDisabledIsFaint();
-    void buttonTextStaysReadableInEveryState();
-    void linesCoverWholeDevicePixels();
-    void scrollBarHandlesReachBothEndsWithoutArrowButtons();
-    void progressFillsItsShare();
+    void controlsStandOutFromAPanelThatHandsItsGroundDown()
+    {
+        QWidget panel;
+        ui::setWidgetBackground(&panel, m_theme.getColor(u"Window"_qs));
+        QPushButton button(&panel);
+        QLineEdit field(&panel);
+        const auto ground = [](QWidget& widget) {
+            widget.resize(60, 24);
+            return pixelAt(renderWidget(widget), {30, 12});
+        };
+        QCOMPARE(ground(button), m_theme.getColor(u"Button"_qs));
+        QCOMPARE(ground(field), m_theme.getColor(u"Base"_qs));
+        ui::setWidgetBackground(&button, Qt::red);
+        QCOMPARE(ground(button), QColor(Qt::red));
+    }
+
+    void aFieldShowsItsFocusAndOthersOnlyThatOfTheKeyboard()
+    {
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_PushButton));
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_CheckBox));
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_RadioButton));
+        QVERIFY(
+            onlyTheKeyboardRings<QStyleOptionTab>(QStyle::CE_TabBarTab, QStyle::State_Selected));
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionComboBox>(QStyle::CC_ComboBox));
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionSlider>(QStyle::CC_Slider));
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionToolButton>(
+            QStyle::CC_ToolButton, QStyle::State_AutoRaise));
+
+        auto option = enabledOption<QStyleOptionFrame>();
+        option.lineWidth = 1;
+        const QColor accent = m_theme.getColor(u"Accent1"_qs);
+        for (const bool focused : {false, true}) {
+            option.state.setFlag(QStyle::State_HasFocus, focused);
+            const QColor edge = pixelAt(pictureOf(QStyle::PE_PanelLineEdit, option), {50, 0});
+            QCOMPARE(ui::test::closeTo(edge, accent, 20), focused);
+        }
+    }
+
+    void whatIsDisabledIsFaint()
+    {
+        QLineEdit field(u"MMMM"_qs);
+        QCheckBox check;
+        check.setChecked(true);
+        QToolButton iconButton;
+        QPixmap icon(16, 16);
+        icon.fill(Qt::white);
+        iconButton.setIcon(icon);
+        QSpinBox spin;
+        QListWidget list;
+        list.addItem(u"MMMM"_qs);
+        QSlider slider(Qt::Horizontal);
+        const QList<QWidget*> widgets{&field, &check, &iconButton, &spin, &list, &slider};
+        for (QWidget* widget : widgets) {
+            widget->resize(120, 40);
+            const int enabled = brightest(*widget);
+            widget->setEnabled(false);
+            const double share = double(brightest(*widget)) / enabled;
+            QVERIFY2(share > 0.2 && share < 0.6, widget->metaObject()->className());
+        }
+    }
+
+    void buttonTextStaysReadableInEveryState()
+    {
+        for (const auto state :
+             {QStyle::State_None, QStyle::State_On, QStyle::State_MouseOver, QStyle::State_Sunken})
+        {
+            for (const auto role : {QPalette::ButtonText, QPalette::HighlightedText}) {
+                auto option = enabledOption<QStyleOptionButton>(state);
+                const bool isDefault = role == QPalette::HighlightedText;
+                option.features.setFlag(QStyleOptionButton::DefaultButton, isDefault);
+                const QImage image = pictureOf(QStyle::CE_PushButtonBevel, option);
+                QVERIFY(ui::test::contrast(m_theme.color(role), pixelAt(image, {30, 12})) >= 4.5);
+            }
+        }
+    }
+
+    void linesCoverWholeDevicePixels()
+    {
+        // An odd origin, so that edges fall between device pixels at fractional ratios.
+        auto option = enabledOption<QStyleOptionFrame>({}, {3, 5, 41, 21});
+        option.lineWidth = 1;
+        for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+            const QImage frame = pictureOf(QStyle::PE_FrameLineEdit, option, ratio);
+            for (const bool row : {true, false}) {
+                const QList<QRgb> ink = inkAlong(frame, row, int((row ? 15 : 23) * ratio));
+                QCOMPARE(ink, QList<QRgb>(2 * int(ratio), ink.value(0)));
+            }
+        }
+    }
+
+    void scrollBarHandlesReachBothEndsWithoutArrowButtons()
+    {
+        auto lying = enabledOption<QStyleOptionSlider>({}, {7, 3, 200, 10});
+        auto mirrored = lying;
+        mirrored.direction = Qt::RightToLeft;
+        auto standing = enabledOption<QStyleOptionSlider>({}, {7, 3, 10, 200});
+        standing.orientation = Qt::Vertical;
+        const std::tuple<int, int, int> ranges[] = {
+            {0, 300, 100}, {-5, 5, 0}, {0, 1000000, 1}, {kTiny, kHuge, kHuge}};
+        for (QStyleOptionSlider option : {lying, mirrored, standing}) {
+            const auto part = [&](QStyle::SubControl control) {
+                return style().subControlRect(QStyle::CC_ScrollBar, &option, control);
+            };
+            QVERIFY(part(QStyle::SC_ScrollBarAddLine).isEmpty());
+            QVERIFY(part(QStyle::SC_ScrollBarSubLine).isEmpty());
+            for (const auto& [minimum, maximum, page] : ranges) {
+                option.minimum = option.sliderPosition = minimum;
+                option.maximum = maximum;
+                option.pageStep = page;
+                const QRect first = part(QStyle::SC_ScrollBarSlider);
+                QCOMPARE(first | part(QStyle::SC_ScrollBarAddPage), option.rect);
+                option.sliderPosition = maximum;
+                const QRect last = part(QStyle::SC_ScrollBarSlider);
+                QCOMPARE(part(QStyle::SC_ScrollBarSubPage) | last, option.rect);
+                const bool fromRight = option.direction == Qt::RightToLeft;
+                QCOMPARE((fromRight ? last : first).topLeft(), option.rect.topLeft());
+                QCOMPARE((fromRight ? first : last).bottomRight(), option.rect.bottomRight());
+                QVERIFY(
+                    first != last && first.width() + first.height() >= 10 + 20); // to be grabbed
+            }
+        }
+    }
+
+    void progressFillsItsShare()
+    {
+        const std::tuple<int, int, int, int> cases[] = {
+            {-40, 40, -20, 25}, {0, 100, -1, 0}, {0, 100, 250, 100}, {kTiny, kHuge, 0, 50}};
+        auto option = enabledOption<QStyleOptionProgressBar>(QStyle::State_Horizontal);
+        for (const auto& [minimum, maximum, value, expected] : cases) {
+            option.minimum = minimum;
+            option.maximum = maximum;
+            option.progress = value;
+            const QImage image = pictureOf(QStyle::CE_ProgressBarContents, option);
+            QCOMPARE(inkAlong(image, true, 10).size(), expected);
+        }
+    }
 
 private:
     const ui::test::ApplicationLook m_look;
     VisualDesignDark& m_theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
 };
-
-void StyleTest::controlsStandOutFromAPanelThatHandsItsGroundDown()
-{
-    QWidget panel;
-    ui::setWidgetBackground(&panel, m_theme.getColor(u"Window"_qs));
-    QPushButton button(&panel);
-    QLineEdit field(&panel);
-    const auto ground = [](QWidget& widget) {
-        widget.resize(60, 24);
-        return pixelAt(renderWidget(widget), {30, 12});
-    };
-    QCOMPARE(ground(button), m_theme.getColor(u"Button"_qs));
-    QCOMPARE(ground(field), m_theme.getColor(u"Base"_qs));
-    ui::setWidgetBackground(&button, Qt::red);
-    QCOMPARE(ground(button), QColor(Qt::red));
-}
-
-void StyleTest::aFieldShowsItsFocusAndOthersOnlyThatOfTheKeyboard()
-{
-    QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_PushButton));
-    QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_CheckBox));
-    QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_RadioButton));
-    QVERIFY(onlyTheKeyboardRings<QStyleOptionTab>(QStyle::CE_TabBarTab, QStyle::State_Selected));
-    QVERIFY(onlyTheKeyboardRings<QStyleOptionComboBox>(QStyle::CC_ComboBox));
-    QVERIFY(onlyTheKeyboardRings<QStyleOptionSlider>(QStyle::CC_Slider));
-    QVERIFY(onlyTheKeyboardRings<QStyleOptionToolButton>(
-        QStyle::CC_ToolButton, QStyle::State_AutoRaise));
-
-    auto option = enabledOption<QStyleOptionFrame>();
-    option.lineWidth = 1;
-    const QColor accent = m_theme.getColor(u"Accent1"_qs);
-    for (const bool focused : {false, true}) {
-        option.state.setFlag(QStyle::State_HasFocus, focused);
-        const QColor edge = pixelAt(pictureOf(QStyle::PE_PanelLineEdit, option), {50, 0});
-        QCOMPARE(ui::test::closeTo(edge, accent, 20), focused);
-    }
-}
-
-void StyleTest::whatIsDisabledIsFaint()
-{
-    QLineEdit field(u"MMMM"_qs);
-    QCheckBox check;
-    check.setChecked(true);
-    QToolButton iconButton;
-    QPixmap icon(16, 16);
-    icon.fill(Qt::white);
-    iconButton.setIcon(icon);
-    QSpinBox spin;
-    QListWidget list;
-    list.addItem(u"MMMM"_qs);
-    QSlider slider(Qt::Horizontal);
-    const QList<QWidget*> widgets{&field, &check, &iconButton, &spin, &list, &slider};
-    for (QWidget* widget : widgets) {
-        widget->resize(120, 40);
-        const int enabled = brightest(*widget);
-        widget->setEnabled(false);
-        const double share = double(brightest(*widget)) / enabled;
-        QVERIFY2(share > 0.2 && share < 0.6, widget->metaObject()->className());
-    }
-}
-
-void StyleTest::buttonTextStaysReadableInEveryState()
-{
-    for (const auto state :
-         {QStyle::State_None, QStyle::State_On, QStyle::State_MouseOver, QStyle::State_Sunken})
-    {
-        for (const auto role : {QPalette::ButtonText, QPalette::HighlightedText}) {
-            auto option = enabledOption<QStyleOptionButton>(state);
-            const bool isDefault = role == QPalette::HighlightedText;
-            option.features.setFlag(QStyleOptionButton::DefaultButton, isDefault);
-            const QImage image = pictureOf(QStyle::CE_PushButtonBevel, option);
-            QVERIFY(ui::test::contrast(m_theme.color(role), pixelAt(image, {30, 12})) >= 4.5);
-        }
-    }
-}
-
-void StyleTest::linesCoverWholeDevicePixels()
-{
-    // An odd origin, so that edges fall between device pixels at fractional ratios.
-    auto option = enabledOption<QStyleOptionFrame>({}, {3, 5, 41, 21});
-    option.lineWidth = 1;
-    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
-        const QImage frame = pictureOf(QStyle::PE_FrameLineEdit, option, ratio);
-        for (const bool row : {true, false}) {
-            const QList<QRgb> ink = inkAlong(frame, row, int((row ? 15 : 23) * ratio));
-            QCOMPARE(ink, QList<QRgb>(2 * int(ratio), ink.value(0)));
-        }
-    }
-}
-
-void StyleTest::scrollBarHandlesReachBothEndsWithoutArrowButtons()
-{
-    auto lying = enabledOption<QStyleOptionSlider>({}, {7, 3, 200, 10});
-    auto mirrored = lying;
-    mirrored.direction = Qt::RightToLeft;
-    auto standing = enabledOption<QStyleOptionSlider>({}, {7, 3, 10, 200});
-    standing.orientation = Qt::Vertical;
-    const std::tuple<int, int, int> ranges[] = {
-        {0, 300, 100}, {-5, 5, 0}, {0, 1000000, 1}, {kTiny, kHuge, kHuge}};
-    for (QStyleOptionSlider option : {lying, mirrored, standing}) {
-        const auto part = [&](QStyle::SubControl control) {
-            return style().subControlRect(QStyle::CC_ScrollBar, &option, control);
-        };
-        QVERIFY(part(QStyle::SC_ScrollBarAddLine).isEmpty());
-        QVERIFY(part(QStyle::SC_ScrollBarSubLine).isEmpty());
-        for (const auto& [minimum, maximum, page] : ranges) {
-            option.minimum = option.sliderPosition = minimum;
-            option.maximum = maximum;
-            option.pageStep = page;
-            const QRect first = part(QStyle::SC_ScrollBarSlider);
-            QCOMPARE(first | part(QStyle::SC_ScrollBarAddPage), option.rect);
-            option.sliderPosition = maximum;
-            const QRect last = part(QStyle::SC_ScrollBarSlider);
-            QCOMPARE(part(QStyle::SC_ScrollBarSubPage) | last, option.rect);
-            const bool fromRight = option.direction == Qt::RightToLeft;
-            QCOMPARE((fromRight ? last : first).topLeft(), option.rect.topLeft());
-            QCOMPARE((fromRight ? first : last).bottomRight(), option.rect.bottomRight());
-            QVERIFY(first != last && first.width() + first.height() >= 10 + 20); // to be grabbed
-        }
-    }
-}
-
-void StyleTest::progressFillsItsShare()
-{
-    const std::tuple<int, int, int, int> cases[] = {
-        {-40, 40, -20, 25}, {0, 100, -1, 0}, {0, 100, 250, 100}, {kTiny, kHuge, 0, 50}};
-    auto option = enabledOption<QStyleOptionProgressBar>(QStyle::State_Horizontal);
-    for (const auto& [minimum, maximum, value, expected] : cases) {
-        option.minimum = minimum;
-        option.maximum = maximum;
-        option.progress = value;
-        const QImage image = pictureOf(QStyle::CE_ProgressBarContents, option);
-        QCOMPARE(inkAlong(image, true, 10).size(), expected);
-    }
-}
 
 const ui::test::Registration<StyleTest> kRegistration;
 

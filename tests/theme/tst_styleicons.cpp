@@ -126,157 +126,150 @@ class StyleIconsTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        m_palette = QApplication::palette();
+        auto& theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
+        QApplication::setStyle(theme.createStyle());
+    }
 
-    void iconsCoverWholeDevicePixels();
-    void disabledDocumentsAndDigitsAreFaint();
-    void unpolishingTakesEverythingBackButFromAMenuThatWasShown();
-    void aTabKeepsWithinItsPaintersClip();
-    void dialogsGetTheThemesPictures();
+    void cleanupTestCase()
+    {
+        QApplication::setStyle(u"fusion"_qs);
+        QApplication::setPalette(m_palette);
+    }
+
+    void iconsCoverWholeDevicePixels()
+    {
+        const QColor ground = style().standardPalette().color(QPalette::Window);
+        for (const auto& [name, draw] : kControls) {
+            for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+                QImage image(
+                    (QSizeF(110, 40) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+                image.setDevicePixelRatio(ratio);
+                image.fill(ground);
+                QPainter painter(&image);
+                draw(style(), stemIcon(), painter);
+                painter.end();
+
+                QRect inked;
+                int partial = 0; // in the middle row
+                for (int y = 0; y < image.height(); ++y) {
+                    for (int x = 0; x < image.width(); ++x) {
+                        const QColor seen = image.pixelColor(x, y);
+                        if (ui::test::closeTo(seen, ratio > 1.0 ? kInk : kPlainInk, 3)) {
+                            inked |= QRect(x, y, 1, 1);
+                        } else if (y == qRound((kPlace.top() + kPlace.height() / 2) * ratio)) {
+                            partial += ui::test::closeTo(seen, ground, 3) ? 0 : 1;
+                        }
+                    }
+                }
+                QVERIFY2(inked.size() == QSize(qRound(8 * ratio), qRound(16 * ratio)), name);
+                QVERIFY2(partial == 0, name);
+            }
+        }
+    }
+
+    void disabledDocumentsAndDigitsAreFaint()
+    {
+        QLabel plain(u"HHH"_qs);
+        QLabel rich(u"<b>HHH</b>"_qs);
+        QLabel selectable(u"HHH"_qs);
+        selectable.setTextInteractionFlags(Qt::TextSelectableByMouse);
+        QLCDNumber digits;
+        digits.setSegmentStyle(QLCDNumber::Flat);
+        digits.setFrameShape(QFrame::NoFrame);
+        digits.display(88888);
+        for (QWidget* widget : std::initializer_list<QWidget*>{&plain, &rich, &selectable, &digits})
+        {
+            QFont font = widget->font();
+            font.setPixelSize(40);
+            widget->setFont(font);
+            widget->resize(200, 60);
+            const double enabled = strongestContrast(*widget);
+            widget->setEnabled(false);
+            const double disabled = strongestContrast(*widget);
+            QVERIFY(disabled < enabled * 0.5);
+            QVERIFY(disabled > 2.0); // faded once, not twice
+        }
+    }
+
+    void unpolishingTakesEverythingBackButFromAMenuThatWasShown()
+    {
+        Style first(m_palette, 12, 15, false);
+        Style second(m_palette, 12, 15, false);
+        QMenu menu;
+        QTabBar tabs;
+        for (QWidget* widget : {static_cast<QWidget*>(&menu), static_cast<QWidget*>(&tabs)}) {
+            const auto before = traitsOf(*widget);
+            first.polish(widget);
+            QVERIFY(traitsOf(*widget) != before);
+            first.unpolish(widget);
+            QVERIFY(traitsOf(*widget) == before);
+        }
+        menu.setAttribute(Qt::WA_TranslucentBackground); // what the owner wants stays
+        first.polish(&menu);
+        first.unpolish(&menu);
+        QVERIFY(menu.testAttribute(Qt::WA_TranslucentBackground));
+
+        QMenu shown;
+        first.polish(&shown);
+        shown.winId();
+        const auto polished = traitsOf(shown);
+        first.unpolish(&shown);
+        second.polish(&shown);
+        QVERIFY(traitsOf(shown) == polished);
+    }
+
+    void aTabKeepsWithinItsPaintersClip()
+    {
+        auto option = optionAt<QStyleOptionTab>({0, 0, 80, 26});
+        option.state |=
+            QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+        QImage image(80, 26, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::magenta);
+        QPainter painter(&image);
+        painter.setClipRect(0, 0, 40, 26);
+        style().drawControl(QStyle::CE_TabBarTabShape, &option, &painter);
+        QCOMPARE(painter.clipBoundingRect(), QRectF(0, 0, 40, 26));
+        painter.end();
+        QVERIFY(image.pixelColor(20, 2) != QColor(Qt::magenta));
+        for (int y = 0; y < image.height(); ++y) {
+            QCOMPARE(image.pixelColor(60, y), QColor(Qt::magenta));
+        }
+    }
+
+    void dialogsGetTheThemesPictures()
+    {
+        const QProxyStyle fusion(u"fusion"_qs);
+        const QSize size(16, 16);
+        for (const QStyle::StandardPixmap picture :
+             {QStyle::SP_MessageBoxWarning,
+              QStyle::SP_DirIcon,
+              QStyle::SP_FileIcon,
+              QStyle::SP_FileDialogNewFolder,
+              QStyle::SP_ArrowUp,
+              QStyle::SP_LineEditClearButton})
+        {
+            const QImage own = style().standardIcon(picture).pixmap(size).toImage();
+            QVERIFY2(!own.isNull(), qPrintable(QString::number(picture)));
+            QVERIFY(own != fusion.standardIcon(picture).pixmap(size).toImage());
+        }
+        QStyleOption mirrored;
+        mirrored.direction = Qt::RightToLeft;
+        const auto seen = [&](QStyle::StandardPixmap picture, const QStyleOption* option) {
+            return style().standardIcon(picture, option).pixmap(size).toImage();
+        };
+        QCOMPARE(seen(QStyle::SP_ArrowBack, nullptr), seen(QStyle::SP_ArrowLeft, nullptr));
+        QCOMPARE(seen(QStyle::SP_ArrowBack, &mirrored), seen(QStyle::SP_ArrowRight, &mirrored));
+        QCOMPARE(style().styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
+    }
 
 private:
     const QStyle& style() const { return *QApplication::style(); }
 
     QPalette m_palette; ///< of the application before
 };
-
-void StyleIconsTest::initTestCase()
-{
-    m_palette = QApplication::palette();
-    auto& theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
-    QApplication::setStyle(theme.createStyle());
-}
-
-void StyleIconsTest::cleanupTestCase()
-{
-    QApplication::setStyle(u"fusion"_qs);
-    QApplication::setPalette(m_palette);
-}
-
-void StyleIconsTest::iconsCoverWholeDevicePixels()
-{
-    const QColor ground = style().standardPalette().color(QPalette::Window);
-    for (const auto& [name, draw] : kControls) {
-        for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
-            QImage image((QSizeF(110, 40) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(ratio);
-            image.fill(ground);
-            QPainter painter(&image);
-            draw(style(), stemIcon(), painter);
-            painter.end();
-
-            QRect inked;
-            int partial = 0; // in the middle row
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x) {
-                    const QColor seen = image.pixelColor(x, y);
-                    if (ui::test::closeTo(seen, ratio > 1.0 ? kInk : kPlainInk, 3)) {
-                        inked |= QRect(x, y, 1, 1);
-                    } else if (y == qRound((kPlace.top() + kPlace.height() / 2) * ratio)) {
-                        partial += ui::test::closeTo(seen, ground, 3) ? 0 : 1;
-                    }
-                }
-            }
-            QVERIFY2(inked.size() == QSize(qRound(8 * ratio), qRound(16 * ratio)), name);
-            QVERIFY2(partial == 0, name);
-        }
-    }
-}
-
-void StyleIconsTest::disabledDocumentsAndDigitsAreFaint()
-{
-    QLabel plain(u"HHH"_qs);
-    QLabel rich(u"<b>HHH</b>"_qs);
-    QLabel selectable(u"HHH"_qs);
-    selectable.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QLCDNumber digits;
-    digits.setSegmentStyle(QLCDNumber::Flat);
-    digits.setFrameShape(QFrame::NoFrame);
-    digits.display(88888);
-    for (QWidget* widget : std::initializer_list<QWidget*>{&plain, &rich, &selectable, &digits}) {
-        QFont font = widget->font();
-        font.setPixelSize(40);
-        widget->setFont(font);
-        widget->resize(200, 60);
-        const double enabled = strongestContrast(*widget);
-        widget->setEnabled(false);
-        const double disabled = strongestContrast(*widget);
-        QVERIFY(disabled < enabled * 0.5);
-        QVERIFY(disabled > 2.0); // faded once, not twice
-    }
-}
-
-void StyleIconsTest::unpolishingTakesEverythingBackButFromAMenuThatWasShown()
-{
-    Style first(m_palette, 12, 15, false);
-    Style second(m_palette, 12, 15, false);
-    QMenu menu;
-    QTabBar tabs;
-    for (QWidget* widget : {static_cast<QWidget*>(&menu), static_cast<QWidget*>(&tabs)}) {
-        const auto before = traitsOf(*widget);
-        first.polish(widget);
-        QVERIFY(traitsOf(*widget) != before);
-        first.unpolish(widget);
-        QVERIFY(traitsOf(*widget) == before);
-    }
-    menu.setAttribute(Qt::WA_TranslucentBackground); // what the owner wants stays
-    first.polish(&menu);
-    first.unpolish(&menu);
-    QVERIFY(menu.testAttribute(Qt::WA_TranslucentBackground));
-
-    QMenu shown;
-    first.polish(&shown);
-    shown.winId();
-    const auto polished = traitsOf(shown);
-    first.unpolish(&shown);
-    second.polish(&shown);
-    QVERIFY(traitsOf(shown) == polished);
-}
-
-void StyleIconsTest::aTabKeepsWithinItsPaintersClip()
-{
-    auto option = optionAt<QStyleOptionTab>({0, 0, 80, 26});
-    option.state |=
-        QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
-    QImage image(80, 26, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::magenta);
-    QPainter painter(&image);
-    painter.setClipRect(0, 0, 40, 26);
-    style().drawControl(QStyle::CE_TabBarTabShape, &option, &painter);
-    QCOMPARE(painter.clipBoundingRect(), QRectF(0, 0, 40, 26));
-    painter.end();
-    QVERIFY(image.pixelColor(20, 2) != QColor(Qt::magenta));
-    for (int y = 0; y < image.height(); ++y) {
-        QCOMPARE(image.pixelColor(60, y), QColor(Qt::magenta));
-    }
-}
-
-void StyleIconsTest::dialogsGetTheThemesPictures()
-{
-    const QProxyStyle fusion(u"fusion"_qs);
-    const QSize size(16, 16);
-    for (const QStyle::StandardPixmap picture :
-         {QStyle::SP_MessageBoxWarning,
-          QStyle::SP_DirIcon,
-          QStyle::SP_FileIcon,
-          QStyle::SP_FileDialogNewFolder,
-          QStyle::SP_ArrowUp,
-          QStyle::SP_LineEditClearButton})
-    {
-        const QImage own = style().standardIcon(picture).pixmap(size).toImage();
-        QVERIFY2(!own.isNull(), qPrintable(QString::number(picture)));
-        QVERIFY(own != fusion.standardIcon(picture).pixmap(size).toImage());
-    }
-    QStyleOption mirrored;
-    mirrored.direction = Qt::RightToLeft;
-    const auto seen = [&](QStyle::StandardPixmap picture, const QStyleOption* option) {
-        return style().standardIcon(picture, option).pixmap(size).toImage();
-    };
-    QCOMPARE(seen(QStyle::SP_ArrowBack, nullptr), seen(QStyle::SP_ArrowLeft, nullptr));
-    QCOMPARE(seen(QStyle::SP_ArrowBack, &mirrored), seen(QStyle::SP_ArrowRight, &mirrored));
-    QCOMPARE(style().styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
-}
 
 const ui::test::Registration<StyleIconsTest> kRegistration;
 

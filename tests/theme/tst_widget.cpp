@@ -20,181 +20,172 @@ class WidgetTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void theBackgroundStopsAtTheRoundedCorners();
-    void theBorderLiesInsideTheWidgetUntilItIsCleared();
-    void everySetterRepaintsAVisibleWidget();
-    void theChildFillsTheWidgetInPlaceOfTheOneBefore();
-    void aChildThatIsStillWantedIsNotDeleted();
-    void aFocusFrameDrawsOneLineAlongItsTop();
-
-    void eachCornerHasItsOwnEllipseUpToHalfTheRect();
-    void textAndPixmapAreCenteredByTheirLogicalSize();
-};
-
-void WidgetTest::theBackgroundStopsAtTheRoundedCorners()
-{
-    Widget widget;
-    widget.resize(40, 40);
-    QCOMPARE(pixelAt(renderWidget(widget), {20, 20}).alpha(), 0);
-    widget.setBackgroundColor(Qt::red);
-    const auto filled = [&] { // which corners, clockwise from the top left one
-        const QImage image = renderWidget(widget, 2.0);
-        QByteArray corners;
-        for (const QPoint corner : {QPoint(1, 1), {38, 1}, {38, 38}, {1, 38}}) {
-            corners += closeTo(pixelAt(image, corner), Qt::red) ? '1' : '0';
-        }
-        return corners;
-    };
-    const num2<double> none{0.0, 0.0};
-    widget.setRadius(12.0);
-    QCOMPARE(filled(), QByteArray("0000"));
-    widget.setRadius(-3.0);
-    widget.setRadius(std::numeric_limits<double>::quiet_NaN());
-    QCOMPARE(filled(), QByteArray("1111"));
-    widget.setRadius(12.0, 0.0, 0.0, 12.0);
-    QCOMPARE(filled(), QByteArray("0110"));
-    widget.setRadius({12.0, 12.0}, {12.0, 12.0}, none, none);
-    QCOMPARE(filled(), QByteArray("0011"));
-    widget.setRadius(1.0); // instead of the four
-    QCOMPARE(filled(), QByteArray("1111"));
-    widget.setRadius(12.0);
-    widget.setRadius(none, none, none, none); // instead of the one
-    QCOMPARE(filled(), QByteArray("1111"));
-}
-
-void WidgetTest::theBorderLiesInsideTheWidgetUntilItIsCleared()
-{
-    QCOMPARE(ui::borderedRect({0, 0, 100, 40}, 2.0, true), QRectF(1.5, 1.5, 97, 37));
-    QCOMPARE(ui::borderedRect({0, 0, 100, 40}, 2.0, false), QRectF(1, 1, 98, 38));
-    Widget widget;
-    widget.resize(100, 40);
-    const auto column = [&](int x) { return pixelAt(renderWidget(widget), QPointF(x, 20)); };
-    const auto coverage = [&](int x) { return qRound(column(x).alphaF() * 20) * 5; }; // percent
-    widget.setBorder(QPen(Qt::green, 2.0)); // on pixel centres, unless told otherwise
-    QVERIFY(coverage(0) == 50 && coverage(1) == 100 && coverage(99) == 50);
-    widget.setPixelAlignedBorder(false);
-    QVERIFY(coverage(0) == 100 && coverage(2) == 0);
-    widget.setBackgroundColor(Qt::red);
-    widget.clearBorder();
-    QVERIFY(closeTo(column(0), Qt::red));
-}
-
-void WidgetTest::everySetterRepaintsAVisibleWidget()
-{
-    Widget widget;
-    ui::test::PaintCounter paints(&widget);
-    widget.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    const std::function<void()> setters[] = {
-        [&] { widget.setBackgroundColor(Qt::red); },
-        [&] { widget.setRadius(3.0); },
-        [&] { widget.setRadius(1.0, 2.0, 3.0, 4.0); },
-        [&] { widget.setBorder(QPen(Qt::green)); },
-        [&] { widget.setPixelAlignedBorder(false); },
-        [&] { widget.clearBorder(); }};
-    for (const auto& set : setters) {
-        paints.take();
-        set();
-        QVERIFY(paints.take() > 0);
-    }
-}
-
-void WidgetTest::theChildFillsTheWidgetInPlaceOfTheOneBefore()
-{
-    Widget widget;
-    const QPointer<QWidget> first = new QLabel;
-    const QPointer<QWidget> second = new QLabel(u"child"_qs);
-    widget.setChild(first);
-    const QPointer<QLayout> firstLayout = widget.layout();
-    widget.setChild(second);
-    QVERIFY(first.isNull() && firstLayout.isNull());
-    widget.resize(120, 60);
-    widget.show();
-    QTRY_COMPARE(second->geometry(), QRect(0, 0, 120, 60));
-    delete second; // from outside
-    const QPointer<QWidget> third = new QLabel;
-    widget.setChild(third);
-    QCOMPARE(widget.layout()->count(), 1);
-    widget.setChild(nullptr);
-    QVERIFY(third.isNull());
-    QCOMPARE(widget.layout(), nullptr);
-}
-
-void WidgetTest::aChildThatIsStillWantedIsNotDeleted()
-{
-    QWidget window;
-    Widget widget(&window);
-    auto* outer = new QWidget;
-    const QPointer<QWidget> inner = new QLabel(outer);
-    widget.setChild(outer);
-    for (QWidget* child : {inner.data(), inner.data(), static_cast<QWidget*>(&widget), &window}) {
-        widget.setChild(child); // out of the one before, again, and what cannot be hosted
-        QVERIFY(!inner.isNull());
-        QCOMPARE(inner->parentWidget(), &widget);
-        QCOMPARE(widget.layout()->itemAt(0)->widget(), inner.data());
-        QCOMPARE(widget.layout()->count(), 1);
-    }
-    QCOMPARE(widget.parentWidget(), &window);
-
-    inner->setParent(&window);
-    widget.setChild(nullptr);
-    QVERIFY(!inner.isNull());
-}
-
-void WidgetTest::aFocusFrameDrawsOneLineAlongItsTop()
-{
-    morrant::FocusFrame frame(Qt::green);
-    frame.resize(30, 10);
-    frame.setBackgroundColor(Qt::red);
-    const QImage image = renderWidget(frame, 2.0);
-    QVERIFY(closeTo(pixelAt(image, {29.9, 0.9}), Qt::green));
-    QVERIFY(closeTo(pixelAt(image, {15.0, 1.1}), Qt::red));
-}
-
-void WidgetTest::eachCornerHasItsOwnEllipseUpToHalfTheRect()
-{
-    const QPainterPath path =
-        ui::radiusClip({{{20, 4}, {0, 0}, {4, 20}, {10, 10}}}, QRectF(10, 10, 100, 60));
-
-    QVERIFY(!path.contains({14, 11}));
-    QVERIFY(path.contains({18, 13})); // wide and flat: the side is straight again from 14 down
-    QVERIFY(path.contains({109.5, 10.5}));
-    QVERIFY(!path.contains({109, 66}) && path.contains({103, 69})); // narrow and tall
-    QVERIFY(!path.contains({11.5, 68.5}) && path.contains({14, 66}));
-    QCOMPARE(path.boundingRect(), QRectF(10, 10, 100, 60));
-
-    const auto round = [](double radius) {
-        const num2<double> corner{radius, radius};
-        return ui::radiusClip({corner, corner, corner, corner}, QRectF(0, 0, 40, 40));
-    };
-    QCOMPARE(round(std::numeric_limits<double>::infinity()), round(20.0));
-    QCOMPARE(round(std::numeric_limits<double>::quiet_NaN()), round(-4.0));
-    QCOMPARE(round(-4.0), round(0.0));
-}
-
-void WidgetTest::textAndPixmapAreCenteredByTheirLogicalSize()
-{
-    QCOMPARE(ui::centredText({101, 51}, {40, 20}, {}).baseline, QPoint(30, 30));
-    QCOMPARE(ui::centredText({100, 50}, {40, 20}, {}).baseline, QPoint(29, 29));
-    QCOMPARE(ui::centredText({101, 51}, {40, 20}, 21.5).pixmapTopLeft, QPoint(39, 4));
-    QCOMPARE(ui::centredText({101, 51}, {40, 20}, 21.5).baseline, QPoint(30, 46));
-    struct CenteredPixmap : QWidget
+    void theBackgroundStopsAtTheRoundedCorners()
     {
-        void paintEvent(QPaintEvent* /*event*/) override
-        {
-            QPixmap pixmap(40, 40);
-            pixmap.setDevicePixelRatio(2.0);
-            pixmap.fill(Qt::red);
-            ui::textAtWidgetCentre(this, QString(), Qt::black, &pixmap);
+        Widget widget;
+        widget.resize(40, 40);
+        QCOMPARE(pixelAt(renderWidget(widget), {20, 20}).alpha(), 0);
+        widget.setBackgroundColor(Qt::red);
+        const auto filled = [&] { // which corners, clockwise from the top left one
+            const QImage image = renderWidget(widget, 2.0);
+            QByteArray corners;
+            for (const QPoint corner : {QPoint(1, 1), {38, 1}, {38, 38}, {1, 38}}) {
+                corners += closeTo(pixelAt(image, corner), Qt::red) ? '1' : '0';
+            }
+            return corners;
+        };
+        const num2<double> none{0.0, 0.0};
+        widget.setRadius(12.0);
+        QCOMPARE(filled(), QByteArray("0000"));
+        widget.setRadius(-3.0);
+        widget.setRadius(std::numeric_limits<double>::quiet_NaN());
+        QCOMPARE(filled(), QByteArray("1111"));
+        widget.setRadius(12.0, 0.0, 0.0, 12.0);
+        QCOMPARE(filled(), QByteArray("0110"));
+        widget.setRadius({12.0, 12.0}, {12.0, 12.0}, none, none);
+        QCOMPARE(filled(), QByteArray("0011"));
+        widget.setRadius(1.0); // instead of the four
+        QCOMPARE(filled(), QByteArray("1111"));
+        widget.setRadius(12.0);
+        widget.setRadius(none, none, none, none); // instead of the one
+        QCOMPARE(filled(), QByteArray("1111"));
+    }
+
+    void theBorderLiesInsideTheWidgetUntilItIsCleared()
+    {
+        QCOMPARE(ui::borderedRect({0, 0, 100, 40}, 2.0, true), QRectF(1.5, 1.5, 97, 37));
+        QCOMPARE(ui::borderedRect({0, 0, 100, 40}, 2.0, false), QRectF(1, 1, 98, 38));
+        Widget widget;
+        widget.resize(100, 40);
+        const auto column = [&](int x) { return pixelAt(renderWidget(widget), QPointF(x, 20)); };
+        const auto coverage = [&](int x) { return qRound(column(x).alphaF() * 20) * 5; }; // percent
+        widget.setBorder(QPen(Qt::green, 2.0)); // on pixel centres, unless told otherwise
+        QVERIFY(coverage(0) == 50 && coverage(1) == 100 && coverage(99) == 50);
+        widget.setPixelAlignedBorder(false);
+        QVERIFY(coverage(0) == 100 && coverage(2) == 0);
+        widget.setBackgroundColor(Qt::red);
+        widget.clearBorder();
+        QVERIFY(closeTo(column(0), Qt::red));
+    }
+
+    void everySetterRepaintsAVisibleWidget()
+    {
+        Widget widget;
+        ui::test::PaintCounter paints(&widget);
+        widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        const std::function<void()> setters[] = {
+            [&] { widget.setBackgroundColor(Qt::red); },
+            [&] { widget.setRadius(3.0); },
+            [&] { widget.setRadius(1.0, 2.0, 3.0, 4.0); },
+            [&] { widget.setBorder(QPen(Qt::green)); },
+            [&] { widget.setPixelAlignedBorder(false); },
+            [&] { widget.clearBorder(); }};
+        for (const auto& set : setters) {
+            paints.take();
+            set();
+            QVERIFY(paints.take() > 0);
         }
-    } widget;
-    widget.resize(101, 101);
-    const QImage image = renderWidget(widget);
-    const auto red = [&](QPoint point) { return closeTo(pixelAt(image, point), Qt::red); };
-    // Without text the box is the one pixel that is added to its sides: 50 - 10 - 0.25 - 5.
-    QVERIFY(red({40, 35}) && red({59, 54}));
-    QVERIFY(!red({39, 35}) && !red({60, 54}) && !red({50, 34}) && !red({50, 55}));
-}
+    }
+
+    void theChildFillsTheWidgetInPlaceOfTheOneBefore()
+    {
+        Widget widget;
+        const QPointer<QWidget> first = new QLabel;
+        const QPointer<QWidget> second = new QLabel(u"child"_qs);
+        widget.setChild(first);
+        const QPointer<QLayout> firstLayout = widget.layout();
+        widget.setChild(second);
+        QVERIFY(first.isNull() && firstLayout.isNull());
+        widget.resize(120, 60);
+        widget.show();
+        QTRY_COMPARE(second->geometry(), QRect(0, 0, 120, 60));
+        delete second; // from outside
+        const QPointer<QWidget> third = new QLabel;
+        widget.setChild(third);
+        QCOMPARE(widget.layout()->count(), 1);
+        widget.setChild(nullptr);
+        QVERIFY(third.isNull());
+        QCOMPARE(widget.layout(), nullptr);
+    }
+
+    void aChildThatIsStillWantedIsNotDeleted()
+    {
+        QWidget window;
+        Widget widget(&window);
+        auto* outer = new QWidget;
+        const QPointer<QWidget> inner = new QLabel(outer);
+        widget.setChild(outer);
+        for (QWidget* child : {inner.data(), inner.data(), static_cast<QWidget*>(&widget), &window})
+        {
+            widget.setChild(child); // out of the one before, again, and what cannot be hosted
+            QVERIFY(!inner.isNull());
+            QCOMPARE(inner->parentWidget(), &widget);
+            QCOMPARE(widget.layout()->itemAt(0)->widget(), inner.data());
+            QCOMPARE(widget.layout()->count(), 1);
+        }
+        QCOMPARE(widget.parentWidget(), &window);
+
+        inner->setParent(&window);
+        widget.setChild(nullptr);
+        QVERIFY(!inner.isNull());
+    }
+
+    void aFocusFrameDrawsOneLineAlongItsTop()
+    {
+        morrant::FocusFrame frame(Qt::green);
+        frame.resize(30, 10);
+        frame.setBackgroundColor(Qt::red);
+        const QImage image = renderWidget(frame, 2.0);
+        QVERIFY(closeTo(pixelAt(image, {29.9, 0.9}), Qt::green));
+        QVERIFY(closeTo(pixelAt(image, {15.0, 1.1}), Qt::red));
+    }
+
+    void eachCornerHasItsOwnEllipseUpToHalfTheRect()
+    {
+        const QPainterPath path =
+            ui::radiusClip({{{20, 4}, {0, 0}, {4, 20}, {10, 10}}}, QRectF(10, 10, 100, 60));
+
+        QVERIFY(!path.contains({14, 11}));
+        QVERIFY(path.contains({18, 13})); // wide and flat: the side is straight again from 14 down
+        QVERIFY(path.contains({109.5, 10.5}));
+        QVERIFY(!path.contains({109, 66}) && path.contains({103, 69})); // narrow and tall
+        QVERIFY(!path.contains({11.5, 68.5}) && path.contains({14, 66}));
+        QCOMPARE(path.boundingRect(), QRectF(10, 10, 100, 60));
+
+        const auto round = [](double radius) {
+            const num2<double> corner{radius, radius};
+            return ui::radiusClip({corner, corner, corner, corner}, QRectF(0, 0, 40, 40));
+        };
+        QCOMPARE(round(std::numeric_limits<double>::infinity()), round(20.0));
+        QCOMPARE(round(std::numeric_limits<double>::quiet_NaN()), round(-4.0));
+        QCOMPARE(round(-4.0), round(0.0));
+    }
+
+    void textAndPixmapAreCenteredByTheirLogicalSize()
+    {
+        QCOMPARE(ui::centredText({101, 51}, {40, 20}, {}).baseline, QPoint(30, 30));
+        QCOMPARE(ui::centredText({100, 50}, {40, 20}, {}).baseline, QPoint(29, 29));
+        QCOMPARE(ui::centredText({101, 51}, {40, 20}, 21.5).pixmapTopLeft, QPoint(39, 4));
+        QCOMPARE(ui::centredText({101, 51}, {40, 20}, 21.5).baseline, QPoint(30, 46));
+        struct CenteredPixmap : QWidget
+        {
+            void paintEvent(QPaintEvent* /*event*/) override
+            {
+                QPixmap pixmap(40, 40);
+                pixmap.setDevicePixelRatio(2.0);
+                pixmap.fill(Qt::red);
+                ui::textAtWidgetCentre(this, QString(), Qt::black, &pixmap);
+            }
+        } widget;
+        widget.resize(101, 101);
+        const QImage image = renderWidget(widget);
+        const auto red = [&](QPoint point) { return closeTo(pixelAt(image, point), Qt::red); };
+        // Without text the box is the one pixel that is added to its sides: 50 - 10 - 0.25 - 5.
+        QVERIFY(red({40, 35}) && red({59, 54}));
+        QVERIFY(!red({39, 35}) && !red({60, 54}) && !red({50, 34}) && !red({50, 55}));
+    }
+};
 
 const ui::test::Registration<WidgetTest> kRegistration;
 

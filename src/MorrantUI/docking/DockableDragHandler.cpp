@@ -5,8 +5,8 @@
 #include "MorrantUI/docking/panelkeys.h"
 #include "MorrantUI/platform/windowsystem.h"
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/theme/eventfilters.h>
-#include <MorrantUI/theme/widgets.h>
+#include <MorrantUI/theme/events.h>
+#include <MorrantUI/theme/screens.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>

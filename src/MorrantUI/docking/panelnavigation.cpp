@@ -4,7 +4,7 @@
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/panelkeys.h"
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QApplication>
 #include <QKeyEvent>

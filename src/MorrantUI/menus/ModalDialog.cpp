@@ -84,7 +84,7 @@ void ModalDialog::setContent(QWidget* content)
     }
     delete m_content.data();
     m_content = content;
-    if (content != nullptr) {
+    if (content) {
         m_column->insertWidget(2, content); // between the text and the space above the buttons
     }
 }
@@ -130,7 +130,7 @@ ModalDialog::Button ModalDialog::getChoice(
     Button defaultButton,
     QWidget* parent)
 {
-    QWidget* const over = parent != nullptr ? parent : QApplication::activeWindow();
+    QWidget* const over = parent ? parent : QApplication::activeWindow();
     const QPointer<ModalDialog> dialog = new ModalDialog(title, over);
     dialog->setText(text);
     dialog->setButtons(buttons, defaultButton);

@@ -22,8 +22,7 @@ constexpr int kLabelGap = 4; ///< logical pixels from the label to the field
 /// A dialog with OK and Cancel around a labelled field. Null parent: the active window.
 ModalDialog* makeDialog(const QString& title, const QString& text, LineEdit* field, QWidget* parent)
 {
-    auto* const dialog =
-        new ModalDialog(title, parent != nullptr ? parent : QApplication::activeWindow());
+    auto* const dialog = new ModalDialog(title, parent ? parent : QApplication::activeWindow());
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
     auto* const label = new QLabel(text, content);

@@ -46,7 +46,7 @@ void SkiaQWidgetAdapter::paintEvent(QPaintEvent* event)
     updateSurfaceIfDifferent();
     // Kept here as well, since paintSkia() may call updateSurface().
     const sk_sp<SkSurface> surface = m_surface;
-    if (surface == nullptr) {
+    if (!surface) {
         return;
     }
 

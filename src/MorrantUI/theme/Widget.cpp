@@ -72,20 +72,20 @@ void Widget::setPixelAlignedBorder(bool aligned)
 
 void Widget::setChild(QWidget* child)
 {
-    if (child == this || (child != nullptr && child->isAncestorOf(this))) {
+    if (child == this || (child && child->isAncestorOf(this))) {
         return;
     }
     const QPointer<QWidget> previous = m_child;
     m_child = child;
-    if (previous != nullptr && previous != child && previous->parentWidget() == this) {
-        if (child != nullptr && previous->isAncestorOf(child)) {
+    if (previous && previous != child && previous->parentWidget() == this) {
+        if (child && previous->isAncestorOf(child)) {
             child->setParent(this); // out of what is about to be deleted
         }
         delete previous.data(); // at once, deliberate: the new child must not meet the old one
     }
     delete layout();
 
-    if (m_child != nullptr) {
+    if (m_child) {
         auto* box = new QHBoxLayout(this);
         box->setContentsMargins(0, 0, 0, 0);
         box->setSpacing(0);

@@ -135,7 +135,7 @@ QPixmap tintPixmap(QPixmap pixmap, const QColor& color)
 
 QImage SkBitmapToQImage(const SkBitmap* bitmap)
 {
-    if (bitmap == nullptr || bitmap->getPixels() == nullptr) {
+    if (!bitmap || !bitmap->getPixels()) {
         return {};
     }
     constexpr int kBytesPerPixel = 4; // of every format below

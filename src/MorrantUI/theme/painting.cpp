@@ -79,7 +79,7 @@ CentredText centredText(QSize widget, QSize textBox, std::optional<double> pixma
 void textAtWidgetCentre(
     QWidget* widget, const QString& text, const QColor& color, const QPixmap* pixmap)
 {
-    if (widget == nullptr) {
+    if (!widget) {
         return;
     }
     QPainter painter(widget);
@@ -88,9 +88,8 @@ void textAtWidgetCentre(
     painter.setBrush(Qt::NoBrush);
 
     const QSize textBox = painter.fontMetrics().boundingRect(text).size() + QSize(1, 1);
-    const auto pixmapWidth = pixmap != nullptr
-                                 ? std::optional(pixmap->width() / pixmap->devicePixelRatio())
-                                 : std::nullopt;
+    const auto pixmapWidth =
+        pixmap ? std::optional(pixmap->width() / pixmap->devicePixelRatio()) : std::nullopt;
     const CentredText place = centredText(widget->size(), textBox, pixmapWidth);
     if (place.pixmapTopLeft) {
         painter.drawPixmap(*place.pixmapTopLeft, *pixmap);

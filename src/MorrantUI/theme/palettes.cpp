@@ -9,7 +9,7 @@ namespace ui {
 
 void setWidgetBackground(QWidget* widget, const QColor& color)
 {
-    if (widget == nullptr) {
+    if (!widget) {
         return;
     }
     constexpr std::array kRoles{QPalette::Window, QPalette::Base, QPalette::Button};
@@ -40,7 +40,7 @@ void setWidgetForeground(QWidget* widget, const QColor& color)
 
 void appendPalette(QWidget* widget, std::list<std::pair<QPalette::ColorRole, QColor>> roles)
 {
-    if (widget == nullptr || roles.empty()) {
+    if (!widget || roles.empty()) {
         return;
     }
     QPalette palette = widget->palette();

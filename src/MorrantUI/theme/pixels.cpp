@@ -130,7 +130,7 @@ bool canPaint(const QPainter* painter)
 
 bool copyPixels(const sk_sp<SkSurface>& surface, QPainter* painter)
 {
-    if (surface == nullptr || !canPaint(painter)) {
+    if (!surface || !canPaint(painter)) {
         return false;
     }
     SkPixmap pixels;
@@ -142,7 +142,7 @@ bool copyPixels(const sk_sp<SkSurface>& surface, QPainter* painter)
 
 bool copyPixels(const sk_sp<SkImage>& image, QPainter* painter)
 {
-    if (image == nullptr || !canPaint(painter)) {
+    if (!image || !canPaint(painter)) {
         return false;
     }
     SkPixmap pixels;
@@ -155,7 +155,7 @@ bool copyPixels(const sk_sp<SkImage>& image, QPainter* painter)
 
 QSize renderSizeFromDevice(const QPaintDevice* device)
 {
-    if (device == nullptr) {
+    if (!device) {
         return {1, 1};
     }
     // Images and pixmaps already report device pixels, everything else logical ones.

@@ -1,6 +1,6 @@
 #include "MorrantUI/theme/screens.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <QWidget>
 
@@ -43,11 +43,11 @@ int closestRectangle(std::span<const QRect> rectangles, QPoint point)
 
 double getMonitorDPI(QWidget* widget)
 {
-    if (widget == nullptr) {
+    if (!widget) {
         return 1.0;
     }
     const QScreen* screen = getClosestScreenAt(widget->mapToGlobal(QPoint(0, 0)));
-    return screen != nullptr ? screen->devicePixelRatio() : widget->devicePixelRatio();
+    return screen ? screen->devicePixelRatio() : widget->devicePixelRatio();
 }
 
 } // namespace ui
@@ -62,3 +62,12 @@ QScreen* getClosestScreenAt(const QPoint& globalPoint)
     }
     return screens.value(ui::closestRectangle(geometries, globalPoint), nullptr);
 }
+
+namespace qtutils {
+
+QWidget* findWidgetAt(const QPoint& globalPoint)
+{
+    return QApplication::widgetAt(globalPoint);
+}
+
+} // namespace qtutils

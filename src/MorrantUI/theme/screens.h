@@ -13,6 +13,13 @@ class QWidget;
 /// The screen that holds a global point, or else the nearest one; null when there is no screen.
 MORRANT_UI_EXPORT QScreen* getClosestScreenAt(const QPoint& globalPoint);
 
+namespace qtutils {
+
+/// The widget of this application at a global point, the innermost one; null if there is none.
+MORRANT_UI_EXPORT QWidget* findWidgetAt(const QPoint& globalPoint);
+
+} // namespace qtutils
+
 namespace ui {
 
 /// The index of the rectangle that holds a point, or else of the nearest one by straight distance;

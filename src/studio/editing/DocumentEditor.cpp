@@ -80,7 +80,7 @@ void DocumentEditor::toggleKey(const PropertyAddress& address, int frame)
 {
     commit();
     const NumberProperty* now = property(address);
-    if (now == nullptr || !canBeAnimated(address.attribute)) {
+    if (!now || !canBeAnimated(address.attribute)) {
         return;
     }
     const bool removes = keyStateAt(*now, frame) == KeyState::KeyAtFrame;
@@ -139,7 +139,7 @@ void DocumentEditor::redo()
 NumberProperty* DocumentEditor::begin(const PropertyAddress& address, const QString& text)
 {
     NumberProperty* property = m_document ? findProperty(*m_document, address) : nullptr;
-    if (property == nullptr || isChanging(address)) {
+    if (!property || isChanging(address)) {
         return property;
     }
     commit();

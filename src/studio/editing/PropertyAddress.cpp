@@ -23,12 +23,12 @@ const ShapeItem* findItem(const Layer& layer, const std::vector<std::size_t>& pl
     const std::vector<ShapeItem>* items = &layer.shapes;
     const ShapeItem* item = nullptr;
     for (const std::size_t place : places) {
-        if (items == nullptr || place >= items->size()) {
+        if (!items || place >= items->size()) {
             return nullptr;
         }
         item = &(*items)[place];
         const auto* group = std::get_if<GroupShape>(&item->shape);
-        items = group != nullptr ? &group->items : nullptr;
+        items = group ? &group->items : nullptr;
     }
     return item;
 }
@@ -39,7 +39,7 @@ const NumberProperty* colorOf(const ShapeItem& item)
         return &fill->color;
     }
     const auto* stroke = std::get_if<StrokeShape>(&item.shape);
-    return stroke != nullptr ? &stroke->color : nullptr;
+    return stroke ? &stroke->color : nullptr;
 }
 
 void collectColors(
@@ -52,7 +52,7 @@ void collectColors(
         at.item.push_back(i);
         if (const auto* group = std::get_if<GroupShape>(&items[i].shape)) {
             collectColors(group->items, at, found);
-        } else if (colorOf(items[i]) != nullptr) {
+        } else if (colorOf(items[i])) {
             found.push_back(at);
         }
         at.item.pop_back();
@@ -71,7 +71,7 @@ QString nameOf(const ShapeItem& item)
 QString nameOf(const Layer& layer, std::vector<std::size_t> places)
 {
     const ShapeItem* item = findItem(layer, places);
-    if (item == nullptr) {
+    if (!item) {
         return {};
     }
     places.pop_back();
@@ -85,7 +85,7 @@ QString nameOf(const Layer& layer, std::vector<std::size_t> places)
 const NumberProperty* findProperty(const Document& document, const PropertyAddress& address)
 {
     const Layer* layer = findLayer(document, address.layer);
-    if (layer == nullptr) {
+    if (!layer) {
         return nullptr;
     }
     const Transform& transform = layer->transform;
@@ -101,7 +101,7 @@ const NumberProperty* findProperty(const Document& document, const PropertyAddre
     case Attribute::ShapeColor: break;
     }
     const ShapeItem* item = findItem(*layer, address.item);
-    return item != nullptr ? colorOf(*item) : nullptr;
+    return item ? colorOf(*item) : nullptr;
 }
 
 NumberProperty* findProperty(Document& document, const PropertyAddress& address)
@@ -113,7 +113,7 @@ std::vector<PropertyAddress> transformOf(const Document& document, int layer)
 {
     std::vector<PropertyAddress> addresses;
     const Layer* found = findLayer(document, layer);
-    if (found == nullptr) {
+    if (!found) {
         return addresses;
     }
     if (found->transform.splitPosition) {
@@ -134,9 +134,9 @@ std::vector<PropertyAddress> colorsOf(const Document& document, int layer)
 {
     std::vector<PropertyAddress> addresses;
     const Layer* found = findLayer(document, layer);
-    if (found != nullptr && found->kind == LayerKind::Solid) {
+    if (found && found->kind == LayerKind::Solid) {
         addresses.push_back({layer, Attribute::SolidColor});
-    } else if (found != nullptr) {
+    } else if (found) {
         PropertyAddress at{layer, Attribute::ShapeColor};
         collectColors(found->shapes, at, addresses);
     }
@@ -157,7 +157,7 @@ QString nameOf(const Document& document, const PropertyAddress& address)
     case Attribute::ShapeColor: break;
     }
     const Layer* layer = findLayer(document, address.layer);
-    return layer != nullptr ? nameOf(*layer, address.item) : QString();
+    return layer ? nameOf(*layer, address.item) : QString();
 }
 
 bool canBeAnimated(Attribute attribute)

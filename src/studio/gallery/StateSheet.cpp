@@ -74,7 +74,7 @@ void StateSheet::addRow(int line, const gallery::SpecimenRow& row)
     m_grid->addWidget(gallery::caption(row.name), line, 0);
     int column = 1;
     for (const gallery::State state : gallery::kStates) {
-        if (const auto [widget, part] = row.make(state); widget != nullptr) {
+        if (const auto [widget, part] = row.make(state); widget) {
             addCell(line, column, widget);
             if (state != gallery::State::Rest) {
                 widget->setAttribute(Qt::WA_TransparentForMouseEvents);

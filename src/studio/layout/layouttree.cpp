@@ -80,7 +80,7 @@ DockableWindow* makeWindow(const LayoutNode& node, const MakePanel& make)
 void setSizes(DockableWindow& window, const LayoutNode& node)
 {
     auto* group = qobject_cast<DockableGroup*>(&window);
-    if (group == nullptr || group->childCount() != static_cast<int>(node.children.size())) {
+    if (!group || group->childCount() != static_cast<int>(node.children.size())) {
         return;
     }
     if (isRow(node.kind) && node.sizes.size() == group->childCount()) {
@@ -98,10 +98,10 @@ DockableWindow* holderOf(const QStringList& panels, DockableWindow& window)
         DockableWindow* found = nullptr;
         for (int i = 0; i < group->childCount(); ++i) {
             DockableWindow* holder = holderOf(panels, *group->getChild(i));
-            if (holder != nullptr && found != nullptr) {
+            if (holder && found) {
                 return group;
             }
-            found = holder != nullptr ? holder : found;
+            found = holder ? holder : found;
         }
         return found;
     }
@@ -126,7 +126,7 @@ DockableWindow& targetFor(DockableWindow& holder, Kind kind)
 void dockBeside(DockableWindow& window, DockableWindow& target, const Neighbour& place)
 {
     DockableGroup* parent = target.findDockableParentGroup();
-    if (parent != nullptr && kindOf(*parent) == place.kind) {
+    if (parent && kindOf(*parent) == place.kind) {
         const int index = parent->indexOfChild(&target);
         parent->insertChild(place.isBefore ? index + 1 : index, &window);
     } else if (place.kind == Kind::Row) {
@@ -195,8 +195,7 @@ void buildTree(const Layout& layout, DockableGroup& mainWindow, const MakePanel&
         DockableWindow* window = makeWindow(floating.root, make);
         const QScreen* screen = getClosestScreenAt(floating.geometry.center());
         window->setGeometry(
-            screen != nullptr ? within(floating.geometry, screen->availableGeometry())
-                              : floating.geometry);
+            screen ? within(floating.geometry, screen->availableGeometry()) : floating.geometry);
         window->setVisible(mainWindow.isVisible());
         setSizes(*window, floating.root);
     }

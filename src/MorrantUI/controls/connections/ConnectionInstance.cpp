@@ -4,7 +4,7 @@
 #include "MorrantUI/controls/gestures/gesturedoors.h"
 #include <MorrantUI/controls/connections/ConnectionReceiver.h>
 #include <MorrantUI/theme/OverrideCursor.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>

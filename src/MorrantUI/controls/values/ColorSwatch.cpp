@@ -21,7 +21,6 @@
 
 namespace {
 
-constexpr double kChequer = 4.0;    ///< side of a square of the chequer, logical pixels
 constexpr double kEdge = 0.22;      ///< of the text colour, in the edge
 constexpr double kHoverEdge = 0.55; ///< the same under the pointer
 constexpr double kRingGap = 3.0;    ///< from the focus ring to the colour
@@ -60,15 +59,6 @@ public:
 private:
     ColorSwatch* m_swatch;
 };
-
-/// A tile of the chequer behind translucent colours, in device pixels.
-QBrush chequer(double ratio)
-{
-    const int tile = 2 * qMax(1, qRound(kChequer * ratio));
-    QImage image = ui::drawChequerBox(ui::colorQt(QStringLiteral("Base")), {tile, tile}, 0);
-    image.setDevicePixelRatio(ratio);
-    return QBrush(image);
-}
 
 } // namespace
 
@@ -353,8 +343,7 @@ void ColorSwatch::paintColor(
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     if (m_color.alpha() < 255) {
-        painter.setBrush(chequer(devicePixelRatioF()));
-        painter.drawRoundedRect(rect, radius, radius);
+        ui::fillChequer(painter, rect, radius);
     }
     painter.setBrush(m_color);
     painter.drawRoundedRect(rect, radius, radius);

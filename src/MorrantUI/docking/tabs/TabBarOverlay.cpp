@@ -12,18 +12,8 @@ using namespace ui::style;
 
 namespace {
 
-constexpr double kVeil = 0.6;        ///< strength of the ground over the dragged tab
-constexpr double kMarkerWidth = 2.0; ///< logical pixels
-constexpr double kMarkerHead = 6.0;  ///< diameter of the dot on the line
-
-void paintMarker(QPainter& painter, double x, double height)
-{
-    const QColor color = focusColor();
-    const QRectF head(x - kMarkerHead / 2, 0, kMarkerHead, kMarkerHead);
-    const QRectF line(x - kMarkerWidth / 2, kMarkerHead / 2, kMarkerWidth, height);
-    fillSharp(painter, line, color);
-    fillRounded(painter, head, kMarkerHead / 2, color);
-}
+constexpr double kVeil = 0.6;       ///< strength of the ground over the dragged tab
+constexpr double kMarkerHead = 6.0; ///< diameter of the mark's dot
 
 } // namespace
 
@@ -55,7 +45,7 @@ void TabBarOverlay::paintEvent(QPaintEvent* /*event*/)
     if (m_markerX) {
         // Whole at the outer edges of the row too.
         const double half = kMarkerHead / 2;
-        paintMarker(
-            painter, std::max(half, std::min<double>(*m_markerX, width() - half)), height());
+        const double x = std::max(half, std::min<double>(*m_markerX, width() - half));
+        ui::drawDropMark(painter, {x, 0}, {x, static_cast<double>(height())});
     }
 }

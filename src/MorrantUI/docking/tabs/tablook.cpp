@@ -14,8 +14,7 @@ namespace ui::tabs {
 
 namespace {
 
-constexpr int kBeyondRow = 6;       ///< what a tab is higher than a row of controls
-constexpr double kAccentLine = 2.0; ///< along the top of the current tab
+constexpr int kBeyondRow = 6; ///< what a tab is higher than a row of controls
 
 } // namespace
 
@@ -47,9 +46,7 @@ void paintTab(QPainter& painter, const QRectF& tab, bool active, const Mood& moo
 
 void paintAccent(QPainter& painter, const QRectF& tab, const Mood& mood)
 {
-    const PainterState state(painter);
-    painter.setClipRect(QRectF(tab.left(), tab.top(), tab.width(), kAccentLine));
-    fillRounded(painter, tab.adjusted(0, 0, 0, kRadius), kRadius, ink(focusColor(), mood));
+    drawSelectionEdge(painter, tab, Qt::TopEdge, mood.enabled);
 }
 
 void paintFocus(QPainter& painter, const QRectF& tab)

@@ -3,7 +3,7 @@
 #include "MorrantUI/docking/tabs/tabkeys.h"
 #include <MorrantUI/docking/tabs/TabBar.h>
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QKeyEvent>
 #include <QPointer>

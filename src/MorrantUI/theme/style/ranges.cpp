@@ -4,6 +4,7 @@
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>
+#include <QPainterPath>
 #include <QPen>
 
 #include <algorithm>

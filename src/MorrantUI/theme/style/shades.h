@@ -29,9 +29,6 @@ QColor ink(const QColor& color, const Mood& mood);
 /// Faded to the strength of a disabled control.
 QColor faded(const QColor& color);
 
-/// Strength of what a disabled control draws.
-inline constexpr double kDisabledOpacity = 0.4;
-
 /// The colour at `share` (0 to 1) of its own alpha. Lines and handles are drawn so rather than in a
 /// mixture with the ground: grounds may be transparent and show a parent's.
 QColor translucent(const QColor& color, double share);

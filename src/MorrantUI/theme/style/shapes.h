@@ -1,15 +1,25 @@
 #pragma once
 
-#include <QColor>
-#include <QPainterPath>
+#include <MorrantUI/theme/drawing.h>
+
 #include <QRectF>
 
 class QPainter;
 
+/// The style's own helpers beside its public drawing verbs.
 namespace ui::style {
 
-inline constexpr double kRadius = 4.0;      ///< corners of controls, logical pixels
-inline constexpr double kSmallRadius = 3.0; ///< corners of marks and rows inside a control
+using ui::drawChevron;
+using ui::drawCross;
+using ui::drawFocusRing;
+using ui::drawTick;
+using ui::fillRounded;
+using ui::fillSharp;
+using ui::kDisabledOpacity;
+using ui::strokeRounded;
+
+inline constexpr double kRadius = kCornerRadius;
+inline constexpr double kSmallRadius = kSmallCornerRadius;
 
 /// Gives a painter its state back.
 class PainterState
@@ -23,29 +33,9 @@ private:
     QPainter& m_painter;
 };
 
-/// A rounded rectangle on whole device pixels. An invalid or transparent colour draws nothing.
-void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& fill);
-
-/// Just the edge of a rounded rectangle, inside `rect`, `width` logical pixels rounded to device
-/// pixels.
-void strokeRounded(
-    QPainter& painter, const QRectF& rect, double radius, const QColor& edge, double width = 1.0);
-
-/// The ring around what has the keyboard focus, drawn inside `rect`.
-void drawFocusRing(QPainter& painter, const QRectF& rect, double radius = kRadius);
-
-/// A rectangle without corners on whole device pixels; lines are thin rectangles.
-void fillSharp(QPainter& painter, const QRectF& rect, const QColor& fill);
-
-/// An open arrow head in the middle of `rect`, 8 × 4 logical pixels, shrunk to fit.
-void drawChevron(
-    QPainter& painter, const QRectF& rect, Qt::ArrowType direction, const QColor& color);
-
-/// The tick of check boxes and menu rows, filling the square `rect`.
-void drawTick(QPainter& painter, const QRectF& rect, const QColor& color);
-
-/// A cross in the middle of `rect`, 7 logical pixels across, as on closing buttons.
-void drawCross(QPainter& painter, const QRectF& rect, const QColor& color);
+/// A rectangle drawn out beyond the side across from `edge`, so that filled with rounded corners
+/// and clipped to the rectangle only those at `edge` are round.
+QRectF openedAgainst(QRectF rect, Qt::Edge edge);
 
 /// The largest square in the middle of `rect`, at most `side` wide.
 QRectF centeredSquare(const QRectF& rect, double side);

@@ -10,51 +10,18 @@ namespace ui::style {
 
 namespace {
 
-constexpr double kAccentLine = 2.0; ///< along the outer side of the selected tab
-
 /// The side of the tabs that faces away from their page.
-enum class OuterSide
-{
-    Top,
-    Bottom,
-    Left,
-    Right,
-};
-
-OuterSide outerSide(QTabBar::Shape shape)
+Qt::Edge outerSide(QTabBar::Shape shape)
 {
     switch (shape) {
     case QTabBar::RoundedSouth:
-    case QTabBar::TriangularSouth: return OuterSide::Bottom;
+    case QTabBar::TriangularSouth: return Qt::BottomEdge;
     case QTabBar::RoundedWest:
-    case QTabBar::TriangularWest: return OuterSide::Left;
+    case QTabBar::TriangularWest: return Qt::LeftEdge;
     case QTabBar::RoundedEast:
-    case QTabBar::TriangularEast: return OuterSide::Right;
-    default: return OuterSide::Top;
+    case QTabBar::TriangularEast: return Qt::RightEdge;
+    default: return Qt::TopEdge;
     }
-}
-
-QRectF outerLine(const QRectF& tab, OuterSide side)
-{
-    switch (side) {
-    case OuterSide::Bottom:
-        return {tab.left(), tab.bottom() - kAccentLine, tab.width(), kAccentLine};
-    case OuterSide::Left: return {tab.left(), tab.top(), kAccentLine, tab.height()};
-    case OuterSide::Right: return {tab.right() - kAccentLine, tab.top(), kAccentLine, tab.height()};
-    default: return {tab.left(), tab.top(), tab.width(), kAccentLine};
-    }
-}
-
-/// The tab drawn out beyond its inner side, so that only the outer corners are round.
-QRectF openTowardsPage(QRectF tab, OuterSide side)
-{
-    switch (side) {
-    case OuterSide::Bottom: tab.setTop(tab.top() - kRadius); break;
-    case OuterSide::Left: tab.setRight(tab.right() + kRadius); break;
-    case OuterSide::Right: tab.setLeft(tab.left() - kRadius); break;
-    default: tab.setBottom(tab.bottom() + kRadius); break;
-    }
-    return tab;
 }
 
 } // namespace
@@ -68,15 +35,13 @@ void drawTabShape(const QStyleOption& option, QPainter& painter, const Context&)
     Mood mood = moodOf(option);
     mood.pressed = false;
     const bool selected = option.state.testFlag(QStyle::State_Selected);
-    const OuterSide side = outerSide(tab->shape);
+    const Qt::Edge side = outerSide(tab->shape);
     const PainterState state(painter);
     painter.setClipRect(option.rect, Qt::IntersectClip);
-    const QRectF shape = openTowardsPage(option.rect, side);
+    const QRectF shape = openedAgainst(option.rect, side);
     if (selected) {
         fillRounded(painter, shape, kRadius, ink(option.palette.color(QPalette::Window), mood));
-        const PainterState unclipped(painter);
-        painter.setClipRect(outerLine(option.rect, side), Qt::IntersectClip);
-        fillRounded(painter, shape, kRadius, ink(focusColor(), mood));
+        drawSelectionEdge(painter, option.rect, side, mood.enabled);
     } else {
         fillRounded(painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), mood));
     }

@@ -10,8 +10,6 @@ namespace ui::style {
 
 namespace {
 
-constexpr double kQuietRow = 0.5; ///< strength of the hovered row's ground
-
 QColor headerGround(const QStyleOption& option)
 {
     const Mood mood = moodOf(option);
@@ -29,15 +27,9 @@ QPalette fadedTexts(QPalette palette)
     return palette;
 }
 
-QColor itemGround(const QStyleOptionViewItem& item)
+QColor selectedGround(const QStyleOptionViewItem& item)
 {
-    const bool enabled = item.state.testFlag(QStyle::State_Enabled);
-    if (item.state.testFlag(QStyle::State_Selected)) {
-        const QColor highlight = item.palette.color(QPalette::Highlight);
-        return enabled ? highlight : faded(highlight);
-    }
-    const bool hovered = enabled && item.state.testFlag(QStyle::State_MouseOver);
-    return hovered ? translucent(quietHighlight(), kQuietRow) : QColor();
+    return ink(item.palette.color(QPalette::Highlight), moodOf(item));
 }
 
 } // namespace
@@ -53,14 +45,13 @@ void drawItemGround(const QStyleOption& option, QPainter& painter, const Context
         painter.setBrushOrigin(item->rect.topLeft());
         painter.fillRect(item->rect, item->backgroundBrush);
     }
-    const QColor ground = itemGround(*item);
-    if (!ground.isValid()) {
-        return;
-    }
-    if (item->viewItemPosition == QStyleOptionViewItem::OnlyOne) {
-        fillRounded(painter, QRectF(item->rect).adjusted(1, 0, -1, 0), kSmallRadius, ground);
-    } else {
-        painter.fillRect(item->rect, ground);
+    const bool whole = item->viewItemPosition == QStyleOptionViewItem::OnlyOne;
+    const QRectF row = whole ? QRectF(item->rect).adjusted(1, 0, -1, 0) : QRectF(item->rect);
+    const double radius = whole ? kSmallRadius : 0.0;
+    if (item->state.testFlag(QStyle::State_Selected)) {
+        fillRounded(painter, row, radius, selectedGround(*item));
+    } else if (moodOf(option).hovered) {
+        drawHoverWash(painter, row, radius);
     }
 }
 
@@ -133,8 +124,10 @@ void drawHeaderArrow(const QStyleOption& option, QPainter& painter, const Contex
 void drawDropIndicator(const QStyleOption& option, QPainter& painter, const Context&)
 {
     if (option.rect.height() == 0) {
-        const QRectF line(option.rect.left(), option.rect.top() - 1, option.rect.width(), 2);
-        fillSharp(painter, line, focusColor());
+        const QPointF left = option.rect.topLeft();
+        const QPointF right = left + QPointF(option.rect.width(), 0);
+        const bool leftToRight = option.direction == Qt::LeftToRight;
+        drawDropMark(painter, leftToRight ? left : right, leftToRight ? right : left);
     } else {
         drawFocusRing(painter, option.rect, kSmallRadius);
     }

@@ -1,4 +1,4 @@
-#include "MorrantUI/theme/fonts.h"
+#include "MorrantUI/theme/themesettings.h"
 
 #include "MorrantUI/theme/currenttheme.h"
 #include <MorrantUI/theme/VisualDesignBase.h>
@@ -9,6 +9,12 @@ QFont font()
 {
     const VisualDesignBase* theme = currentTheme();
     return theme ? theme->getFont() : QFont();
+}
+
+QVariant themePreference(const QString& key)
+{
+    VisualDesignBase* theme = currentTheme();
+    return theme ? theme->getPref(key) : QVariant();
 }
 
 } // namespace ui
