@@ -4,7 +4,9 @@
 
 namespace ui::log {
 
-static spdlog::level::level_enum toSpdlog(Level level)
+namespace {
+
+spdlog::level::level_enum toSpdlog(Level level)
 {
     switch (level) {
     case Level::Debug: return spdlog::level::debug;
@@ -14,6 +16,8 @@ static spdlog::level::level_enum toSpdlog(Level level)
     }
     return spdlog::level::err;
 }
+
+} // namespace
 
 void write(Level level, std::string_view line)
 {

@@ -1,5 +1,5 @@
 #include "RegistryKey.h"
-#include "activator.h"
+#include "com.h"
 #include "support/TestCase.h"
 #include <MorrantUI/platform/notifications.h>
 
@@ -9,6 +9,8 @@
 #include <optional>
 #include <stdexcept>
 
+using ui::test::Activator;
+
 /// Clicks arrive through COM, as from the notification platform.
 class ActivatorTest : public ui::test::TestCase
 {
@@ -17,12 +19,16 @@ class ActivatorTest : public ui::test::TestCase
 private Q_SLOTS:
     void initTestCase()
     {
-        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); // what Qt does on a real desktop
-        const wchar_t* classId = morrant::native::kActivatorClassId;
-        QVERIFY(SUCCEEDED(CLSIDFromString(classId, &m_classId)));
-        m_key.emplace(
-            HKEY_CURRENT_USER,
-            QStringLiteral("Software\\Classes\\CLSID\\") + QString::fromWCharArray(classId));
+        ui::test::enterApartment("sta"); // what Qt does on a real desktop
+        QVERIFY(SUCCEEDED(CLSIDFromString(morrant::native::kActivatorClassId, &m_classId)));
+    }
+
+    void init() override
+    {
+        TestCase::init();
+        if (m_key) {
+            registerWithNotificationServer();
+        }
     }
 
     void cleanup() override
@@ -39,52 +45,33 @@ private Q_SLOTS:
 
     void aRefusedRegistrationIsOneLineAndCanBeRepeated()
     {
-        QVERIFY(m_key->create(ui::test::RegistryKey::Lifetime::Volatile));
+        const QString path = ui::test::comClassKey(morrant::native::kActivatorClassId);
+        m_key.emplace(HKEY_CURRENT_USER, path);
+        QVERIFY(m_key->create(REG_OPTION_VOLATILE));
         registerWithNotificationServer();
-        QCOMPARE(
-            takeLog(),
-            QStringList{QStringLiteral("error: Could not register Notification Activator.")});
+        QCOMPARE(takeLog(), QStringList(u"error: Could not register Notification Activator."_qs));
         QVERIFY(FAILED(click()));
 
-        m_key.emplace(
-            HKEY_CURRENT_USER,
-            QStringLiteral("Software\\Classes\\CLSID\\")
-                + QString::fromWCharArray(morrant::native::kActivatorClassId));
+        m_key.emplace(HKEY_CURRENT_USER, path);
         registerWithNotificationServer();
         QCOMPARE(
-            m_key->value(QString(), QStringLiteral("LocalServer32")),
+            m_key->value(u"LocalServer32"_qs),
             u'"' + QDir::toNativeSeparators(QCoreApplication::applicationFilePath())
-                + QStringLiteral("\" -ToastActivated"));
+                + u"\" -ToastActivated"_qs);
     }
 
-    void registeringAgainChangesNothing()
+    void aClickRunsTheCallbackOnceOnTheGuiThread()
     {
-        int clicks = 0;
-        installActivatorCallback([&clicks] { ++clicks; });
-        registerWithNotificationServer();
-        registerWithNotificationServer();
+        QCOMPARE(click(), S_OK); // without a callback
+        QList<QThread*> threads;
+        installActivatorCallback([&threads] { threads << QThread::currentThread(); });
+        registerWithNotificationServer(); // again
         QCOMPARE(click(), S_OK);
-        QCOMPARE(clicks, 1);
-    }
-
-    void aClickWithoutACallbackSucceeds()
-    {
-        registerWithNotificationServer();
-        QCOMPARE(click(), S_OK);
-    }
-
-    void aClickRunsTheCallbackOnTheGuiThread()
-    {
-        registerWithNotificationServer();
-        QThread* thread = nullptr;
-        installActivatorCallback([&thread] { thread = QThread::currentThread(); });
-        QCOMPARE(click(), S_OK);
-        QCOMPARE(thread, qApp->thread());
+        QCOMPARE(threads, QList<QThread*>{qApp->thread()});
     }
 
     void aCallbackMayInstallAnother()
     {
-        registerWithNotificationServer();
         // Static, since a callback destroyed while it runs would have lost what it captured.
         static std::weak_ptr<int> firstsOwn;
         static bool firstSurvived = false;
@@ -96,38 +83,33 @@ private Q_SLOTS:
             firstSurvived = !firstsOwn.expired();
         });
         QCOMPARE(click(), S_OK);
-        QVERIFY(firstSurvived);
-        QVERIFY(firstsOwn.expired());
+        QVERIFY(firstSurvived && firstsOwn.expired());
         QCOMPARE(click(), S_OK);
         QCOMPARE(seconds, 1);
     }
 
     void whatACallbackThrowsEndsInTheLog()
     {
-        registerWithNotificationServer();
         installActivatorCallback([] { throw std::runtime_error("no {} document"); });
+        QCOMPARE(click(), S_OK);
+        installActivatorCallback([] { throw 1; });
         QCOMPARE(click(), S_OK);
         QCOMPARE(
             takeLog(),
-            QStringList{QStringLiteral("error: Notification callback failed: no {} document")});
-
-        installActivatorCallback([] { throw 1; });
-        QCOMPARE(click(), S_OK);
-        QCOMPARE(takeLog(), QStringList{QStringLiteral("error: Notification callback failed.")});
+            (QStringList{
+                u"error: Notification callback failed: no {} document"_qs,
+                u"error: Notification callback failed."_qs}));
     }
 
     void theFactoryFollowsTheRulesOfCom()
     {
-        registerWithNotificationServer();
         void* object = nullptr;
-        QCOMPARE(
-            CoGetClassObject(m_classId, CLSCTX_LOCAL_SERVER, nullptr, IID_IClassFactory, &object),
-            S_OK);
+        const IID& iid = IID_IClassFactory;
+        QCOMPARE(CoGetClassObject(m_classId, CLSCTX_LOCAL_SERVER, nullptr, iid, &object), S_OK);
         auto* factory = static_cast<IClassFactory*>(object);
-
         QCOMPARE(factory->CreateInstance(factory, IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
         QVERIFY(!object);
-        QCOMPARE(factory->CreateInstance(nullptr, IID_IClassFactory, &object), E_NOINTERFACE);
+        QCOMPARE(factory->CreateInstance(nullptr, iid, &object), E_NOINTERFACE);
         QVERIFY(!object);
         QCOMPARE(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
         QCOMPARE(factory->LockServer(TRUE), S_OK);
@@ -151,14 +133,13 @@ private:
             return created;
         }
         auto* activator = static_cast<Activator*>(object);
-        const Activator::Input input{L"key", L"value"};
-        const HRESULT result =
-            activator->Activate(morrant::native::kApplicationId, L"arguments", &input, 1);
+        const morrant::native::toast::UserInput input{L"key", L"value"};
+        const HRESULT result = activator->Activate(L"application", L"arguments", &input, 1);
         return activator->Release() == 0 ? result : E_UNEXPECTED;
     }
 
     CLSID m_classId{};
-    std::optional<ui::test::RegistryKey> m_key;
+    std::optional<ui::test::RegistryKey> m_key; ///< once the first registration is through
 };
 
 const ui::test::Registration<ActivatorTest> kRegistration;

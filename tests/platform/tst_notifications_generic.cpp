@@ -8,17 +8,12 @@ class NotificationsTest : public ui::test::TestCase
 private Q_SLOTS:
     void eachCallWritesOneLineAndNothingElse()
     {
-        const QStringList line{
-            QStringLiteral("warning: Notifications are only supported on Windows 10.")};
+        const QString line = u"warning: Notifications are only supported on Windows 10."_qs;
         installActivatorCallback([] { QFAIL("there is nothing to click"); });
-
         registerWithNotificationServer();
-        QCOMPARE(takeLog(), line);
         sendNotification("{}", std::string("\xFF\0&", 3));
-        QCOMPARE(takeLog(), line);
         morrant::native::postRenderNotification("");
-        QCOMPARE(takeLog(), line);
-
+        QCOMPARE(takeLog(), QStringList(3, line));
         installActivatorCallback({});
     }
 };

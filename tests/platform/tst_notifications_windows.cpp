@@ -1,29 +1,14 @@
 #include "RegistryKey.h"
-#include "activator.h"
+#include "com.h"
 #include "faketoast/FakeToast.h"
 #include "support/TestCase.h"
 #include <MorrantUI/platform/notifications.h>
 
-#include <QOperatingSystemVersion>
 #include <QThread>
 
 #include <memory>
+#include <tuple>
 #include <vector>
-
-static QStringList allSteps()
-{
-    return {
-        QStringLiteral("class XmlDocument"),
-        QStringLiteral("new XmlDocument"),
-        QStringLiteral("XmlDocument as IXmlDocumentIO"),
-        QStringLiteral("LoadXml"),
-        QStringLiteral("XmlDocument as IXmlDocument"),
-        QStringLiteral("class ToastNotificationManager"),
-        QStringLiteral("CreateToastNotifierWithId"),
-        QStringLiteral("class ToastNotification"),
-        QStringLiteral("CreateToastNotification"),
-        QStringLiteral("Show")};
-}
 
 /// Sends on the real path: the runtime finds the fake's classes by itself.
 class NotificationsTest : public ui::test::TestCase
@@ -31,197 +16,116 @@ class NotificationsTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(QOperatingSystemVersion::current() >= QOperatingSystemVersion::Windows10);
-        QVERIFY(registerClasses());
-    }
-
     void init() override
     {
         TestCase::init();
-        faketoast::reset();
+        faketoast::notes() = {};
+        const QString path =
+            QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u"/faketoast.dll"_qs);
+        for (const QString& name : faketoast::classNames()) {
+            m_classes.push_back(std::make_unique<ui::test::RegistryKey>(
+                HKEY_LOCAL_MACHINE, ui::test::runtimeClassKey(name)));
+            QVERIFY(m_classes.back()->setValue(u"DllPath"_qs, path));
+        }
     }
 
     void cleanup() override
     {
+        m_classes.clear();
         QCOMPARE(faketoast::liveObjects(), 0);
         TestCase::cleanup();
     }
 
-    void aNotificationTakesItsStepsInOrder()
+    void aNotificationTakesItsStepsInOrderUntilOneFails()
     {
-        sendNotification("Saved", "All is well");
-
-        QCOMPARE(faketoast::calls(), allSteps());
-        QCOMPARE(
-            faketoast::applicationId(), QString::fromWCharArray(morrant::native::kApplicationId));
-        QCOMPARE(
-            faketoast::shownTexts(),
-            (QStringList{QStringLiteral("Saved"), QStringLiteral("All is well")}));
-    }
-
-    void eachFailingStepIsOneLine_data()
-    {
-        QTest::addColumn<qsizetype>("step");
-        QTest::addColumn<QString>("line");
-
-        const QStringList steps = allSteps();
-        for (qsizetype i = 0; i < steps.size(); ++i) {
-            const QString line =
-                i < 5   ? QStringLiteral("error: Could not create Notification Contents.")
-                : i < 7 ? QStringLiteral("error: Could not create Toast Notifier.")
-                : i < 9 ? QStringLiteral("error: Could not create Notification.")
-                        : QStringLiteral("error: Could not show Notification.");
-            QTest::newRow(qPrintable(steps.at(i))) << i << line;
+        using Step = std::pair<QString, const char*>;
+        const char* const contents = "error: Could not create Notification Contents.";
+        const char* const notifier = "error: Could not create Toast Notifier.";
+        const char* const toast = "error: Could not create Notification.";
+        const QList<Step> steps{
+            {u"class XmlDocument"_qs, contents},
+            {u"new XmlDocument"_qs, contents},
+            {u"XmlDocument as IXmlDocumentIO"_qs, contents},
+            {u"LoadXml"_qs, contents},
+            {u"XmlDocument as IXmlDocument"_qs, contents},
+            {u"class ToastNotificationManager"_qs, notifier},
+            {u"CreateToastNotifierWithId"_qs, notifier},
+            {u"class ToastNotification"_qs, toast},
+            {u"CreateToastNotification"_qs, toast},
+            {u"Show"_qs, "error: Could not show Notification."}};
+        QStringList calls;
+        for (const auto& [step, line] : steps) {
+            calls << step;
+            faketoast::notes() = {.failingCall = step};
+            sendNotification("Saved", "All is well");
+            QCOMPARE(takeLog(), QStringList(QLatin1String(line)));
+            QCOMPARE(faketoast::notes().calls, calls);
+            QCOMPARE(faketoast::notes().shownTexts, QStringList());
         }
-    }
-
-    void eachFailingStepIsOneLine()
-    {
-        QFETCH(const qsizetype, step);
-        QFETCH(const QString, line);
-
-        faketoast::reset(allSteps().at(step));
+        faketoast::notes() = {};
         sendNotification("Saved", "All is well");
-
-        QCOMPARE(takeLog(), QStringList{line});
-        QCOMPARE(faketoast::calls(), allSteps().first(step + 1));
-        QVERIFY(faketoast::shownTexts().isEmpty());
-    }
-
-    void textsEnterTheTemplateAsTheyAre_data()
-    {
-        QTest::addColumn<QByteArray>("title");
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QStringList>("shown");
-
-        QTest::newRow("empty") << QByteArray() << QByteArray() << QStringList{QString(), QString()};
-        QTest::newRow("braces") << QByteArray("{}") << QByteArray("{0} {:>9}")
-                                << QStringList{QStringLiteral("{}"), QStringLiteral("{0} {:>9}")};
-        QTest::newRow("other scripts")
-            << QByteArray("\xC3\x9C"
-                          "ber \xE5\xAE\x8C\xE4\xBA\x86")
-            << QByteArray("\xF0\x9F\x8E\xAC")
-            << QStringList{
-                   QStringLiteral("\u00dcber \u5b8c\u4e86"), QString::fromUtf8("\xF0\x9F\x8E\xAC")};
-        QTest::newRow("invalid UTF-8")
-            << QByteArray("a\xFFz") << QByteArray("\xE2\x82")
-            << QStringList{QStringLiteral("a\uFFFDz"), QString(QChar(0xFFFD))};
-        QTest::newRow("escaped by the caller")
-            << QByteArray("A &amp; B") << QByteArray("1 &lt; 2")
-            << QStringList{QStringLiteral("A & B"), QStringLiteral("1 < 2")};
-        QTest::newRow("markup that parses")
-            << QByteArray("a</text><text>b") << QByteArray("c")
-            << QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
-        QTest::newRow("1 MB") << QByteArray("t") << QByteArray(1024 * 1024, 'x')
-                              << QStringList{QStringLiteral("t"), QString(1024 * 1024, u'x')};
+        QCOMPARE(faketoast::notes().calls, calls);
+        QCOMPARE(
+            faketoast::notes().applicationId,
+            QString::fromWCharArray(morrant::native::kApplicationId));
+        QCOMPARE(faketoast::notes().shownTexts, (QStringList{u"Saved"_qs, u"All is well"_qs}));
     }
 
     void textsEnterTheTemplateAsTheyAre()
     {
-        QFETCH(const QByteArray, title);
-        QFETCH(const QByteArray, text);
-        QFETCH(const QStringList, shown);
-
-        sendNotification(title.toStdString(), text.toStdString());
-        QVERIFY(faketoast::shownTexts() == shown);
-    }
-
-    void whatDoesNotParseIsNotShown_data()
-    {
-        QTest::addColumn<QByteArray>("text");
-
-        QTest::newRow("ampersand") << QByteArray("A & B");
-        QTest::newRow("less than") << QByteArray("1 < 2");
-        QTest::newRow("open element") << QByteArray("<b>bold");
-        QTest::newRow("zero byte") << QByteArray("a\0b", 3);
+        const std::tuple<QByteArray, QByteArray, QStringList> cases[] = {
+            {"", "", {QString(), QString()}},
+            {"{}", "{0} {:>9}", {u"{}"_qs, u"{0} {:>9}"_qs}},
+            {"\xE5\xAE\x8C\xE4\xBA\x86", "a\xFFz", {u"\u5b8c\u4e86"_qs, u"a\uFFFDz"_qs}},
+            {"A &amp; B", "1 &lt; 2", {u"A & B"_qs, u"1 < 2"_qs}}, // escaped by the caller
+            {"a</text><text>b", "c", {u"a"_qs, u"b"_qs, u"c"_qs}},
+            {"t", QByteArray(1024 * 1024, 'x'), {u"t"_qs, QString(1024 * 1024, u'x')}}};
+        for (const auto& [title, text, shown] : cases) {
+            faketoast::notes() = {};
+            sendNotification(title.toStdString(), text.toStdString());
+            QVERIFY(faketoast::notes().shownTexts == shown);
+        }
+        faketoast::notes() = {};
+        morrant::native::postRenderNotification("");
+        QCOMPARE(faketoast::notes().shownTexts, (QStringList{u"Render Complete"_qs, QString()}));
     }
 
     void whatDoesNotParseIsNotShown()
     {
-        QFETCH(const QByteArray, text);
-
-        for (const bool inTitle : {true, false}) {
-            faketoast::reset();
-            sendNotification(inTitle ? text.toStdString() : "", inTitle ? "" : text.toStdString());
-            QCOMPARE(
-                takeLog(),
-                QStringList{QStringLiteral("error: Could not create Notification Contents.")});
-            QVERIFY(faketoast::shownTexts().isEmpty());
+        const std::string texts[] = {"A & B", "1 < 2", "<b>bold", std::string("a\0b", 3)};
+        for (const std::string& text : texts) {
+            sendNotification(text, "");
+            sendNotification("", text);
         }
-    }
-
-    void aRenderNotificationHasItsTitleAlsoWithoutText()
-    {
-        morrant::native::postRenderNotification("");
-        QCOMPARE(
-            faketoast::shownTexts(), (QStringList{QStringLiteral("Render Complete"), QString()}));
-    }
-
-    void theCallersApartmentStaysAsItWas_data()
-    {
-        QTest::addColumn<int>("state");
-
-        QTest::newRow("none") << int(ApartmentState::None);
-        QTest::newRow("single-threaded") << int(ApartmentState::SingleThreaded);
-        QTest::newRow("multithreaded") << int(ApartmentState::MultiThreaded);
+        m_classes.clear(); // a system without notifications
+        sendNotification("a", "b");
+        QCOMPARE(takeLog(), QStringList(9, u"error: Could not create Notification Contents."_qs));
+        QCOMPARE(faketoast::notes().shownTexts, QStringList());
     }
 
     void theCallersApartmentStaysAsItWas()
     {
-        QFETCH(const int, state);
-
-        // On a thread of its own, since Qt has initialised this one.
-        ApartmentState afterwards{};
-        ApartmentState atTheEnd{};
-        const std::unique_ptr<QThread> thread(QThread::create([&] {
-            if (state == int(ApartmentState::SingleThreaded)) {
-                CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-            } else if (state == int(ApartmentState::MultiThreaded)) {
-                CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-            }
-            sendNotification("a", "b");
-            sendNotification("c", "d");
-            afterwards = apartmentState();
-            if (state != int(ApartmentState::None)) {
-                CoUninitialize();
-            }
-            atTheEnd = apartmentState();
-        }));
-        thread->start();
-        QVERIFY(thread->wait());
-
-        QCOMPARE(int(afterwards), state);
-        QCOMPARE(int(atTheEnd), int(ApartmentState::None));
-        QCOMPARE(faketoast::shownTexts().size(), 4);
-    }
-
-    void aSystemWithoutToastsIsOneLine()
-    {
-        m_classes.clear();
-        sendNotification("a", "b");
-        QCOMPARE(
-            takeLog(),
-            QStringList{QStringLiteral("error: Could not create Notification Contents.")});
-        QVERIFY(faketoast::calls().isEmpty());
-        QVERIFY(registerClasses());
+        for (const char* kind : {"none", "sta", "mta"}) {
+            QByteArray states;
+            // On a thread of its own, since Qt has initialised this one.
+            const std::unique_ptr<QThread> thread(QThread::create([&] {
+                const bool entered = ui::test::enterApartment(kind);
+                sendNotification("a", "b");
+                sendNotification("c", "d");
+                states = ui::test::apartment();
+                if (entered) {
+                    CoUninitialize();
+                }
+                states += QByteArray(", then ") + ui::test::apartment();
+            }));
+            thread->start();
+            QVERIFY(thread->wait());
+            QCOMPARE(states, QByteArray(kind) + ", then none");
+        }
+        QCOMPARE(faketoast::notes().shownTexts.size(), 12);
     }
 
 private:
-    bool registerClasses()
-    {
-        const QString path = QDir::toNativeSeparators(
-            QCoreApplication::applicationDirPath() + QStringLiteral("/faketoast.dll"));
-        bool all = true;
-        for (const QString& name : faketoast::classNames()) {
-            m_classes.push_back(std::make_unique<ui::test::RegistryKey>(
-                HKEY_LOCAL_MACHINE, ui::test::runtimeClassKey(name)));
-            all = m_classes.back()->setValue(QStringLiteral("DllPath"), path) && all;
-        }
-        return all;
-    }
-
     std::vector<std::unique_ptr<ui::test::RegistryKey>> m_classes;
 };
 

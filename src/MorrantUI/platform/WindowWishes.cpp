@@ -9,8 +9,10 @@
 
 namespace morrant::native {
 
+namespace {
+
 /// The widget's own native window; null while it has none or is part of another window.
-static QWindow* nativeWindow(const QWidget& widget)
+QWindow* nativeWindow(const QWidget& widget)
 {
     QWindow* window = widget.isWindow() ? widget.windowHandle() : nullptr;
     return window && window->handle() ? window : nullptr;
@@ -18,7 +20,7 @@ static QWindow* nativeWindow(const QWidget& widget)
 
 /// Whether the topmost modal window keeps input from a window, by Qt's own rule: what Qt tells a
 /// window when that begins cannot be asked for later.
-static bool isBlockedByModal(const QWindow& window)
+bool isBlockedByModal(const QWindow& window)
 {
     const QWindow* modal = QGuiApplication::modalWindow();
     if (!modal || modal == &window || modal->isAncestorOf(&window)) {
@@ -31,6 +33,8 @@ static bool isBlockedByModal(const QWindow& window)
     }
     return blocked;
 }
+
+} // namespace
 
 WindowWishes& WindowWishes::of(QWidget& widget)
 {

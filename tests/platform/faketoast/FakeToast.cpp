@@ -1,31 +1,31 @@
 #include "FakeToast.h"
 
-#include "objects.h"
+#include "MorrantUI/platform/windows/toastinterfaces.h"
 
 #include <QXmlStreamReader>
 
+#include <activation.h>
+#include <atomic>
+#include <memory>
 #include <set>
 #include <winstring.h>
 
 namespace faketoast {
 
-std::atomic<int> gLiveObjects = 0;
+using namespace morrant::native;
 
 namespace {
 
-struct Records
-{
-    QString failingCall;
-    QStringList calls;
-    QString applicationId;
-    QStringList shownTexts;
-};
+constexpr IID kInspectable{
+    0xaf86e2e0, 0xb12d, 0x4c6a, {0x9c, 0x5a, 0xd7, 0xaa, 0x65, 0x10, 0x1e, 0x90}};
+constexpr IID kActivationFactory{
+    0x00000035, 0x0000, 0x0000, {0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
-Records& records()
-{
-    static Records instance;
-    return instance;
-}
+std::atomic<int> gLiveObjects = 0;
+
+/// Stands beside bases that derive from the same.
+struct Inspectable : IInspectable
+{};
 
 /// Documents and toasts by the one address that stands for them in calls.
 std::set<const void*>& knownObjects()
@@ -36,8 +36,8 @@ std::set<const void*>& knownObjects()
 
 HRESULT record(const QString& call)
 {
-    records().calls.append(call);
-    return call == records().failingCall ? E_FAIL : S_OK;
+    notes().calls.append(call);
+    return call == notes().failingCall ? E_FAIL : S_OK;
 }
 
 QString toQString(HSTRING string)
@@ -47,18 +47,64 @@ QString toQString(HSTRING string)
     return QString::fromWCharArray(text, static_cast<qsizetype>(length));
 }
 
-class Document final : public Object<Inspectable, XmlDocument, XmlDocumentIO>
+/// A counted object. Each of its interfaces has an address of its own, the first one is also that
+/// of its identity: whoever mistakes one for the other passes a wrong pointer.
+template <typename First, typename... Others>
+class Object : public First, public Others...
 {
 public:
-    Document() { knownObjects().insert(static_cast<XmlDocument*>(this)); }
-    ~Document() override { knownObjects().erase(static_cast<XmlDocument*>(this)); }
+    Object() { ++gLiveObjects; }
+    virtual ~Object() { --gLiveObjects; }
+    Q_DISABLE_COPY_MOVE(Object)
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override
+    {
+        *object = wanted == IID_IUnknown || wanted == kInspectable ? static_cast<First*>(this)
+                                                                   : find(wanted);
+        if (*object) {
+            AddRef();
+        }
+        return *object ? S_OK : E_NOINTERFACE;
+    }
+
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
+
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        const ULONG left = --m_references;
+        if (left == 0) {
+            const std::unique_ptr<Object> last(this);
+        }
+        return left;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetIids(ULONG* /*count*/, IID** /*ids*/) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetRuntimeClassName(HSTRING* /*name*/) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTrustLevel(TrustLevel* /*level*/) override { return E_NOTIMPL; }
+
+protected:
+    /// The address of an interface beside the object's identity; null when there is none.
+    virtual void* find(REFIID wanted) = 0;
+
+private:
+    std::atomic<ULONG> m_references = 1;
+};
+
+class Document final : public Object<Inspectable, toast::IXmlDocument, toast::IXmlDocumentIO>
+{
+public:
+    Document() { knownObjects().insert(static_cast<toast::IXmlDocument*>(this)); }
+    ~Document() override { knownObjects().erase(static_cast<toast::IXmlDocument*>(this)); }
 
     const QStringList& texts() const { return m_texts; }
 
     HRESULT STDMETHODCALLTYPE LoadXml(HSTRING xml) override
     {
-        if (const HRESULT refused = record(QStringLiteral("LoadXml")); FAILED(refused)) {
-            return refused;
+        if (FAILED(record(u"LoadXml"_qs))) {
+            return E_FAIL;
         }
         constexpr auto kDoesNotParse = static_cast<HRESULT>(0xC00CE504);
         QXmlStreamReader reader(toQString(xml));
@@ -70,137 +116,127 @@ public:
         return reader.hasError() ? kDoesNotParse : S_OK;
     }
 
-protected:
-    HRESULT onQuery(REFIID wanted) override
+private:
+    void* find(REFIID wanted) override
     {
-        if (wanted == XmlDocumentIO::kId) {
-            return record(QStringLiteral("XmlDocument as IXmlDocumentIO"));
+        if (wanted == toast::IXmlDocumentIO::kId) {
+            const bool fails = FAILED(record(u"XmlDocument as IXmlDocumentIO"_qs));
+            return fails ? nullptr : static_cast<toast::IXmlDocumentIO*>(this);
         }
-        if (wanted == XmlDocument::kId) {
-            return record(QStringLiteral("XmlDocument as IXmlDocument"));
+        if (wanted == toast::IXmlDocument::kId) {
+            const bool fails = FAILED(record(u"XmlDocument as IXmlDocument"_qs));
+            return fails ? nullptr : static_cast<toast::IXmlDocument*>(this);
         }
-        return S_OK;
+        return nullptr;
     }
 
-private:
     QStringList m_texts;
 };
 
-class Toast final : public Object<Inspectable, ToastNotification>
+class Toast final : public Object<Inspectable, toast::IToastNotification>
 {
 public:
     explicit Toast(const QStringList& texts)
         : m_texts(texts)
     {
-        knownObjects().insert(static_cast<ToastNotification*>(this));
+        knownObjects().insert(static_cast<toast::IToastNotification*>(this));
     }
-
-    ~Toast() override { knownObjects().erase(static_cast<ToastNotification*>(this)); }
+    ~Toast() override { knownObjects().erase(static_cast<toast::IToastNotification*>(this)); }
 
     const QStringList& texts() const { return m_texts; }
 
 private:
+    void* find(REFIID /*wanted*/) override { return nullptr; }
+
     QStringList m_texts;
 };
 
-class Notifier final : public Object<Inspectable, ToastNotifier>
+class Notifier final : public Object<toast::IToastNotifier>
 {
 public:
-    HRESULT STDMETHODCALLTYPE Show(ToastNotification* toast) override
+    HRESULT STDMETHODCALLTYPE Show(toast::IToastNotification* toast) override
     {
-        if (const HRESULT refused = record(QStringLiteral("Show")); FAILED(refused)) {
-            return refused;
+        if (FAILED(record(u"Show"_qs)) || !knownObjects().contains(toast)) {
+            return E_FAIL;
         }
-        if (!knownObjects().contains(toast)) {
-            return E_INVALIDARG;
-        }
-        records().shownTexts += static_cast<Toast*>(toast)->texts();
+        notes().shownTexts += static_cast<Toast*>(toast)->texts();
         return S_OK;
     }
+
+private:
+    void* find(REFIID /*wanted*/) override { return nullptr; }
 };
 
-class DocumentClass final : public Object<ActivationFactory>
+/// All three classes in one: what makes documents, notifiers and toasts.
+class Classes final : public Object<
+                          IActivationFactory,
+                          toast::IToastNotificationManagerStatics,
+                          toast::IToastNotificationFactory>
 {
 public:
     HRESULT STDMETHODCALLTYPE ActivateInstance(IInspectable** instance) override
     {
-        if (const HRESULT refused = record(QStringLiteral("new XmlDocument")); FAILED(refused)) {
-            return refused;
+        if (FAILED(record(u"new XmlDocument"_qs))) {
+            return E_FAIL;
         }
         *instance = static_cast<Inspectable*>(std::make_unique<Document>().release());
         return S_OK;
     }
-};
 
-class ManagerClass final : public Object<ActivationFactory, ToastNotificationManagerStatics>
-{
-public:
-    HRESULT STDMETHODCALLTYPE CreateToastNotifier(ToastNotifier** /*notifier*/) override
+    HRESULT STDMETHODCALLTYPE CreateToastNotifier(toast::IToastNotifier** /*notifier*/) override
     {
-        record(QStringLiteral("CreateToastNotifier"));
+        record(u"CreateToastNotifier"_qs);
         return HRESULT_FROM_WIN32(ERROR_NOT_FOUND); // as for every program without a package
     }
 
     HRESULT STDMETHODCALLTYPE
-    CreateToastNotifierWithId(HSTRING applicationId, ToastNotifier** notifier) override
+    CreateToastNotifierWithId(HSTRING applicationId, toast::IToastNotifier** notifier) override
     {
-        records().applicationId = toQString(applicationId);
-        if (const HRESULT refused = record(QStringLiteral("CreateToastNotifierWithId"));
-            FAILED(refused)) {
-            return refused;
+        notes().applicationId = toQString(applicationId);
+        if (FAILED(record(u"CreateToastNotifierWithId"_qs))) {
+            return E_FAIL;
         }
         *notifier = std::make_unique<Notifier>().release();
         return S_OK;
     }
-};
 
-class ToastClass final : public Object<ActivationFactory, ToastNotificationFactory>
-{
-public:
-    HRESULT STDMETHODCALLTYPE
-    CreateToastNotification(XmlDocument* content, ToastNotification** toast) override
+    HRESULT STDMETHODCALLTYPE CreateToastNotification(
+        toast::IXmlDocument* content, toast::IToastNotification** toast) override
     {
-        if (const HRESULT refused = record(QStringLiteral("CreateToastNotification"));
-            FAILED(refused)) {
-            return refused;
-        }
-        if (!knownObjects().contains(content)) {
-            return E_INVALIDARG;
+        if (FAILED(record(u"CreateToastNotification"_qs)) || !knownObjects().contains(content)) {
+            return E_FAIL;
         }
         *toast = std::make_unique<Toast>(static_cast<Document*>(content)->texts()).release();
         return S_OK;
+    }
+
+private:
+    void* find(REFIID wanted) override
+    {
+        if (wanted == toast::IToastNotificationManagerStatics::kId) {
+            return static_cast<toast::IToastNotificationManagerStatics*>(this);
+        }
+        if (wanted == toast::IToastNotificationFactory::kId) {
+            return static_cast<toast::IToastNotificationFactory*>(this);
+        }
+        return wanted == kActivationFactory ? static_cast<IActivationFactory*>(this) : nullptr;
     }
 };
 
 } // namespace
 
+Notes& notes()
+{
+    static Notes instance;
+    return instance;
+}
+
 QStringList classNames()
 {
     return {
-        QStringLiteral("Windows.Data.Xml.Dom.XmlDocument"),
-        QStringLiteral("Windows.UI.Notifications.ToastNotificationManager"),
-        QStringLiteral("Windows.UI.Notifications.ToastNotification")};
-}
-
-void reset(const QString& failingCall)
-{
-    records() = {};
-    records().failingCall = failingCall;
-}
-
-QStringList calls()
-{
-    return records().calls;
-}
-
-QString applicationId()
-{
-    return records().applicationId;
-}
-
-QStringList shownTexts()
-{
-    return records().shownTexts;
+        QString::fromWCharArray(toast::kXmlDocumentClass),
+        QString::fromWCharArray(toast::kToastManagerClass),
+        QString::fromWCharArray(toast::kToastClass)};
 }
 
 int liveObjects()
@@ -216,21 +252,11 @@ DllGetActivationFactory(HSTRING className, IActivationFactory** factory);
 HRESULT WINAPI DllGetActivationFactory(HSTRING className, IActivationFactory** factory)
 {
     using namespace faketoast;
+    const QString name = toQString(className);
     *factory = nullptr;
-    const qsizetype index = classNames().indexOf(toQString(className));
-    if (index < 0) {
+    if (!classNames().contains(name) || FAILED(record(u"class "_qs + name.section(u'.', -1)))) {
         return CLASS_E_CLASSNOTAVAILABLE;
     }
-    if (const HRESULT refused =
-            record(QStringLiteral("class ") + classNames().at(index).section(u'.', -1));
-        FAILED(refused))
-    {
-        return refused;
-    }
-    switch (index) {
-    case 0: *factory = std::make_unique<DocumentClass>().release(); break;
-    case 1: *factory = std::make_unique<ManagerClass>().release(); break;
-    default: *factory = std::make_unique<ToastClass>().release(); break;
-    }
+    *factory = std::make_unique<Classes>().release();
     return S_OK;
 }

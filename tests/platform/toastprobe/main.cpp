@@ -1,4 +1,4 @@
-#include "../activator.h"
+#include "../com.h"
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/platform/notifications.h>
 
@@ -24,32 +24,28 @@
 ///                    names and ends when the file goes
 namespace {
 
-CLSID activatorClass()
+/// What COM gives for a click, as it is asked for one: printed, and null when there is none.
+ui::test::Activator* createActivator()
 {
     CLSID classId{};
     CLSIDFromString(morrant::native::kActivatorClassId, &classId);
-    return classId;
-}
-
-HRESULT createActivator(REFIID interfaceId, void** object)
-{
-    return CoCreateInstance(activatorClass(), nullptr, CLSCTX_LOCAL_SERVER, interfaceId, object);
+    void* object = nullptr;
+    const HRESULT created =
+        CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, ui::test::Activator::kId, &object);
+    std::printf("created %s\n", SUCCEEDED(created) ? "yes" : "no");
+    return static_cast<ui::test::Activator*>(object);
 }
 
 /// The click comes in on a thread of COM's, which there is when the host is multithreaded.
 void clickFrom(bool otherThread)
 {
-    const auto click = [] {
-        const HRESULT entered = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-        void* object = nullptr;
-        const HRESULT created = createActivator(Activator::kId, &object);
-        std::printf("created %s\n", SUCCEEDED(created) ? "yes" : "no");
-        if (SUCCEEDED(created)) {
-            auto* activator = static_cast<Activator*>(object);
+    const auto click = [otherThread] {
+        const bool entered = otherThread && ui::test::enterApartment("mta");
+        if (auto* activator = createActivator()) {
             activator->Activate(L"", L"", nullptr, 0);
             activator->Release();
         }
-        if (SUCCEEDED(entered)) {
+        if (entered) {
             CoUninitialize();
         }
     };
@@ -62,22 +58,9 @@ void clickFrom(bool otherThread)
     thread->wait();
 }
 
-void printApartment(const char* when)
+int live(int argc, char** argv, const QByteArray& apartment)
 {
-    const ApartmentState state = apartmentState();
-    std::printf(
-        "%s %s\n",
-        when,
-        state == ApartmentState::None            ? "none"
-        : state == ApartmentState::MultiThreaded ? "mta"
-                                                 : "sta");
-}
-
-int live(int argc, char** argv, bool multithreaded)
-{
-    if (multithreaded) {
-        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    }
+    const bool entered = ui::test::enterApartment(apartment);
     registerWithNotificationServer();
     sendNotification("before", "the application");
     const bool registered = morrant::native::registerFontFile(argv[3]);
@@ -88,27 +71,23 @@ int live(int argc, char** argv, bool multithreaded)
             const bool here = QThread::currentThread() == qApp->thread();
             std::printf("clicked %s\n", here ? "on the GUI thread" : "elsewhere");
         });
-        clickFrom(multithreaded);
+        clickFrom(entered);
         QCoreApplication::processEvents();
     }
-    printApartment("afterwards");
-    void* object = nullptr;
-    std::printf("offered %s\n", SUCCEEDED(createActivator(IID_IUnknown, &object)) ? "yes" : "no");
-    if (multithreaded) {
+    std::printf("afterwards %s\n", ui::test::apartment());
+    createActivator();
+    if (entered) {
         CoUninitialize();
     }
-    printApartment("end");
+    std::printf("end %s\n", ui::test::apartment());
     return 0;
 }
 
 int askForActivator()
 {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    void* object = nullptr;
-    const HRESULT created = createActivator(IID_IUnknown, &object);
-    std::printf("created %s\n", SUCCEEDED(created) ? "yes" : "no");
-    if (SUCCEEDED(created)) {
-        static_cast<IUnknown*>(object)->Release();
+    ui::test::enterApartment("sta");
+    if (auto* activator = createActivator()) {
+        activator->Release();
     }
     CoUninitialize();
     return 0;
@@ -147,7 +126,7 @@ int main(int argc, char** argv)
     } else if (mode == "send") {
         sendNotification("a", "b");
     } else if (mode == "life" && argc == 4) {
-        return live(argc, argv, QByteArray(argv[2]) == "mta");
+        return live(argc, argv, argv[2]);
     } else if (mode == "click") {
         return askForActivator();
     } else if (mode == "-ToastActivated") {

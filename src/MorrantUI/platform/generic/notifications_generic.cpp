@@ -1,10 +1,14 @@
 #include "MorrantUI/log.h"
 #include <MorrantUI/platform/notifications.h>
 
-static void logUnsupported()
+namespace {
+
+void logUnsupported()
 {
     ui::log::warning("Notifications are only supported on Windows 10.");
 }
+
+} // namespace
 
 void registerWithNotificationServer()
 {

@@ -10,32 +10,42 @@
 
 namespace morrant::native::system {
 
+namespace {
+
 /// Null, which every call below refuses, when Qt draws somewhere else: off screen a window's number
 /// is no handle.
-static HWND handleOf(const QWindow& window)
+HWND handleOf(const QWindow& window)
 {
     const bool onDesktop = QGuiApplication::platformName() == u"windows";
     return onDesktop ? reinterpret_cast<HWND>(window.winId()) : nullptr;
 }
 
-static bool isAlwaysOnTop(HWND handle)
+bool isAlwaysOnTop(HWND handle)
 {
     return (GetWindowLongPtrW(handle, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }
 
 /// The ordinary window just above a window's owner; null when there is none.
-static HWND neighbourAboveOwner(HWND handle)
+HWND neighbourAboveOwner(HWND handle)
 {
     const HWND owner = GetWindow(handle, GW_OWNER);
     const HWND neighbour = owner ? GetWindow(owner, GW_HWNDPREV) : nullptr;
     return neighbour && !isAlwaysOnTop(neighbour) ? neighbour : nullptr;
 }
 
-static void moveBehind(HWND handle, HWND other)
+void moveBehind(HWND handle, HWND other)
 {
     SetWindowPos(
         handle, other, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
 }
+
+BOOL CALLBACK addHandle(HWND handle, LPARAM handles)
+{
+    reinterpret_cast<std::vector<HWND>*>(handles)->push_back(handle);
+    return TRUE;
+}
+
+} // namespace
 
 void setDarkTitleBar(QWindow& window)
 {
@@ -78,12 +88,6 @@ void setAlwaysOnTop(QWindow& window, bool on)
     if (neighbour) {
         moveBehind(handle, neighbour);
     }
-}
-
-static BOOL CALLBACK addHandle(HWND handle, LPARAM handles)
-{
-    reinterpret_cast<std::vector<HWND>*>(handles)->push_back(handle);
-    return TRUE;
 }
 
 QWindowList windowsFromTop()

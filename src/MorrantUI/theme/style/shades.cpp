@@ -1,7 +1,6 @@
 #include "MorrantUI/theme/style/shades.h"
 
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/drawing.h>
 
 #include <QStyleOption>
 #include <QWidget>

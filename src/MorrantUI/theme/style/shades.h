@@ -1,11 +1,15 @@
 #pragma once
 
+#include <MorrantUI/theme/drawing.h>
+
 #include <QPalette>
 
 class QStyleOption;
 class QWidget;
 
 namespace ui::style {
+
+using ui::kDisabledOpacity;
 
 /// What a control's state does to its colours, read once from the option.
 struct Mood

@@ -15,7 +15,6 @@ using ui::drawFocusRing;
 using ui::drawTick;
 using ui::fillRounded;
 using ui::fillSharp;
-using ui::kDisabledOpacity;
 using ui::strokeRounded;
 
 inline constexpr double kRadius = kCornerRadius;
