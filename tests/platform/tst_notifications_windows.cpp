@@ -56,7 +56,7 @@ private Q_SLOTS:
         QStringList calls;
         for (const auto& [step, line] : steps) {
             calls << step;
-            faketoast::notes() = {.failingCall = step};
+            faketoast::notes() = {step, {}, {}, {}};
             sendNotification("Saved", "All is well");
             QCOMPARE(takeLog(), QStringList(QLatin1String(line)));
             QCOMPARE(faketoast::notes().calls, calls);

@@ -1,9 +1,5 @@
 #include "gallery/StateSheet.h"
-#include "support/FakePointer.h"
-#include "support/TestCase.h"
-#include "support/paths.h"
-#include "support/themes.h"
-#include <MorrantUI/theme/VisualDesignDark.h>
+#include "studiotest.h"
 
 #include <QAbstractButton>
 #include <QGridLayout>
@@ -17,9 +13,7 @@ struct OpenSheet : StateSheet
 {
     OpenSheet()
     {
-        show();
-        activateWindow();
-        [this] { QVERIFY(QTest::qWaitForWindowActive(this)); }();
+        studio::test::showActive(*this);
         QCoreApplication::processEvents();
     }
 
@@ -42,15 +36,11 @@ constexpr int kLastState = 6;
 
 } // namespace
 
-class GalleryTest : public ui::test::TestCase
+class GalleryTest : public studio::test::StudioTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-    }
 
     void everyStateOfAControlLooksDifferentFromRest()
     {

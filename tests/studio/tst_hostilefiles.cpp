@@ -63,10 +63,6 @@ Picture enlarged(const Document& document)
     return picture;
 }
 
-} // namespace
-
-namespace {
-
 /// Small files that are valid and ask for far too much, or for odd things. Before there was a
 /// budget each of the costly ones kept the window busy for minutes.
 class HostileFilesTest : public ui::test::TestCase
@@ -74,43 +70,30 @@ class HostileFilesTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatCostsTooMuchIsLeftUnfinishedAndNamed_data()
+    void whatCostsTooMuchIsLeftUnfinishedAndNamed()
     {
-        QTest::addColumn<QByteArray>("layers");
-        QTest::addColumn<QByteArray>("extra");
-        const auto row =
-            [](const char* name, const QByteArray& layers, const QByteArray& extra = {}) {
-                QTest::newRow(name) << layers << extra;
-            };
-        const QByteArray named = R"("nm":"heavy",)";
-        const auto shapes = [&](const char* name, const QByteArray& items) {
-            row(name, layer(named + R"("ty":4,"ks":{},"shapes":[)" + items + "]"));
+        const auto heavy = [](const QByteArray& shapes) {
+            return documentOf(layer(R"("nm":"heavy","ty":4,"ks":{},"shapes":[)" + shapes + "]"));
         };
-        shapes("every fill takes all paths above it", list(kRect + "," + kFill, 20'000));
-        shapes("a line of a million dashes", dashed("1", "1e7"));
-        shapes("paths that may all cross", list(kRect, 3000) + R"(,{"ty":"mm","mm":5},)" + kFill);
-        shapes("groups in groups, each faded as one", nestedGroups(100, list(kRect, 5000)));
         const QByteArray solids = list(
             R"({"nm":"heavy","ty":4,"op":100,"ks":{"o":{"k":50}},"shapes":[)" + kRect + "," + kFill
                 + "," + kFill + "]}",
             700);
-        row("layers faded as one",
-            list(layer(R"("ty":0,"refId":"c")"), 70),
-            R"("assets":[{"id":"c","layers":[)" + solids + "]}],");
-    }
-
-    void whatCostsTooMuchIsLeftUnfinishedAndNamed()
-    {
-        QFETCH(QByteArray, layers);
-        QFETCH(QByteArray, extra);
-        const Document document = documentOf(layers, extra);
-        QVERIFY(!document.main.layers.empty());
-
-        const Picture picture = enlarged(document);
-
-        QVERIFY(picture.result.unfinished);
-        QCOMPARE(picture.result.unfinished->name, u"heavy"_qs);
-        QVERIFY(picture.result.cost <= kMaxDrawCost);
+        const Document documents[] = {
+            heavy(list(kRect + "," + kFill, 20'000)), // every fill takes all paths above it
+            heavy(dashed("1", "1e7")),
+            heavy(list(kRect, 3000) + R"(,{"ty":"mm","mm":5},)" + kFill), // which may all cross
+            heavy(nestedGroups(100, list(kRect, 5000))),                  // each faded as one
+            documentOf(                                                   // layers faded as one
+                list(layer(R"("ty":0,"refId":"c")"), 70),
+                R"("assets":[{"id":"c","layers":[)" + solids + "]}],")};
+        for (const Document& document : documents) {
+            QVERIFY(!document.main.layers.empty());
+            const DrawResult result = enlarged(document).result;
+            QVERIFY(result.unfinished);
+            QCOMPARE(result.unfinished->name, u"heavy"_qs);
+            QVERIFY(result.cost <= kMaxDrawCost);
+        }
     }
 
     void aDashTooShortToSeeIsDrawnAsALine()
@@ -133,39 +116,30 @@ private Q_SLOTS:
             QColor(Qt::red));
     }
 
-    void autoOrientKeepsTheWayBeyondTheKeysAndAtRest_data()
-    {
-        QTest::addColumn<QByteArray>("position");
-        QTest::addColumn<QList<double>>("degrees"); // at frames -5, 0, 5, 10, 10.5, 20, 30
-        const QByteArray keys = // down, at rest, then right with a jump at the end
-            R"([{"t":0,"s":[0,0]},{"t":10,"s":[0,50]},{"t":20,"s":[0,50]},{"t":25,"s":[50,50],"h":1},)"
-            R"({"t":28,"s":[50,0]}])";
-        QTest::newRow("together") << R"({"k":)" + keys + "}"
-                                  << QList<double>{90, 90, 90, 90, 90, 0, 0};
-        QTest::newRow("split") << QByteArray(
-            R"({"s":true,"x":{"k":[{"t":20,"s":[0]},{"t":25,"s":[50]}]},)"
-            R"("y":{"k":[{"t":0,"s":[0]},{"t":10,"s":[50]}]}})")
-                               << QList<double>{90, 90, 90, 90, 90, 0, 0};
-        QTest::newRow("slow at both ends")
-            << QByteArray(R"({"k":[{"t":0,"s":[0,0],"o":{"x":0.6,"y":0},"i":{"x":0.4,"y":1}},)"
-                          R"({"t":20,"s":[-50,0]}]})")
-            << QList<double>(7, 180);
-        QTest::newRow("never moved") << QByteArray(R"({"k":[3,4]})") << QList<double>(7, 0);
-    }
-
     void autoOrientKeepsTheWayBeyondTheKeysAndAtRest()
     {
-        QFETCH(QByteArray, position);
-        QFETCH(QList<double>, degrees);
-        const Layer turning = onlyLayer(R"("ty":3,"ao":1,"ks":{"p":)" + position + "}");
         constexpr double kFrames[] = {-5, 0, 5, 10, 10.5, 20, 30};
-        for (qsizetype i = 0; i < degrees.size(); ++i) {
-            const SkMatrix matrix = matrixAt(turning.transform, kFrames[i]);
-            const double seen =
-                qRadiansToDegrees(std::atan2(matrix.getSkewY(), matrix.getScaleX()));
-            QVERIFY2(
-                qAbs(std::remainder(seen - degrees.at(i), 360)) < 0.01,
-                qPrintable(u"%1 degrees at frame %2"_qs.arg(seen).arg(kFrames[i])));
+        const QList<double> turning{90, 90, 90, 90, 90, 0, 0}; // down, at rest, then right
+        const std::pair<QByteArray, QList<double>> cases[] = {
+            {R"({"k":[{"t":0,"s":[0,0]},{"t":10,"s":[0,50]},{"t":20,"s":[0,50]},)"
+             R"({"t":25,"s":[50,50],"h":1},{"t":28,"s":[50,0]}]})", // with a jump at the end
+             turning},
+            {R"({"s":true,"x":{"k":[{"t":20,"s":[0]},{"t":25,"s":[50]}]},)"
+             R"("y":{"k":[{"t":0,"s":[0]},{"t":10,"s":[50]}]}})",
+             turning},
+            {R"({"k":[{"t":0,"s":[0,0],"o":{"x":0.6,"y":0},"i":{"x":0.4,"y":1}},)" // slow ends
+             R"({"t":20,"s":[-50,0]}]})",
+             QList<double>(7, 180)},
+            {R"({"k":[3,4]})", QList<double>(7, 0)}};
+        for (const auto& [position, degrees] : cases) {
+            const Layer turned = onlyLayer(R"("ty":3,"ao":1,"ks":{"p":)" + position + "}");
+            for (qsizetype i = 0; i < degrees.size(); ++i) {
+                const SkMatrix matrix = matrixAt(turned.transform, kFrames[i]);
+                const double seen =
+                    qRadiansToDegrees(std::atan2(matrix.getSkewY(), matrix.getScaleX()));
+                const bool isRight = qAbs(std::remainder(seen - degrees.at(i), 360)) < 0.01;
+                QVERIFY2(isRight, position + " at " + QByteArray::number(kFrames[i]));
+            }
         }
     }
 

@@ -4,6 +4,9 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <iterator>
+#include <tuple>
+
 using namespace studio;
 using Kind = LayoutNode::Kind;
 
@@ -60,69 +63,56 @@ QByteArray nested(int depth)
            + '}';
 }
 
-} // namespace
-
-namespace {
-
 class LayoutTest : public ui::test::TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void badFilesAreRefusedWithAReason_data()
-    {
-        QTest::addColumn<QByteArray>("json");
-        const auto row = [](const char* name, const QByteArray& json) {
-            QTest::newRow(name) << json;
-        };
-        const auto root = [](const char* name, const QByteArray& node) {
-            QTest::newRow(name) << QByteArray(R"({"version":1,"root":)" + node + '}');
-        };
-        const auto more = [](const char* name, const QByteArray& members) {
-            QTest::newRow(name) << QByteArray(
-                R"({"version":1,"root":{"type":"panel","panel":"a"},)" + members + '}');
-        };
-        row("nothing", "");
-        row("cut", R"({"version":1,"root":{)");
-        row("a list", "[]");
-        row("no version", R"({"root":{"type":"panel","panel":"a"}})");
-        row("a later version", R"({"version":2,"root":{"type":"panel","panel":"a"}})");
-        row("no root", R"({"version":1})");
-        row("too deep", nested(kMaxLayoutNesting + 1));
-        row("far too deep", nested(100'000));
-        root("no type", R"({"panel":"a"})");
-        root("no name", R"({"type":"panel"})");
-        root("a number for a name", R"({"type":"panel","panel":7})");
-        root("no orientation", R"({"type":"group","children":[]})");
-        root("children that are none", R"({"type":"tabGroup","active":0,"children":{}})");
-        root("a child that is none", R"({"type":"tabGroup","active":0,"children":[7]})");
-        root("no active", R"({"type":"tabGroup","children":[{"type":"panel","panel":"a"}]})");
-        root(
-            "no such tab",
-            R"({"type":"tabGroup","active":1,"children":[{"type":"panel","panel":"a"}]})");
-        for (const char* sizes : {"[1,2]", "[-1]", "[1.5]", "[1e300]", "[\"1\"]", "1"}) {
-            root(
-                sizes,
-                QByteArray(R"({"type":"group","orientation":"vertical","sizes":)") + sizes
-                    + R"(,"children":[{"type":"panel","panel":"a"}]})");
-        }
-        more("a panel twice", R"("closed":["a"])");
-        more("closed that is no list", R"("closed":"b")");
-        more("a window without a size", R"("windowSize":[0,100])");
-        more("a window far away", R"("windowPosition":[0,100001])");
-        more("maximised a little", R"("maximized":0.5)");
-        more("no geometry", R"("floating":[{"root":{"type":"panel","panel":"b"}}])");
-        more(
-            "no area",
-            R"("floating":[{"geometry":[0,0,0,9],"root":{"type":"panel","panel":"b"}}])");
-    }
-
     void badFilesAreRefusedWithAReason()
     {
-        QFETCH(QByteArray, json);
-        const LayoutResult result = readLayout(json);
-        QVERIFY(!result);
-        QVERIFY(!result.error.isEmpty() && !result.error.contains(u'\n'));
+        const char* const whole[] = {
+            "",
+            R"({"version":1,"root":{)",
+            "[]",
+            R"({"root":{"type":"panel","panel":"a"}})",
+            R"({"version":2,"root":{"type":"panel","panel":"a"}})",
+            R"({"version":1})"};
+        const char* const roots[] = {
+            R"({"panel":"a"})",
+            R"({"type":"panel"})",
+            R"({"type":"panel","panel":7})",
+            R"({"type":"group","children":[]})",
+            R"({"type":"tabGroup","active":0,"children":{}})",
+            R"({"type":"tabGroup","active":0,"children":[7]})",
+            R"({"type":"tabGroup","children":[{"type":"panel","panel":"a"}]})",
+            R"({"type":"tabGroup","active":1,"children":[{"type":"panel","panel":"a"}]})"};
+        const char* const more[] = {
+            R"("closed":["a"])", // a panel twice
+            R"("closed":"b")",
+            R"("windowSize":[0,100])",
+            R"("windowPosition":[0,100001])",
+            R"("maximized":0.5)",
+            R"("floating":[{"root":{"type":"panel","panel":"b"}}])",
+            R"("floating":[{"geometry":[0,0,0,9],"root":{"type":"panel","panel":"b"}}])"};
+        QByteArrayList files{nested(kMaxLayoutNesting + 1), nested(100'000)};
+        std::copy(std::begin(whole), std::end(whole), std::back_inserter(files));
+        for (const char* root : roots) {
+            files << QByteArray(R"({"version":1,"root":)") + root + '}';
+        }
+        for (const char* sizes : {"[1,2]", "[-1]", "[1.5]", "[1e300]", "[\"1\"]", "1"}) {
+            files << QByteArray(R"({"version":1,"root":{"type":"group","orientation":"vertical",)")
+                         + R"("sizes":)" + sizes
+                         + R"(,"children":[{"type":"panel","panel":"a"}]}})";
+        }
+        for (const char* members : more) {
+            files << QByteArray(R"({"version":1,"root":{"type":"panel","panel":"a"},)") + members
+                         + '}';
+        }
+        for (const QByteArray& file : files) {
+            const LayoutResult result = readLayout(file);
+            QVERIFY2(!result, file.left(200));
+            QVERIFY(!result.error.isEmpty() && !result.error.contains(u'\n'));
+        }
         QVERIFY2(readLayout(nested(kMaxLayoutNesting)), "as deep as is allowed");
     }
 
@@ -146,54 +136,44 @@ private Q_SLOTS:
         QVERIFY(!readLayoutFile(folder.path()));
     }
 
-    void aLayoutFitsThePanelsThereAre_data()
+    void aLayoutFitsThePanelsThereAre()
     {
-        QTest::addColumn<LayoutNode>("root");
-        QTest::addColumn<QString>("expected");
-        QTest::addColumn<QList<int>>("sizes");
+        const QStringList panels{u"a"_qs, u"b"_qs, u"c"_qs};
         const LayoutNode a = panel(u"a"_qs);
         const LayoutNode b = panel(u"b"_qs);
         const LayoutNode c = panel(u"c"_qs);
         const LayoutNode x = panel(u"x"_qs);
         const LayoutNode y = panel(u"y"_qs);
-        QTest::newRow("as it is") << row({a, tabs({b, c}, 1)}, {1, 2}) << u"row(a tabs(b *c))"_qs
-                                  << QList{1, 2};
-        QTest::newRow("nothing") << LayoutNode() << u"row(a b c)"_qs << QList<int>();
-        QTest::newRow("a panel only") << c << u"row(c a b)"_qs << QList<int>();
-        QTest::newRow("unknown panels")
-            << column({x, row({a, x}), tabs({x, b, y, c}, 3)}, {1, 2, 3})
-            << u"column(a tabs(b *c))"_qs << QList{2, 3};
-        QTest::newRow("nothing known in it")
-            << row({tabs({x, y}, 1)}) << u"row(a b c)"_qs << QList<int>();
-        QTest::newRow("some missing")
-            << column({a, column({b})}, {10, 20}) << u"column(a b c)"_qs << QList{10, 20, 15};
-        QTest::newRow("the tab in front is gone")
-            << row({tabs({a, b, x}, 2), c}) << u"row(tabs(*a b) c)"_qs << QList<int>();
-        QTest::newRow("twice") << row({a, b, row({c, b, a})}) << u"row(a b c)"_qs << QList<int>();
-        QTest::newRow("a lone group")
-            << row({column({b, c}, {4, 5})}, {9}) << u"column(b c a)"_qs << QList{4, 5, 4};
-    }
+        const std::tuple<LayoutNode, const char*, QList<int>> cases[] = {
+            {row({a, tabs({b, c}, 1)}, {1, 2}), "row(a tabs(b *c))", {1, 2}},
+            {LayoutNode(), "row(a b c)", {}},
+            {c, "row(c a b)", {}},
+            {column({x, row({a, x}), tabs({x, b, y, c}, 3)}, {1, 2, 3}),
+             "column(a tabs(b *c))",
+             {2, 3}},
+            {row({tabs({x, y}, 1)}), "row(a b c)", {}}, // nothing known in it
+            {column({a, column({b})}, {10, 20}), "column(a b c)", {10, 20, 15}},
+            {row({tabs({a, b, x}, 2), c}), "row(tabs(*a b) c)", {}}, // the tab in front is gone
+            {row({a, b, row({c, b, a})}), "row(a b c)", {}},
+            {row({column({b, c}, {4, 5})}, {9}), "column(b c a)", {4, 5, 4}}}; // a lone group
+        for (const auto& [root, expected, sizes] : cases) {
+            const Layout layout = fitted(layoutOf(root), panels);
+            QCOMPARE(text(layout.root), QLatin1String(expected));
+            QCOMPARE(layout.root.sizes, sizes);
+            QVERIFY(fitted(layout, panels) == layout);
 
-    void aLayoutFitsThePanelsThereAre()
-    {
-        QFETCH(LayoutNode, root);
-        const QStringList panels{u"a"_qs, u"b"_qs, u"c"_qs};
-        const Layout layout = fitted(layoutOf(root), panels);
-        QTEST(text(layout.root), "expected");
-        QTEST(layout.root.sizes, "sizes");
-        QVERIFY(fitted(layout, panels) == layout);
-
-        // Elsewhere panels are not missing; twice they are where they were found first.
-        Layout spread = layoutOf(panel(u"c"_qs));
-        spread.floating = {{QRect(0, 0, 9, 9), root}, {QRect(0, 0, 9, 9), panel(u"x"_qs)}};
-        spread.closed = QStringList{u"c"_qs, u"x"_qs, u"b"_qs};
-        spread = fitted(spread, panels);
-        QStringList all = panelsOf(spread.root) + spread.closed;
-        for (const FloatingWindow& window : spread.floating) {
-            all += panelsOf(window.root);
+            // Elsewhere panels are not missing; twice they are where they were found first.
+            Layout spread = layoutOf(c);
+            spread.floating = {{QRect(0, 0, 9, 9), root}, {QRect(0, 0, 9, 9), x}};
+            spread.closed = QStringList{u"c"_qs, u"x"_qs, u"b"_qs};
+            spread = fitted(spread, panels);
+            QStringList all = panelsOf(spread.root) + spread.closed;
+            for (const FloatingWindow& window : spread.floating) {
+                all += panelsOf(window.root);
+            }
+            all.sort();
+            QCOMPARE(all, panels);
         }
-        all.sort();
-        QCOMPARE(all, panels);
     }
 
     void neighboursAreToldFromTheInside()

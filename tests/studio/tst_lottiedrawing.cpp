@@ -64,16 +64,20 @@ class LottieDrawingTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    // The pixels are ten apart, from the fifth on; the last one lies beside the document.
-    void aLineOfPixelsShowsWhatItShould_data()
+    void aLineOfPixelsShowsWhatItShould()
     {
-        QTest::addColumn<QByteArray>("layers");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::addColumn<double>("y");
-
+        const QByteArray ground = R"("sw":100,"sh":100,"ip":0,"op":100,"ty":1})";
+        const QByteArray solids = R"({"sc":"#ff0000",)" + ground + R"(,{"sc":"#00ff00",)" + ground;
+        const QByteArray assets = R"("assets":[{"id":"c","layers":[)" + solids + "]}],";
+        // The pixels are ten apart, from the fifth on; the last one lies beside the document.
         const auto row =
-            [](const char* name, const QByteArray& layers, const char* expected, double y = 50) {
-                QTest::newRow(name) << layers << QByteArray(expected) << y;
+            [&](const char* name, const QByteArray& layers, const char* expected, double y = 50) {
+                const QImage image = frameOf(documentOf(layers, assets), 5);
+                QByteArray seen;
+                for (double x = 5; x < 110; x += 10) {
+                    seen += letterOf(pixelAt(image, {x, y}));
+                }
+                QVERIFY2(seen == expected, QByteArray(name) + ": " + seen);
             };
         const QByteArray left = rect("40,50", "40,40");
         const QByteArray right = rect("60,50", "40,40");
@@ -136,25 +140,6 @@ private Q_SLOTS:
             "..RRRRRR...");
         row("and a time of its own", layer(inner + R"("st":10)"), "...........");
         row("and fades as one", layer(inner + R"("ks":{"o":{"k":50}})"), "rrrrrr.....");
-    }
-
-    void aLineOfPixelsShowsWhatItShould()
-    {
-        QFETCH(QByteArray, layers);
-        QFETCH(double, y);
-        const QByteArray solid = R"("sw":100,"sh":100,"ip":0,"op":100,"ty":1})";
-        const QByteArray solids = R"({"sc":"#ff0000",)" + solid + R"(,{"sc":"#00ff00",)" + solid;
-        const Document document =
-            documentOf(layers, R"("assets":[{"id":"c","layers":[)" + solids + "]}],");
-        QVERIFY(!document.main.layers.empty());
-
-        const QImage image = frameOf(document, 5);
-
-        QByteArray seen;
-        for (double x = 5; x < 110; x += 10) {
-            seen += letterOf(pixelAt(image, {x, y}));
-        }
-        QTEST(seen, "expected");
     }
 
     void everyFileOpensAndMovesByItsKeys()

@@ -1,17 +1,12 @@
-#include "NoticeBar.h"
-#include "Player.h"
-#include "StudioWindow.h"
-#include "Viewport.h"
-#include "support/FakePointer.h"
-#include "support/TestCase.h"
-#include "support/paths.h"
-#include "support/themes.h"
-#include <MorrantUI/theme/VisualDesignDark.h>
+
+#include "studiotest.h"
 
 #include <QDir>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QWheelEvent>
+
+#include <tuple>
+#include <vector>
 
 using namespace studio;
 
@@ -69,29 +64,21 @@ QString written(const QTemporaryDir& folder, const QString& name, const QByteArr
     return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() ? path : QString();
 }
 
-void show(StudioWindow& window)
+struct OpenWindow : StudioWindow
 {
-    QVERIFY(window.openFile(samplePaths().first()));
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
-} // namespace
-
-namespace {
+    OpenWindow()
+    {
+        [this] { QVERIFY(openFile(samplePaths().first())); }();
+        studio::test::showActive(*this);
+    }
+};
 
 /// The program as its user starts it, and what its keys and buttons do away from the editor.
-class ProgramTest : public ui::test::TestCase
+class ProgramTest : public studio::test::StudioTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-    }
 
     void picturesOfAGoodFileAreWrittenAtBothRatios()
     {
@@ -116,85 +103,56 @@ private Q_SLOTS:
         }
     }
 
-    void failuresAreOneLine_data()
-    {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("fileName");
-        QTest::addColumn<QString>("folderName");
-        QTest::newRow("a bad file") << QByteArray("[]") << u"bad.json"_qs << u"out"_qs;
-        if (QSysInfo::kernelType() != u"winnt") { // where no file can be called so
-            QTest::newRow("a name of two lines")
-                << QByteArray("[]") << u"a\nb.json"_qs << u"out"_qs;
-        }
-        QTest::newRow("a folder that is a file")
-            << QByteArray(R"({"fr":10,"ip":0,"op":2,"w":20,"h":10,"layers":[]})") << u"good.json"_qs
-            << u"good.json"_qs;
-    }
-
     void failuresAreOneLine()
     {
-        QFETCH(QByteArray, text);
-        QFETCH(QString, fileName);
-        QFETCH(QString, folderName);
-        const QTemporaryDir folder;
-        const QString file = written(folder, fileName, text);
-        const QString out = folder.filePath(folderName);
-
-        const Ended ended = runStudio({u"--pictures"_qs, out, file});
-
-        QCOMPARE(ended.exitCode, 1);
-        QCOMPARE(ended.output, QStringList());
-        QCOMPARE(ended.errors.size(), 1);
-        QVERIFY2(
-            ended.errors.first().contains(QString(fileName).replace(u'\n', u'?')),
-            qPrintable(ended.errors.first()));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
+        const QByteArray good = R"({"fr":10,"ip":0,"op":2,"w":20,"h":10,"layers":[]})";
+        std::vector<std::tuple<QByteArray, QString, QString>> cases{
+            {"[]", u"bad.json"_qs, u"out"_qs},
+            {good, u"good.json"_qs, u"good.json"_qs}}; // a folder that is a file
+        if (QSysInfo::kernelType() != u"winnt") {      // where no file can be called so
+            cases.emplace_back("[]", u"a\nb.json"_qs, u"out"_qs);
+        }
+        for (const auto& [text, fileName, folderName] : cases) {
+            const QTemporaryDir folder;
+            const QString file = written(folder, fileName, text);
+            const Ended ended = runStudio({u"--pictures"_qs, folder.filePath(folderName), file});
+            QCOMPARE(ended.exitCode, 1);
+            QCOMPARE(ended.output, QStringList());
+            QCOMPARE(ended.errors.size(), 1);
+            const QString name = QString(fileName).replace(u'\n', u'?');
+            QVERIFY2(ended.errors.first().contains(name), qPrintable(ended.errors.first()));
+            QCOMPARE(
+                QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
+        }
     }
 
     void keysOfTheEditorRestInTheGallery()
     {
-        StudioWindow window;
-        show(window);
+        OpenWindow window;
         window.setGalleryShown(true);
         const double scale = window.viewport().mapping().scale;
-        QTest::keyClick(&window, Qt::Key_Space);
-        QTest::keyClick(&window, Qt::Key_End);
-        QTest::keyClick(&window, Qt::Key_Plus);
+        for (const auto key : {Qt::Key_Space, Qt::Key_End, Qt::Key_Plus}) {
+            QTest::keyClick(&window, key);
+        }
         QVERIFY(!window.player().isPlaying());
         QCOMPARE(window.player().frame(), window.player().range().first);
         QCOMPARE(window.viewport().mapping().scale, scale);
-
+        QVERIFY(!window.openFile(u":/samples"_qs)); // a notice is seen here too
+        QVERIFY(window.notice().isVisible() && !window.viewport().isVisible());
         window.setGalleryShown(false);
         QTest::keyClick(&window, Qt::Key_Space);
         QVERIFY(window.player().isPlaying());
     }
 
-    void aNoticeIsSeenInTheGallery()
-    {
-        StudioWindow window;
-        show(window);
-        window.setGalleryShown(true);
-        QVERIFY(!window.openFile(u":/samples"_qs));
-        QVERIFY(window.notice().isVisible());
-        QVERIFY(!window.viewport().isVisible());
-    }
-
     void onlyTurningTheWheelUpOrDownZooms()
     {
-        StudioWindow window;
-        show(window);
+        OpenWindow window;
         Viewport& viewport = window.viewport();
         const auto turn = [&viewport](QPoint delta) {
             const QPointF at(50, 50);
-            QWheelEvent event(
-                at,
-                viewport.mapToGlobal(at),
-                {},
-                delta,
-                Qt::NoButton,
-                Qt::NoModifier,
-                Qt::NoScrollPhase,
-                false);
+            const QPointF global = viewport.mapToGlobal(at);
+            const auto none = Qt::NoButton;
+            QWheelEvent event(at, global, {}, delta, none, {}, Qt::NoScrollPhase, false);
             QApplication::sendEvent(&viewport, &event);
         };
         const double before = viewport.mapping().scale;
@@ -208,8 +166,7 @@ private Q_SLOTS:
 
     void aPanEndsWithItsButtonOrTheFocus()
     {
-        StudioWindow window;
-        show(window);
+        OpenWindow window;
         Viewport& viewport = window.viewport();
         ui::test::FakePointer pointer(&viewport);
         pointer.moveTo({50, 50});

@@ -1,21 +1,10 @@
 #include "FrameSlider.h"
 #include "MissingPanel.h"
-#include "NoticeBar.h"
-#include "Player.h"
-#include "StudioWindow.h"
-#include "Viewport.h"
-#include "lottietexts.h"
-#include "support/FakePointer.h"
-#include "support/TestCase.h"
-#include "support/paths.h"
-#include "support/pixels.h"
-#include "support/themes.h"
-#include <MorrantUI/theme/VisualDesignDark.h>
+#include "controls/PaintCounter.h"
+#include "studiotest.h"
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/events.h>
 
 #include <QMimeData>
-#include <QTemporaryDir>
 
 using namespace studio;
 using ui::test::pixelAt;
@@ -29,19 +18,12 @@ std::shared_ptr<Document> halfRed()
         studio::test::layer(R"("ty":1,"sw":100,"sh":100,"sc":"#ff0000")"), R"("w":200,"op":20,)"));
 }
 
-void activate(QWidget& widget)
-{
-    widget.show();
-    widget.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&widget));
-}
-
 struct OpenWindow : StudioWindow
 {
     OpenWindow()
     {
         openDocument(halfRed(), u"open"_qs);
-        activate(*this);
+        studio::test::showActive(*this);
     }
 };
 
@@ -56,15 +38,11 @@ void drop(StudioWindow& window, const QMimeData& data)
 
 } // namespace
 
-class StudioWindowTest : public ui::test::TestCase
+class StudioWindowTest : public studio::test::StudioTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-    }
 
     void aBadFileLeavesTheOpenDocument()
     {
@@ -165,23 +143,17 @@ private Q_SLOTS:
 
     void onlyANewFrameRepaintsTheViewport()
     {
-        int paints = 0;
         OpenWindow window;
-        QCoreApplication::processEvents();
-        const auto count = [&paints](QObject*, QEvent* event) {
-            paints += event->type() == QEvent::Paint;
-            return false;
-        };
-        ui::installEventFilter(&window.viewport(), count, &window.viewport());
-
+        Viewport& viewport = window.viewport();
+        ui::test::PaintCounter paints(&viewport);
+        paints.take();
         window.player().seek(5);
-        QTRY_COMPARE(paints, 1);
-        window.viewport().setFrame(5);
-        window.viewport().setBackdrop(Backdrop::Chequer);
-        QCoreApplication::processEvents();
-        QCOMPARE(paints, 1);
-        window.viewport().setBackdrop(Backdrop::Light);
-        QTRY_COMPARE(paints, 2);
+        QCOMPARE(paints.take(), 1);
+        viewport.setFrame(5);
+        viewport.setBackdrop(Backdrop::Chequer);
+        QCOMPARE(paints.take(), 0);
+        viewport.setBackdrop(Backdrop::Light);
+        QCOMPARE(paints.take(), 1);
     }
 
     void theCompositionCoversItsRectangleOnly()
@@ -218,7 +190,7 @@ private Q_SLOTS:
         Viewport viewport;
         viewport.resize(464, 264);
         viewport.setDocument(halfRed());
-        activate(viewport);
+        studio::test::showActive(viewport);
         viewport.resize(864, 364);
         QTRY_COMPARE(viewport.mapping().scale, 3.0);
 

@@ -1,32 +1,16 @@
-#include "NoticeBar.h"
-#include "Player.h"
-#include "StudioWindow.h"
-#include "Workspace.h"
 #include "layout/layoutjson.h"
-#include "support/TestCase.h"
-#include "support/paths.h"
-#include "support/themes.h"
+#include "studiotest.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
-#include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <QFile>
 #include <QRandomGenerator>
 #include <QScreen>
-#include <QTemporaryDir>
 
 using namespace studio;
+using studio::test::settle;
 
 namespace {
-
-/// Closed windows are deleted, and layouts done, once control returns to the event loop.
-void settle()
-{
-    for (int round = 0; round < 3; ++round) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents();
-    }
-}
 
 /// Five empty panels, "a" to "e", in a workspace of its own.
 struct FivePanels
@@ -114,20 +98,12 @@ struct OpenWindow : StudioWindow
     DockableWindow& panel(const QString& id) { return *workspace().windowOf(id); }
 };
 
-} // namespace
-
-namespace {
-
 /// The panels in their dock tree, and where they come back.
-class WorkspaceTest : public ui::test::TestCase
+class WorkspaceTest : public studio::test::StudioTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath()).applyAppStyle();
-    }
 
     void anyArrangementComesBackAsItWas()
     {
@@ -162,44 +138,36 @@ private Q_SLOTS:
         }
     }
 
-    void everyPanelThatIsClosedCanBeShownAgain_data()
-    {
-        QTest::addColumn<bool>("isFloating");
-        QTest::newRow("docked") << false;
-        QTest::newRow("floating") << true;
-    }
-
     void everyPanelThatIsClosedCanBeShownAgain()
     {
-        QFETCH(bool, isFloating);
-        OpenWindow window;
-        Workspace& workspace = window.workspace();
-        for (const Workspace::Panel& panel : workspace.panels()) {
-            DockableWindow* shown = workspace.windowOf(panel.id);
-            if (isFloating) {
-                shown->undock(true);
-                QVERIFY(shown->close());
-            } else {
-                shown->undockAndClose();
+        for (const bool isFloating : {false, true}) {
+            OpenWindow window;
+            Workspace& workspace = window.workspace();
+            for (const Workspace::Panel& panel : workspace.panels()) {
+                DockableWindow* shown = workspace.windowOf(panel.id);
+                if (isFloating) {
+                    shown->undock(true);
+                    QVERIFY(shown->close());
+                } else {
+                    shown->undockAndClose();
+                }
+                settle();
+                QVERIFY(!workspace.isPanelOpen(panel.id) && !panel.content->isVisible());
             }
-            settle();
-            QVERIFY(!workspace.isPanelOpen(panel.id));
-            QVERIFY(!panel.content->isVisible());
+            // The others work on without them.
+            QVERIFY(window.openFile(samplePaths().last()));
+            window.selectLayer(0);
+            window.player().step(1);
+            for (const Workspace::Panel& panel : workspace.panels()) {
+                workspace.setPanelOpen(panel.id, true);
+                workspace.setPanelOpen(panel.id, true);
+                settle();
+                QCOMPARE(workspace.windowOf(panel.id)->content(), panel.content);
+                QVERIFY(panel.content->isVisible());
+                QVERIFY(!workspace.windowOf(panel.id)->isFloating());
+            }
+            QVERIFY(window.arrangement().closed.isEmpty());
         }
-        // The others work on without them.
-        QVERIFY(window.openFile(samplePaths().last()));
-        window.selectLayer(0);
-        window.player().step(1);
-        for (const Workspace::Panel& panel : workspace.panels()) {
-            workspace.setPanelOpen(panel.id, true);
-            workspace.setPanelOpen(panel.id, true);
-            settle();
-            QVERIFY(workspace.isPanelOpen(panel.id));
-            QCOMPARE(workspace.windowOf(panel.id)->content(), panel.content);
-            QCOMPARE(panel.content->isVisible(), true);
-            QVERIFY(!workspace.windowOf(panel.id)->isFloating());
-        }
-        QVERIFY(window.arrangement().closed.isEmpty());
     }
 
     void aClosedPanelComesBackToItsPlace()
@@ -319,11 +287,7 @@ private Q_SLOTS:
         const Layout before = window.arrangement();
         QCOMPARE(before.closed, QStringList());
         QCOMPARE(panelsOf(before.root).size(), qsizetype(window.workspace().panels().size()));
-        QCOMPARE(
-            qobject_cast<DockableTabGroup*>(gMainWindow->findChild<DockableTabGroup*>())
-                ->activeIndex(),
-            0);
-
+        QCOMPARE(gMainWindow->findChild<DockableTabGroup*>()->activeIndex(), 0);
         window.panel(u"viewport"_qs).undock(true);
         window.workspace().setPanelOpen(u"layers"_qs, false);
         gMainWindow->dockInArea(&window.panel(u"attributes"_qs), DockableArea::Top);

@@ -21,12 +21,6 @@ constexpr IID kInspectable{
 constexpr IID kActivationFactory{
     0x00000035, 0x0000, 0x0000, {0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
-std::atomic<int> gLiveObjects = 0;
-
-/// Stands beside bases that derive from the same.
-struct Inspectable : IInspectable
-{};
-
 /// Documents and toasts by the one address that stands for them in calls.
 std::set<const void*>& knownObjects()
 {
@@ -47,37 +41,64 @@ QString toQString(HSTRING string)
     return QString::fromWCharArray(text, static_cast<qsizetype>(length));
 }
 
-/// A counted object. Each of its interfaces has an address of its own, the first one is also that
-/// of its identity: whoever mistakes one for the other passes a wrong pointer.
-template <typename First, typename... Others>
-class Object : public First, public Others...
+/// Classes, documents, notifiers and toasts in one counted object. Each of its interfaces has an
+/// address of its own: whoever mistakes one for the other passes a wrong pointer.
+class Fake final : public IActivationFactory,
+                   public toast::IXmlDocument,
+                   public toast::IXmlDocumentIO,
+                   public toast::IToastNotification,
+                   public toast::IToastNotifier,
+                   public toast::IToastNotificationManagerStatics,
+                   public toast::IToastNotificationFactory
 {
 public:
-    Object() { ++gLiveObjects; }
-    virtual ~Object() { --gLiveObjects; }
-    Q_DISABLE_COPY_MOVE(Object)
+    Fake() { knownObjects().insert({asDocument(), asToast()}); }
+    ~Fake()
+    {
+        knownObjects().erase(asDocument());
+        knownObjects().erase(asToast());
+    }
+    Q_DISABLE_COPY_MOVE(Fake)
+
+    static Fake* make() { return std::make_unique<Fake>().release(); }
+    IActivationFactory* asFactory() { return this; }
+    toast::IXmlDocument* asDocument() { return this; }
+    toast::IToastNotification* asToast() { return this; }
+    toast::IToastNotifier* asNotifier() { return this; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override
     {
-        *object = wanted == IID_IUnknown || wanted == kInspectable ? static_cast<First*>(this)
-                                                                   : find(wanted);
-        if (*object) {
-            AddRef();
+        HRESULT refused = S_OK;
+        *object = nullptr;
+        if (wanted == toast::IXmlDocumentIO::kId) {
+            *object = static_cast<toast::IXmlDocumentIO*>(this);
+            refused = record(u"XmlDocument as IXmlDocumentIO"_qs);
+        } else if (wanted == toast::IXmlDocument::kId) {
+            *object = asDocument();
+            refused = record(u"XmlDocument as IXmlDocument"_qs);
+        } else if (wanted == toast::IToastNotificationManagerStatics::kId) {
+            *object = static_cast<toast::IToastNotificationManagerStatics*>(this);
+        } else if (wanted == toast::IToastNotificationFactory::kId) {
+            *object = static_cast<toast::IToastNotificationFactory*>(this);
+        } else if (wanted == kActivationFactory || wanted == kInspectable || wanted == IID_IUnknown)
+        {
+            *object = asFactory();
         }
-        return *object ? S_OK : E_NOINTERFACE;
+        if (!*object || FAILED(refused)) {
+            *object = nullptr;
+            return E_NOINTERFACE;
+        }
+        AddRef();
+        return S_OK;
     }
 
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
-
     ULONG STDMETHODCALLTYPE Release() override
     {
         const ULONG left = --m_references;
-        if (left == 0) {
-            const std::unique_ptr<Object> last(this);
-        }
+        const std::unique_ptr<Fake> last(left == 0 ? this : nullptr);
         return left;
     }
-
     HRESULT STDMETHODCALLTYPE GetIids(ULONG* /*count*/, IID** /*ids*/) override
     {
         return E_NOTIMPL;
@@ -85,107 +106,27 @@ public:
     HRESULT STDMETHODCALLTYPE GetRuntimeClassName(HSTRING* /*name*/) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTrustLevel(TrustLevel* /*level*/) override { return E_NOTIMPL; }
 
-protected:
-    /// The address of an interface beside the object's identity; null when there is none.
-    virtual void* find(REFIID wanted) = 0;
-
-private:
-    std::atomic<ULONG> m_references = 1;
-};
-
-class Document final : public Object<Inspectable, toast::IXmlDocument, toast::IXmlDocumentIO>
-{
-public:
-    Document() { knownObjects().insert(static_cast<toast::IXmlDocument*>(this)); }
-    ~Document() override { knownObjects().erase(static_cast<toast::IXmlDocument*>(this)); }
-
-    const QStringList& texts() const { return m_texts; }
+    HRESULT STDMETHODCALLTYPE ActivateInstance(IInspectable** instance) override
+    {
+        const HRESULT refused = record(u"new XmlDocument"_qs);
+        *instance = FAILED(refused) ? nullptr : make()->asFactory();
+        return refused;
+    }
 
     HRESULT STDMETHODCALLTYPE LoadXml(HSTRING xml) override
     {
-        if (FAILED(record(u"LoadXml"_qs))) {
-            return E_FAIL;
-        }
-        constexpr auto kDoesNotParse = static_cast<HRESULT>(0xC00CE504);
         QXmlStreamReader reader(toQString(xml));
         while (!reader.atEnd()) {
             if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == u"text") {
                 m_texts.append(reader.readElementText());
             }
         }
-        return reader.hasError() ? kDoesNotParse : S_OK;
-    }
-
-private:
-    void* find(REFIID wanted) override
-    {
-        if (wanted == toast::IXmlDocumentIO::kId) {
-            const bool fails = FAILED(record(u"XmlDocument as IXmlDocumentIO"_qs));
-            return fails ? nullptr : static_cast<toast::IXmlDocumentIO*>(this);
-        }
-        if (wanted == toast::IXmlDocument::kId) {
-            const bool fails = FAILED(record(u"XmlDocument as IXmlDocument"_qs));
-            return fails ? nullptr : static_cast<toast::IXmlDocument*>(this);
-        }
-        return nullptr;
-    }
-
-    QStringList m_texts;
-};
-
-class Toast final : public Object<Inspectable, toast::IToastNotification>
-{
-public:
-    explicit Toast(const QStringList& texts)
-        : m_texts(texts)
-    {
-        knownObjects().insert(static_cast<toast::IToastNotification*>(this));
-    }
-    ~Toast() override { knownObjects().erase(static_cast<toast::IToastNotification*>(this)); }
-
-    const QStringList& texts() const { return m_texts; }
-
-private:
-    void* find(REFIID /*wanted*/) override { return nullptr; }
-
-    QStringList m_texts;
-};
-
-class Notifier final : public Object<toast::IToastNotifier>
-{
-public:
-    HRESULT STDMETHODCALLTYPE Show(toast::IToastNotification* toast) override
-    {
-        if (FAILED(record(u"Show"_qs)) || !knownObjects().contains(toast)) {
-            return E_FAIL;
-        }
-        notes().shownTexts += static_cast<Toast*>(toast)->texts();
-        return S_OK;
-    }
-
-private:
-    void* find(REFIID /*wanted*/) override { return nullptr; }
-};
-
-/// All three classes in one: what makes documents, notifiers and toasts.
-class Classes final : public Object<
-                          IActivationFactory,
-                          toast::IToastNotificationManagerStatics,
-                          toast::IToastNotificationFactory>
-{
-public:
-    HRESULT STDMETHODCALLTYPE ActivateInstance(IInspectable** instance) override
-    {
-        if (FAILED(record(u"new XmlDocument"_qs))) {
-            return E_FAIL;
-        }
-        *instance = static_cast<Inspectable*>(std::make_unique<Document>().release());
-        return S_OK;
+        const HRESULT refused = record(u"LoadXml"_qs);
+        return reader.hasError() ? E_INVALIDARG : refused;
     }
 
     HRESULT STDMETHODCALLTYPE CreateToastNotifier(toast::IToastNotifier** /*notifier*/) override
     {
-        record(u"CreateToastNotifier"_qs);
         return HRESULT_FROM_WIN32(ERROR_NOT_FOUND); // as for every program without a package
     }
 
@@ -193,34 +134,35 @@ public:
     CreateToastNotifierWithId(HSTRING applicationId, toast::IToastNotifier** notifier) override
     {
         notes().applicationId = toQString(applicationId);
-        if (FAILED(record(u"CreateToastNotifierWithId"_qs))) {
-            return E_FAIL;
-        }
-        *notifier = std::make_unique<Notifier>().release();
-        return S_OK;
+        const HRESULT refused = record(u"CreateToastNotifierWithId"_qs);
+        *notifier = FAILED(refused) ? nullptr : make()->asNotifier();
+        return refused;
     }
 
     HRESULT STDMETHODCALLTYPE CreateToastNotification(
         toast::IXmlDocument* content, toast::IToastNotification** toast) override
     {
         if (FAILED(record(u"CreateToastNotification"_qs)) || !knownObjects().contains(content)) {
-            return E_FAIL;
+            return E_INVALIDARG;
         }
-        *toast = std::make_unique<Toast>(static_cast<Document*>(content)->texts()).release();
+        Fake* made = make();
+        made->m_texts = static_cast<Fake*>(content)->m_texts;
+        *toast = made->asToast();
+        return S_OK;
+    }
+
+    HRESULT STDMETHODCALLTYPE Show(toast::IToastNotification* toast) override
+    {
+        if (FAILED(record(u"Show"_qs)) || !knownObjects().contains(toast)) {
+            return E_INVALIDARG;
+        }
+        notes().shownTexts += static_cast<Fake*>(toast)->m_texts;
         return S_OK;
     }
 
 private:
-    void* find(REFIID wanted) override
-    {
-        if (wanted == toast::IToastNotificationManagerStatics::kId) {
-            return static_cast<toast::IToastNotificationManagerStatics*>(this);
-        }
-        if (wanted == toast::IToastNotificationFactory::kId) {
-            return static_cast<toast::IToastNotificationFactory*>(this);
-        }
-        return wanted == kActivationFactory ? static_cast<IActivationFactory*>(this) : nullptr;
-    }
+    std::atomic<ULONG> m_references = 1;
+    QStringList m_texts;
 };
 
 } // namespace
@@ -241,7 +183,7 @@ QStringList classNames()
 
 int liveObjects()
 {
-    return gLiveObjects;
+    return static_cast<int>(knownObjects().size());
 }
 
 } // namespace faketoast
@@ -257,6 +199,6 @@ HRESULT WINAPI DllGetActivationFactory(HSTRING className, IActivationFactory** f
     if (!classNames().contains(name) || FAILED(record(u"class "_qs + name.section(u'.', -1)))) {
         return CLASS_E_CLASSNOTAVAILABLE;
     }
-    *factory = std::make_unique<Classes>().release();
+    *factory = Fake::make()->asFactory();
     return S_OK;
 }

@@ -14,8 +14,7 @@
 
 /// A host that the tests start. Prints its log lines and what it finds, one a line.
 ///
-///   register         registers
-///   send             sends
+///   start            registers and sends
 ///   life none|mta FONT_FILE
 ///                    registers, sends and registers a font before there is an application, is
 ///                    clicked, ends
@@ -121,9 +120,8 @@ int main(int argc, char** argv)
 {
     spdlog::set_pattern("%l: %v");
     const QByteArray mode = argc > 1 ? argv[1] : "";
-    if (mode == "register") {
+    if (mode == "start") {
         registerWithNotificationServer();
-    } else if (mode == "send") {
         sendNotification("a", "b");
     } else if (mode == "life" && argc == 4) {
         return live(argc, argv, argv[2]);

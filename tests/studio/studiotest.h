@@ -1,0 +1,51 @@
+#pragma once
+
+#include "NoticeBar.h"
+#include "Player.h"
+#include "StudioWindow.h"
+#include "Viewport.h"
+#include "Workspace.h"
+#include "editing/DocumentEditor.h"
+#include "lottietexts.h"
+#include "support/FakePointer.h"
+#include "support/TestCase.h"
+#include "support/paths.h"
+#include "support/pixels.h"
+#include "support/themes.h"
+#include <MorrantUI/theme/VisualDesignDark.h>
+
+#include <QTemporaryDir>
+
+namespace studio::test {
+
+/// Base of the tests of windows, which have the studio's look.
+class StudioTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+protected:
+    Q_SLOT void initTestCase()
+    {
+        auto& theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
+        theme.applyAppStyle();
+        theme.setUsePointerLock(false); // a fake pointer cannot be pinned
+    }
+};
+
+inline void showActive(QWidget& widget)
+{
+    widget.show();
+    widget.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&widget));
+}
+
+/// Closed windows are deleted, and layouts done, once control returns to the event loop.
+inline void settle()
+{
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+}
+
+} // namespace studio::test
