@@ -6,6 +6,7 @@
 #include "theme/contrast.h"
 #include <MorrantUI/theme/Style.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
+#include <MorrantUI/theme/drawing.h>
 #include <MorrantUI/theme/palettes.h>
 
 #include <QtWidgets>
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <limits>
 #include <tuple>
+#include <utility>
 
 using ui::test::pixelAt;
 using ui::test::renderWidget;
@@ -21,6 +23,9 @@ namespace {
 
 constexpr int kHuge = std::numeric_limits<int>::max();
 constexpr int kTiny = std::numeric_limits<int>::min();
+constexpr QRect kPlace(3, 5, 90, 22); ///< off the pixel grid at ratios 1.25 and 1.5
+constexpr QColor kInk(255, 60, 0);
+constexpr QColor kPlainInk(0, 60, 255); ///< of the pixels for ratio 1
 
 const QStyle& style()
 {
@@ -86,6 +91,75 @@ int brightest(QWidget& widget)
     return *std::max_element(image.constBits(), image.constBits() + image.sizeInBytes());
 }
 
+/// 16 logical pixels square with a stem over the middle half, which is whole pixels at any ratio
+/// that has them for a quarter of the icon. Its pixels for ratio 1 are of another colour, and must
+/// not be enlarged.
+QIcon stemIcon()
+{
+    QPixmap plain(16, 16);
+    plain.fill(Qt::transparent);
+    QPainter(&plain).fillRect(4, 0, 8, 16, kPlainInk);
+    QPixmap pixmap(32, 32);
+    pixmap.setDevicePixelRatio(2.0);
+    pixmap.fill(Qt::transparent);
+    QPainter(&pixmap).fillRect(4, 0, 8, 16, kInk);
+    QIcon icon(plain);
+    icon.addPixmap(pixmap);
+    return icon;
+}
+
+/// Draws one control that shows the icon and nothing else.
+using DrawWithIcon = void (*)(const QIcon& icon, QPainter& painter);
+
+const std::pair<const char*, DrawWithIcon> kControls[] = {
+    {"button",
+     [](const QIcon& icon, QPainter& painter) {
+         auto option = enabledOption<QStyleOptionButton>({}, kPlace);
+         option.icon = icon;
+         option.iconSize = QSize(16, 16);
+         style().drawControl(QStyle::CE_PushButtonLabel, &option, &painter);
+     }},
+    {"tool button",
+     [](const QIcon& icon, QPainter& painter) {
+         auto option = enabledOption<QStyleOptionToolButton>(QStyle::State_AutoRaise, kPlace);
+         option.icon = icon;
+         option.iconSize = QSize(16, 16);
+         option.subControls = QStyle::SC_ToolButton;
+         style().drawComplexControl(QStyle::CC_ToolButton, &option, &painter);
+     }},
+    {"combo box",
+     [](const QIcon& icon, QPainter& painter) {
+         auto option = enabledOption<QStyleOptionComboBox>({}, kPlace);
+         option.currentIcon = icon;
+         option.iconSize = QSize(16, 16);
+         style().drawControl(QStyle::CE_ComboBoxLabel, &option, &painter);
+     }},
+    {"menu row",
+     [](const QIcon& icon, QPainter& painter) {
+         auto option = enabledOption<QStyleOptionMenuItem>({}, kPlace);
+         option.icon = icon;
+         option.maxIconWidth = 16;
+         style().drawControl(QStyle::CE_MenuItem, &option, &painter);
+     }},
+    {"list row", [](const QIcon& icon, QPainter& painter) {
+         auto option = enabledOption<QStyleOptionViewItem>({}, kPlace);
+         option.features = QStyleOptionViewItem::HasDecoration;
+         option.icon = icon;
+         option.decorationSize = QSize(16, 16);
+         option.decorationAlignment = Qt::AlignCenter;
+         style().drawControl(QStyle::CE_ItemViewItem, &option, &painter);
+     }}};
+
+/// What polish() may change of a widget.
+std::tuple<Qt::WindowFlags, bool, bool, bool> traitsOf(const QWidget& widget)
+{
+    return {
+        widget.windowFlags(),
+        widget.testAttribute(Qt::WA_TranslucentBackground),
+        widget.testAttribute(Qt::WA_NoSystemBackground),
+        widget.testAttribute(Qt::WA_Hover)};
+}
+
 } // namespace
 
 class StyleTest : public ui::test::TestCase
@@ -147,7 +221,14 @@ private Q_SLOTS:
         QListWidget list;
         list.addItem(u"MMMM"_qs);
         QSlider slider(Qt::Horizontal);
-        const QList<QWidget*> widgets{&field, &check, &iconButton, &spin, &list, &slider};
+        QLabel rich(u"<b>MMM</b>"_qs);
+        QLabel selectable(u"MMM"_qs);
+        selectable.setTextInteractionFlags(Qt::TextSelectableByMouse);
+        QLCDNumber digits;
+        digits.setSegmentStyle(QLCDNumber::Flat);
+        digits.display(88888);
+        const QList<QWidget*> widgets{
+            &field, &check, &iconButton, &spin, &list, &slider, &rich, &selectable, &digits};
         for (QWidget* widget : widgets) {
             widget->resize(120, 40);
             const int enabled = brightest(*widget);
@@ -184,6 +265,56 @@ private Q_SLOTS:
                 QCOMPARE(ink, QList<QRgb>(2 * int(ratio), ink.value(0)));
             }
         }
+    }
+
+    void aHostDrawsWithTheStylesVerbs()
+    {
+        const QColor accent = m_theme.getColor(u"Accent1"_qs);
+        const auto drawn = [](const auto& draw) {
+            QImage image(200, 64, QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(2.0);
+            image.fill(Qt::black);
+            QPainter painter(&image);
+            painter.translate(4, 4);
+            const QTransform before = painter.transform();
+            draw(painter);
+            [&] { QCOMPARE(painter.transform(), before); }();
+            return image;
+        };
+        const QImage chequer = drawn([](QPainter& painter) {
+            ui::fillChequer(painter, {0, 0, 16, 16});
+        });
+        QVERIFY(pixelAt(chequer, {5, 5}) != pixelAt(chequer, {9, 5}));
+        QCOMPARE(pixelAt(chequer, {5, 5}), pixelAt(chequer, {9, 9}));
+        const QImage wash = drawn([](QPainter& painter) {
+            ui::drawHoverWash(painter, {0, 0, 40, 20});
+        });
+        QColor quiet = m_theme.getColor(u"RowHighlight2"_qs);
+        quiet.setAlphaF(0.5F);
+        QVERIFY(ui::test::closeTo(pixelAt(wash, {20, 10}), ui::test::over(quiet, Qt::black)));
+        for (const auto edge : {Qt::TopEdge, Qt::LeftEdge, Qt::RightEdge, Qt::BottomEdge}) {
+            const QImage line = drawn([edge](QPainter& painter) {
+                ui::drawSelectionEdge(painter, {0, 0, 40, 20}, edge);
+            });
+            const QList<std::pair<Qt::Edge, QPointF>> middles{
+                {Qt::TopEdge, {24, 5}},
+                {Qt::LeftEdge, {5, 14}},
+                {Qt::RightEdge, {43, 14}},
+                {Qt::BottomEdge, {24, 23}}};
+            for (const auto& [side, middle] : middles) {
+                QCOMPARE(pixelAt(line, middle) == accent, side == edge);
+            }
+        }
+        const QImage down = drawn([](QPainter& painter) {
+            ui::drawDropMark(painter, {10, 0}, {10, 20});
+        });
+        const QImage left = drawn([](QPainter& painter) {
+            ui::drawDropMark(painter, {40, 9}, {0, 9});
+        });
+        QCOMPARE(inkAlong(down, true, 2 * 22).size(), 4); // 2 pixels at ratio 2
+        QVERIFY(inkAlong(down, true, 2 * 7).size() > 8);  // the dot
+        QCOMPARE(inkAlong(left, false, 2 * 8).size(), 4);
+        QVERIFY(inkAlong(left, false, 2 * 41).size() > 8);
     }
 
     void scrollBarHandlesReachBothEndsWithoutArrowButtons()
@@ -231,6 +362,108 @@ private Q_SLOTS:
             const QImage image = pictureOf(QStyle::CE_ProgressBarContents, option);
             QCOMPARE(inkAlong(image, true, 10).size(), expected);
         }
+    }
+
+    void iconsCoverWholeDevicePixels()
+    {
+        const QColor ground = m_theme.color(QPalette::Window);
+        for (const auto& [name, draw] : kControls) {
+            for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+                QImage image(
+                    (QSizeF(110, 40) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+                image.setDevicePixelRatio(ratio);
+                image.fill(ground);
+                QPainter painter(&image);
+                draw(stemIcon(), painter);
+                painter.end();
+
+                QRect inked;
+                int partial = 0; // in the middle row
+                for (int y = 0; y < image.height(); ++y) {
+                    for (int x = 0; x < image.width(); ++x) {
+                        const QColor seen = image.pixelColor(x, y);
+                        if (ui::test::closeTo(seen, ratio > 1.0 ? kInk : kPlainInk, 3)) {
+                            inked |= QRect(x, y, 1, 1);
+                        } else if (y == qRound((kPlace.top() + kPlace.height() / 2) * ratio)) {
+                            partial += ui::test::closeTo(seen, ground, 3) ? 0 : 1;
+                        }
+                    }
+                }
+                QVERIFY2(inked.size() == QSize(qRound(8 * ratio), qRound(16 * ratio)), name);
+                QVERIFY2(partial == 0, name);
+            }
+        }
+    }
+
+    void unpolishingTakesEverythingBackButFromAMenuThatWasShown()
+    {
+        Style first(m_theme.getPalette(), 12, 15, false);
+        Style second(m_theme.getPalette(), 12, 15, false);
+        QMenu menu;
+        QTabBar tabs;
+        for (QWidget* widget : {static_cast<QWidget*>(&menu), static_cast<QWidget*>(&tabs)}) {
+            const auto before = traitsOf(*widget);
+            first.polish(widget);
+            QVERIFY(traitsOf(*widget) != before);
+            first.unpolish(widget);
+            QVERIFY(traitsOf(*widget) == before);
+        }
+        menu.setAttribute(Qt::WA_TranslucentBackground); // what the owner wants stays
+        first.polish(&menu);
+        first.unpolish(&menu);
+        QVERIFY(menu.testAttribute(Qt::WA_TranslucentBackground));
+
+        QMenu shown;
+        first.polish(&shown);
+        shown.winId();
+        const auto polished = traitsOf(shown);
+        first.unpolish(&shown);
+        second.polish(&shown);
+        QVERIFY(traitsOf(shown) == polished);
+    }
+
+    void aTabKeepsWithinItsPaintersClip()
+    {
+        const auto option = enabledOption<QStyleOptionTab>(
+            QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange,
+            {0, 0, 80, 26});
+        QImage image(80, 26, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::magenta);
+        QPainter painter(&image);
+        painter.setClipRect(0, 0, 40, 26);
+        style().drawControl(QStyle::CE_TabBarTabShape, &option, &painter);
+        QCOMPARE(painter.clipBoundingRect(), QRectF(0, 0, 40, 26));
+        painter.end();
+        QVERIFY(image.pixelColor(20, 2) != QColor(Qt::magenta));
+        for (int y = 0; y < image.height(); ++y) {
+            QCOMPARE(image.pixelColor(60, y), QColor(Qt::magenta));
+        }
+    }
+
+    void dialogsGetTheThemesPictures()
+    {
+        const QProxyStyle fusion(u"fusion"_qs);
+        const QSize size(16, 16);
+        for (const QStyle::StandardPixmap picture :
+             {QStyle::SP_MessageBoxWarning,
+              QStyle::SP_DirIcon,
+              QStyle::SP_FileIcon,
+              QStyle::SP_FileDialogNewFolder,
+              QStyle::SP_ArrowUp,
+              QStyle::SP_LineEditClearButton})
+        {
+            const QImage own = style().standardIcon(picture).pixmap(size).toImage();
+            QVERIFY2(!own.isNull(), qPrintable(QString::number(picture)));
+            QVERIFY(own != fusion.standardIcon(picture).pixmap(size).toImage());
+        }
+        QStyleOption mirrored;
+        mirrored.direction = Qt::RightToLeft;
+        const auto seen = [&](QStyle::StandardPixmap picture, const QStyleOption* option) {
+            return style().standardIcon(picture, option).pixmap(size).toImage();
+        };
+        QCOMPARE(seen(QStyle::SP_ArrowBack, nullptr), seen(QStyle::SP_ArrowLeft, nullptr));
+        QCOMPARE(seen(QStyle::SP_ArrowBack, &mirrored), seen(QStyle::SP_ArrowRight, &mirrored));
+        QCOMPARE(style().styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
     }
 
 private:
