@@ -273,9 +273,10 @@ private Q_SLOTS:
     void drawnColorsAreFoundWhereTheyLie()
     {
         Document document = documentOf(
-            shapeLayer(R"({"ty":"fl","nm":"Sky","c":{"k":[0,0,1]}},{"ty":"gr","nm":"Land","it":[
-                {"ty":"st","hd":true,"c":{"k":[1,0,0]}},{"ty":"el"},{"ty":"st","c":{"k":[0,1,0]}}]})")
-            + "," + test::layer(R"("ty":1,"sw":9,"sh":9,"sc":"#ff8000")"));
+            shapeLayer(
+                R"({"ty":"fl","nm":"Sky","c":{"k":[0,0,1]}},{"ty":"gr","nm":"Land","it":[)"
+                R"({"ty":"st","hd":true,"c":{"k":[1,0,0]}},{"ty":"el"},{"ty":"st","c":{"k":[0,1,0]}}]})")
+            + "," + test::layer("\"ty\":1,\"sw\":9,\"sh\":9,\"sc\":\"#ff8000\""));
         const auto colors = colorsOf(document, 0);
         QCOMPARE(colors.size(), std::size_t(2));
         QCOMPARE(nameOf(document, colors[0]), u"Sky"_qs);

@@ -20,6 +20,19 @@ QString hex(const QColor& color)
     return color.isValid() ? color.name(QColor::HexArgb) : u"invalid"_qs;
 }
 
+// Outside the classes: moc loses its way in texts like these.
+const char* const kNamedColors = R"({
+    "QPalette": { "Light": "#112233", "Shared": "red", "NoRole": "#80010203" },
+    "colors": { "Shared": "blue", "Accent4": "#445566", "Bad": "no colour" } })";
+
+const char* const kLook = R"({
+    "QPalette": { "Window": "#101010", "Dark": "#303030", "WindowText": "#dedede",
+    "ToolTipBase": "#ffffff" },
+    "FontSize": 11, "FontSizeLarge": 15 })";
+
+const char* const kContrast = R"({
+    "QPalette": { "Window": "#c8a050" }, "colors": { "WindowBase": "#c8a050" } })";
+
 } // namespace
 
 /// What widgets see in a host that has not built its theme yet.
@@ -78,9 +91,7 @@ private Q_SLOTS:
 
     void namedColorsAreTheFilesOwnWithColorsWinningOverQPalette()
     {
-        VisualDesignDark& theme = themeFrom(R"({
-            "QPalette": { "Light": "#112233", "Shared": "red", "NoRole": "#80010203" },
-            "colors": { "Shared": "blue", "Accent4": "#445566", "Bad": "no colour" } })");
+        VisualDesignDark& theme = themeFrom(kNamedColors);
         QStringList colors;
         for (const QString& name : words("Light NoRole Shared Accent4 accent4 Bad")) {
             colors << hex(theme.getColor(name));
@@ -239,10 +250,7 @@ private Q_SLOTS:
     {
         ui::test::makeTheme<VisualDesignBase>().applyAppStyle(); // has no style of its own
         QVERIFY(QApplication::style() && !qobject_cast<Style*>(QApplication::style()));
-        VisualDesignDark& theme = themeFrom(R"({
-            "QPalette": { "Window": "#101010", "Dark": "#303030", "WindowText": "#dedede",
-                "ToolTipBase": "#ffffff" },
-            "FontSize": 11, "FontSizeLarge": 15 })");
+        VisualDesignDark& theme = themeFrom(kLook);
         theme.applyAppStyle();
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
             QCOMPARE(
@@ -263,8 +271,7 @@ private Q_SLOTS:
 
     void applyingAgainUnderOpenControlsTakesTheNewContrast()
     {
-        VisualDesignDark& theme = themeFrom(R"({
-            "QPalette": { "Window": "#c8a050" }, "colors": { "WindowBase": "#c8a050" } })");
+        VisualDesignDark& theme = themeFrom(kContrast);
         theme.applyAppStyle();
         QComboBox combo;
         combo.addItem(u"one"_qs);
@@ -290,13 +297,13 @@ private Q_SLOTS:
     {
         const char* const black = "#ff000000"; // no such name
         const char* const given = "#ff112233";
-        const QByteArray light(R"({"colors": {"Light": "#112233")");
+        const QByteArray light("{\"colors\": {\"Light\": \"#112233\"");
         const QByteArray deep = QByteArray(10000, '[') + QByteArray(10000, ']');
         const std::pair<QByteArray, const char*> files[] = {
             {"", black},
             {light, black}, // cut off
             {"[" + light + "}}]", black},
-            {light + R"(}, "deep": )" + deep + "}", black},
+            {light + "}, \"deep\": " + deep + "}", black},
             {"\xEF\xBB\xBF" + light + "}}", given}, // a byte-order mark
             {QByteArray("{\"colors\": {\0}}", 15), black},
             {light + ", \"\xFF\xFE\": \"\xC0\"}}", given}, // not UTF-8
