@@ -35,7 +35,11 @@ public:
 
     Drive drive() const override { return m_drive; }
     std::optional<QPoint> position() const override { return pointer; }
-    void setPosition(QPoint position) override { pointer = position; }
+    bool setPosition(QPoint position) override
+    {
+        pointer = position;
+        return true;
+    }
     QPoint logicalPosition() const override { return pointer; }
     QPointF moveBy(QPointF offset, double /*ratio*/) override
     {

@@ -18,6 +18,7 @@
 #include <MorrantUI/controls/connections/ConnectionReceiver.h>
 #include <MorrantUI/controls/connections/ConnectionStyle.h>
 #include <MorrantUI/controls/connections/PickWhip.h>
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
 #include <MorrantUI/controls/gestures/NativeMouseTracker.h>
 #include <MorrantUI/controls/gestures/PointerLock.h>

@@ -199,13 +199,16 @@ void Viewport::mousePressEvent(QMouseEvent* event)
     }
     m_panButton = event->button();
     m_panFrom = event->position();
+    m_doors.watch(
+        this,
+        [this](GestureDoors::Door) { endPan(); },
+        {.button = m_panButton, .focus = true}); // as panning is for the document being worked on
     setCursor(Qt::ClosedHandCursor);
 }
 
 void Viewport::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!(event->buttons() & m_panButton)) {
-        endPan(); // its release went elsewhere
+    if (m_panButton == Qt::NoButton) {
         return;
     }
     m_fitted = false;
@@ -222,20 +225,9 @@ void Viewport::mouseReleaseEvent(QMouseEvent* event)
     }
 }
 
-void Viewport::hideEvent(QHideEvent* event)
-{
-    endPan();
-    SkiaQWidgetAdapter::hideEvent(event);
-}
-
-void Viewport::focusOutEvent(QFocusEvent* event)
-{
-    endPan();
-    SkiaQWidgetAdapter::focusOutEvent(event);
-}
-
 void Viewport::endPan()
 {
+    m_doors.stop();
     m_panButton = Qt::NoButton;
     setCursor(m_document ? Qt::OpenHandCursor : Qt::ArrowCursor);
 }

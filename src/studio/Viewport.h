@@ -2,6 +2,7 @@
 
 #include "lottie/Document.h"
 #include "viewmapping.h"
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/theme/SkiaQWidgetAdapter.h>
 
 #include <memory>
@@ -54,8 +55,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void endPan();
@@ -72,6 +71,7 @@ private:
     bool m_fitted = true;
     Qt::MouseButton m_panButton = Qt::NoButton; ///< held down to pan
     QPointF m_panFrom;                          ///< the pointer's last place, while panning
+    GestureDoors m_doors;                       ///< watched while panning
 };
 
 } // namespace studio

@@ -58,10 +58,11 @@ std::optional<QPoint> FakePointerSystem::position() const
     return knowsPosition ? std::optional(pointer) : std::nullopt;
 }
 
-void FakePointerSystem::setPosition(QPoint position)
+bool FakePointerSystem::setPosition(QPoint position)
 {
     note(u"move to %1,%2"_qs.arg(position.x()).arg(position.y()));
     setPointer(position);
+    return succeeds;
 }
 
 QPointF FakePointerSystem::moveBy(QPointF offset, double /*ratio*/)
@@ -73,18 +74,20 @@ QPointF FakePointerSystem::moveBy(QPointF offset, double /*ratio*/)
     return offset;
 }
 
-void FakePointerSystem::confine(const QRect& rect)
+bool FakePointerSystem::confine(const QRect& rect)
 {
     note(
         u"confine %1,%2 %3x%4"_qs.arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height()));
     clip = rect;
     setPointer(pointer);
+    return succeeds;
 }
 
-void FakePointerSystem::endConfinement()
+bool FakePointerSystem::endConfinement()
 {
     note(u"end confinement"_qs);
     clip.reset();
+    return succeeds;
 }
 
 void FakePointerSystem::hide()

@@ -29,6 +29,7 @@ public:
     bool remote = false;
     bool knowsPosition = true;
     bool allowsRawInput = true;
+    bool succeeds = true;    ///< in moving and confining the pointer, which it does in any case
     bool allowsWarps = true; ///< of X11 servers, some do not
 
     /// What the library asked since the last call: "confine 15,15 270x170; register; hide".
@@ -49,14 +50,14 @@ public:
     Drive drive() const override { return m_drive; }
     bool isRemote() const override { return remote; }
     std::optional<QPoint> position() const override;
-    void setPosition(QPoint position) override;
+    bool setPosition(QPoint position) override;
     quint32 lastError() const override { return 5; }
     QPoint logicalPosition() const override { return pointer; }
     void setLogicalPosition(QPoint position) override { setPosition(position); }
     QPointF moveBy(QPointF offset, double ratio) override;
     std::optional<QRect> windowFrame(const QWidget&) const override { return frame; }
-    void confine(const QRect& rect) override;
-    void endConfinement() override;
+    bool confine(const QRect& rect) override;
+    bool endConfinement() override;
     void hide() override;
     void show() override;
     std::optional<Registration> rawInput() const override { return registration; }

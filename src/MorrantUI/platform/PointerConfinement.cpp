@@ -22,7 +22,7 @@ PointerConfinement::PointerConfinement(const QRect& rect)
     : m_rect(rect)
 {
     inForce().push_back(this);
-    PointerSystem::instance().confine(rect);
+    logFailure(PointerSystem::instance().confine(rect));
 }
 
 PointerConfinement::~PointerConfinement()
@@ -31,9 +31,9 @@ PointerConfinement::~PointerConfinement()
         return;
     }
     if (inForce().empty()) {
-        PointerSystem::instance().endConfinement();
+        logFailure(PointerSystem::instance().endConfinement());
     } else {
-        PointerSystem::instance().confine(inForce().back()->m_rect);
+        logFailure(PointerSystem::instance().confine(inForce().back()->m_rect));
     }
 }
 
@@ -45,7 +45,7 @@ bool PointerConfinement::isInForce() const
 void PointerConfinement::endAll()
 {
     inForce().clear();
-    PointerSystem::instance().endConfinement();
+    logFailure(PointerSystem::instance().endConfinement());
 }
 
 } // namespace morrant::native

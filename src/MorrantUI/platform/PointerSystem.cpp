@@ -53,13 +53,18 @@ void PointerSystem::replace(PointerSystem* other)
     gReplacement = other;
 }
 
+bool logFailure(bool success)
+{
+    if (!success) {
+        ui::log::error("Error: {}", PointerSystem::instance().lastError());
+    }
+    return success;
+}
+
 std::optional<QPoint> pointerPosition()
 {
-    const auto& system = PointerSystem::instance();
-    const auto position = system.position();
-    if (!position) {
-        ui::log::error("Error: {}", system.lastError());
-    }
+    const auto position = PointerSystem::instance().position();
+    logFailure(position.has_value());
     return position;
 }
 

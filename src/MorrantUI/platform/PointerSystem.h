@@ -27,7 +27,7 @@ struct RawRegistration
 
 /// What we need of the system's pointer; a thin layer, everything clever lies above it. Each
 /// system's folder has one, and tests put in one of their own. What a system cannot do is left
-/// undone.
+/// undone, which is no failure; calls that tell of one leave its reason in lastError().
 ///
 /// Coordinates are physical pixels of the desktop unless a remark tells otherwise.
 class MORRANT_UI_EXPORT PointerSystem
@@ -56,7 +56,7 @@ public:
     virtual bool isRemote() const { return false; }
 
     virtual std::optional<QPoint> position() const { return {}; }
-    virtual void setPosition(QPoint /*position*/) {}
+    virtual bool setPosition(QPoint /*position*/) { return true; }
     /// Why the last call failed, as the system numbers it.
     virtual quint32 lastError() const { return 0; }
 
@@ -69,11 +69,11 @@ public:
     /// @return the offset by which it has moved, after rounding; null when the system refused
     virtual QPointF moveBy(QPointF /*offset*/, double /*ratio*/) { return {}; }
 
-    /// The frame of a widget's window; none without a native window.
+    /// The frame of a widget's window; none without a native window. A failure is logged.
     virtual std::optional<QRect> windowFrame(const QWidget& /*widget*/) const { return {}; }
 
-    virtual void confine(const QRect& /*rect*/) {}
-    virtual void endConfinement() {}
+    virtual bool confine(const QRect& /*rect*/) { return true; }
+    virtual bool endConfinement() { return true; }
 
     virtual void hide() {}
     virtual void show() {}
@@ -91,6 +91,11 @@ public:
     virtual QSize primaryScreenSize() const { return {}; }
     virtual QSize virtualDesktopSize() const { return {}; }
 };
+
+/// Logs why a call of the pointer system has failed.
+/// @param success  what the call has told
+/// @return the same
+bool logFailure(bool success);
 
 /// The pointer's position; a failure is logged.
 std::optional<QPoint> pointerPosition();

@@ -1,5 +1,7 @@
 #include "MorrantUI/platform/RawInputShare.h"
 
+#include "MorrantUI/log.h"
+
 namespace morrant::native {
 
 RawInputShare& RawInputShare::instance()
@@ -28,7 +30,11 @@ void RawInputShare::remove(const void* user)
     }
     auto& system = PointerSystem::instance();
     const auto next = m_entries.empty() ? m_foreign : m_entries.back().registration;
-    if (!next || !system.registerRawInput(*next)) {
+    const bool isHandedOn = next && system.registerRawInput(*next);
+    if (next && !isHandedOn) {
+        ui::log::debug("RegisterRawInputDevices() failed");
+    }
+    if (!isHandedOn) {
         system.unregisterRawInput();
     }
 }

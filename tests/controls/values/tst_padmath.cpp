@@ -1,4 +1,5 @@
 #include "support/TestCase.h"
+#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/controls/values/colortext.h>
 #include <MorrantUI/controls/values/padmath.h>
 #include <MorrantUI/controls/values/slidermath.h>
@@ -123,8 +124,8 @@ void PadMathTest::aSliderStepsButReachesItsEnds()
     QCOMPARE(ui::roundedTo(1e300, 3), 1e300);
     QCOMPARE(ui::keyStep(1, 0.1, 0), 1.0); // an integer has nothing finer
     QCOMPARE(ui::keyStep(0.5, 10, 2), 5.0);
-    QCOMPARE(ui::rateOf(Qt::ControlModifier | Qt::ShiftModifier), 0.1);
-    QCOMPARE(ui::rateOf(Qt::ShiftModifier), 10.0);
+    QCOMPARE(ui::modifierFactor(Qt::ControlModifier | Qt::ShiftModifier), 0.1);
+    QCOMPARE(ui::modifierFactor(Qt::ShiftModifier), 10.0);
 }
 
 void PadMathTest::theFillBeginsAtZeroOrAtTheLowerEnd()

@@ -1,21 +1,17 @@
 #include "MorrantUI/controls/connections/ConnectionInstance.h"
 
 #include "MorrantUI/controls/connections/ConnectionLine.h"
-#include "MorrantUI/controls/gestures/gesturedoors.h"
+#include "MorrantUI/controls/connections/ConnectionTarget.h"
+#include "MorrantUI/controls/gestures/contextmenus.h"
 #include <MorrantUI/controls/connections/ConnectionReceiver.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/events.h>
 
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QStyle>
-#include <QVariantAnimation>
-#include <QWindow>
+#include <QMouseEvent>
 
 #include <algorithm>
-#include <memory>
-#include <optional>
 #include <utility>
 
 namespace {
@@ -43,61 +39,7 @@ bool isEscape(const QEvent& event)
     return isKey && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
 }
 
-/// The press that cancels a connection must not open a menu, which comes with the press on some
-/// systems and with the release on others.
-void swallowNextContextMenu()
-{
-    auto filter = std::make_shared<QPointer<QObject>>();
-    *filter = ui::installEventFilter(
-        qApp,
-        [filter](QObject* watched, QEvent* event) {
-            const bool isMenu =
-                event->type() == QEvent::ContextMenu
-                && static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse;
-            const bool isNextGesture =
-                watched->isWidgetType()
-                && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress);
-            if ((isMenu || isNextGesture) && *filter != nullptr) {
-                (*filter)->deleteLater();
-                filter->clear();
-                return isMenu;
-            }
-            return false;
-        },
-        qApp);
-}
-
 } // namespace
-
-/// The receiver that a connection has entered and not left yet. Either half may die at any time.
-class ConnectionInstance::ReceiverUnderPointer
-{
-public:
-    void set(QWidget* widget)
-    {
-        m_widget = widget;
-        m_receiver = ConnectionReceiver::of(widget);
-        m_alive = m_receiver != nullptr ? m_receiver->m_alive : std::weak_ptr<bool>();
-    }
-
-    ConnectionReceiver* get() const { return m_alive.expired() ? nullptr : m_receiver; }
-    QWidget* widget() const { return get() != nullptr ? m_widget.data() : nullptr; }
-    bool is(const QWidget* other) const
-    {
-        return widget() == other && get() == ConnectionReceiver::of(other);
-    }
-
-private:
-    QPointer<QWidget> m_widget;
-    ConnectionReceiver* m_receiver = nullptr;
-    std::weak_ptr<bool> m_alive;
-};
-
-struct ConnectionInstance::Drawing
-{
-    ConnectionLine line;
-    std::optional<ui::OverrideCursor> cursor; ///< while the drag runs
-};
 
 ConnectionInstance* ConnectionInstance::start(
     QWidget* from, QPoint start, QObject* source, const QVariant& userData)
@@ -129,28 +71,24 @@ ConnectionInstance::ConnectionInstance(
     , m_startInFrom(start)
     , m_lastStart(from->mapToGlobal(start))
     , m_end(m_lastStart)
-    , m_held(QGuiApplication::mouseButtons() != Qt::NoButton)
-    , m_receiver(std::make_unique<ReceiverUnderPointer>())
-    , m_drawing(std::make_unique<Drawing>())
+    , m_phase(QGuiApplication::mouseButtons() != Qt::NoButton ? Phase::Held : Phase::Free)
+    , m_target(std::make_unique<ConnectionTarget>())
+    , m_line(new ConnectionLine(m_lastStart, this))
+    , m_cursor(std::make_unique<ui::OverrideCursor>(Qt::CrossCursor))
 {
     gCurrent = this;
-    m_drawing->cursor.emplace(Qt::CrossCursor);
-    connect(from, &QObject::destroyed, this, &ConnectionInstance::cancel);
     connect(source, &QObject::destroyed, this, &ConnectionInstance::cancel);
-    connect(
-        qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState now) {
-            if (now != Qt::ApplicationActive) {
-                cancel();
-            }
-        });
     connect(qApp, &QCoreApplication::aboutToQuit, this, &ConnectionInstance::cancel);
     qApp->installEventFilter(this);
+    // Of the mouse it knows more than the doors, since it has all of it.
+    const auto leave = [this](GestureDoors::Door) { cancel(); };
+    m_doors.watch(from, leave, {.button = Qt::NoButton});
 }
 
 ConnectionInstance::~ConnectionInstance()
 {
     cancel();
-    if (QCoreApplication::instance() != nullptr) {
+    if (m_phase == Phase::Ending && QCoreApplication::instance() != nullptr) {
         leave(); // still owed when a drop deletes us
         tellEnd();
     }
@@ -163,35 +101,39 @@ QPoint ConnectionInstance::startPosition() const
 
 ConnectionReceiver* ConnectionInstance::receiver() const
 {
-    return m_receiver->get();
+    return m_target->receiver();
 }
 
 QWidget* ConnectionInstance::receiverWidget() const
 {
-    return m_receiver->widget();
+    return m_target->widget();
 }
 
 void ConnectionInstance::setDrawStyle(ConnectionStyle style)
 {
-    m_drawStyle = style;
+    m_target->style = style;
     show();
+}
+
+ConnectionStyle ConnectionInstance::drawStyle() const
+{
+    return m_target->style;
 }
 
 void ConnectionInstance::setAccepted(bool accepted)
 {
-    m_accepted = accepted;
+    m_target->accepts = accepted;
     show();
 }
 
 bool ConnectionInstance::isAccepted() const
 {
-    return m_accepted && receiver() != nullptr;
+    return m_target->isAccepting();
 }
 
 void ConnectionInstance::moveTo(QPoint position)
 {
-    if (!isRunning() || (position == m_end && m_receiver->is(ConnectionReceiver::widgetAt(m_end))))
-    {
+    if (!isRunning() || (position == m_end && m_target->is(ConnectionReceiver::widgetAt(m_end)))) {
         return;
     }
     m_end = position;
@@ -224,10 +166,6 @@ bool ConnectionInstance::eventFilter(QObject* watched, QEvent* event)
 /// @return whether the event is kept from its object
 bool ConnectionInstance::handle(QObject* watched, QEvent* event)
 {
-    if (endsWithSource(watched, *event)) {
-        cancel();
-        return false;
-    }
     if (isEscape(*event)) {
         event->accept(); // an overridden shortcut comes back as a key press
         if (event->type() == QEvent::KeyPress) {
@@ -235,22 +173,9 @@ bool ConnectionInstance::handle(QObject* watched, QEvent* event)
         }
         return true;
     }
-    if (comesBetween(watched, *event) && !std::exchange(m_isBehind, true)) {
-        QMetaObject::invokeMethod(this, &ConnectionInstance::catchUp, Qt::QueuedConnection);
-    }
+    fallBehind(lagFrom(watched, *event));
     const bool isMouse = watched->isWidgetType() && event->isPointerEvent();
     return isMouse && handleMouse(dynamic_cast<QMouseEvent*>(event));
-}
-
-bool ConnectionInstance::endsWithSource(const QObject* watched, const QEvent& event) const
-{
-    if (m_from == nullptr) {
-        return false;
-    }
-    const QWidget* const window = m_from->window();
-    const bool isConcerned =
-        watched == m_from || watched == window || watched == window->windowHandle();
-    return isConcerned && ui::endsGesture(*m_from, event);
 }
 
 bool ConnectionInstance::handleMouse(QMouseEvent* event)
@@ -261,11 +186,12 @@ bool ConnectionInstance::handleMouse(QMouseEvent* event)
     const QPoint position = event->globalPosition().toPoint();
     switch (event->type()) {
     case QEvent::MouseMove:
-        if (m_held && event->buttons() == Qt::NoButton) {
+        if (event->buttons() != Qt::NoButton) {
+            m_phase = Phase::Held;
+        } else if (m_phase == Phase::Held) {
             cancel(); // the release went to somebody else
             return false;
         }
-        m_held = m_held || event->buttons() != Qt::NoButton;
         moveTo(position);
         return true;
     case QEvent::MouseButtonRelease: {
@@ -280,7 +206,7 @@ bool ConnectionInstance::handleMouse(QMouseEvent* event)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         if (event->button() == Qt::RightButton) {
-            swallowNextContextMenu();
+            ui::swallowContextMenu();
         }
         cancel();
         return true;
@@ -289,33 +215,39 @@ bool ConnectionInstance::handleMouse(QMouseEvent* event)
 }
 
 /// Whether an event moves what the line begins at, or what is below its end, without the pointer.
-bool ConnectionInstance::comesBetween(const QObject* watched, const QEvent& event)
+ConnectionInstance::Lag ConnectionInstance::lagFrom(
+    const QObject* watched, const QEvent& event) const
 {
     if (event.type() == QEvent::Wheel) {
-        m_scrolled = true;
-        return true;
+        return Lag::Scrolled;
     }
     const bool isMove = event.type() == QEvent::Move || event.type() == QEvent::Resize;
     if (!isMove || !watched->isWidgetType()) {
-        return false;
+        return Lag::None;
     }
     const auto* const moved = static_cast<const QWidget*>(watched);
     const auto carries = [moved](const QWidget* widget) {
         return widget != nullptr && (moved == widget || moved->isAncestorOf(widget));
     };
-    return carries(m_from) || carries(receiverWidget());
+    return carries(m_from) || carries(receiverWidget()) ? Lag::Moved : Lag::None;
+}
+
+void ConnectionInstance::fallBehind(Lag lag)
+{
+    if (std::exchange(m_lag, std::max(m_lag, lag)) == Lag::None && lag != Lag::None) {
+        QMetaObject::invokeMethod(this, &ConnectionInstance::catchUp, Qt::QueuedConnection);
+    }
 }
 
 /// Shows the line where everything has come to by now. A receiver that moves by itself is not told
 /// of the same place again, or one that scrolls when it is told would never stop.
 void ConnectionInstance::catchUp()
 {
-    m_isBehind = false;
-    const bool scrolled = std::exchange(m_scrolled, false);
+    const Lag lag = std::exchange(m_lag, Lag::None);
     if (!isRunning()) {
         return;
     }
-    const bool isTold = scrolled || !m_receiver->is(ConnectionReceiver::widgetAt(m_end));
+    const bool isTold = lag == Lag::Scrolled || !m_target->is(ConnectionReceiver::widgetAt(m_end));
     if (!isTold || route()) {
         show();
     }
@@ -327,7 +259,7 @@ bool ConnectionInstance::route()
 {
     const QPointer<ConnectionInstance> self(this);
     const QPointer<QWidget> widget = ConnectionReceiver::widgetAt(m_end);
-    if (!m_receiver->is(widget)) {
+    if (!m_target->is(widget)) {
         leave();
         if (self != nullptr && isRunning() && receiver() == nullptr) {
             enter(widget);
@@ -341,10 +273,8 @@ bool ConnectionInstance::route()
 
 void ConnectionInstance::enter(QWidget* widget)
 {
-    m_receiver->set(widget);
+    *m_target = ConnectionTarget(widget);
     if (ConnectionReceiver* const entered = receiver()) {
-        m_accepted = true;
-        m_drawStyle = ConnectionStyle::Framed;
         entered->onConnectionEnter(this);
     }
 }
@@ -352,9 +282,7 @@ void ConnectionInstance::enter(QWidget* widget)
 void ConnectionInstance::leave()
 {
     ConnectionReceiver* const left = receiver();
-    m_receiver->set(nullptr);
-    m_accepted = false;
-    m_drawStyle = ConnectionStyle::Line;
+    *m_target = ConnectionTarget();
     if (left != nullptr) {
         left->onConnectionLeave(this);
     }
@@ -366,13 +294,15 @@ void ConnectionInstance::end(State state)
         return;
     }
     m_state = state;
+    m_phase = Phase::Ending;
     gCurrent = nullptr;
     if (QCoreApplication::instance() == nullptr) {
         return; // the application deletes us as the last of all, when there is nobody to tell
     }
     qApp->removeEventFilter(this);
-    m_drawing->cursor.reset();
-    retract();
+    m_doors.stop();
+    m_cursor.reset();
+    retireLine();
 
     const QPointer<ConnectionInstance> self(this);
     if (state == State::Dropped) {
@@ -385,70 +315,53 @@ void ConnectionInstance::end(State state)
         tellEnd();
     }
     if (self != nullptr) {
-        m_told = true;
+        m_phase = Phase::Settled;
         disposeWhenDone();
     }
 }
 
 void ConnectionInstance::tellEnd()
 {
-    if (!std::exchange(m_reported, true)) {
-        Q_EMIT finished(m_state);
-    }
+    m_phase = Phase::Reported;
+    Q_EMIT finished(m_state);
 }
 
-/// Draws the line back to where it came from, or lets it fade where it connects.
-void ConnectionInstance::retract()
+void ConnectionInstance::retireLine()
 {
-    const int duration = qApp->style()->styleHint(QStyle::SH_Widget_Animation_Duration);
-    auto* animation = new QVariantAnimation(this);
-    animation->setDuration(std::max(0, duration));
-    animation->setStartValue(0.0);
-    animation->setEndValue(1.0);
-    animation->setEasingCurve(QEasingCurve::OutCubic);
-    connect(animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& share) {
-        m_shareGone = share.toDouble();
-        show();
-    });
-    connect(animation, &QVariantAnimation::finished, this, [this] {
-        m_retired = true;
-        m_drawing.reset();
+    connect(m_line, &ConnectionLine::gone, this, [this] {
+        std::exchange(m_line, nullptr)->deleteLater();
         disposeWhenDone();
     });
-    animation->start();
+    if (m_state == State::Dropped) {
+        m_line->fade();
+    } else {
+        m_line->drawBack([this] { return startPosition(); });
+    }
 }
 
 /// A receiver may keep us in a dialog of its own for longer than the line takes to go.
 void ConnectionInstance::disposeWhenDone()
 {
-    if (m_told && m_retired) {
+    if (m_phase == Phase::Settled && m_line == nullptr) {
         deleteLater();
     }
 }
 
 void ConnectionInstance::show()
 {
-    if (m_drawing == nullptr) {
+    if (!isRunning()) {
         return;
     }
     m_lastStart = startPosition();
-    if (m_state == State::Dropped) { // as it was, frame and all
-        ConnectionPicture fading = m_drawing->line.picture();
-        fading.strength = 1.0 - m_shareGone;
-        m_drawing->line.show(fading);
-        return;
-    }
     ConnectionPicture picture;
     picture.start = m_lastStart;
-    picture.end = m_end + (picture.start - m_end) * m_shareGone;
-    picture.style = m_drawStyle;
+    picture.end = m_end;
+    picture.style = m_target->style;
     picture.accepted = isAccepted();
-    const QWidget* const target = isRunning() ? receiverWidget() : nullptr;
-    if (target != nullptr && m_drawStyle != ConnectionStyle::Line) {
+    const QWidget* const target = receiverWidget();
+    if (target != nullptr && picture.style != ConnectionStyle::Line) {
         picture.target = visibleArea(*target);
     }
-    if (m_drawing->cursor) {
-        m_drawing->cursor->change(cursorFor(picture));
-    }
-    m_drawing->line.show(picture);
+    m_cursor->change(cursorFor(picture));
+    m_line->show(picture);
 }

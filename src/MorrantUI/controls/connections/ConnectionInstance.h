@@ -1,6 +1,7 @@
 #pragma once
 
 #include <MorrantUI/controls/connections/ConnectionStyle.h>
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/morrantui_export.h>
 
 #include <QObject>
@@ -11,18 +12,24 @@
 
 #include <memory>
 
+class ConnectionLine;
 class ConnectionReceiver;
+class ConnectionTarget;
 class QMouseEvent;
+
+namespace ui {
+class OverrideCursor;
+}
 
 /// A connection being dragged from something to whatever can be connected with it: one gesture,
 /// from its start to its end, drawn as a line to the pointer over all windows of the application.
 ///
 /// While it runs the mouse belongs to it, wherever it was started: it follows the pointer, tells
 /// the receiver below it (see ConnectionReceiver) and ends with the release of the mouse button.
-/// Escape, the press of another button, the death of its source, and the hiding, disabling,
-/// deactivation or death of where it started cancel it, as does a start of the next: only one runs
-/// at a time, and the end of the application. It deletes itself when its line has gone after the
-/// end; keep it in a QPointer.
+/// Escape, the press of another button, the death of its source and every door of where it started
+/// (see GestureDoors) cancel it, as does a start of the next: only one runs at a time, and the end
+/// of the application. It deletes itself when its line has gone after the end; keep it in a
+/// QPointer.
 class MORRANT_UI_EXPORT ConnectionInstance : public QObject
 {
     Q_OBJECT
@@ -74,7 +81,7 @@ public:
     /// How the line looks from now on. Entering a receiver sets ConnectionStyle::Framed, leaving
     /// one ConnectionStyle::Line.
     void setDrawStyle(ConnectionStyle style);
-    ConnectionStyle drawStyle() const { return m_drawStyle; }
+    ConnectionStyle drawStyle() const;
 
     /// Whether a release here would connect. True on every enter; a receiver that wants nothing of
     /// this source says false in its onConnectionEnter() or onConnectionMove(), and is then left
@@ -103,22 +110,37 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    class ReceiverUnderPointer; ///< may die while it is called
-    struct Drawing;             ///< line and cursor; null once the line has gone
+    /// How far it has come; state() tells how it ended.
+    enum class Phase
+    {
+        Free,     ///< runs; no button was seen yet, as when a host drives it
+        Held,     ///< runs; a button was seen held, so that a movement without one ends it
+        Ending,   ///< is over, and the receiver is being told
+        Reported, ///< finished() was emitted, and its slots may be at work
+        Settled,  ///< everybody knows; only the line may still be seen
+    };
+
+    /// What has come between the picture and the windows below it.
+    enum class Lag
+    {
+        None,
+        Moved,    ///< something has changed its place; catchUp() is on its way
+        Scrolled, ///< by the wheel: the receiver has to hear of the same place again
+    };
 
     ConnectionInstance(QWidget* from, QPoint start, QObject* source, const QVariant& userData);
 
     bool handle(QObject* watched, QEvent* event);
-    bool endsWithSource(const QObject* watched, const QEvent& event) const;
     bool handleMouse(QMouseEvent* event);
-    bool comesBetween(const QObject* watched, const QEvent& event);
+    Lag lagFrom(const QObject* watched, const QEvent& event) const;
+    void fallBehind(Lag lag);
     void catchUp();
     bool route();
     void enter(QWidget* widget);
     void leave();
     void end(State state);
     void tellEnd();
-    void retract();
+    void retireLine();
     void disposeWhenDone();
     void show();
 
@@ -129,15 +151,10 @@ private:
     QPoint m_lastStart; ///< global, for a line that outlives where it started
     QPoint m_end;
     State m_state = State::Running;
-    ConnectionStyle m_drawStyle = ConnectionStyle::Line;
-    double m_shareGone = 0.0; ///< how much of the line has gone after the end, up to 1
-    bool m_accepted = false;
-    bool m_held = false;     ///< a button was seen held, so a movement without one ends it
-    bool m_reported = false; ///< finished() was emitted
-    bool m_told = false;     ///< receiver and host know about the end
-    bool m_retired = false;  ///< the line has gone
-    bool m_isBehind = false; ///< catchUp() is on its way
-    bool m_scrolled = false; ///< the receiver has to hear of the same place again
-    std::unique_ptr<ReceiverUnderPointer> m_receiver;
-    std::unique_ptr<Drawing> m_drawing;
+    Phase m_phase = Phase::Free;
+    Lag m_lag = Lag::None;
+    std::unique_ptr<ConnectionTarget> m_target;   ///< never null
+    ConnectionLine* m_line;                       ///< a child; null once the line has gone
+    std::unique_ptr<ui::OverrideCursor> m_cursor; ///< while it runs
+    GestureDoors m_doors;                         ///< of m_from, while it runs
 };

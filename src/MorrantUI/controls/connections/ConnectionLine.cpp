@@ -3,6 +3,8 @@
 #include "MorrantUI/controls/connections/connectiongeometry.h"
 
 #include <QApplication>
+#include <QStyle>
+#include <QVariantAnimation>
 
 #include <algorithm>
 
@@ -11,6 +13,13 @@ namespace {
 constexpr double kMargin = 16.0; ///< logical pixels, more than anything is drawn beside the line
 
 } // namespace
+
+ConnectionLine::ConnectionLine(QPoint start, QObject* parent)
+    : QObject(parent)
+{
+    m_picture.start = start;
+    m_picture.end = start;
+}
 
 ConnectionLine::~ConnectionLine()
 {
@@ -31,6 +40,46 @@ void ConnectionLine::show(const ConnectionPicture& picture)
             overlay->setPicture(picture);
         }
     }
+}
+
+void ConnectionLine::drawBack(const std::function<QPoint()>& start)
+{
+    ConnectionPicture last = m_picture;
+    last.style = ConnectionStyle::Line;
+    last.target.reset();
+    last.accepted = false;
+    animate([last, start](double share) {
+        ConnectionPicture picture = last;
+        picture.start = start();
+        picture.end += (picture.start - picture.end) * share;
+        return picture;
+    });
+}
+
+void ConnectionLine::fade()
+{
+    animate([last = m_picture](double share) {
+        ConnectionPicture picture = last;
+        picture.strength = 1.0 - share;
+        return picture;
+    });
+}
+
+void ConnectionLine::animate(const std::function<ConnectionPicture(double share)>& pictureAt)
+{
+    const int duration = qApp->style()->styleHint(QStyle::SH_Widget_Animation_Duration);
+    auto* animation = new QVariantAnimation(this);
+    animation->setDuration(std::max(0, duration));
+    animation->setStartValue(0.0);
+    animation->setEndValue(1.0);
+    animation->setEasingCurve(QEasingCurve::OutCubic);
+    connect(
+        animation,
+        &QVariantAnimation::valueChanged,
+        this,
+        [this, pictureAt](const QVariant& share) { show(pictureAt(share.toDouble())); });
+    connect(animation, &QVariantAnimation::finished, this, &ConnectionLine::gone);
+    animation->start();
 }
 
 void ConnectionLine::coverWindows()

@@ -1,6 +1,6 @@
 #include "MorrantUI/controls/connections/ConnectionReceiver.h"
 
-#include "MorrantUI/controls/gestures/gesturedoors.h"
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 
 #include <QApplication>
 #include <QHash>
@@ -56,7 +56,7 @@ ConnectionReceiver* ConnectionReceiver::of(const QWidget* widget)
 QWidget* ConnectionReceiver::widgetAt(QPoint globalPosition)
 {
     QWidget* widget = QApplication::widgetAt(globalPosition);
-    if (widget == nullptr || ui::isBlockedByDialog(*widget)) {
+    if (widget == nullptr || GestureDoors::isBlockedByDialog(*widget)) {
         return nullptr;
     }
     while (widget != nullptr && !(widget->isEnabled() && of(widget) != nullptr)) {

@@ -8,6 +8,7 @@
 #include <memory>
 
 class ConnectionInstance;
+class ConnectionTarget;
 class QWidget;
 
 /// The receiving side of connections: a base for widgets, or for an object of its own beside them,
@@ -51,7 +52,7 @@ public:
     virtual void onConnectionDrop(ConnectionInstance* connection);
 
 private:
-    friend class ConnectionInstance;
+    friend class ConnectionTarget;
 
     std::shared_ptr<bool> m_alive; ///< watched by a connection that calls back
 };

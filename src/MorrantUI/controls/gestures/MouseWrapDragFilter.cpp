@@ -1,9 +1,7 @@
 #include "MorrantUI/controls/gestures/MouseWrapDragFilter.h"
 
-#include "MorrantUI/controls/gestures/PlainDragFilter.h"
 #include "MorrantUI/controls/gestures/RawDragFilter.h"
 #include "MorrantUI/controls/gestures/WarpDragFilter.h"
-#include "MorrantUI/controls/gestures/gesturedoors.h"
 #include "MorrantUI/platform/PointerSystem.h"
 #include <MorrantUI/controls/gestures/pointermath.h>
 
@@ -38,44 +36,6 @@ QPointF wholePixels(const QMouseEvent& event)
 
 } // namespace
 
-/// Sees what goes on in the rest of the application during a drag.
-class MouseWrapDragFilter::Doors : public QObject
-{
-public:
-    explicit Doors(MouseWrapDragFilter& filter)
-        : m_filter(filter)
-    {
-        qApp->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (!isDoor(*watched, *event)) {
-            return false;
-        }
-        const QPointer<QObject> receiver(watched);
-        m_filter.forceEndDrag(); // deletes this
-        return receiver.isNull();
-    }
-
-private:
-    bool isDoor(const QObject& watched, const QEvent& event) const
-    {
-        switch (event.type()) {
-        case QEvent::ApplicationDeactivate: return true;
-        case QEvent::Show: // a popup takes the mouse
-            return watched.isWidgetType()
-                   && static_cast<const QWidget&>(watched).windowType() == Qt::Popup;
-        case QEvent::MouseButtonRelease: // somebody else has taken it
-            return watched.isWidgetType() && &watched != m_filter.m_target
-                   && static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
-        default: return false;
-        }
-    }
-
-    MouseWrapDragFilter& m_filter;
-};
-
 MouseWrapDragFilter* MouseWrapDragFilter::Make(QWidget* target)
 {
     using Drive = morrant::native::PointerSystem::Drive;
@@ -92,7 +52,7 @@ MouseWrapDragFilter* MouseWrapDragFilter::Make(QWidget* target)
 
 MouseWrapDragFilter* MouseWrapDragFilter::MakeDummy(QWidget* target)
 {
-    return target ? new PlainDragFilter(target) : nullptr;
+    return target ? new MouseWrapDragFilter(target) : nullptr;
 }
 
 MouseWrapDragFilter::MouseWrapDragFilter(QWidget* target)
@@ -100,11 +60,23 @@ MouseWrapDragFilter::MouseWrapDragFilter(QWidget* target)
     , m_target(target)
 {
     target->installEventFilter(this);
-    // Without a signal: those who listen may be the target's own class, which is gone already.
-    connect(target, &QObject::destroyed, this, &MouseWrapDragFilter::abandonDrag);
 }
 
-MouseWrapDragFilter::~MouseWrapDragFilter() = default;
+MouseWrapDragFilter::~MouseWrapDragFilter()
+{
+    forceEndDrag();
+}
+
+void MouseWrapDragFilter::dragBegins(const QPointF& position)
+{
+    m_current = position;
+}
+
+void MouseWrapDragFilter::pointerMoved(const QPointF& position)
+{
+    m_current = position;
+    commitDrag(m_current, m_current - m_startPosition);
+}
 
 bool MouseWrapDragFilter::eventFilter(QObject* watched, QEvent* event)
 {
@@ -133,11 +105,7 @@ void MouseWrapDragFilter::handle(QEvent& event)
         }
         break;
     case QEvent::MouseButtonRelease: forceEndDrag(); break;
-    default:
-        if (ui::endsGesture(*m_target, event)) {
-            forceEndDrag();
-        }
-        break;
+    default: break;
     }
 }
 
@@ -153,7 +121,7 @@ void MouseWrapDragFilter::beginDrag(const QMouseEvent& press)
     m_mouseDrag = isFromMouse(press);
     m_pointerGoesBack = true;
     m_startPosition = wholePixels(press);
-    m_doors = std::make_unique<Doors>(*this);
+    m_doors.watch(m_target, [this](GestureDoors::Door door) { leaveBy(door); });
     dragBegins(m_startPosition);
     Q_EMIT started();
 }
@@ -177,8 +145,17 @@ void MouseWrapDragFilter::abandonDrag()
     m_dragging = false;
     m_thresholdPassed = false;
     m_thresholdOffset = {};
-    m_doors.reset();
+    m_doors.stop();
     dragEnds();
+}
+
+void MouseWrapDragFilter::leaveBy(GestureDoors::Door door)
+{
+    if (door == GestureDoors::Door::Destroyed) {
+        abandonDrag(); // those who listen may be the target's own class, which is gone already
+    } else {
+        forceEndDrag();
+    }
 }
 
 void MouseWrapDragFilter::forceEndDrag()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/morrantui_export.h>
 
 #include <QObject>
@@ -7,16 +8,15 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <memory>
-
 class QMouseEvent;
 
 /// Turns the mouse events of one widget into a drag that never runs out of screen.
 ///
 /// A press of the left button starts the drag, a release ends it, and so does everything that takes
-/// the mouse from the widget: it is hidden, disabled, deleted or gets another parent, its window
-/// loses the focus or is blocked by a modal dialog, a popup opens, another drag begins. No event is
+/// the mouse from the widget (see GestureDoors) and the beginning of another drag. No event is
 /// consumed: the widget sees all of them, after the filter.
+///
+/// The class itself counts mouse moves and leaves the pointer alone; derived ones hold the pointer.
 class MORRANT_UI_EXPORT MouseWrapDragFilter : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     static MouseWrapDragFilter* Make(QWidget* target);
 
     /// A filter that does the same bookkeeping from ordinary mouse moves and leaves the pointer
-    /// alone.
+    /// alone: the drag ends at the screen's edge.
     static MouseWrapDragFilter* MakeDummy(QWidget* target);
 
     /// Ends a drag that is in progress: the pointer is given back. ended() still follows, unless it
@@ -71,12 +71,12 @@ protected:
 
     /// Called for a press, before started(); runs no code of others. @param position global, whole
     /// logical pixels
-    virtual void dragBegins(const QPointF& position) = 0;
-    /// Called for each mouse move of the drag.
-    virtual void pointerMoved(const QPointF& position) = 0;
+    virtual void dragBegins(const QPointF& position);
+    /// Called for each mouse move of the drag; commits it.
+    virtual void pointerMoved(const QPointF& position);
     /// Called at the end of a drag, before ended(); the target may be gone. A class that implements
     /// it calls forceEndDrag() in its destructor.
-    virtual void dragEnds() = 0;
+    virtual void dragEnds() {}
 
     /// Whether this drag has gone the drag distance, with this movement or before.
     bool passesThreshold(const QPointF& movement);
@@ -91,13 +91,12 @@ protected:
     QPointF startPosition() const { return m_startPosition; }
 
 private:
-    class Doors;
-
     void handle(QEvent& event);
     void beginDrag(const QMouseEvent& press);
     /// Ends the drag that is in progress, if any, for a press on this target. Slots run.
     /// @return whether the press may still begin one
     bool endFormerDrag();
+    void leaveBy(GestureDoors::Door door);
     /// Ends the drag without a signal.
     void abandonDrag();
 
@@ -114,5 +113,5 @@ protected:
 private:
     bool m_mouseDrag = true;
     bool m_pointerGoesBack = true;
-    std::unique_ptr<Doors> m_doors; ///< while dragging
+    GestureDoors m_doors; ///< watched while dragging
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/morrantui_export.h>
 
 #include <QObject>
@@ -16,8 +17,8 @@ class PointerConfinement;
 /// Confines the pointer to a widget's window, less a margin. On Windows, and on X11 with barriers
 /// that stop mice, but no warps; other systems do not let us.
 ///
-/// A lock ends with unlock(), with the object, and when the widget is hidden, disabled or gets
-/// another parent, or its window loses the focus or is blocked by a modal dialog.
+/// A lock ends with unlock(), with the object, and by every door of GestureDoors but popups, which
+/// a locked pointer may use.
 class MORRANT_UI_EXPORT PointerLock : public QObject
 {
     Q_OBJECT
@@ -40,10 +41,9 @@ public:
     /// first lock.
     QRect confiningRect() const { return m_rect; }
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     QPointer<QWidget> m_widget;
     QRect m_rect;
     std::unique_ptr<morrant::native::PointerConfinement> m_confinement; ///< while locked
+    GestureDoors m_doors;
 };

@@ -5,6 +5,8 @@
 #include <MorrantUI/controls/gestures/nativemouse.h>
 #include <MorrantUI/controls/gestures/pointermath.h>
 
+#include <utility>
+
 using morrant::native::PointerConfinement;
 using morrant::native::PointerSystem;
 
@@ -31,6 +33,7 @@ void RawDragFilter::dragBegins(const QPointF& /*position*/)
         return;
     }
     m_home = morrant::native::pointerPosition();
+    m_hasFailed = !m_home.has_value();
     confine();
     m_byMoves = !m_tracker.startTracking();
     hideNativeMouse();
@@ -48,8 +51,7 @@ void RawDragFilter::confine()
 void RawDragFilter::pointerMoved(const QPointF& position)
 {
     if (m_byMoves) {
-        m_current = position;
-        commitDrag(m_current, m_current - startPosition());
+        MouseWrapDragFilter::pointerMoved(position);
     }
 }
 
@@ -68,14 +70,17 @@ void RawDragFilter::addMotion(QPointF delta, bool absolute)
 
 void RawDragFilter::wrap(QPointF delta)
 {
-    const auto position = PointerSystem::instance().position();
-    if (!position || m_rect.isEmpty()) {
+    if (m_rect.isEmpty()) {
         return;
     }
+    auto& system = PointerSystem::instance();
+    const auto position = system.position();
     QPointF offset;
-    const QPointF wrapped = wrapPoint(*position + delta, m_rect, &offset);
-    if (!offset.isNull()) {
-        PointerSystem::instance().setPosition({int(wrapped.x()), int(wrapped.y())});
+    const QPointF wrapped = wrapPoint(position.value_or(QPoint()) + delta, m_rect, &offset);
+    const bool isDone =
+        position && (offset.isNull() || system.setPosition({int(wrapped.x()), int(wrapped.y())}));
+    if (!isDone && !std::exchange(m_hasFailed, true)) {
+        morrant::native::logFailure(false); // the next motions will hardly tell another story
     }
 }
 
@@ -89,7 +94,7 @@ void RawDragFilter::dragEnds()
     m_tracker.stopTracking();
     if (m_home && pointerGoesBack()) {
         // Deliberately where the user pressed, however far the drag went.
-        PointerSystem::instance().setPosition(*m_home);
+        morrant::native::logFailure(PointerSystem::instance().setPosition(*m_home));
     }
     showNativeMouse();
 }

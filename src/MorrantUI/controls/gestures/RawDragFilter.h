@@ -39,5 +39,6 @@ private:
     QPointF m_pixels;             ///< physical, moved since
     double m_ratio = 1.0;         ///< physical pixels in a logical one
     bool m_holdsPointer = false;
-    bool m_byMoves = false; ///< raw input is not to be had
+    bool m_byMoves = false;   ///< raw input is not to be had
+    bool m_hasFailed = false; ///< in this drag the log has the pointer's refusal already
 };

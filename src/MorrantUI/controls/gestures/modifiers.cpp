@@ -8,6 +8,9 @@ namespace ui {
 
 namespace {
 
+constexpr double kFine = 0.1;
+constexpr double kCoarse = 10.0;
+
 KeyboardModifiersQuery& replacedQuery()
 {
     static KeyboardModifiersQuery query;
@@ -25,6 +28,17 @@ Qt::KeyboardModifiers queryKeyboardModifiers()
 void setKeyboardModifiersQuery(KeyboardModifiersQuery query)
 {
     replacedQuery() = std::move(query);
+}
+
+double modifierFactor(Qt::KeyboardModifiers modifiers)
+{
+    const bool isCoarse = modifiers.testFlag(Qt::ShiftModifier);
+    return modifiers.testFlag(Qt::ControlModifier) ? kFine : isCoarse ? kCoarse : 1.0;
+}
+
+double fineFactor(Qt::KeyboardModifiers modifiers)
+{
+    return modifiers.testFlag(Qt::ControlModifier) ? kFine : 1.0;
 }
 
 } // namespace ui

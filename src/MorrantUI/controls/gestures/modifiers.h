@@ -18,4 +18,11 @@ using KeyboardModifiersQuery = std::function<Qt::KeyboardModifiers()>;
 /// again. For tests and for hosts that replay input.
 MORRANT_UI_EXPORT void setKeyboardModifiersQuery(KeyboardModifiersQuery query);
 
+/// How much faster or slower the user wants a value to change: 0.1 with Control, which wins, 10
+/// with Shift, else 1.
+MORRANT_UI_EXPORT double modifierFactor(Qt::KeyboardModifiers modifiers);
+
+/// The same where Shift means something else, as snapping: 0.1 with Control, else 1.
+MORRANT_UI_EXPORT double fineFactor(Qt::KeyboardModifiers modifiers);
+
 } // namespace ui

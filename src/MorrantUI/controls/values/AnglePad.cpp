@@ -4,6 +4,7 @@
 #include "MorrantUI/controls/values/AccessibleValueControl.h"
 #include "MorrantUI/controls/values/padpaint.h"
 #include "MorrantUI/theme/style/shapes.h"
+#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>
@@ -229,7 +230,7 @@ void AnglePad::dragTo(const QPointF& point, Qt::KeyboardModifiers modifiers)
     }
     const bool fine = modifiers.testFlag(Qt::ControlModifier);
     const bool snaps = modifiers.testFlag(Qt::ShiftModifier);
-    m_turned += fine ? turn * 0.1 : turn;
+    m_turned += turn * ui::fineFactor(modifiers);
     const double grid = snaps ? ui::kDialSnap : (fine ? kFineResolution : kResolution);
     dragValue({ui::nearestMultiple(m_turned, grid), 0.0});
 }
@@ -238,12 +239,9 @@ std::optional<ValueControl::Value> AnglePad::keyTarget(
     int key, Qt::KeyboardModifiers modifiers) const
 {
     const auto moved = [this](double degrees) { return Value{value() + degrees, 0.0}; };
-    const auto stepped = [&](double way) {
-        if (modifiers.testFlag(Qt::ControlModifier)) {
-            return moved(way * 0.1);
-        }
-        return moved(modifiers.testFlag(Qt::ShiftModifier) ? way * ui::kDialSnap : way);
-    };
+    const double fine = ui::fineFactor(modifiers);
+    const bool snaps = fine == 1.0 && modifiers.testFlag(Qt::ShiftModifier);
+    const auto stepped = [&](double way) { return moved(way * (snaps ? ui::kDialSnap : fine)); };
     switch (key) {
     case Qt::Key_Up:
     case Qt::Key_Right: return stepped(kKeyStep);

@@ -5,7 +5,7 @@
 #include "MorrantUI/controls/values/padpaint.h"
 #include "MorrantUI/theme/style/pixelgrid.h"
 #include "MorrantUI/theme/style/shapes.h"
-#include <MorrantUI/controls/values/slidermath.h>
+#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>
@@ -162,7 +162,7 @@ void JoystickPad::pressAt(const QPointF& point, Qt::KeyboardModifiers modifiers)
 
 void JoystickPad::dragTo(const QPointF& point, Qt::KeyboardModifiers modifiers)
 {
-    m_handle += (point - m_pointer) * std::min(1.0, ui::rateOf(modifiers));
+    m_handle += (point - m_pointer) * ui::fineFactor(modifiers);
     m_pointer = point;
     moveHandle(modifiers);
 }
@@ -197,7 +197,7 @@ void JoystickPad::letGo()
 std::optional<ValueControl::Value> JoystickPad::keyTarget(
     int key, Qt::KeyboardModifiers modifiers) const
 {
-    const double step = m_step * ui::rateOf(modifiers);
+    const double step = m_step * ui::modifierFactor(modifiers);
     const double up = m_yDownwards ? -step : step;
     const Value now = value();
     switch (key) {

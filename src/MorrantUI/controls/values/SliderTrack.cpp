@@ -4,6 +4,7 @@
 #include "MorrantUI/controls/values/AccessibleValueControl.h"
 #include "MorrantUI/controls/values/padpaint.h"
 #include "MorrantUI/theme/style/shapes.h"
+#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>
@@ -14,11 +15,10 @@
 
 namespace {
 
-constexpr double kGroove = 4.0;   ///< thickness, as of the style's sliders
-constexpr int kPageSteps = 10;    ///< of Page Up and Page Down
-constexpr double kFineStep = 0.1; ///< of the step that dragged values are multiples of
-constexpr int kLeastHandles = 4;  ///< the shortest slider, in handles
-constexpr int kUsualHandles = 8;  ///< the wanted length, in handles
+constexpr double kGroove = 4.0;  ///< thickness, as of the style's sliders
+constexpr int kPageSteps = 10;   ///< of Page Up and Page Down
+constexpr int kLeastHandles = 4; ///< the shortest slider, in handles
+constexpr int kUsualHandles = 8; ///< the wanted length, in handles
 
 class AccessibleTrack : public ui::AccessibleValueControl
 {
@@ -80,7 +80,7 @@ void SliderTrack::pressAt(const QPointF& point, Qt::KeyboardModifiers modifiers)
     m_handle = scale().xOf(value());
     if (std::abs(m_pointer - m_handle) > handleSize() / 2.0) {
         m_handle = m_pointer;
-        dragHandle(m_setup.step * (ui::rateOf(modifiers) < 1.0 ? kFineStep : 1.0));
+        dragHandle(m_setup.step * ui::fineFactor(modifiers));
     }
 }
 
@@ -90,10 +90,9 @@ void SliderTrack::dragTo(const QPointF& point, Qt::KeyboardModifiers modifiers)
     if (moved == 0.0) {
         return; // a modifier alone changes nothing
     }
-    const double rate = ui::rateOf(modifiers);
-    m_handle += moved * rate;
+    m_handle += moved * ui::modifierFactor(modifiers);
     m_pointer = point.x();
-    dragHandle(m_setup.step * (rate < 1.0 ? kFineStep : 1.0));
+    dragHandle(m_setup.step * ui::fineFactor(modifiers)); // so are the values it can have
 }
 
 /// A value from beyond the soft range stays while the handle is held at that end.
@@ -113,7 +112,7 @@ void SliderTrack::dragHandle(double step)
 std::optional<ValueControl::Value> SliderTrack::keyTarget(
     int key, Qt::KeyboardModifiers modifiers) const
 {
-    const double step = ui::keyStep(m_setup.step, ui::rateOf(modifiers), m_setup.decimals);
+    const double step = ui::keyStep(m_setup.step, ui::modifierFactor(modifiers), m_setup.decimals);
     const double page = ui::keyStep(m_setup.step, kPageSteps, m_setup.decimals);
     const double forward = isRightToLeft() ? -step : step;
     const auto moved = [&](double way) {

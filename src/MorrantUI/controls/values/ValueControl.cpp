@@ -1,11 +1,9 @@
 #include "MorrantUI/controls/values/ValueControl.h"
 
 #include "MorrantUI/controls/accessibility.h"
-#include "MorrantUI/controls/gestures/gesturedoors.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QWindow>
 
 #include <cmath>
 
@@ -91,10 +89,10 @@ void ValueControl::commitValue(const Value& value)
 void ValueControl::begin(std::optional<int> heldKey, const QPointF& point)
 {
     m_gesture = Gesture{m_value, point, heldKey};
-    m_window = window()->windowHandle();
-    if (m_window) {
-        m_window->installEventFilter(this);
-    }
+    // A key's release goes elsewhere with the focus, a button's does not.
+    const GestureHold key{.button = Qt::NoButton, .focus = true};
+    m_doors.watch(
+        this, [this](GestureDoors::Door) { endDrag(); }, heldKey ? key : GestureHold());
     update();
 }
 
@@ -109,10 +107,7 @@ void ValueControl::finish(const Value& value)
         }
     }
     m_gesture.reset();
-    if (m_window) {
-        m_window->removeEventFilter(this);
-        m_window = nullptr;
-    }
+    m_doors.stop();
     update();
     if (m_value != start) {
         Q_EMIT valueChanged(true);
@@ -125,26 +120,11 @@ void ValueControl::finish(const Value& value)
 
 bool ValueControl::event(QEvent* event)
 {
-    const QPointer<ValueControl> self(this);
     if (event->type() == QEvent::ShortcutOverride && wantsKey(*static_cast<QKeyEvent*>(event))) {
         event->accept();
         return true;
     }
-    // A key's release goes elsewhere with the focus, a button's does not.
-    const bool losesKey = m_gesture && m_gesture->heldKey && event->type() == QEvent::FocusOut;
-    if (losesKey || ui::endsGesture(*this, *event)) {
-        endDrag();
-    }
-    return self ? QWidget::event(event) : true;
-}
-
-bool ValueControl::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_window && event->type() == QEvent::WindowBlocked) {
-        endDrag();
-        return false; // the window has to hear of it as well
-    }
-    return QWidget::eventFilter(watched, event);
+    return QWidget::event(event);
 }
 
 void ValueControl::mousePressEvent(QMouseEvent* event)
@@ -168,10 +148,6 @@ void ValueControl::mouseMoveEvent(QMouseEvent* event)
 {
     if (!isDragging() || m_gesture->heldKey) {
         event->ignore();
-        return;
-    }
-    if (!event->buttons().testFlag(Qt::LeftButton)) {
-        endDrag(); // the release went elsewhere
         return;
     }
     m_gesture->point = event->position();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/morrantui_export.h>
 
 #include <Core/num2.h>
@@ -10,15 +11,11 @@
 
 #include <optional>
 
-class QWindow;
-
 /// Base of the controls whose value is dragged in place: slider, angle pad, joystick pad. It owns
 /// the gesture and the value, one number or two; the derived class maps points and keys to values.
 ///
-/// A drag ends as by a release when the left button comes up or turns out to be up, when the
-/// control is hidden, disabled or moved to another parent, and when its window is deactivated or
-/// blocked by a dialog. Escape ends it with the value it began with. A control deleted in mid-drag
-/// reports nothing more.
+/// A drag ends with the release of the left button, or as by one with any other of GestureDoors.
+/// Escape ends it with the value it began with. A control deleted in mid-drag reports nothing more.
 ///
 /// A double click and Backspace return to the default value. A key's step is committed at once.
 class MORRANT_UI_EXPORT ValueControl : public QWidget
@@ -80,7 +77,6 @@ protected:
     virtual void valueAssigned(const Value& before);
 
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -105,6 +101,6 @@ private:
 
     Value m_value;
     std::optional<Gesture> m_gesture;
-    QPointer<QWindow> m_window; ///< watched during a gesture, since only it hears of dialogs
-    bool m_reported = false;    ///< the last state sent with dragStateChanged()
+    GestureDoors m_doors;    ///< watched during a gesture
+    bool m_reported = false; ///< the last state sent with dragStateChanged()
 };

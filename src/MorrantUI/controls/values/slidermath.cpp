@@ -48,14 +48,6 @@ double keyStep(double step, double factor, int decimals)
     return std::max(step * factor, std::pow(10.0, -std::clamp(decimals, 0, 15)));
 }
 
-double rateOf(Qt::KeyboardModifiers modifiers)
-{
-    if (modifiers.testFlag(Qt::ControlModifier)) {
-        return 0.1;
-    }
-    return modifiers.testFlag(Qt::ShiftModifier) ? 10.0 : 1.0;
-}
-
 QRectF filledGroove(const SliderScale& scale, const QRectF& groove, double value)
 {
     const bool spansZero = scale.minimum < 0.0 && scale.maximum > 0.0;

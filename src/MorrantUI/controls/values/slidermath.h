@@ -34,9 +34,6 @@ MORRANT_UI_EXPORT double steppedValue(
 /// How far a key moves a value: the step times `factor`, but never less than the last decimal.
 MORRANT_UI_EXPORT double keyStep(double step, double factor, int decimals);
 
-/// How much faster or slower the user wants it: 0.1 with Control, which wins, 10 with Shift.
-MORRANT_UI_EXPORT double rateOf(Qt::KeyboardModifiers modifiers);
-
 /// The part of the groove between the value and where the fill begins: at 0 when the scale spans
 /// it, else at the minimum. `groove` gives top and height.
 MORRANT_UI_EXPORT QRectF filledGroove(const SliderScale& scale, const QRectF& groove, double value);

@@ -46,14 +46,6 @@ double acceptedMax(double limit, bool isInteger)
     return std::clamp(limit, -kHighest, isInteger ? NumberRange().max : kHighest);
 }
 
-double modifierFactor(Qt::KeyboardModifiers modifiers)
-{
-    if (modifiers.testFlag(Qt::ControlModifier)) {
-        return 0.1;
-    }
-    return modifiers.testFlag(Qt::ShiftModifier) ? 10.0 : 1.0;
-}
-
 double scrubbedValue(const ScrubState& scrub, const NumberRange& range)
 {
     const double upper = std::min(scrub.softMax, range.max);

@@ -3,7 +3,6 @@
 #include <MorrantUI/morrantui_export.h>
 
 #include <QString>
-#include <Qt>
 
 /// The arithmetic of number fields, without a field.
 namespace ui {
@@ -28,9 +27,6 @@ MORRANT_UI_EXPORT QString formatValue(double value, const NumberRange& range);
 /// integers, always finite. `limit` is not NaN.
 MORRANT_UI_EXPORT double acceptedMin(double limit, bool isInteger);
 MORRANT_UI_EXPORT double acceptedMax(double limit, bool isInteger);
-
-/// 0.1 with Control, else 10 with Shift, else 1.
-MORRANT_UI_EXPORT double modifierFactor(Qt::KeyboardModifiers modifiers);
 
 /// A drag as it stands.
 struct ScrubState

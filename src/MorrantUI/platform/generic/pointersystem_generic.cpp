@@ -42,7 +42,13 @@ public:
         return reply ? std::optional(QPoint(reply->root_x, reply->root_y)) : std::nullopt;
     }
 
-    void setPosition(QPoint position) override { warp(root(), position); }
+    bool setPosition(QPoint position) override
+    {
+        if (connection()) {
+            warp(root(), position);
+        }
+        return true; // the server answers later, if at all
+    }
 
     QPoint logicalPosition() const override { return QCursor::pos(); }
 
@@ -79,11 +85,11 @@ public:
         return QRect(place->dst_x, place->dst_y, size->width, size->height);
     }
 
-    void confine(const QRect& rect) override
+    bool confine(const QRect& rect) override
     {
         endConfinement();
         if (!connection() || !hasFixes()) {
-            return;
+            return true;
         }
         const QPoint first = rect.topLeft();
         const QPoint last = rect.bottomRight();
@@ -98,9 +104,10 @@ public:
         addBarrier(
             {first.x(), last.y()}, last, Direction(XCB_XFIXES_BARRIER_DIRECTIONS_NEGATIVE_Y));
         xcb_flush(connection());
+        return true;
     }
 
-    void endConfinement() override
+    bool endConfinement() override
     {
         auto* const x11 = connection();
         for (const xcb_xfixes_barrier_t barrier : std::exchange(m_barriers, {})) {
@@ -111,6 +118,7 @@ public:
         if (x11) {
             xcb_flush(x11);
         }
+        return true;
     }
 
     void hide() override

@@ -71,14 +71,16 @@ public:
     std::optional<QPoint> position() const override
     {
         POINT point{};
-        if (!GetCursorPos(&point)) {
-            m_lastError = GetLastError();
+        if (!succeeds(GetCursorPos(&point) != FALSE)) {
             return {};
         }
         return pointOf(point);
     }
 
-    void setPosition(QPoint position) override { SetCursorPos(position.x(), position.y()); }
+    bool setPosition(QPoint position) override
+    {
+        return succeeds(SetCursorPos(position.x(), position.y()) != FALSE);
+    }
 
     quint32 lastError() const override { return m_lastError; }
 
@@ -87,7 +89,7 @@ public:
         RECT frame{};
         // Asked for like this, a child does not become a native window.
         const auto window = reinterpret_cast<HWND>(widget.window()->internalWinId());
-        if (!window || !GetWindowRect(window, &frame)) {
+        if (!window || !logFailure(succeeds(GetWindowRect(window, &frame) != FALSE))) {
             return {};
         }
         const QPoint topLeft = pointOf({frame.left, frame.top});
@@ -95,13 +97,13 @@ public:
         return QRect(topLeft, QSize(size.x(), size.y()));
     }
 
-    void confine(const QRect& rect) override
+    bool confine(const QRect& rect) override
     {
         const RECT clip{rect.left(), rect.top(), rect.right() + 1, rect.bottom() + 1};
-        ClipCursor(&clip);
+        return succeeds(ClipCursor(&clip) != FALSE);
     }
 
-    void endConfinement() override { ClipCursor(nullptr); }
+    bool endConfinement() override { return succeeds(ClipCursor(nullptr) != FALSE); }
 
     void hide() override { ShowCursor(FALSE); }
     void show() override { ShowCursor(TRUE); }
@@ -109,13 +111,19 @@ public:
     std::optional<RawRegistration> rawInput() const override
     {
         UINT count = 0;
-        GetRegisteredRawInputDevices(nullptr, &count, sizeof(RAWINPUTDEVICE));
+        GetRegisteredRawInputDevices(nullptr, &count, sizeof(RAWINPUTDEVICE)); // fails, and counts
+        if (count == 0) {
+            return {};
+        }
         std::vector<RAWINPUTDEVICE> devices(count);
         count = GetRegisteredRawInputDevices(devices.data(), &count, sizeof(RAWINPUTDEVICE));
+        if (!logFailure(succeeds(count != UINT(-1)))) {
+            return {};
+        }
         const auto found = std::find_if(devices.begin(), devices.end(), [](const auto& device) {
             return device.usUsagePage == kGenericDesktopPage && device.usUsage == kMouseUsage;
         });
-        if (count == UINT(-1) || found == devices.end()) {
+        if (found == devices.end()) {
             return {};
         }
         return RawRegistration{found->dwFlags, reinterpret_cast<WId>(found->hwndTarget)};
@@ -129,7 +137,9 @@ public:
 
     void unregisterRawInput() override
     {
-        registerDevice(deviceOf(RIDEV_REMOVE, nullptr)); // with a window it is refused
+        if (!registerDevice(deviceOf(RIDEV_REMOVE, nullptr))) { // with a window it is refused
+            ui::log::debug("RegisterRawInputDevices() failed");
+        }
     }
 
     void readRawInput(
@@ -162,6 +172,15 @@ public:
     }
 
 private:
+    /// Remembers why a call has failed, before another one forgets it.
+    bool succeeds(bool success) const
+    {
+        if (!success) {
+            m_lastError = GetLastError();
+        }
+        return success;
+    }
+
     mutable DWORD m_lastError = 0;
 };
 
