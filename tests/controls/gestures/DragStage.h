@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../KthSignal.h"
 #include "support/FakePointer.h"
 #include "support/FakePointerSystem.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
@@ -8,19 +9,14 @@
 #include <QMouseEvent>
 #include <QPointingDevice>
 
-#include <functional>
-#include <utility>
-
 namespace ui::test {
 
 /// A shown window with a field in it, whose drags are written down.
 struct DragStage
 {
     explicit DragStage(bool isDummy = false)
-        : target(new QWidget(&window))
-        , filter(
-              isDummy ? MouseWrapDragFilter::MakeDummy(target) : MouseWrapDragFilter::Make(target))
-        , mouse(target)
+        : filter(
+            isDummy ? MouseWrapDragFilter::MakeDummy(target) : MouseWrapDragFilter::Make(target))
     {
         window.setGeometry(60, 50, 300, 200);
         target->setGeometry(20, 20, 200, 100);
@@ -29,13 +25,13 @@ struct DragStage
         const auto listen = [this](auto signal, auto slot) {
             QObject::connect(filter, signal, &context, slot);
         };
-        listen(&MouseWrapDragFilter::started, [this] { tell(u's'); });
-        listen(&MouseWrapDragFilter::ended, [this] { tell(u'e'); });
+        listen(&MouseWrapDragFilter::started, [this] { tell(u"s"_qs); });
+        listen(&MouseWrapDragFilter::ended, [this] { tell(u"e"_qs); });
         listen(&MouseWrapDragFilter::dragged, [this](const QPointF& a, const QPointF& totalDelta) {
             ++reports;
             current = a;
             total = totalDelta;
-            tell(u'd');
+            tell({});
         });
     }
 
@@ -54,10 +50,7 @@ struct DragStage
 
     static void sendRaw(QPoint pixels)
     {
-        RawMouseRecord record;
-        record.x = pixels.x();
-        record.y = pixels.y();
-        FakePointerSystem::sendRaw(record);
+        FakePointerSystem::sendRaw({.x = pixels.x(), .y = pixels.y()});
     }
 
     /// With a global position of any kind.
@@ -67,19 +60,17 @@ struct DragStage
         const QPointingDevice* device = QPointingDevice::primaryPointingDevice(),
         Qt::MouseEventSource source = Qt::MouseEventNotSynthesized)
     {
-        return QMouseEvent(
-            type,
-            QPointF(1, 1),
-            QPointF(1, 1),
-            global,
-            type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-            Qt::LeftButton,
-            Qt::NoModifier,
-            source,
-            device);
+        const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        const QPointF at(1, 1);
+        return {type, at, at, global, button, Qt::LeftButton, Qt::NoModifier, source, device};
     }
 
-    /// Straight to a widget.
+    /// Without the pointer having come there before, as when a release got lost.
+    void pressAtOnce(QPoint at)
+    {
+        send(*target, QEvent::MouseButtonPress, target->mapToGlobal(at));
+    }
+
     static void send(QWidget& to, QEvent::Type type, QPointF global)
     {
         QMouseEvent event = mouseEvent(type, global);
@@ -88,23 +79,20 @@ struct DragStage
 
     QWidget window;
     QObject context;
-    QPointer<QWidget> target;
+    QPointer<QWidget> target = new QWidget(&window);
     QPointer<MouseWrapDragFilter> filter;
-    FakePointer mouse;
+    FakePointer mouse{target};
     QString story; ///< s for started, e for ended
+    KthSignal onSignal;
     int reports = 0;
     QPointF current;
     QPointF total;
-    QChar awaited;                   ///< a signal, d for dragged, ...
-    std::function<void()> onAwaited; ///< ... that is answered with this, once
 
 private:
-    void tell(QChar signal)
+    void tell(const QString& signal)
     {
-        story += signal == u'd' ? QString() : signal;
-        if (signal == awaited && onAwaited) {
-            std::exchange(onAwaited, nullptr)();
-        }
+        story += signal;
+        onSignal();
     }
 };
 

@@ -5,21 +5,13 @@
 #include <MorrantUI/theme/OverrideCursor.h>
 
 #include <QApplication>
-#include <QDialog>
-#include <QMenu>
 #include <QScreen>
 
 using ui::test::DragStage;
 using ui::test::FakePointerSystem;
 using ui::test::RealPointer;
 using Drive = morrant::native::PointerSystem::Drive;
-using Door = std::function<void(DragStage&)>;
-
-namespace {
-
-const Drive kHoldingDrives[] = {Drive::Warps, Drive::RawInput};
-
-} // namespace
+using Act = std::function<void(DragStage&)>;
 
 /// Drags of every kind: what they report, and that the pointer is given back whatever happens.
 class MouseWrapDragTest : public ui::test::TestCase
@@ -27,395 +19,319 @@ class MouseWrapDragTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void onlyALeftPressOnWhatIsEnabledStartsADrag();
-    void theDragDistanceIsNoPartOfTheMovement();
-    void everyKindOfDragTellsTheSameStory();
-    void everyDoorGivesThePointerBack_data();
-    void everyDoorGivesThePointerBack();
-    void aSlotMayDeleteWhatReportsToIt();
-    void anEndMayPutOffTheDragThatCausedIt();
-    void aSecondDragEndsTheFirstAndLeavesThePointerThere();
-    void aPenLeavesThePointerAlone();
-    void aWarpedDragIsExactThoughPositionsComeLateOrNever();
-    void hidingIsNotCounted();
-    void aRealPointerDragsTenScreensFarAndComesBack();
-};
-
-void MouseWrapDragTest::onlyALeftPressOnWhatIsEnabledStartsADrag()
-{
-    FakePointerSystem system(Drive::RawInput);
-    DragStage stage;
-    stage.mouse.press(Qt::RightButton);
-    stage.mouse.release(Qt::RightButton);
-    stage.filter->setEnabled(false);
-    stage.press();
-    stage.mouse.release();
-    stage.filter->setEnabled(true);
-    stage.target->setEnabled(false);
-    DragStage::send(*stage.target, QEvent::MouseButtonPress, {});
-    stage.filter->forceEndDrag();
-    QVERIFY(stage.story.isEmpty() && system.takeRequests().isEmpty());
-
-    stage.target->setEnabled(true);
-    stage.press();
-    stage.filter->setEnabled(false); // says only that no other drag begins
-    QVERIFY(stage.filter->isDragging());
-    stage.mouse.release();
-    QCOMPARE(stage.story, u"se"_qs);
-    QVERIFY(!stage.target->internalWinId());
-    QVERIFY(!MouseWrapDragFilter::Make(nullptr) && !MouseWrapDragFilter::MakeDummy(nullptr));
-}
-
-void MouseWrapDragTest::theDragDistanceIsNoPartOfTheMovement()
-{
-    QCOMPARE(QApplication::startDragDistance(), 10);
-    DragStage stage(true);
-    const QPointF none(-99, -99);
-    const auto reportOf = [&](QPointF movement) {
-        stage.total = none;
-        stage.filter->commitDrag(QPointF(3, 4), movement);
-        return stage.total;
-    };
-    for (const QPointF& nothing : {QPointF(6, 3), QPointF(qQNaN(), 50), QPointF(0, qInf())}) {
-        QCOMPARE(reportOf(nothing), none);
-    }
-    QCOMPARE(reportOf({6, 4}), QPointF(0, 0));
-    QCOMPARE(reportOf({26, -6}), QPointF(20, -10));
-    QCOMPARE(reportOf({0, 0}), QPointF(-6, -4)); // back inside the distance
-    QCOMPARE(stage.current, QPointF(3, 4));
-    stage.press();
-    stage.mouse.release();
-    QCOMPARE(reportOf({6, 3}), none);
-    QCOMPARE(reportOf({-5, -5}), QPointF(0, 0));
-}
-
-void MouseWrapDragTest::everyKindOfDragTellsTheSameStory()
-{
-    const std::pair<Drive, bool> kinds[] = {
-        {Drive::Warps, false},
-        {Drive::RawInput, false},
-        {Drive::Moves, false},
-        {Drive::Warps, true}};
-    for (const auto& [drive, isDummy] : kinds) {
-        FakePointerSystem system(drive);
-        system.pointer = {150, 100};
-        DragStage stage(isDummy);
-        for (const QPoint press : {QPoint(50, 50), QPoint(70, 30)}) {
-            stage.press(press);
-            stage.move({3, 2});
-            QCOMPARE(stage.reports, 0);
-            stage.move({9, 1});
-            QCOMPARE(stage.total, QPointF(0, 0));
-            for (int i = 0; i < 20; ++i) {
-                stage.move({1, -1});
-            }
-            QCOMPARE(stage.total, QPointF(20, -20));
-            const QPointF moved(32, -17);
-            const QPointF unended = stage.target->mapToGlobal(press) + moved;
-            const bool isRaw = drive == Drive::RawInput;
-            QCOMPARE(stage.current, isRaw ? moved * stage.window.devicePixelRatio() : unended);
-            stage.mouse.release();
-            stage.move({50, 50});
-            QCOMPARE(std::exchange(stage.reports, 0), 21);
-            QCOMPARE(std::exchange(stage.story, {}), u"se"_qs);
-        }
-        QCOMPARE(system.takeRequests().isEmpty(), isDummy || drive == Drive::Moves);
-    }
-}
-
-void MouseWrapDragTest::everyDoorGivesThePointerBack_data()
-{
-    QTest::addColumn<Door>("leave");
-    const auto add = [](const char* name, const Door& leave) { QTest::newRow(name) << leave; };
-    add("release", [](DragStage& stage) { stage.mouse.release(); });
-    add("another button's release", [](DragStage& stage) {
+    void onlyALeftPressOnWhatIsEnabledStartsADrag()
+    {
+        FakePointerSystem system(Drive::RawInput);
+        DragStage stage;
         stage.mouse.press(Qt::RightButton);
         stage.mouse.release(Qt::RightButton);
-    });
-    add("released over another", [](DragStage& stage) {
-        DragStage::send(*new QWidget(&stage.window), QEvent::MouseButtonRelease, {});
-    });
-    add("filter deleted", [](DragStage& stage) { delete stage.filter; });
-    add("hidden", [](DragStage& stage) { stage.target->hide(); });
-    add("docked elsewhere",
-        [](DragStage& stage) { stage.target->setParent(new QWidget(&stage.window)); });
-    add("target deleted", [](DragStage& stage) {
-        delete stage.target;
-        QCOMPARE(stage.story, u"s"_qs); // there is nobody to tell
-        stage.story += u'e';
-    });
-    add("target deleted before its filter", [](DragStage& stage) {
-        stage.filter->setParent(nullptr);
-        delete stage.target;
-        QVERIFY(!stage.filter->isDragging());
-        delete stage.filter;
-        stage.story += u'e';
-    });
-    add("window closed", [](DragStage& stage) { stage.window.close(); });
-    add("window disabled", [](DragStage& stage) { stage.window.setEnabled(false); });
-    const auto send = [](QObject* to, QEvent::Type type) {
-        QEvent event(type);
-        QCoreApplication::sendEvent(to, &event);
-    };
-    add("another window active",
-        [=](DragStage& stage) { send(&stage.window, QEvent::WindowDeactivate); });
-    add("another application active",
-        [=](DragStage&) { send(qApp, QEvent::ApplicationDeactivate); });
-    add("modal dialog", [](DragStage& stage) {
-        QDialog dialog(&stage.window);
-        dialog.setModal(true);
-        dialog.show();
-        QVERIFY(!stage.filter->isDragging());
-    });
-    add("menu", [](DragStage& stage) {
-        QMenu menu;
-        menu.addAction(u"Copy"_qs);
-        menu.popup({});
-        QVERIFY(!stage.filter->isDragging());
-    });
-}
-
-void MouseWrapDragTest::everyDoorGivesThePointerBack()
-{
-    QFETCH(const Door, leave);
-    const ui::OverrideCursor hosts(Qt::WaitCursor);
-    for (const Drive drive : {Drive::Moves, Drive::Warps, Drive::RawInput}) {
-        FakePointerSystem system(drive);
-        system.pointer = {123, 45};
-        DragStage stage;
+        stage.filter->setEnabled(false);
         stage.press();
-        stage.move({30, 0});
-        QCOMPARE(system.hides, drive == Drive::Moves ? 0 : 1);
-        QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
+        stage.mouse.release();
+        stage.filter->setEnabled(true);
+        stage.target->setEnabled(false);
+        DragStage::send(*stage.target, QEvent::MouseButtonPress, {});
+        stage.filter->forceEndDrag();
+        QVERIFY(stage.story.isEmpty() && system.takeRequests().isEmpty());
 
-        system.moveRaw({77, 5});
-        const QPoint pressed = stage.target->mapToGlobal(QPoint(50, 50));
-        leave(stage);
+        stage.target->setEnabled(true);
+        stage.press();
+        stage.filter->setEnabled(false); // says only that no other drag begins
+        QVERIFY(stage.filter->isDragging());
+        stage.mouse.release();
         QCOMPARE(stage.story, u"se"_qs);
-        QVERIFY(!stage.filter || !stage.filter->isDragging());
-        QVERIFY(system.isFree());
-        if (drive != Drive::Moves) {
-            QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : QPoint(123, 45));
-        }
-        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-        const int reports = stage.reports;
-        DragStage::sendRaw({40, 0});
-        QCOMPARE(stage.reports, reports);
+        QVERIFY(!stage.target->internalWinId());
+        QVERIFY(!MouseWrapDragFilter::Make(nullptr) && !MouseWrapDragFilter::MakeDummy(nullptr));
     }
-}
 
-void MouseWrapDragTest::aSlotMayDeleteWhatReportsToIt()
-{
-    const Door doors[] = {
-        [](DragStage& stage) { stage.filter->forceEndDrag(); },
-        [](DragStage& stage) { delete stage.filter; },
-        [](DragStage& stage) { delete stage.target; },
-    };
-    for (const Drive drive : {Drive::Moves, Drive::Warps, Drive::RawInput}) {
-        FakePointerSystem system(drive);
-        for (const Door& leave : doors) {
-            for (const QChar signal : {u's', u'd', u'e'}) {
+    void theDragDistanceIsNoPartOfTheMovement()
+    {
+        QCOMPARE(QApplication::startDragDistance(), 10);
+        DragStage stage(true);
+        const QPointF none(-99, -99);
+        const auto reportOf = [&](QPointF movement) {
+            stage.total = none;
+            stage.filter->commitDrag(QPointF(3, 4), movement);
+            return stage.total;
+        };
+        for (const QPointF& nothing : {QPointF(6, 3), QPointF(qQNaN(), 50), QPointF(0, qInf())}) {
+            QCOMPARE(reportOf(nothing), none);
+        }
+        QCOMPARE(reportOf({6, 4}), QPointF(0, 0));
+        QCOMPARE(reportOf({26, -6}), QPointF(20, -10));
+        QCOMPARE(reportOf({0, 0}), QPointF(-6, -4)); // back inside the distance
+        QCOMPARE(stage.current, QPointF(3, 4));
+        stage.press();
+        stage.mouse.release();
+        QCOMPARE(reportOf({6, 3}), none);
+    }
+
+    void everyKindOfDragTellsTheSameStory()
+    {
+        const std::pair<Drive, bool> kinds[] = {
+            {Drive::Warps, false},
+            {Drive::RawInput, false},
+            {Drive::Moves, false},
+            {Drive::Warps, true}};
+        for (const auto& [drive, isDummy] : kinds) {
+            FakePointerSystem system(drive);
+            system.pointer = {150, 100};
+            DragStage stage(isDummy);
+            for (const QPoint press : {QPoint(50, 50), QPoint(70, 30)}) {
+                stage.press(press);
+                stage.move({3, 2});
+                QCOMPARE(stage.reports, 0);
+                stage.move({9, 1});
+                for (int i = 0; i < 20; ++i) {
+                    QCOMPARE(stage.total, QPointF(i, -i));
+                    stage.move({1, -1});
+                }
+                const QPointF moved(32, -17);
+                const QPointF unended = stage.target->mapToGlobal(press) + moved;
+                const bool isRaw = drive == Drive::RawInput;
+                QCOMPARE(stage.current, isRaw ? moved * stage.window.devicePixelRatio() : unended);
+                stage.mouse.release();
+                stage.move({50, 50});
+                QCOMPARE(std::exchange(stage.reports, 0), 21);
+                QCOMPARE(std::exchange(stage.story, {}), u"se"_qs);
+            }
+            QCOMPARE(system.takeRequests().isEmpty(), isDummy || drive == Drive::Moves);
+        }
+    }
+
+    void everyEndGivesThePointerBack()
+    {
+        const std::pair<Act, QString> ends[] = {
+            {[](DragStage& s) { s.mouse.release(); }, u"se"_qs},
+            {[](DragStage& s) { // of another button
+                 s.mouse.press(Qt::RightButton);
+                 s.mouse.release(Qt::RightButton);
+             },
+             u"se"_qs},
+            {[](DragStage& s) { s.window.setEnabled(false); }, u"se"_qs},
+            {[](DragStage& s) { s.window.hide(); }, u"se"_qs},
+            {[](DragStage& s) { delete s.filter; }, u"se"_qs},
+            {[](DragStage& s) { delete s.target; }, u"s"_qs}, // there is nobody to tell
+            {[](DragStage& s) {
+                 s.filter->setParent(nullptr);
+                 delete s.target;
+                 QVERIFY(!s.filter->isDragging());
+                 delete s.filter;
+             },
+             u"s"_qs}};
+        const ui::OverrideCursor hosts(Qt::WaitCursor);
+        for (const auto& [end, story] : ends) {
+            for (const Drive drive : {Drive::Moves, Drive::Warps, Drive::RawInput}) {
+                FakePointerSystem system(drive);
+                system.pointer = {123, 45};
                 DragStage stage;
-                stage.awaited = signal;
-                stage.onAwaited = [&] { leave(stage); };
                 stage.press();
                 stage.move({30, 0});
-                stage.move({30, 0});
-                QCOMPARE(stage.reports, signal == u's' ? 0 : signal == u'd' ? 1 : 2);
-                stage.mouse.release();
-                QVERIFY(!stage.onAwaited);
+                QCOMPARE(system.hides, drive == Drive::Moves ? 0 : 1);
+                QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
+                system.moveRaw({77, 5});
+                const QPoint pressed = stage.target->mapToGlobal(QPoint(50, 50));
+                end(stage);
+                QCOMPARE(stage.story, story);
+                QVERIFY(system.isFree());
+                if (drive != Drive::Moves) {
+                    QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : QPoint(123, 45));
+                }
+                QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+                const int reports = stage.reports;
+                DragStage::sendRaw({40, 0});
+                QCOMPARE(stage.reports, reports);
+            }
+        }
+    }
+
+    void anythingMayDieInAnySignal()
+    {
+        const Act ends[] = {
+            [](DragStage& s) { s.filter->forceEndDrag(); },
+            [](DragStage& s) { delete s.filter; },
+            [](DragStage& s) { delete s.target; }};
+        for (const Drive drive : {Drive::Moves, Drive::Warps, Drive::RawInput}) {
+            FakePointerSystem system(drive);
+            for (const Act& end : ends) {
+                for (const int k : {0, 1, 3}) { // started, dragged twice, ended
+                    DragStage stage;
+                    stage.onSignal = {k, [&] { end(stage); }};
+                    stage.press();
+                    stage.move({30, 0});
+                    stage.move({30, 0});
+                    QCOMPARE(stage.reports, std::min(k, 2));
+                    stage.mouse.release();
+                    QVERIFY(stage.onSignal.isDone() && system.isFree());
+                }
+            }
+        }
+    }
+
+    void anEndMayPutOffTheDragThatCausedIt()
+    {
+        const Act obstacles[] = {
+            [](DragStage& second) { delete second.filter; },
+            [](DragStage& second) { delete second.target; },
+            [](DragStage& second) { second.filter->setEnabled(false); },
+            [](DragStage& second) { second.target->setEnabled(false); }};
+        FakePointerSystem system(Drive::Warps);
+        for (const Act& putOff : obstacles) {
+            for (const bool sameFilter : {false, true}) {
+                DragStage first;
+                DragStage other;
+                DragStage& second = sameFilter ? first : other;
+                first.onSignal = {1, [&] { putOff(second); }};
+                first.press();
+                second.pressAtOnce({70, 60});
+                QCOMPARE(first.story + other.story, u"se"_qs);
+                QVERIFY(system.isFree());
+            }
+        }
+        // One that begins meanwhile has precedence.
+        DragStage first;
+        DragStage second;
+        DragStage third;
+        first.onSignal = {1, [&] { third.pressAtOnce({50, 50}); }};
+        first.press();
+        second.pressAtOnce({50, 50});
+        QCOMPARE(first.story + second.story + third.story, u"ses"_qs);
+        third.filter->forceEndDrag();
+        QVERIFY(system.isFree());
+    }
+
+    void aSecondDragEndsTheFirstAndLeavesThePointerThere()
+    {
+        for (const Drive drive : {Drive::Warps, Drive::RawInput}) {
+            for (const bool sameFilter : {true, false}) { // whose release got lost
+                FakePointerSystem system(drive);
+                DragStage first;
+                DragStage other;
+                DragStage& second = sameFilter ? first : other;
+                first.press();
+                const QPoint there(210, 95);
+                system.pointer = there;
+                second.pressAtOnce({120, 30});
+                QCOMPARE(system.pointer, there);
+                QCOMPARE(first.story + other.story, u"ses"_qs);
+                QCOMPARE(system.hides, 1);
+                QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
+                system.pointer += QPoint(9, 9);
+                second.filter->forceEndDrag();
+                const QPoint pressed = second.target->mapToGlobal(QPoint(120, 30));
+                QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : there);
                 QVERIFY(system.isFree());
             }
         }
     }
-}
 
-void MouseWrapDragTest::anEndMayPutOffTheDragThatCausedIt()
-{
-    const Door doors[] = {
-        [](DragStage& second) { delete second.filter; },
-        [](DragStage& second) { delete second.target; },
-        [](DragStage& second) { second.filter->setEnabled(false); },
-        [](DragStage& second) { second.target->setEnabled(false); },
-    };
-    FakePointerSystem system(Drive::Warps);
-    for (const Door& leave : doors) {
-        for (const bool sameFilter : {false, true}) {
-            DragStage first;
-            DragStage other;
-            DragStage& second = sameFilter ? first : other;
-            first.press();
-            first.awaited = u'e';
-            first.onAwaited = [&] { leave(second); };
-            second.press({70, 60});
-            QVERIFY(!first.onAwaited);
-            QCOMPARE(first.story, u"se"_qs);
-            QCOMPARE(other.story, QString());
-            QVERIFY(system.isFree());
-        }
-    }
-
-    // A drag that has not begun yet has nothing to end; one that begins meanwhile has precedence.
-    DragStage first;
-    DragStage second;
-    DragStage third;
-    first.press();
-    first.awaited = u'e';
-    first.onAwaited = [&] { second.filter->forceEndDrag(); };
-    second.press();
-    QCOMPARE(second.story, u"s"_qs);
-    second.awaited = u'e';
-    second.onAwaited = [&] { third.press(); };
-    first.press();
-    QCOMPARE(first.story + second.story + third.story, u"seses"_qs);
-    third.mouse.release();
-    QVERIFY(system.isFree());
-}
-
-void MouseWrapDragTest::aSecondDragEndsTheFirstAndLeavesThePointerThere()
-{
-    for (const Drive drive : kHoldingDrives) {
-        for (const bool sameFilter : {true, false}) { // whose release got lost
+    void aPenLeavesThePointerAlone()
+    {
+        using Device = QInputDevice::DeviceType;
+        const std::tuple<Drive, Device, Qt::MouseEventSource> pens[] = {
+            {Drive::Warps, Device::Stylus, Qt::MouseEventNotSynthesized},
+            {Drive::RawInput, Device::TouchScreen, Qt::MouseEventNotSynthesized},
+            {Drive::Warps, Device::Mouse, Qt::MouseEventSynthesizedBySystem},
+            {Drive::RawInput, Device::Mouse, Qt::MouseEventSynthesizedByQt}};
+        for (const auto& [drive, type, source] : pens) {
+            const auto pen = QPointingDevice::PointerType::Pen;
+            const QPointingDevice device(
+                u"pen"_qs, 1, type, pen, QInputDevice::Capability::Position, 1, 1);
             FakePointerSystem system(drive);
-            system.pointer = {123, 45};
-            DragStage first;
-            DragStage other;
-            DragStage& second = sameFilter ? first : other;
-            first.press();
-            first.move({30, 0});
-            const QPoint there(210, 95);
-            system.pointer = there;
-            second.press({120, 30});
-            QCOMPARE(system.pointer, there);
-            QCOMPARE(first.story + other.story, u"ses"_qs);
-            if (!sameFilter) {
-                delete first.filter;
-            }
-            QCOMPARE(system.hides, 1);
-            QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
-            system.pointer += QPoint(9, 9);
-            second.mouse.release();
-            const QPoint pressed = second.target->mapToGlobal(QPoint(120, 30));
-            QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : there);
-            QVERIFY(system.isFree());
+            DragStage stage;
+            const auto tell = [&, from = source](QEvent::Type eventType, QPointF position) {
+                QMouseEvent event = DragStage::mouseEvent(eventType, position, &device, from);
+                stage.filter->eventFilter(stage.target, &event); // on the way Qt itself rounds
+            };
+            tell(QEvent::MouseButtonPress, {100.4, 100});
+            tell(QEvent::MouseMove, {120, 99.6});
+            tell(QEvent::MouseMove, {1e6, 100});
+            DragStage::sendRaw({500, 0});
+            QCOMPARE(stage.total, QPointF(1e6 - 120, 0));
+            QCOMPARE(stage.current, QPointF(1e6, 100));
+            QCOMPARE(system.takeRequests(), QString());
         }
     }
-}
 
-void MouseWrapDragTest::aPenLeavesThePointerAlone()
-{
-    using Device = QInputDevice::DeviceType;
-    const std::tuple<Drive, Device, Qt::MouseEventSource> pens[] = {
-        {Drive::Warps, Device::Stylus, Qt::MouseEventNotSynthesized},
-        {Drive::RawInput, Device::TouchScreen, Qt::MouseEventNotSynthesized},
-        {Drive::Warps, Device::Mouse, Qt::MouseEventSynthesizedBySystem},
-        {Drive::RawInput, Device::Mouse, Qt::MouseEventSynthesizedByQt},
-    };
-    for (const auto& [drive, type, source] : pens) {
-        const auto pen = QPointingDevice::PointerType::Pen;
-        const QPointingDevice device(
-            u"pen"_qs, 1, type, pen, QInputDevice::Capability::Position, 1, 1);
-        FakePointerSystem system(drive);
-        DragStage stage;
-        const auto tell = [&, from = source](QEvent::Type eventType, QPointF position) {
-            QMouseEvent event = DragStage::mouseEvent(eventType, position, &device, from);
-            stage.filter->eventFilter(stage.target, &event); // on the way Qt itself rounds
-        };
-        tell(QEvent::MouseButtonPress, {100.4, 100});
-        tell(QEvent::MouseMove, {120, 99.6});
-        tell(QEvent::MouseMove, {1e6, 100});
-        DragStage::sendRaw({500, 0});
-        QCOMPARE(stage.total, QPointF(1e6 - 120, 0));
-        QCOMPARE(stage.current, QPointF(1e6, 100));
-        tell(QEvent::MouseButtonRelease, {1e6, 100});
-        QCOMPARE(stage.story, u"se"_qs);
-        QCOMPARE(system.takeRequests(), QString());
+    void aWarpedDragIsExactThoughPositionsComeLateOrNever()
+    {
+        const QRect screen = QGuiApplication::primaryScreen()->geometry();
+        const QPoint press(screen.left() + 3, screen.center().y());
+        for (const bool allowsWarps : {true, false}) {
+            FakePointerSystem system(Drive::Warps);
+            system.allowsWarps = allowsWarps;
+            system.pointer = press;
+            DragStage stage;
+            DragStage::send(*stage.target, QEvent::MouseButtonPress, press);
+            DragStage::send(*stage.target, QEvent::MouseMove, press + QPoint(1, 1));
+            QCOMPARE(system.pointer, press); // might still become a click
+
+            const QPoint step(7, -2);
+            const int steps = 10 * screen.width() / step.x();
+            std::mt19937 random(3);
+            std::uniform_int_distribution<int> queued(1, 5);
+            for (int done = 0; done < steps;) {
+                for (int n = queued(random); n > 0 && done < steps; --n, ++done) {
+                    system.moveMouse(step);
+                }
+                for (const QPoint position : system.takePositions(random)) {
+                    DragStage::send(*stage.target, QEvent::MouseMove, position);
+                }
+                QVERIFY(!allowsWarps || screen.contains(system.pointer));
+            }
+            QCOMPARE(stage.current, QPointF(press + step * steps));
+            DragStage::send(*stage.target, QEvent::MouseButtonRelease, system.pointer);
+            QCOMPARE(system.pointer, press);
+        }
     }
-}
 
-void MouseWrapDragTest::aWarpedDragIsExactThoughPositionsComeLateOrNever()
-{
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    const QPoint press(screen.left() + 3, screen.center().y());
-    for (const bool allowsWarps : {true, false}) {
+    void hidingIsNotCounted()
+    {
         FakePointerSystem system(Drive::Warps);
-        system.allowsWarps = allowsWarps;
-        system.pointer = press;
-        DragStage stage;
-        DragStage::send(*stage.target, QEvent::MouseButtonPress, press);
-        DragStage::send(*stage.target, QEvent::MouseMove, press + QPoint(1, 1));
-        QCOMPARE(system.pointer, press); // might still become a click
-
-        const QPoint step(7, -2);
-        const int steps = 10 * screen.width() / step.x();
-        std::mt19937 random(3);
-        std::uniform_int_distribution<int> queued(1, 5);
-        for (int done = 0; done < steps;) {
-            for (int n = queued(random); n > 0 && done < steps; --n, ++done) {
-                system.moveMouse(step);
-            }
-            for (const QPoint position : system.takePositions(random)) {
-                DragStage::send(*stage.target, QEvent::MouseMove, position);
-            }
-            QVERIFY(!allowsWarps || screen.contains(system.pointer));
+        void (*const show)() = showNativeMouse;
+        void (*const hide)() = hideNativeMouse;
+        void (*const reset)() = resetNativeMouseState;
+        for (const auto act : {show, hide, hide, show, show, hide, reset, reset}) {
+            act();
         }
-        QCOMPARE(stage.current, QPointF(press + step * steps));
-        DragStage::send(*stage.target, QEvent::MouseButtonRelease, system.pointer);
-        QCOMPARE(system.pointer, press);
+        const QString heard = u"hide; show; hide; end confinement; show; end confinement"_qs;
+        QCOMPARE(system.takeRequests(), heard);
     }
-}
 
-void MouseWrapDragTest::hidingIsNotCounted()
-{
-    FakePointerSystem system(Drive::Warps);
-    using Act = void (*)();
-    const Act show = showNativeMouse;
-    const Act hide = hideNativeMouse;
-    const Act reset = resetNativeMouseState;
-    for (const Act act : {show, hide, hide, show, show, hide, reset, reset}) {
-        act();
+    void aRealPointerDragsTenScreensFarAndComesBack()
+    {
+        DragStage stage;
+        if (!RealPointer::available()) { // off screen a drag goes by mouse moves
+            stage.press();
+            stage.move({30, 0});
+            stage.move({30, 0});
+            QCOMPARE(stage.total, QPointF(30, 0));
+            return;
+        }
+        const QScreen* screen = stage.window.screen();
+        stage.window.move(screen->geometry().center());
+        QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
+        const double ratio = screen->devicePixelRatio();
+        const QPoint press = stage.target->mapToGlobal(QPoint(50, 50)) * ratio;
+        RealPointer pointer;
+        const bool isRaw = pointer.isFree().has_value();
+        for (const QPoint step : {QPoint(40, 4), QPoint(-40, -4)}) {
+            pointer.moveTo(press);
+            pointer.press();
+            QTRY_VERIFY(stage.filter->isDragging());
+            QVERIFY(!pointer.isFree().value_or(false));
+            const int steps = int(10 * screen->geometry().width() * ratio) / 40 + 7;
+            pointer.moveBy(step, steps);
+            const QPointF moved = step * steps;
+            QTRY_COMPARE(stage.current, isRaw ? moved : (press + moved) / ratio);
+            pointer.release();
+            QTRY_VERIFY(!stage.filter->isDragging());
+            QTRY_COMPARE(pointer.position(), press);
+            QVERIFY(pointer.isFree().value_or(true));
+        }
+        QCOMPARE(stage.story, u"sese"_qs);
     }
-    const QString heard = u"hide; show; hide; end confinement; show; end confinement"_qs;
-    QCOMPARE(system.takeRequests(), heard);
-}
-
-void MouseWrapDragTest::aRealPointerDragsTenScreensFarAndComesBack()
-{
-    DragStage stage;
-    if (!RealPointer::available()) {
-        // Off screen nobody can hold the pointer, and a drag goes by mouse moves.
-        stage.press();
-        stage.move({30, 0});
-        stage.move({30, 0});
-        QCOMPARE(stage.total, QPointF(30, 0));
-        QVERIFY(!QApplication::overrideCursor());
-        return;
-    }
-    const QScreen* screen = stage.window.screen();
-    stage.window.move(screen->geometry().center());
-    QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
-    const double ratio = screen->devicePixelRatio();
-    const QPoint press = stage.target->mapToGlobal(QPoint(50, 50)) * ratio;
-    RealPointer pointer;
-    const bool isRaw = pointer.isFree().has_value();
-    for (const QPoint step : {QPoint(40, 4), QPoint(-40, -4)}) {
-        pointer.moveTo(press);
-        pointer.press();
-        QTRY_VERIFY(stage.filter->isDragging());
-        QVERIFY(!pointer.isFree().value_or(false));
-
-        const int steps = int(10 * screen->geometry().width() * ratio) / 40 + 7;
-        pointer.moveBy(step, steps);
-        const QPointF moved = step * steps;
-        QTRY_COMPARE(stage.current, isRaw ? moved : (press + moved) / ratio);
-
-        pointer.release();
-        QTRY_VERIFY(!stage.filter->isDragging());
-        QTRY_COMPARE(pointer.position(), press);
-        QVERIFY(pointer.isFree().value_or(true));
-    }
-    QCOMPARE(stage.story, u"sese"_qs);
-}
+};
 
 const ui::test::Registration<MouseWrapDragTest> kRegistration;
 

@@ -13,18 +13,6 @@
 
 using ui::test::RealPointer;
 
-/// What Windows itself does with raw mouse input. Off screen there are no native windows, and all
-/// that can be seen is that nothing is registered for one.
-class RawInputTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void aStreamOfMotionsIsExactAndLeavesTheQueueEmpty();
-    void onlyReadableMouseMotionsAreReported();
-    void aWindowThatGoesLeavesNoRegistration();
-};
-
 namespace {
 
 std::optional<RAWINPUTDEVICE> registeredMouse()
@@ -87,105 +75,114 @@ struct Tracked
 
 } // namespace
 
-void RawInputTest::aStreamOfMotionsIsExactAndLeavesTheQueueEmpty()
+/// What Windows itself does with raw mouse input. Off screen there are no native windows, and all
+/// that can be seen is that nothing is registered for one.
+class RawInputTest : public ui::test::TestCase
 {
-    Tracked tracked;
-    MouseWrapDragFilter* drag = MouseWrapDragFilter::Make(&tracked.window);
-    QPointF current;
-    connect(drag, &MouseWrapDragFilter::dragged, this, [&](const QPointF& a) { current = a; });
-    QCOMPARE(tracked.isTracking, RealPointer::available());
-    QCOMPARE(registeredMouse().has_value(), RealPointer::available());
-    if (!tracked.isTracking) {
-        QCOMPARE(takeLog(), QStringList(u"debug: RegisterRawInputDevices() failed"_qs));
-        return;
-    }
-    RealPointer pointer;
-    tracked.enter(pointer);
-    QTest::mousePress(&tracked.window, Qt::LeftButton);
-    const int motionsBefore = tracked.motions;
-    const QPointF sumBefore = tracked.sum;
+    Q_OBJECT
 
-    constexpr int kMotions = 2000;
-    constexpr int kAtOnce = 100;
-    for (int sent = 0; sent < kMotions; sent += kAtOnce) {
-        std::vector<INPUT> inputs(
-            kAtOnce, mouseInput(MOUSEEVENTF_MOVE, {sent % 200 == 0 ? 3 : -3, 1}));
-        sendInputs(inputs);
-        QCoreApplication::processEvents();
-    }
-    QTRY_COMPARE(tracked.motions - motionsBefore, kMotions);
-    QCOMPARE(tracked.sum - sumBefore, QPointF(0, kMotions));
-    QCOMPARE(current, QPointF(0, kMotions));
-    MSG message{};
-    QVERIFY(!PeekMessageW(&message, nullptr, WM_INPUT, WM_INPUT, PM_NOREMOVE));
-
-    QTest::mouseRelease(&tracked.window, Qt::LeftButton);
-}
-
-void RawInputTest::onlyReadableMouseMotionsAreReported()
-{
-    Tracked tracked;
-    takeLog();
-    if (tracked.isTracking) {
+private Q_SLOTS:
+    void aStreamOfMotionsIsExactAndLeavesTheQueueEmpty()
+    {
+        Tracked tracked;
+        MouseWrapDragFilter* drag = MouseWrapDragFilter::Make(&tracked.window);
+        QPointF current;
+        connect(drag, &MouseWrapDragFilter::dragged, this, [&](const QPointF& a) { current = a; });
+        QCOMPARE(tracked.isTracking, RealPointer::available());
+        QCOMPARE(registeredMouse().has_value(), RealPointer::available());
+        if (!tracked.isTracking) {
+            QCOMPARE(takeLog(), QStringList(u"debug: RegisterRawInputDevices() failed"_qs));
+            return;
+        }
         RealPointer pointer;
         tracked.enter(pointer);
-        const int before = tracked.motions;
-        std::vector<INPUT> inputs = {
-            mouseInput(MOUSEEVENTF_WHEEL, {}, WHEEL_DELTA),
-            mouseInput(MOUSEEVENTF_RIGHTDOWN),
-            mouseInput(MOUSEEVENTF_RIGHTUP),
-            mouseInput(MOUSEEVENTF_MOVE, {4, -3})};
-        sendInputs(inputs);
-        QTRY_COMPARE(tracked.motions, before + 1);
-        SetCursorPos(5, 5); // its echo moves nothing
-        QTest::qWait(50);
-        QCOMPARE(tracked.motions, before + 1);
-    }
-    MSG message{};
-    message.message = WM_INPUT;
-    message.lParam = 0x7654321; // no record of ours
-    const auto filter = [&message](const char* type) {
-        return QAbstractEventDispatcher::instance()->filterNativeEvent(type, &message, nullptr);
-    };
-    QVERIFY(!filter("windows_generic_MSG"));
-    const QStringList failure(u"debug: GetRawInputData() failed"_qs);
-    QCOMPARE(takeLog(), tracked.isTracking ? failure : QStringList());
-    QVERIFY(!filter("windows_dispatcher_MSG"));
-    message.message = WM_INPUT + 1;
-    QVERIFY(!filter("windows_generic_MSG"));
-}
+        pointer.press(); // really, or the first move would tell that it is up
+        QTRY_VERIFY(drag->isDragging());
+        const int motionsBefore = tracked.motions;
+        const QPointF sumBefore = tracked.sum;
 
-void RawInputTest::aWindowThatGoesLeavesNoRegistration()
-{
+        constexpr int kMotions = 2000;
+        constexpr int kAtOnce = 100;
+        for (int sent = 0; sent < kMotions; sent += kAtOnce) {
+            std::vector<INPUT> inputs(
+                kAtOnce, mouseInput(MOUSEEVENTF_MOVE, {sent % 200 == 0 ? 3 : -3, 1}));
+            sendInputs(inputs);
+            QCoreApplication::processEvents();
+        }
+        QTRY_COMPARE(tracked.motions - motionsBefore, kMotions);
+        QCOMPARE(tracked.sum - sumBefore, QPointF(0, kMotions));
+        QCOMPARE(current, QPointF(0, kMotions));
+        MSG message{};
+        QVERIFY(!PeekMessageW(&message, nullptr, WM_INPUT, WM_INPUT, PM_NOREMOVE));
+
+        pointer.release();
+    }
+
+    void onlyReadableMouseMotionsAreReported()
     {
         Tracked tracked;
         takeLog();
-        tracked.window.close();
-        tracked.window.setParent(nullptr, Qt::Tool); // another native window
+        if (tracked.isTracking) {
+            RealPointer pointer;
+            tracked.enter(pointer);
+            const int before = tracked.motions;
+            std::vector<INPUT> inputs = {
+                mouseInput(MOUSEEVENTF_WHEEL, {}, WHEEL_DELTA),
+                mouseInput(MOUSEEVENTF_RIGHTDOWN),
+                mouseInput(MOUSEEVENTF_RIGHTUP),
+                mouseInput(MOUSEEVENTF_MOVE, {4, -3})};
+            sendInputs(inputs);
+            QTRY_COMPARE(tracked.motions, before + 1);
+            SetCursorPos(5, 5); // its echo moves nothing
+            QTest::qWait(50);
+            QCOMPARE(tracked.motions, before + 1);
+        }
+        MSG message{};
+        message.message = WM_INPUT;
+        message.lParam = 0x7654321; // no record of ours
+        const auto filter = [&message](const char* type) {
+            return QAbstractEventDispatcher::instance()->filterNativeEvent(type, &message, nullptr);
+        };
+        QVERIFY(!filter("windows_generic_MSG"));
+        const QStringList failure(u"debug: GetRawInputData() failed"_qs);
+        QCOMPARE(takeLog(), tracked.isTracking ? failure : QStringList());
+        QVERIFY(!filter("windows_dispatcher_MSG"));
+        message.message = WM_INPUT + 1;
+        QVERIFY(!filter("windows_generic_MSG"));
     }
-    QVERIFY(!registeredMouse());
-    POINT before{};
-    GetCursorPos(&before);
-    for (const bool deletesWindow : {true, false}) {
-        auto window = std::make_unique<QWidget>();
-        auto* field = new QWidget(window.get());
-        window->setGeometry(200, 200, 300, 200);
-        window->show();
-        MouseWrapDragFilter::Make(field);
-        QTest::mousePress(field, Qt::LeftButton);
-        QCOMPARE(registeredMouse().has_value(), RealPointer::available());
-        if (deletesWindow) {
-            window.reset();
-        } else {
-            delete field;
+
+    void aWindowThatGoesLeavesNoRegistration()
+    {
+        {
+            Tracked tracked;
+            takeLog();
+            tracked.window.close();
+            tracked.window.setParent(nullptr, Qt::Tool); // another native window
         }
         QVERIFY(!registeredMouse());
-        QCOMPARE(takeLog(), QStringList());
+        POINT before{};
+        GetCursorPos(&before);
+        for (const bool deletesWindow : {true, false}) {
+            auto window = std::make_unique<QWidget>();
+            auto* field = new QWidget(window.get());
+            window->setGeometry(200, 200, 300, 200);
+            window->show();
+            MouseWrapDragFilter::Make(field);
+            QTest::mousePress(field, Qt::LeftButton);
+            QCOMPARE(registeredMouse().has_value(), RealPointer::available());
+            if (deletesWindow) {
+                window.reset();
+            } else {
+                delete field;
+            }
+            QVERIFY(!registeredMouse());
+            QCOMPARE(takeLog(), QStringList());
+        }
+        POINT after{};
+        GetCursorPos(&after);
+        QVERIFY(before.x == after.x && before.y == after.y);
     }
-    POINT after{};
-    GetCursorPos(&after);
-    QVERIFY(before.x == after.x && before.y == after.y);
-}
+};
 
 const ui::test::Registration<RawInputTest> kRegistration;
 

@@ -23,12 +23,18 @@ ConnectionLine::ConnectionLine(QPoint start, QObject* parent)
 
 ConnectionLine::~ConnectionLine()
 {
+    takeDown();
+}
+
+void ConnectionLine::takeDown()
+{
     for (const auto& overlay : m_overlays) {
         if (overlay != nullptr && QCoreApplication::instance() != nullptr) {
             overlay->hide();
             overlay->deleteLater(); // it may be in one of its own events
         }
     }
+    m_overlays.clear();
 }
 
 void ConnectionLine::show(const ConnectionPicture& picture)
@@ -78,7 +84,10 @@ void ConnectionLine::animate(const std::function<ConnectionPicture(double share)
         &QVariantAnimation::valueChanged,
         this,
         [this, pictureAt](const QVariant& share) { show(pictureAt(share.toDouble())); });
-    connect(animation, &QVariantAnimation::finished, this, &ConnectionLine::gone);
+    connect(animation, &QVariantAnimation::finished, this, [this] {
+        takeDown();
+        Q_EMIT gone();
+    });
     animation->start();
 }
 

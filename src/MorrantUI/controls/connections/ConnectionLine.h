@@ -34,6 +34,7 @@ Q_SIGNALS:
 private:
     void animate(const std::function<ConnectionPicture(double share)>& pictureAt);
     void coverWindows();
+    void takeDown();
 
     ConnectionPicture m_picture;
     std::vector<QPointer<ConnectionOverlay>> m_overlays;

@@ -1,0 +1,175 @@
+#include "support/FakePointer.h"
+#include "support/TestCase.h"
+#include <MorrantUI/controls/gestures/GestureDoors.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QGraphicsView>
+#include <QMenu>
+
+using Door = GestureDoors::Door;
+
+namespace {
+
+/// A pressed widget in a shown window, watched from outside.
+struct Stage
+{
+    explicit Stage(GestureHold hold = {})
+    {
+        window.setGeometry(60, 50, 300, 200);
+        widget->setGeometry(20, 20, 200, 100);
+        widget->setFocusPolicy(Qt::StrongFocus);
+        window.show();
+        window.activateWindow();
+        widget->setFocus();
+        pointer.moveTo({50, 50});
+        pointer.press(hold.button == Qt::NoButton ? Qt::LeftButton : hold.button);
+        doors->watch(
+            widget, [this](Door door) { opened << door; }, hold);
+    }
+
+    static void send(QObject* to, QEvent::Type type)
+    {
+        QEvent event(type);
+        QCoreApplication::sendEvent(to, &event);
+    }
+
+    static void popUp()
+    {
+        QMenu menu;
+        menu.addAction(u"Copy"_qs);
+        menu.popup({});
+    }
+
+    QWidget window;
+    QPointer<QWidget> widget = new QWidget(&window);
+    ui::test::FakePointer pointer{&window};
+    QList<Door> opened;
+    std::unique_ptr<GestureDoors> doors = std::make_unique<GestureDoors>();
+};
+
+} // namespace
+
+class GestureDoorsTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyDoorIsToldOnceAndByItsName()
+    {
+        const std::pair<std::function<void(Stage&)>, Door> doors[] = {
+            {[](Stage& s) { s.widget->hide(); }, Door::Hidden},
+            {[](Stage& s) { s.window.close(); }, Door::Hidden},
+            {[](Stage& s) { s.widget->setParent(new QWidget(&s.window)); }, Door::Hidden},
+            {[](Stage& s) { s.window.setEnabled(false); }, Door::Disabled},
+            {[](Stage& s) { Stage::send(&s.window, QEvent::WindowDeactivate); },
+             Door::WindowInactive},
+            {[](Stage& s) { Stage::send(s.window.windowHandle(), QEvent::WindowBlocked); },
+             Door::WindowBlocked},
+            {[](Stage& s) { Stage::send(s.widget, QEvent::UngrabMouse); }, Door::MouseLost},
+            {[](Stage& s) {
+                 ui::test::FakePointer(s.widget).moveTo({9, 9});
+             },
+             Door::MouseLost},
+            {[](Stage& s) { QTest::mouseRelease(&s.window, Qt::LeftButton); }, Door::MouseLost},
+            {[](Stage&) { Stage::popUp(); }, Door::PopupOpened},
+            {[](Stage&) { Stage::send(qApp, QEvent::ApplicationDeactivate); },
+             Door::ApplicationInactive},
+            {[](Stage& s) { delete s.widget; }, Door::Destroyed},
+        };
+        for (const auto& [open, door] : doors) {
+            Stage stage;
+            open(stage);
+            QCOMPARE(stage.opened, QList<Door>{door});
+            QVERIFY(!stage.doors->isWatching());
+        }
+    }
+
+    void whatIsNotAskedForIsNoDoor()
+    {
+        Stage stage({.button = Qt::NoButton, .popups = false});
+        stage.widget->clearFocus();
+        stage.widget->setEnabled(true);
+        Stage::send(new QWidget(&stage.window), QEvent::Hide);
+        QTest::mouseRelease(&stage.window, Qt::LeftButton);
+        stage.pointer.release();
+        stage.pointer.moveTo({60, 60});
+        Stage::popUp();
+        QVERIFY(stage.opened.isEmpty() && stage.doors->isWatching());
+        stage.doors->stop();
+        stage.doors->watch(nullptr, [&stage](Door door) { stage.opened << door; });
+        stage.widget->hide();
+        QVERIFY(stage.opened.isEmpty());
+
+        Stage middle({.button = Qt::MiddleButton});
+        QTest::mouseRelease(&middle.window, Qt::LeftButton);
+        middle.pointer.release(Qt::MiddleButton); // its own, which is no surprise
+        QWidget child(middle.widget);
+        QTest::mouseRelease(&child, Qt::MiddleButton); // comes to the widget next
+        middle.doors.reset();
+        middle.window.close();
+        QVERIFY(middle.opened.isEmpty());
+    }
+
+    void theFocusOfAViewIsThatOfItsViewport()
+    {
+        Stage stage;
+        QGraphicsView view(&stage.window);
+        view.show();
+        view.setFocus();
+        const auto leave = [&stage](Door door) { stage.opened << door; };
+        stage.doors->watch(view.viewport(), leave, {.focus = true});
+        stage.widget->setFocus();
+        QCOMPARE(stage.opened, QList<Door>{Door::FocusLost});
+    }
+
+    void aCallbackMayDeleteAnythingAndWatchAgain()
+    {
+        Stage stage;
+        stage.doors->watch(stage.widget, [&](Door) { stage.doors.reset(); });
+        stage.widget->setEnabled(false);
+        QVERIFY(!stage.doors);
+
+        Stage other;
+        other.doors->watch(other.widget, [&](Door) { delete other.widget; });
+        ui::test::FakePointer(other.widget).moveTo({9, 9}); // has nobody to go to
+        QVERIFY(!other.widget);
+
+        Stage again;
+        again.doors->watch(again.widget, [&](Door) {
+            again.doors->watch(&again.window, [&](Door door) { again.opened << door; });
+        });
+        again.widget->hide();
+        again.window.hide();
+        QCOMPARE(again.opened, QList<Door>{Door::Hidden});
+    }
+
+    void nothingBeginsWhereADoorIsOpen()
+    {
+        Stage stage;
+        QDialog dialog(&stage.window);
+        QWidget unrelated;
+        unrelated.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&unrelated));
+        for (const Qt::WindowModality modality : {Qt::WindowModal, Qt::ApplicationModal}) {
+            dialog.setWindowModality(modality);
+            dialog.show();
+            dialog.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            QVERIFY(!GestureDoors::mayBegin(*stage.widget) && GestureDoors::mayBegin(dialog));
+            QCOMPARE(GestureDoors::mayBegin(unrelated), modality == Qt::WindowModal);
+            dialog.hide();
+        }
+        stage.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+        QVERIFY(GestureDoors::mayBegin(*stage.widget));
+        stage.widget->setEnabled(false);
+        QVERIFY(!GestureDoors::mayBegin(*stage.widget));
+        unrelated.hide();
+        QVERIFY(!GestureDoors::mayBegin(unrelated));
+    }
+};
+
+const ui::test::Registration<GestureDoorsTest> kRegistration;
+
+#include "tst_gesturedoors.moc"
