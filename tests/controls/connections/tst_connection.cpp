@@ -1,3 +1,4 @@
+#include "../KthSignal.h"
 #include "MorrantUI/controls/connections/connectiongeometry.h"
 #include "support/FakeClock.h"
 #include "support/FakePointer.h"
@@ -250,47 +251,37 @@ private Q_SLOTS:
         connection->cancel();
     }
 
-    void everyDoorCancels_data()
+    void everyWayOutCancelsOnce()
     {
-        QTest::addColumn<Act>("leave");
-        const auto add = [](const char* name, const Act& leave) { QTest::newRow(name) << leave; };
-        add("Escape", [](Stage& stage) { QTest::keyClick(&stage.window, Qt::Key_Escape); });
-        add("right press", [](Stage& stage) { stage.pointer.press(Qt::RightButton); });
-        add("hidden", [](Stage& stage) { stage.whip->hide(); });
-        add("window closed", [](Stage& stage) { stage.window.close(); });
-        add("window disabled", [](Stage& stage) { stage.window.setEnabled(false); });
-        add("connector deleted", [](Stage& stage) { delete stage.whip; });
-        add("connection deleted", [](Stage&) { delete ConnectionInstance::current(); });
-        add("quit", [](Stage&) { QMetaObject::invokeMethod(qApp, "aboutToQuit"); });
-        add("release lost", [](Stage& stage) { FakePointer(&stage.window).moveTo(kOuter); });
-        add("dialog", [](Stage& stage) {
-            QDialog dialog(&stage.window);
-            dialog.setModal(true);
-            dialog.show();
-        });
-        add("another start", [](Stage& stage) {
-            ConnectionInstance* const second = ConnectionInstance::start(&stage.other, {});
-            QCOMPARE(ConnectionInstance::current(), second);
-            second->cancel();
-        });
-    }
-
-    void everyDoorCancels()
-    {
-        QFETCH(const Act, leave);
-        Stage stage;
-        const QPointer<ConnectionInstance> connection = stage.dragTo(kInner);
-        QList<State> ended;
-        connect(
-            connection, &ConnectionInstance::finished, this, [&](State state) { ended << state; });
-        stage.taken();
-        leave(stage);
-        QCOMPARE(ended, QList<State>({State::Cancelled}));
-        QCOMPARE(stage.taken(), QByteArray("inner leave"));
-        QVERIFY(!ConnectionInstance::current() && !QGuiApplication::overrideCursor());
-        stage.pointer.moveTo(kInner);
-        stage.pointer.release();
-        QCOMPARE(stage.taken(), QByteArray());
+        const Act ways[] = {
+            [](Stage& s) { QTest::keyClick(&s.window, Qt::Key_Escape); },
+            [](Stage& s) { s.pointer.press(Qt::RightButton); },
+            [](Stage& s) { s.window.close(); },
+            [](Stage& s) { delete s.whip; },
+            [](Stage&) { delete ConnectionInstance::current(); },
+            [](Stage&) { QMetaObject::invokeMethod(qApp, "aboutToQuit"); },
+            [](Stage& s) { FakePointer(&s.window).moveTo(kOuter); }, // the release got lost
+            [](Stage& s) {
+                ConnectionInstance* const second = ConnectionInstance::start(&s.other, {});
+                QCOMPARE(ConnectionInstance::current(), second);
+                second->cancel();
+            }};
+        for (const Act& leave : ways) {
+            Stage stage;
+            const QPointer<ConnectionInstance> connection = stage.dragTo(kInner);
+            QList<State> ended;
+            connect(connection, &ConnectionInstance::finished, this, [&](State state) {
+                ended << state;
+            });
+            stage.taken();
+            leave(stage);
+            QCOMPARE(ended, QList<State>({State::Cancelled}));
+            QCOMPARE(stage.taken(), QByteArray("inner leave"));
+            QVERIFY(!ConnectionInstance::current() && !QGuiApplication::overrideCursor());
+            stage.pointer.moveTo(kInner);
+            stage.pointer.release();
+            QCOMPARE(stage.taken(), QByteArray());
+        }
     }
 
     void aDragIsNoClickAndItsCancellingPressOpensNoMenu()
@@ -324,33 +315,33 @@ private Q_SLOTS:
     void anythingMayDieInAnyCallback()
     {
         const Act kills[] = {
-            [](Stage& stage) { delete stage.inner; },
-            [](Stage& stage) { delete stage.outer; },
-            [](Stage& stage) { delete stage.whip; },
-            [](Stage& stage) { stage.window.close(); },
-            [](Stage& stage) { delete stage.connection; }};
+            [](Stage& s) { delete s.inner; },
+            [](Stage& s) { delete s.outer; },
+            [](Stage& s) { delete s.whip; },
+            [](Stage& s) { s.window.close(); },
+            [](Stage& s) { delete s.connection; }};
+        const QStringList callbacks = {u"enter"_qs, u"move"_qs, u"drop"_qs, u"leave"_qs};
         for (const Act& kill : kills) {
-            for (const char* const callback : {"enter", "move", "leave", "drop"}) {
+            for (const QString& callback : callbacks) {
                 Stage stage;
-                bool done = false;
+                ui::test::KthSignal onCallback;
                 int ends = 0;
-                connect(
-                    stage.whip, &PickWhip::connectionStarted, this, [&](const auto* connection) {
-                        connect(connection, &ConnectionInstance::finished, this, [&] { ++ends; });
-                    });
+                connect(stage.whip, &PickWhip::connectionStarted, this, [&](const auto* started) {
+                    connect(started, &ConnectionInstance::finished, this, [&] { ++ends; });
+                });
                 stage.inner->reaction = [&](const QString& what, ConnectionInstance* connection) {
-                    if (what == QLatin1String(callback) && !std::exchange(done, true)) {
+                    if (what == callback && !onCallback.isDone()) {
                         stage.connection = connection;
-                        kill(stage);
+                        onCallback();
                     }
                 };
+                onCallback = {0, [&] { kill(stage); }};
                 stage.dragTo(kInner);
-                stage.pointer.moveTo(kInner + QPoint(5, 5));
                 stage.pointer.release();
-                QVERIFY2(done, callback);
+                QVERIFY2(onCallback.isDone(), qPrintable(callback));
                 QVERIFY(!ConnectionInstance::current() && !QGuiApplication::overrideCursor());
                 QCOMPARE(ends, 1);
-                const bool isLeft = stage.inner || qstrcmp(callback, "leave") == 0;
+                const bool isLeft = stage.inner || callback == u"leave";
                 QCOMPARE(stage.log.count(QByteArray("inner leave")), isLeft ? 1 : 0);
             }
         }
