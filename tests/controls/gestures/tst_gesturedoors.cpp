@@ -1,6 +1,7 @@
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/GestureDoors.h>
+#include <MorrantUI/theme/eventfilters.h>
 
 #include <QApplication>
 #include <QDialog>
@@ -102,6 +103,10 @@ private Q_SLOTS:
         QVERIFY(stage.opened.isEmpty());
 
         Stage middle({.button = Qt::MiddleButton});
+        const auto takesReleases = [](QObject*, QEvent* event) {
+            return event->type() == QEvent::MouseButtonRelease;
+        };
+        ui::installEventFilter(middle.widget, takesReleases, nullptr);
         QTest::mouseRelease(&middle.window, Qt::LeftButton);
         middle.pointer.release(Qt::MiddleButton); // its own, which is no surprise
         QWidget child(middle.widget);
@@ -116,6 +121,7 @@ private Q_SLOTS:
         Stage stage;
         QGraphicsView view(&stage.window);
         view.show();
+        QVERIFY(QTest::qWaitForWindowActive(&stage.window));
         view.setFocus();
         const auto leave = [&stage](Door door) { stage.opened << door; };
         stage.doors->watch(view.viewport(), leave, {.focus = true});

@@ -130,7 +130,7 @@ bool GestureDoors::losesButton(const QObject& receiver, const QMouseEvent& event
         return false;
     }
     return event.type() == QEvent::MouseMove
-               ? &receiver == m_widget && !event.buttons().testFlag(m_hold.button)
+               ? m_hold.moves && &receiver == m_widget && !event.buttons().testFlag(m_hold.button)
                : event.button() == m_hold.button && isElsewhere(receiver, *m_widget);
 }
 

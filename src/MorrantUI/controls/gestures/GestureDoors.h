@@ -15,8 +15,9 @@ class QMouseEvent;
 struct GestureHold
 {
     Qt::MouseButton button = Qt::LeftButton; ///< held down all the time; NoButton for none
-    bool focus = false;                      ///< ends with the keyboard focus, as of a held key
-    bool popups = true;                      ///< ends when a menu or the like opens
+    bool moves = true;  ///< ends at a mouse move that says that the button is up
+    bool focus = false; ///< ends with the keyboard focus, as of a held key
+    bool popups = true; ///< ends when a menu or the like opens
 };
 
 /// Watches, for one widget, every way in which a gesture can end without the release of its button,

@@ -121,7 +121,8 @@ void MouseWrapDragFilter::beginDrag(const QMouseEvent& press)
     m_mouseDrag = isFromMouse(press);
     m_pointerGoesBack = true;
     m_startPosition = wholePixels(press);
-    m_doors.watch(m_target, [this](GestureDoors::Door door) { leaveBy(door); });
+    // Moves that a host replays need not tell of buttons.
+    m_doors.watch(m_target, [this](GestureDoors::Door door) { leaveBy(door); }, {.moves = false});
     dragBegins(m_startPosition);
     Q_EMIT started();
 }
