@@ -1,7 +1,7 @@
 #include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/GestureDoors.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QApplication>
 #include <QDialog>

@@ -1,6 +1,6 @@
 #include "MorrantUI/controls/gestures/contextmenus.h"
 
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>
