@@ -71,6 +71,9 @@
 #include <MorrantUI/platform/RawMouseRecord.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/platform/notifications.h>
+#include <MorrantUI/text/PlainTextEdit.h>
+#include <MorrantUI/text/TimeCodeEdit.h>
+#include <MorrantUI/text/timecode.h>
 #include <MorrantUI/theme/FocusFrame.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/SkiaQWidgetAdapter.h>

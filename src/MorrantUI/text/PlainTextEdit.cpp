@@ -1,0 +1,180 @@
+#include "MorrantUI/text/PlainTextEdit.h"
+
+#include <MorrantUI/theme/colors.h>
+
+#include <QKeyEvent>
+#include <QPalette>
+#include <QPointer>
+
+#include <algorithm>
+#include <span>
+
+namespace {
+
+constexpr QKeySequence::StandardKey kTextlessKeys[] = {
+    QKeySequence::MoveToNextChar,
+    QKeySequence::MoveToPreviousChar,
+    QKeySequence::MoveToNextWord,
+    QKeySequence::MoveToPreviousWord,
+    QKeySequence::MoveToNextLine,
+    QKeySequence::MoveToPreviousLine,
+    QKeySequence::MoveToNextPage,
+    QKeySequence::MoveToPreviousPage,
+    QKeySequence::MoveToStartOfLine,
+    QKeySequence::MoveToEndOfLine,
+    QKeySequence::MoveToStartOfBlock,
+    QKeySequence::MoveToEndOfBlock,
+    QKeySequence::MoveToStartOfDocument,
+    QKeySequence::MoveToEndOfDocument,
+    QKeySequence::SelectNextChar,
+    QKeySequence::SelectPreviousChar,
+    QKeySequence::SelectNextWord,
+    QKeySequence::SelectPreviousWord,
+    QKeySequence::SelectNextLine,
+    QKeySequence::SelectPreviousLine,
+    QKeySequence::SelectNextPage,
+    QKeySequence::SelectPreviousPage,
+    QKeySequence::SelectStartOfLine,
+    QKeySequence::SelectEndOfLine,
+    QKeySequence::SelectStartOfBlock,
+    QKeySequence::SelectEndOfBlock,
+    QKeySequence::SelectStartOfDocument,
+    QKeySequence::SelectEndOfDocument,
+    QKeySequence::SelectAll,
+    QKeySequence::Deselect,
+    QKeySequence::Copy,
+};
+
+constexpr QKeySequence::StandardKey kEditingKeys[] = {
+    QKeySequence::Copy,
+    QKeySequence::Cut,
+    QKeySequence::Paste,
+    QKeySequence::Backspace,
+    QKeySequence::Delete,
+};
+
+bool matchesAny(const QKeyEvent& key, std::span<const QKeySequence::StandardKey> standardKeys)
+{
+    return std::any_of(standardKeys.begin(), standardKeys.end(), [&key](auto standardKey) {
+        return key.matches(standardKey);
+    });
+}
+
+bool isReturn(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+/// Platforms give Ctrl+S a control character for a text; what is held down with it says that it is
+/// a command. Control and Alt together are AltGr, which writes.
+bool producesText(const QKeyEvent& key)
+{
+    const Qt::KeyboardModifiers held = key.modifiers();
+    const bool isCommand = held.testFlag(Qt::MetaModifier)
+                           || held.testFlag(Qt::ControlModifier) != held.testFlag(Qt::AltModifier);
+    return !key.text().isEmpty() && !isCommand;
+}
+
+bool belongsToText(const QKeyEvent& key)
+{
+    if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+        return false;
+    }
+    switch (key.key()) {
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return true;
+    default:
+        return producesText(key) || matchesAny(key, kEditingKeys) || matchesAny(key, kTextlessKeys);
+    }
+}
+
+} // namespace
+
+PlainTextEdit::PlainTextEdit(QWidget* parent)
+    : QPlainTextEdit(parent)
+{
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { m_modified = !m_isReporting; });
+    setGround(ui::colorQt(QStringLiteral("Window")));
+}
+
+PlainTextEdit::~PlainTextEdit() = default;
+
+void PlainTextEdit::setGround(const QColor& color)
+{
+    QPalette changed = palette();
+    changed.setColor(QPalette::Base, color);
+    setPalette(changed);
+    m_ground = color;
+}
+
+/// This object may be deleted by it.
+void PlainTextEdit::report()
+{
+    m_modified = false; // before the signal, whose slots may move the focus
+    const QPointer<PlainTextEdit> self(this);
+    m_isReporting = true;
+    Q_EMIT valueChanged();
+    if (self) {
+        m_isReporting = false;
+    }
+}
+
+bool PlainTextEdit::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride
+        && belongsToText(*static_cast<const QKeyEvent*>(event)))
+    {
+        event->accept();
+        return true;
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void PlainTextEdit::focusInEvent(QFocusEvent* event)
+{
+    m_modified = false;
+    QPlainTextEdit::focusInEvent(event);
+}
+
+void PlainTextEdit::focusOutEvent(QFocusEvent* event)
+{
+    const QPointer<PlainTextEdit> self(this);
+    if (m_modified) {
+        report();
+    }
+    if (self) {
+        QPlainTextEdit::focusOutEvent(event);
+    }
+}
+
+void PlainTextEdit::keyPressEvent(QKeyEvent* event)
+{
+    if (!m_modified || !isReturn(*event) || event->modifiers().testFlag(Qt::ShiftModifier)) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    const QPointer<PlainTextEdit> self(this);
+    report();
+    if (self) {
+        clearFocus();
+    }
+}
+
+void PlainTextEdit::insertFromMimeData(const QMimeData* source)
+{
+    QPlainTextEdit::insertFromMimeData(source);
+    Q_EMIT textPasted();
+}
+
+void PlainTextEdit::paintEvent(QPaintEvent* event)
+{
+    const QColor wanted = ui::colorQt(QStringLiteral("Window"));
+    if (wanted != m_ground && palette().color(QPalette::Base) == m_ground) {
+        setGround(wanted); // the theme has changed; a host's own colour stays
+    }
+    QPlainTextEdit::paintEvent(event);
+}

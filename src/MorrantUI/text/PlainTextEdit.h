@@ -1,0 +1,48 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QColor>
+#include <QPlainTextEdit>
+
+/// A field for text of several lines that reports an edit once, when it is finished.
+///
+/// Return and Enter finish an edit and give the focus away; leaving the field finishes it too.
+/// While nothing has been edited Return begins a new line, as Shift+Return always does
+/// (deliberate). Keys that mean something in a text stay in the field, also where the window has
+/// shortcuts for them; undo and redo are left to QPlainTextEdit.
+///
+/// The ground is the theme's "Window", until the host sets another Base colour in the palette.
+class MORRANT_UI_EXPORT PlainTextEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit PlainTextEdit(QWidget* parent = nullptr);
+    ~PlainTextEdit() override;
+
+Q_SIGNALS:
+    /// The text has changed since the field got the focus or last reported, and the edit is
+    /// finished. The field may be deleted by it, and may be given another text, which is not
+    /// reported again.
+    void valueChanged();
+
+    /// After a paste or a drop.
+    void textPasted();
+
+protected:
+    bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void report();
+    void setGround(const QColor& color);
+
+    bool m_modified = false;
+    bool m_isReporting = false; ///< changes made meanwhile are the host's
+    QColor m_ground;            ///< as it was last taken from the theme
+};

@@ -1,0 +1,77 @@
+#include "MorrantUI/text/TimeCodeEdit.h"
+
+#include <QMimeData>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QTextDocument>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kSideMargin = 4; ///< logical pixels from the frame to the text, as in other fields
+constexpr char16_t kFirstBeyondAscii = 128;
+
+bool mayBePasted(QChar c)
+{
+    if (c < QChar(kFirstBeyondAscii)) {
+        return (c >= u'0' && c <= u'9') || c == u':';
+    }
+    return c.category() == QChar::Number_DecimalDigit;
+}
+
+bool isRefused(const QMimeData& data)
+{
+    if (!data.hasText()) {
+        return false;
+    }
+    const QString text = data.text();
+    return !std::all_of(text.begin(), text.end(), mayBePasted);
+}
+
+} // namespace
+
+TimeCodeEdit::TimeCodeEdit(QWidget* parent)
+    : QPlainTextEdit(parent)
+{
+    document()->setDocumentMargin(0);
+    setViewportMargins(kSideMargin, 0, kSideMargin, 0);
+    setLineWrapMode(NoWrap);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabChangesFocus(true);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+TimeCodeEdit::~TimeCodeEdit() = default;
+
+QSize TimeCodeEdit::sizeHint() const
+{
+    QStyleOptionFrame option;
+    option.initFrom(this);
+    const int chars = fontMetrics().horizontalAdvance(QStringLiteral("-00:00:00:00"));
+    const QSize text(chars + cursorWidth(), fontMetrics().lineSpacing());
+    const QSize framed = text + QSize(2 * (frameWidth() + kSideMargin), 2 * frameWidth());
+    // As high as the fields of a line beside it.
+    return framed.expandedTo(
+        {0, style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, this).height()});
+}
+
+QSize TimeCodeEdit::minimumSizeHint() const
+{
+    const QSize hint = sizeHint();
+    return {hint.height(), hint.height()};
+}
+
+bool TimeCodeEdit::canInsertFromMimeData(const QMimeData* source) const
+{
+    return source != nullptr && !isRefused(*source)
+           && QPlainTextEdit::canInsertFromMimeData(source);
+}
+
+void TimeCodeEdit::insertFromMimeData(const QMimeData* source)
+{
+    if (source != nullptr && !isRefused(*source)) {
+        QPlainTextEdit::insertFromMimeData(source);
+    }
+}
