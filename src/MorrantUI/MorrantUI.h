@@ -66,7 +66,11 @@
 #include <MorrantUI/docking/tabs/tabnavigation.h>
 #include <MorrantUI/docking/tabs/tabreorder.h>
 #include <MorrantUI/menus/ModalDialog.h>
+#include <MorrantUI/menus/PopoverPanel.h>
+#include <MorrantUI/menus/PopoverSide.h>
 #include <MorrantUI/menus/dialogs.h>
+#include <MorrantUI/menus/dismiss.h>
+#include <MorrantUI/menus/keyboardnavigation.h>
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/platform/RawMouseRecord.h>
 #include <MorrantUI/platform/native.h>

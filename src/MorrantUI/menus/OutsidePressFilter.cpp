@@ -1,0 +1,82 @@
+#include "MorrantUI/menus/OutsidePressFilter.h"
+
+#include "MorrantUI/controls/gestures/gesturedoors.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPointerEvent>
+#include <QWidget>
+
+#include <optional>
+#include <utility>
+
+namespace ui {
+
+namespace {
+
+/// Where on screen an event presses; none for all others.
+std::optional<QPoint> pressPosition(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::NonClientAreaMouseButtonPress:
+    case QEvent::TabletPress:
+    case QEvent::TouchBegin: break;
+    default: return std::nullopt;
+    }
+    const auto& pointer = static_cast<const QPointerEvent&>(event);
+    return pointer.points().isEmpty()
+               ? std::nullopt
+               : std::optional(pointer.points().first().globalPosition().toPoint());
+}
+
+} // namespace
+
+OutsidePressFilter::OutsidePressFilter(QWidget* widget, OutsidePress dismiss)
+    : QObject(widget)
+    , m_widget(widget)
+    , m_dismiss(std::move(dismiss))
+{
+    widget->installEventFilter(this);
+    if (widget->isVisible()) {
+        qApp->installEventFilter(this);
+    }
+}
+
+bool OutsidePressFilter::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_widget && event->type() == QEvent::Show) {
+        qApp->installEventFilter(this); // once, however often it is asked for
+        return false;
+    }
+    if (watched == m_widget && event->type() == QEvent::Hide) {
+        qApp->removeEventFilter(this);
+        return false;
+    }
+    const auto position = watched->isWidgetType() ? pressPosition(*event) : std::nullopt;
+    auto* const pressed = position ? static_cast<QWidget*>(watched) : nullptr;
+    if (pressed == nullptr || !isOutside(*pressed, *position)) {
+        return false;
+    }
+    const OutsidePress dismiss = m_dismiss; // which may delete this filter
+    return dismiss(pressed, *position);
+}
+
+bool OutsidePressFilter::isOutside(const QWidget& pressed, QPoint position) const
+{
+    if (!m_widget->isVisible() || isBlockedByDialog(*m_widget)) {
+        return false;
+    }
+    const QWidget* const popup = QApplication::activePopupWidget();
+    if (popup != nullptr && popup != m_widget->window()) {
+        return false;
+    }
+    if (belongsTo(&pressed, m_widget)) {
+        // A popup gets the presses beside it too.
+        return popup != nullptr && !popup->rect().contains(popup->mapFromGlobal(position));
+    }
+    return true;
+}
+
+} // namespace ui

@@ -1,0 +1,307 @@
+#include "MorrantUI/menus/PopoverPanel.h"
+
+#include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/menus/AccessiblePopover.h"
+#include "MorrantUI/menus/popovergeometry.h"
+#include <MorrantUI/menus/dismiss.h>
+#include <MorrantUI/menus/keyboardnavigation.h>
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/screens.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QEvent>
+#include <QLayoutItem>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+
+#include <utility>
+
+namespace {
+
+constexpr int kPadding = 10; ///< logical pixels around the content
+constexpr double kEdge = 1.0;
+
+QSize roomFor(const QWidget& widget, QSize size)
+{
+    if (widget.hasHeightForWidth()) {
+        size.setHeight(widget.heightForWidth(size.width()));
+    }
+    return size;
+}
+
+} // namespace
+
+PopoverPanel::PopoverPanel(QWidget* parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
+    , m_placement(std::make_unique<ui::popover::Placement>())
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    ui::installAccessible<PopoverPanel, ui::AccessiblePopover>();
+    ui::dismissOnEscape(this, [this] { dismiss(); });
+    ui::dismissOnDeactivation(this, [this] { dismiss(); });
+    ui::dismissOnOutsidePress(this, [this](QWidget* pressed, QPoint position) {
+        const bool isToggled = isAnchor(*pressed, position);
+        dismiss();
+        return isToggled;
+    });
+}
+
+PopoverPanel::~PopoverPanel() = default;
+
+void PopoverPanel::setContent(QWidget* content)
+{
+    m_maker = nullptr;
+    if (content == m_content) {
+        return;
+    }
+    delete m_content.data();
+    m_content = content;
+    if (content != nullptr) {
+        content->setParent(this);
+        content->show();
+    }
+    follow();
+}
+
+void PopoverPanel::setContentMaker(std::function<QWidget*()> maker, QSize expectedSize)
+{
+    setContent(nullptr);
+    m_maker = std::move(maker);
+    m_expectedSize = expectedSize;
+    follow();
+}
+
+void PopoverPanel::setPreferredSide(PopoverSide side)
+{
+    m_preferredSide = side;
+    follow();
+}
+
+std::optional<QPoint> PopoverPanel::arrowTip() const
+{
+    return m_placement->hasArrow ? std::optional(m_placement->window.topLeft() + m_placement->tip)
+                                 : std::nullopt;
+}
+
+void PopoverPanel::openAt(QWidget* anchor)
+{
+    if (anchor == nullptr || !anchor->isVisible() || anchor == this || isAncestorOf(anchor)) {
+        return;
+    }
+    m_anchorRect.reset();
+    watchAnchor(anchor);
+    open();
+}
+
+void PopoverPanel::openAt(const QRect& globalAnchor)
+{
+    m_anchorRect = globalAnchor;
+    watchAnchor(parentWidget());
+    open();
+}
+
+void PopoverPanel::watchAnchor(QWidget* anchor)
+{
+    disconnect(m_anchorDeath);
+    m_anchor = anchor;
+    if (anchor != nullptr) {
+        m_anchorDeath = connect(anchor, &QObject::destroyed, this, &PopoverPanel::dismiss);
+    }
+}
+
+void PopoverPanel::open()
+{
+    if (isVisible()) {
+        follow();
+        return;
+    }
+    m_focusBefore = QApplication::focusWidget();
+    const QWidget* const before = QApplication::activeWindow();
+    setAttribute(
+        Qt::WA_KeyboardFocusChange,
+        before != nullptr && before->testAttribute(Qt::WA_KeyboardFocusChange));
+    winId(); // so that it can be tied to the anchor's window before it is first shown
+    const QWidget* const over = m_anchor ? m_anchor->window() : nullptr;
+    windowHandle()->setTransientParent(over != nullptr ? over->windowHandle() : nullptr);
+    m_isWorking = true;
+    qApp->installEventFilter(this); // the anchor moves with anything that it lies in
+    const QPointer<PopoverPanel> self(this);
+    follow();
+    show();
+    if (!self || !isVisible()) {
+        return;
+    }
+    takeFocus();
+    QAccessibleEvent started(this, QAccessible::DialogStart);
+    QAccessible::updateAccessibility(&started);
+    Q_EMIT opened();
+}
+
+void PopoverPanel::takeFocus()
+{
+    activateWindow();
+    QWidget* target = focusWidget(); // where it was when the panel was last open
+    if (target == nullptr) {
+        target = ui::tabStops(this).value(0);
+    }
+    if (target != nullptr) {
+        target->setFocus(
+            testAttribute(Qt::WA_KeyboardFocusChange) ? Qt::TabFocusReason : Qt::OtherFocusReason);
+    } else {
+        setFocus();
+    }
+}
+
+void PopoverPanel::dismiss()
+{
+    hide();
+}
+
+void PopoverPanel::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!std::exchange(m_isWorking, false)) {
+        return;
+    }
+    qApp->removeEventFilter(this);
+    disconnect(m_anchorDeath);
+    const QPointer<PopoverPanel> self(this);
+    QAccessibleEvent ended(this, QAccessible::DialogEnd);
+    QAccessible::updateAccessibility(&ended);
+    giveFocusBack();
+    if (self) {
+        Q_EMIT closed();
+    }
+}
+
+void PopoverPanel::giveFocusBack()
+{
+    const QPointer<QWidget> before = std::exchange(m_focusBefore, nullptr);
+    const QWidget* const now = QApplication::focusWidget();
+    const bool hasMovedOn = now != nullptr && !ui::belongsTo(now, this);
+    if (hasMovedOn || !before || !before->isVisible()) {
+        return;
+    }
+    if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
+        before->activateWindow();
+    }
+    before->setFocus(Qt::PopupFocusReason);
+}
+
+bool PopoverPanel::isAnchor(const QWidget& pressed, QPoint position) const
+{
+    if (m_anchorRect) {
+        return m_anchorRect->contains(position);
+    }
+    return m_anchor && (&pressed == m_anchor || m_anchor->isAncestorOf(&pressed));
+}
+
+QSize PopoverPanel::around(const QSize& contentSize) const
+{
+    return contentSize + QSize(2 * kPadding, 2 * kPadding);
+}
+
+/// Places the panel, if it is open, by its anchor and its content of now.
+void PopoverPanel::follow()
+{
+    if (!m_isWorking) {
+        return;
+    }
+    ui::popover::Request request;
+    request.preferred = m_preferredSide;
+    request.wanted = around(m_maker ? m_expectedSize : QSize());
+    request.least = request.wanted;
+    if (m_content) {
+        const QWidgetItem item(m_content);
+        request.wanted =
+            around(roomFor(*m_content, item.sizeHint().expandedTo(item.minimumSize())));
+        request.least = around(item.minimumSize());
+    }
+    if (m_anchorRect) {
+        request.anchor = *m_anchorRect;
+    } else if (m_anchor) {
+        request.anchor = {m_anchor->mapToGlobal(QPoint()), m_anchor->size()};
+    }
+    if (const QScreen* screen = getClosestScreenAt(request.anchor.center())) {
+        request.screen = screen->availableGeometry();
+    }
+    *m_placement = ui::popover::place(request);
+    applyPlacement();
+}
+
+void PopoverPanel::applyPlacement()
+{
+    setGeometry(m_placement->window);
+    if (m_content) {
+        m_content->setGeometry(
+            m_placement->body.adjusted(kPadding, kPadding, -kPadding, -kPadding));
+    }
+    // Presses beside the arrow are not the panel's; and where no compositor blends the corners,
+    // they would be black.
+    const QRegion inside(ui::popover::outline(*m_placement, 0.0).toFillPolygon().toPolygon());
+    setMask(inside | inside.translated(1, 0) | inside.translated(0, 1) | inside.translated(1, 1));
+    update();
+}
+
+void PopoverPanel::makeContent()
+{
+    if (!m_maker || !isVisible()) {
+        return;
+    }
+    const auto maker = std::exchange(m_maker, nullptr);
+    const QPointer<PopoverPanel> self(this);
+    QWidget* const content = maker();
+    if (!self) {
+        return;
+    }
+    setContent(content);
+    if (QApplication::focusWidget() == this) {
+        takeFocus();
+    }
+}
+
+bool PopoverPanel::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::LayoutRequest: follow(); break;
+    case QEvent::ChildRemoved:
+        QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+        break;
+    default: break;
+    }
+    return QWidget::event(event);
+}
+
+bool PopoverPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool moves = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if ((!moves && event->type() != QEvent::Hide) || !m_anchor || !watched->isWidgetType()) {
+        return QWidget::eventFilter(watched, event);
+    }
+    const auto* const widget = static_cast<QWidget*>(watched);
+    if (widget == m_anchor || widget->isAncestorOf(m_anchor) || widget == m_anchor->window()) {
+        if (moves) {
+            follow();
+        } else {
+            dismiss();
+        }
+    }
+    return false;
+}
+
+void PopoverPanel::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ui::colorQt(QStringLiteral("Midlight")), kEdge));
+    painter.setBrush(ui::colorQt(QStringLiteral("Window")));
+    painter.drawPath(ui::popover::outline(*m_placement, kEdge / 2));
+    if (m_maker) {
+        QTimer::singleShot(0, this, &PopoverPanel::makeContent); // now that the panel is to be seen
+    }
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+/// The side of its anchor on which a popover lies.
+enum class PopoverSide
+{
+    Below,
+    Above,
+    Right,
+    Left
+};
