@@ -61,15 +61,24 @@ ModalDialog::ModalDialog(const QString& title, QWidget* parent)
     m_column->addSpacing(kSpacing);
     m_column->addWidget(m_buttonBox);
     connect(m_buttonBox, &QDialogButtonBox::clicked, this, [this](QAbstractButton* clicked) {
-        m_chosen = m_buttonBox->standardButton(clicked);
         const auto role = m_buttonBox->buttonRole(clicked);
         const bool declines =
             role == QDialogButtonBox::RejectRole || role == QDialogButtonBox::NoRole;
-        done(declines ? Rejected : Accepted);
+        end(m_buttonBox->standardButton(clicked), declines);
     });
 }
 
 ModalDialog::~ModalDialog() = default;
+
+void ModalDialog::end(Button button, bool declines)
+{
+    const QPointer<ModalDialog> self(this);
+    if (!declines && (!mayAccept() || !self)) {
+        return;
+    }
+    m_chosen = button;
+    done(declines ? Rejected : Accepted);
+}
 
 void ModalDialog::setText(const QString& text)
 {

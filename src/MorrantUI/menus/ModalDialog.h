@@ -58,7 +58,14 @@ public Q_SLOTS:
     void done(int result) override;
     void setVisible(bool visible) override;
 
+protected:
+    /// Asked when a button that accepts is pressed; false keeps the dialog open. May ask the user,
+    /// and the dialog may be deleted meanwhile, which counts as false.
+    virtual bool mayAccept() { return true; }
+
 private:
+    void end(Button button, bool declines);
+
     QLabel* m_heading;
     QLabel* m_text;
     QVBoxLayout* m_column;

@@ -146,7 +146,7 @@ void PopoverPanel::takeFocus()
 {
     activateWindow();
     QWidget* target = focusWidget(); // where it was when the panel was last open
-    if (target == nullptr) {
+    if (target == nullptr || !target->isVisible()) {
         target = ui::tabStops(this).value(0);
     }
     if (target != nullptr) {
@@ -162,9 +162,20 @@ void PopoverPanel::dismiss()
     hide();
 }
 
-void PopoverPanel::hideEvent(QHideEvent* event)
+void PopoverPanel::setVisible(bool visible)
 {
-    QWidget::hideEvent(event);
+    if (visible && !m_isWorking) {
+        return; // it has no place yet
+    }
+    QWidget::setVisible(visible);
+    if (!isVisible()) {
+        finish(); // last: this object may be deleted by it
+    }
+}
+
+/// Every way of closing ends here.
+void PopoverPanel::finish()
+{
     if (!std::exchange(m_isWorking, false)) {
         return;
     }
@@ -230,17 +241,19 @@ void PopoverPanel::follow()
     if (const QScreen* screen = getClosestScreenAt(request.anchor.center())) {
         request.screen = screen->availableGeometry();
     }
-    *m_placement = ui::popover::place(request);
-    applyPlacement();
+    const ui::popover::Placement before = std::exchange(*m_placement, ui::popover::place(request));
+    if (before != *m_placement) {
+        applyPlacement();
+    }
+    if (m_content) {
+        m_content->setGeometry(
+            m_placement->body.adjusted(kPadding, kPadding, -kPadding, -kPadding));
+    }
 }
 
 void PopoverPanel::applyPlacement()
 {
     setGeometry(m_placement->window);
-    if (m_content) {
-        m_content->setGeometry(
-            m_placement->body.adjusted(kPadding, kPadding, -kPadding, -kPadding));
-    }
     // Presses beside the arrow are not the panel's; and where no compositor blends the corners,
     // they would be black.
     const QRegion inside(ui::popover::outline(*m_placement, 0.0).toFillPolygon().toPolygon());

@@ -67,6 +67,8 @@ public:
 public Q_SLOTS:
     /// Closes it; nothing happens while it is not open.
     void dismiss();
+    /// Only openAt() opens it.
+    void setVisible(bool visible) override;
 
 Q_SIGNALS:
     /// It is to be seen now. Not again when it moves to another anchor.
@@ -78,11 +80,11 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void open();
+    void finish();
     void watchAnchor(QWidget* anchor);
     void follow();
     void applyPlacement();

@@ -34,6 +34,8 @@ struct Placement
     Side side = Side::Below;
     QPoint tip;            ///< of the arrow, in the window
     bool hasArrow = false; ///< not where the body has to cover the anchor
+
+    bool operator==(const Placement&) const = default;
 };
 
 /// Places a popover beside its anchor: on the preferred side if it fits there, else on the opposite
