@@ -1,3 +1,5 @@
+#include "MorrantUI/menus/presetnames.h"
+#include "MorrantUI/menus/weblinks.h"
 #include "controls/StyledApplication.h"
 #include "menus/answers.h"
 #include "support/TestCase.h"
@@ -21,6 +23,10 @@ private Q_SLOTS:
     void anEmptyTextCannotBeConfirmed();
     void aNumberIsComputedAndLimited_data();
     void aNumberIsComputedAndLimited();
+    void onlyAWebAddressIsALink();
+    void aLinkIsPastedAndChecked();
+    void aPresetNameIsAFileNameEverywhere();
+    void aPresetIsReplacedOnlyWhenTheUserAgrees();
     void theParentMayDieMeanwhile();
     void aDialogMayBeUsedAgain();
 
@@ -147,6 +153,120 @@ void DialogsTest::aNumberIsComputedAndLimited()
     QVERIFY(!ui::getIntegerInput(QStringLiteral("Frame"), QString(), 7, 0, 9, nullptr));
 }
 
+void DialogsTest::onlyAWebAddressIsALink()
+{
+    using ui::links::Fault;
+    const std::pair<const char*, Fault> links[] = {
+        {" https://sheets.example.com/d/1?x=a%20b#gid=0\n", Fault::None},
+        {"HTTP://localhost:8080", Fault::None},
+        {"https://b\u00fccher.example/\u00fc", Fault::None},
+        {"https://[::1]/a", Fault::None},
+        {" \t", Fault::Empty},
+        {"https://a b.example", Fault::HasSpace},
+        {"ftp://example.com", Fault::NotWeb},
+        {"javascript:alert(1)", Fault::NotWeb},
+        {"sheets.example.com/d/1", Fault::NotWeb},
+        {"https:/example.com", Fault::NotWeb},
+        {"https://", Fault::NoHost},
+        {"http:///path", Fault::NoHost},
+        {"https://example.com:99999/", Fault::Malformed},
+        {"https://:80/", Fault::Malformed},
+        {"https://user@/", Fault::Malformed},
+        {"https://a..b/", Fault::Malformed},
+    };
+    for (const auto& [text, fault] : links) {
+        const auto checked = ui::links::checkWebLink(QString::fromUtf8(text));
+        QVERIFY2(checked.fault == fault, text);
+        QCOMPARE(checked.url.isValid(), fault == Fault::None);
+    }
+}
+
+void DialogsTest::aLinkIsPastedAndChecked()
+{
+    const auto ask = [](const QUrl& initial = {}) {
+        return ui::getSpreadsheetLink(QStringLiteral("Link"), QStringLiteral("Sheet:"), initial);
+    };
+    const QString link = QStringLiteral("https://sheets.example.com/d/1");
+    answerDialog([&link](QDialog& dialog) {
+        auto* const field = dialog.findChild<QLineEdit*>();
+        const auto* const ok = dialog.findChild<Box*>()->button(Box::Ok);
+        QCOMPARE(dialog.focusWidget(), field);
+        QVERIFY(!ok->isEnabled());
+        QTest::keyClicks(field, QStringLiteral("ftp"));
+        QVERIFY(field->accessibleDescription().contains(QStringLiteral("https://")));
+        QTest::keyClick(field, Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+        field->selectAll();
+        QGuiApplication::clipboard()->setText(QStringLiteral("  %1 \n").arg(link));
+        QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(field->text(), link);
+        QVERIFY(field->accessibleDescription().isEmpty());
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    QCOMPARE(ask(), std::optional(QUrl(link)));
+    answerDialog([](QDialog& dialog) { dialog.findChild<Box*>()->button(Box::Ok)->click(); });
+    QCOMPARE(ask(QUrl(link)), std::optional(QUrl(link)));
+    answerDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QVERIFY(!ask(QUrl(link)));
+}
+
+void DialogsTest::aPresetNameIsAFileNameEverywhere()
+{
+    using ui::presets::Fault;
+    const std::pair<QString, Fault> names[] = {
+        {QStringLiteral(" Soft glow \u00fc.v2 "), Fault::None},
+        {QStringLiteral(".hidden"), Fault::None},
+        {QStringLiteral("COM10"), Fault::None},
+        {QStringLiteral("  "), Fault::Empty},
+        {QStringLiteral("a/b"), Fault::HasForbidden},
+        {QStringLiteral("a\tb"), Fault::HasForbidden},
+        {QStringLiteral("what?"), Fault::HasForbidden},
+        {QStringLiteral(".."), Fault::EndsWithDot},
+        {QStringLiteral("nul.txt"), Fault::IsReserved},
+        {QStringLiteral("Com1"), Fault::IsReserved},
+        {QString(100, QChar(0x4E00)), Fault::TooLong},
+    };
+    for (const auto& [name, fault] : names) {
+        QVERIFY2(ui::presets::checkName(name).fault == fault, qPrintable(name));
+    }
+}
+
+void DialogsTest::aPresetIsReplacedOnlyWhenTheUserAgrees()
+{
+    const QStringList existing{QStringLiteral("Bounce"), QStringLiteral("Glow")};
+    const auto ask = [&existing](const QString& initial) {
+        return ui::getPresetName(QStringLiteral("Save preset"), existing, initial);
+    };
+    answerDialog([](QDialog& dialog) {
+        auto* const field = dialog.findChild<QLineEdit*>();
+        QTest::keyClicks(field, QStringLiteral("a:b"));
+        QVERIFY(field->accessibleDescription().contains(u':'));
+        QVERIFY(!dialog.findChild<Box*>()->button(Box::Save)->isEnabled());
+        QTest::keyClick(field, Qt::Key_Down);
+        QCOMPARE(field->text(), QStringLiteral("Bounce"));
+        QTest::keyClick(field, Qt::Key_Down);
+        QCOMPARE(field->text(), QStringLiteral("Glow"));
+        QTest::keyClicks(field, QStringLiteral("New "));
+        QVERIFY(dialog.findChild<QListWidget*>()->selectedItems().isEmpty());
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    QCOMPARE(ask(QStringLiteral("Mine")), std::optional(QStringLiteral("New")));
+
+    for (const Qt::Key answer : {Qt::Key_Y, Qt::Key_N}) {
+        answerDialog([answer](QDialog& dialog) {
+            answerDialog([answer](QDialog& question) {
+                const auto chosen = answer == Qt::Key_Y ? Box::Yes : Box::No;
+                question.findChild<Box*>()->button(chosen)->click();
+            });
+            QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+            QCOMPARE(dialog.isVisible(), answer == Qt::Key_N); // to name it otherwise
+        });
+        const auto expected =
+            answer == Qt::Key_Y ? std::optional(QStringLiteral("Glow")) : std::nullopt;
+        QCOMPARE(ask(QStringLiteral("glow")), expected);
+    }
+}
+
 void DialogsTest::theParentMayDieMeanwhile()
 {
     const auto mortal = [] {
@@ -159,6 +279,14 @@ void DialogsTest::theParentMayDieMeanwhile()
         ModalDialog::getChoice(title, QString(), Box::Yes | Box::No, Box::Yes, mortal()), Box::No);
     QVERIFY(!ui::getStringInput(title, title, title, mortal()));
     QVERIFY(!ui::getIntegerInput(title, title, 1, 0, 2, mortal()));
+    QVERIFY(!ui::getSpreadsheetLink(title, title, {}, mortal()));
+    QVERIFY(!ui::getPresetName(title, {title}, title, mortal()));
+    auto* const parent = new QWidget; // dies behind the question of the dialog
+    answerDialog([parent](QDialog& dialog) {
+        answerDialog([parent](QDialog&) { delete parent; });
+        QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+    });
+    QVERIFY(!ui::getPresetName(title, {title}, title, parent));
 }
 
 void DialogsTest::aDialogMayBeUsedAgain()
