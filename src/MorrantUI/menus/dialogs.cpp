@@ -26,7 +26,7 @@ constexpr int kLabelGap = 4; ///< logical pixels from the label to the field
 
 QWidget* parentOrActive(QWidget* parent)
 {
-    return parent != nullptr ? parent : QApplication::activeWindow();
+    return parent ? parent : QApplication::activeWindow();
 }
 
 /// A dialog with OK and Cancel around a labelled field. Null parent: the active window.
