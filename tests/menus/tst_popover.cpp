@@ -71,13 +71,10 @@ class PopoverTest : public ui::test::StyledTestCase
 private Q_SLOTS:
     void itIsOnTheScreenAndPointsAtItsAnchor();
     void itTakesTheSideThatHasRoom();
-    void whatIsTooLargeShrinksOrCovers();
     void theKeyboardComesInAndGoesBack();
-    void aPressOutsideClosesAndDoesItsWork();
-    void aPressOnTheAnchorOnlyCloses();
+    void aPressOutsideDoesItsWorkButTheAnchorOnlyCloses();
     void whatIsOpenedFromInsideLeavesItOpen();
-    void itGoesWithItsAnchor();
-    void itMayDieInItsOwnSignals();
+    void itGoesWithItsAnchorAndMayDieInDoingSo();
     void itFollowsAnchorAndContent();
     void theContentIsBuiltAfterThePanelIsSeenAndOnce();
     void arrowsWalkWhatStandsInAContainer();
@@ -93,13 +90,11 @@ void PopoverTest::itIsOnTheScreenAndPointsAtItsAnchor()
                 QVERIFY(kScreen.contains(placed.window));
                 QVERIFY(placed.hasArrow);
                 QCOMPARE(placed.body.size(), QSize(200, 150));
-                const QPoint tip = placed.window.topLeft() + placed.tip;
                 QVERIFY(!anchor.intersects(placed.window));
-                if (kScreen.adjusted(20, 20, -20, -20).contains(anchor)) {
-                    QVERIFY(anchor.adjusted(-4, -4, 4, 4).contains(tip));
-                }
-                const QRectF shape = outline(placed, 0).boundingRect();
-                QVERIFY(QRectF(QPointF(), placed.window.size()).contains(shape));
+                const QPoint tip = placed.window.topLeft() + placed.tip;
+                QVERIFY(
+                    !kScreen.adjusted(20, 20, -20, -20).contains(anchor)
+                    || anchor.adjusted(-4, -4, 4, 4).contains(tip));
             }
         }
     }
@@ -121,19 +116,15 @@ void PopoverTest::itTakesTheSideThatHasRoom()
     const Placement beside =
         place({{500, 300, 20, 20}, {0, 0, 1000, 640}, {200, 400}, {}, Side::Below});
     QCOMPARE(beside.side, Side::Right); // neither below nor above has room
-    const Placement nowhere = place({{5, 5, 20, 20}, {}, {200, 150}, {}, Side::Above});
-    QCOMPARE(nowhere.side, Side::Above); // no screen
-}
+    QCOMPARE(
+        place({{5, 5, 20, 20}, {}, {200, 150}, {}, Side::Above}).side, Side::Above); // no screen
 
-void PopoverTest::whatIsTooLargeShrinksOrCovers()
-{
     const QRect anchor(480, 300, 40, 20);
     const Placement shrunk = place({anchor, kScreen, {2000, 2000}, {100, 100}, Side::Below});
-    QVERIFY(shrunk.hasArrow);
-    QVERIFY(kScreen.contains(shrunk.window) && !shrunk.window.intersects(anchor));
+    QVERIFY(shrunk.hasArrow && kScreen.contains(shrunk.window));
+    QVERIFY(!shrunk.window.intersects(anchor));
     const Placement covering = place({anchor, kScreen, {2000, 2000}, {2000, 2000}, Side::Below});
-    QVERIFY(!covering.hasArrow);
-    QVERIFY(kScreen.contains(covering.window));
+    QVERIFY(!covering.hasArrow && kScreen.contains(covering.window));
 }
 
 void PopoverTest::theKeyboardComesInAndGoesBack()
@@ -156,10 +147,10 @@ void PopoverTest::theKeyboardComesInAndGoesBack()
     QTRY_VERIFY(stage.field->hasFocus());
 }
 
-void PopoverTest::aPressOutsideClosesAndDoesItsWork()
+void PopoverTest::aPressOutsideDoesItsWorkButTheAnchorOnlyCloses()
 {
     Stage stage;
-    QPushButton other(QStringLiteral("Other"), &stage);
+    QPushButton other(&stage);
     other.setGeometry(150, 100, 80, 24);
     other.show();
     QSignalSpy clicks(&other, &QPushButton::clicked);
@@ -169,19 +160,11 @@ void PopoverTest::aPressOutsideClosesAndDoesItsWork()
     press(&other);
     QCOMPARE(stage.closings.count(), 1);
     QCOMPARE(clicks.count(), 1);
-}
-
-void PopoverTest::aPressOnTheAnchorOnlyCloses()
-{
-    Stage stage;
-    QTRY_VERIFY(stage.field->hasFocus());
-    for (int round = 1; round <= 2; ++round) {
-        press(stage.button);
-        QVERIFY(stage.panel->isOpen());
-        press(stage.button);
-        QVERIFY(!stage.panel->isOpen());
-        QCOMPARE(stage.closings.count(), round);
-    }
+    press(stage.button);
+    QVERIFY(stage.panel->isOpen());
+    press(stage.button);
+    QVERIFY(!stage.panel->isOpen());
+    QCOMPARE(stage.closings.count(), 2);
 }
 
 void PopoverTest::whatIsOpenedFromInsideLeavesItOpen()
@@ -193,7 +176,6 @@ void PopoverTest::whatIsOpenedFromInsideLeavesItOpen()
     auto* const inner = new QLineEdit;
     nested.setContent(inner);
     nested.openAt(stage.second);
-    QTRY_VERIFY(inner->hasFocus());
     press(inner);
     QVERIFY(stage.panel->isOpen() && nested.isOpen());
     press(stage.first); // outside of the inner one alone
@@ -215,51 +197,29 @@ void PopoverTest::whatIsOpenedFromInsideLeavesItOpen()
     dialog.close();
 
     nested.openAt(stage.second);
-    QTRY_VERIFY(inner->hasFocus());
     press(&stage); // outside of both
     QVERIFY(!stage.panel->isOpen() && !nested.isOpen());
 }
 
-void PopoverTest::itGoesWithItsAnchor()
+void PopoverTest::itGoesWithItsAnchorAndMayDieInDoingSo()
 {
-    {
-        Stage stage;
-        QVERIFY(stage.open());
-        stage.hide();
-        QVERIFY(!stage.panel->isOpen());
-        stage.panel->openAt(stage.button); // which is not to be seen
-        QVERIFY(!stage.panel->isOpen());
-    }
     Stage stage;
+    QVERIFY(stage.open());
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    QTRY_VERIFY(!stage.panel->isOpen()); // the user has turned to another window
     auto* const mortal = new QWidget(&stage);
     mortal->show();
     stage.panel->openAt(mortal);
     QVERIFY(stage.panel->isOpen());
     delete mortal;
     QVERIFY(!stage.panel->isOpen());
-    QWidget elsewhere;
-    elsewhere.show();
-    QVERIFY(stage.open());
-    elsewhere.activateWindow();
-    QTRY_VERIFY(!stage.panel->isOpen()); // the user has turned to another window
-}
-
-void PopoverTest::itMayDieInItsOwnSignals()
-{
-    for (const bool atOnce : {true, false}) {
-        Stage stage;
-        const auto die = [&stage] { delete stage.panel; };
-        if (atOnce) {
-            connect(stage.panel, &PopoverPanel::opened, &stage, die);
-            stage.panel->openAt(stage.button);
-        } else {
-            connect(stage.panel, &PopoverPanel::closed, &stage, die);
-            QVERIFY(stage.open());
-            QTest::keyClick(stage.first, Qt::Key_Escape);
-        }
-        QVERIFY(!stage.panel);
-        press(&stage); // nothing of it is left that listens
-    }
+    stage.panel->openAt(stage.button);
+    connect(stage.panel, &PopoverPanel::closed, &stage, [&stage] { delete stage.panel; });
+    stage.hide();
+    QVERIFY(!stage.panel);
+    press(&stage); // nothing of it is left that listens
 }
 
 void PopoverTest::itFollowsAnchorAndContent()
@@ -280,20 +240,13 @@ void PopoverTest::itFollowsAnchorAndContent()
     stage.first->setMinimumSize(300, 120);
     QTRY_VERIFY(stage.panel->width() > 300);
     QVERIFY(isBelow());
-    QVERIFY(stage.panel->rect().contains(
-        {stage.second->mapTo(stage.panel, QPoint()), stage.second->size()}));
 }
 
 void PopoverTest::theContentIsBuiltAfterThePanelIsSeenAndOnce()
 {
     Stage stage;
     int built = 0;
-    stage.panel->setContentMaker(
-        [&built]() -> QWidget* {
-            ++built;
-            return new QLineEdit;
-        },
-        {200, 300});
+    stage.panel->setContentMaker([&built] { return ++built, new QLineEdit; }, {200, 300});
     stage.panel->openAt(stage.button);
     QCOMPARE(built, 0);
     QVERIFY(stage.panel->isOpen() && stage.panel->height() > 300);

@@ -25,10 +25,10 @@ QLabel* plainLabel(const QString& text, QWidget* parent)
 
 } // namespace
 
-CheckedField::CheckedField(const QString& label, const QString& text, Check check)
+CheckedField::CheckedField(const QString& label, const QString& text, Rule rule)
     : m_field(new LineEdit(this))
     , m_note(plainLabel(QString(), this))
-    , m_check(std::move(check))
+    , m_rule(std::move(rule))
 {
     auto* const column = new QVBoxLayout(this);
     auto* const name = plainLabel(label, this);
@@ -43,7 +43,7 @@ CheckedField::CheckedField(const QString& label, const QString& text, Check chec
     m_field->setText(text);
     connect(m_field, &QLineEdit::textChanged, this, &CheckedField::check);
     setFocusProxy(m_field);
-    this->check();
+    check();
 }
 
 QString CheckedField::text() const
@@ -59,7 +59,7 @@ void CheckedField::setText(const QString& text)
 
 void CheckedField::check()
 {
-    m_verdict = m_check(m_field->text());
+    m_verdict = m_rule(m_field->text());
     m_field->setInvalid(m_verdict.isWrong);
     m_field->setAccessibleDescription(m_verdict.note);
     m_note->setText(m_verdict.note);

@@ -22,10 +22,10 @@ public:
         bool isUsable = false;
         bool isWrong = false; ///< not merely unfinished
     };
-    using Check = std::function<Verdict(const QString& text)>;
+    using Rule = std::function<Verdict(const QString& text)>;
 
-    /// @param check called at once, and whenever the text changes
-    CheckedField(const QString& label, const QString& text, Check check);
+    /// @param rule asked at once, and whenever the text changes
+    CheckedField(const QString& label, const QString& text, Rule rule);
 
     LineEdit* field() const { return m_field; }
     QString text() const;
@@ -45,7 +45,7 @@ private:
 
     LineEdit* m_field;
     QLabel* m_note;
-    Check m_check;
+    Rule m_rule;
     Verdict m_verdict;
 };
 

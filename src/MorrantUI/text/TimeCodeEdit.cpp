@@ -35,7 +35,8 @@ TimeCodeEdit::TimeCodeEdit(QWidget* parent)
     : QPlainTextEdit(parent)
 {
     document()->setDocumentMargin(0);
-    setViewportMargins(kSideMargin, 0, kSideMargin, 0);
+    setBackgroundRole(QPalette::Base); // beside the viewport
+    setAutoFillBackground(true);
     setLineWrapMode(NoWrap);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -61,6 +62,19 @@ QSize TimeCodeEdit::minimumSizeHint() const
 {
     const QSize hint = sizeHint();
     return {hint.height(), hint.height()};
+}
+
+/// The line stands in the middle of a field that has no room for two.
+void TimeCodeEdit::resizeEvent(QResizeEvent* event)
+{
+    const int room = contentsRect().height();
+    const int line = fontMetrics().lineSpacing();
+    const int spare = room < 2 * line ? std::max(0, room - line) : 0;
+    const QMargins margins(kSideMargin, spare / 2, kSideMargin, 0);
+    if (margins != viewportMargins()) {
+        setViewportMargins(margins);
+    }
+    QPlainTextEdit::resizeEvent(event);
 }
 
 bool TimeCodeEdit::canInsertFromMimeData(const QMimeData* source) const
