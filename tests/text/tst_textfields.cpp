@@ -11,9 +11,6 @@ namespace {
 struct Form : QWidget
 {
     Form()
-        : field(new PlainTextEdit(this))
-        , other(new QLineEdit(this))
-        , reports(field, &PlainTextEdit::valueChanged)
     {
         auto* const column = new QVBoxLayout(this);
         column->addWidget(field);
@@ -22,22 +19,15 @@ struct Form : QWidget
         activateWindow();
         field->setFocus();
     }
-    QPointer<PlainTextEdit> field;
-    QLineEdit* other;
-    QSignalSpy reports;
+    QPointer<PlainTextEdit> field = new PlainTextEdit(this);
+    QLineEdit* other = new QLineEdit(this);
+    QSignalSpy reports{field, &PlainTextEdit::valueChanged};
 };
-
-void paste(QWidget& field, QMimeData* data)
-{
-    QGuiApplication::clipboard()->setMimeData(data);
-    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
-}
 
 void pasteText(QWidget& field, const QString& text)
 {
-    auto* const data = new QMimeData;
-    data->setText(text);
-    paste(field, data);
+    QGuiApplication::clipboard()->setText(text);
+    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
 }
 
 } // namespace
@@ -123,7 +113,7 @@ void TextFieldsTest::groundAndKeysAreTheFieldsOwn()
     PlainTextEdit field;
     const QColor ground = field.palette().color(QPalette::Disabled, QPalette::Base);
     QCOMPARE(ground, ui::colorQt(QStringLiteral("Window")));
-    const auto keeps = [&field](int key, Qt::KeyboardModifiers held, const char* text = "") {
+    const auto keeps = [&field](int key, Qt::KeyboardModifiers held = {}, const char* text = "") {
         QKeyEvent event(QEvent::ShortcutOverride, key, held, QLatin1String(text));
         event.ignore();
         QCoreApplication::sendEvent(&field, &event);
@@ -132,13 +122,12 @@ void TextFieldsTest::groundAndKeysAreTheFieldsOwn()
     const Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
     QVERIFY(keeps(Qt::Key_C, Qt::ControlModifier, "\x03"));
     QVERIFY(keeps(Qt::Key_A, Qt::ControlModifier));
-    QVERIFY(keeps(Qt::Key_Left, Qt::NoModifier));
+    QVERIFY(keeps(Qt::Key_Left));
     QVERIFY(keeps(Qt::Key_Down, Qt::ShiftModifier));
-    QVERIFY(keeps(Qt::Key_Delete, Qt::ShiftModifier));
     QVERIFY(keeps(Qt::Key_Escape, Qt::NoModifier, "\x1b"));
     QVERIFY(keeps(Qt::Key_K, Qt::NoModifier, "k"));
     QVERIFY(keeps(Qt::Key_Q, altGr, "@"));
-    QVERIFY(!keeps(Qt::Key_F5, Qt::NoModifier));
+    QVERIFY(!keeps(Qt::Key_F5));
     QVERIFY(!keeps(Qt::Key_S, Qt::ControlModifier, "\x13")); // Save
     field.setReadOnly(true); // the base keeps these two while it can be edited
     QVERIFY(!keeps(Qt::Key_Z, Qt::ControlModifier, "\x1a"));
@@ -181,15 +170,15 @@ void TextFieldsTest::pastesOfEveryKindAreTaken()
     PlainTextEdit field;
     field.show();
     QSignalSpy pasted(&field, &PlainTextEdit::textPasted);
-    auto* const html = new QMimeData;
-    html->setHtml(QStringLiteral("<b>bold</b>"));
-    paste(field, html);
-    auto* const picture = new QMimeData;
-    picture->setImageData(QImage(8, 8, QImage::Format_RGB32));
-    paste(field, picture);
-    pasteText(field, QStringLiteral("a line of text\n").repeated(700'000)); // 10 MB
+    auto* const files = new QMimeData;
+    files->setUrls({QUrl::fromLocalFile(QStringLiteral("/a.png"))});
+    QGuiApplication::clipboard()->setMimeData(files);
+    field.paste();
+    QGuiApplication::clipboard()->setImage(QImage(8, 8, QImage::Format_RGB32));
+    field.paste();
+    pasteText(field, (QString(1000, u'x') + u'\n').repeated(10'000)); // 10 MB
     QCOMPARE(pasted.count(), 3);
-    QCOMPARE(field.blockCount(), 700'001);
+    QCOMPARE(field.blockCount(), 10'001);
 }
 
 const ui::test::Registration<TextFieldsTest> kRegistration;
