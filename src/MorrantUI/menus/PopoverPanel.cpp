@@ -146,7 +146,7 @@ void PopoverPanel::takeFocus()
 {
     activateWindow();
     QWidget* target = focusWidget(); // where it was when the panel was last open
-    if (target == nullptr || !target->isVisible()) {
+    if (target == nullptr || target == this || !target->isVisible()) {
         target = ui::tabStops(this).value(0);
     }
     if (target != nullptr) {
@@ -273,7 +273,8 @@ void PopoverPanel::makeContent()
         return;
     }
     setContent(content);
-    if (QApplication::focusWidget() == this) {
+    const QWidget* const focus = QApplication::focusWidget();
+    if (isActiveWindow() && (focus == nullptr || focus == this)) {
         takeFocus();
     }
 }

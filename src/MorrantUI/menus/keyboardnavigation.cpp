@@ -186,7 +186,10 @@ QObject* installArrowNavigation(QWidget* container)
 {
     return install(container, [](QWidget* area, int key) {
         const Qt::ArrowType arrow = arrowOf(key);
-        return arrow != Qt::NoArrow && moveFocusInDirection(area, arrow);
+        if (arrow != Qt::NoArrow) {
+            moveFocusInDirection(area, arrow);
+        }
+        return arrow != Qt::NoArrow; // at the edge too, where a button would go on by its own rule
     });
 }
 

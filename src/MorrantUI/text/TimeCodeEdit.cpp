@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kSideMargin = 4; ///< logical pixels from the frame to the text, as in other fields
+constexpr int kSideMargin = 5; ///< logical pixels from the frame to the text, as in other fields
 constexpr char16_t kFirstBeyondAscii = 128;
 
 bool mayBePasted(QChar c)
