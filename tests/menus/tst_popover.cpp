@@ -17,7 +17,7 @@ struct Stage : QWidget
 {
     Stage()
     {
-        setGeometry(200, 200, 300, 200);
+        setGeometry(40, 40, 300, 200);
         button->setGeometry(10, 10, 100, 24);
         field->setGeometry(10, 150, 100, 24);
         auto* const content = new QWidget;
@@ -235,13 +235,13 @@ void PopoverTest::theContentIsBuiltAfterThePanelIsSeenAndOnce()
 {
     Stage stage;
     int built = 0;
-    stage.panel->setContentMaker([&built] { return ++built, new QLineEdit; }, {200, 300});
+    stage.panel->setContentMaker([&built] { return ++built, new QLineEdit; }, {200, 200});
     stage.panel->openAt(stage.button);
     QCOMPARE(built, 0);
-    QVERIFY(stage.panel->isOpen() && stage.panel->height() > 300);
+    QVERIFY(stage.panel->isOpen() && stage.panel->height() > 200);
     QTRY_COMPARE(built, 1);
     QTRY_VERIFY(stage.panel->content()->hasFocus());
-    QVERIFY(stage.panel->height() < 300);
+    QVERIFY(stage.panel->height() < 200);
     stage.panel->dismiss();
     stage.panel->openAt(stage.button);
     QTRY_VERIFY(stage.panel->content()->hasFocus());
