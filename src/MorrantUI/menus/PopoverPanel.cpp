@@ -116,6 +116,9 @@ void PopoverPanel::watchAnchor(QWidget* anchor)
 
 void PopoverPanel::open()
 {
+    winId(); // so that it can be tied to the anchor's window before it is first shown
+    const QWidget* const over = m_anchor ? m_anchor->window() : nullptr;
+    windowHandle()->setTransientParent(over != nullptr ? over->windowHandle() : nullptr);
     if (isVisible()) {
         follow();
         return;
@@ -125,9 +128,6 @@ void PopoverPanel::open()
     setAttribute(
         Qt::WA_KeyboardFocusChange,
         before != nullptr && before->testAttribute(Qt::WA_KeyboardFocusChange));
-    winId(); // so that it can be tied to the anchor's window before it is first shown
-    const QWidget* const over = m_anchor ? m_anchor->window() : nullptr;
-    windowHandle()->setTransientParent(over != nullptr ? over->windowHandle() : nullptr);
     m_isWorking = true;
     qApp->installEventFilter(this); // the anchor moves with anything that it lies in
     const QPointer<PopoverPanel> self(this);
