@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace ui {
@@ -100,12 +101,15 @@ QObject* dismissOnDeactivation(QWidget* widget, std::function<void()> dismiss)
     if (!dismiss) {
         return nullptr;
     }
-    const QPointer<QWidget> watchedWidget(widget);
-    const auto filter = [watchedWidget, dismiss = std::move(dismiss)](QObject*, QEvent* event) {
-        if (event->type() == QEvent::WindowDeactivate) {
+    const QPointer<QWidget> shown(widget);
+    const auto wasActive = std::make_shared<bool>(false); // since it was last shown
+    const auto filter = [shown, wasActive, dismiss = std::move(dismiss)](QObject*, QEvent* event) {
+        if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) {
+            *wasActive = event->type() == QEvent::WindowActivate;
+        } else if (event->type() == QEvent::WindowDeactivate && std::exchange(*wasActive, false)) {
             // The next window is active only after this.
-            QTimer::singleShot(0, watchedWidget, [watchedWidget, dismiss] {
-                if (isLeft(*watchedWidget)) {
+            QTimer::singleShot(0, shown, [shown, dismiss] {
+                if (isLeft(*shown)) {
                     dismiss();
                 }
             });

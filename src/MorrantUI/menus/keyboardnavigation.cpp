@@ -15,8 +15,10 @@ namespace ui {
 
 namespace {
 
-/// How much farther a thing counts that is not in the same row or column, for each pixel beside it.
+/// How much farther a thing counts for each pixel that it lies beside the row or column.
 constexpr std::int64_t kAside = 4;
+/// More than any distance on screens: what is not in the row or column comes last.
+constexpr std::int64_t kElsewhere = std::int64_t(1) << 40;
 
 /// The rectangle as it would lie if the direction were to the right.
 QRect turned(const QRect& rect, Qt::ArrowType direction)
@@ -130,7 +132,7 @@ int neighbourInDirection(
             gapBetween(start.left(), start.right(), there.left(), there.right());
         const std::int64_t aside =
             gapBetween(start.top(), start.bottom(), there.top(), there.bottom());
-        const std::int64_t distance = ahead + kAside * aside;
+        const std::int64_t distance = ahead + kAside * aside + (aside > 0 ? kElsewhere : 0);
         if (distance < least) {
             least = distance;
             nearest = static_cast<int>(i);
