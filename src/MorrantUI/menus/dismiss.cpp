@@ -102,7 +102,8 @@ QObject* dismissOnDeactivation(QWidget* widget, std::function<void()> dismiss)
         return nullptr;
     }
     const QPointer<QWidget> shown(widget);
-    const auto wasActive = std::make_shared<bool>(false); // since it was last shown
+    // Since it was last shown.
+    const auto wasActive = std::make_shared<bool>(widget != nullptr && widget->isActiveWindow());
     const auto filter = [shown, wasActive, dismiss = std::move(dismiss)](QObject*, QEvent* event) {
         if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) {
             *wasActive = event->type() == QEvent::WindowActivate;
