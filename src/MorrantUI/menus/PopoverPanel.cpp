@@ -124,10 +124,13 @@ void PopoverPanel::open()
         return;
     }
     m_focusBefore = QApplication::focusWidget();
-    const QWidget* const before = QApplication::activeWindow();
+    m_windowBefore = QApplication::activeWindow();
+    if (!m_windowBefore && m_anchor) {
+        m_windowBefore = m_anchor->window();
+    }
     setAttribute(
         Qt::WA_KeyboardFocusChange,
-        before != nullptr && before->testAttribute(Qt::WA_KeyboardFocusChange));
+        m_windowBefore && m_windowBefore->testAttribute(Qt::WA_KeyboardFocusChange));
     m_isWorking = true;
     qApp->installEventFilter(this); // the anchor moves with anything that it lies in
     const QPointer<PopoverPanel> self(this);
@@ -192,16 +195,23 @@ void PopoverPanel::finish()
 
 void PopoverPanel::giveFocusBack()
 {
-    const QPointer<QWidget> before = std::exchange(m_focusBefore, nullptr);
-    const QWidget* const now = QApplication::focusWidget();
-    const bool hasMovedOn = now != nullptr && !ui::belongsTo(now, this);
-    if (hasMovedOn || !before || !before->isVisible()) {
-        return;
+    const QPointer<QWidget> window = std::exchange(m_windowBefore, nullptr);
+    const QPointer<QWidget> focus = std::exchange(m_focusBefore, nullptr);
+    const auto isElsewhere = [this](const QWidget* widget) {
+        return widget != nullptr && !ui::belongsTo(widget, this);
+    };
+    const QWidget* const active = QApplication::activeWindow();
+    if (isElsewhere(QApplication::focusWidget()) || (active != window && isElsewhere(active))) {
+        return; // the user has moved on
     }
-    if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
-        before->activateWindow();
+    // Also where nothing in it had the focus: without an active window no key would get anywhere.
+    if (window && window->isVisible()
+        && QGuiApplication::applicationState() == Qt::ApplicationActive) {
+        window->activateWindow();
     }
-    before->setFocus(Qt::PopupFocusReason);
+    if (focus && focus->isVisible()) {
+        focus->setFocus(Qt::PopupFocusReason);
+    }
 }
 
 bool PopoverPanel::isAnchor(const QWidget& pressed, QPoint position) const

@@ -102,6 +102,7 @@ private:
     std::optional<QRect> m_anchorRect; ///< on screen; used instead of the anchor's own
     PopoverSide m_preferredSide = PopoverSide::Below;
     std::unique_ptr<ui::popover::Placement> m_placement;
+    QPointer<QWidget> m_windowBefore; ///< active when the panel was opened
     QPointer<QWidget> m_focusBefore;
     bool m_isWorking = false; ///< between opened() and closed()
 };
