@@ -65,9 +65,15 @@
 #include <MorrantUI/docking/tabs/tabgeometry.h>
 #include <MorrantUI/docking/tabs/tabnavigation.h>
 #include <MorrantUI/docking/tabs/tabreorder.h>
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/menus/ContextMenuButton.h>
+#include <MorrantUI/menus/ContextMenuItemWidget.h>
+#include <MorrantUI/menus/ContextMenuLabel.h>
 #include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/menus/PopoverPanel.h>
 #include <MorrantUI/menus/PopoverSide.h>
+#include <MorrantUI/menus/WidgetMenu.h>
+#include <MorrantUI/menus/WidgetMenuAction.h>
 #include <MorrantUI/menus/dialogs.h>
 #include <MorrantUI/menus/dismiss.h>
 #include <MorrantUI/menus/keyboardnavigation.h>

@@ -273,6 +273,7 @@ int Style::styleHint(
     case SH_ScrollBar_Transient: return 0;
     case SH_ScrollBar_MiddleClickAbsolutePosition: return 1;
     case SH_ScrollBar_LeftClickAbsolutePosition: return 0;
+    case SH_Menu_Scrollable: return 1; // rather than further columns, which leave the screen too
     case SH_Slider_AbsoluteSetButtons: return Qt::LeftButton;
     case SH_ItemView_ShowDecorationSelected: return 1;
     case SH_EtchDisabledText:

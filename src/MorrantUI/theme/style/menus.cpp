@@ -7,11 +7,14 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace ui::style {
 
 namespace {
 
 constexpr double kPanelRadius = 6.0; ///< corners of menus and tool tips
+constexpr int kMenuShortText = 40;   ///< characters that fit into a row in any font
 
 QRect mirrored(const QStyleOption& option, const QRect& rect)
 {
@@ -86,6 +89,17 @@ void drawMark(const QStyleOptionMenuItem& item, QPainter& painter)
     }
 }
 
+/// The text before the shortcut, cut where the row is too narrow for it.
+QString shownText(const QStyleOptionMenuItem& item, int room)
+{
+    const QString text = item.text.left(item.text.indexOf(QLatin1Char('\t')));
+    if (text.size() <= kMenuShortText) {
+        return text; // which is not worth measuring
+    }
+    const int most = std::min(room, widestMenuText(item.fontMetrics) + 1);
+    return item.fontMetrics.elidedText(text, Qt::ElideRight, most, Qt::TextShowMnemonic);
+}
+
 void drawTexts(const QStyleOptionMenuItem& item, QPainter& painter, const Context& context)
 {
     const PainterState state(painter);
@@ -105,7 +119,7 @@ void drawTexts(const QStyleOptionMenuItem& item, QPainter& painter, const Contex
         flags | static_cast<int>(leading),
         item.palette,
         enabled,
-        item.text.left(tab),
+        shownText(item, tab < 0 ? row.width() : row.width() - kMenuShortcutGap),
         textRole(item));
     if (tab < 0) {
         return;

@@ -1,5 +1,6 @@
 #include "MorrantUI/theme/style/metrics.h"
 
+#include <QFontMetrics>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -13,6 +14,7 @@ constexpr int kButtonMinWidth = 64;   ///< of a push button with a text
 constexpr int kToolButtonPadding = 3; ///< on each side
 constexpr int kFieldPadding = 6;      ///< beside a field's text
 constexpr int kTabPadding = 12;       ///< beside a tab's text
+constexpr int kMenuChars = 80;        ///< of average width, in a menu row's text
 
 constexpr int roundedToEven(double value)
 {
@@ -138,8 +140,9 @@ QSize Metrics::menuItemSize(const QStyleOption* option, const QSize& contents) c
         return {contents.width(), item->text.isEmpty() ? kMenuSeparatorHeight : rowHeight()};
     }
     const bool hasShortcut = item->text.contains(QLatin1Char('\t'));
-    const int width = menuTextOffset(*item) + contents.width() + kMenuArrowColumn
-                      + (hasShortcut ? kMenuShortcutGap : 0);
+    const int text = std::min(contents.width(), widestMenuText(item->fontMetrics));
+    const int width =
+        menuTextOffset(*item) + text + kMenuArrowColumn + (hasShortcut ? kMenuShortcutGap : 0);
     return {width, std::max(rowHeight(), contents.height() + 4)};
 }
 
@@ -158,6 +161,11 @@ int menuTextOffset(const QStyleOption& option)
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(&option);
     const bool hasMarks = item && (item->menuHasCheckableItems || item->maxIconWidth > 0);
     return hasMarks ? std::max(kMenuMarkColumn, item->maxIconWidth + 6) : kMenuRowPadding;
+}
+
+int widestMenuText(const QFontMetrics& metrics)
+{
+    return kMenuChars * metrics.averageCharWidth();
 }
 
 } // namespace ui::style

@@ -5,6 +5,7 @@
 
 #include <optional>
 
+class QFontMetrics;
 class QStyleOption;
 
 namespace ui::style {
@@ -51,5 +52,8 @@ inline constexpr int kMenuSeparatorHeight = 9; ///< without a text
 
 /// The width before a menu row's text.
 int menuTextOffset(const QStyleOption& option);
+
+/// Longer texts of menu rows end in an ellipsis, so that the menu stays on the screen.
+int widestMenuText(const QFontMetrics& metrics);
 
 } // namespace ui::style

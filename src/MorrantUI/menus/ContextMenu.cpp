@@ -1,0 +1,374 @@
+#include "MorrantUI/menus/ContextMenu.h"
+
+#include "MorrantUI/menus/ContextMenuRow.h"
+#include "MorrantUI/menus/menurows.h"
+#include "MorrantUI/menus/menusearch.h"
+#include <MorrantUI/controls/buttons/RolloverButton.h>
+#include <MorrantUI/menus/ContextMenuItemWidget.h>
+
+#include <QActionEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyleOptionMenuItem>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+using ui::menus::MenuKey;
+
+namespace {
+
+constexpr int kSearchPause = 1000; ///< milliseconds, after which typing starts anew
+constexpr int kPictureMargin = 4;  ///< that QMenu adds to the width of an icon
+
+bool isSelectable(const QAction& row)
+{
+    return row.isVisible() && row.isEnabled() && !row.isSeparator();
+}
+
+MenuKey keyOf(const QKeyEvent& event)
+{
+    return ui::menus::menuKey(event.key(), event.modifiers(), event.text());
+}
+
+} // namespace
+
+ContextMenu::ContextMenu(QWidget* parent)
+    : QMenu(parent)
+{
+    m_searchTimer = new QTimer(this); // once there is all that event() asks for
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    m_searchTimer->setSingleShot(true);
+    m_searchTimer->setInterval(kSearchPause);
+    connect(m_searchTimer, &QTimer::timeout, this, [this] { m_searchText.clear(); });
+    connect(this, &QMenu::aboutToShow, this, &ContextMenu::aboutToOpen);
+}
+
+ContextMenu::~ContextMenu() = default;
+
+void ContextMenu::aboutToOpen()
+{
+    m_searchTimer->stop();
+    m_searchText.clear();
+    m_pressed = false;
+    ui::menus::limitToScreens(*this);
+}
+
+// Keys
+
+void ContextMenu::keyPressEvent(QKeyEvent* event)
+{
+    const QList<QAction*> rows = actions();
+    if (rows.isEmpty()) {
+        QMenu::keyPressEvent(event);
+        return;
+    }
+    m_currentIndex = static_cast<int>(rows.indexOf(activeAction()));
+    switch (keyOf(*event)) {
+    case MenuKey::Trigger: triggerActive(event); break;
+    case MenuKey::Next: highlightNext(m_currentIndex); break;
+    case MenuKey::Previous: highlightPrevious(m_currentIndex); break;
+    case MenuKey::Search: extendSearch(event->text()); break;
+    case MenuKey::Other:
+        if (!stepSubAction(*event) && !answerMnemonic(*event)) {
+            const QPointer<ContextMenu> alive(this);
+            QMenu::keyPressEvent(event);
+            if (alive) {
+                enterStrip(); // Tab, Home and the like move on, too
+            }
+        }
+        break;
+    }
+}
+
+void ContextMenu::highlightNext(int start)
+{
+    step(start, 1);
+}
+
+void ContextMenu::highlightPrevious(int start)
+{
+    step(start, -1);
+}
+
+void ContextMenu::step(int start, int by)
+{
+    const QList<QAction*> rows = actions();
+    const int index = ui::menus::firstRow(static_cast<int>(rows.size()), start, by, [&rows](int i) {
+        return isSelectable(*rows[i]);
+    });
+    if (index < 0) {
+        return;
+    }
+    const QPointer<QAction> row = rows.at(index);
+    const QPointer<ContextMenu> alive(this);
+    if (start >= 0 && activeAction() == rows.at(start)) {
+        // QMenu's own step scrolls no further than it must, and opens no submenu.
+        QKeyEvent key(QEvent::KeyPress, by > 0 ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
+        QMenu::keyPressEvent(&key);
+    }
+    if (alive && row && activeAction() != row) {
+        makeActive(row);
+    }
+    if (alive) {
+        enterStrip();
+    }
+}
+
+void ContextMenu::highlightBySubstring(const QString& text, int start)
+{
+    const QList<QAction*> rows = actions();
+    const int index =
+        ui::menus::firstRow(static_cast<int>(rows.size()), start, 1, [&rows, &text](int i) {
+            return isSelectable(*rows[i]) && ui::menus::isFoundBy(rows[i]->text(), text);
+        });
+    if (index < 0) {
+        return;
+    }
+    const QPointer<ContextMenu> alive(this);
+    makeActive(rows.at(index));
+    if (alive) {
+        enterStrip();
+    }
+}
+
+void ContextMenu::extendSearch(const QString& text)
+{
+    if (!m_searchTimer->isActive()) {
+        m_searchText.clear();
+    }
+    m_searchTimer->start();
+    m_searchText += text.toLower();
+    highlightBySubstring(m_searchText, m_currentIndex);
+}
+
+/// From outside, QMenu opens the submenu of a row that it makes active: the row goes without for
+/// that moment.
+void ContextMenu::makeActive(QAction* row)
+{
+    const QPointer<QAction> active(row);
+    const QPointer<QMenu> submenu(row->menu());
+    if (!submenu) {
+        setActiveAction(row);
+        return;
+    }
+    const QPointer<ContextMenu> alive(this);
+    m_leavesChanges = true;
+    row->setMenu(nullptr);
+    setActiveAction(row);
+    if (active && submenu) {
+        active->setMenu(submenu);
+    }
+    if (alive) {
+        m_leavesChanges = false;
+    }
+}
+
+void ContextMenu::enterStrip()
+{
+    followHighlight();
+    auto* const item = qobject_cast<ContextMenuItemWidget*>(activeAction());
+    if (item != nullptr && item->isStrip() && item->m_row->chosenSubAction() == nullptr) {
+        item->m_row->stepSubAction(1, 0);
+    }
+}
+
+bool ContextMenu::stepSubAction(const QKeyEvent& event)
+{
+    auto* const item = qobject_cast<ContextMenuItemWidget*>(activeAction());
+    if (item == nullptr || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) {
+        return false;
+    }
+    const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
+    const int least = item->isStrip() ? 0 : -1;
+    switch (event.key()) {
+    case Qt::Key_Tab: return item->m_row->stepSubAction(1, least);
+    case Qt::Key_Backtab: return item->m_row->stepSubAction(-1, least);
+    case Qt::Key_Left:
+    case Qt::Key_Right: break;
+    default: return false;
+    }
+    const bool onward = (event.key() == Qt::Key_Right) != rightToLeft;
+    const bool opensMenu = onward && item->menu() != nullptr && !item->m_row->chosenSubAction();
+    return !opensMenu && item->m_row->stepSubAction(onward ? 1 : -1, least);
+}
+
+bool ContextMenu::answerMnemonic(const QKeyEvent& event)
+{
+    if (!event.modifiers().testFlag(Qt::AltModifier)) {
+        return false;
+    }
+    const QKeySequence typed(Qt::ALT | Qt::Key(event.key()));
+    const QList<QAction*> rows = actions();
+    const auto meant = std::find_if(rows.begin(), rows.end(), [&typed](const QAction* row) {
+        const auto* const item = qobject_cast<const ContextMenuItemWidget*>(row);
+        return item != nullptr && isSelectable(*row)
+               && (!item->hasMainTrigger() || item->menu() != nullptr)
+               && QKeySequence::mnemonic(item->text()) == typed;
+    });
+    if (meant == rows.end()) {
+        return false; // QMenu knows what to do with any other row
+    }
+    const QPointer<ContextMenu> alive(this);
+    makeActive(*meant);
+    if (alive) {
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        triggerActive(&enter);
+    }
+    return true;
+}
+
+// Triggering
+
+/// Lets QMenu act on a row as on a plain one, which it cannot tell a rich row to be.
+template <typename Act>
+void ContextMenu::actOn(QAction* row, Act&& act)
+{
+    const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
+    if (item == nullptr || item->menu() == nullptr || !item->hasMainTrigger()) {
+        if (item == nullptr || item->hasMainTrigger() || item->menu() != nullptr) {
+            act();
+        }
+        return;
+    }
+    // QMenu triggers no row that has a submenu. It gets it back before any slot runs.
+    const auto giveBack = [action = QPointer<QAction>(row), menu = QPointer<QMenu>(row->menu())] {
+        if (action && menu) {
+            action->setMenu(menu);
+        }
+    };
+    const auto connection = connect(this, &QMenu::aboutToHide, this, giveBack);
+    row->setMenu(nullptr);
+    act();
+    disconnect(connection);
+    giveBack();
+}
+
+void ContextMenu::triggerActive(QKeyEvent* event)
+{
+    QAction* const row = activeAction();
+    if (row == nullptr || !isSelectable(*row)) {
+        return;
+    }
+    const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
+    if (RolloverButton* const chosen = item ? item->m_row->chosenSubAction() : nullptr) {
+        if (!event->isAutoRepeat()) {
+            chosen->click();
+        }
+        return;
+    }
+    actOn(row, [this, event] { QMenu::keyPressEvent(event); });
+}
+
+void ContextMenu::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = true;
+    QMenu::mousePressEvent(event);
+}
+
+void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool pressed = std::exchange(m_pressed, false);
+    QAction* const row = actionAt(event->position().toPoint());
+    const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
+    if (item != nullptr) {
+        const QPoint inRow = event->position().toPoint() - item->m_row->pos();
+        if (RolloverButton* const button = item->m_row->subActionAt(inRow)) {
+            if (pressed && event->button() == Qt::LeftButton) {
+                button->click(); // the press was elsewhere in the menu, or a submenu passed it on
+            }
+            return;
+        }
+    }
+    actOn(row, [this, event] { QMenu::mouseReleaseEvent(event); });
+}
+
+// Rows
+
+bool ContextMenu::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        // What is typed belongs to the search, also where it is the shortcut of a command.
+        if (keyOf(*static_cast<QKeyEvent*>(event)) == MenuKey::Search) {
+            event->accept();
+            return true;
+        }
+    } else if (event->type() == QEvent::LayoutRequest) {
+        ui::menus::layOutAgain(*this);
+    } else if (event->type() == QEvent::UpdateRequest) {
+        ui::menus::clipWidgetRows(*this);
+    } else if (event->type() == QEvent::Show) {
+        arrangeRows();
+    }
+    const QPointer<ContextMenu> alive(this);
+    const bool handled = QMenu::event(event);
+    if (alive) {
+        followHighlight();
+    }
+    return handled;
+}
+
+void ContextMenu::followHighlight()
+{
+    ui::menus::moveHighlight(m_highlighted, activeAction());
+}
+
+void ContextMenu::inputMethodEvent(QInputMethodEvent* event)
+{
+    const QString text = event->commitString();
+    if (ui::menus::searches(Qt::NoModifier, text)) {
+        m_currentIndex = static_cast<int>(actions().indexOf(activeAction()));
+        extendSearch(text);
+    }
+    event->accept();
+}
+
+void ContextMenu::actionEvent(QActionEvent* event)
+{
+    if (m_leavesChanges && event->type() == QEvent::ActionChanged) {
+        return;
+    }
+    m_pictureColumn = -1;
+    QMenu::actionEvent(event);
+    if (isVisible()) {
+        arrangeRows();
+    }
+}
+
+void ContextMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
+{
+    QMenu::initStyleOption(option, action);
+    option->maxIconWidth = std::max(option->maxIconWidth, pictureColumn());
+}
+
+int ContextMenu::pictureColumn() const
+{
+    if (m_pictureColumn >= 0) {
+        return m_pictureColumn;
+    }
+    m_pictureColumn = 0;
+    const QList<QAction*> rows = actions();
+    for (const QAction* const row : rows) {
+        const auto* const item = qobject_cast<const ContextMenuItemWidget*>(row);
+        if (item != nullptr && item->isVisible() && !item->icon().isNull()) {
+            const QPixmap picture = item->getRowImageLabel()->pixmap(Qt::ReturnByValue);
+            const int width = picture.deviceIndependentSize().toSize().width();
+            m_pictureColumn = std::max(m_pictureColumn, width + kPictureMargin);
+        }
+    }
+    return m_pictureColumn;
+}
+
+void ContextMenu::arrangeRows()
+{
+    const QList<QAction*> rows = actions();
+    for (QAction* const row : rows) {
+        if (const auto* const item = qobject_cast<ContextMenuItemWidget*>(row)) {
+            item->m_row->arrange();
+        }
+    }
+}

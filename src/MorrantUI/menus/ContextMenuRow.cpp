@@ -1,0 +1,320 @@
+#include "MorrantUI/menus/ContextMenuRow.h"
+
+#include "MorrantUI/controls/buttons/buttonlook.h"
+#include "MorrantUI/menus/menurows.h"
+#include "MorrantUI/menus/menusearch.h"
+#include "MorrantUI/menus/rowgeometry.h"
+#include "MorrantUI/theme/style/metrics.h"
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/menus/ContextMenuItemWidget.h>
+#include <MorrantUI/menus/ContextMenuLabel.h>
+#include <MorrantUI/theme/colors.h>
+
+#include <QChildEvent>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOptionMenuItem>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kSubActionSide = 20; ///< logical pixels
+constexpr int kSubActionEdge = 4;  ///< from the last button to the row's end
+constexpr int kPictureMargin = 3;  ///< above and below a picture
+
+} // namespace
+
+ContextMenuRow::ContextMenuRow(const ContextMenuItemWidget& item)
+    : m_item(item)
+    , m_label(new ContextMenuLabel(this))
+{}
+
+ContextMenuRow::~ContextMenuRow() = default;
+
+QLabel& ContextMenuRow::image()
+{
+    if (m_image == nullptr) {
+        m_image = new QLabel(this);
+        m_image->setAlignment(Qt::AlignCenter);
+        m_image->setMouseTracking(true);
+        m_image->show();
+        arrangeIfShown();
+    }
+    return *m_image;
+}
+
+void ContextMenuRow::addSubAction(RolloverButton* button)
+{
+    button->setParent(this);
+    button->setFocusPolicy(Qt::NoFocus); // keys lead to it through the menu
+    button->setFixedSize(kSubActionSide, kSubActionSide);
+    button->setMouseTracking(true);
+    button->setAccessibleDescription(ui::menus::displayedText(m_item.text()));
+    button->installEventFilter(this);
+    m_subActions.append({button, button->tints()});
+    button->show();
+}
+
+RolloverButton* ContextMenuRow::subActionAt(QPoint position) const
+{
+    const auto buttons = shownButtons();
+    const auto hit = std::find_if(buttons.begin(), buttons.end(), [position](const auto* button) {
+        return button->geometry().contains(position);
+    });
+    return hit == buttons.end() ? nullptr : *hit;
+}
+
+QList<RolloverButton*> ContextMenuRow::shownButtons() const
+{
+    QList<RolloverButton*> shown;
+    for (const SubAction& action : m_subActions) {
+        if (action.button && !action.button->isHidden()) {
+            shown << action.button;
+        }
+    }
+    return shown;
+}
+
+QList<RolloverButton*> ContextMenuRow::usableButtons() const
+{
+    QList<RolloverButton*> usable = shownButtons();
+    usable.removeIf([](const RolloverButton* button) { return !button->isEnabled(); });
+    return usable;
+}
+
+bool ContextMenuRow::stepSubAction(int step, int least)
+{
+    const auto buttons = usableButtons();
+    const int current = static_cast<int>(buttons.indexOf(chosenSubAction()));
+    const auto next =
+        ui::menus::steppedSubAction(current, static_cast<int>(buttons.size()), step, least);
+    if (!next) {
+        return false;
+    }
+    if (*next < 0) {
+        leaveSubActions();
+    } else {
+        window()->setAttribute(Qt::WA_KeyboardFocusChange); // shows the focus ring
+        // Not as by Tab: a field of the window behind would take that as the end of its edit.
+        buttons.at(*next)->setFocus(Qt::PopupFocusReason);
+    }
+    return true;
+}
+
+RolloverButton* ContextMenuRow::chosenSubAction() const
+{
+    const auto buttons = shownButtons();
+    const auto chosen = std::find_if(
+        buttons.begin(), buttons.end(), [](const auto* button) { return button->hasFocus(); });
+    return chosen == buttons.end() ? nullptr : *chosen;
+}
+
+void ContextMenuRow::leaveSubActions()
+{
+    for (RolloverButton* const button : shownButtons()) {
+        button->clearFocus(); // also where only the closed menu remembers it
+    }
+}
+
+void ContextMenuRow::setLit(bool lit)
+{
+    setHighlighted(lit);
+    if (lit == m_lit) {
+        return;
+    }
+    m_lit = lit;
+    for (SubAction& action : m_subActions) {
+        if (!action.button) {
+            continue;
+        }
+        if (!lit) {
+            action.button->setTints(action.tints);
+            continue;
+        }
+        action.tints = action.button->tints();
+        RolloverButton::Tints onHighlight = action.tints;
+        onHighlight.rest = QStringLiteral("Light");
+        onHighlight.checked = QStringLiteral("HighlightedText");
+        action.button->setTints(onHighlight);
+    }
+}
+
+void ContextMenuRow::followAction()
+{
+    m_label->setText(m_item.text().section(u'\t', 0, 0));
+    const QString name = ui::menus::displayedText(m_item.text());
+    setAccessibleName(name);
+    for (RolloverButton* const button : shownButtons()) {
+        button->setAccessibleDescription(name);
+    }
+    arrangeIfShown();
+    update();
+}
+
+void ContextMenuRow::measureAgain()
+{
+    if (auto* const menu = qobject_cast<QMenu*>(parentWidget())) {
+        ui::menus::layOutAgain(*menu);
+    }
+    arrangeIfShown();
+}
+
+void ContextMenuRow::arrangeIfShown()
+{
+    if (isVisible()) { // otherwise the menu does so when it opens
+        arrange();
+    }
+}
+
+QString ContextMenuRow::shortcutText() const
+{
+    if (m_item.text().contains(u'\t')) {
+        return m_item.text().section(u'\t', 1);
+    }
+    return m_item.isShortcutVisibleInContextMenu()
+               ? m_item.shortcut().toString(QKeySequence::NativeText)
+               : QString();
+}
+
+QStyleOptionMenuItem ContextMenuRow::option() const
+{
+    QStyleOptionMenuItem option;
+    if (const auto* const menu = qobject_cast<const ContextMenu*>(parentWidget())) {
+        menu->initStyleOption(&option, &m_item);
+    } else {
+        option.initFrom(this);
+    }
+    option.rect = rect();
+    option.icon = QIcon();
+    option.text.clear();
+    option.state.setFlag(QStyle::State_Selected, isHighlighted());
+    return option;
+}
+
+ui::menus::RowParts ContextMenuRow::parts(const QStyleOptionMenuItem& option) const
+{
+    const int buttons = static_cast<int>(shownButtons().size());
+    const QString shortcut = shortcutText();
+    int trailing = ui::style::kMenuArrowColumn;
+    if (option.menuItemType != QStyleOptionMenuItem::SubMenu) {
+        // Where plain rows have their shortcuts.
+        trailing =
+            buttons > 0 ? kSubActionEdge : ui::style::kMenuArrowColumn - ui::style::kMenuRowPadding;
+    }
+    return {
+        .row = size(),
+        .textOffset = ui::style::menuTextOffset(option),
+        .shortcutWidth = shortcut.isEmpty() ? 0 : fontMetrics().horizontalAdvance(shortcut) + 1,
+        .shortcutGap = ui::style::kMenuShortcutGap,
+        .subActions = buttons,
+        .subActionSide = kSubActionSide,
+        .trailing = trailing,
+        .rightToLeft = layoutDirection() == Qt::RightToLeft,
+    };
+}
+
+void ContextMenuRow::arrange()
+{
+    const ui::menus::RowPlaces places = ui::menus::rowPlaces(parts(option()));
+    m_label->setGeometry(places.label);
+    if (m_image != nullptr) {
+        m_image->setGeometry(places.image);
+    }
+    const auto buttons = shownButtons();
+    for (qsizetype i = 0; i < buttons.size(); ++i) {
+        buttons.at(i)->setGeometry(places.subActions.at(i));
+    }
+}
+
+QSize ContextMenuRow::sizeHint() const
+{
+    const QStyleOptionMenuItem option = this->option();
+    const QSize text = m_label->sizeHint();
+    const int width = ui::menus::rowWidth(parts(option), text.width());
+    const QSize plain = style()->sizeFromContents(QStyle::CT_MenuItem, &option, text, this);
+    const QPixmap picture = m_image == nullptr ? QPixmap() : m_image->pixmap(Qt::ReturnByValue);
+    const int pictured =
+        picture.isNull() ? 0
+                         : picture.deviceIndependentSize().toSize().height() + 2 * kPictureMargin;
+    return {width, std::max({plain.height(), pictured, ui::rowHeight(*this)})};
+}
+
+QSize ContextMenuRow::minimumSizeHint() const
+{
+    return {0, sizeHint().height()};
+}
+
+bool ContextMenuRow::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+        // A button that keys have led to leaves them to the menu, which knows what they mean.
+        if (QWidget* const menu = parentWidget()) {
+            QCoreApplication::sendEvent(menu, event);
+            return true;
+        }
+        break;
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent: measureAgain(); break;
+    default: break;
+    }
+    return ContextMenuButton::eventFilter(watched, event);
+}
+
+void ContextMenuRow::childEvent(QChildEvent* event)
+{
+    ContextMenuButton::childEvent(event);
+    if (event->removed()
+        && m_subActions.removeIf([](const auto& gone) { return !gone.button; }) > 0) {
+        measureAgain();
+    }
+}
+
+void ContextMenuRow::enterEvent(QEnterEvent* /*event*/)
+{
+    // The menu decides which row is lit: one that opens below a resting pointer lights none.
+}
+
+void ContextMenuRow::mousePressEvent(QMouseEvent* event)
+{
+    event->ignore();
+}
+
+void ContextMenuRow::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->ignore();
+}
+
+void ContextMenuRow::resizeEvent(QResizeEvent* event)
+{
+    ContextMenuButton::resizeEvent(event);
+    arrange();
+}
+
+void ContextMenuRow::paintEvent(QPaintEvent* /*event*/)
+{
+    const QStyleOptionMenuItem option = this->option();
+    QPainter painter(this);
+    style()->drawControl(QStyle::CE_MenuItem, &option, &painter, this);
+
+    const QString shortcut = shortcutText();
+    if (shortcut.isEmpty()) {
+        return;
+    }
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText, ui::colorQt(QStringLiteral("HelperHints")));
+    style()->drawItemText(
+        &painter,
+        ui::menus::rowPlaces(parts(option)).shortcut,
+        Qt::AlignVCenter | Qt::AlignHCenter | Qt::TextSingleLine,
+        colors,
+        isEnabled(),
+        shortcut,
+        isHighlighted() ? QPalette::HighlightedText : QPalette::WindowText);
+}

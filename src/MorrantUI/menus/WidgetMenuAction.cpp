@@ -1,0 +1,89 @@
+#include "MorrantUI/menus/WidgetMenuAction.h"
+
+#include <MorrantUI/menus/ContextMenuButton.h>
+#include <MorrantUI/theme/Widget.h>
+
+WidgetMenuAction::WidgetMenuAction(QObject* parent)
+    : QWidgetAction(parent)
+    , m_holder(new Widget)
+{
+    // A menu asks for its widget once: what it gets stays, and hosts what comes and goes.
+    setDefaultWidget(m_holder);
+}
+
+WidgetMenuAction::WidgetMenuAction(QObject* parent, Widget* row)
+    : QWidgetAction(parent)
+    , m_widget(row)
+{
+    setDefaultWidget(row);
+}
+
+WidgetMenuAction::~WidgetMenuAction()
+{
+    // The widget goes before QAction takes itself out, and its menu would ask a dead row.
+    const QList<QObject*> holders = associatedObjects();
+    for (QObject* const holder : holders) {
+        if (auto* const widget = qobject_cast<QWidget*>(holder)) {
+            widget->removeAction(this);
+        }
+    }
+}
+
+void WidgetMenuAction::setWidget(Widget* widget)
+{
+    if (!m_holder || widget == m_widget) {
+        return;
+    }
+    m_widget = widget;
+    m_holder->setChild(widget);
+    updateMouseTracking();
+    highlightChanged(m_highlighted);
+}
+
+Widget* WidgetMenuAction::getWidget() const
+{
+    return m_widget;
+}
+
+void WidgetMenuAction::updateMouseTracking()
+{
+    QWidget* const row = defaultWidget();
+    if (row == nullptr) {
+        return;
+    }
+    row->setMouseTracking(true);
+    for (QWidget* const child : row->findChildren<QWidget*>()) {
+        child->setMouseTracking(true);
+    }
+}
+
+void WidgetMenuAction::highlightEnter()
+{
+    if (!m_highlighted) {
+        m_highlighted = true;
+        highlightChanged(true);
+    }
+}
+
+void WidgetMenuAction::highlightLeave()
+{
+    if (m_highlighted) {
+        m_highlighted = false;
+        highlightChanged(false);
+    }
+}
+
+void WidgetMenuAction::highlightChanged(bool highlighted)
+{
+    if (!m_widget) {
+        return;
+    }
+    if (auto* const button = qobject_cast<ContextMenuButton*>(m_widget.data())) {
+        button->setHighlighted(highlighted);
+    }
+    const auto inside =
+        m_widget->findChildren<ContextMenuButton*>(QString(), Qt::FindDirectChildrenOnly);
+    for (ContextMenuButton* const button : inside) {
+        button->setHighlighted(highlighted);
+    }
+}

@@ -1,0 +1,138 @@
+#include "MorrantUI/menus/menurows.h"
+
+#include <MorrantUI/menus/WidgetMenuAction.h>
+
+#include <QActionEvent>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QScreen>
+#include <QStyle>
+#include <QWidgetAction>
+
+#include <algorithm>
+
+namespace ui::menus {
+
+namespace {
+
+/// The menu in which `menu` is the open submenu; null if there is none.
+QMenu* openerOf(const QMenu& menu)
+{
+    const QList<QObject*> holders = menu.menuAction()->associatedObjects();
+    for (QObject* const holder : holders) {
+        auto* const above = qobject_cast<QMenu*>(holder);
+        if (above != nullptr && above->isVisible()) {
+            return above;
+        }
+    }
+    return nullptr;
+}
+
+bool hasPlace(const QAction* action)
+{
+    return action->isVisible();
+}
+
+/// What QMenu lays over the arrows is a child, too, and none of these.
+QList<QWidget*> widgetsOf(const QMenu& menu, const QList<QAction*>& rows)
+{
+    QList<QWidget*> widgets;
+    for (const QAction* const row : rows) {
+        const auto* const action = qobject_cast<const QWidgetAction*>(row);
+        QWidget* const widget = action != nullptr ? action->defaultWidget() : nullptr;
+        if (widget != nullptr && widget->parentWidget() == &menu) {
+            widgets << widget;
+        }
+    }
+    return widgets;
+}
+
+/// The part of a menu that no scroll arrow takes.
+QRect freeOfArrows(const QMenu& menu, const QList<QAction*>& rows)
+{
+    const auto first = std::find_if(rows.begin(), rows.end(), hasPlace);
+    const auto last = std::find_if(rows.rbegin(), rows.rend(), hasPlace);
+    QRect free = menu.rect();
+    if (first == rows.end()) {
+        return free;
+    }
+    const int frame = menu.style()->pixelMetric(QStyle::PM_MenuPanelWidth, nullptr, &menu);
+    const int arrow = menu.style()->pixelMetric(QStyle::PM_MenuScrollerHeight, nullptr, &menu);
+    if (menu.actionGeometry(*first).top() < frame) {
+        free.setTop(frame + arrow);
+    }
+    if (menu.actionGeometry(*last).bottom() > free.bottom() - frame) {
+        free.setBottom(free.bottom() - frame - arrow);
+    }
+    return free;
+}
+
+} // namespace
+
+bool moveHighlight(QPointer<WidgetMenuAction>& highlighted, QAction* active)
+{
+    auto* const row = qobject_cast<WidgetMenuAction*>(active);
+    if (row == highlighted) {
+        return false;
+    }
+    const QPointer<WidgetMenuAction> left = highlighted;
+    highlighted = row;
+    const QPointer<WidgetMenuAction> entered = highlighted; // a host's override may change it
+    if (left) {
+        left->highlightLeave();
+    }
+    if (entered) {
+        entered->highlightEnter();
+    }
+    return true;
+}
+
+void layOutAgain(QMenu& menu)
+{
+    const QList<QAction*> rows = menu.actions();
+    if (!rows.isEmpty()) {
+        QActionEvent changed(QEvent::ActionChanged, rows.constFirst());
+        QCoreApplication::sendEvent(&menu, &changed);
+    }
+}
+
+void clipWidgetRows(QMenu& menu)
+{
+    const QList<QAction*> rows = menu.actions();
+    const QList<QWidget*> widgets = widgetsOf(menu, rows);
+    if (widgets.isEmpty()) {
+        return;
+    }
+    const QRect free = freeOfArrows(menu, rows);
+    for (QWidget* const widget : widgets) {
+        const QRect place = widget->geometry();
+        if (!free.contains(place)) {
+            const QRect shown = (place & free).translated(-place.topLeft());
+            // An empty mask would be none.
+            widget->setMask(shown.isEmpty() ? QRegion(-1, -1, 1, 1) : QRegion(shown));
+        } else if (!widget->mask().isEmpty()) {
+            widget->clearMask();
+        }
+    }
+}
+
+void closeAll(QMenu* menu)
+{
+    for (QPointer<QMenu> open = menu; open;) {
+        const QPointer<QMenu> above = openerOf(*open);
+        open->close();
+        open = above;
+    }
+}
+
+void limitToScreens(QMenu& menu)
+{
+    int narrowest = menu.maximumWidth();
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        narrowest = std::min(narrowest, screen->availableGeometry().width());
+    }
+    menu.setMaximumWidth(narrowest);
+}
+
+} // namespace ui::menus
