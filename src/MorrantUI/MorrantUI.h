@@ -69,9 +69,11 @@
 #include <MorrantUI/menus/ContextMenuButton.h>
 #include <MorrantUI/menus/ContextMenuItemWidget.h>
 #include <MorrantUI/menus/ContextMenuLabel.h>
+#include <MorrantUI/menus/ListView.h>
 #include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/menus/PopoverPanel.h>
 #include <MorrantUI/menus/PopoverSide.h>
+#include <MorrantUI/menus/TreeView.h>
 #include <MorrantUI/menus/WidgetMenu.h>
 #include <MorrantUI/menus/WidgetMenuAction.h>
 #include <MorrantUI/menus/dialogs.h>

@@ -1,0 +1,11 @@
+#include "MorrantUI/menus/ListView.h"
+
+ListView::ListView(QWidget* parent)
+    : TreeView(parent)
+{
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setIndentation(0);
+}
+
+ListView::~ListView() = default;

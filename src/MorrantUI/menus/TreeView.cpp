@@ -1,0 +1,269 @@
+#include "MorrantUI/menus/TreeView.h"
+
+#include "MorrantUI/menus/NameDelegate.h"
+#include "MorrantUI/menus/RowDrag.h"
+#include "MorrantUI/menus/TreeMemory.h"
+#include "MorrantUI/menus/menusearch.h"
+#include "MorrantUI/menus/rowmoves.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMetaMethod>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStandardItemModel>
+
+#include <algorithm>
+
+namespace {
+
+/// From the root to a row: the order of these is the order on screen.
+QList<int> placeOf(QModelIndex index)
+{
+    QList<int> place;
+    for (; index.isValid(); index = index.parent()) {
+        place.prepend(index.row());
+    }
+    return place;
+}
+
+bool removes(const QKeyEvent& key)
+{
+    return key.modifiers() == Qt::NoModifier
+           && (key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace);
+}
+
+} // namespace
+
+TreeView::TreeView(QWidget* parent)
+    : QTreeView(parent)
+    , m_drag(std::make_unique<RowDrag>(*this))
+    , m_memory(std::make_unique<TreeMemory>())
+{
+    setUniformRowHeights(true);
+    setHeaderHidden(true);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(EditKeyPressed | DoubleClicked);
+    auto* const names = new NameDelegate(this);
+    setItemDelegate(names);
+    connect(names, &NameDelegate::renamed, this, &TreeView::renamed);
+}
+
+TreeView::~TreeView()
+{
+    m_drag->cancel();
+}
+
+void TreeView::setModel(QAbstractItemModel* model)
+{
+    m_drag->cancel();
+    if (m_watched) {
+        disconnect(m_watched, &QAbstractItemModel::modelAboutToBeReset, this, nullptr);
+        disconnect(m_watched, &QAbstractItemModel::modelReset, this, nullptr);
+    }
+    m_watched = model;
+    if (model) {
+        connect(model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+            m_drag->cancel();
+            m_memory->keep(*this, m_keyRole);
+        });
+    }
+    QTreeView::setModel(model);
+    if (model) { // behind the base's own answer
+        connect(model, &QAbstractItemModel::modelReset, this, [this] {
+            m_memory->restore(*this, m_keyRole);
+        });
+    }
+}
+
+void TreeView::setReordering(Reordering reordering)
+{
+    m_drag->cancel();
+    m_reordering = reordering;
+}
+
+bool TreeView::isReordering() const
+{
+    return m_drag->state() == RowDrag::State::Dragging;
+}
+
+QModelIndexList TreeView::selectedRowsInOrder() const
+{
+    if (!selectionModel()) {
+        return {};
+    }
+    QList<std::pair<QList<int>, QModelIndex>> places;
+    for (const QModelIndex& index : selectionModel()->selectedRows()) {
+        places.append({placeOf(index), index});
+    }
+    std::sort(places.begin(), places.end(), [](const auto& a, const auto& b) {
+        return std::lexicographical_compare(
+            a.first.begin(), a.first.end(), b.first.begin(), b.first.end());
+    });
+    QModelIndexList rows;
+    QList<int> above;
+    for (const auto& [place, index] : std::as_const(places)) {
+        const bool inside = !rows.isEmpty() && place.size() > above.size()
+                            && std::equal(above.begin(), above.end(), place.begin());
+        if (!inside) {
+            rows.append(index);
+            above = place;
+        }
+    }
+    return rows;
+}
+
+void TreeView::renameCurrent()
+{
+    const QModelIndex row = currentIndex();
+    if (row.flags().testFlag(Qt::ItemIsEditable)) {
+        edit(row);
+    }
+}
+
+QList<QPersistentModelIndex> TreeView::moveRows(
+    const QModelIndexList& rows, const QModelIndex& parent, int row)
+{
+    return ui::menus::moveRows(*model(), rows, parent, row);
+}
+
+/// What the user asked for by mouse or key. A slot may delete this object.
+bool TreeView::reorder(const QModelIndexList& rows, const QModelIndex& parent, int row)
+{
+    if (rows.isEmpty()) {
+        return false;
+    }
+    TreeMemory open; // items that are taken out and put in again come back closed
+    const bool takesOut = qobject_cast<QStandardItemModel*>(model()) != nullptr;
+    if (takesOut) {
+        open.keep(*this, m_keyRole);
+    }
+    const QPersistentModelIndex into(parent);
+    const QList<QPersistentModelIndex> moved = moveRows(rows, parent, row);
+    if (moved.isEmpty()) {
+        return false;
+    }
+    open.restore(*this, m_keyRole);
+    expand(into);
+    QItemSelection selection;
+    for (const QPersistentModelIndex& index : moved) {
+        selection.select(index, index);
+    }
+    selectionModel()->setCurrentIndex(moved.first(), QItemSelectionModel::NoUpdate);
+    selectionModel()->select(
+        selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(moved.first());
+    Q_EMIT rowsReordered();
+    return true;
+}
+
+/// @param step 1 or -1
+/// @return whether the selected rows, which have to be siblings, have moved
+bool TreeView::moveSelectionBy(int step)
+{
+    const QModelIndexList rows = selectedRowsInOrder();
+    if (rows.isEmpty()) {
+        return false;
+    }
+    const QModelIndex parent = rows.first().parent();
+    const bool siblings = std::all_of(rows.begin(), rows.end(), [&parent](const QModelIndex& row) {
+        return row.parent() == parent;
+    });
+    const int row = step < 0 ? rows.first().row() - 1 : rows.last().row() + 2;
+    return siblings && row >= 0 && row <= model()->rowCount(parent) && reorder(rows, parent, row);
+}
+
+/// Whether a key is the tree's, so that no shortcut of the window takes it: a letter that finds a
+/// row, or a key that acts on rows.
+bool TreeView::takesKey(const QKeyEvent& key) const
+{
+    if (!model() || state() == EditingState) {
+        return false;
+    }
+    const bool moves = m_reordering != Reordering::None && key.modifiers() == Qt::AltModifier
+                       && (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down);
+    const bool finds = ui::menus::searches(key.modifiers(), key.text())
+                       && key.key() != Qt::Key_Space && model()->rowCount(rootIndex()) > 0;
+    const bool escapes = key.key() == Qt::Key_Escape && isReordering();
+    const bool deletes =
+        removes(key) && isSignalConnected(QMetaMethod::fromSignal(&TreeView::removalRequested));
+    return moves || finds || escapes || deletes;
+}
+
+bool TreeView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride
+        && takesKey(*static_cast<const QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QTreeView::event(event);
+}
+
+void TreeView::keyPressEvent(QKeyEvent* event)
+{
+    const bool alt = event->modifiers() == Qt::AltModifier && m_reordering != Reordering::None;
+    if (event->key() == Qt::Key_Escape && isReordering()) {
+        m_drag->cancel();
+    } else if (alt && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)) {
+        moveSelectionBy(event->key() == Qt::Key_Up ? -1 : 1);
+    } else if (removes(*event) && takesKey(*event)) {
+        const QModelIndexList rows = selectedRowsInOrder();
+        if (!rows.isEmpty()) {
+            Q_EMIT removalRequested(rows);
+        }
+    } else {
+        QTreeView::keyPressEvent(event);
+    }
+}
+
+void TreeView::paintEvent(QPaintEvent* event)
+{
+    QTreeView::paintEvent(event);
+    if (isReordering()) {
+        QPainter painter(viewport());
+        m_drag->paint(painter);
+    }
+}
+
+void TreeView::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<TreeView> self(this);
+    QTreeView::mousePressEvent(event);
+    if (!self || !model()) {
+        return; // a slot's work
+    }
+    const QModelIndex row = indexAt(event->position().toPoint());
+    const bool drags = m_reordering != Reordering::None && event->button() == Qt::LeftButton
+                       && event->modifiers() == Qt::NoModifier && row.isValid()
+                       && selectionModel()->isSelected(row);
+    if (drags) {
+        m_drag->press(event->position().toPoint());
+    }
+}
+
+void TreeView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_drag->moveTo(event->position().toPoint())) {
+        QTreeView::mouseMoveEvent(event);
+    }
+}
+
+void TreeView::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool dragged = event->button() == Qt::LeftButton && m_drag->release();
+    if (!dragged) {
+        QTreeView::mouseReleaseEvent(event);
+    }
+}
+
+QItemSelectionModel::SelectionFlags TreeView::selectionCommand(
+    const QModelIndex& index, const QEvent* event) const
+{
+    // A press on one of several selected rows may begin to drag them all; the release chooses.
+    const bool mayDrag = m_reordering != Reordering::None && event
+                         && event->type() == QEvent::MouseButtonPress && index.isValid()
+                         && static_cast<const QMouseEvent*>(event)->modifiers() == Qt::NoModifier
+                         && selectionModel()->isSelected(index);
+    return mayDrag ? QItemSelectionModel::NoUpdate : QTreeView::selectionCommand(index, event);
+}
