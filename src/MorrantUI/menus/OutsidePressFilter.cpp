@@ -1,6 +1,6 @@
 #include "MorrantUI/menus/OutsidePressFilter.h"
 
-#include "MorrantUI/controls/gestures/gesturedoors.h"
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -65,7 +65,7 @@ bool OutsidePressFilter::eventFilter(QObject* watched, QEvent* event)
 
 bool OutsidePressFilter::isOutside(const QWidget& pressed, QPoint position) const
 {
-    if (!m_widget->isVisible() || isBlockedByDialog(*m_widget)) {
+    if (!m_widget->isVisible() || GestureDoors::isBlockedByDialog(*m_widget)) {
         return false;
     }
     const QWidget* const popup = QApplication::activePopupWidget();

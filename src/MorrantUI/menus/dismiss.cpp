@@ -1,7 +1,7 @@
 #include "MorrantUI/menus/dismiss.h"
 
-#include "MorrantUI/controls/gestures/gesturedoors.h"
 #include "MorrantUI/menus/OutsidePressFilter.h"
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/theme/eventfilters.h>
 
 #include <QApplication>
@@ -52,7 +52,7 @@ bool isPlainEscape(const QEvent& event)
 
 bool isLeft(const QWidget& widget)
 {
-    if (!widget.isVisible() || isBlockedByDialog(widget)) {
+    if (!widget.isVisible() || GestureDoors::isBlockedByDialog(widget)) {
         return false;
     }
     const QWidget* const active = QApplication::activeWindow();

@@ -1,7 +1,7 @@
 #include "MorrantUI/menus/keyboardnavigation.h"
 
-#include "MorrantUI/controls/gestures/gesturedoors.h"
 #include "MorrantUI/menus/FocusWalkFilter.h"
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 
 #include <QApplication>
 #include <QWidget>
@@ -102,7 +102,7 @@ int stepOf(int key, Qt::Orientation orientation, Qt::LayoutDirection direction)
 QList<QWidget*> tabStops(const QWidget* container)
 {
     QList<QWidget*> stops;
-    if (container == nullptr || isBlockedByDialog(*container)) {
+    if (container == nullptr || GestureDoors::isBlockedByDialog(*container)) {
         return stops;
     }
     for (QWidget* widget = container->nextInFocusChain(); widget != container;
