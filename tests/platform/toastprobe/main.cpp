@@ -23,16 +23,20 @@
 ///                    names and ends when the file goes
 namespace {
 
-/// What COM gives for a click, as it is asked for one: printed, and null when there is none.
-ui::test::Activator* createActivator()
+using ui::test::Activator;
+
+/// What COM gives for a click, by one of its interfaces: printed, and null when there is none.
+/// Other processes' objects are had as IUnknown only.
+template <typename Interface>
+Interface* createActivator(REFIID interfaceId)
 {
     CLSID classId{};
     CLSIDFromString(morrant::native::kActivatorClassId, &classId);
     void* object = nullptr;
     const HRESULT created =
-        CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, ui::test::Activator::kId, &object);
+        CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, interfaceId, &object);
     std::printf("created %s\n", SUCCEEDED(created) ? "yes" : "no");
-    return static_cast<ui::test::Activator*>(object);
+    return static_cast<Interface*>(object);
 }
 
 /// The click comes in on a thread of COM's, which there is when the host is multithreaded.
@@ -40,7 +44,7 @@ void clickFrom(bool otherThread)
 {
     const auto click = [otherThread] {
         const bool entered = otherThread && ui::test::enterApartment("mta");
-        if (auto* activator = createActivator()) {
+        if (auto* activator = createActivator<Activator>(Activator::kId)) {
             activator->Activate(L"", L"", nullptr, 0);
             activator->Release();
         }
@@ -74,7 +78,7 @@ int live(int argc, char** argv, const QByteArray& apartment)
         QCoreApplication::processEvents();
     }
     std::printf("afterwards %s\n", ui::test::apartment());
-    createActivator();
+    createActivator<IUnknown>(IID_IUnknown);
     if (entered) {
         CoUninitialize();
     }
@@ -85,7 +89,7 @@ int live(int argc, char** argv, const QByteArray& apartment)
 int askForActivator()
 {
     ui::test::enterApartment("sta");
-    if (auto* activator = createActivator()) {
+    if (auto* activator = createActivator<IUnknown>(IID_IUnknown)) {
         activator->Release();
     }
     CoUninitialize();
