@@ -2,7 +2,7 @@
 
 #include "MorrantUI/menus/OutsidePressFilter.h"
 #include <MorrantUI/controls/gestures/GestureDoors.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QApplication>
 #include <QKeyEvent>
