@@ -3,34 +3,80 @@
 #include <QByteArray>
 #include <QObject>
 
+#include <functional>
 #include <utility>
 
 namespace ui::test {
 
-/// What a value control has reported, in order: '(' and ')' around a drag, 's' for a step and 'C'
-/// for a commit. Steps in a row count once.
+/// What a control has reported, in order: '(' and ')' around a drag, 's' for a step and 'C' for a
+/// commit, with the field's index before them where there are several, "+2", "-2" and "=2" for
+/// segments. Steps in a row count once.
 class SignalRecord : public QObject
 {
 public:
     template <typename Control>
     explicit SignalRecord(Control* control)
     {
-        connect(control, &Control::valueChanged, this, [this](bool committed) {
-            if (committed || !m_record.endsWith('s')) {
-                m_record += committed ? 'C' : 's';
-            }
-        });
-        if constexpr (requires { &Control::dragStateChanged; }) {
-            connect(control, &Control::dragStateChanged, this, [this](bool dragging) {
-                m_record += dragging ? '(' : ')';
+        if constexpr (requires { &Control::valueChanged; }) {
+            listen(control, &Control::valueChanged);
+        } else if constexpr (requires { &Control::renamed; }) {
+            connect(control, &Control::renamed, this, [this] { tell("C"); });
+        } else if constexpr (requires { &Control::segmentToggled; }) {
+            connect(control, &Control::currentIndexChanged, this, [this](int index) {
+                tell('=' + QByteArray::number(index));
             });
+            connect(control, &Control::segmentToggled, this, [this](int index, bool on) {
+                tell((on ? '+' : '-') + QByteArray::number(index));
+            });
+        } else {
+            connect(control, &Control::clicked, this, [this] { tell("C"); });
+        }
+        if constexpr (requires { &Control::dragStateChanged; }) {
+            listen(control, &Control::dragStateChanged, "(", ")");
+        }
+        if constexpr (requires { &Control::keyframeToggled; }) {
+            listen(control, &Control::colorChanged);
+            connect(control, &Control::resetRequested, this, [this] { tell("reset"); });
+            connect(control, &Control::keyframeToggled, this, [this] { tell("key"); });
+            connect(control, &Control::linkedChanged, this, [this] { tell("link"); });
         }
     }
 
     /// The record since the last call.
     QByteArray take() { return std::exchange(m_record, {}); }
 
+    int signalsSent = 0;            ///< steps in a row counted one by one
+    std::function<void()> onSignal; ///< after each
+
 private:
+    template <typename Control, typename Class>
+    void listen(
+        Control* control, void (Class::*signal)(bool), const char* on = "C", const char* off = "s")
+    {
+        connect(control, signal, this, [this, on, off](bool is) { tell(is ? on : off); });
+    }
+    template <typename Control, typename Class>
+    void listen(
+        Control* control,
+        void (Class::*signal)(int, bool),
+        const char* on = "C",
+        const char* off = "s")
+    {
+        connect(control, signal, this, [this, on, off](int index, bool is) {
+            tell(QByteArray::number(index) + (is ? on : off));
+        });
+    }
+    void tell(const QByteArray& what)
+    {
+        if (!what.endsWith('s') || !m_record.endsWith(what)) {
+            m_record += what;
+        }
+        ++signalsSent;
+        if (onSignal) {
+            onSignal();
+        }
+    }
+
     QByteArray m_record;
 };
 

@@ -8,6 +8,13 @@
 
 namespace ui {
 
+std::optional<double> numberIn(const QVariant& value)
+{
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
 AccessibleNumberControl::AccessibleNumberControl(
     QWidget* widget, QAccessible::Role role, AccessibleNumber number)
     : QAccessibleWidget(widget, role)
@@ -22,6 +29,21 @@ void* AccessibleNumberControl::interface_cast(QAccessible::InterfaceType type)
     return QAccessibleWidget::interface_cast(type);
 }
 
+QString AccessibleNumberControl::text(QAccessible::Text kind) const
+{
+    const QString own = QAccessibleWidget::text(kind);
+    if (kind != QAccessible::Name || !own.isEmpty()) {
+        return own;
+    }
+    const QString tip = nameFromToolTip(*widget());
+    const QWidget* const whole = widget()->parentWidget();
+    QAccessibleInterface* const outer = tip.isEmpty() && whole != nullptr ? parent() : nullptr;
+    const bool isPart = outer != nullptr
+                        && (whole->focusProxy() == widget()
+                            || dynamic_cast<const AccessibleGrouping*>(outer) != nullptr);
+    return isPart ? outer->text(kind) : tip;
+}
+
 QVariant AccessibleNumberControl::currentValue() const
 {
     return m_number.value();
@@ -29,10 +51,9 @@ QVariant AccessibleNumberControl::currentValue() const
 
 void AccessibleNumberControl::setCurrentValue(const QVariant& value)
 {
-    bool isNumber = false;
-    const double number = value.toDouble(&isNumber);
-    if (isNumber && std::isfinite(number) && widget()->isEnabled()) {
-        m_number.setValue(number);
+    const std::optional<double> number = numberIn(value);
+    if (number && widget()->isEnabled()) {
+        m_number.setValue(*number);
     }
 }
 

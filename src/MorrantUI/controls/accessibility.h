@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 
 #include <functional>
+#include <optional>
 
 namespace ui {
 
@@ -36,6 +37,9 @@ struct AccessibleNumber
     std::function<double()> step;
 };
 
+/// The finite number in a value that an assistive tool wants to set; nothing when there is none.
+std::optional<double> numberIn(const QVariant& value);
+
 /// A widget with a number that assistive tools read and set.
 class AccessibleNumberControl : public QAccessibleWidget, public QAccessibleValueInterface
 {
@@ -43,6 +47,9 @@ public:
     AccessibleNumberControl(QWidget* widget, QAccessible::Role role, AccessibleNumber number);
 
     void* interface_cast(QAccessible::InterfaceType type) override;
+    /// Without a name or a label the tool tip names the control, or else the group or the widget
+    /// that it is a part of.
+    QString text(QAccessible::Text kind) const override;
 
     QVariant currentValue() const override;
     /// Ignores what is not a finite number, and everything while the widget is disabled.

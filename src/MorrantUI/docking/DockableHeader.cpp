@@ -39,7 +39,7 @@ void DockableHeader::paintEvent(QPaintEvent* event)
 
 void DockableHeader::paintFocus(QPainter& painter)
 {
-    if (ui::tabs::moodOf(*this).keyboard) {
+    if (ui::style::stateOf(*this).keyboard) {
         ui::style::drawFocusRing(painter, rect());
     }
 }

@@ -114,11 +114,11 @@ void DockableTabWidget::paintEvent(QPaintEvent* event)
     Widget::paintEvent(event);
 
     QPainter painter(this);
-    const ui::style::Mood mood = ui::tabs::moodOf(*this);
+    const ui::style::WidgetState state = ui::style::stateOf(*this);
     if (m_active) {
-        ui::tabs::paintAccent(painter, rect(), mood);
+        ui::tabs::paintAccent(painter, rect(), state);
     }
-    if (mood.keyboard) {
+    if (state.keyboard) {
         ui::tabs::paintFocus(painter, rect());
     }
 }

@@ -124,7 +124,7 @@ void fillChequer(QPainter& painter, const QRectF& rect, double radius)
 
 void drawFocusRing(QPainter& painter, const QRectF& rect, double radius)
 {
-    strokeRounded(painter, rect, radius, style::focusColor(), kFocusRingWidth);
+    strokeRounded(painter, rect, radius, style::accentColor(), kFocusRingWidth);
 }
 
 void drawHoverWash(QPainter& painter, const QRectF& rect, double radius)
@@ -134,7 +134,7 @@ void drawHoverWash(QPainter& painter, const QRectF& rect, double radius)
 
 void drawSelectionEdge(QPainter& painter, const QRectF& rect, Qt::Edge edge, bool enabled)
 {
-    const QColor color = enabled ? style::focusColor() : style::faded(style::focusColor());
+    const QColor color = enabled ? style::accentColor() : style::faded(style::accentColor());
     const PainterState state(painter);
     painter.setClipRect(along(rect, edge, kEdgeWidth), Qt::IntersectClip);
     fillRounded(painter, style::openedAgainst(rect, edge), kCornerRadius, color);
@@ -142,7 +142,7 @@ void drawSelectionEdge(QPainter& painter, const QRectF& rect, Qt::Edge edge, boo
 
 void drawDropMark(QPainter& painter, const QPointF& start, const QPointF& end)
 {
-    const QColor color = style::focusColor();
+    const QColor color = style::accentColor();
     const bool runsDown = std::abs(end.y() - start.y()) > std::abs(end.x() - start.x());
     const double length = runsDown ? end.y() - start.y() : end.x() - start.x();
     const double dotCenter = std::copysign(kDropDot / 2, length);

@@ -3,6 +3,7 @@
 #include <MorrantUI/controls/values/colortext.h>
 #include <MorrantUI/controls/values/padmath.h>
 #include <MorrantUI/controls/values/slidermath.h>
+#include <MorrantUI/controls/values/valueformat.h>
 
 #include <QMimeData>
 

@@ -2,6 +2,7 @@
 
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/controls/buttons/AccessibleButton.h"
+#include "MorrantUI/controls/buttons/buttonlook.h"
 
 #include <QKeyEvent>
 
@@ -46,8 +47,8 @@ void ButtonSegment::changeEvent(QEvent* event)
 
 void ButtonSegment::keyPressEvent(QKeyEvent* event)
 {
-    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
-    if (const auto step = stepOf(event->key(), layoutDirection()); step && isPlain) {
+    const auto step = stepOf(event->key(), layoutDirection());
+    if (step && !ui::hasModifier(*event)) {
         Q_EMIT stepped(*step);
     } else {
         GroupButton::keyPressEvent(event);

@@ -80,7 +80,7 @@ void GroupButton::paintEvent(QPaintEvent*)
 void GroupButton::paintGround(QPainter& painter) const
 {
     const QStyleOption option = ui::buttonOption(*this);
-    const ui::style::Mood mood = ui::style::moodOf(option);
+    const ui::style::WidgetState state = ui::style::stateOf(option);
     const ui::SegmentEnds ends = ui::segmentEnds(m_index, m_count, layoutDirection());
     const ui::style::PixelGrid grid(painter);
     const double line = grid.line();
@@ -88,19 +88,19 @@ void GroupButton::paintGround(QPainter& painter) const
     const QRectF outer = grid.snap(rect()).adjusted(0, 0, ends.right ? 0 : -line, 0);
     const QPainterPath shape = ui::segmentShape(outer, ends, ui::style::kRadius);
 
-    const ui::style::PainterState state(painter);
+    const ui::style::PainterState saved(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor ground =
-        mood.on ? ui::style::quietHighlight() : ui::style::groundOf(option, QPalette::Button, this);
-    painter.fillPath(shape, ui::style::shade(ground, mood));
+    const QColor ground = state.on ? ui::style::quietHighlight()
+                                   : ui::style::groundOf(option, QPalette::Button, this);
+    painter.fillPath(shape, ui::style::shade(ground, state));
 
     const auto stroke = [&](const QColor& color, double width) {
         const QRectF inner = outer.adjusted(width, width, -width, -width);
         painter.fillPath(shape - ui::segmentShape(inner, ends, ui::style::kRadius - width), color);
     };
-    if (mood.keyboard) {
-        stroke(ui::style::focusColor(), grid.line(2.0));
-    } else if (mood.on && mood.enabled) {
+    if (state.keyboard) {
+        stroke(ui::style::accentColor(), grid.line(2.0));
+    } else if (state.on && state.enabled) {
         stroke(option.palette.color(QPalette::Highlight), line);
     }
 }

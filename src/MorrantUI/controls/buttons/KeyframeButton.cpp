@@ -46,13 +46,13 @@ void KeyframeButton::setState(State state)
 
 void KeyframeButton::paintMark(QPainter& painter)
 {
-    const ui::style::Mood mood = ui::style::moodOf(ui::buttonOption(*this));
+    const ui::style::WidgetState state = ui::style::stateOf(ui::buttonOption(*this));
     const bool isAnimated = m_state != State::None;
-    QColor color = isAnimated ? ui::style::focusColor() : palette().color(QPalette::ButtonText);
-    if (!isAnimated && !mood.hovered) {
+    QColor color = isAnimated ? ui::style::accentColor() : palette().color(QPalette::ButtonText);
+    if (!isAnimated && !state.hovered) {
         color = ui::style::translucent(color, kDimmed);
     }
-    color = ui::style::ink(color, mood);
+    color = ui::style::ink(color, state);
 
     const QPointF center = ui::style::PixelGrid(painter).snap(rect()).center();
     const QPainterPath shape = diamond(center, kReach * ui::indicatorHeight(*this));
@@ -60,7 +60,7 @@ void KeyframeButton::paintMark(QPainter& painter)
     if (m_state == State::KeyAtFrame) {
         painter.fillPath(shape, color);
     }
-    if (m_state != State::KeyAtFrame || mood.enabled) {
+    if (m_state != State::KeyAtFrame || state.enabled) {
         painter.strokePath(shape, line);
     }
 }

@@ -80,23 +80,23 @@ RolloverButton::Face RolloverButton::face(bool hovered, bool pressed, bool check
 void RolloverButton::paintEvent(QPaintEvent*)
 {
     const QStyleOption option = ui::buttonOption(*this);
-    const ui::style::Mood mood = ui::style::moodOf(option);
-    const Face shown = face(mood.hovered, mood.pressed, mood.on);
+    const ui::style::WidgetState state = ui::style::stateOf(option);
+    const Face shown = face(state.hovered, state.pressed, state.on);
     const QColor tint = shown.tint.isEmpty() ? QColor() : ui::colorQt(shown.tint);
     QPainter painter(this);
 
-    if (mood.hovered || mood.pressed) {
+    if (state.hovered || state.pressed) {
         const QColor ground = ui::style::groundOf(option, QPalette::Button, this);
         ui::style::fillRounded(
             painter,
             rect(),
             ui::style::kSmallRadius,
-            mood.pressed ? ui::style::shade(ground, mood) : ground);
+            state.pressed ? ui::style::shade(ground, state) : ground);
     }
     QRectF place({}, iconSize());
     place.moveCenter(QRectF(rect()).center());
-    ui::drawMasked(painter, place, shown.icon, tint, mood.enabled);
-    if (mood.keyboard) {
+    ui::drawMasked(painter, place, shown.icon, tint, state.enabled);
+    if (state.keyboard) {
         ui::style::drawFocusRing(painter, rect(), ui::style::kSmallRadius);
     }
 }

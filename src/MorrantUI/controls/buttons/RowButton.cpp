@@ -39,7 +39,7 @@ void RowButton::paintEvent(QPaintEvent* /*event*/)
     option.state.setFlag(QStyle::State_AutoRaise);
     style()->drawPrimitive(QStyle::PE_PanelButtonTool, &option, &painter, this);
     paintMark(painter);
-    if (ui::style::moodOf(option).keyboard) {
+    if (ui::style::stateOf(option).keyboard) {
         ui::style::drawFocusRing(painter, rect());
     }
 }

@@ -120,7 +120,7 @@ QSize ToggleSwitch::minimumSizeHint() const
 void ToggleSwitch::paintEvent(QPaintEvent*)
 {
     const QStyleOption option = ui::buttonOption(*this);
-    const ui::style::Mood mood = ui::style::moodOf(option);
+    const ui::style::WidgetState state = ui::style::stateOf(option);
     const ui::SwitchParts parts =
         ui::switchParts(rect(), trackHeight(*this), m_knobPosition, layoutDirection());
     const QPalette& colors = option.palette;
@@ -131,15 +131,15 @@ void ToggleSwitch::paintEvent(QPaintEvent*)
         colors.color(QPalette::Highlight),
         m_knobPosition);
     const double radius = parts.track.height() / 2;
-    ui::style::fillRounded(painter, parts.track, radius, ui::style::shade(ground, mood));
-    const double edge = (mood.hovered ? kHoverEdge : kOffEdge) * (1.0 - m_knobPosition);
+    ui::style::fillRounded(painter, parts.track, radius, ui::style::shade(ground, state));
+    const double edge = (state.hovered ? kHoverEdge : kOffEdge) * (1.0 - m_knobPosition);
     const QColor line = ui::style::translucent(colors.color(QPalette::Text), edge);
-    ui::style::strokeRounded(painter, parts.track, radius, ui::style::ink(line, mood));
+    ui::style::strokeRounded(painter, parts.track, radius, ui::style::ink(line, state));
 
     const QColor knob = between(
         colors.color(QPalette::Light), colors.color(QPalette::HighlightedText), m_knobPosition);
     // Not faded itself: the track would shine through.
-    painter.setOpacity(mood.enabled ? 1.0 : ui::style::kDisabledOpacity);
+    painter.setOpacity(state.enabled ? 1.0 : ui::style::kDisabledOpacity);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(knob);
@@ -151,7 +151,7 @@ void ToggleSwitch::paintEvent(QPaintEvent*)
     label.text = text();
     label.rect = parts.text.toRect();
     painter.drawControl(QStyle::CE_CheckBoxLabel, label);
-    if (mood.keyboard) {
+    if (state.keyboard) {
         ui::style::drawFocusRing(painter, parts.track, radius);
     }
 }

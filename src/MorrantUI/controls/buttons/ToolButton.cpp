@@ -99,7 +99,7 @@ void ToolButton::paintEvent(QPaintEvent*)
     painter.drawPrimitive(QStyle::PE_PanelButtonTool, option);
     paintLabel(painter, option);
     paintArrow(painter, option);
-    if (ui::style::moodOf(option).keyboard) {
+    if (ui::style::stateOf(option).keyboard) {
         ui::style::drawFocusRing(painter, rect());
     }
 }
@@ -121,8 +121,8 @@ void ToolButton::paintArrow(QStylePainter& painter, const QStyleOptionToolButton
     if (column == 0) {
         return;
     }
-    const ui::style::Mood mood = ui::style::moodOf(option);
-    const QColor ink = ui::style::ink(option.palette.color(QPalette::ButtonText), mood);
+    const ui::style::WidgetState state = ui::style::stateOf(option);
+    const QColor ink = ui::style::ink(option.palette.color(QPalette::ButtonText), state);
     const bool isButton = popupMode() == MenuButtonPopup;
     const QRect place(width() - column - (isButton ? 0 : 3), 0, column, height());
     const QRect arrow = QStyle::visualRect(layoutDirection(), rect(), place);

@@ -80,9 +80,14 @@ bool isReturn(const QKeyEvent& event)
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
+bool hasModifier(const QKeyEvent& event)
+{
+    return (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
+}
+
 bool clickOnReturn(QAbstractButton& button, const QKeyEvent& event)
 {
-    if (!isReturn(event) || (event.modifiers() & ~Qt::KeypadModifier)) {
+    if (!isReturn(event) || hasModifier(event)) {
         return false;
     }
     if (!event.isAutoRepeat()) {

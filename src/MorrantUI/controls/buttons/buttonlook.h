@@ -31,6 +31,9 @@ void drawMasked(
 /// Whether the key is Return or the keypad's Enter, whatever is held with it.
 bool isReturn(const QKeyEvent& event);
 
+/// Whether Control, Shift or the like is held with the key; the keypad does not count.
+bool hasModifier(const QKeyEvent& event);
+
 /// Clicks the button if the event is a first press of Return or Enter; its repetitions do nothing.
 /// @return whether it was Return or Enter
 bool clickOnReturn(QAbstractButton& button, const QKeyEvent& event);

@@ -1,11 +1,10 @@
 #include "MorrantUI/controls/values/AccessibleJoystickPad.h"
 
-#include "MorrantUI/controls/buttons/AccessibleButton.h"
 #include <MorrantUI/controls/values/JoystickPad.h>
 
 #include <QPointer>
 
-#include <cmath>
+#include <optional>
 
 namespace ui {
 
@@ -64,11 +63,10 @@ public:
     QVariant minimumStepSize() const override { return isValid() ? m_pad->step() : QVariant(); }
     void setCurrentValue(const QVariant& value) override
     {
-        bool isNumber = false;
-        const double wanted = value.toDouble(&isNumber);
-        if (isValid() && m_pad->isEnabled() && isNumber && std::isfinite(wanted)) {
+        const std::optional<double> wanted = numberIn(value);
+        if (isValid() && m_pad->isEnabled() && wanted) {
             num2<double> pair = m_pad->value();
-            part(pair, m_axis) = wanted;
+            part(pair, m_axis) = *wanted;
             m_pad->enterValue(pair);
         }
     }
@@ -90,7 +88,7 @@ private:
 } // namespace
 
 AccessibleJoystickPad::AccessibleJoystickPad(JoystickPad* pad)
-    : QAccessibleWidget(pad, QAccessible::Grouping)
+    : AccessibleGrouping(pad)
 {}
 
 AccessibleJoystickPad::~AccessibleJoystickPad()
@@ -108,8 +106,7 @@ QString AccessibleJoystickPad::text(QAccessible::Text kind) const
         const auto* const pad = static_cast<JoystickPad*>(widget());
         return QStringLiteral("%1, %2").arg(pad->value().x).arg(pad->value().y);
     }
-    const QString own = QAccessibleWidget::text(kind);
-    return own.isEmpty() && kind == QAccessible::Name ? nameFromToolTip(*widget()) : own;
+    return AccessibleGrouping::text(kind);
 }
 
 int AccessibleJoystickPad::childCount() const

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <Core/num2.h>
+#include "MorrantUI/controls/accessibility.h"
 
-#include <QAccessibleWidget>
+#include <Core/num2.h>
 
 class JoystickPad;
 
 namespace ui {
 
 /// A joystick pad as assistive tools see it: a group of two sliders, one for each axis.
-class AccessibleJoystickPad : public QAccessibleWidget
+class AccessibleJoystickPad : public AccessibleGrouping
 {
 public:
     explicit AccessibleJoystickPad(JoystickPad* pad);

@@ -1,7 +1,6 @@
 #include "MorrantUI/controls/values/AccessibleNumericField.h"
 
 #include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/controls/values/SliderField.h>
 
 #include <QFontMetrics>
 #include <QStyle>
@@ -50,13 +49,7 @@ QString AccessibleNumericField::text(QAccessible::Text kind) const
     if (kind == QAccessible::Value) {
         return field().text();
     }
-    const QString own = AccessibleNumberControl::text(kind);
-    if (kind != QAccessible::Name || !own.isEmpty()) {
-        return own;
-    }
-    const QString tip = nameFromToolTip(field());
-    const bool isPart = qobject_cast<const SliderField*>(field().parentWidget()) != nullptr;
-    return tip.isEmpty() && isPart ? parent()->text(kind) : tip;
+    return AccessibleNumberControl::text(kind);
 }
 
 QAccessible::State AccessibleNumericField::state() const

@@ -13,7 +13,6 @@ public:
     explicit AccessibleNumericField(NumericField* field);
 
     void* interface_cast(QAccessible::InterfaceType type) override;
-    /// Without a name, a label or a tool tip the field of a slider is called as the whole is.
     QString text(QAccessible::Text kind) const override;
     QAccessible::State state() const override;
 

@@ -1,7 +1,7 @@
 #include "MorrantUI/controls/values/AnglePad.h"
 
+#include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/controls/buttons/buttonlook.h"
-#include "MorrantUI/controls/values/AccessibleValueControl.h"
 #include "MorrantUI/controls/values/padpaint.h"
 #include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
@@ -34,11 +34,11 @@ constexpr double kTextShare = 0.8;     ///< of the font size
 constexpr double kTurnStrength = 0.45; ///< of the ring's fill once a turn is complete
 constexpr int kArcUnit = 16;           ///< of QPainter's arcs, in a degree
 
-class AccessibleAnglePad : public ui::AccessibleValueControl
+class AccessibleAnglePad : public ui::AccessibleNumberControl
 {
 public:
     explicit AccessibleAnglePad(AnglePad* pad)
-        : AccessibleValueControl(
+        : AccessibleNumberControl(
             pad,
             QAccessible::Dial,
             {.value = [pad] { return pad->value(); },
@@ -52,7 +52,7 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         return kind == QAccessible::Value ? ui::angleText(m_pad->value())
-                                          : AccessibleValueControl::text(kind);
+                                          : AccessibleNumberControl::text(kind);
     }
 
 private:
@@ -87,7 +87,7 @@ void drawArc(QPainter& painter, const Dial& dial, double degrees, const QColor& 
     if (degrees == 0.0) {
         return;
     }
-    const ui::style::PainterState state(painter);
+    const ui::style::PainterState saved(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool whole = std::abs(degrees) >= 360.0;
     painter.setPen(QPen(color, dial.ringWidth, Qt::SolidLine, whole ? Qt::FlatCap : Qt::RoundCap));
@@ -99,10 +99,13 @@ void drawArc(QPainter& painter, const Dial& dial, double degrees, const QColor& 
 
 /// The ring with the angle beyond whole turns, brighter below it when there are any.
 void drawRing(
-    QPainter& painter, const Dial& dial, const ui::Turns& turns, const ui::style::Mood& mood)
+    QPainter& painter,
+    const Dial& dial,
+    const ui::Turns& turns,
+    const ui::style::WidgetState& state)
 {
-    const QColor fill = ui::style::ink(ui::colorQt(QStringLiteral("Highlight")), mood);
-    drawArc(painter, dial, 360.0, ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), mood));
+    const QColor fill = ui::style::ink(ui::colorQt(QStringLiteral("Highlight")), state);
+    drawArc(painter, dial, 360.0, ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), state));
     if (turns.whole != 0) {
         drawArc(painter, dial, 360.0, ui::style::translucent(fill, kTurnStrength));
     }
@@ -116,16 +119,19 @@ bool showsNumber(const Dial& dial, const ui::Turns& turns)
 }
 
 void drawNeedle(
-    QPainter& painter, const Dial& dial, const ui::Turns& turns, const ui::style::Mood& mood)
+    QPainter& painter,
+    const Dial& dial,
+    const ui::Turns& turns,
+    const ui::style::WidgetState& state)
 {
     const double longest = dial.face < kTextFace ? 0.0 : kNeedleFrom;
     const double from = showsNumber(dial, turns) ? kShortNeedle : longest;
     const double radians = qDegreesToRadians(turns.rest);
     const QPointF towards(std::sin(radians), -std::cos(radians));
-    const ui::style::PainterState state(painter);
+    const ui::style::PainterState saved(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(
-        ui::style::ink(ui::colorQt(QStringLiteral("Light")), mood),
+        ui::style::ink(ui::colorQt(QStringLiteral("Light")), state),
         2.0,
         Qt::SolidLine,
         Qt::RoundCap));
@@ -135,12 +141,15 @@ void drawNeedle(
 
 /// The number of whole turns in the middle of the face.
 void drawTurns(
-    QPainter& painter, const Dial& dial, const ui::Turns& turns, const ui::style::Mood& mood)
+    QPainter& painter,
+    const Dial& dial,
+    const ui::Turns& turns,
+    const ui::style::WidgetState& state)
 {
     if (!showsNumber(dial, turns)) {
         return;
     }
-    const ui::style::PainterState state(painter);
+    const ui::style::PainterState saved(painter);
     const QString text = AnglePad::tr("%1×", "whole turns").arg(turns.whole);
     QFont font = painter.font();
     font.setPixelSize(std::max(1, qRound(QFontInfo(font).pixelSize() * kTextShare)));
@@ -150,7 +159,7 @@ void drawTurns(
         font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * room / wanted)));
     }
     painter.setFont(font);
-    painter.setPen(ui::style::ink(ui::colorQt(QStringLiteral("Text")), mood));
+    painter.setPen(ui::style::ink(ui::colorQt(QStringLiteral("Text")), state));
     painter.drawText(circle(dial.center, dial.face), Qt::AlignCenter | Qt::TextDontClip, text);
 }
 
@@ -171,7 +180,7 @@ void AnglePad::setValue(double degrees)
 
 void AnglePad::setRange(double minimum, double maximum)
 {
-    if (!std::isfinite(minimum) || !std::isfinite(maximum) || minimum > maximum) {
+    if (!ui::isRange(minimum, maximum)) {
         return;
     }
     m_minimum = std::clamp(minimum, -ui::kDialLimit, ui::kDialLimit);
@@ -194,8 +203,7 @@ void AnglePad::enterValue(double degrees)
 
 QSize AnglePad::sizeHint() const
 {
-    const int side = qRound(kUsualSize * ui::pads::fontSize(*this));
-    return {side, side};
+    return ui::pads::squareOf(*this, kUsualSize);
 }
 
 QSize AnglePad::minimumSizeHint() const
@@ -257,17 +265,17 @@ std::optional<ValueControl::Value> AnglePad::keyTarget(
 void AnglePad::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const ui::style::Mood mood = ui::pads::moodOf(*this, isDragging());
+    const ui::style::WidgetState state = ui::style::stateOf(*this, isDragging());
     const Dial dial = dialIn(rect());
     const ui::Turns turns = ui::turnsOf(value());
     const QRectF face = circle(dial.center, dial.face);
 
-    drawRing(painter, dial, turns, mood);
+    drawRing(painter, dial, turns, state);
     ui::style::fillRounded(
-        painter, face, dial.face, ui::style::shade(ui::colorQt(QStringLiteral("Button")), mood));
-    drawNeedle(painter, dial, turns, mood);
-    drawTurns(painter, dial, turns, mood);
-    if (mood.keyboard) {
+        painter, face, dial.face, ui::style::shade(ui::colorQt(QStringLiteral("Button")), state));
+    drawNeedle(painter, dial, turns, state);
+    drawTurns(painter, dial, turns, state);
+    if (state.keyboard) {
         const double outer = dial.ring + dial.ringWidth / 2 + kFocusRoom;
         ui::style::drawFocusRing(painter, circle(dial.center, outer), outer);
     }

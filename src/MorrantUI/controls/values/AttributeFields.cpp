@@ -1,9 +1,8 @@
 #include "MorrantUI/controls/values/AttributeFields.h"
 
+#include "MorrantUI/controls/values/PendingValue.h"
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/controls/values/valueformat.h>
-
-#include <QEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -11,17 +10,14 @@
 
 namespace {
 
-QString textFor(const NumericField& field, double value)
-{
-    return ui::formatValue(value, {field.getMin(), field.getMax(), field.isInteger()});
-}
-
 bool shows(const NumericField& field, double value)
 {
-    return field.value() == textFor(field, value).toDouble();
+    const QString text =
+        ui::formatValue(value, {field.getMin(), field.getMax(), field.isInteger()});
+    return field.value() == text.toDouble();
 }
 
-bool isTyping(const NumericField& field)
+bool isBeingEdited(const NumericField& field)
 {
     return field.hasFocus() && !field.isReadOnly();
 }
@@ -40,7 +36,6 @@ NumericField* AttributeFields::add(double value, QWidget* parent)
     auto* editor = new NumericField(0.0, parent);
     editor->setFieldType(NumericField::FloatingPoint);
     editor->setValue(value);
-    editor->installEventFilter(this);
     connect(editor, &NumericField::valueChanged, this, [this, index](bool committed) {
         fieldChanged(index, committed);
     });
@@ -49,6 +44,11 @@ NumericField* AttributeFields::add(double value, QWidget* parent)
     });
     Field& added = m_fields.emplace_back();
     added.editor = editor;
+    added.shown = new PendingValue(editor);
+    connect(added.shown, &PendingValue::settled, this, [this] {
+        rememberValues();
+        Q_EMIT caughtUp();
+    });
     added.defaultValue = std::isfinite(value) ? value : 0.0;
     rememberValues();
     return editor;
@@ -77,17 +77,9 @@ NumericField* AttributeFields::at(int index) const
 void AttributeFields::setValue(int index, double value)
 {
     Field* const field = find(index);
-    if (field == nullptr || std::isnan(value)) {
-        return;
+    if (field != nullptr && !std::isnan(value) && field->shown->show(value)) {
+        rememberValues();
     }
-    if (isTyping(*field->editor) && field->editor->isModified()) {
-        field->pending = value;
-        return;
-    }
-    if (field->editor->text() != textFor(*field->editor, value)) { // else the selection would go
-        field->editor->setValue(value);
-    }
-    rememberValues();
 }
 
 void AttributeFields::setDefaultValue(int index, double value)
@@ -113,7 +105,7 @@ std::vector<int> AttributeFields::showDefaults()
         if (field == nullptr) {
             continue;
         }
-        field->pending.reset(); // and what is being typed gives way, too
+        field->shown->forget(); // and what is being typed gives way, too
         if (!shows(*field->editor, field->defaultValue)) {
             field->editor->setValue(field->defaultValue);
             reset.push_back(i);
@@ -128,7 +120,7 @@ void AttributeFields::commitTyping()
     const QPointer<AttributeFields> self(this);
     for (int i = 0; self != nullptr && i < count(); ++i) {
         NumericField* const editor = at(i);
-        if (editor != nullptr && isTyping(*editor)) {
+        if (editor != nullptr && isBeingEdited(*editor)) {
             editor->enterText(editor->text());
         }
     }
@@ -142,15 +134,6 @@ void AttributeFields::report(int index, bool committed)
     }
 }
 
-bool AttributeFields::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::FocusOut) {
-        // The field still has to commit or take back what was typed.
-        QMetaObject::invokeMethod(this, &AttributeFields::showPending, Qt::QueuedConnection);
-    }
-    return QObject::eventFilter(watched, event);
-}
-
 void AttributeFields::fieldChanged(int index, bool committed)
 {
     Field* const field = find(index);
@@ -158,7 +141,7 @@ void AttributeFields::fieldChanged(int index, bool committed)
         return;
     }
     if (committed) {
-        field->pending.reset();
+        field->shown->forget();
     }
     std::vector<int> moved{index};
     if (m_locked) {
@@ -246,15 +229,4 @@ void AttributeFields::rememberValues()
             field.committed = field.uncommitted ? field.committed : field.before;
         }
     }
-}
-
-void AttributeFields::showPending()
-{
-    for (int i = 0; i < count(); ++i) {
-        Field* const field = find(i);
-        if (field != nullptr && field->pending && !isTyping(*field->editor)) {
-            setValue(i, *std::exchange(field->pending, std::nullopt));
-        }
-    }
-    Q_EMIT caughtUp();
 }

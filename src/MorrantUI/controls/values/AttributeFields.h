@@ -3,10 +3,10 @@
 #include <QObject>
 #include <QPointer>
 
-#include <optional>
 #include <vector>
 
 class NumericField;
+class PendingValue;
 class QWidget;
 
 /// The number fields of an attribute's row and what one change of theirs is: its steps, its end and
@@ -47,20 +47,17 @@ Q_SIGNALS:
     /// False at each step of a change, true once at its end.
     void changed(int index, bool committed);
     void dragged(int index, bool dragging);
-    /// A value that had to wait for the user's typing is shown now.
+    /// The user has left a field; a value that had to wait for the typing is shown.
     void caughtUp();
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Field
     {
         QPointer<NumericField> editor;
+        PendingValue* shown = nullptr; ///< dies with the editor
         double defaultValue = 0.0;
-        double before = 0.0;           ///< the value before the present step, or drag
-        double committed = 0.0;        ///< the value before all steps of the present change
-        std::optional<double> pending; ///< what has to wait for the user's typing
+        double before = 0.0;    ///< the value before the present step, or drag
+        double committed = 0.0; ///< the value before all steps of the present change
         bool dragging = false;
         bool uncommitted = false; ///< a step was the last that was reported
     };
@@ -72,7 +69,6 @@ private:
     std::vector<int> scaleOthers(int index);
     void commitSteps();
     void rememberValues();
-    void showPending();
 
     std::vector<Field> m_fields;
     bool m_locked = false;

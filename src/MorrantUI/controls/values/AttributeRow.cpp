@@ -10,7 +10,6 @@
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/controls/values/RenamableLabel.h>
 
-#include <QAccessibleWidget>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPointer>
@@ -23,14 +22,6 @@ namespace {
 constexpr int kSpacing = 4;         ///< between the parts, logical pixels
 constexpr int kNameCharacters = 16; ///< of average width in the name column
 constexpr int kFieldCharacters = 7; ///< in the narrowest field
-
-class AccessibleRow : public QAccessibleWidget
-{
-public:
-    explicit AccessibleRow(AttributeRow* row)
-        : QAccessibleWidget(row, QAccessible::Grouping)
-    {}
-};
 
 bool showsColor(const ColorSwatch& swatch, QColor color)
 {
@@ -79,7 +70,7 @@ AttributeRow::AttributeRow(const QString& name, QWidget* parent)
     : Widget(parent)
     , m_parts(std::make_unique<Parts>())
 {
-    ui::installAccessible<AttributeRow, AccessibleRow>();
+    ui::installAccessible<AttributeRow, ui::AccessibleGrouping>();
     m_parts->nameColumn = new QWidget(this);
     m_parts->label = new RenamableLabel(name, m_parts->nameColumn);
     m_parts->label->setRenamable(false);

@@ -322,24 +322,24 @@ void ColorSwatch::dropEvent(QDropEvent* event)
 void ColorSwatch::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const ui::style::Mood mood = ui::pads::moodOf(*this, isDown());
+    const ui::style::WidgetState state = ui::style::stateOf(*this, isDown());
     const QRectF outer = rect();
     const QRectF swatch =
-        mood.keyboard ? outer.adjusted(kRingGap, kRingGap, -kRingGap, -kRingGap) : outer;
-    const double radius = mood.keyboard ? ui::style::kRadius - 1.0 : ui::style::kRadius;
+        state.keyboard ? outer.adjusted(kRingGap, kRingGap, -kRingGap, -kRingGap) : outer;
+    const double radius = state.keyboard ? ui::style::kRadius - 1.0 : ui::style::kRadius;
 
-    paintColor(painter, swatch, radius, mood);
-    paintEdge(painter, swatch, radius, mood);
-    if (mood.keyboard) {
+    paintColor(painter, swatch, radius, state);
+    paintEdge(painter, swatch, radius, state);
+    if (state.keyboard) {
         ui::style::drawFocusRing(painter, outer);
     }
 }
 
 void ColorSwatch::paintColor(
-    QPainter& painter, const QRectF& rect, double radius, const ui::style::Mood& mood) const
+    QPainter& painter, const QRectF& rect, double radius, const ui::style::WidgetState& state) const
 {
-    const ui::style::PainterState state(painter);
-    painter.setOpacity(mood.enabled ? 1.0 : ui::style::kDisabledOpacity);
+    const ui::style::PainterState saved(painter);
+    painter.setOpacity(state.enabled ? 1.0 : ui::style::kDisabledOpacity);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     if (m_color.alpha() < 255) {
@@ -350,16 +350,16 @@ void ColorSwatch::paintColor(
 }
 
 void ColorSwatch::paintEdge(
-    QPainter& painter, const QRectF& rect, double radius, const ui::style::Mood& mood) const
+    QPainter& painter, const QRectF& rect, double radius, const ui::style::WidgetState& state) const
 {
     if (m_dropTarget) {
-        ui::style::strokeRounded(painter, rect, radius, ui::style::focusColor(), 2.0);
+        ui::style::strokeRounded(painter, rect, radius, ui::style::accentColor(), 2.0);
         return;
     }
     const QColor text = ui::colorQt(QStringLiteral("Text"));
-    const double strength = mood.pressed || mood.hovered ? kHoverEdge : kEdge;
+    const double strength = state.pressed || state.hovered ? kHoverEdge : kEdge;
     ui::style::strokeRounded(
-        painter, rect, radius, ui::style::ink(ui::style::translucent(text, strength), mood));
+        painter, rect, radius, ui::style::ink(ui::style::translucent(text, strength), state));
 }
 
 void ColorSwatch::setDropTarget(bool target)

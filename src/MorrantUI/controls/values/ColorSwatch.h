@@ -11,7 +11,7 @@
 class QColorDialog;
 
 namespace ui::style {
-struct Mood;
+struct WidgetState;
 }
 
 /// A colour, shown over a chequer where it is translucent, that the user chooses in Qt's dialog,
@@ -85,9 +85,15 @@ private:
     void dismissDialog();
     void setDropTarget(bool target);
     void paintColor(
-        QPainter& painter, const QRectF& rect, double radius, const ui::style::Mood& mood) const;
+        QPainter& painter,
+        const QRectF& rect,
+        double radius,
+        const ui::style::WidgetState& state) const;
     void paintEdge(
-        QPainter& painter, const QRectF& rect, double radius, const ui::style::Mood& mood) const;
+        QPainter& painter,
+        const QRectF& rect,
+        double radius,
+        const ui::style::WidgetState& state) const;
     QColor admitted(QColor color) const;
 
     QColor m_color = Qt::black;

@@ -30,16 +30,17 @@ bool isNumber(const num2<double>& value)
     return !std::isnan(value.x) && !std::isnan(value.y);
 }
 
-bool isRange(double minimum, double maximum)
+/// A pad has no use for an axis without a length.
+bool spans(double minimum, double maximum)
 {
-    return std::isfinite(minimum) && std::isfinite(maximum) && minimum < maximum;
+    return ui::isRange(minimum, maximum) && minimum != maximum;
 }
 
 /// The ring of the focus is around the pad, not around its handle.
-ui::style::Mood handleMood(ui::style::Mood mood)
+ui::style::WidgetState handleState(ui::style::WidgetState state)
 {
-    mood.keyboard = false;
-    return mood;
+    state.keyboard = false;
+    return state;
 }
 
 /// A hairline across the whole of `rect`, with `at` in its middle.
@@ -79,7 +80,7 @@ void JoystickPad::setValue(const num2<double>& value)
 
 void JoystickPad::setRange(const num2<double>& minimum, const num2<double>& maximum)
 {
-    if (!isRange(minimum.x, maximum.x) || !isRange(minimum.y, maximum.y)) {
+    if (!spans(minimum.x, maximum.x) || !spans(minimum.y, maximum.y)) {
         return;
     }
     m_minimum = minimum;
@@ -123,14 +124,12 @@ void JoystickPad::enterValue(const num2<double>& value)
 
 QSize JoystickPad::sizeHint() const
 {
-    const int side = qRound(kUsualSize * ui::pads::fontSize(*this));
-    return {side, side};
+    return ui::pads::squareOf(*this, kUsualSize);
 }
 
 QSize JoystickPad::minimumSizeHint() const
 {
-    const int side = qRound(kLeastSize * ui::pads::fontSize(*this));
-    return {side, side};
+    return ui::pads::squareOf(*this, kLeastSize);
 }
 
 ValueControl::Value JoystickPad::limited(const Value& value) const
@@ -227,43 +226,43 @@ void JoystickPad::hideEvent(QHideEvent* event)
 void JoystickPad::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const ui::style::Mood mood = ui::pads::moodOf(*this, isDragging());
+    const ui::style::WidgetState state = ui::style::stateOf(*this, isDragging());
     const ui::PadArea pad = area();
     const bool glides = m_glide->state() == QAbstractAnimation::Running;
     const QPointF handle =
         pad.pointOf(value()) + (glides ? m_glide->currentValue().toPointF() : QPointF());
 
-    paintGround(painter, mood);
-    paintGrid(painter, pad.rect, mood);
-    paintCross(painter, handle, mood);
+    paintGround(painter, state);
+    paintGrid(painter, pad.rect, state);
+    paintCross(painter, handle, state);
     ui::pads::drawKnob(
-        painter, handle, handleSize(), ui::colorQt(QStringLiteral("Base")), handleMood(mood));
-    if (mood.keyboard) {
+        painter, handle, handleSize(), ui::colorQt(QStringLiteral("Base")), handleState(state));
+    if (state.keyboard) {
         ui::style::drawFocusRing(painter, square());
     }
 }
 
-void JoystickPad::paintGround(QPainter& painter, const ui::style::Mood& mood) const
+void JoystickPad::paintGround(QPainter& painter, const ui::style::WidgetState& state) const
 {
     const QColor text = ui::colorQt(QStringLiteral("Text"));
     ui::style::fillRounded(
         painter,
         square(),
         ui::style::kRadius,
-        ui::style::ink(ui::colorQt(QStringLiteral("Base")), mood));
+        ui::style::ink(ui::colorQt(QStringLiteral("Base")), state));
     const QColor rest = ui::colorQt(QStringLiteral("Midlight"));
     ui::style::strokeRounded(
         painter,
         square(),
         ui::style::kRadius,
-        mood.hovered ? ui::style::translucent(text, kHoverEdge) : ui::style::ink(rest, mood));
+        state.hovered ? ui::style::translucent(text, kHoverEdge) : ui::style::ink(rest, state));
 }
 
 /// The centre lines, and fainter ones half-way to the edge.
 void JoystickPad::paintGrid(
-    QPainter& painter, const QRectF& reach, const ui::style::Mood& mood) const
+    QPainter& painter, const QRectF& reach, const ui::style::WidgetState& state) const
 {
-    const QColor line = ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), mood);
+    const QColor line = ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), state);
     const QRectF inside = square().adjusted(1, 1, -1, -1);
     for (int quarter = 1; quarter < kQuarters; ++quarter) {
         const double share = static_cast<double>(quarter) / kQuarters;
@@ -275,10 +274,10 @@ void JoystickPad::paintGrid(
 }
 
 void JoystickPad::paintCross(
-    QPainter& painter, const QPointF& handle, const ui::style::Mood& mood) const
+    QPainter& painter, const QPointF& handle, const ui::style::WidgetState& state) const
 {
     const QColor color =
-        ui::style::ink(ui::style::translucent(ui::style::focusColor(), kCrossStrength), mood);
+        ui::style::ink(ui::style::translucent(ui::style::accentColor(), kCrossStrength), state);
     const QRectF inside = square().adjusted(1, 1, -1, -1);
     drawAcross(painter, inside, Qt::Horizontal, handle.y(), color);
     drawAcross(painter, inside, Qt::Vertical, handle.x(), color);

@@ -8,7 +8,7 @@ class QPainter;
 class QVariantAnimation;
 
 namespace ui::style {
-struct Mood;
+struct WidgetState;
 }
 
 /// Two numbers as a point in a square: x grows to the right, y upwards. A press beside the handle
@@ -76,9 +76,11 @@ protected:
 
 private:
     void moveHandle(Qt::KeyboardModifiers modifiers);
-    void paintGround(QPainter& painter, const ui::style::Mood& mood) const;
-    void paintGrid(QPainter& painter, const QRectF& reach, const ui::style::Mood& mood) const;
-    void paintCross(QPainter& painter, const QPointF& handle, const ui::style::Mood& mood) const;
+    void paintGround(QPainter& painter, const ui::style::WidgetState& state) const;
+    void paintGrid(
+        QPainter& painter, const QRectF& reach, const ui::style::WidgetState& state) const;
+    void paintCross(
+        QPainter& painter, const QPointF& handle, const ui::style::WidgetState& state) const;
     int handleSize() const;
     QRectF square() const;
     ui::PadArea area() const;

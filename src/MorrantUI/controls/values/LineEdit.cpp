@@ -1,5 +1,6 @@
 #include "MorrantUI/controls/values/LineEdit.h"
 
+#include "MorrantUI/controls/buttons/buttonlook.h"
 #include "MorrantUI/theme/style/shades.h"
 #include <MorrantUI/theme/colors.h>
 
@@ -15,17 +16,6 @@ namespace {
 
 constexpr double kEditingValue = 70.0;  ///< percent of the ground's value while it is edited
 constexpr double kFrameStrength = 0.25; ///< of the frame's colour at rest
-
-bool isReturn(const QKeyEvent& event)
-{
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
-/// With Control, Shift or the like; the keypad does not count.
-bool isModifiedKey(const QKeyEvent& event)
-{
-    return (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
-}
 
 } // namespace
 
@@ -207,8 +197,8 @@ bool LineEdit::event(QEvent* event)
     case QEvent::ShortcutOverride: {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool leaves = !isCommitted() || (hasFocus() && !m_keepsFocus);
-        const bool isOurs = isReturn(*key) || (key->key() == Qt::Key_Escape && leaves);
-        if (!isReadOnly() && isOurs && !isModifiedKey(*key)) {
+        const bool isOurs = ui::isReturn(*key) || (key->key() == Qt::Key_Escape && leaves);
+        if (!isReadOnly() && isOurs && !ui::hasModifier(*key)) {
             event->accept();
             return true;
         }
@@ -221,7 +211,7 @@ bool LineEdit::event(QEvent* event)
 
 void LineEdit::keyPressEvent(QKeyEvent* event)
 {
-    if (isReturn(*event)) {
+    if (ui::isReturn(*event)) {
         commitByKey(event);
     } else if (event->key() == Qt::Key_Escape) {
         takeBackByKey(event);

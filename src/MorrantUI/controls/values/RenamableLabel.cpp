@@ -21,7 +21,6 @@
 namespace {
 
 constexpr int kPadding = 6;           ///< beside the text, as a line edit has it
-constexpr int kMinimumChars = 3;      ///< that are left of a name that does not fit
 constexpr double kHoverGround = 0.06; ///< of the text colour's strength
 
 /// A label whose text assistive tools can set.
@@ -158,7 +157,9 @@ QSize RenamableLabel::sizeHint() const
 
 QSize RenamableLabel::minimumSizeHint() const
 {
-    return {kMinimumChars * fontMetrics().averageCharWidth() + 2 * kPadding, sizeHint().height()};
+    return {
+        ui::kLeastCharacters * fontMetrics().averageCharWidth() + 2 * kPadding,
+        sizeHint().height()};
 }
 
 QRect RenamableLabel::textRect() const
@@ -265,7 +266,7 @@ void RenamableLabel::hideEvent(QHideEvent* event)
 void RenamableLabel::keyPressEvent(QKeyEvent* event)
 {
     const bool starts = event->key() == Qt::Key_F2 || ui::isReturn(*event);
-    if (starts && m_renamable && !(event->modifiers() & ~Qt::KeypadModifier)) {
+    if (starts && m_renamable && !ui::hasModifier(*event)) {
         if (!event->isAutoRepeat()) {
             startEditing();
         }
@@ -298,10 +299,10 @@ void RenamableLabel::paintEvent(QPaintEvent*)
     }
     QStyleOption option;
     option.initFrom(this);
-    const ui::style::Mood mood = ui::style::moodOf(option);
+    const ui::style::WidgetState state = ui::style::stateOf(option);
     QPainter painter(this);
 
-    if (mood.hovered && m_renamable) {
+    if (state.hovered && m_renamable) {
         const QColor text = option.palette.color(QPalette::WindowText);
         ui::style::fillRounded(
             painter, rect(), ui::style::kRadius, ui::style::translucent(text, kHoverGround));
@@ -312,10 +313,10 @@ void RenamableLabel::paintEvent(QPaintEvent*)
         static_cast<int>(QStyle::visualAlignment(layoutDirection(), m_alignment))
             | Qt::TextSingleLine,
         option.palette,
-        mood.enabled,
+        state.enabled,
         shownText(),
         QPalette::WindowText);
-    if (mood.keyboard) {
+    if (state.keyboard) {
         ui::style::drawFocusRing(painter, rect());
     }
 }

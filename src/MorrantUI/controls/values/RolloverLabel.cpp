@@ -16,8 +16,7 @@
 
 namespace {
 
-constexpr int kPadding = 4;      ///< beside the text, for the focus ring
-constexpr int kMinimumChars = 3; ///< that are left of a text that does not fit
+constexpr int kPadding = 4; ///< beside the text, for the focus ring
 
 } // namespace
 
@@ -60,7 +59,7 @@ QSize RolloverLabel::sizeHint() const
 QSize RolloverLabel::minimumSizeHint() const
 {
     const QSize whole = sizeHint();
-    const int shortest = kMinimumChars * fontMetrics().averageCharWidth() + 2 * kPadding;
+    const int shortest = ui::kLeastCharacters * fontMetrics().averageCharWidth() + 2 * kPadding;
     return {std::min(shortest, whole.width()), whole.height()};
 }
 
@@ -117,22 +116,22 @@ bool RolloverLabel::event(QEvent* event)
 
 void RolloverLabel::paintEvent(QPaintEvent*)
 {
-    ui::style::Mood mood = ui::style::moodOf(ui::buttonOption(*this));
-    mood.hovered = m_hovered;
-    const bool ownHover = mood.hovered && !mood.pressed && !m_hoverColor.isEmpty();
+    ui::style::WidgetState state = ui::style::stateOf(ui::buttonOption(*this));
+    state.hovered = m_hovered;
+    const bool ownHover = state.hovered && !state.pressed && !m_hoverColor.isEmpty();
     const QColor color =
-        ownHover ? ui::colorQt(m_hoverColor) : ui::style::shade(ui::colorQt(m_restColor), mood);
+        ownHover ? ui::colorQt(m_hoverColor) : ui::style::shade(ui::colorQt(m_restColor), state);
     const QRect link = linkRect();
     QPainter painter(this);
 
     QFont linkFont = font();
-    linkFont.setUnderline(mood.hovered || mood.pressed);
+    linkFont.setUnderline(state.hovered || state.pressed);
     painter.setFont(linkFont);
     painter.setPen(color);
     const bool underlines = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
     const int flags = underlines ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
     painter.drawText(link, flags | Qt::AlignCenter | Qt::TextSingleLine, shownText());
-    if (mood.keyboard) {
+    if (state.keyboard) {
         ui::style::drawFocusRing(painter, link, ui::style::kSmallRadius);
     }
 }

@@ -1,10 +1,11 @@
 #include "MorrantUI/controls/values/SliderField.h"
 
 #include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/controls/values/PendingValue.h"
 #include "MorrantUI/controls/values/SliderTrack.h"
 #include "MorrantUI/controls/values/padpaint.h"
 #include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/controls/values/slidermath.h>
+#include <MorrantUI/controls/values/valueformat.h>
 
 #include <QHBoxLayout>
 #include <QPointer>
@@ -16,23 +17,13 @@ namespace {
 
 constexpr double kFieldWidth = 5.5; ///< in font sizes; room for -1234.567
 
-/// Whether what stands in the field is on its way to being entered.
-bool isTyping(const NumericField& field)
-{
-    return field.hasFocus() && !field.isReadOnly() && field.isModified();
-}
-
-bool isRange(double minimum, double maximum)
-{
-    return std::isfinite(minimum) && std::isfinite(maximum) && minimum <= maximum;
-}
-
 } // namespace
 
 SliderField::SliderField(QWidget* parent)
     : QWidget(parent)
     , m_track(new SliderTrack(this))
     , m_field(new NumericField(0.0, this))
+    , m_shown(new PendingValue(m_field))
 {
     ui::installAccessible<SliderField, ui::AccessibleGrouping>();
     auto* row = new QHBoxLayout(this);
@@ -46,9 +37,6 @@ SliderField::SliderField(QWidget* parent)
     connect(m_track, &ValueControl::dragStateChanged, this, &SliderField::dragStateChanged);
     connect(m_field, &LineEdit::valueChanged, this, &SliderField::takeFromField);
     connect(m_field, &NumericField::dragStateChanged, this, &SliderField::takeDragState);
-    // Queued: the field still has to commit or take back what was typed.
-    connect(m_field, &QLineEdit::textChanged, this, &SliderField::catchUp, Qt::QueuedConnection);
-    m_field->installEventFilter(this);
     sizeField();
     applySetup();
 }
@@ -70,37 +58,33 @@ void SliderField::setValue(double value)
 
 void SliderField::setRange(double minimum, double maximum)
 {
-    if (!isRange(minimum, maximum)) {
-        return;
+    if (ui::isRange(minimum, maximum)) {
+        m_setup.minimum = m_setup.softMinimum = minimum;
+        m_setup.maximum = m_setup.softMaximum = maximum;
+        applySetup();
     }
-    m_minimum = minimum;
-    m_maximum = maximum;
-    m_softMinimum = minimum;
-    m_softMaximum = maximum;
-    applySetup();
 }
 
 void SliderField::setSoftRange(double minimum, double maximum)
 {
-    if (!isRange(minimum, maximum) || minimum > m_maximum || maximum < m_minimum) {
-        return;
+    if (ui::isRange(minimum, maximum) && minimum <= m_setup.maximum && maximum >= m_setup.minimum) {
+        m_setup.softMinimum = std::max(minimum, m_setup.minimum);
+        m_setup.softMaximum = std::min(maximum, m_setup.maximum);
+        applySetup();
     }
-    m_softMinimum = std::max(minimum, m_minimum);
-    m_softMaximum = std::min(maximum, m_maximum);
-    applySetup();
 }
 
 void SliderField::setStep(double step)
 {
-    if (std::isfinite(step) && step > 0.0 && step != m_step) {
-        m_step = step;
+    if (std::isfinite(step) && step > 0.0 && step != m_setup.step) {
+        m_setup.step = step;
         applySetup();
     }
 }
 
 void SliderField::setDecimals(int decimals)
 {
-    m_decimals = std::clamp(decimals, 0, ui::kMaxSliderDecimals);
+    m_setup.decimals = std::clamp(decimals, 0, ui::kMaxSliderDecimals);
     applySetup();
 }
 
@@ -130,14 +114,6 @@ void SliderField::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
-bool SliderField::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::FocusOut) {
-        QMetaObject::invokeMethod(this, &SliderField::catchUp, Qt::QueuedConnection);
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
 void SliderField::sizeField()
 {
     m_field->setFixedWidth(qRound(kFieldWidth * ui::pads::fontSize(*this)));
@@ -145,7 +121,7 @@ void SliderField::sizeField()
 
 void SliderField::takeFromTrack(bool committed)
 {
-    showInField();
+    m_shown->show(m_track->value());
     if (committed) {
         m_committed = m_track->value();
     }
@@ -154,7 +130,7 @@ void SliderField::takeFromTrack(bool committed)
 
 void SliderField::takeFromField(bool committed)
 {
-    m_fieldIsBehind = false; // the user's number is the later one
+    m_shown->forget(); // the user's number is the later one
     const double entered = admitted(m_field->value());
     // Not after a step by key: the field takes a text that is set for one that is committed.
     if ((committed || m_fieldDragging) && entered != m_field->value()) {
@@ -194,51 +170,30 @@ void SliderField::commit()
 
 void SliderField::applySetup()
 {
-    const bool isInteger = m_decimals == 0;
+    const bool isInteger = m_setup.decimals == 0;
     m_field->setFieldType(isInteger ? NumericField::Integer : NumericField::FloatingPoint);
-    m_field->setMin(m_minimum);
-    m_field->setMax(m_maximum);
-    m_field->setSoftMin(m_softMinimum);
-    m_field->setSoftMax(m_softMaximum);
-    m_field->setDragMultiplier(m_step);
-    m_track->setUp(
-        {.minimum = m_minimum,
-         .maximum = m_maximum,
-         .softMinimum = m_softMinimum,
-         .softMaximum = m_softMaximum,
-         .step = m_step,
-         .resetValue = defaultValue(),
-         .decimals = m_decimals});
+    m_field->setMin(m_setup.minimum);
+    m_field->setMax(m_setup.maximum);
+    m_field->setSoftMin(m_setup.softMinimum);
+    m_field->setSoftMax(m_setup.softMaximum);
+    m_field->setDragMultiplier(m_setup.step);
+    m_setup.resetValue = defaultValue();
+    m_track->setUp(m_setup);
     show(m_track->value());
 }
 
 void SliderField::show(double value)
 {
     m_track->setValue(admitted(value));
-    showInField();
+    m_shown->show(m_track->value());
     if (!isDragging()) {
         m_committed = m_track->value();
     }
 }
 
-/// What is being typed stays; the field follows once that has come to nothing.
-void SliderField::showInField()
-{
-    m_fieldIsBehind = isTyping(*m_field);
-    if (!m_fieldIsBehind) {
-        m_field->setValue(m_track->value());
-    }
-}
-
-void SliderField::catchUp()
-{
-    if (m_fieldIsBehind) {
-        showInField();
-    }
-}
-
 double SliderField::admitted(double value) const
 {
-    const double rounded = ui::roundedTo(std::clamp(value, m_minimum, m_maximum), m_decimals);
-    return std::clamp(rounded, m_minimum, m_maximum);
+    const double limited = std::clamp(value, m_setup.minimum, m_setup.maximum);
+    const double rounded = ui::roundedTo(limited, m_setup.decimals);
+    return std::clamp(rounded, m_setup.minimum, m_setup.maximum);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <MorrantUI/controls/values/slidermath.h>
 #include <MorrantUI/morrantui_export.h>
 
 #include <QWidget>
 
 class NumericField;
+class PendingValue;
 class SliderTrack;
 
 namespace ui {
@@ -40,25 +42,25 @@ public:
     /// are not finite or in the wrong order are ignored. The soft range becomes the same; set it
     /// afterwards.
     void setRange(double minimum, double maximum);
-    double minimum() const { return m_minimum; }
-    double maximum() const { return m_maximum; }
+    double minimum() const { return m_setup.minimum; }
+    double maximum() const { return m_setup.maximum; }
 
     /// What the slider spans, cut to the hard range. Limits that are not finite, in the wrong order
     /// or wholly outside are ignored.
     void setSoftRange(double minimum, double maximum);
-    double softMinimum() const { return m_softMinimum; }
-    double softMaximum() const { return m_softMaximum; }
+    double softMinimum() const { return m_setup.softMinimum; }
+    double softMaximum() const { return m_setup.softMaximum; }
 
     /// The step of keys and of the field's scrubbing, and what dragged values are multiples of (a
     /// tenth of it with Control); the ends of the soft range can always be reached. Not finite, 0
     /// or less is ignored.
     void setStep(double step);
-    double step() const { return m_step; }
+    double step() const { return m_setup.step; }
 
     /// Decimals that values are rounded to, 0 to 3; others are limited. 0 makes it an integer
     /// field.
     void setDecimals(int decimals);
-    int decimals() const { return m_decimals; }
+    int decimals() const { return m_setup.decimals; }
 
     /// What a double click and Backspace return to; 0 or what is nearest to it unless set. NaN is
     /// ignored.
@@ -79,7 +81,6 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void sizeField();
@@ -89,20 +90,13 @@ private:
     void applySetup();
     void commit();
     void show(double value);
-    void showInField();
-    void catchUp();
     double admitted(double value) const;
 
     SliderTrack* m_track; ///< holds the value
     NumericField* m_field;
-    double m_minimum = 0.0;
-    double m_maximum = 1.0;
-    double m_softMinimum = 0.0;
-    double m_softMaximum = 1.0;
-    double m_step = 0.01;
-    double m_default = 0.0;
-    int m_decimals = 2;
+    PendingValue* m_shown; ///< what the field shows of the value
+    ui::SliderSetup m_setup;
+    double m_default = 0.0; ///< as it was set, without limits
     bool m_fieldDragging = false;
-    bool m_fieldIsBehind = false; ///< a value was set while another was typed
-    double m_committed = 0.0;     ///< the value when it was last complete
+    double m_committed = 0.0; ///< the value when it was last complete
 };

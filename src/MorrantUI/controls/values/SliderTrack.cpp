@@ -1,7 +1,7 @@
 #include "MorrantUI/controls/values/SliderTrack.h"
 
+#include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/controls/buttons/buttonlook.h"
-#include "MorrantUI/controls/values/AccessibleValueControl.h"
 #include "MorrantUI/controls/values/padpaint.h"
 #include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
@@ -20,11 +20,11 @@ constexpr int kPageSteps = 10;   ///< of Page Up and Page Down
 constexpr int kLeastHandles = 4; ///< the shortest slider, in handles
 constexpr int kUsualHandles = 8; ///< the wanted length, in handles
 
-class AccessibleTrack : public ui::AccessibleValueControl
+class AccessibleTrack : public ui::AccessibleNumberControl
 {
 public:
     explicit AccessibleTrack(SliderTrack* track)
-        : AccessibleValueControl(
+        : AccessibleNumberControl(
             track,
             QAccessible::Slider,
             {.value = [track] { return track->value(); },
@@ -44,7 +44,7 @@ SliderTrack::SliderTrack(QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void SliderTrack::setUp(const Setup& setup)
+void SliderTrack::setUp(const ui::SliderSetup& setup)
 {
     if (setup != m_setup) {
         m_setup = setup;
@@ -138,7 +138,7 @@ std::optional<ValueControl::Value> SliderTrack::keyTarget(
 void SliderTrack::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const ui::style::Mood mood = ui::pads::moodOf(*this, isDragging());
+    const ui::style::WidgetState state = ui::style::stateOf(*this, isDragging());
     const ui::SliderScale range = scale();
     const double handle = handleSize();
     QRectF groove(0, 0, width(), kGroove);
@@ -149,18 +149,18 @@ void SliderTrack::paintEvent(QPaintEvent* /*event*/)
         painter,
         groove,
         kGroove / 2,
-        ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), mood));
+        ui::style::ink(ui::colorQt(QStringLiteral("Midlight")), state));
     ui::style::fillRounded(
         painter,
         filled,
         kGroove / 2,
-        ui::style::ink(ui::colorQt(QStringLiteral("Highlight")), mood));
+        ui::style::ink(ui::colorQt(QStringLiteral("Highlight")), state));
     ui::pads::drawKnob(
         painter,
         {range.xOf(value()), groove.center().y()},
         handle,
         palette().color(QPalette::Window),
-        mood);
+        state);
 }
 
 int SliderTrack::handleSize() const

@@ -10,23 +10,10 @@ class SliderTrack : public ValueControl
     Q_OBJECT
 
 public:
-    struct Setup
-    {
-        double minimum = 0.0;
-        double maximum = 1.0;
-        double softMinimum = 0.0;
-        double softMaximum = 1.0;
-        double step = 0.01;
-        double resetValue = 0.0;
-        int decimals = 2;
-
-        bool operator==(const Setup&) const = default;
-    };
-
     explicit SliderTrack(QWidget* parent);
 
-    void setUp(const Setup& setup);
-    const Setup& setup() const { return m_setup; }
+    void setUp(const ui::SliderSetup& setup);
+    const ui::SliderSetup& setup() const { return m_setup; }
 
     double value() const { return current().x; }
     void setValue(double value) { assign({value, 0.0}); }
@@ -49,7 +36,7 @@ private:
     ui::SliderScale scale() const;
     void dragHandle(double step);
 
-    Setup m_setup;
+    ui::SliderSetup m_setup;
     double m_handle = 0.0;  ///< where the drag has taken the middle of the handle, without limits
     double m_pointer = 0.0; ///< x of the pointer at the last step
 };

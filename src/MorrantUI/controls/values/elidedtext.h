@@ -9,6 +9,8 @@ class QWidget;
 /// Texts of widgets that may be too narrow for them.
 namespace ui {
 
+inline constexpr int kLeastCharacters = 3; ///< of average width, for a text that does not fit
+
 /// The least width, in logical pixels, in which QFontMetrics::elidedText() leaves a text as it is:
 /// QFontMetrics::horizontalAdvance() rounds to the nearest and is too small for half of them.
 int wholeWidth(const QFont& font, const QString& text);

@@ -23,6 +23,20 @@ struct MORRANT_UI_EXPORT SliderScale
     double valueAt(double x) const;
 };
 
+/// What a slider spans and how its values step.
+struct SliderSetup
+{
+    double minimum = 0.0; ///< the hard range
+    double maximum = 1.0;
+    double softMinimum = 0.0; ///< of the slider's ends
+    double softMaximum = 1.0;
+    double step = 0.01;
+    double resetValue = 0.0;
+    int decimals = 2;
+
+    bool operator==(const SliderSetup&) const = default;
+};
+
 /// The value rounded to decimals (0 to 15, others are limited), halves away from zero.
 MORRANT_UI_EXPORT double roundedTo(double value, int decimals);
 

@@ -36,6 +36,11 @@ QString formatValue(double value, const NumberRange& range)
     return range.isInteger ? QString::number(std::round(limited), 'f', 0) : decimalText(limited);
 }
 
+bool isRange(double minimum, double maximum)
+{
+    return std::isfinite(minimum) && std::isfinite(maximum) && minimum <= maximum;
+}
+
 double acceptedMin(double limit, bool isInteger)
 {
     return std::clamp(limit, isInteger ? NumberRange().min : -kHighest, kHighest);

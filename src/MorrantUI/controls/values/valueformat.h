@@ -23,6 +23,9 @@ MORRANT_UI_EXPORT double limitValue(double value, const NumberRange& range);
 /// value that rounds to nothing shows as "-0.0".
 MORRANT_UI_EXPORT QString formatValue(double value, const NumberRange& range);
 
+/// Whether two limits span a range: finite, and in order or alike.
+MORRANT_UI_EXPORT bool isRange(double minimum, double maximum);
+
 /// The limits that a field takes when it is asked for `limit`: within 32 bits on that side for
 /// integers, always finite. `limit` is not NaN.
 MORRANT_UI_EXPORT double acceptedMin(double limit, bool isInteger);

@@ -4,7 +4,7 @@
 #include "MorrantUI/controls/buttons/AccessibleButton.h"
 #include "MorrantUI/controls/buttons/buttonlook.h"
 #include "MorrantUI/controls/values/elidedtext.h"
-#include "MorrantUI/controls/values/padpaint.h"
+#include "MorrantUI/theme/style/shades.h"
 #include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/theme/colors.h>
 
@@ -134,9 +134,9 @@ void SectionHeader::paintEvent(QPaintEvent* /*event*/)
 {
     using namespace ui::style;
     QPainter painter(this);
-    Mood mood = ui::pads::moodOf(*this, false);
+    WidgetState state = stateOf(*this);
     // Darker than a header at rest would be the ground that it lies on.
-    mood.hovered = mood.hovered && !isDown();
+    state.hovered = state.hovered && !isDown();
     const auto placed = [this](const QRect& part) {
         return QStyle::visualRect(layoutDirection(), rect(), part);
     };
@@ -146,26 +146,26 @@ void SectionHeader::paintEvent(QPaintEvent* /*event*/)
     const QColor text = ui::colorQt(QStringLiteral("WindowText"));
 
     fillRounded(
-        painter, rect(), kRadius, shade(ui::colorQt(QStringLiteral("ElementHeader")), mood));
+        painter, rect(), kRadius, shade(ui::colorQt(QStringLiteral("ElementHeader")), state));
     {
-        const PainterState state(painter);
+        const PainterState saved(painter);
         painter.translate(chevron.center());
         painter.rotate((1.0 - m_openness) * (isRightToLeft() ? -kFoldedTurn : kFoldedTurn));
         drawChevron(
             painter,
             chevron.translated(-chevron.center()),
             Qt::DownArrow,
-            ink(mood.hovered ? text : translucent(text, kRestStrength), mood));
+            ink(state.hovered ? text : translucent(text, kRestStrength), state));
     }
     const QFont font = titleFont(*this);
     painter.setFont(font);
-    painter.setPen(ink(mood.hovered ? ui::colorQt(QStringLiteral("Text")) : text, mood));
+    painter.setPen(ink(state.hovered ? ui::colorQt(QStringLiteral("Text")) : text, state));
     painter.drawText(
         title,
         static_cast<int>(
             QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)),
         QFontMetrics(font).elidedText(m_title, Qt::ElideRight, title.width()));
-    if (mood.keyboard) {
+    if (state.keyboard) {
         drawFocusRing(painter, rect());
     }
 }

@@ -3,6 +3,7 @@
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/controls/values/padpaint.h"
 #include "MorrantUI/theme/style/pixelgrid.h"
+#include "MorrantUI/theme/style/shades.h"
 #include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/theme/colors.h>
 
@@ -141,7 +142,7 @@ void SpacerBar::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     const double line = ui::style::PixelGrid(painter).line(kLine);
     const QPointF middle = QRectF(rect()).center();
-    const QColor color = ui::style::ink(ui::colorQt(m_colorName), ui::pads::moodOf(*this, false));
+    const QColor color = ui::style::ink(ui::colorQt(m_colorName), ui::style::stateOf(*this));
     ui::style::fillSharp(
         painter,
         m_orientation == Qt::Vertical

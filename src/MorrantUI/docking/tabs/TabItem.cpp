@@ -214,8 +214,8 @@ void TabItem::mouseDoubleClickEvent(QMouseEvent* event)
 void TabItem::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    ui::tabs::paintTab(painter, rect(), m_active, ui::tabs::moodOf(*this));
-    if (m_active && m_header && ui::tabs::moodOf(*m_header).keyboard) {
+    ui::tabs::paintTab(painter, rect(), m_active, ui::style::stateOf(*this));
+    if (m_active && m_header && ui::style::stateOf(*m_header).keyboard) {
         ui::tabs::paintFocus(painter, rect());
     }
 }

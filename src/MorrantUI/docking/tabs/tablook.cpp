@@ -5,7 +5,6 @@
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>
-#include <QStyleOption>
 #include <QWidget>
 
 using namespace ui::style;
@@ -18,35 +17,29 @@ constexpr int kBeyondRow = 6; ///< what a tab is higher than a row of controls
 
 } // namespace
 
-Mood moodOf(const QWidget& widget)
-{
-    QStyleOption option;
-    option.initFrom(&widget);
-    return style::moodOf(option);
-}
-
 int tabHeight(const QWidget& widget)
 {
     return qMax(rowHeight(widget), widget.fontMetrics().height()) + kBeyondRow;
 }
 
-void paintTab(QPainter& painter, const QRectF& tab, bool active, const Mood& mood)
+void paintTab(QPainter& painter, const QRectF& tab, bool active, const WidgetState& state)
 {
     // Drawn out beyond the bottom, so that only the upper corners are round.
     const QRectF shape = tab.adjusted(0, 0, 0, kRadius);
-    const PainterState state(painter);
+    const PainterState saved(painter);
     painter.setClipRect(tab);
     if (!active) {
-        fillRounded(painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), mood));
+        fillRounded(
+            painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), state));
         return;
     }
-    fillRounded(painter, shape, kRadius, ink(colorQt(QStringLiteral("Window")), mood));
-    paintAccent(painter, tab, mood);
+    fillRounded(painter, shape, kRadius, ink(colorQt(QStringLiteral("Window")), state));
+    paintAccent(painter, tab, state);
 }
 
-void paintAccent(QPainter& painter, const QRectF& tab, const Mood& mood)
+void paintAccent(QPainter& painter, const QRectF& tab, const WidgetState& state)
 {
-    drawSelectionEdge(painter, tab, Qt::TopEdge, mood.enabled);
+    drawSelectionEdge(painter, tab, Qt::TopEdge, state.enabled);
 }
 
 void paintFocus(QPainter& painter, const QRectF& tab)

@@ -10,18 +10,15 @@ class QWidget;
 /// What tabs and their header share of their look.
 namespace ui::tabs {
 
-/// The state of a widget as the application style would see it.
-style::Mood moodOf(const QWidget& widget);
-
 /// The height of a tab in the widget's own font, logical pixels.
 int tabHeight(const QWidget& widget);
 
 /// A tab's ground, round at its upper corners; the active one has the page's colour and a line in
 /// the accent colour along its top.
-void paintTab(QPainter& painter, const QRectF& tab, bool active, const style::Mood& mood);
+void paintTab(QPainter& painter, const QRectF& tab, bool active, const style::WidgetState& state);
 
 /// That line alone.
-void paintAccent(QPainter& painter, const QRectF& tab, const style::Mood& mood);
+void paintAccent(QPainter& painter, const QRectF& tab, const style::WidgetState& state);
 
 /// The ring of a tab with the keyboard focus, below that line.
 void paintFocus(QPainter& painter, const QRectF& tab);

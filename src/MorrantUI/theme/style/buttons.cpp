@@ -19,21 +19,21 @@ bool isDefault(const QStyleOptionButton& button)
 }
 
 QColor buttonFill(
-    const QStyleOption& option, const Mood& mood, bool emphasised, const QWidget* widget)
+    const QStyleOption& option, const WidgetState& state, bool emphasised, const QWidget* widget)
 {
     if (emphasised) {
         return option.palette.color(QPalette::Highlight);
     }
-    return mood.on ? quietHighlight() : groundOf(option, QPalette::Button, widget);
+    return state.on ? quietHighlight() : groundOf(option, QPalette::Button, widget);
 }
 
 void drawRaised(
     const QStyleOption& option, QPainter& painter, bool emphasised, const QWidget* widget)
 {
-    const Mood mood = moodOf(option);
-    const QColor ground = buttonFill(option, mood, emphasised, widget);
-    fillRounded(painter, option.rect, kRadius, shade(ground, mood));
-    if (mood.on && mood.enabled) {
+    const WidgetState state = stateOf(option);
+    const QColor ground = buttonFill(option, state, emphasised, widget);
+    fillRounded(painter, option.rect, kRadius, shade(ground, state));
+    if (state.on && state.enabled) {
         strokeRounded(painter, option.rect, kRadius, option.palette.color(QPalette::Highlight));
     }
 }
@@ -42,25 +42,25 @@ void drawRaised(
 void drawIndicatorBox(
     const QStyleOption& option, QPainter& painter, double radius, const QWidget* widget)
 {
-    const Mood mood = moodOf(option);
-    const bool filled = mood.on || option.state.testFlag(QStyle::State_NoChange);
+    const WidgetState state = stateOf(option);
+    const bool filled = state.on || option.state.testFlag(QStyle::State_NoChange);
     const QRectF box = centeredSquare(option.rect, option.rect.width());
     const QColor ground = filled ? option.palette.color(QPalette::Highlight)
                                  : groundOf(option, QPalette::Base, widget);
-    fillRounded(painter, box, radius, shade(ground, mood));
+    fillRounded(painter, box, radius, shade(ground, state));
     if (!filled) {
         const QColor text = option.palette.color(QPalette::Text);
         strokeRounded(
-            painter, box, radius, ink(translucent(text, mood.hovered ? 0.55 : 0.3), mood));
+            painter, box, radius, ink(translucent(text, state.hovered ? 0.55 : 0.3), state));
     }
-    if (mood.keyboard) {
+    if (state.keyboard) {
         drawFocusRing(painter, box, radius);
     }
 }
 
 QColor markColor(const QStyleOption& option)
 {
-    return ink(option.palette.color(QPalette::HighlightedText), moodOf(option));
+    return ink(option.palette.color(QPalette::HighlightedText), stateOf(option));
 }
 
 /// The elements that make up a check box or a radio button.
@@ -92,7 +92,7 @@ void drawMarkAndLabel(
 /// @return where the text goes
 QRect drawButtonIcon(const QStyleOptionButton& button, QPainter& painter, const QRect& inside)
 {
-    const Mood mood = moodOf(button);
+    const WidgetState state = stateOf(button);
     QRect text = inside;
     if (!button.icon.isNull()) {
         const int textWidth = button.fontMetrics.size(Qt::TextShowMnemonic, button.text).width();
@@ -104,8 +104,8 @@ QRect drawButtonIcon(const QStyleOptionButton& button, QPainter& painter, const 
             painter,
             centeredSquare(QStyle::visualRect(button.direction, button.rect, icon), width),
             button.icon,
-            mood.enabled ? QIcon::Normal : QIcon::Disabled,
-            mood.on ? QIcon::On : QIcon::Off);
+            state.enabled ? QIcon::Normal : QIcon::Disabled,
+            state.on ? QIcon::On : QIcon::Off);
         text = QRect(icon.right() + 1 + gap, inside.top(), textWidth, inside.height());
     }
     return QStyle::visualRect(button.direction, button.rect, text);
@@ -124,12 +124,12 @@ void drawPushButtonBevel(const QStyleOption& option, QPainter& painter, const Co
     if (!button) {
         return;
     }
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     const bool flat = button->features.testFlag(QStyleOptionButton::Flat);
-    if (!flat || mood.hovered || mood.pressed || mood.on) {
+    if (!flat || state.hovered || state.pressed || state.on) {
         drawRaised(option, painter, isDefault(*button), context.widget);
     }
-    if (mood.keyboard) {
+    if (state.keyboard) {
         drawFocusRing(painter, option.rect);
     }
     if (button->features.testFlag(QStyleOptionButton::HasMenu)) {
@@ -141,7 +141,7 @@ void drawPushButtonBevel(const QStyleOption& option, QPainter& painter, const Co
             painter,
             QStyle::visualRect(option.direction, option.rect, arrow),
             Qt::DownArrow,
-            ink(option.palette.color(QPalette::ButtonText), mood));
+            ink(option.palette.color(QPalette::ButtonText), state));
     }
 }
 
@@ -167,33 +167,33 @@ void drawPushButtonLabel(const QStyleOption& option, QPainter& painter, const Co
         text,
         flags,
         option.palette,
-        moodOf(option).enabled,
+        stateOf(option).enabled,
         button->text,
         isDefault(*button) ? QPalette::HighlightedText : QPalette::ButtonText);
 }
 
 void drawToolButtonPanel(const QStyleOption& option, QPainter& painter, const Context& context)
 {
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     const bool raises = option.state.testFlag(QStyle::State_AutoRaise);
-    if (!raises || mood.hovered || mood.pressed || mood.on) {
+    if (!raises || state.hovered || state.pressed || state.on) {
         drawRaised(option, painter, false, context.widget);
     }
 }
 
 void drawToolButtonDropDown(const QStyleOption& option, QPainter& painter, const Context& context)
 {
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     const QRectF rect = option.rect;
-    if (mood.hovered || mood.pressed) {
+    if (state.hovered || state.pressed) {
         fillRounded(
             painter,
             rect,
             kRadius,
-            shade(groundOf(option, QPalette::Button, context.widget), mood));
+            shade(groundOf(option, QPalette::Button, context.widget), state));
     }
     drawChevron(
-        painter, rect, Qt::DownArrow, ink(option.palette.color(QPalette::ButtonText), mood));
+        painter, rect, Qt::DownArrow, ink(option.palette.color(QPalette::ButtonText), state));
 }
 
 void drawCheckMark(const QStyleOption& option, QPainter& painter, const Context& context)
@@ -253,7 +253,7 @@ void drawToolButton(const QStyleOption& option, QPainter& painter, const Context
     unfocused.icon = sharpened(button->icon);
     unfocused.state.setFlag(QStyle::State_HasFocus, false);
     context.base.drawComplexControl(QStyle::CC_ToolButton, &unfocused, &painter, context.widget);
-    if (moodOf(option).keyboard) {
+    if (stateOf(option).keyboard) {
         drawFocusRing(painter, option.rect);
     }
 }

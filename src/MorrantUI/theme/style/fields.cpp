@@ -17,16 +17,16 @@ constexpr int kTextPadding = 6; ///< before a field's text, logical pixels
 void drawField(const QStyleOption& option, QPainter& painter, const QWidget* widget)
 {
     const QColor ground = groundOf(option, QPalette::Base, widget);
-    fillRounded(painter, option.rect, kRadius, ink(ground, moodOf(option)));
+    fillRounded(painter, option.rect, kRadius, ink(ground, stateOf(option)));
 }
 
 void drawFieldEdge(const QStyleOption& option, QPainter& painter)
 {
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     QColor line = edge(option);
-    if (mood.focused) {
-        line = focusColor();
-    } else if (mood.hovered) {
+    if (state.focused) {
+        line = accentColor();
+    } else if (state.hovered) {
         line = translucent(option.palette.color(QPalette::Text), 0.35);
     }
     strokeRounded(painter, option.rect, kRadius, line);
@@ -54,20 +54,20 @@ void drawStepArrow(
     const bool up = part == QStyle::SC_SpinBoxUp;
     const QRectF rect =
         context.style.subControlRect(QStyle::CC_SpinBox, &spin, part, context.widget);
-    Mood mood = moodOf(spin);
+    WidgetState state = stateOf(spin);
     const bool active = spin.activeSubControls.testFlag(part);
-    mood.enabled = mood.enabled
-                   && spin.stepEnabled.testFlag(
-                       up ? QAbstractSpinBox::StepUpEnabled : QAbstractSpinBox::StepDownEnabled);
-    mood.pressed = mood.pressed && active;
-    if (active && mood.enabled) {
+    state.enabled = state.enabled
+                    && spin.stepEnabled.testFlag(
+                        up ? QAbstractSpinBox::StepUpEnabled : QAbstractSpinBox::StepDownEnabled);
+    state.pressed = state.pressed && active;
+    if (active && state.enabled) {
         fillRounded(
             painter,
             rect.adjusted(1, 0.5, -1, -0.5),
             2.0,
-            shade(groundOf(spin, QPalette::Button, context.widget), mood));
+            shade(groundOf(spin, QPalette::Button, context.widget), state));
     }
-    const QColor color = ink(spin.palette.color(QPalette::Text), mood);
+    const QColor color = ink(spin.palette.color(QPalette::Text), state);
     if (spin.buttonSymbols == QAbstractSpinBox::PlusMinus) {
         const QRectF center = centeredSquare(rect, 7);
         fillSharp(painter, {center.left(), center.center().y() - 0.5, center.width(), 1}, color);
@@ -90,9 +90,9 @@ void drawFieldPanel(const QStyleOption& option, QPainter& painter, const Context
         drawFieldEdge(option, painter);
     } else if (!isPartOfAField(context.widget)) {
         const QColor ground = groundOf(option, QPalette::Base, context.widget);
-        fillSharp(painter, option.rect, ink(ground, moodOf(option)));
+        fillSharp(painter, option.rect, ink(ground, stateOf(option)));
     }
-    if (!moodOf(option).enabled && qobject_cast<const QLineEdit*>(context.widget)) {
+    if (!stateOf(option).enabled && qobject_cast<const QLineEdit*>(context.widget)) {
         // Deliberately left on: the line edit draws its text next, with this painter and without
         // asking the style.
         painter.setOpacity(painter.opacity() * kDisabledOpacity);
@@ -110,26 +110,26 @@ void drawComboBox(const QStyleOption& option, QPainter& painter, const Context& 
     if (!combo) {
         return;
     }
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     if (combo->editable) {
         drawField(option, painter, context.widget);
         if (combo->frame) {
             drawFieldEdge(option, painter);
         }
-    } else if (combo->frame || mood.hovered || mood.pressed) {
+    } else if (combo->frame || state.hovered || state.pressed) {
         fillRounded(
             painter,
             option.rect,
             kRadius,
-            shade(groundOf(option, QPalette::Button, context.widget), mood));
+            shade(groundOf(option, QPalette::Button, context.widget), state));
     }
-    if (mood.keyboard && !combo->editable) {
+    if (state.keyboard && !combo->editable) {
         drawFocusRing(painter, option.rect);
     }
     const QRect arrow = context.style.subControlRect(
         QStyle::CC_ComboBox, combo, QStyle::SC_ComboBoxArrow, context.widget);
     drawChevron(
-        painter, arrow, Qt::DownArrow, ink(option.palette.color(QPalette::ButtonText), mood));
+        painter, arrow, Qt::DownArrow, ink(option.palette.color(QPalette::ButtonText), state));
 }
 
 void drawComboBoxLabel(const QStyleOption& option, QPainter& painter, const Context& context)
@@ -141,7 +141,7 @@ void drawComboBoxLabel(const QStyleOption& option, QPainter& painter, const Cont
     QRect text = context.style.subControlRect(
         QStyle::CC_ComboBox, combo, QStyle::SC_ComboBoxEditField, context.widget);
     if (!combo->currentIcon.isNull()) {
-        const QIcon::Mode mode = moodOf(option).enabled ? QIcon::Normal : QIcon::Disabled;
+        const QIcon::Mode mode = stateOf(option).enabled ? QIcon::Normal : QIcon::Disabled;
         QRect icon(text.topLeft(), QSize(combo->iconSize.width(), text.height()));
         icon = QStyle::visualRect(option.direction, text, icon);
         drawSharp(
@@ -156,7 +156,7 @@ void drawComboBoxLabel(const QStyleOption& option, QPainter& painter, const Cont
         static_cast<int>(
             QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter)),
         option.palette,
-        moodOf(option).enabled,
+        stateOf(option).enabled,
         option.fontMetrics.elidedText(combo->currentText, Qt::ElideRight, text.width()),
         QPalette::ButtonText);
 }

@@ -66,10 +66,10 @@ void drawFrame(const QStyleOption& option, QPainter& painter, const Context& con
     if (frame && frame->lineWidth == 0) {
         return;
     }
-    const bool edited = moodOf(option).focused
+    const bool edited = stateOf(option).focused
                         && qobject_cast<const QAbstractScrollArea*>(context.widget)
-                        && moodOf(option).keyboard;
-    strokeRounded(painter, option.rect, 0.0, edited ? focusColor() : edge(option));
+                        && stateOf(option).keyboard;
+    strokeRounded(painter, option.rect, 0.0, edited ? accentColor() : edge(option));
 }
 
 void drawShapedFrame(const QStyleOption& option, QPainter& painter, const Context& context)
@@ -86,7 +86,7 @@ void drawShapedFrame(const QStyleOption& option, QPainter& painter, const Contex
         break;
     default: drawFrame(option, painter, context); break;
     }
-    if (!moodOf(option).enabled && paintsPastTheStyle(context.widget)) {
+    if (!stateOf(option).enabled && paintsPastTheStyle(context.widget)) {
         // Deliberately left on: the widget draws its contents next, with this painter.
         painter.setOpacity(painter.opacity() * kDisabledOpacity);
     }
@@ -130,14 +130,14 @@ void drawFocusRect(const QStyleOption& option, QPainter& painter, const Context&
     if (!option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
         return;
     }
-    strokeRounded(painter, option.rect, kSmallRadius, focusColor());
+    strokeRounded(painter, option.rect, kSmallRadius, accentColor());
 }
 
 void drawSplitter(const QStyleOption& option, QPainter& painter, const Context&)
 {
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     painter.fillRect(option.rect, option.palette.color(QPalette::Shadow));
-    if (mood.hovered || mood.pressed) {
+    if (state.hovered || state.pressed) {
         const bool upright = option.state.testFlag(QStyle::State_Horizontal);
         const QRectF rect = option.rect;
         const QPointF middle = rect.center();
@@ -194,7 +194,7 @@ void drawSizeGrip(const QStyleOption& option, QPainter& painter, const Context&)
 
 void drawRubberBand(const QStyleOption& option, QPainter& painter, const Context&)
 {
-    const QColor accent = focusColor();
+    const QColor accent = accentColor();
     fillSharp(painter, option.rect, translucent(accent, 0.18));
     strokeRounded(painter, option.rect, 0.0, accent);
 }
@@ -205,7 +205,7 @@ void drawNothing(const QStyleOption&, QPainter&, const Context&)
 void drawArrow(const QStyleOption& option, QPainter& painter, Qt::ArrowType direction)
 {
     const QColor color = option.palette.color(QPalette::ButtonText);
-    drawChevron(painter, option.rect, direction, ink(color, moodOf(option)));
+    drawChevron(painter, option.rect, direction, ink(color, stateOf(option)));
 }
 
 } // namespace ui::style

@@ -29,7 +29,7 @@ QPalette::ColorRole textRole(const QStyleOption& option)
 
 QColor textColor(const QStyleOption& option)
 {
-    return ink(option.palette.color(textRole(option)), moodOf(option));
+    return ink(option.palette.color(textRole(option)), stateOf(option));
 }
 
 void drawPanel(const QStyleOption& option, QPainter& painter, const QColor& ground)
@@ -199,10 +199,10 @@ void drawMenuBarItem(const QStyleOption& option, QPainter& painter, const Contex
         return;
     }
     painter.fillRect(option.rect, option.palette.color(QPalette::Window));
-    const Mood mood = moodOf(option);
-    if (mood.enabled && option.state.testFlag(QStyle::State_Selected)) {
+    const WidgetState state = stateOf(option);
+    if (state.enabled && option.state.testFlag(QStyle::State_Selected)) {
         const QColor ground =
-            option.palette.color(mood.pressed ? QPalette::Highlight : QPalette::Button);
+            option.palette.color(state.pressed ? QPalette::Highlight : QPalette::Button);
         fillRounded(painter, QRectF(option.rect).adjusted(1, 2, -1, -2), kRadius, ground);
     }
     int flags = Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextDontClip | Qt::TextSingleLine;
@@ -210,12 +210,12 @@ void drawMenuBarItem(const QStyleOption& option, QPainter& painter, const Contex
         flags |= Qt::TextHideMnemonic;
     }
     if (!item->icon.isNull()) {
-        const QIcon::Mode mode = mood.enabled ? QIcon::Normal : QIcon::Disabled;
+        const QIcon::Mode mode = state.enabled ? QIcon::Normal : QIcon::Disabled;
         drawSharp(painter, centeredSquare(option.rect, 16), item->icon, mode);
         return;
     }
     context.style.drawItemText(
-        &painter, option.rect, flags, option.palette, mood.enabled, item->text, textRole(option));
+        &painter, option.rect, flags, option.palette, state.enabled, item->text, textRole(option));
 }
 
 void drawMenuBarGround(const QStyleOption& option, QPainter& painter, const Context&)

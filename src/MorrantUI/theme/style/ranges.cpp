@@ -101,7 +101,7 @@ void drawTicks(const QStyleOptionSlider& slider, QPainter& painter, const Contex
 
 void drawSliderHandle(const QStyleOptionSlider& slider, QPainter& painter, const QRectF& handle)
 {
-    const Mood mood = moodOf(slider);
+    const WidgetState state = stateOf(slider);
     const double side = std::min(handle.width(), handle.height());
     const QRectF knob = centeredSquare(handle, side);
     const QColor ground = slider.palette.color(QPalette::Window);
@@ -109,8 +109,8 @@ void drawSliderHandle(const QStyleOptionSlider& slider, QPainter& painter, const
     fillRounded(painter, knob, side / 2, ground);
     const QRectF disc = knob.adjusted(1, 1, -1, -1);
     const QColor fill = slider.palette.color(QPalette::Light);
-    fillRounded(painter, disc, side / 2, shade(fill, mood));
-    if (mood.keyboard) {
+    fillRounded(painter, disc, side / 2, shade(fill, state));
+    if (state.keyboard) {
         drawFocusRing(painter, knob, side / 2);
     }
 }
@@ -172,10 +172,10 @@ void drawScrollBar(const QStyleOption& option, QPainter& painter, const Context&
     const QRectF pill =
         handle.adjusted(kHandleMargin, kHandleMargin, -kHandleMargin, -kHandleMargin);
     const bool active = slider->activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
-    const Mood mood = moodOf(option);
-    const double strength = active && mood.pressed ? 0.5 : (active && mood.hovered ? 0.36 : 0.22);
+    const WidgetState state = stateOf(option);
+    const double strength = active && state.pressed ? 0.5 : (active && state.hovered ? 0.36 : 0.22);
     const QColor fill = translucent(option.palette.color(QPalette::Text), strength);
-    fillRounded(painter, pill, std::min(pill.width(), pill.height()) / 2, ink(fill, mood));
+    fillRounded(painter, pill, std::min(pill.width(), pill.height()) / 2, ink(fill, state));
 }
 
 void drawSlider(const QStyleOption& option, QPainter& painter, const Context& context)
@@ -189,18 +189,18 @@ void drawSlider(const QStyleOption& option, QPainter& painter, const Context& co
     const QRectF handle = context.style.subControlRect(
         QStyle::CC_Slider, slider, QStyle::SC_SliderHandle, context.widget);
     const QRectF groove = grooveOf(*slider, area);
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     if (slider->subControls.testFlag(QStyle::SC_SliderTickmarks)) {
         drawTicks(*slider, painter, context);
     }
     if (slider->subControls.testFlag(QStyle::SC_SliderGroove)) {
         fillRounded(
-            painter, groove, kGroove / 2, ink(option.palette.color(QPalette::Midlight), mood));
+            painter, groove, kGroove / 2, ink(option.palette.color(QPalette::Midlight), state));
         fillRounded(
             painter,
             filledPart(*slider, groove, handle),
             kGroove / 2,
-            ink(option.palette.color(QPalette::Highlight), mood));
+            ink(option.palette.color(QPalette::Highlight), state));
     }
     if (slider->subControls.testFlag(QStyle::SC_SliderHandle)) {
         drawSliderHandle(*slider, painter, handle);
@@ -213,14 +213,14 @@ void drawDial(const QStyleOption& option, QPainter& painter, const Context& cont
     if (!dial) {
         return;
     }
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     const QRectF face = centeredSquare(option.rect, option.rect.width()).adjusted(3, 3, -3, -3);
     const double range = std::max(1.0, double(dial->maximum) - dial->minimum);
     const double share = (double(dial->sliderPosition) - dial->minimum) / range;
     const double turned = kDialSweep * (dial->upsideDown ? share : 1.0 - share);
     const double first = 270.0 - (360.0 - kDialSweep) / 2; // degrees, counter-clockwise from east
     const auto arc = [&](double degrees, const QColor& color) {
-        painter.setPen(QPen(ink(color, mood), 3.0, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(ink(color, state), 3.0, Qt::SolidLine, Qt::RoundCap));
         painter.drawArc(face, qRound(first * 16), qRound(-degrees * 16));
     };
     const QRectF knob = face.adjusted(5, 5, -5, -5);
@@ -228,8 +228,8 @@ void drawDial(const QStyleOption& option, QPainter& painter, const Context& cont
         painter,
         knob,
         knob.width() / 2,
-        shade(groundOf(option, QPalette::Button, context.widget), mood));
-    const PainterState state(painter);
+        shade(groundOf(option, QPalette::Button, context.widget), state));
+    const PainterState saved(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     arc(kDialSweep, option.palette.color(QPalette::Midlight));
@@ -238,10 +238,10 @@ void drawDial(const QStyleOption& option, QPainter& painter, const Context& cont
     const QPointF towards(std::cos(angle), -std::sin(angle));
     const double radius = knob.width() / 2;
     painter.setPen(
-        QPen(ink(option.palette.color(QPalette::Light), mood), 2.0, Qt::SolidLine, Qt::RoundCap));
+        QPen(ink(option.palette.color(QPalette::Light), state), 2.0, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(
         knob.center() + towards * radius * 0.45, knob.center() + towards * (radius - 2));
-    if (mood.keyboard) {
+    if (state.keyboard) {
         drawFocusRing(painter, knob, radius);
     }
 }
@@ -259,9 +259,9 @@ void drawProgressContents(const QStyleOption& option, QPainter& painter, const C
     if (!bar) {
         return;
     }
-    const QColor fill = ink(option.palette.color(QPalette::Highlight), moodOf(option));
+    const QColor fill = ink(option.palette.color(QPalette::Highlight), stateOf(option));
     const QRectF chunk = progressChunk(*bar);
-    const PainterState state(painter);
+    const PainterState saved(painter);
     QPainterPath clip;
     clip.addRoundedRect(option.rect, kRadius, kRadius);
     painter.setClipPath(clip, Qt::IntersectClip);
@@ -281,14 +281,14 @@ void drawProgressLabel(const QStyleOption& option, QPainter& painter, const Cont
     }
     const QRectF chunk = progressChunk(*bar);
     const auto write = [&](const QRegion& where, QPalette::ColorRole role) {
-        const PainterState state(painter);
+        const PainterState saved(painter);
         painter.setClipRegion(where, Qt::IntersectClip);
         context.style.drawItemText(
             &painter,
             option.rect,
             Qt::AlignCenter,
             option.palette,
-            moodOf(option).enabled,
+            stateOf(option).enabled,
             bar->text,
             role);
     };

@@ -22,35 +22,43 @@ QColor withValue(const QColor& color, double percent)
 
 } // namespace
 
-Mood moodOf(const QStyleOption& option)
+WidgetState stateOf(const QStyleOption& option)
 {
-    const QStyle::State state = option.state;
-    const bool enabled = state.testFlag(QStyle::State_Enabled);
-    const bool focused = enabled && state.testFlag(QStyle::State_HasFocus);
+    const QStyle::State flags = option.state;
+    const bool enabled = flags.testFlag(QStyle::State_Enabled);
+    const bool focused = enabled && flags.testFlag(QStyle::State_HasFocus);
     return {
         .enabled = enabled,
-        .hovered = enabled && state.testFlag(QStyle::State_MouseOver),
-        .pressed = enabled && state.testFlag(QStyle::State_Sunken),
+        .hovered = enabled && flags.testFlag(QStyle::State_MouseOver),
+        .pressed = enabled && flags.testFlag(QStyle::State_Sunken),
         .focused = focused,
-        .keyboard = focused && state.testFlag(QStyle::State_KeyboardFocusChange),
-        .on = state.testFlag(QStyle::State_On),
+        .keyboard = focused && flags.testFlag(QStyle::State_KeyboardFocusChange),
+        .on = flags.testFlag(QStyle::State_On),
     };
 }
 
-QColor shade(const QColor& fill, const Mood& mood)
+WidgetState stateOf(const QWidget& widget, bool pressed)
 {
-    if (!mood.enabled) {
-        return faded(fill);
-    }
-    if (mood.pressed) {
-        return withValue(fill, kPressedValue);
-    }
-    return mood.hovered ? withValue(fill, kHoverValue) : fill;
+    QStyleOption option;
+    option.initFrom(&widget);
+    option.state.setFlag(QStyle::State_Sunken, pressed);
+    return stateOf(option);
 }
 
-QColor ink(const QColor& color, const Mood& mood)
+QColor shade(const QColor& fill, const WidgetState& state)
 {
-    return mood.enabled ? color : faded(color);
+    if (!state.enabled) {
+        return faded(fill);
+    }
+    if (state.pressed) {
+        return withValue(fill, kPressedValue);
+    }
+    return state.hovered ? withValue(fill, kHoverValue) : fill;
+}
+
+QColor ink(const QColor& color, const WidgetState& state)
+{
+    return state.enabled ? color : faded(color);
 }
 
 QColor faded(const QColor& color)
@@ -78,10 +86,10 @@ QColor groundOf(const QStyleOption& option, QPalette::ColorRole role, const QWid
 QColor edge(const QStyleOption& option)
 {
     return ink(
-        translucent(option.palette.color(QPalette::Midlight), kEdgeStrength), moodOf(option));
+        translucent(option.palette.color(QPalette::Midlight), kEdgeStrength), stateOf(option));
 }
 
-QColor focusColor()
+QColor accentColor()
 {
     return colorQt(QStringLiteral("Accent1"));
 }

@@ -12,7 +12,7 @@ namespace ui::style {
 using ui::kDisabledOpacity;
 
 /// What a control's state does to its colours, read once from the option.
-struct Mood
+struct WidgetState
 {
     bool enabled = true;
     bool hovered = false;  ///< never when disabled
@@ -21,14 +21,16 @@ struct Mood
     bool keyboard = false; ///< focused, and the window's focus last moved by a key
     bool on = false;
 };
-Mood moodOf(const QStyleOption& option);
+WidgetState stateOf(const QStyleOption& option);
+/// Of a widget that draws itself, as the application style would see it.
+WidgetState stateOf(const QWidget& widget, bool pressed = false);
 
 /// The fill of a control in its state: brighter under the pointer, darker when pressed, faint when
 /// disabled. Keeps the colour's own alpha.
-QColor shade(const QColor& fill, const Mood& mood);
+QColor shade(const QColor& fill, const WidgetState& state);
 
 /// The colour of text, marks and icons in a state: as it is, or faded when disabled.
-QColor ink(const QColor& color, const Mood& mood);
+QColor ink(const QColor& color, const WidgetState& state);
 
 /// Faded to the strength of a disabled control.
 QColor faded(const QColor& color);
@@ -45,8 +47,8 @@ QColor groundOf(const QStyleOption& option, QPalette::ColorRole role, const QWid
 /// The edge of fields, frames and panels.
 QColor edge(const QStyleOption& option);
 
-/// Keyboard focus and the edge of a field being edited.
-QColor focusColor();
+/// The theme's accent: keyboard focus, the edge of a field being edited, marks of what is active.
+QColor accentColor();
 
 /// Ground of switched-on buttons and of hovered rows: the theme's quiet highlight.
 QColor quietHighlight();

@@ -32,20 +32,21 @@ void drawTabShape(const QStyleOption& option, QPainter& painter, const Context&)
     if (!tab) {
         return;
     }
-    Mood mood = moodOf(option);
-    mood.pressed = false;
+    WidgetState state = stateOf(option);
+    state.pressed = false;
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     const Qt::Edge side = outerSide(tab->shape);
-    const PainterState state(painter);
+    const PainterState saved(painter);
     painter.setClipRect(option.rect, Qt::IntersectClip);
     const QRectF shape = openedAgainst(option.rect, side);
     if (selected) {
-        fillRounded(painter, shape, kRadius, ink(option.palette.color(QPalette::Window), mood));
-        drawSelectionEdge(painter, option.rect, side, mood.enabled);
+        fillRounded(painter, shape, kRadius, ink(option.palette.color(QPalette::Window), state));
+        drawSelectionEdge(painter, option.rect, side, state.enabled);
     } else {
-        fillRounded(painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), mood));
+        fillRounded(
+            painter, shape, kRadius, shade(colorQt(QStringLiteral("TabBackground")), state));
     }
-    if (mood.keyboard && selected) {
+    if (state.keyboard && selected) {
         drawFocusRing(painter, QRectF(option.rect).adjusted(2, 4, -2, -2));
     }
 }
@@ -64,7 +65,7 @@ void drawTabLabel(const QStyleOption& option, QPainter& painter, const Context& 
         label.palette.setColor(QPalette::WindowText, colorQt(QStringLiteral("HelperHints")));
     }
     // The base style places the icon itself, between device pixels at uneven ratios.
-    const PainterState state(painter);
+    const PainterState saved(painter);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     context.base.drawControl(QStyle::CE_TabBarTabLabel, &label, &painter, context.widget);
 }
@@ -81,13 +82,13 @@ void drawTabBarBase(const QStyleOption& option, QPainter& painter, const Context
 
 void drawTabClose(const QStyleOption& option, QPainter& painter, const Context&)
 {
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     const QRectF box = centeredSquare(option.rect, 16);
-    if (mood.hovered || mood.pressed) {
+    if (state.hovered || state.pressed) {
         fillRounded(
-            painter, box, kSmallRadius, shade(option.palette.color(QPalette::Button), mood));
+            painter, box, kSmallRadius, shade(option.palette.color(QPalette::Button), state));
     }
-    drawCross(painter, box, ink(option.palette.color(QPalette::WindowText), mood));
+    drawCross(painter, box, ink(option.palette.color(QPalette::WindowText), state));
 }
 
 } // namespace ui::style

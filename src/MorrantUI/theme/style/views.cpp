@@ -12,9 +12,9 @@ namespace {
 
 QColor headerGround(const QStyleOption& option)
 {
-    const Mood mood = moodOf(option);
+    const WidgetState state = stateOf(option);
     const QColor ground = colorQt(QStringLiteral("ElementHeader"));
-    return mood.enabled ? shade(ground, mood) : ground;
+    return state.enabled ? shade(ground, state) : ground;
 }
 
 QPalette fadedTexts(QPalette palette)
@@ -29,7 +29,7 @@ QPalette fadedTexts(QPalette palette)
 
 QColor selectedGround(const QStyleOptionViewItem& item)
 {
-    return ink(item.palette.color(QPalette::Highlight), moodOf(item));
+    return ink(item.palette.color(QPalette::Highlight), stateOf(item));
 }
 
 } // namespace
@@ -41,7 +41,7 @@ void drawItemGround(const QStyleOption& option, QPainter& painter, const Context
         return;
     }
     if (item->backgroundBrush.style() != Qt::NoBrush) {
-        const PainterState state(painter);
+        const PainterState saved(painter);
         painter.setBrushOrigin(item->rect.topLeft());
         painter.fillRect(item->rect, item->backgroundBrush);
     }
@@ -50,7 +50,7 @@ void drawItemGround(const QStyleOption& option, QPainter& painter, const Context
     const double radius = whole ? kSmallRadius : 0.0;
     if (item->state.testFlag(QStyle::State_Selected)) {
         fillRounded(painter, row, radius, selectedGround(*item));
-    } else if (moodOf(option).hovered) {
+    } else if (stateOf(option).hovered) {
         drawHoverWash(painter, row, radius);
     }
 }
@@ -81,7 +81,7 @@ void drawBranch(const QStyleOption& option, QPainter& painter, const Context&)
         painter,
         centeredSquare(option.rect, 12),
         open ? Qt::DownArrow : closedArrow,
-        ink(option.palette.color(QPalette::Text), moodOf(option)));
+        ink(option.palette.color(QPalette::Text), stateOf(option)));
 }
 
 void drawHeaderSection(const QStyleOption& option, QPainter& painter, const Context&)
@@ -118,7 +118,7 @@ void drawHeaderArrow(const QStyleOption& option, QPainter& painter, const Contex
         painter,
         centeredSquare(option.rect, 12),
         up ? Qt::UpArrow : Qt::DownArrow,
-        ink(option.palette.color(QPalette::ButtonText), moodOf(option)));
+        ink(option.palette.color(QPalette::ButtonText), stateOf(option)));
 }
 
 void drawDropIndicator(const QStyleOption& option, QPainter& painter, const Context&)

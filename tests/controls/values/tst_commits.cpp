@@ -1,0 +1,240 @@
+#include "controls/ControlBench.h"
+#include <MorrantUI/controls/values/AttributeRow.h>
+#include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/controls/values/RenamableLabel.h>
+#include <MorrantUI/controls/values/SliderField.h>
+
+using ui::test::Bench;
+
+namespace {
+
+/// What a user does, what the control says to that, and what its entry shows in the end; it shows
+/// "5.0" first.
+struct Case
+{
+    const char* script;
+    const char* said;
+    const char* shown;
+};
+
+QWidget* entryOf(LineEdit& field)
+{
+    field.setText(u"5.0"_qs);
+    return &field;
+}
+
+QWidget* entryOf(NumericField& field)
+{
+    field.setFieldType(NumericField::FloatingPoint);
+    field.setUsePointerLock(false);
+    field.setMax(100);
+    field.setValue(5);
+    return &field;
+}
+
+QWidget* entryOf(SliderField& slider)
+{
+    slider.setRange(0, 100);
+    slider.setStep(1);
+    slider.setDecimals(1);
+    slider.setValue(5);
+    slider.field()->setUsePointerLock(false);
+    return slider.field();
+}
+
+QWidget* entryOf(AttributeRow& row)
+{
+    return entryOf(*row.addField(5));
+}
+
+QWidget* entryOf(RenamableLabel& label)
+{
+    label.setText(u"5.0"_qs);
+    return &label;
+}
+
+QString shownBy(const QWidget& entry)
+{
+    return entry.property("text").toString();
+}
+
+void handBack(NumericField& field)
+{
+    field.setValue(field.value());
+}
+
+void handBack(SliderField& slider)
+{
+    slider.setValue(slider.value());
+}
+
+void handBack(AttributeRow& row)
+{
+    row.setValue(0, row.value(0));
+}
+
+template <typename Control, typename... Args>
+void play(const Case& wanted, void (*setUp)(Bench<Control>&), const Args&... args)
+{
+    Bench<Control> bench({300, 24}, args...);
+    bench.entry = entryOf(*bench.control);
+    setUp(bench);
+    bench.play(wanted.script);
+    const QByteArray script = wanted.script;
+    if (script.endsWith("Return") || script.endsWith("Escape")) {
+        QCOMPARE(bench.entry->hasFocus(), !script.startsWith("click"));
+    }
+    QCoreApplication::processEvents();
+    QVERIFY2(shownBy(*bench.entry) == QLatin1String(wanted.shown), wanted.script);
+    const QByteArray said = bench.said().replace('0', ""); // the index of the row's only field
+    QVERIFY2(said == wanted.said, (script + ": " + said).constData());
+}
+
+template <typename Control, typename... Args>
+void playAlone(const Case& wanted, const Args&... args)
+{
+    play<Control>(
+        wanted, [](Bench<Control>&) {}, args...);
+}
+
+/// For a host that hands back what it is told, which disturbs nothing, as well.
+template <typename Control, typename... Args>
+void playWithHosts(const Case& wanted, const Args&... args)
+{
+    playAlone<Control>(wanted, args...);
+    const auto echo = [](Bench<Control>& bench) {
+        bench.record.onSignal = [&bench] { handBack(*bench.control); };
+    };
+    play<Control>(wanted, echo, args...);
+}
+
+} // namespace
+
+/// When an edit is finished, and what that says, for everything that is typed into.
+class CommitTest : public ui::test::StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aChangeIsCommittedOnceAndEscapeTakesItBack()
+    {
+        const Case cases[] = {
+            {"in =7.0 Return", "C", "7.0"},
+            {"in =7.0 Return Return", "C", "7.0"},
+            {"in =7.0 Enter out in out", "C", "7.0"},
+            {"in =7.0 out", "C", "7.0"},
+            {"in =7.0 Tab", "C", "7.0"},
+            {"in =7.0 Return in =5.0 out", "CC", "5.0"},
+            {"in =7.0 =5.0 out", "", "5.0"},
+            {"in Return out", "", "5.0"},
+            {"in =7.0 Escape", "", "5.0"},
+            {"in =7.0 Escape Escape out", "", "5.0"}};
+        for (const Case& wanted : cases) {
+            playAlone<LineEdit>(wanted);
+            playWithHosts<NumericField>(wanted, 0.0);
+            playWithHosts<SliderField>(wanted);
+            playWithHosts<AttributeRow>(wanted, u"Size"_qs);
+            const QByteArray opening = QByteArray(wanted.script).replace("in ", "in F2 ");
+            if (!opening.contains("Return Return")) { // which opens it again
+                playAlone<RenamableLabel>({opening, wanted.said, wanted.shown});
+            }
+        }
+    }
+
+    void stepsAndExpressionsOfNumbersAreEdits()
+    {
+        const Case cases[] = {
+            {"in Up out", "sC", "6.0"},
+            {"in Up Shift+Up Ctrl+Down Return", "sC", "15.9"},
+            {"in Up Ctrl+Shift+Down out in out", "sC", "5.9"},
+            {"in Up Down out", "s", "5.0"},
+            {"in Up Escape Return out", "s", "5.0"},
+            {"in Up =7.0 Escape", "s", "5.0"},
+            {"in Up =7.0 out", "sC", "7.0"},
+            {"in =99.5 Return Up Up out", "CsC", "100.0"},
+            {"in =200 Return", "C", "100.0"},
+            {"in =-1,5*2+4 out", "C", "1.0"},
+            {"in =4+1 out", "", "5.0"},
+            {"in = Del Return out", "", "5.0"},
+            {"in = Del Escape", "", "5.0"},
+            {"click =7.0 Return", "C", "7.0"},
+            {"click =7.0 Escape", "", "5.0"},
+            {"click Escape", "", "5.0"},
+            {"=7.0 Return", "", "5.0"}}; // at rest it is not typed into
+        for (const Case& wanted : cases) {
+            playWithHosts<NumericField>(wanted, 0.0);
+            playWithHosts<SliderField>(wanted);
+            playWithHosts<AttributeRow>(wanted, u"Size"_qs);
+        }
+        playAlone<NumericField>({"Up in out", "s", "6.0"}, 0.0); // no end of an edit will follow
+    }
+
+    void anUndoAfterACommitIsAnEdit()
+    {
+        const auto commits = [](auto& bench) {
+            bench.entry = entryOf(*bench.control);
+            bench.play("in =7.0 Return Ctrl+Z");
+            QVERIFY(shownBy(*bench.entry) != u"7.0"_qs);
+            bench.play("out");
+            QCOMPARE(bench.said().replace('0', ""), QByteArray("CC"));
+        };
+        Bench<LineEdit> line({120, 24});
+        commits(line);
+        Bench<NumericField> number({120, 24}, 0.0);
+        commits(number);
+        line.play("in =two Return"); // which takes as many steps as the first edit did
+        QCOMPARE(line.said(), QByteArray("C"));
+    }
+
+    void disabledAndReadOnlyEntriesTakeNothing()
+    {
+        const Case wanted{"in =7.0 click Up Return F2 out", "", "5.0"};
+        const auto disable = [](auto& bench) { bench.window->setEnabled(false); };
+        play<LineEdit>(wanted, disable);
+        play<NumericField>(wanted, disable, 0.0);
+        play<SliderField>(wanted, disable);
+        play<AttributeRow>(wanted, disable, u"Size"_qs);
+        play<RenamableLabel>(wanted, disable);
+        play<LineEdit>({"in =7.0 Return out", "", "5.0"}, [](auto& bench) {
+            bench.control->setReadOnly(true);
+        });
+    }
+
+    void whatTheHostSetsWaitsForWhatIsTyped()
+    {
+        const Case cases[] = {// while "40+5" stands there and the host sets 70
+                              {"+0 Return", "C", "90.0"},
+                              {"out", "C", "45.0"}, // the user was last
+                              {"Escape", "", "70.0"},
+                              {"= Del out", "", "70.0"}};
+        const auto type = [](auto& bench) {
+            bench.play("in =40+5");
+            if constexpr (requires { bench.control->setRange(0, 1); }) {
+                bench.control->setDecimals(1); // other set-ups keep the text as well
+                bench.control->setSoftRange(10, 90);
+                bench.control->setValue(70);
+            } else {
+                bench.control->setValue(0, 70);
+            }
+            QCOMPARE(shownBy(*bench.entry), u"40+5"_qs);
+        };
+        for (const Case& wanted : cases) {
+            const auto check = [&](auto& bench) {
+                bench.entry = entryOf(*bench.control);
+                type(bench);
+                bench.play(wanted.script);
+                QTRY_COMPARE(shownBy(*bench.entry), QLatin1String(wanted.shown));
+                QCOMPARE(bench.said().replace('0', ""), QByteArray(wanted.said));
+            };
+            Bench<SliderField> slider({300, 24});
+            check(slider);
+            QCOMPARE(slider.control->value(), QByteArray(wanted.shown).toDouble());
+            Bench<AttributeRow> row({300, 24}, u"Size"_qs);
+            check(row);
+        }
+    }
+};
+
+const ui::test::Registration<CommitTest> kRegistration;
+
+#include "tst_commits.moc"
