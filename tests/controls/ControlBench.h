@@ -58,38 +58,33 @@ struct Bench
         press(at);
         pointer.release();
     }
-    void drag(QPoint from, QPoint to)
-    {
-        press(from);
-        pointer.dragTo(to);
-        pointer.release();
-    }
 
     /// What a user does, a word each: "in" by Tab, "out" to the other field, "click" into the
-    /// middle, "=text" over all that is there, "+text" at the caret, and keys by their names, such
-    /// as Shift+Up. They go to what has the focus in the control, else to `entry`.
+    /// middle of `entry`, "@5,10" presses there, ">40,10" drags there, "~40,10" goes there at once,
+    /// "up" releases, "[Shift]" holds that for the pointer, "=text" types over all that is there,
+    /// "+text" at the caret; other words are keys by their names, such as Shift+Up. They go to what
+    /// has the focus in the control, else to the entry. "#1" makes the second field (or button, in
+    /// a control without fields) the entry; "!reset" presses the button called "...: reset...".
     void play(const char* script)
     {
         for (const QString& word : QString::fromLatin1(script).split(u' ', Qt::SkipEmptyParts)) {
             if (!control || !entry) {
                 return;
             }
-            if (word == u"in"_qs) {
-                entry->setFocus(Qt::TabFocusReason);
-            } else if (word == u"out"_qs) {
-                other->setFocus();
-            } else if (word == u"click"_qs) {
-                FakePointer mouse(entry);
-                mouse.moveTo(entry->rect().center());
-                mouse.press();
-                mouse.release();
-            } else if (word.startsWith(u'=') || (word.size() > 1 && word.startsWith(u'+'))) {
-                type(word.mid(1), word.startsWith(u'='));
-            } else {
-                const QKeyCombination key = QKeySequence(word)[0];
-                QTest::keyClick(target(), key.key(), key.keyboardModifiers());
-            }
+            playWord(word, word.mid(1));
         }
+    }
+    /// Where keys and the pointer go: the control itself, or a part of it.
+    void setEntry(QWidget* widget)
+    {
+        entry = widget;
+        pointer = FakePointer(widget);
+    }
+    /// @return what the control says to that, and has said before
+    QByteArray after(const char* script)
+    {
+        play(script);
+        return record.take();
     }
 
     QWidget* target() const
@@ -108,12 +103,52 @@ struct Bench
     FakePointer pointer{control};
 
 private:
-    void type(const QString& text, bool overAll)
+    void playWord(const QString& word, const QString& rest)
     {
-        if (auto* const edit = qobject_cast<QLineEdit*>(target()); edit && overAll) {
-            edit->selectAll();
+        const auto point = [&rest] {
+            return QPoint(rest.section(u',', 0, 0).toInt(), rest.section(u',', 1).toInt());
+        };
+        if (word == u"in"_qs) {
+            entry->setFocus(Qt::TabFocusReason);
+        } else if (word == u"out"_qs) {
+            other->setFocus();
+        } else if (word == u"up"_qs) {
+            pointer.release();
+        } else if (word == u"click"_qs || word[0] == u'@') {
+            pointer.moveTo(word[0] == u'@' ? point() : entry->rect().center());
+            pointer.press();
+            word[0] == u'@' ? void() : pointer.release();
+        } else if (word[0] == u'>') {
+            pointer.dragTo(point());
+        } else if (word[0] == u'~') {
+            pointer.moveTo(point());
+        } else if (word[0] == u'[') {
+            pointer.setModifiers(
+                word == u"[Shift]"_qs  ? Qt::ShiftModifier
+                : word == u"[Ctrl]"_qs ? Qt::ControlModifier
+                                       : Qt::NoModifier);
+        } else if (word[0] == u'#') {
+            const auto fields = control->template findChildren<QLineEdit*>();
+            const auto buttons = control->template findChildren<QAbstractButton*>();
+            setEntry(
+                fields.isEmpty() ? static_cast<QWidget*>(buttons.value(rest.toInt()))
+                                 : fields.value(rest.toInt()));
+        } else if (word[0] == u'!') {
+            for (auto* const button : control->template findChildren<QAbstractButton*>()) {
+                if (button->accessibleName().contains(u": "_qs + rest)) {
+                    button->click();
+                    return;
+                }
+            }
+        } else if (word[0] == u'=' || (word[0] == u'+' && !rest.isEmpty())) {
+            if (auto* const edit = qobject_cast<QLineEdit*>(target()); edit && word[0] == u'=') {
+                edit->selectAll();
+            }
+            QTest::keyClicks(target(), rest);
+        } else {
+            const QKeyCombination key = QKeySequence(word)[0];
+            QTest::keyClick(target(), key.key(), key.keyboardModifiers());
         }
-        QTest::keyClicks(target(), text);
     }
 };
 

@@ -1,15 +1,6 @@
-#include "controls/StyledApplication.h"
-#include "support/FakeClock.h"
-#include "support/pixels.h"
+#include "controls/ControlBench.h"
 #include <MorrantUI/controls/buttons/CheckBox.h>
 #include <MorrantUI/controls/buttons/ToggleSwitch.h>
-#include <MorrantUI/controls/buttons/switchgeometry.h>
-#include <MorrantUI/theme/colors.h>
-
-#include <QtWidgets>
-
-#include <limits>
-#include <tuple>
 
 using ui::test::closeTo;
 
@@ -63,165 +54,114 @@ class TogglesTest : public ui::test::StyledTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void theKnobStaysInsideItsTrackAndIsMirrored();
-    void theKnobGlidesComesToRestAndTurnsRoundOnTheWay();
-    void theKnobJumpsWithoutAnimation();
-    void theTrackTakesTheHighlightWhenOn();
-    void keysAndClicksSwitchButReturnIsADialogsDefaultButtons();
-    void mixedIsAFindingUnlessOffered();
-    void assistiveToolsSeeWhatIsOn();
-};
-
-void TogglesTest::theKnobStaysInsideItsTrackAndIsMirrored()
-{
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const QRectF& bounds : {QRectF(0, 0, 100, 22), QRectF(3, 5, 10, 8), QRectF()}) {
-        for (const double position : {0.0, 0.3, 1.0, -2.0, 7.0, nan}) {
-            const auto parts = ui::switchParts(bounds, 16, position, Qt::LeftToRight);
-            const auto mirrored = ui::switchParts(bounds, 16, position, Qt::RightToLeft);
-            QVERIFY(parts.track.top() >= bounds.top() && parts.track.bottom() <= bounds.bottom());
-            QVERIFY(parts.track.contains(parts.knob) || parts.knob.isEmpty());
-            QVERIFY(parts.knob.width() == parts.knob.height() && parts.text.width() >= 0);
-            const double sum = bounds.left() + bounds.right();
-            QCOMPARE(mirrored.track.left(), sum - parts.track.right());
-            QCOMPARE(mirrored.knob.left(), sum - parts.knob.right());
-            QCOMPARE(mirrored.text.left(), sum - parts.text.right());
-        }
-    }
-    const auto off = ui::switchParts({0, 0, 100, 22}, 16, 0, Qt::LeftToRight);
-    const auto on = ui::switchParts({0, 0, 100, 22}, 16, 1, Qt::LeftToRight);
-    QCOMPARE(off.track, QRectF(0, 3, 28, 16));
-    QCOMPARE(off.knob, QRectF(2, 5, 12, 12));
-    QCOMPARE(on.knob, QRectF(14, 5, 12, 12));
-    QCOMPARE(on.text, QRectF(34, 0, 66, 22));
-}
-
-void TogglesTest::theKnobGlidesComesToRestAndTurnsRoundOnTheWay()
-{
-    TimedSwitch timed(1000);
-    QSignalSpy toggled(&timed.control, &QAbstractButton::toggled);
-    timed.control.click();
-    QCOMPARE(toggled.count(), 1);
-    timed.glide().pause();
-    timed.glide().setCurrentTime(300);
-    const double early = timed.control.knobPosition();
-    timed.glide().setCurrentTime(600);
-    QVERIFY(0.2 < early && early < timed.control.knobPosition());
-    QVERIFY(timed.control.knobPosition() < 1.0);
-    timed.glide().resume();
-    timed.clock.advanceAnimations(1000);
-    QCOMPARE(timed.control.knobPosition(), 1.0);
-    QVERIFY2(!timed.isGliding(), "nothing moves at idle");
-
-    timed.control.setChecked(false);
-    timed.glide().setCurrentTime(300);
-    const double reached = timed.control.knobPosition();
-    QVERIFY(reached < 0.8);
-    timed.control.setChecked(true);
-    QVERIFY(std::abs(timed.control.knobPosition() - reached) < 0.05);
-    timed.control.hide();
-    QCOMPARE(timed.control.knobPosition(), 1.0);
-    QVERIFY(!timed.isGliding());
-}
-
-void TogglesTest::theKnobJumpsWithoutAnimation()
-{
-    TimedSwitch still(0);
-    still.control.click();
-    QVERIFY(still.control.knobPosition() == 1.0 && !still.isGliding());
-
-    ToggleSwitch hidden;
-    const QSignalBlocker blocker(&hidden); // as hosts do when they push a value
-    hidden.setChecked(true);
-    QCOMPARE(hidden.knobPosition(), 1.0);
-}
-
-void TogglesTest::theTrackTakesTheHighlightWhenOn()
-{
-    ToggleSwitch control;
-    control.resize(control.sizeHint());
-    const auto at = [&](QPointF point) {
-        return ui::test::pixelAt(ui::test::renderWidget(control), point);
-    };
-    const QPointF offEnd(6, 11); // under the knob when off
-    const QPointF onEnd(22, 11);
-    QVERIFY(closeTo(at(offEnd), ui::colorQt(u"Light"_qs)));
-    QVERIFY(closeTo(at(onEnd), ui::colorQt(u"Base"_qs)));
-    control.setChecked(true);
-    QVERIFY(closeTo(at(offEnd), ui::colorQt(u"Highlight"_qs)) && closeTo(at(onEnd), Qt::white));
-    control.setEnabled(false);
-    QVERIFY(at(offEnd).alpha() < 128);
-}
-
-void TogglesTest::keysAndClicksSwitchButReturnIsADialogsDefaultButtons()
-{
-    QDialog dialog;
-    QPushButton accept(&dialog);
-    accept.setDefault(true);
-    QSignalSpy accepted(&accept, &QAbstractButton::clicked);
-    dialog.show();
-    for (QAbstractButton* toggle : std::initializer_list<QAbstractButton*>{
-             new ToggleSwitch(u"Loop"_qs, &dialog), new CheckBox(u"Visible"_qs, &dialog)})
+    void theKnobGlidesComesToRestAndTurnsRoundOnTheWay()
     {
-        QSignalSpy toggled(toggle, &QAbstractButton::toggled);
-        QTest::keyClick(toggle, Qt::Key_Return);
-        QCOMPARE(std::exchange(static_cast<QList<QVariantList>&>(accepted), {}).count(), 1);
-        QCOMPARE(toggled.count(), 0);
-        toggle->setParent(nullptr);
-        toggle->resize(toggle->sizeHint());
-        QTest::keyClick(toggle, Qt::Key_Space);
-        QTest::keyClick(toggle, Qt::Key_Return);
-        QTest::mouseClick(toggle, Qt::LeftButton, {}, {toggle->width() - 3, 10}); // on the text
-        QCOMPARE(toggled, QList<QVariantList>({{true}, {false}, {true}}));
-        toggle->setEnabled(false);
-        QTest::mouseClick(toggle, Qt::LeftButton);
-        QCOMPARE(toggled.count(), 3);
-        toggle->setParent(&dialog);
+        TimedSwitch timed(1000);
+        QSignalSpy toggled(&timed.control, &QAbstractButton::toggled);
+        timed.control.click();
+        QCOMPARE(toggled.count(), 1);
+        timed.glide().pause();
+        timed.glide().setCurrentTime(300);
+        const double early = timed.control.knobPosition();
+        timed.glide().setCurrentTime(600);
+        QVERIFY(0.2 < early && early < timed.control.knobPosition());
+        QVERIFY(timed.control.knobPosition() < 1.0);
+        timed.glide().resume();
+        timed.clock.advanceAnimations(1000);
+        QCOMPARE(timed.control.knobPosition(), 1.0);
+        QVERIFY2(!timed.isGliding(), "nothing moves at idle");
+
+        timed.control.setChecked(false);
+        timed.glide().setCurrentTime(300);
+        const double reached = timed.control.knobPosition();
+        QVERIFY(reached < 0.8);
+        timed.control.setChecked(true);
+        QVERIFY(std::abs(timed.control.knobPosition() - reached) < 0.05);
+        timed.control.hide();
+        QCOMPARE(timed.control.knobPosition(), 1.0);
+        QVERIFY(!timed.isGliding());
     }
-}
 
-void TogglesTest::mixedIsAFindingUnlessOffered()
-{
-    CheckBox box;
-    const auto statesOfClicks = [&box] {
-        QList<Qt::CheckState> states;
-        for (int i = 0; i < 4; ++i) {
-            box.click();
-            states << box.checkState();
+    void theKnobJumpsWithoutAnimation()
+    {
+        TimedSwitch still(0);
+        still.control.click();
+        QVERIFY(still.control.knobPosition() == 1.0 && !still.isGliding());
+
+        ToggleSwitch hidden;
+        const QSignalBlocker blocker(&hidden); // as hosts do when they push a value
+        hidden.setChecked(true);
+        QCOMPARE(hidden.knobPosition(), 1.0);
+    }
+
+    void theTrackTakesTheHighlightWhenOn()
+    {
+        ToggleSwitch control;
+        control.resize(control.sizeHint());
+        const auto at = [&](QPointF point) {
+            return ui::test::pixelAt(ui::test::renderWidget(control), point);
+        };
+        const QPointF offEnd(6, 11); // under the knob when off
+        const QPointF onEnd(22, 11);
+        QVERIFY(closeTo(at(offEnd), ui::colorQt(u"Light"_qs)));
+        QVERIFY(closeTo(at(onEnd), ui::colorQt(u"Base"_qs)));
+        control.setChecked(true);
+        QVERIFY(closeTo(at(offEnd), ui::colorQt(u"Highlight"_qs)) && closeTo(at(onEnd), Qt::white));
+        control.setEnabled(false);
+        QVERIFY(at(offEnd).alpha() < 128);
+    }
+
+    void keysAndClicksSwitchButReturnIsADialogsDefaultButtons()
+    {
+        QDialog dialog;
+        QPushButton accept(&dialog);
+        accept.setDefault(true);
+        QSignalSpy accepted(&accept, &QAbstractButton::clicked);
+        dialog.show();
+        for (QAbstractButton* toggle : std::initializer_list<QAbstractButton*>{
+                 new ToggleSwitch(u"Loop"_qs, &dialog), new CheckBox(u"Visible"_qs, &dialog)})
+        {
+            QSignalSpy toggled(toggle, &QAbstractButton::toggled);
+            QTest::keyClick(toggle, Qt::Key_Return);
+            QCOMPARE(std::exchange(static_cast<QList<QVariantList>&>(accepted), {}).count(), 1);
+            QCOMPARE(toggled.count(), 0);
+            toggle->setParent(nullptr);
+            toggle->resize(toggle->sizeHint());
+            QTest::keyClick(toggle, Qt::Key_Space);
+            QTest::keyClick(toggle, Qt::Key_Return);
+            QTest::mouseClick(toggle, Qt::LeftButton, {}, {toggle->width() - 3, 10}); // on the text
+            QCOMPARE(toggled, QList<QVariantList>({{true}, {false}, {true}}));
+            toggle->setEnabled(false);
+            QTest::mouseClick(toggle, Qt::LeftButton);
+            QCOMPARE(toggled.count(), 3);
+            toggle->setParent(&dialog);
         }
-        return states;
-    };
-    using Qt::Checked, Qt::Unchecked, Qt::PartiallyChecked;
-    box.setMixed();
-    QVERIFY(box.isMixed());
-    QSignalSpy changed(&box, &QCheckBox::stateChanged);
-    QCOMPARE(statesOfClicks(), QList({Checked, Unchecked, Checked, Unchecked}));
-    QCOMPARE(changed.count(), 4);
-    box.setMixedOffered(true);
-    QCOMPARE(statesOfClicks(), QList({PartiallyChecked, Checked, Unchecked, PartiallyChecked}));
-    box.setMixedOffered(false);
-    box.click();
-    QCOMPARE(box.checkState(), Checked);
-}
+    }
 
-void TogglesTest::assistiveToolsSeeWhatIsOn()
-{
-    ToggleSwitch control;
-    control.setToolTip(u"Loop"_qs);
-    QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&control);
-    QCOMPARE(seen->role(), QAccessible::CheckBox);
-    QCOMPARE(seen->text(QAccessible::Name), u"Loop"_qs);
-    seen->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    QTRY_VERIFY(seen->state().checked);
-
-    CheckBox box(u"&Visible"_qs);
-    box.setMixed();
-    QAccessibleInterface* const mixed = QAccessible::queryAccessibleInterface(&box);
-    QCOMPARE(mixed->text(QAccessible::Name), u"Visible"_qs);
-    QVERIFY(mixed->state().checkStateMixed && !mixed->state().checked);
-    box.click();
-    QVERIFY(!mixed->state().checkStateMixed && mixed->state().checked);
-}
+    void mixedIsAFindingUnlessOffered()
+    {
+        CheckBox box;
+        const auto statesOfClicks = [&box] {
+            QList<Qt::CheckState> states;
+            for (int i = 0; i < 4; ++i) {
+                box.click();
+                states << box.checkState();
+            }
+            return states;
+        };
+        using Qt::Checked, Qt::Unchecked, Qt::PartiallyChecked;
+        box.setMixed();
+        QVERIFY(box.isMixed());
+        QSignalSpy changed(&box, &QCheckBox::stateChanged);
+        QCOMPARE(statesOfClicks(), QList({Checked, Unchecked, Checked, Unchecked}));
+        QCOMPARE(changed.count(), 4);
+        box.setMixedOffered(true);
+        QCOMPARE(statesOfClicks(), QList({PartiallyChecked, Checked, Unchecked, PartiallyChecked}));
+        box.setMixedOffered(false);
+        box.click();
+        QCOMPARE(box.checkState(), Checked);
+    }
+};
 
 const ui::test::Registration<TogglesTest> kRegistration;
 

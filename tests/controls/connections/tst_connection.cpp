@@ -1,5 +1,5 @@
-#include "../KthSignal.h"
 #include "MorrantUI/controls/connections/connectiongeometry.h"
+#include "controls/KthSignal.h"
 #include "support/FakeClock.h"
 #include "support/FakePointer.h"
 #include "support/TestCase.h"

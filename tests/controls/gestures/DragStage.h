@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../KthSignal.h"
+#include "controls/KthSignal.h"
 #include "support/FakePointer.h"
 #include "support/FakePointerSystem.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>

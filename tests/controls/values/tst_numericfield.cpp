@@ -1,21 +1,60 @@
-#include "controls/PaintCounter.h"
-#include "controls/StyledApplication.h"
-#include "controls/values/NumericPanel.h"
+#include "controls/ControlBench.h"
+#include "support/FakePointerSystem.h"
+#include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
+#include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/controls/gestures/nativemouse.h>
+#include <MorrantUI/controls/values/NumericField.h>
 
-#include <QAccessible>
-#include <QElapsedTimer>
-#include <QMenu>
-#include <QShortcut>
+#include <functional>
 
-#include <limits>
-#include <tuple>
-
-using Panel = ui::test::NumericPanel;
+using ui::test::FakePointerSystem;
+using ui::test::kInfinity;
+using ui::test::kNaN;
+using Drive = morrant::native::PointerSystem::Drive;
 
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+Qt::KeyboardModifiers gHeldKeys;
+
+/// A floating-point field that is scrubbed from its left end.
+struct Panel : ui::test::Bench<NumericField>
+{
+    explicit Panel(double value = 5.0)
+        : Bench({100, 24}, 0.0)
+    {
+        control->setFieldType(NumericField::FloatingPoint);
+        control->setValue(value);
+    }
+
+    /// Presses and passes the drag distance.
+    void beginScrub()
+    {
+        press({5, 10});
+        scrubTo(0);
+    }
+    /// Pixels since the drag distance was passed.
+    void scrubTo(int distance)
+    {
+        pointer.moveTo({5 + QApplication::startDragDistance() + distance, 10});
+    }
+    void scrub(int distance)
+    {
+        beginScrub();
+        scrubTo(distance);
+        pointer.release();
+    }
+};
+
+using Door = std::function<void(Panel&)>;
+
+int takeOverrideCursors()
+{
+    int count = 0;
+    for (; QGuiApplication::overrideCursor(); ++count) {
+        QGuiApplication::restoreOverrideCursor();
+    }
+    return count;
+}
 
 } // namespace
 
@@ -24,264 +63,464 @@ class NumericFieldTest : public ui::test::StyledTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void limitsAndKindMayComeInAnyOrder();
-    void anyTextBecomesANumberAtOnce();
-    void tabEditsEverythingAndLeavingEndsTheEdit();
-    void stepsByKeyAreCommittedOnce();
-    void whatChangesNothingIsNotCommittedAndAnUndoIs();
-    void escapeTakesStepsBackWhateverTheHostEchoes();
-    void arrowsKeepTheSelectionAndWinOverShortcuts();
-    void nothingIsPaintedWithoutAChange();
-    void screenReadersReadAndSetTheNumber();
+    void init() override
+    {
+        StyledTestCase::init();
+        theme().setUsePointerLock(false);
+        gHeldKeys = Qt::NoModifier;
+        ui::setKeyboardModifiersQuery([] { return gHeldKeys; });
+    }
+    void cleanup() override
+    {
+        ui::setKeyboardModifiersQuery({});
+        QCOMPARE(takeOverrideCursors(), 0);
+        StyledTestCase::cleanup();
+    }
+
+    void limitsAndKindMayComeInAnyOrder()
+    {
+        QCOMPARE(NumericField(-0.5).text(), u"-1"_qs);
+        QCOMPARE(NumericField(1e12).value(), 2147483647.0);
+        NumericField field;
+        const ui::test::SignalRecord record(&field);
+        field.setMin(-1e12);
+        QCOMPARE(field.getMin(), -2147483648.0);
+        field.setFieldType(NumericField::FloatingPoint);
+        field.setMax(1e12);
+        field.setValue(5e11);
+        field.setFieldType(NumericField::Integer); // limits and text stay as they are
+        QCOMPARE(field.getMax(), 1e12);
+        QCOMPARE(field.text(), u"500000000000.0"_qs);
+        field.setValue(field.value());
+        QCOMPARE(field.text(), u"500000000000"_qs);
+
+        field.setMin(10);
+        field.setMax(-10);
+        field.setValue(3);
+        QCOMPARE(field.value(), -10.0);
+        field.setMin(kNaN);
+        field.setMax(kNaN);
+        field.setSoftMin(kNaN);
+        field.setSoftMax(kNaN);
+        field.setDragMultiplier(kInfinity);
+        QVERIFY(field.getMin() == 10.0 && field.getMax() == -10.0);
+        QCOMPARE(field.softMin(), std::numeric_limits<double>::lowest());
+        QCOMPARE(field.softMax(), std::numeric_limits<double>::max());
+        QCOMPARE(field.dragMultiplier(), 1.0);
+        for (const QString& text : {u"no number"_qs, u"nan"_qs}) {
+            field.setText(text);
+            QCOMPARE(field.value(), 0.0);
+        }
+        field.setStartValue(kInfinity);
+        QCOMPARE(field.startValue(), -10.0);
+        QCOMPARE(record.signalsSent, 0);
+    }
+
+    void anyTextBecomesANumberAtOnce()
+    {
+        const QString halfAPair = u"4"_qs + QChar(0xd83d); // of surrogates
+        const std::tuple<QString, const char*, bool> cases[] = {
+            {u"1,234"_qs, "1.234", true}, // the comma is never a grouping mark
+            {u"1,234.5"_qs, "1.234", false},
+            {u"12+"_qs, "12.0", false},
+            {u"1/0"_qs, "1.0", false},
+            {u"nan"_qs, "0.0", false},
+            {u"\u0663\u0664"_qs, "0.0", false}, // digits, but not ours
+            {halfAPair, "4.0", false},
+            {QString(20000, u'9'), "0.0", false},
+            {QString(20000, u','), "0.0", false}};
+        for (const auto& [typed, shown, isGood] : cases) {
+            Panel panel(9.0);
+            panel.play("in");
+            panel.control->insert(typed);
+            panel.play("Return out");
+            QCOMPARE(panel.control->text(), QLatin1String(shown));
+            QCOMPARE(panel.said(), QByteArray("C"));
+            const QStringList log = takeLog();
+            QCOMPARE(log.size(), isGood ? 0 : 1);
+            QVERIFY(isGood || log.front().startsWith(u"error: Inline Expression Error: "_qs));
+            QVERIFY(!panel.control->looksInvalid()); // errors are the log's alone
+        }
+    }
+
+    void tabEditsEverythingAndLeavingEndsTheEdit()
+    {
+        Panel panel;
+        for (const Qt::FocusReason reason : {Qt::TabFocusReason, Qt::BacktabFocusReason}) {
+            panel.control->setFocus(reason);
+            QVERIFY(!panel.control->isReadOnly());
+            QCOMPARE(panel.control->selectedText(), u"5.0"_qs);
+            QMenu menu(panel.control); // the field's own leaves it in edit mode, for its Paste
+            menu.addAction(u"Paste"_qs);
+            menu.popup(panel.control->mapToGlobal(QPoint(5, 5)));
+            QVERIFY(QTest::qWaitForWindowExposed(&menu));
+            QVERIFY(!panel.control->isReadOnly());
+            menu.close();
+            panel.play("out");
+            QVERIFY(panel.control->isReadOnly());
+        }
+        panel.control->setFocus(Qt::OtherFocusReason);
+        QVERIFY(panel.control->isReadOnly());
+        const QColor rest = panel.control->palette().color(QPalette::Base);
+        panel.play("@5,10 up");
+        QVERIFY(panel.control->palette().color(QPalette::Base).value() < rest.value());
+    }
+
+    void escapeTakesStepsBackWhateverTheHostMakesOfThem()
+    {
+        Panel panel;
+        panel.record.onSignal = [&] { // a host with a limit of its own
+            panel.control->setValue(std::min(panel.control->value(), 5.5));
+        };
+        panel.play("in");
+        panel.control->setValue(5.0);
+        QCOMPARE(panel.control->selectedText(), u"5.0"_qs); // nothing has changed
+        panel.play("Up");
+        QCOMPARE(panel.control->text(), u"5.5"_qs);
+        panel.play("+1/3 Escape");
+        QCOMPARE(panel.control->text(), u"5.0"_qs);
+        QCOMPARE(panel.record.signalsSent, 2); // the host follows
+        panel.play("Escape");
+        QCOMPARE(panel.record.signalsSent, 2);
+        panel.play("Up Return");
+        QCOMPARE(panel.control->text(), u"5.5"_qs);
+        QCOMPARE(panel.said(), QByteArray("sC"));
+        panel.record.onSignal = nullptr;
+        panel.play("Down");
+        panel.control->setValue(4); // by the host, after a step
+        panel.play("Escape");
+        QCOMPARE(panel.control->text(), u"4.0"_qs);
+        QCOMPARE(panel.said(), QByteArray("s"));
+    }
+
+    void arrowsKeepTheSelectionAndWinOverShortcuts()
+    {
+        Panel panel(99.5);
+        const QShortcut up(Qt::Key_Up, panel.window.get());
+        QSignalSpy activated(&up, &QShortcut::activated);
+        panel.play("in");
+        QTest::keyClick(panel.window->windowHandle(), Qt::Key_Up);
+        QCOMPARE(activated.size(), 0);
+        QCOMPARE(panel.control->selectedText(), u"100.5"_qs);
+        panel.control->setSelection(1, 2);
+        panel.play("Down");
+        QCOMPARE(panel.control->selectionStart(), 1);
+        QCOMPARE(panel.control->selectedText(), u"9."_qs);
+    }
+
+    void nothingIsPaintedWithoutAChange()
+    {
+        Panel panel;
+        ui::test::PaintCounter paints(panel.control);
+        paints.take();
+        panel.control->setValue(5.0001);
+        panel.control->setInvalid(false);
+        QCOMPARE(paints.take(), 0);
+        panel.control->setValue(6);
+        panel.control->setValue(7);
+        QCOMPARE(paints.take(), 1);
+        theme().setColor(u"Text"_qs, QColor(1, 2, 3));
+        panel.control->update();
+        paints.take();
+        QCOMPARE(panel.control->palette().color(QPalette::Text), QColor(1, 2, 3));
+        QCOMPARE(paints.take(), 0);
+    }
+
+    void aScrubFollowsThePointerFromTheDragDistanceOn()
+    {
+        Panel panel;
+        panel.play("@5,10");
+        panel.scrubTo(-1);
+        QCOMPARE(panel.record.signalsSent, 0);
+        panel.scrubTo(0);
+        for (int distance = 1; distance <= 30; ++distance) {
+            panel.scrubTo(distance);
+        }
+        panel.pointer.moveTo(panel.pointer.position() + QPoint(0, 40)); // sideways alone counts
+        QCOMPARE(panel.control->value(), 35.0);
+        QCOMPARE(panel.record.signalsSent, 1 + 32); // a step for each move, changed or not
+        panel.control->setValue(50);                // the next step knows better
+        panel.scrubTo(-20);
+        QCOMPARE(panel.control->value(), -15.0);
+        panel.play("up");
+        QCOMPARE(panel.said(), QByteArray("(s)"));
+        QVERIFY(panel.control->isReadOnly() && !panel.control->hasSelectedText());
+    }
+
+    void aScrubStartsAnewFromWhatIsShown()
+    {
+        Panel panel(8.0);
+        panel.control->setSoftMax(10);
+        panel.scrub(50);
+        QCOMPARE(panel.control->value(), 10.0);
+        panel.control->setValue(12.0);
+        panel.control->setDragMultiplier(-0.5);
+        panel.scrub(-50);
+        QCOMPARE(panel.control->value(), 37.0);
+        QCOMPARE(panel.control->startValue(), 12.0);
+        panel.control->setMax(100);
+        panel.control->setText(u"inf"_qs);
+        panel.scrub(20);
+        QCOMPARE(panel.control->value(), 90.0);
+
+        panel.said();
+        panel.control->setFocus(Qt::OtherFocusReason); // at rest
+        panel.play("Down");
+        panel.scrub(-2); // commits the step before it
+        QCOMPARE(panel.said(), QByteArray("sC(s)"));
+        panel.play("Escape out");
+        QCOMPARE(panel.control->text(), u"91.5"_qs);
+        QCOMPARE(panel.said(), QByteArray());
+    }
+
+    void modifiersRescaleTheWholeDistance()
+    {
+        Panel panel(0.0);
+        panel.beginScrub();
+        panel.play("[Shift]"); // what the event says does not count
+        const std::tuple<Qt::KeyboardModifiers, int, double> steps[] = {
+            {Qt::NoModifier, 21, 21.0},
+            {Qt::ShiftModifier, 22, 220.0},
+            {Qt::ShiftModifier | Qt::ControlModifier, 23, 2.3}};
+        for (const auto& [held, distance, expected] : steps) {
+            gHeldKeys = held;
+            panel.scrubTo(distance);
+            QCOMPARE(panel.control->value(), expected);
+        }
+        panel.play("up");
+    }
+
+    void aLeftClickInsideEditsWhereItFell()
+    {
+        Panel panel(1234.0);
+        NumericField& field = *panel.control;
+        const QPoint place(25, 10);
+        panel.click(place);
+        QCOMPARE(field.cursorPosition(), field.cursorPositionAt(place));
+        QVERIFY(!field.isReadOnly() && field.hasFocus());
+        QVERIFY(field.cursorPosition() > 0 && !field.hasSelectedText());
+        panel.play("Return"); // nothing changed, but the edit is over
+        QVERIFY(field.isReadOnly() && !field.hasFocus());
+        QCOMPARE(panel.said(), QByteArray());
+
+        field.setContextMenuPolicy(Qt::NoContextMenu);
+        panel.pointer.press(Qt::RightButton);
+        panel.pointer.release(Qt::RightButton);
+        QCOMPARE(takeLog(), QStringList{u"debug: right click"_qs});
+        panel.play("@1,1 ~-3,1 up");
+        panel.beginScrub(); // which the right button may end, but not wedge
+        panel.pointer.press(Qt::RightButton);
+        panel.play("up");
+        panel.pointer.release(Qt::RightButton);
+        QCOMPARE(takeLog().size(), 1);
+        QCOMPARE(panel.said(), QByteArray("(s)"));
+        QVERIFY(field.isReadOnly());
+
+        panel.beginScrub();
+        field.setEnabled(false);
+        panel.play("@20,10 up");
+        QVERIFY(field.isReadOnly());
+        field.setEnabled(true); // it has not seen the release
+        panel.play("@20,10 up");
+        QVERIFY(!field.isReadOnly());
+        panel.play("in @5,10 out up");
+        QVERIFY(field.isReadOnly());
+    }
+
+    void aQuickSecondPressDragsAgain()
+    {
+        Panel panel;
+        panel.scrub(1);
+        const QPointF at(5, 10);
+        QMouseEvent second(
+            QEvent::MouseButtonDblClick,
+            at,
+            panel.control->mapToGlobal(at),
+            Qt::LeftButton,
+            Qt::LeftButton,
+            Qt::NoModifier);
+        QCoreApplication::sendEvent(panel.control, &second);
+        panel.scrubTo(0);
+        panel.scrubTo(2);
+        QTest::mouseRelease(panel.control, Qt::LeftButton);
+        QCOMPARE(panel.control->value(), 8.0);
+        QCOMPARE(panel.said(), QByteArray("(s)(s)"));
+    }
+
+    void inEditModeTheMouseSelectsText()
+    {
+        Panel panel(1234.0);
+        const Door ways[] = {
+            [](Panel& one) { one.play("in"); },
+            [](Panel& one) { one.click(QPoint(90, 10)); },
+            [](Panel& one) { one.control->setReadOnly(false); }, // by the host
+            [](Panel& one) {
+                one.control->setReadOnly(false);
+                one.control->setUsePointerLock(false); // a new filter keeps to the mode
+            }};
+        for (const Door& enter : ways) {
+            panel.play("out");
+            enter(panel);
+            panel.scrub(60);
+            QVERIFY(panel.control->hasSelectedText());
+            QCOMPARE(panel.control->text(), u"1234.0"_qs);
+        }
+        QCOMPARE(panel.said(), QByteArray());
+        panel.control->setReadOnly(true);
+        panel.scrub(6);
+        QCOMPARE(panel.control->text(), u"1240.0"_qs);
+    }
+
+    /// The field's own doors, and two of those that all gestures have.
+    void everyDoorEndsADragAndNoneButTheReleaseIsAClick_data()
+    {
+        QTest::addColumn<Door>("leave");
+        const std::pair<const char*, Door> doors[] = {
+            {"release", [](Panel& panel) { panel.pointer.release(); }},
+            {"delete the window", [](Panel& panel) { panel.window.reset(); }},
+            {"other pointer lock", [](Panel& panel) { panel.control->setUsePointerLock(false); }},
+            {"theme's pointer lock", [this](Panel&) { theme().setUsePointerLock(true); }},
+            {"context menu",
+             [](Panel& panel) { Q_EMIT panel.control->customContextMenuRequested({}); }},
+            {"escape",
+             [](Panel& panel) { QTest::keyClick(panel.window->windowHandle(), Qt::Key_Escape); }}};
+        for (const auto& [name, leave] : doors) {
+            QTest::newRow(name) << leave;
+        }
+    }
+    void everyDoorEndsADragAndNoneButTheReleaseIsAClick()
+    {
+        QFETCH(const Door, leave);
+        FakePointerSystem system(Drive::Warps);
+        QApplication::setOverrideCursor(Qt::WaitCursor); // the host's own, to be left alone
+        Panel panel;
+        panel.control->setUsePointerLock(true);
+        panel.beginScrub();
+        panel.scrubTo(3);
+        QCOMPARE(system.hides, 1);
+        QVERIFY(QApplication::overrideCursor()->shape() != Qt::WaitCursor);
+        leave(panel);
+        QCOMPARE(panel.said(), QByteArray("(s)"));
+        QVERIFY(system.isFree());
+        const QCursor* cursor = QApplication::overrideCursor();
+        QVERIFY(cursor && cursor->shape() == Qt::WaitCursor);
+        QCOMPARE(takeOverrideCursors(), 1);
+        theme().setUsePointerLock(false);
+        if (!panel.control) {
+            return;
+        }
+        panel.scrubTo(9); // what comes late moves nothing
+        panel.play("up");
+        QCOMPARE(panel.control->value(), 8.0);
+        panel.play("in out"); // for the context menu, which leaves the field in edit mode
+        panel.scrub(1);       // and the next drag does
+        QCOMPARE(panel.control->value(), 9.0);
+        QCOMPARE(panel.said(), QByteArray("(s)"));
+
+        panel.play("@5,10");
+        leave(panel);
+        panel.play("up");
+        const bool isClick = !panel.control->isReadOnly() && panel.control->hasFocus();
+        QCOMPARE(isClick, QLatin1String(QTest::currentDataTag()) == QLatin1String("release"));
+        theme().setUsePointerLock(false);
+    }
+
+    void aSlotMayReplaceTheFilter()
+    {
+        for (const int moment : {1, 2, 3}) {
+            Panel panel;
+            panel.record.onSignal = [&] {
+                if (panel.record.signalsSent == moment) {
+                    panel.control->setUsePointerLock(false);
+                }
+            };
+            panel.scrub(7);
+            QCOMPARE(panel.record.take().replace('s', ""), QByteArray("()"));
+        }
+    }
+
+    void aContextMenuCancelsEverything()
+    {
+        FakePointerSystem system(Drive::Warps);
+        Panel panel;
+        hideNativeMouse();
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        panel.play("in +6");
+        Q_EMIT panel.control->customContextMenuRequested({});
+        QCOMPARE(takeOverrideCursors(), 1);
+        QCOMPARE(panel.said(), QByteArray("C)"));
+        QCOMPARE(panel.control->cursor().shape(), Qt::ArrowCursor);
+        QVERIFY(!panel.control->isReadOnly() && !panel.control->hasFocus());
+        QVERIFY(!panel.control->findChild<MouseWrapDragFilter*>()->isEnabled());
+        QCOMPARE(system.hides, 0);
+        panel.play("@20,10 up"); // the field looks editable, so it is
+        QVERIFY(panel.control->hasFocus() && !panel.control->isReadOnly());
+        panel.play("Return");
+        panel.scrub(1);
+        QCOMPARE(panel.control->value(), 7.0);
+    }
+
+    void theThemesPointerLockIsFollowed()
+    {
+        FakePointerSystem system(Drive::Warps);
+        Panel panel; // made while it was off
+        for (const bool lock : {false, true, false, true}) {
+            theme().setUsePointerLock(lock);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(panel.control->findChildren<MouseWrapDragFilter*>().size(), 1);
+            panel.beginScrub();
+            QCOMPARE(system.hides, lock ? 1 : 0);
+            panel.play("up");
+        }
+    }
+
+    void theCursorTellsTheMode()
+    {
+        Panel panel;
+        NumericField& field = *panel.control;
+        const auto cursorOnEnter = [&] {
+            QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+            QCoreApplication::sendEvent(&field, &enter);
+            return field.cursor();
+        };
+        const QCursor scrub = cursorOnEnter();
+        QCOMPARE(scrub.shape(), Qt::BitmapCursor);
+        const QSizeF size = scrub.pixmap().deviceIndependentSize();
+        QCOMPARE(scrub.hotSpot(), QPoint(int(size.width()) / 2, int(size.height()) / 2));
+        panel.play("@5,10 up");
+        QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
+        QCOMPARE(cursorOnEnter().shape(), Qt::IBeamCursor);
+        panel.play("out");
+        QCOMPARE(field.cursor(), scrub);
+        field.setFocus(Qt::OtherFocusReason); // at rest
+        QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
+        panel.beginScrub();
+        panel.play("in"); // too late to edit
+        QVERIFY(field.isReadOnly());
+        panel.play("up");
+        field.setEnabled(false);
+        QCOMPARE(cursorOnEnter().shape(), Qt::PointingHandCursor);
+    }
 };
 
-void NumericFieldTest::limitsAndKindMayComeInAnyOrder()
+/// In a host that has not built its theme yet.
+class NumericFieldWithoutThemeTest : public ui::test::TestCase
 {
-    QCOMPARE(NumericField(-0.5).text(), u"-1"_qs);
-    QCOMPARE(NumericField(1e12).value(), 2147483647.0);
-    NumericField field;
-    QSignalSpy values(&field, &LineEdit::valueChanged);
-    field.setMin(-1e12);
-    QCOMPARE(field.getMin(), -2147483648.0);
-    field.setFieldType(NumericField::FloatingPoint);
-    field.setMax(1e12);
-    field.setValue(5e11);
-    field.setFieldType(NumericField::Integer); // limits and text stay as they are
-    QCOMPARE(field.getMax(), 1e12);
-    QCOMPARE(field.text(), u"500000000000.0"_qs);
-    field.setValue(field.value());
-    QCOMPARE(field.text(), u"500000000000"_qs);
+    Q_OBJECT
 
-    field.setMin(10);
-    field.setMax(-10);
-    field.setValue(3);
-    QCOMPARE(field.value(), -10.0);
-    field.setMin(kNaN);
-    field.setMax(kNaN);
-    field.setSoftMin(kNaN);
-    field.setSoftMax(kNaN);
-    field.setDragMultiplier(kInfinity);
-    QVERIFY(field.getMin() == 10.0 && field.getMax() == -10.0);
-    QCOMPARE(field.softMin(), std::numeric_limits<double>::lowest());
-    QCOMPARE(field.softMax(), std::numeric_limits<double>::max());
-    QCOMPARE(field.dragMultiplier(), 1.0);
-    for (const QString& text : {u"no number"_qs, u"nan"_qs}) {
-        field.setText(text);
-        QCOMPARE(field.value(), 0.0);
+private Q_SLOTS:
+    void thePointerIsLocked()
+    {
+        FakePointerSystem system(Drive::Warps);
+        Panel panel;
+        panel.beginScrub();
+        QCOMPARE(system.hides, 1);
+        panel.play("up");
     }
-    field.setStartValue(kInfinity);
-    QCOMPARE(field.startValue(), -10.0);
-    QCOMPARE(values.size(), 0);
-}
+};
 
-void NumericFieldTest::anyTextBecomesANumberAtOnce()
-{
-    const QString halfAPair = u"4"_qs + QChar(0xd83d); // of surrogates
-    const std::tuple<QString, const char*, bool> cases[] = {
-        {u"7"_qs, "7.0", true},
-        {u"1,5*2"_qs, "3.0", true},
-        {u"1,234"_qs, "1.234", true}, // the comma is never a grouping mark
-        {u"200"_qs, "100.0", true},   // limited
-        {u"   "_qs, "0.0", false},
-        {u"12+"_qs, "12.0", false},
-        {u"abc"_qs, "0.0", false},
-        {u"1,234.5"_qs, "1.234", false},
-        {u"1/0"_qs, "1.0", false},
-        {u"inf"_qs, "0.0", false},
-        {u"nan"_qs, "0.0", false},
-        {u"\u0663\u0664"_qs, "0.0", false}, // digits, but not ours
-        {halfAPair, "4.0", false},
-        {QString(20000, u'9'), "0.0", false},
-        {QString(20000, u','), "0.0", false}};
-    for (const auto& [typed, shown, isGood] : cases) {
-        Panel panel(9.0);
-        panel.field->setMax(100);
-        panel.enterByTab();
-        panel.field->insert(typed);
-        QElapsedTimer timer;
-        timer.start();
-        panel.key(Qt::Key_Return);
-        QVERIFY(timer.elapsed() < 2000);
-        QCOMPARE(panel.field->text(), QLatin1String(shown));
-        panel.other->setFocus();
-        QCOMPARE(panel.values, QList<QVariantList>{{true}});
-
-        const QStringList log = takeLog();
-        QCOMPARE(log.size(), isGood ? 0 : 1);
-        QVERIFY(isGood || log.front().startsWith(u"error: Inline Expression Error: "_qs));
-        QVERIFY(!panel.field->looksInvalid()); // errors are the log's alone
-    }
-}
-
-void NumericFieldTest::tabEditsEverythingAndLeavingEndsTheEdit()
-{
-    Panel panel;
-    for (const Qt::FocusReason reason : {Qt::TabFocusReason, Qt::BacktabFocusReason}) {
-        panel.field->setFocus(reason);
-        QVERIFY(!panel.field->isReadOnly());
-        QCOMPARE(panel.field->selectedText(), u"5.0"_qs);
-        QMenu menu(panel.field); // the field's own leaves it in edit mode, for its Paste
-        menu.addAction(u"Paste"_qs);
-        menu.popup(panel.field->mapToGlobal(QPoint(5, 5)));
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
-        QVERIFY(!panel.field->isReadOnly());
-        menu.close();
-        panel.other->setFocus();
-        QVERIFY(panel.field->isReadOnly());
-    }
-    panel.field->setFocus(Qt::OtherFocusReason);
-    QVERIFY(panel.field->isReadOnly());
-    const QColor rest = panel.field->palette().color(QPalette::Base);
-    panel.click({5, 10});
-    QVERIFY(panel.field->palette().color(QPalette::Base).value() < rest.value());
-}
-
-void NumericFieldTest::stepsByKeyAreCommittedOnce()
-{
-    Panel panel;
-    panel.enterByTab();
-    panel.key(Qt::Key_Up);
-    panel.key(Qt::Key_Up, Qt::ShiftModifier);
-    panel.key(Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(panel.field->text(), u"15.9"_qs);
-    panel.other->setFocus();
-    QCOMPARE(panel.values, (QList<QVariantList>{{false}, {false}, {false}, {true}}));
-
-    panel.key(Qt::Key_Up); // at rest, without the focus
-    QCOMPARE(panel.field->text(), u"16.9"_qs);
-    panel.enterByTab();
-    panel.other->setFocus();
-    QCOMPARE(panel.values.size(), 5);
-}
-
-void NumericFieldTest::whatChangesNothingIsNotCommittedAndAnUndoIs()
-{
-    Panel panel;
-    panel.field->setMax(6);
-    panel.enterByTab();
-    panel.field->clear();
-    panel.key(Qt::Key_Return);
-    QVERIFY(panel.field->text().isEmpty() && panel.field->value() == 0.0);
-    panel.other->setFocus();
-    QCOMPARE(panel.field->text(), u"5.0"_qs);
-    QCOMPARE(panel.values.size(), 0);
-    panel.enterByTab();
-    panel.key(Qt::Key_Up);
-    panel.key(Qt::Key_Return);
-    QCOMPARE(panel.values, (QList<QVariantList>{{false}, {true}}));
-    panel.key(Qt::Key_Up); // at the maximum
-    panel.other->setFocus();
-    panel.enterByTab();
-    panel.key(Qt::Key_Down);
-    panel.key(Qt::Key_Up); // and back
-    panel.other->setFocus();
-    panel.enterByTab();
-    panel.key(Qt::Key_Down);
-    panel.field->setValue(4); // by the host, after a step
-    panel.key(Qt::Key_Escape);
-    QCOMPARE(panel.field->text(), u"4.0"_qs);
-    QCOMPARE(panel.values.mid(2), QList<QVariantList>(4, {false}));
-
-    panel.values.clear();
-    panel.field->selectAll();
-    QTest::keyClicks(panel.field, u"2.0"_qs); // which fixup() has nothing to add to
-    panel.key(Qt::Key_Return);
-    QCOMPARE(panel.values.size(), 1);
-    QTest::keySequence(panel.field, QKeySequence::Undo);
-    QVERIFY(panel.field->text() != u"2.0"_qs);
-    panel.other->setFocus();
-    QCOMPARE(panel.values, (QList<QVariantList>{{true}, {true}}));
-}
-
-void NumericFieldTest::escapeTakesStepsBackWhateverTheHostEchoes()
-{
-    Panel panel;
-    connect(panel.field, &LineEdit::valueChanged, panel.field, [&] {
-        panel.field->setValue(
-            std::min(panel.field->value(), 5.5)); // a host with a limit of its own
-    });
-    panel.enterByTab();
-    panel.field->setValue(5.0);
-    QCOMPARE(panel.field->selectedText(), u"5.0"_qs); // nothing has changed
-    panel.key(Qt::Key_Up);
-    QCOMPARE(panel.field->text(), u"5.5"_qs);
-    QTest::keyClicks(panel.field, u"1/3"_qs);
-    panel.key(Qt::Key_Escape);
-    QCOMPARE(panel.field->text(), u"5.0"_qs);
-    QCOMPARE(panel.values, (QList<QVariantList>{{false}, {false}})); // the host follows
-    panel.key(Qt::Key_Escape);
-    QCOMPARE(panel.values.size(), 2);
-
-    panel.key(Qt::Key_Up);
-    panel.key(Qt::Key_Return);
-    QCOMPARE(panel.field->text(), u"5.5"_qs);
-    QCOMPARE(panel.values.last(), QVariantList{true});
-}
-
-void NumericFieldTest::arrowsKeepTheSelectionAndWinOverShortcuts()
-{
-    Panel panel(99.5);
-    const QShortcut up(Qt::Key_Up, panel.window.get());
-    QSignalSpy activated(&up, &QShortcut::activated);
-    panel.enterByTab();
-    QTest::keyClick(panel.window->windowHandle(), Qt::Key_Up);
-    QCOMPARE(activated.size(), 0);
-    QCOMPARE(panel.field->selectedText(), u"100.5"_qs);
-    panel.field->setSelection(1, 2);
-    panel.key(Qt::Key_Down);
-    QCOMPARE(panel.field->selectionStart(), 1);
-    QCOMPARE(panel.field->selectedText(), u"9."_qs);
-}
-
-void NumericFieldTest::nothingIsPaintedWithoutAChange()
-{
-    Panel panel;
-    ui::test::PaintCounter paints(panel.field);
-    paints.take();
-    panel.field->setValue(5.0001);
-    panel.field->setInvalid(false);
-    QCOMPARE(paints.take(), 0);
-    panel.field->setValue(6);
-    panel.field->setValue(7);
-    QCOMPARE(paints.take(), 1);
-    theme().setColor(u"Text"_qs, QColor(1, 2, 3));
-    panel.field->update();
-    paints.take();
-    QCOMPARE(panel.field->palette().color(QPalette::Text), QColor(1, 2, 3));
-    QCOMPARE(paints.take(), 0);
-}
-
-void NumericFieldTest::screenReadersReadAndSetTheNumber()
-{
-    Panel panel;
-    panel.field->setMin(-10);
-    panel.field->setMax(100);
-    panel.field->setDragMultiplier(-0.5);
-    panel.field->setToolTip(u"Opacity"_qs);
-    QAccessibleInterface* const spinBox = QAccessible::queryAccessibleInterface(panel.field);
-    QCOMPARE(spinBox->role(), QAccessible::SpinBox);
-    QCOMPARE(spinBox->text(QAccessible::Name), u"Opacity"_qs);
-    QCOMPARE(spinBox->text(QAccessible::Value), u"5.0"_qs);
-    QAccessibleValueInterface& number = *spinBox->valueInterface();
-    const QVariantList numbers{
-        number.currentValue(),
-        number.minimumValue(),
-        number.maximumValue(),
-        number.minimumStepSize()};
-    QCOMPARE(numbers, (QVariantList{5.0, -10.0, 100.0, 0.5}));
-
-    number.setCurrentValue(-1.25e-1);
-    QCOMPARE(panel.field->text(), u"-0.125"_qs);
-    number.setCurrentValue(1e20);
-    QCOMPARE(panel.field->value(), 100.0);
-    QCOMPARE(panel.values, (QList<QVariantList>{{true}, {true}}));
-
-    QAccessibleTextInterface& text = *spinBox->textInterface();
-    text.setSelection(0, 1, 3);
-    QCOMPARE(panel.field->selectedText(), text.text(1, 3));
-    QCOMPARE(text.offsetAtPoint(text.characterRect(0).center() - QPoint(1, 0)), 0);
-}
-
+const ui::test::Registration<NumericFieldWithoutThemeTest> kNoThemeRegistration(
+    ui::test::RunOrder::First);
 const ui::test::Registration<NumericFieldTest> kRegistration;
 
 #include "tst_numericfield.moc"
