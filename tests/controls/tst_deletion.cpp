@@ -185,7 +185,7 @@ private Q_SLOTS:
             source.setFocus();
             QTest::keyClicks(&source, u"x"_qs);
             connect(&source, &LineEdit::valueChanged, this, [&] { delete bench.control.data(); });
-            bench.play("@5,10");
+            bench.play("@5,10 up");
             QVERIFY(!bench.control);
         }
     }

@@ -494,6 +494,7 @@ private Q_SLOTS:
         QCOMPARE(field.cursor(), scrub);
         field.setFocus(Qt::OtherFocusReason); // at rest
         QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
+        panel.play("out");
         panel.beginScrub();
         panel.play("in"); // too late to edit
         QVERIFY(field.isReadOnly());

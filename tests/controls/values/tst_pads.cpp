@@ -191,12 +191,12 @@ private Q_SLOTS:
 
         pad.setYDownwards(false);
         pad.setRange({-1, -1}, {1, 1});
-        pad.setValue({0.1, 0.2});
+        pad.setValue({0.1, 1.0 / 3.0});
         bench.play("@53,43 [Shift] >73,53");
         QVERIFY(pad.value().x > 0.5);
-        QCOMPARE(pad.value().y, 0.2); // to the last bit
+        QVERIFY(pad.value().y == 1.0 / 3.0); // to the last bit
         bench.play(">63,73");
-        QCOMPARE(pad.value().x, 0.1); // the other axis is the longer one now
+        QVERIFY(pad.value().x == 0.1); // the other axis is the longer one now
         QVERIFY(pad.value().y < -0.3);
         QTest::keyRelease(&pad, Qt::Key_Shift); // free again, without a movement
         QVERIFY(pad.value().x > 0.2);
