@@ -5,6 +5,7 @@
 #include "MorrantUI/controls/values/padpaint.h"
 #include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/controls/values/valueformat.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>

@@ -6,6 +6,7 @@
 #include "MorrantUI/theme/style/pixelgrid.h"
 #include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/controls/values/valueformat.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QPainter>
