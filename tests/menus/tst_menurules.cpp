@@ -15,14 +15,7 @@ private Q_SLOTS:
 
 void MenuRulesTest::onlyTextIsSearchedFor()
 {
-    struct Case
-    {
-        int key;
-        Qt::KeyboardModifiers modifiers;
-        QString text;
-        MenuKey meaning;
-    };
-    const Case cases[] = {
+    const std::tuple<int, Qt::KeyboardModifiers, QString, MenuKey> cases[] = {
         {Qt::Key_Enter, Qt::KeypadModifier, u"\r"_qs, MenuKey::Trigger},
         {Qt::Key_Down, Qt::NoModifier, u""_qs, MenuKey::Next},
         {Qt::Key_Up, Qt::ShiftModifier, u""_qs, MenuKey::Previous},
@@ -41,8 +34,8 @@ void MenuRulesTest::onlyTextIsSearchedFor()
         {Qt::Key_Delete, Qt::NoModifier, u"\u007f"_qs, MenuKey::Other},
         {0, Qt::NoModifier, u"a\t"_qs, MenuKey::Other},
     };
-    for (const Case& c : cases) {
-        QVERIFY2(menuKey(c.key, c.modifiers, c.text) == c.meaning, qPrintable(c.text));
+    for (const auto& [key, modifiers, text, meaning] : cases) {
+        QVERIFY2(menuKey(key, modifiers, text) == meaning, qPrintable(text));
     }
 }
 

@@ -224,28 +224,36 @@ bool ContextMenu::answerMnemonic(const QKeyEvent& event)
 
 // Triggering
 
-/// Lets QMenu act on a row as on a plain one, which it cannot tell a rich row to be.
-template <typename Act>
-void ContextMenu::actOn(QAction* row, Act&& act)
+/// Lets QMenu close everything and note the row for exec(), and triggers the row when QMenu is
+/// done: a slot may then delete the menu, which QMenu would go on using. Where a menu above takes
+/// part, all of it is QMenu's.
+void ContextMenu::activate(QAction& row)
 {
-    const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-    if (item == nullptr || item->menu() == nullptr || !item->hasMainTrigger()) {
-        if (item == nullptr || item->hasMainTrigger() || item->menu() != nullptr) {
-            act();
-        }
-        return;
-    }
-    // QMenu triggers no row that has a submenu. It gets it back before any slot runs.
-    const auto giveBack = [action = QPointer<QAction>(row), menu = QPointer<QMenu>(row->menu())] {
-        if (action && menu) {
-            action->setMenu(menu);
+    const QPointer<QAction> action(&row);
+    const QPointer<QMenu> submenu(row.menu());
+    const auto giveBack = [action, submenu] {
+        if (action && submenu) {
+            action->setMenu(submenu);
         }
     };
-    const auto connection = connect(this, &QMenu::aboutToHide, this, giveBack);
-    row->setMenu(nullptr);
-    act();
-    disconnect(connection);
+    const auto hiding = connect(this, &QMenu::aboutToHide, this, giveBack);
+    const bool checked = row.isChecked();
+    const bool alone = ui::menus::openerOf(*this) == nullptr;
+    const bool wasBlocked = alone && row.blockSignals(true);
+    if (submenu) {
+        row.setMenu(nullptr); // QMenu triggers no row that has one
+    }
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QMenu::keyPressEvent(&enter);
+    disconnect(hiding);
+    if (alone && action) {
+        action->setChecked(checked);
+        action->blockSignals(wasBlocked);
+    }
     giveBack();
+    if (alone && action) {
+        action->trigger();
+    }
 }
 
 void ContextMenu::triggerActive(QKeyEvent* event)
@@ -255,13 +263,16 @@ void ContextMenu::triggerActive(QKeyEvent* event)
         return;
     }
     const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-    if (RolloverButton* const chosen = item ? item->m_row->chosenSubAction() : nullptr) {
+    RolloverButton* const chosen = item != nullptr ? item->m_row->chosenSubAction() : nullptr;
+    if (chosen != nullptr) {
         if (!event->isAutoRepeat()) {
             chosen->click();
         }
-        return;
+    } else if (item != nullptr ? item->hasMainTrigger() : row->menu() == nullptr) {
+        activate(*row);
+    } else if (row->menu() != nullptr) {
+        QMenu::keyPressEvent(event); // opens it
     }
-    actOn(row, [this, event] { QMenu::keyPressEvent(event); });
 }
 
 void ContextMenu::mousePressEvent(QMouseEvent* event)
@@ -284,7 +295,15 @@ void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
             return;
         }
     }
-    actOn(row, [this, event] { QMenu::mouseReleaseEvent(event); });
+    if (item != nullptr && !item->hasMainTrigger()) {
+        return;
+    }
+    const bool triggers = item != nullptr || (row != nullptr && row->menu() == nullptr);
+    if (pressed && triggers && row == activeAction() && isSelectable(*row)) {
+        activate(*row);
+    } else {
+        QMenu::mouseReleaseEvent(event);
+    }
 }
 
 // Rows
@@ -335,6 +354,7 @@ void ContextMenu::actionEvent(QActionEvent* event)
     m_pictureColumn = -1;
     QMenu::actionEvent(event);
     if (isVisible()) {
+        ui::menus::keepOnScreen(*this);
         arrangeRows();
     }
 }

@@ -56,8 +56,7 @@ private:
     void triggerActive(QKeyEvent* event);
     bool stepSubAction(const QKeyEvent& event);
     bool answerMnemonic(const QKeyEvent& event);
-    template <typename Act>
-    void actOn(QAction* row, Act&& act);
+    void activate(QAction& row);
 
     int pictureColumn() const;
     void arrangeRows();

@@ -10,6 +10,12 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr int kMostChars = 400; ///< that are measured: more than fit into the widest label
+
+} // namespace
+
 ContextMenuLabel::ContextMenuLabel(QWidget* parent)
     : QLabel(parent)
 {
@@ -44,7 +50,8 @@ void ContextMenuLabel::setAccented(bool accented)
 
 QSize ContextMenuLabel::sizeHint() const
 {
-    const QSize text = fontMetrics().size(Qt::TextSingleLine | Qt::TextShowMnemonic, this->text());
+    const QSize text = fontMetrics().size(
+        Qt::TextSingleLine | Qt::TextShowMnemonic, this->text().left(kMostChars));
     const int most = ui::style::widestMenuText(fontMetrics());
     return {std::min(text.width() + 1, most), text.height()};
 }
@@ -56,7 +63,8 @@ QSize ContextMenuLabel::minimumSizeHint() const
 
 QString ContextMenuLabel::shownText() const
 {
-    return fontMetrics().elidedText(text(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    return fontMetrics().elidedText(
+        text().left(kMostChars), Qt::ElideRight, width(), Qt::TextShowMnemonic);
 }
 
 bool ContextMenuLabel::event(QEvent* event)

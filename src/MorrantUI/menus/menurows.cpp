@@ -16,19 +16,6 @@ namespace ui::menus {
 
 namespace {
 
-/// The menu in which `menu` is the open submenu; null if there is none.
-QMenu* openerOf(const QMenu& menu)
-{
-    const QList<QObject*> holders = menu.menuAction()->associatedObjects();
-    for (QObject* const holder : holders) {
-        auto* const above = qobject_cast<QMenu*>(holder);
-        if (above != nullptr && above->isVisible()) {
-            return above;
-        }
-    }
-    return nullptr;
-}
-
 bool hasPlace(const QAction* action)
 {
     return action->isVisible();
@@ -94,7 +81,20 @@ void layOutAgain(QMenu& menu)
     if (!rows.isEmpty()) {
         QActionEvent changed(QEvent::ActionChanged, rows.constFirst());
         QCoreApplication::sendEvent(&menu, &changed);
+        keepOnScreen(menu);
     }
+}
+
+void keepOnScreen(QMenu& menu)
+{
+    const QRect screen = menu.screen()->availableGeometry();
+    QRect place = menu.geometry();
+    if (!menu.isVisible() || (place.top() >= screen.top() && place.bottom() <= screen.bottom())) {
+        return;
+    }
+    place.setHeight(std::min(place.height(), screen.height()));
+    place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
+    menu.setGeometry(place);
 }
 
 void clipWidgetRows(QMenu& menu)
@@ -115,6 +115,18 @@ void clipWidgetRows(QMenu& menu)
             widget->clearMask();
         }
     }
+}
+
+QMenu* openerOf(const QMenu& menu)
+{
+    const QList<QObject*> holders = menu.menuAction()->associatedObjects();
+    for (QObject* const holder : holders) {
+        auto* const above = qobject_cast<QMenu*>(holder);
+        if (above != nullptr && above->isVisible()) {
+            return above;
+        }
+    }
+    return nullptr;
 }
 
 void closeAll(QMenu* menu)

@@ -97,7 +97,8 @@ QString shownText(const QStyleOptionMenuItem& item, int room)
         return text; // which is not worth measuring
     }
     const int most = std::min(room, widestMenuText(item.fontMetrics) + 1);
-    return item.fontMetrics.elidedText(text, Qt::ElideRight, most, Qt::TextShowMnemonic);
+    return item.fontMetrics.elidedText(
+        text.left(10 * kMenuShortText), Qt::ElideRight, most, Qt::TextShowMnemonic);
 }
 
 void drawTexts(const QStyleOptionMenuItem& item, QPainter& painter, const Context& context)
