@@ -8,4 +8,9 @@ namespace ui {
 /// the first call that finds the file; until then the system's cursor for horizontal sizing.
 QCursor scrubCursor();
 
+/// The open hand of a view that can be panned, and the closed one that pans it, held likewise:
+/// "icons:cursors/pan.png" and "icons:cursors/pan-grab.png", until then the system's hands.
+QCursor panCursor();
+QCursor panGrabCursor();
+
 } // namespace ui

@@ -1,0 +1,82 @@
+#include "MorrantUI/scene/GraphicsView.h"
+
+#include "MorrantUI/controls/gestures/gesturedoors.h"
+#include "MorrantUI/scene/wheel.h"
+#include <MorrantUI/theme/OverrideCursor.h>
+
+#include <QEvent>
+#include <QGraphicsItem>
+#include <QGraphicsScene>
+#include <QWheelEvent>
+
+GraphicsView::GraphicsView(QWidget* parent)
+    : QGraphicsView(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setFrameShadow(QFrame::Plain);
+}
+
+GraphicsView::~GraphicsView() = default;
+
+QRectF GraphicsView::getVisibleRect() const
+{
+    return mapToScene(QRect(QPoint(0, 0), viewport()->size())).boundingRect();
+}
+
+void GraphicsView::changeMouse(const QCursor& cursor)
+{
+    if (m_cursor) {
+        m_cursor->change(cursor);
+    } else {
+        m_cursor = std::make_unique<ui::OverrideCursor>(cursor);
+    }
+}
+
+void GraphicsView::restoreMouse()
+{
+    m_cursor.reset();
+}
+
+void GraphicsView::startHandPan()
+{
+    setDragMode(ScrollHandDrag);
+    // An interactive view would hand the press to the item below the pointer.
+    setInteractive(false);
+}
+
+void GraphicsView::endHandPan()
+{
+    setInteractive(true);
+    setDragMode(RubberBandDrag);
+}
+
+void GraphicsView::scrollByShare(const QWheelEvent& event, double share)
+{
+    QWheelEvent scaled(
+        event.position(),
+        event.globalPosition(),
+        ui::wheelShare(event.pixelDelta(), share),
+        ui::wheelShare(event.angleDelta(), share),
+        event.buttons(),
+        event.modifiers(),
+        event.phase(),
+        event.inverted());
+    QGraphicsView::wheelEvent(&scaled);
+}
+
+void GraphicsView::abandonGesture()
+{
+    restoreMouse();
+    endHandPan();
+    if (scene() != nullptr && scene()->mouseGrabberItem() != nullptr) {
+        scene()->mouseGrabberItem()->ungrabMouse();
+    }
+}
+
+bool GraphicsView::event(QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut || ui::endsGesture(*this, *event)) {
+        abandonGesture();
+    }
+    return QGraphicsView::event(event);
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QCursor>
+#include <QGraphicsView>
+
+#include <memory>
+
+namespace ui {
+class OverrideCursor;
+}
+
+/// The base of the animation editors' views: no frame, an application-wide cursor while something
+/// is dragged, panning by hand from any place, and one door through which every gesture ends that
+/// lost the mouse.
+///
+/// The override cursor and the state of a gesture never outlive the pointer's leaving, the view's
+/// being hidden or disabled, the loss of the focus or its window's, or the view itself.
+class MORRANT_UI_EXPORT GraphicsView : public QGraphicsView
+{
+    Q_OBJECT
+
+public:
+    explicit GraphicsView(QWidget* parent = nullptr);
+    ~GraphicsView() override;
+
+    /// What of the scene the viewport covers, in scene units.
+    QRectF getVisibleRect() const;
+
+protected:
+    /// Installs the application's override cursor, or changes the one that is installed.
+    void changeMouse(const QCursor& cursor);
+    /// Takes the override cursor away.
+    void restoreMouse();
+    bool hasOverrideCursor() const { return m_cursor != nullptr; }
+
+    /// Lets the coming press pan the view, even when it is on an item that would take it.
+    void startHandPan();
+    /// Back to the rubber band. Without a pan it only sets the mode.
+    void endHandPan();
+
+    /// Hands a wheel event to QGraphicsView with a share of its distance.
+    void scrollByShare(const QWheelEvent& event, double share);
+
+    /// The mouse or the keyboard is lost in mid-gesture: everything held ends here. An override
+    /// calls this one, which gives back cursor, pan and grab.
+    virtual void abandonGesture();
+
+    bool event(QEvent* event) override;
+
+private:
+    std::unique_ptr<ui::OverrideCursor> m_cursor;
+};

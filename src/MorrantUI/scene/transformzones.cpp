@@ -1,0 +1,33 @@
+#include "MorrantUI/scene/transformzones.h"
+
+#include <cmath>
+
+namespace ui {
+
+TransformZone transformZone(double x, const QRectF& tool, double scale)
+{
+    const double reach = kTransformEdge / scale;
+    if (std::abs(x - tool.left()) < reach) {
+        return TransformZone::LeftEdge;
+    }
+    return std::abs(x - tool.right()) < reach ? TransformZone::RightEdge : TransformZone::Body;
+}
+
+QRectF transformRect(const QRectF& selection)
+{
+    return selection.adjusted(0.0, -kTransformReach, 0.0, kTransformReach);
+}
+
+QPainterPath transformBar(const QRectF& tool, double edge, TransformZone side)
+{
+    const bool left = side == TransformZone::LeftEdge;
+    const QRectF bar(left ? tool.left() : tool.right() - edge, tool.top(), edge, tool.height());
+    QPainterPath round;
+    // The radius across is in scene units, the one down in pixels of a scale of 1.
+    round.addRoundedRect(bar, edge, kTransformEdge);
+    QPainterPath inner;
+    inner.addRect(bar.adjusted(left ? edge / 2.0 : 0.0, 0.0, left ? 0.0 : -edge / 2.0, 0.0));
+    return round.united(inner);
+}
+
+} // namespace ui

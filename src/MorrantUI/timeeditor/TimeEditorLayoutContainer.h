@@ -1,0 +1,36 @@
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QGraphicsWidget>
+
+class QGraphicsLinearLayout;
+class TimeEditorBaseItem;
+
+/// The stack of rows in a TimeEditorScene: from y 0 downwards without gaps, each as tall as its
+/// item's rectangle. Draws a fine line below each row.
+class MORRANT_UI_EXPORT TimeEditorLayoutContainer : public QGraphicsWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TimeEditorLayoutContainer(QGraphicsItem* parent = nullptr);
+    ~TimeEditorLayoutContainer() override;
+
+    /// Vertical, without spacing or margins; belongs to the container.
+    QGraphicsLinearLayout* linearLayout() const { return m_layout; }
+
+    /// Appends a row, which then belongs to the container, below an item of its own that stands for
+    /// several rows. It is at its place at once. Null, and a row that is in the stack already, are
+    /// ignored.
+    void addRow(TimeEditorBaseItem* row);
+
+    /// Where rows end: the y below the last one.
+    double rowsBottom() const;
+
+    QRectF boundingRect() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+
+private:
+    QGraphicsLinearLayout* m_layout;
+};

@@ -1,0 +1,275 @@
+#include "MorrantUI/timeeditor/TimeEditorScene.h"
+
+#include "MorrantUI/scene/framemath.h"
+#include "MorrantUI/timeeditor/beatgrid.h"
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
+#include <MorrantUI/timeeditor/TimeEditorClipItem.h>
+#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
+#include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
+#include <MorrantUI/timeeditor/TimeEditorLayoutContainer.h>
+#include <MorrantUI/timeeditor/TimeEditorView.h>
+#include <MorrantUI/timeeditor/TranslateScaleTool.h>
+#include <MorrantUI/timeline/TimeHandle.h>
+
+#include <QGraphicsItem>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace {
+
+constexpr double kZebraWidth = 75.0; ///< frames; from this width on there are no stripes
+constexpr double kZebraFade = 0.2;   ///< percent of brightness for each pixel a frame
+
+/// Everything behind the rows reaches past the bottom of what is painted (deliberate).
+double backgroundHeight(const QRectF& exposed)
+{
+    return exposed.top() + exposed.height();
+}
+
+QPen gridPen(const QString& color, Qt::PenStyle style)
+{
+    QPen pen(ui::colorQt(color), 1.0, style, Qt::SquareCap, Qt::BevelJoin);
+    pen.setCosmetic(true);
+    return pen;
+}
+
+/// Removing an item with this flag searches all that have it from the oldest on. Taken off in that
+/// order it is found at once.
+void forgetScenePositions(QGraphicsItem& item)
+{
+    for (QGraphicsItem* const child : item.childItems()) {
+        forgetScenePositions(*child);
+        child->setFlag(QGraphicsItem::ItemSendsScenePositionChanges, false);
+    }
+}
+
+/// Deletes an item after its children, those in front first.
+void deleteFromFront(QGraphicsItem* item)
+{
+    const QList<QGraphicsItem*> children = item->childItems();
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
+        deleteFromFront(*child);
+    }
+    delete item;
+}
+
+} // namespace
+
+TimeEditorScene::TimeEditorScene(TimeEditorView* view, const QRect& rect, bool useTimeHandle)
+    : QGraphicsScene(QRectF(rect))
+    , m_view(view)
+    , m_useTimeHandle(useTimeHandle)
+{
+    // Rows find their keys by order, and every key changes with every step of the zoom: an index
+    // would cost more than it saves.
+    setItemIndexMethod(NoIndex);
+    makeLayoutContainer();
+    if (m_useTimeHandle) {
+        m_timeHandle = new TimeHandle(this, nullptr);
+        addItem(m_timeHandle);
+    }
+}
+
+TimeEditorScene::~TimeEditorScene()
+{
+    // While the scene is whole: items ask it where they are.
+    blockSignals(true);
+    clearScene();
+    clear(); // what had survived
+}
+
+TimeEditorView* TimeEditorScene::view() const
+{
+    return m_view;
+}
+
+TimeEditorLayoutContainer* TimeEditorScene::layoutContainer() const
+{
+    return m_layoutContainer;
+}
+
+void TimeEditorScene::makeLayoutContainer()
+{
+    m_layoutContainer = new TimeEditorLayoutContainer;
+    addItem(m_layoutContainer);
+}
+
+void TimeEditorScene::addLayoutItem(TimeEditorBaseItem* item)
+{
+    if (item != nullptr) {
+        m_layoutContainer->addRow(item);
+    }
+}
+
+bool TimeEditorScene::survivesClearing(const QGraphicsItem* item) const
+{
+    return item == m_timeHandle || dynamic_cast<const TranslateScaleTool*>(item) != nullptr;
+}
+
+void TimeEditorScene::clearScene()
+{
+    update(); // once for all
+    clearSelection();
+    for (QGraphicsItem* const item : topLevelItems()) {
+        forgetScenePositions(*item);
+        deleteFromFront(item);
+    }
+    makeLayoutContainer();
+}
+
+QList<QGraphicsItem*> TimeEditorScene::topLevelItems() const
+{
+    const auto goes = [this](const QGraphicsItem* item) {
+        return item->parentItem() == nullptr && !survivesClearing(item);
+    };
+    QList<QGraphicsItem*> found;
+    constexpr double kFar = 1e12;
+    const QRectF everywhere(-kFar, -kFar, 2.0 * kFar, 2.0 * kFar);
+    const auto inOrder = items(everywhere, Qt::IntersectsItemBoundingRect, Qt::DescendingOrder);
+    std::copy_if(inOrder.begin(), inOrder.end(), std::back_inserter(found), goes);
+    for (QGraphicsItem* const item : items()) { // hidden ones, and those that are nowhere
+        if (goes(item) && !found.contains(item)) {
+            found << item;
+        }
+    }
+    return found;
+}
+
+void TimeEditorScene::setCurrentFrame(int frame)
+{
+    m_currentFrame = frame;
+    if (m_timeHandle != nullptr) {
+        m_timeHandle->setPos(frame, m_timeHandle->y());
+    }
+}
+
+void TimeEditorScene::commitFrameChange()
+{
+    if (m_timeHandle != nullptr) {
+        m_currentFrame = ui::frameOf(m_timeHandle->x());
+        update();
+    }
+    if (m_view) {
+        m_view->frameChangeCommitted();
+    }
+}
+
+void TimeEditorScene::setBackgroundRegion(int first, int last)
+{
+    m_region = {first, last};
+}
+
+void TimeEditorScene::setBackgroundRegionColor(QColor color)
+{
+    m_regionColor = color;
+}
+
+void TimeEditorScene::setEnableBeatMarkers(bool enable)
+{
+    m_beatMarkers = enable;
+    update();
+}
+
+void TimeEditorScene::setBPM(float bpm)
+{
+    m_bpm = bpm;
+    update();
+}
+
+void TimeEditorScene::setFps(float framesPerSecond)
+{
+    m_fps = framesPerSecond;
+    update();
+}
+
+void TimeEditorScene::setBeatBars(int beatsPerBar)
+{
+    m_beatBars = beatsPerBar;
+    update();
+}
+
+void TimeEditorScene::setBeatOffset(float frame)
+{
+    m_beatOffset = frame;
+    update();
+}
+
+void TimeEditorScene::enlist(TimeEditorBaseItem* item)
+{
+    if (auto* const curve = dynamic_cast<TimeEditorCurveItem*>(item)) {
+        m_curves.insert(curve);
+    } else if (auto* const clip = dynamic_cast<TimeEditorClipItem*>(item)) {
+        m_clips.insert(clip);
+    } else {
+        m_others.insert(item);
+    }
+}
+
+void TimeEditorScene::strike(TimeEditorBaseItem* item)
+{
+    // By address alone: the item may be in its destructor.
+    const auto isIt = [item](TimeEditorBaseItem* other) { return other == item; };
+    std::erase_if(m_curves, isIt);
+    std::erase_if(m_clips, isIt);
+    m_others.erase(item);
+}
+
+void TimeEditorScene::drawBackground(QPainter* painter, const QRectF& exposed)
+{
+    painter->setPen(Qt::NoPen);
+    painter->fillRect(exposed, ui::colorQt(QStringLiteral("WindowBase")));
+    if (m_drawRegion) {
+        paintRegion(*painter, exposed);
+        paintZebra(*painter, exposed);
+        paintBeatGrid(*painter, exposed);
+    }
+}
+
+void TimeEditorScene::paintRegion(QPainter& painter, const QRectF& exposed) const
+{
+    const QRectF region(
+        m_region.first, exposed.top(), ui::frameSpan(m_region), backgroundHeight(exposed));
+    painter.fillRect(region, m_regionColor);
+}
+
+void TimeEditorScene::paintZebra(QPainter& painter, const QRectF& exposed) const
+{
+    if (!(exposed.width() < kZebraWidth)) {
+        return;
+    }
+    const double brightness = 100.0 - kZebraFade * painter.worldTransform().m11();
+    const QColor inside = ui::changeValue(m_regionColor, brightness);
+    const QColor outside = ui::changeValue(ui::colorQt(QStringLiteral("WindowBase")), brightness);
+    const double left = std::floor(exposed.left());
+    const double regionEnd = m_region.first + ui::frameSpan(m_region);
+    for (int i = 0; i < exposed.width(); i += 2) {
+        const double x = left + i;
+        const bool isInside = x >= m_region.first && x < regionEnd;
+        painter.fillRect(
+            QRectF(x, exposed.top(), 1.0, backgroundHeight(exposed)), isInside ? inside : outside);
+    }
+}
+
+void TimeEditorScene::paintBeatGrid(QPainter& painter, const QRectF& exposed)
+{
+    if (!m_beatMarkers || !m_view) {
+        return;
+    }
+    const ui::BeatGrid grid{m_fps, m_bpm, m_beatBars, m_beatOffset};
+    const double scale = painter.worldTransform().m11();
+    ui::beatGridLines(grid, m_view->getFrameRange(), exposed, scale, m_beatLines, m_barLines);
+    painter.setPen(gridPen(QStringLiteral("Grey"), Qt::DashLine));
+    painter.drawLines(m_beatLines.data(), static_cast<int>(m_beatLines.size()));
+    painter.setPen(gridPen(QStringLiteral("Blue"), Qt::DashLine));
+    painter.drawLines(m_barLines.data(), static_cast<int>(m_barLines.size()));
+}
+
+void TimeEditorScene::drawForeground(QPainter* painter, const QRectF& exposed)
+{
+    painter->setPen(gridPen(QStringLiteral("Accent5"), Qt::SolidLine));
+    painter->drawLine(QLineF(m_currentFrame, exposed.top(), m_currentFrame, exposed.bottom()));
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QRectF>
+#include <QtGlobal>
+
+namespace ui {
+
+/// While one lives, a view paints its scene, and the stack of rows paints its key rows itself: Qt
+/// would visit every key of every row in sight, seen or not. Rows answer Qt's walk with kNowhere
+/// meanwhile, and the stack with the whole of what is painted, so that its turn comes.
+class RowPass
+{
+public:
+    /// @param exposed what is painted, scene units
+    explicit RowPass(const QRectF& exposed)
+        : m_exposed(exposed)
+        , m_outer(current())
+    {
+        setCurrent(this);
+    }
+    ~RowPass() { setCurrent(m_outer); }
+    Q_DISABLE_COPY_MOVE(RowPass)
+
+    const QRectF& exposed() const { return m_exposed; }
+
+    /// The pass that is under way, or null.
+    static const RowPass* current() { return slot(); }
+
+private:
+    static const RowPass*& slot()
+    {
+        static const RowPass* pass = nullptr;
+        return pass;
+    }
+    static void setCurrent(const RowPass* pass) { slot() = pass; }
+
+    QRectF m_exposed;
+    const RowPass* m_outer = nullptr;
+};
+
+/// Where no view looks: a place that can still be told in device pixels.
+inline constexpr QRectF kNowhere(0.0, 1e8, 1.0, 1.0);
+
+} // namespace ui

@@ -1,0 +1,84 @@
+#include "MorrantUI/timeline/TimeHandle.h"
+
+#include <MorrantUI/timeeditor/TimeEditorScene.h>
+
+#include <QCursor>
+#include <QGraphicsSceneMouseEvent>
+#include <QPainter>
+#include <QPen>
+
+#include <cmath>
+
+namespace {
+
+constexpr double kHandleZ = 40.0;
+constexpr double kHandleOpacity = 0.8;
+constexpr QRectF kHandleRect(0.0, 0.0, 2.0, 50.0);
+constexpr double kLineInset = 0.5; ///< at both ends
+
+} // namespace
+
+TimeHandle::TimeHandle(TimeEditorScene* scene, QGraphicsItem* parent)
+    : QGraphicsRectItem(parent)
+    , m_scene(scene)
+{
+    setZValue(kHandleZ);
+    setBrush(Qt::red);
+    setPen(QPen(Qt::green));
+    setRect(kHandleRect);
+    setFlags(ItemIsMovable | ItemSendsGeometryChanges | ItemSendsScenePositionChanges);
+    setCursor(Qt::SizeHorCursor);
+}
+
+void TimeHandle::setHeight(int height)
+{
+    QRectF changed = rect();
+    changed.setHeight(height);
+    setRect(changed);
+}
+
+void TimeHandle::paint(
+    QPainter* painter, const QStyleOptionGraphicsItem* /*option*/, QWidget* /*widget*/)
+{
+    painter->save();
+    painter->setOpacity(kHandleOpacity);
+    QPen line = pen();
+    line.setCosmetic(true);
+    painter->setPen(line);
+    const double x = rect().center().x() - 1.0;
+    painter->drawLine(QLineF(x, kLineInset, x, rect().height() - kLineInset));
+    painter->restore();
+}
+
+QVariant TimeHandle::itemChange(GraphicsItemChange change, const QVariant& value)
+{
+    if (change == ItemPositionChange && scene() != nullptr) {
+        const double x = value.toPointF().x();
+        return QPointF(std::isfinite(x) ? std::round(x) : pos().x(), pos().y());
+    }
+    if (change == ItemPositionHasChanged && scene() != nullptr && m_dragging && m_scene != nullptr)
+    {
+        m_scene->commitFrameChange();
+    }
+    return QGraphicsRectItem::itemChange(change, value);
+}
+
+void TimeHandle::mousePressEvent(QGraphicsSceneMouseEvent* event)
+{
+    m_dragging = m_dragging || event->button() == Qt::LeftButton;
+    QGraphicsRectItem::mousePressEvent(event);
+}
+
+void TimeHandle::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
+{
+    m_dragging = false;
+    QGraphicsRectItem::mouseReleaseEvent(event);
+}
+
+bool TimeHandle::sceneEvent(QEvent* event)
+{
+    if (event->type() == QEvent::UngrabMouse) {
+        m_dragging = false;
+    }
+    return QGraphicsRectItem::sceneEvent(event);
+}

@@ -1,0 +1,150 @@
+#pragma once
+
+#include "controls/StyledApplication.h"
+#include "support/FakePointer.h"
+#include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/timeeditor/TimeEditorClipItem.h>
+#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
+#include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
+#include <MorrantUI/timeeditor/TimeEditorScene.h>
+#include <MorrantUI/timeeditor/TimeEditorUtils.h>
+#include <MorrantUI/timeeditor/TimeEditorView.h>
+#include <MorrantUI/timeeditor/TranslateScaleTool.h>
+
+#include <QtWidgets>
+
+namespace ui::test {
+
+/// Writes down what the view asks of the host.
+class RecordingUtils : public TimeEditorUtils
+{
+public:
+    using TimeEditorUtils::TimeEditorUtils;
+
+    void onCutKeyframes() override { calls << u"cut"_qs; }
+    void onCopyKeyframes() override { calls << u"copy"_qs; }
+    void onPasteKeyframes() override { calls << u"paste"_qs; }
+    void onDeleteKeyframes(std::set<TimeEditorKeyframeItem*> keys) override
+    {
+        calls << u"delete %1"_qs.arg(keys.size());
+        if (deleting) {
+            for (TimeEditorKeyframeItem* const key : keys) {
+                delete key;
+            }
+        }
+    }
+
+    QStringList calls;
+    bool deleting = false;
+};
+
+/// A view of 100 frames with ten pixels a frame, and rows of keys.
+class Editor
+{
+public:
+    explicit Editor(std::initializer_list<std::vector<int>> rows = {})
+        : view(new TimeEditorView)
+        , scene(new TimeEditorScene(view, QRect(0, 0, 100, 44)))
+        , utils(view)
+        , pointer(view->viewport())
+    {
+        view->resize(1044, 200);
+        view->setup(scene);
+        view->setUtils(&utils);
+        view->setFrameRange(0, 100);
+        view->setPlaybackRange(10, 60);
+        for (const std::vector<int>& frames : rows) {
+            addRow(frames);
+        }
+        view->show();
+        view->activateWindow();
+        view->setupViewAndScene(
+            0, 100, 22 * static_cast<int>(std::max<std::size_t>(2, rows.size())));
+        QVERIFY(QTest::qWaitForWindowExposed(view));
+        QObject::connect(view, &TimeEditorView::keysMoved, view, [this](const KeyMoves& moves) {
+            told << static_cast<int>(moves.size());
+        });
+    }
+    ~Editor()
+    {
+        setKeyboardModifiersQuery({});
+        delete view;
+    }
+    Q_DISABLE_COPY_MOVE(Editor)
+
+    TimeEditorCurveItem* addRow(const std::vector<int>& frames)
+    {
+        auto* const row = new TimeEditorCurveItem(view);
+        for (const int frame : frames) {
+            row->addKeyframe(frame);
+        }
+        scene->addLayoutItem(row);
+        curves.push_back(row);
+        return row;
+    }
+
+    TimeEditorKeyframeItem* key(std::size_t row, std::size_t index) const
+    {
+        return curves.at(row)->keyframes().at(index);
+    }
+    /// The frames of a row's keys, "3 10 11".
+    QString frames(std::size_t row) const
+    {
+        QStringList texts;
+        for (const TimeEditorKeyframeItem* const each : curves.at(row)->keyframes()) {
+            texts << QString::number(each->x());
+        }
+        return texts.join(u' ');
+    }
+    QString selection() const
+    {
+        QList<int> selected;
+        for (const TimeEditorKeyframeItem* const each : view->selectedKeyframes()) {
+            selected << static_cast<int>(each->x());
+        }
+        std::sort(selected.begin(), selected.end());
+        QStringList texts;
+        for (const int frame : selected) {
+            texts << QString::number(frame);
+        }
+        return texts.join(u' ');
+    }
+
+    QPoint at(double frame, double y) const { return view->mapFromScene(frame, y); }
+    QPoint at(const TimeEditorKeyframeItem* item) const
+    {
+        return view->mapFromScene(item->sceneBoundingRect().center());
+    }
+
+    /// Holds modifiers for events and for those who ask the keyboard.
+    void hold(Qt::KeyboardModifiers modifiers)
+    {
+        pointer.setModifiers(modifiers);
+        setKeyboardModifiersQuery([modifiers] { return modifiers; });
+    }
+    void press(QPoint place)
+    {
+        pointer.moveTo(place);
+        pointer.press();
+    }
+    void click(QPoint place)
+    {
+        press(place);
+        pointer.release();
+    }
+    void drag(QPoint from, QPoint to, int step = 5)
+    {
+        press(from);
+        pointer.dragTo(to, step);
+        pointer.release();
+    }
+
+    TimeEditorView* view;
+    TimeEditorScene* scene;
+    RecordingUtils utils;
+    FakePointer pointer;
+    std::vector<TimeEditorCurveItem*> curves;
+    QList<int> told; ///< how many keys each complete edit moved
+};
+
+} // namespace ui::test

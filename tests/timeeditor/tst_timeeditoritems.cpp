@@ -1,0 +1,237 @@
+#include "Editor.h"
+#include "support/FakeClock.h"
+#include "support/TestCase.h"
+#include "support/pixels.h"
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/timeeditor/TimeEditorSoundItem.h>
+
+using ui::test::closeTo;
+using ui::test::Editor;
+using ui::test::pixelAt;
+
+class TimeEditorItemsTest : public ui::test::StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keysMoveByWholeFramesAlongTheirRow();
+    void theFlagsAreThoseOfTheirKind();
+    void aFlashEndsWhereItBegan();
+    void aRowIsAsTallAsItsRectangle();
+    void hoveringFollowsThePointer();
+    void aKeyIsDrawnAsADiamondInItsColors();
+    void keysAreDrawnAlikeByViewAndScene();
+    void aHostsOwnPaintIsCalled();
+    void holdKeysAndBarsFollowTheColorMode();
+    void aWaveFormFillsItsPlace();
+};
+
+void TimeEditorItemsTest::keysMoveByWholeFramesAlongTheirRow()
+{
+    Editor editor({{10}});
+    TimeEditorKeyframeItem* const key = editor.key(0, 0);
+    const double y = key->y();
+    key->setPos(12.5, 99);
+    QCOMPARE(key->pos(), QPointF(13, y));
+    key->setPos(-2.5, 0);
+    QCOMPARE(key->pos(), QPointF(-3, y));
+    key->setPos(std::nan(""), 0);
+    key->forceMove({HUGE_VAL, 0});
+    QCOMPARE(key->pos(), QPointF(-3, y));
+    key->forceMove({12.25, 4});
+    QCOMPARE(key->pos(), QPointF(12.25, 4));
+    QVERIFY(key->enableUpdates() && !key->isForceMoving());
+    key->setPos(2147483647.0, 0);
+    QCOMPARE(key->x(), 2147483647.0);
+    editor.view->viewport()->grab();
+    TimeEditorKeyframeItem loose(nullptr, nullptr); // neither view nor row nor scene
+    loose.setPos(1.5, 2.5);
+    QCOMPARE(loose.pos(), QPointF(1.5, 2.5));
+}
+
+void TimeEditorItemsTest::theFlagsAreThoseOfTheirKind()
+{
+    Editor editor({{10}});
+    using Item = QGraphicsItem;
+    const Item::GraphicsItemFlags keyFlags = Item::ItemIsMovable | Item::ItemIsSelectable
+                                             | Item::ItemSendsGeometryChanges
+                                             | Item::ItemSendsScenePositionChanges;
+    QCOMPARE(editor.key(0, 0)->flags(), keyFlags);
+    QCOMPARE(TimeEditorBaseItem().flags(), keyFlags | Item::ItemClipsToShape);
+    QCOMPARE(editor.key(0, 0)->tag(), 15);
+    QCOMPARE(editor.key(0, 0)->curve(), editor.curves[0]);
+    auto* const other = editor.curves[0]->addKeyframe(20);
+    editor.key(0, 0)->setRelatedItems({other});
+    delete other;
+    QVERIFY(editor.key(0, 0)->relatedItems().empty());
+}
+
+void TimeEditorItemsTest::aFlashEndsWhereItBegan()
+{
+    TimeEditorBaseItem item;
+    ui::test::FakeClock clock(&item);
+    item.setColor(Qt::red);
+    QCOMPARE(item.getHighlightColor(), QColor(Qt::red).lighter(120));
+    item.animateFeedbackColor(Qt::blue);
+    clock.advanceAnimations(400);
+    QCOMPARE(item.getBaseColor(), QColor(Qt::blue));
+    QVERIFY(item.isAnimating());
+    item.animateFeedbackColor(Qt::green); // started over at its half
+    clock.advanceAnimations(1000);
+    QCOMPARE(item.getBaseColor(), QColor(Qt::red));
+    item.animateToColor(Qt::blue);
+    clock.advanceAnimations(1000);
+    QCOMPARE(item.getBaseColor(), QColor(Qt::blue));
+    QVERIFY(!item.isAnimating());
+}
+
+void TimeEditorItemsTest::aRowIsAsTallAsItsRectangle()
+{
+    Editor editor;
+    auto* const tall = new TimeEditorBaseItem;
+    tall->setRect(0, 0, 5, 61);
+    editor.scene->addLayoutItem(tall);
+    editor.addRow({10});
+    QCoreApplication::processEvents();
+    QCOMPARE(editor.curves[0]->scenePos(), QPointF(0, 61));
+    QCOMPARE(tall->effectiveSizeHint(Qt::MinimumSize), QSizeF(5, 61));
+    QCOMPARE(tall->effectiveSizeHint(Qt::MaximumSize), QSizeF(5, 61));
+    editor.scene->addLayoutItem(tall); // it is there already
+    editor.scene->addLayoutItem(nullptr);
+    editor.click(editor.at(editor.key(0, 0)));
+    QCOMPARE(editor.selection(), u"10"_qs);
+}
+
+void TimeEditorItemsTest::hoveringFollowsThePointer()
+{
+    Editor editor({{10, 40}});
+    editor.pointer.moveTo({900, 150});
+    editor.pointer.moveTo(editor.at(editor.key(0, 0)));
+    QVERIFY(editor.key(0, 0)->isHovering());
+    editor.pointer.moveTo(editor.at(25, 11)); // the bar
+    QVERIFY(!editor.key(0, 0)->isHovering() && editor.curves[0]->isHovering());
+    editor.pointer.moveTo(editor.at(25, 3)); // the row beside it
+    QVERIFY(!editor.curves[0]->isHovering());
+}
+
+void TimeEditorItemsTest::aKeyIsDrawnAsADiamondInItsColors()
+{
+    Editor editor({{10, 20, 30}});
+    editor.key(0, 1)->setSelected(true);
+    editor.key(0, 2)->setExtraOutline(true);
+    const auto colorAt = [&](std::size_t key, QPoint offset) {
+        const QImage image = editor.view->viewport()->grab().toImage();
+        return pixelAt(image, QPointF(editor.at(editor.key(0, key)) + offset) + QPointF(0.5, 0.5));
+    };
+    QVERIFY(closeTo(colorAt(0, {0, 0}), ui::colorQt(u"Light"_qs)));
+    QVERIFY(closeTo(colorAt(1, {0, 0}), ui::colorQt(u"Accent1"_qs)));
+    QVERIFY(!closeTo(colorAt(0, {5, -5}), ui::colorQt(u"Light"_qs), 30)); // a corner of its square
+    QVERIFY(closeTo(colorAt(0, {0, 1}), ui::colorQt(u"Light"_qs)));
+    const QColor halo = colorAt(2, {-7, 0});
+    QVERIFY(halo.red() > halo.blue() + 60); // "Accent4" is orange
+    editor.key(0, 0)->setAnimatingColor(Qt::green);
+    QVERIFY(closeTo(colorAt(0, {0, 0}), Qt::green));
+}
+
+void TimeEditorItemsTest::keysAreDrawnAlikeByViewAndScene()
+{
+    Editor editor({{10, 20, 55}, {15, 16, 17}, {}});
+    editor.key(1, 1)->setSelected(true);
+    editor.view->fitRect(QRectF(0, 0, 87, 10)); // places between pixels
+    editor.view->centerOn(40, 0);
+    const auto grabbed = [&] {
+        return editor.view->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    const QImage own = grabbed();
+    for (TimeEditorCurveItem* const row : editor.curves) {
+        auto* const other = new QGraphicsRectItem(row); // Qt paints rows with anything but keys
+        other->setPen(Qt::NoPen);
+    }
+    const QImage qts = grabbed();
+    int different = 0;
+    for (int y = 0; y < own.height(); ++y) {
+        for (int x = 0; x < own.width(); ++x) {
+            different += closeTo(own.pixelColor(x, y), qts.pixelColor(x, y), 8) ? 0 : 1;
+        }
+    }
+    QVERIFY2(different < 20, qPrintable(QString::number(different)));
+}
+
+void TimeEditorItemsTest::aHostsOwnPaintIsCalled()
+{
+    struct Square : TimeEditorKeyframeItem
+    {
+        using TimeEditorKeyframeItem::TimeEditorKeyframeItem;
+        void paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*) override
+        {
+            painter->fillRect(rect(), Qt::magenta);
+        }
+    };
+    Editor editor({{10}});
+    auto* const own = new Square(editor.view, editor.curves[0]);
+    own->forceMove({20, editor.curves[0]->keyY()});
+    const QImage image = editor.view->viewport()->grab().toImage();
+    QCOMPARE(pixelAt(image, editor.at(own)), QColor(Qt::magenta));
+}
+
+void TimeEditorItemsTest::holdKeysAndBarsFollowTheColorMode()
+{
+    Editor editor({{10, 20, 30}});
+    editor.key(0, 0)->setEasing(KeyEasing::Hold);
+    const auto colorAt = [&](double frame, double y) {
+        return pixelAt(editor.view->viewport()->grab().toImage(), editor.at(frame, y));
+    };
+    const QColor ground = colorAt(50, 14);
+    QCOMPARE(colorAt(15, 14), ground); // a fine bar in the middle
+    QVERIFY(colorAt(15, 11) != ground);
+    editor.curves[0]->setColorMode(TimeEditorCurveItem::ColorMode::Easing);
+    QVERIFY(colorAt(15, 14) != ground); // a block up to the next key
+    QCOMPARE(colorAt(25, 14), ground);
+    const QColor light = ui::colorQt(u"Light"_qs);
+    QCOMPARE(editor.key(0, 0)->getColor(), light.darker(130));
+    QCOMPARE(editor.key(0, 1)->getColor(), light.lighter(120));
+    editor.key(0, 1)->setSelected(true);
+    QCOMPARE(editor.key(0, 1)->getColor(), ui::colorQt(u"Accent1"_qs));
+}
+
+void TimeEditorItemsTest::aWaveFormFillsItsPlace()
+{
+    Editor editor;
+    auto* const sound = new TimeEditorSoundItem(editor.view);
+    std::vector<float> samples(4000, 0.9F);
+    for (std::size_t i = 0; i < samples.size(); i += 2) {
+        samples.at(i) = -0.9F;
+    }
+    sound->setPeaks(std::make_shared<ui::SoundPeaks>(samples));
+    sound->setPlacement({100.0, 20.0, 1.0}); // frames 20 to 60
+    editor.scene->addLayoutItem(sound);
+    QCoreApplication::processEvents();
+    const auto colorAt = [&](double frame, double y) {
+        return pixelAt(editor.view->viewport()->grab().toImage(), editor.at(frame, y));
+    };
+    const QColor wave = sound->getColor();
+    QCOMPARE(colorAt(40, 5), wave);
+    QVERIFY(colorAt(10, 11) != wave && colorAt(70, 11) != wave);
+    sound->setPlacement({100.0, 20.0, 0.1});
+    QVERIFY(colorAt(40, 5) != wave);
+    QCOMPARE(colorAt(40, 11), wave);
+    sound->setAudibleRange(30, 35);
+    QVERIFY(colorAt(40, 11) != wave);
+    for (const ui::SoundPlacement& bad :
+         {ui::SoundPlacement{0.0, 0.0, 1.0},
+          ui::SoundPlacement{-1.0, 5.0, 1.0},
+          ui::SoundPlacement{std::nan(""), 0.0, 1.0},
+          ui::SoundPlacement{1e-300, 0.0, 1.0}})
+    {
+        sound->setPlacement(bad);
+        editor.view->viewport()->grab();
+    }
+    sound->setPeaks(nullptr);
+    QCOMPARE(sound->shape().boundingRect().width(), 0.0);
+}
+
+namespace {
+const ui::test::Registration<TimeEditorItemsTest> kRegistration;
+} // namespace
+
+#include "tst_timeeditoritems.moc"

@@ -1,0 +1,235 @@
+#include "MorrantUI/scene/framemath.h"
+#include "MorrantUI/scene/transformzones.h"
+#include "MorrantUI/scene/viewfit.h"
+#include "MorrantUI/scene/wheel.h"
+#include "MorrantUI/timeeditor/beatgrid.h"
+#include "MorrantUI/timeeditor/clipdrag.h"
+#include "MorrantUI/timeeditor/keyscaling.h"
+#include "MorrantUI/timeeditor/keysnapping.h"
+#include "MorrantUI/timeeditor/marqueefilter.h"
+#include "support/TestCase.h"
+#include <MorrantUI/timeeditor/soundpeaks.h>
+
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+class TimeEditorRulesTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void framesRoundAwayFromZeroAndHoldAtTheEndsOf32Bits();
+    void aFitNeedsWidthAndStaysWithinWhatCanBeInverted();
+    void theSmallestScaleFollowsThePlaybackRange();
+    void keysSnapAtFiveFramesAndNotAtSix();
+    void scalingKeepsTheOppositeEndAndIsNotFiniteWithoutLength();
+    void theMarqueeFilterFollowsItsModes();
+    void beatLinesAreThoseInSightAndAPixelApart();
+    void aBeatGridThatCannotBeDrawnHasNoLines();
+    void edgesOfAToolWinLeftFirst();
+    void clipsStopAtTheirNeighbours();
+    void peaksOfAnyStretchAreThoseOfItsSamples();
+    void soundColumnsFollowOffsetAndGain();
+};
+
+void TimeEditorRulesTest::framesRoundAwayFromZeroAndHoldAtTheEndsOf32Bits()
+{
+    constexpr int kLeast = std::numeric_limits<int>::min();
+    constexpr int kMost = std::numeric_limits<int>::max();
+    QCOMPARE(ui::nearestFrame(12.5), 13);
+    QCOMPARE(ui::nearestFrame(-2.5), -3);
+    QCOMPARE(ui::frameOf(12.9), 12);
+    QCOMPARE(ui::frameOf(-12.9), -12);
+    QCOMPARE(ui::nearestFrame(1e300), kMost);
+    QCOMPARE(ui::frameOf(-HUGE_VAL), kLeast);
+    QCOMPARE(ui::nearestFrame(std::nan("")), 0);
+    QCOMPARE(ui::frameSpan({kLeast, kMost}), 4294967295.0);
+    QCOMPARE(ui::movedFrame(kMost, 10), kMost);
+    QCOMPARE(ui::wheelShare({3, -120}, 0.4), QPoint(1, -48));
+    QCOMPARE(ui::wheelShare({-4, 0}, 0.4), QPoint(-2, 0));
+}
+
+void TimeEditorRulesTest::aFitNeedsWidthAndStaysWithinWhatCanBeInverted()
+{
+    QCOMPARE(ui::horizontalFit({0, 0, 100, 10}, {1004, 50}), 10.0);
+    QCOMPARE(ui::horizontalFit({0, 0, 0, 10}, {1004, 50}), std::nullopt);
+    QCOMPARE(ui::horizontalFit({0, 0, -5, 10}, {1004, 50}), std::nullopt);
+    QCOMPARE(ui::horizontalFit({0, 0, std::nan(""), 10}, {1004, 50}), std::nullopt);
+    QCOMPARE(ui::horizontalFit({0, 0, 100, 10}, {4, 50}), std::nullopt);
+    QCOMPARE(ui::horizontalFit({0, 0, 100, 10}, {1004, 0}), std::nullopt);
+    QVERIFY(*ui::horizontalFit({0, 0, 1e-12, 10}, {1004, 50}) <= 1e6);
+    QVERIFY(*ui::horizontalFit({0, 0, 1e300, 10}, {1004, 50}) >= 1e-9);
+
+    QCOMPARE(ui::framedRange({0, 1000}, 0.5, {5, 6, 7, 8}), QRectF(-10, 6, 1020, 8));
+    QCOMPARE(ui::framedRange({20, 30}, 1.0, {}), QRectF(19, 0, 12, 0)); // at least a frame
+    QCOMPARE(ui::evenBackground({3.5, 1, 10, 5}), QRectF(2, 1, 11.5, 5));
+    QCOMPARE(ui::evenBackground({-0.5, 0, 10, 5}).left(), -2.0);
+}
+
+void TimeEditorRulesTest::theSmallestScaleFollowsThePlaybackRange()
+{
+    QCOMPARE(ui::minimumScale(1000, {0, 100}), 0.2);
+    QCOMPARE(ui::minimumScale(1000, {7, 7}), 20.0);
+    QCOMPARE(ui::minimumScale(1000, {7, -7}), 20.0);
+}
+
+void TimeEditorRulesTest::keysSnapAtFiveFramesAndNotAtSix()
+{
+    const std::array<int, 4> frames = {40, 10, 20, 60};
+    QCOMPARE(ui::nearestSnapFrame(25.0, frames), 20);
+    QCOMPARE(ui::nearestSnapFrame(25.99, frames), 20); // the rest of a frame is dropped
+    QCOMPARE(ui::nearestSnapFrame(26.0, frames), std::nullopt);
+    QCOMPARE(ui::nearestSnapFrame(15.0, frames), 10); // of equals the smaller
+    QCOMPARE(ui::nearestSnapFrame(15.9, frames), 20);
+    QCOMPARE(ui::nearestSnapFrame(5.0, {}), std::nullopt);
+    QCOMPARE(ui::nearestSnapFrame(std::nan(""), frames), std::nullopt);
+}
+
+void TimeEditorRulesTest::scalingKeepsTheOppositeEndAndIsNotFiniteWithoutLength()
+{
+    const ui::KeyScale right{30, 50, 10, 30, true};
+    QCOMPARE(ui::scaledFrame(right, 10), 10.0);
+    QCOMPARE(ui::scaledFrame(right, 20), 30.0);
+    const ui::KeyScale left{10, 20, 10, 30, false};
+    QCOMPARE(ui::scaledFrame(left, 10), 20.0);
+    QCOMPARE(ui::scaledFrame(left, 30), 30.0);
+    QVERIFY(!std::isfinite(ui::scaledFrame({10, 20, 10, 10, false}, 10)));
+}
+
+void TimeEditorRulesTest::theMarqueeFilterFollowsItsModes()
+{
+    using Filter = ui::MarqueeFilter;
+    QCOMPARE(ui::marqueeFilter(0, true, true), Filter{});
+    QCOMPARE(ui::marqueeFilter(1, false, true), (Filter{false, true, true, true}));
+    QCOMPARE(ui::marqueeFilter(1, false, false), (Filter{false, false, true, true}));
+    QCOMPARE(ui::marqueeFilter(2, false, true), (Filter{true, false, true, false}));
+    QCOMPARE(ui::marqueeFilter(3, false, true), (Filter{true, true, false, false}));
+    QCOMPARE(ui::marqueeFilter(2, true, true), ui::marqueeFilter(3, false, true));
+}
+
+void TimeEditorRulesTest::beatLinesAreThoseInSightAndAPixelApart()
+{
+    std::vector<QLineF> beats;
+    std::vector<QLineF> bars;
+    const ui::BeatGrid grid{30.0F, 120.0F, 4, 7.0F}; // a beat is 15 frames
+    ui::beatGridLines(grid, {0, 100}, {-10, 3, 200, 5}, 10.0, beats, bars);
+    std::vector<double> xs;
+    for (const QLineF& line : beats) {
+        xs.push_back(line.x1());
+    }
+    std::sort(xs.begin(), xs.end());
+    QCOMPARE(xs, (std::vector<double>{22, 37, 52, 82, 97}));
+    QCOMPARE(bars.size(), 3U); // at 7 twice, and at 67
+    QCOMPARE(bars.back().x1(), 7.0);
+    QCOMPARE(beats.front().y2(), 11.0); // top and height below the top
+
+    ui::beatGridLines(grid, {0, 1000000}, {600000, 0, 100, 5}, 10.0, beats, bars);
+    QVERIFY(beats.size() + bars.size() < 12);
+    ui::beatGridLines(grid, {0, 100}, {0, 0, 100, 5}, 0.05, beats, bars); // 0.75 pixels a beat
+    QVERIFY(beats.empty() && !bars.empty());
+    ui::beatGridLines(grid, {100, 0}, {0, 0, 100, 5}, 10.0, beats, bars); // a reversed range
+    QVERIFY(beats.empty());
+}
+
+void TimeEditorRulesTest::aBeatGridThatCannotBeDrawnHasNoLines()
+{
+    std::vector<QLineF> beats{QLineF()};
+    std::vector<QLineF> bars{QLineF()};
+    const float nan = std::nanf("");
+    const float inf = std::numeric_limits<float>::infinity();
+    for (const ui::BeatGrid& grid :
+         {ui::BeatGrid{0.0F},
+          ui::BeatGrid{-24.0F},
+          ui::BeatGrid{nan},
+          ui::BeatGrid{inf},
+          ui::BeatGrid{30.0F, nan},
+          ui::BeatGrid{30.0F, 60.0F, 0},
+          ui::BeatGrid{30.0F, 60.0F, -4},
+          ui::BeatGrid{30.0F, 60.0F, 4, inf},
+          ui::BeatGrid{30.0F, 1e9F}})
+    {
+        ui::beatGridLines(grid, {0, 1000000}, {0, 0, 1000, 100}, 1.0, beats, bars);
+        QVERIFY(beats.empty() && bars.empty());
+    }
+    QCOMPARE(ui::framesPerBeat({30.0F, 0.0F}), 1800.0); // a BPM below 1 counts as 1
+}
+
+void TimeEditorRulesTest::edgesOfAToolWinLeftFirst()
+{
+    const QRectF tool(10, 0, 20, 30);
+    QCOMPARE(ui::transformZone(10.3, tool, 10), ui::TransformZone::LeftEdge);
+    QCOMPARE(ui::transformZone(10.5, tool, 10), ui::TransformZone::Body);
+    QCOMPARE(ui::transformZone(29.7, tool, 10), ui::TransformZone::RightEdge);
+    QCOMPARE(ui::transformZone(10.1, {10, 0, 0.2, 30}, 10), ui::TransformZone::LeftEdge);
+    QCOMPARE(ui::transformRect({1, 20, 3, 40}), QRectF(1, 12, 3, 56));
+}
+
+void TimeEditorRulesTest::clipsStopAtTheirNeighbours()
+{
+    using Part = EndPointHover;
+    const std::array<ui::ClipSpan, 3> row = {{{0, 10}, {20, 40}, {50, 60}}};
+    const ui::ClipLimits limits = ui::clipLimits(row, 1);
+    QCOMPARE(ui::draggedClip(row[1], Part::Body, false, -30, limits), (ui::ClipSpan{10, 30}));
+    QCOMPARE(ui::draggedClip(row[1], Part::Body, false, 1e9, limits), (ui::ClipSpan{30, 50}));
+    QCOMPARE(ui::draggedClip(row[1], Part::Start, false, 100, limits), (ui::ClipSpan{39, 40}));
+    QCOMPARE(ui::draggedClip(row[1], Part::End, false, 100, limits), (ui::ClipSpan{20, 50}));
+    QCOMPARE(ui::draggedClip(row[1], Part::End, false, -100, limits), (ui::ClipSpan{20, 21}));
+    QCOMPARE(ui::draggedClip(row[1], Part::Body, true, 3.6, limits), (ui::ClipSpan{20, 40, 4}));
+    const ui::ClipSpan free =
+        ui::draggedClip({5, 9}, Part::Body, false, -1e18, ui::clipLimits(row, 0));
+    QVERIFY(free.end - free.start == 4 && free.start < 0);
+
+    QCOMPARE(ui::clipPart(row[1], 20.5, 10), Part::Start);
+    QCOMPARE(ui::clipPart(row[1], 39.5, 10), Part::End);
+    QCOMPARE(ui::clipPart(row[1], 30, 10), Part::Body);
+    QCOMPARE(ui::clipPart({0, 1}, 0.5, 3), Part::Body); // three pixels have three parts
+    QCOMPARE(ui::clipPart(row[1], 41, 10), Part::None);
+}
+
+void TimeEditorRulesTest::peaksOfAnyStretchAreThoseOfItsSamples()
+{
+    QRandomGenerator random(7);
+    std::vector<float> samples(777);
+    for (float& sample : samples) {
+        sample = static_cast<float>(random.bounded(2.0) - 1.0);
+    }
+    samples.at(3) = std::nanf("");
+    const ui::SoundPeaks peaks(samples);
+    samples.at(3) = 0.0F;
+    for (int i = 0; i < 2000; ++i) {
+        const std::size_t first = random.bounded(777U);
+        const std::size_t last = first + 1 + random.bounded(static_cast<quint32>(777U - first));
+        const auto [low, high] = std::minmax_element(
+            samples.begin() + static_cast<std::ptrdiff_t>(first),
+            samples.begin() + static_cast<std::ptrdiff_t>(last));
+        QCOMPARE(peaks.peak(first, last), (ui::SoundPeak{*low, *high}));
+    }
+    QCOMPARE(peaks.peak(5, 5), ui::SoundPeak{});
+    QCOMPARE(peaks.peak(9000, 9001), ui::SoundPeak{});
+    QCOMPARE(ui::SoundPeaks().peak(0, 10), ui::SoundPeak{});
+}
+
+void TimeEditorRulesTest::soundColumnsFollowOffsetAndGain()
+{
+    const ui::SoundPeaks peaks({0.1F, -0.2F, 0.3F, -0.4F});
+    std::array<ui::SoundPeak, 4> columns;
+    ui::soundColumns(peaks, {2.0, 10.0, 2.0}, 9.0, 1.0, columns); // two samples a frame
+    QCOMPARE(columns[0], ui::SoundPeak{});
+    QCOMPARE(columns[1], (ui::SoundPeak{-0.4F, 0.2F}));
+    QCOMPARE(columns[2], (ui::SoundPeak{-0.8F, 0.6F}));
+    QCOMPARE(columns[3], ui::SoundPeak{});
+    ui::soundColumns(peaks, {2.0, 10.0, -100.0}, 10.0, 1.0, columns);
+    QCOMPARE(columns[0], (ui::SoundPeak{-1.0F, 1.0F}));
+    ui::soundColumns(peaks, {std::nan(""), 0.0, 1.0}, 0.0, 1.0, columns);
+    QCOMPARE(columns[0], ui::SoundPeak{});
+}
+
+namespace {
+const ui::test::Registration<TimeEditorRulesTest> kRegistration;
+} // namespace
+
+#include "tst_timeeditorrules.moc"

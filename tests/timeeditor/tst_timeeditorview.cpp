@@ -1,0 +1,442 @@
+#include "Editor.h"
+#include "controls/PaintCounter.h"
+#include "support/TestCase.h"
+#include "support/pixels.h"
+#include <MorrantUI/controls/connections/ConnectionInstance.h>
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/timeeditor/TimeEditorLayoutContainer.h>
+#include <MorrantUI/timeline/TimeHandle.h>
+
+using ui::test::Editor;
+using ui::test::PaintCounter;
+
+class TimeEditorViewTest : public ui::test::StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theRangeAndFourFramesFillTheViewport();
+    void zoomHoldsAtItsMinimumAndStaysFinite();
+    void framingFollowsSelectionAndShift();
+    void keysKeepTheirSizeAtAnyZoom();
+    void theWheelScrollsAtFortyPercentAndNeverZooms();
+    void spacePansEvenFromAKey();
+    void theOverrideCursorNeverOutlivesItsGesture();
+    void shortcutsReachTheHostOnce();
+    void aRightPressLeavesTheSelection();
+    void theBandCatchesByKindFromInsideARow();
+    void shiftSelectsFromTheAnchorInOneCurve();
+    void theMenuBelongsToWhatWasClicked();
+    void rowsStackAndComeAgainAfterClearing();
+    void aTickPaintsOnceAndIdleNever();
+    void stripesKeepTheirParityWhenPaintedInParts();
+    void theTimeHandleCommitsWholeFrames();
+    void connectionsReachTheItemBelow();
+};
+
+void TimeEditorViewTest::theRangeAndFourFramesFillTheViewport()
+{
+    Editor editor({{0, 50}});
+    QCOMPARE(editor.view->transform().m11(), 10.0); // (1044 - 4) / 104
+    QCOMPARE(editor.view->transform().m22(), 1.0);
+    QCOMPARE(editor.scene->sceneRect(), QRectF(0, 0, 100, 44));
+    editor.view->fitRect(QRectF(0, 0, 0, 10));
+    QVERIFY(editor.view->transform().isIdentity());
+    editor.view->setupViewAndScene(std::nan(""), 100, 0);
+    editor.view->setupViewAndScene(-1e9, 1e9, 0);
+    editor.view->setupViewAndScene(100, 0, 0); // reversed
+    QVERIFY(editor.view->getVisibleRect().isValid());
+}
+
+void TimeEditorViewTest::zoomHoldsAtItsMinimumAndStaysFinite()
+{
+    Editor editor({{40}});
+    QSignalSpy scaled(editor.view, &TimeEditorView::scaleChanged);
+    editor.view->setScale(0.0);
+    QCOMPARE(editor.view->getScale(), editor.view->getMinScale());
+    editor.view->setPlaybackRange(7, 7);
+    QCOMPARE(editor.view->getMinScale(), 1044 * 0.02);
+    editor.view->setScale(std::nan(""));
+    QCOMPARE(scaled.count(), 1);
+    editor.view->setScale(1e300);
+    QVERIFY(editor.view->transform().m11() > 0.0);
+    editor.view->setPlaybackRange(0, 100);
+    editor.view->setScale(0.25);
+    editor.key(0, 0)->setSelected(true);
+    for (int i = 0; i < 8; ++i) {
+        QTest::keyClick(editor.view, Qt::Key_F); // one key alone is ten pixels wide at any zoom
+    }
+    const QRectF visible = editor.view->getVisibleRect();
+    QVERIFY(visible.width() > 0.0 && visible.contains(QPointF(40, 0)));
+    editor.view->setScale(0.5);
+    editor.view->setScaleAt(0.3, 700);
+    const double frame = editor.view->mapToScene(700, 0).x();
+    editor.view->setScaleAt(0.35, 700);
+    QVERIFY(std::abs(editor.view->mapToScene(700, 0).x() - frame) < 0.1);
+}
+
+void TimeEditorViewTest::framingFollowsSelectionAndShift()
+{
+    Editor editor({{20, 40}});
+    QSignalSpy rescaled(editor.view, &TimeEditorView::rescale);
+    const auto framed = [&] { return rescaled.takeLast().at(0).toRectF(); };
+    QTest::keyClick(editor.view, Qt::Key_F);
+    QCOMPARE(framed().left(), 9.0); // the playback range with a frame of room
+    editor.key(0, 0)->setSelected(true);
+    editor.key(0, 1)->setSelected(true);
+    QTest::keyClick(editor.view, Qt::Key_F);
+    const QRectF keys = framed();
+    QVERIFY(keys.left() > 18.0 && keys.left() < 20.0 && keys.right() < 42.0);
+    editor.hold(Qt::ShiftModifier);
+    QTest::keyClick(editor.view, Qt::Key_F, Qt::ShiftModifier);
+    QCOMPARE(framed().left(), -2.0); // the frame range, two percent
+}
+
+void TimeEditorViewTest::keysKeepTheirSizeAtAnyZoom()
+{
+    Editor editor({{20, 40}});
+    for (const double scale : {1.0, 0.4, 3.0}) {
+        editor.view->setScale(scale);
+        const QRectF rect = editor.key(0, 0)->rect();
+        QCOMPARE(rect.width() * editor.view->transform().m11(), 10.0);
+        QCOMPARE(QRectF(0, rect.y(), 1, rect.height()), QRectF(0, 1, 1, 10));
+    }
+    // A row that comes later is sized for the zoom that it comes to.
+    QCOMPARE(editor.addRow({5})->keyframes().front()->rect(), editor.key(0, 0)->rect());
+}
+
+void TimeEditorViewTest::theWheelScrollsAtFortyPercentAndNeverZooms()
+{
+    Editor editor({{20}});
+    editor.view->setScale(0.3);
+    editor.view->horizontalScrollBar()->setValue(editor.view->horizontalScrollBar()->minimum());
+    const QTransform before = editor.view->transform();
+    const auto turn = [&](Qt::KeyboardModifiers modifiers) {
+        const QPointF place(300, 20);
+        QWheelEvent wheel(
+            place,
+            editor.view->mapToGlobal(place.toPoint()),
+            QPoint(),
+            QPoint(-250, 0),
+            Qt::NoButton,
+            modifiers,
+            Qt::NoScrollPhase,
+            false);
+        const int start = editor.view->horizontalScrollBar()->value();
+        QCoreApplication::sendEvent(editor.view->viewport(), &wheel);
+        return editor.view->horizontalScrollBar()->value() - start;
+    };
+    const int step = editor.view->horizontalScrollBar()->singleStep();
+    QCOMPARE(turn(Qt::NoModifier), static_cast<int>(100.0 / 120.0 * 3.0 * step));
+    turn(Qt::ControlModifier);
+    QCOMPARE(editor.view->transform(), before);
+}
+
+void TimeEditorViewTest::spacePansEvenFromAKey()
+{
+    Editor editor({{30}});
+    editor.view->setScale(0.3);
+    editor.key(0, 0)->setSelected(true);
+    QTest::keyPress(editor.view, Qt::Key_Space);
+    QVERIFY(editor.view->isSpaceHeld());
+    editor.view->centerOn(30, 0);
+    const int start = editor.view->horizontalScrollBar()->value();
+    const QPoint place = editor.at(editor.key(0, 0));
+    editor.drag(place, place - QPoint(60, 0));
+    QCOMPARE(editor.view->horizontalScrollBar()->value(), start + 60);
+    QCOMPARE(editor.frames(0), u"30"_qs);
+    QCOMPARE(editor.selection(), u"30"_qs);
+    QTest::keyRelease(editor.view, Qt::Key_Space);
+    QCOMPARE(editor.view->dragMode(), QGraphicsView::RubberBandDrag);
+    QVERIFY(editor.view->isInteractive());
+}
+
+void TimeEditorViewTest::theOverrideCursorNeverOutlivesItsGesture()
+{
+    auto editor = std::make_unique<Editor>(std::initializer_list<std::vector<int>>{{30}});
+    const auto cursor = [] { return QGuiApplication::overrideCursor(); };
+    const auto pressSpace = [&] {
+        QTest::keyPress(editor->view, Qt::Key_Space);
+        return cursor() != nullptr;
+    };
+    QCOMPARE(cursor(), nullptr);
+    QVERIFY(pressSpace());
+    QKeyEvent repeat(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(editor->view, &repeat);
+    QVERIFY(editor->view->isSpaceHeld());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(editor->view, &leave);
+    QVERIFY(cursor() == nullptr && !editor->view->isSpaceHeld());
+    QVERIFY(pressSpace());
+    QFocusEvent lost(QEvent::FocusOut);
+    QCoreApplication::sendEvent(editor->view, &lost);
+    QVERIFY(cursor() == nullptr && !editor->view->isSpaceHeld());
+    QVERIFY(pressSpace());
+    editor->view->setEnabled(false);
+    QCOMPARE(cursor(), nullptr);
+    editor->view->setEnabled(true);
+    QVERIFY(pressSpace());
+    editor->press({300, 100});
+    editor->view->hide();
+    QVERIFY(cursor() == nullptr && editor->view->isInteractive());
+    QVERIFY(pressSpace());
+    editor.reset();
+    QCOMPARE(cursor(), nullptr);
+}
+
+void TimeEditorViewTest::shortcutsReachTheHostOnce()
+{
+    Editor editor({{10, 20, 30}});
+    editor.hold(Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_C, Qt::Key_X, Qt::Key_V}) {
+        QTest::keyClick(editor.view, key, Qt::ControlModifier);
+    }
+    QCOMPARE(editor.utils.calls.join(u','), u"copy,cut,paste"_qs);
+    editor.hold(Qt::NoModifier); // the keyboard knows better than the event
+    QTest::keyClick(editor.view, Qt::Key_C, Qt::ControlModifier);
+    editor.utils.deleting = true;
+    editor.key(0, 1)->setSelected(true);
+    QTest::keyClick(editor.view, Qt::Key_Delete);
+    QCOMPARE(editor.utils.calls.last(), u"delete 1"_qs);
+    QCOMPARE(editor.utils.calls.size(), 4);
+    QCOMPARE(editor.frames(0), u"10 30"_qs);
+    editor.view->setUtils(nullptr);
+    QTest::keyClick(editor.view, Qt::Key_Delete);
+}
+
+void TimeEditorViewTest::aRightPressLeavesTheSelection()
+{
+    Editor editor({{10, 20}});
+    editor.click(editor.at(editor.key(0, 0)));
+    QCOMPARE(editor.selection(), u"10"_qs);
+    editor.pointer.moveTo(editor.at(editor.key(0, 1)));
+    editor.pointer.press(Qt::RightButton);
+    editor.pointer.release(Qt::RightButton);
+    QCOMPARE(editor.selection(), u"10"_qs);
+    editor.click({600, 150});
+    QCOMPARE(editor.selection(), QString());
+}
+
+void TimeEditorViewTest::theBandCatchesByKindFromInsideARow()
+{
+    Editor editor({{10, 20, 30}, {15, 25}});
+    auto* const clip = new TimeEditorClipItem(editor.view);
+    VisClip* const area = clip->addClipArea(12, 22);
+    editor.scene->addLayoutItem(clip);
+    editor.view->setupViewAndScene(0, 100, 66);
+    const auto band = [&](TimeEditorView::SelectionMode mode,
+                          Qt::KeyboardModifiers modifiers = {}) {
+        editor.view->clearSelection();
+        editor.view->setMarqueeSelectionMode(mode);
+        editor.hold(modifiers);
+        editor.drag(editor.at(35, 3), editor.at(12.5, 60)); // starts inside the first row
+        const bool anyCurve = editor.curves[0]->isSelected() || editor.curves[1]->isSelected();
+        return editor.selection() + (anyCurve ? u" curves"_qs : QString())
+               + (clip->isSelected() ? u" clip"_qs : QString())
+               + (area->isSelected() ? u" area"_qs : QString());
+    };
+    using View = TimeEditorView;
+    QCOMPARE(band(View::None), u"15 20 25 30 curves clip area"_qs);
+    QCOMPARE(band(View::PreferKeyframes), u"15 20 25 30"_qs);
+    QCOMPARE(band(View::CurvesOnly), u" curves"_qs);
+    QCOMPARE(band(View::ClipsOnly), u" clip area"_qs);
+    QCOMPARE(band(View::PreferKeyframes, Qt::AltModifier), u" clip area"_qs);
+    // The first mode leaves a curve where no key was caught.
+    editor.hold({});
+    editor.view->setMarqueeSelectionMode(View::PreferKeyframes);
+    editor.drag(editor.at(13, 2), editor.at(17, 14));
+    QVERIFY(editor.curves[0]->isSelected());
+    QCOMPARE(editor.selection(), QString());
+}
+
+void TimeEditorViewTest::shiftSelectsFromTheAnchorInOneCurve()
+{
+    Editor editor({{10, 20, 30, 40}, {15}});
+    QSignalSpy changed(editor.scene, &QGraphicsScene::selectionChanged);
+    editor.click(editor.at(editor.key(0, 0)));
+    editor.hold(Qt::ShiftModifier);
+    changed.clear();
+    editor.click(editor.at(editor.key(0, 2)));
+    QCOMPARE(editor.selection(), u"10 20 30"_qs);
+    QCOMPARE(changed.count(), 1);
+    editor.click(editor.at(editor.key(0, 3))); // the anchor has moved along
+    QCOMPARE(editor.selection(), u"30 40"_qs);
+    editor.click(editor.at(editor.key(1, 0))); // another curve: it becomes the anchor
+    QCOMPARE(editor.selection(), u"15"_qs);
+    QCOMPARE(editor.frames(0), u"10 20 30 40"_qs);
+}
+
+void TimeEditorViewTest::theMenuBelongsToWhatWasClicked()
+{
+    Editor editor({{10}, {20}});
+    editor.key(1, 0)->setSelected(true);
+    QCOMPARE(editor.view->curvesForMenu({900, 150}), std::set{editor.curves[1]});
+    QCOMPARE(editor.view->curvesForMenu(editor.at(editor.key(0, 0))), std::set{editor.curves[0]});
+    QMenu* const menu = editor.utils.createMenu({5, 5});
+    QCOMPARE(menu->parent(), editor.view);
+    QContextMenuEvent event(
+        QContextMenuEvent::Mouse, {5, 5}, editor.view->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(editor.view->viewport(), &event); // an empty one does not open
+    QCOMPARE(QApplication::activePopupWidget(), nullptr);
+}
+
+void TimeEditorViewTest::rowsStackAndComeAgainAfterClearing()
+{
+    Editor editor;
+    for (int i = 0; i < 70; ++i) { // more than a block
+        editor.addRow({i});
+    }
+    QCoreApplication::processEvents();
+    const auto rowsLieRight = [&] {
+        for (std::size_t i = 0; i < editor.curves.size(); ++i) {
+            if (editor.curves[i]->scenePos() != QPointF(0, 22.0 * static_cast<double>(i))) {
+                return false;
+            }
+        }
+        return true;
+    };
+    QVERIFY(rowsLieRight());
+    QCOMPARE(editor.scene->layoutContainer()->linearLayout()->count(), 70);
+    delete std::exchange(editor.curves[3], nullptr);
+    editor.curves.erase(editor.curves.begin() + 3);
+    QCoreApplication::processEvents();
+    QVERIFY(rowsLieRight());
+    auto* const hidden = new QGraphicsRectItem(0, 0, 5, 5);
+    hidden->setVisible(false);
+    auto* const behind = new QGraphicsRectItem(0, 0, 5, 5, editor.curves[0]);
+    behind->setFlag(QGraphicsItem::ItemStacksBehindParent);
+    editor.scene->addItem(hidden);
+    editor.press(editor.at(editor.key(0, 0)));
+    editor.scene->clearScene();
+    editor.pointer.moveTo({300, 10});
+    editor.pointer.release();
+    editor.curves.clear();
+    QCOMPARE(editor.scene->items().size(), 2); // tool and stack
+    editor.addRow({5});
+    QCOMPARE(editor.curves[0]->scenePos(), QPointF(0, 0));
+    editor.click(editor.at(editor.key(0, 0)));
+    QCOMPARE(editor.selection(), u"5"_qs);
+}
+
+void TimeEditorViewTest::aTickPaintsOnceAndIdleNever()
+{
+    Editor editor({{10, 20}});
+    auto* const sound = new TimeEditorBaseItem;
+    editor.scene->addLayoutItem(sound);
+    PaintCounter paints(editor.view->viewport());
+    paints.take();
+    QCOMPARE(paints.take(), 0);
+    for (int frame = 0; frame < 100; ++frame) {
+        editor.view->setCurrentFrame(frame);
+    }
+    QCOMPARE(editor.view->frameNumber(), 99);
+    QCOMPARE(paints.take(), 1);
+    QCOMPARE(paints.take(), 0);
+}
+
+void TimeEditorViewTest::stripesKeepTheirParityWhenPaintedInParts()
+{
+    Editor editor({{10}});
+    editor.view->setScale(0.5); // 20 pixels a frame, fewer than 75 in sight
+    editor.view->setBackgroundRegion(0, 100);
+    QCoreApplication::processEvents();
+    const QImage whole = editor.view->viewport()->grab().toImage();
+    const QRect part(403, 60, 57, 40);
+    const QImage piece = editor.view->viewport()->grab(part).toImage();
+    const double ratio = whole.devicePixelRatio();
+    const QRect device(part.topLeft() * ratio, part.size() * ratio);
+    QCOMPARE(
+        piece.convertToFormat(QImage::Format_RGB32),
+        whole.copy(device).convertToFormat(QImage::Format_RGB32));
+    const auto shade = [&](double frame) {
+        return ui::test::pixelAt(whole, editor.at(frame + 0.5, 100));
+    };
+    QVERIFY(shade(30) != shade(31));
+    QCOMPARE(shade(30), shade(32));
+    QCOMPARE(shade(31), ui::colorQt(u"Base"_qs));
+}
+
+void TimeEditorViewTest::theTimeHandleCommitsWholeFrames()
+{
+    struct Host : TimeEditorView
+    {
+        void frameChangeCommitted() override
+        {
+            frames << frameNumber();
+            setCurrentFrame(std::min(frameNumber(), 30)); // as a host that limits does
+        }
+        QList<int> frames;
+    } view;
+    view.resize(1044, 100);
+    auto* const scene = new TimeEditorScene(&view, QRect(0, 0, 100, 44), true);
+    view.setup(scene);
+    view.setFrameRange(0, 100);
+    view.setupViewAndScene(0, 100, 44);
+    view.setCurrentFrame(10);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    TimeHandle* const handle = scene->getTimeHandle();
+    QCOMPARE(handle->rect(), QRectF(0, 0, 2, 44));
+    QCOMPARE(handle->pos(), QPointF(10, 0));
+    QVERIFY(view.frames.isEmpty());
+    ui::test::FakePointer pointer(view.viewport());
+    pointer.moveTo(view.mapFromScene(11.0, 10.0));
+    pointer.press();
+    pointer.dragTo(view.mapFromScene(13.4, 30.0));
+    QCOMPARE(view.frames.last(), 12);
+    QCOMPARE(handle->y(), 0.0);
+    pointer.dragTo(view.mapFromScene(60, 30.0), 100);
+    QCOMPARE(view.frameNumber(), 30);
+    QCOMPARE(handle->x(), 30.0);
+    pointer.release();
+    handle->setPos(40.4, 7.0); // not by the user
+    QCOMPARE(view.frameNumber(), 30);
+    QCOMPARE(handle->pos(), QPointF(40, 0));
+    handle->setPos(std::nan(""), 0.0);
+    QCOMPARE(handle->x(), 40.0);
+    scene->clearScene();
+    QCOMPARE(scene->getTimeHandle(), handle);
+}
+
+void TimeEditorViewTest::connectionsReachTheItemBelow()
+{
+    struct Target : TimeEditorCurveItem
+    {
+        using TimeEditorCurveItem::TimeEditorCurveItem;
+        void onConnectionEnter(ConnectionInstance*) override { log << u"enter"_qs; }
+        void onConnectionMove(ConnectionInstance*) override { log << u"move"_qs; }
+        void onConnectionLeave(ConnectionInstance*) override { log << u"leave"_qs; }
+        void onConnectionDrop(ConnectionInstance*) override { log << u"drop"_qs; }
+        QStringList log;
+    };
+    Editor editor;
+    auto* const target = new Target(editor.view);
+    target->addKeyframe(10);
+    target->addKeyframe(50);
+    editor.scene->addLayoutItem(target);
+    QPointer<ConnectionInstance> connection = ConnectionInstance::start(editor.view, {5, 150});
+    QVERIFY(connection);
+    const auto moveTo = [&](QPoint place) {
+        connection->moveTo(editor.view->viewport()->mapToGlobal(place));
+    };
+    moveTo({500, 150});
+    moveTo(editor.at(30, 11));
+    moveTo(editor.at(31, 11));
+    QCOMPARE(connection->drawStyle(), ConnectionStyle::Line);
+    moveTo({500, 150});
+    moveTo(editor.at(30, 11));
+    connection->drop();
+    target->log.removeAll(u"move"_qs);
+    QCOMPARE(target->log.join(u' '), u"enter leave enter leave drop"_qs);
+    connection = ConnectionInstance::start(editor.view, {5, 150});
+    moveTo(editor.at(30, 11));
+    delete target;
+    moveTo(editor.at(31, 11));
+    connection->cancel();
+}
+
+namespace {
+const ui::test::Registration<TimeEditorViewTest> kRegistration;
+} // namespace
+
+#include "tst_timeeditorview.moc"
