@@ -2,6 +2,7 @@
 
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"
+#include "support/pixels.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
@@ -27,15 +28,10 @@ public:
     void onDeleteKeyframes(std::set<TimeEditorKeyframeItem*> keys) override
     {
         calls << u"delete %1"_qs.arg(keys.size());
-        if (deleting) {
-            for (TimeEditorKeyframeItem* const key : keys) {
-                delete key;
-            }
-        }
+        qDeleteAll(keys);
     }
 
     QStringList calls;
-    bool deleting = false;
 };
 
 /// A view of 100 frames with ten pixels a frame, and rows of keys.
@@ -96,17 +92,14 @@ public:
         }
         return texts.join(u' ');
     }
+    /// The frames of all selected keys.
     QString selection() const
     {
-        QList<int> selected;
-        for (const TimeEditorKeyframeItem* const each : view->selectedKeyframes()) {
-            selected << static_cast<int>(each->x());
-        }
-        std::sort(selected.begin(), selected.end());
         QStringList texts;
-        for (const int frame : selected) {
-            texts << QString::number(frame);
+        for (const TimeEditorKeyframeItem* const each : view->selectedKeyframes()) {
+            texts << QString::number(each->x());
         }
+        texts.sort(); // all of them have two digits
         return texts.join(u' ');
     }
 
@@ -114,6 +107,11 @@ public:
     QPoint at(const TimeEditorKeyframeItem* item) const
     {
         return view->mapFromScene(item->sceneBoundingRect().center());
+    }
+
+    QColor colorAt(double frame, double y) const
+    {
+        return pixelAt(view->viewport()->grab().toImage(), at(frame, y));
     }
 
     /// Holds modifiers for events and for those who ask the keyboard.

@@ -67,11 +67,6 @@ void TimeEditorDragsTest::aDragIsToldOnceAndAClickNever()
     QCOMPARE(editor.told, QList<int>{1});
     QCOMPARE(steps.count(), 3);                                // a step a frame, not a pixel
     QCOMPARE(editor.view->getScaleRange(), std::pair(12, 13)); // five pixels to either side
-    editor.press(editor.at(editor.key(0, 0)));
-    editor.pointer.dragTo(place + QPoint(90, 0));
-    editor.pointer.dragTo(place + QPoint(30, 0));
-    editor.pointer.release();
-    QCOMPARE(editor.told, QList<int>{1});
 }
 
 void TimeEditorDragsTest::escapeAndLostMiceEndADrag()
@@ -90,9 +85,16 @@ void TimeEditorDragsTest::escapeAndLostMiceEndADrag()
 
     editor.press(editor.at(editor.key(0, 1)));
     editor.pointer.dragTo(editor.at(editor.key(0, 1)) + QPoint(50, 0));
+    QMouseEvent lost(
+        QEvent::MouseMove, {900, 30}, editor.view->mapToGlobal(QPointF(900, 30)), {}, {}, {});
+    QCoreApplication::sendEvent(editor.view->viewport(), &lost); // its release went elsewhere
+    QCOMPARE(editor.told, QList<int>{1});
+    editor.told.clear();
+    editor.press(editor.at(editor.key(0, 1)));
+    editor.pointer.dragTo(editor.at(editor.key(0, 1)) + QPoint(50, 0));
     editor.view->hide(); // as by a release
     QCOMPARE(editor.told, QList<int>{1});
-    QCOMPARE(editor.frames(0), u"10.25 25"_qs);
+    QCOMPARE(editor.frames(0), u"10.25 30"_qs);
     QCOMPARE(editor.scene->mouseGrabberItem(), nullptr);
 }
 
@@ -250,11 +252,6 @@ void TimeEditorDragsTest::aClickOnTheToolLeavesTheSelection()
     editor.key(0, 1)->setSelected(true);
     editor.click(editor.at(34, 2));
     QCOMPARE(editor.selection(), u"30 40"_qs);
-    editor.pointer.moveTo(editor.at(34, 2));
-    editor.pointer.press(Qt::RightButton);
-    editor.pointer.dragTo(editor.at(50, 2));
-    editor.pointer.release(Qt::RightButton);
-    QCOMPARE(editor.frames(0), u"30 40"_qs);
     // A band that meets the tool selects what is below it, and not the tool.
     editor.drag(editor.at(90, 40), editor.at(36, 3));
     QCOMPARE(editor.selection(), u"40"_qs);
@@ -299,8 +296,6 @@ void TimeEditorDragsTest::clipsTrimMoveAndSlip()
     QCOMPARE(edits.size(), 4);
     editor.pointer.moveTo(editor.at(20.2, 10));
     QCOMPARE(clip->getEndPointHoverArea(), EndPointHover::Start);
-    editor.pointer.moveTo(editor.at(90, 10));
-    QCOMPARE(clip->getEndPointHoverArea(), EndPointHover::None);
 }
 
 void TimeEditorDragsTest::clipAreasAreDeselectedAsTheClipSays()
@@ -335,6 +330,7 @@ void TimeEditorDragsTest::clipAreasAreDeselectedAsTheClipSays()
     QCOMPARE(selected(), u"--xx--"_qs);
     editor.click(editor.at(80, 60));
     QCOMPARE(selected(), u"------"_qs);
+    editor.view->setMarqueeSelectionMode(TimeEditorView::ClipsOnly);
     editor.drag(editor.at(60, 50), editor.at(45, 10));
     QCOMPARE(selected(), u"-x-x-x"_qs);
 }
@@ -350,14 +346,10 @@ void TimeEditorDragsTest::anythingMayDieInMidGesture()
         [](Editor& editor) { delete std::exchange(editor.view, nullptr); },
     };
     const std::vector<Deed> gestures = {
-        [](Editor& editor) { editor.press(editor.at(editor.key(0, 0))); },
         [](Editor& editor) {
             editor.key(0, 0)->animateFeedbackColor(Qt::red);
             editor.press(editor.at(editor.key(0, 0)));
             editor.pointer.dragTo({400, 20});
-        },
-        [](Editor& editor) {
-            editor.drag({700, 150}, editor.at(5, 2));
         },
         [](Editor& editor) {
             editor.press({700, 150});

@@ -4,9 +4,7 @@
 #include "MorrantUI/scene/wheel.h"
 #include "MorrantUI/timeeditor/beatgrid.h"
 #include "MorrantUI/timeeditor/clipdrag.h"
-#include "MorrantUI/timeeditor/keyscaling.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
-#include "MorrantUI/timeeditor/marqueefilter.h"
 #include "support/TestCase.h"
 #include <MorrantUI/timeeditor/soundpeaks.h>
 
@@ -24,10 +22,7 @@ class TimeEditorRulesTest : public ui::test::TestCase
 private Q_SLOTS:
     void framesRoundAwayFromZeroAndHoldAtTheEndsOf32Bits();
     void aFitNeedsWidthAndStaysWithinWhatCanBeInverted();
-    void theSmallestScaleFollowsThePlaybackRange();
     void keysSnapAtFiveFramesAndNotAtSix();
-    void scalingKeepsTheOppositeEndAndIsNotFiniteWithoutLength();
-    void theMarqueeFilterFollowsItsModes();
     void beatLinesAreThoseInSightAndAPixelApart();
     void aBeatGridThatCannotBeDrawnHasNoLines();
     void edgesOfAToolWinLeftFirst();
@@ -70,13 +65,6 @@ void TimeEditorRulesTest::aFitNeedsWidthAndStaysWithinWhatCanBeInverted()
     QCOMPARE(ui::evenBackground({-0.5, 0, 10, 5}).left(), -2.0);
 }
 
-void TimeEditorRulesTest::theSmallestScaleFollowsThePlaybackRange()
-{
-    QCOMPARE(ui::minimumScale(1000, {0, 100}), 0.2);
-    QCOMPARE(ui::minimumScale(1000, {7, 7}), 20.0);
-    QCOMPARE(ui::minimumScale(1000, {7, -7}), 20.0);
-}
-
 void TimeEditorRulesTest::keysSnapAtFiveFramesAndNotAtSix()
 {
     const std::array<int, 4> frames = {40, 10, 20, 60};
@@ -87,28 +75,6 @@ void TimeEditorRulesTest::keysSnapAtFiveFramesAndNotAtSix()
     QCOMPARE(ui::nearestSnapFrame(15.9, frames), 20);
     QCOMPARE(ui::nearestSnapFrame(5.0, {}), std::nullopt);
     QCOMPARE(ui::nearestSnapFrame(std::nan(""), frames), std::nullopt);
-}
-
-void TimeEditorRulesTest::scalingKeepsTheOppositeEndAndIsNotFiniteWithoutLength()
-{
-    const ui::KeyScale right{30, 50, 10, 30, true};
-    QCOMPARE(ui::scaledFrame(right, 10), 10.0);
-    QCOMPARE(ui::scaledFrame(right, 20), 30.0);
-    const ui::KeyScale left{10, 20, 10, 30, false};
-    QCOMPARE(ui::scaledFrame(left, 10), 20.0);
-    QCOMPARE(ui::scaledFrame(left, 30), 30.0);
-    QVERIFY(!std::isfinite(ui::scaledFrame({10, 20, 10, 10, false}, 10)));
-}
-
-void TimeEditorRulesTest::theMarqueeFilterFollowsItsModes()
-{
-    using Filter = ui::MarqueeFilter;
-    QCOMPARE(ui::marqueeFilter(0, true, true), Filter{});
-    QCOMPARE(ui::marqueeFilter(1, false, true), (Filter{false, true, true, true}));
-    QCOMPARE(ui::marqueeFilter(1, false, false), (Filter{false, false, true, true}));
-    QCOMPARE(ui::marqueeFilter(2, false, true), (Filter{true, false, true, false}));
-    QCOMPARE(ui::marqueeFilter(3, false, true), (Filter{true, true, false, false}));
-    QCOMPARE(ui::marqueeFilter(2, true, true), ui::marqueeFilter(3, false, true));
 }
 
 void TimeEditorRulesTest::beatLinesAreThoseInSightAndAPixelApart()

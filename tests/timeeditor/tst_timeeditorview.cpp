@@ -18,15 +18,12 @@ private Q_SLOTS:
     void theRangeAndFourFramesFillTheViewport();
     void zoomHoldsAtItsMinimumAndStaysFinite();
     void framingFollowsSelectionAndShift();
-    void keysKeepTheirSizeAtAnyZoom();
     void theWheelScrollsAtFortyPercentAndNeverZooms();
     void spacePansEvenFromAKey();
     void theOverrideCursorNeverOutlivesItsGesture();
     void shortcutsReachTheHostOnce();
-    void aRightPressLeavesTheSelection();
     void theBandCatchesByKindFromInsideARow();
     void shiftSelectsFromTheAnchorInOneCurve();
-    void theMenuBelongsToWhatWasClicked();
     void rowsStackAndComeAgainAfterClearing();
     void aTickPaintsOnceAndIdleNever();
     void stripesKeepTheirParityWhenPaintedInParts();
@@ -61,6 +58,8 @@ void TimeEditorViewTest::zoomHoldsAtItsMinimumAndStaysFinite()
     editor.view->setScale(1e300);
     QVERIFY(editor.view->transform().m11() > 0.0);
     editor.view->setPlaybackRange(0, 100);
+    editor.view->setScale(0.4);
+    QCOMPARE(editor.key(0, 0)->rect().width() * editor.view->transform().m11(), 10.0);
     editor.view->setScale(0.25);
     editor.key(0, 0)->setSelected(true);
     for (int i = 0; i < 8; ++i) {
@@ -92,43 +91,17 @@ void TimeEditorViewTest::framingFollowsSelectionAndShift()
     QCOMPARE(framed().left(), -2.0); // the frame range, two percent
 }
 
-void TimeEditorViewTest::keysKeepTheirSizeAtAnyZoom()
-{
-    Editor editor({{20, 40}});
-    for (const double scale : {1.0, 0.4, 3.0}) {
-        editor.view->setScale(scale);
-        const QRectF rect = editor.key(0, 0)->rect();
-        QCOMPARE(rect.width() * editor.view->transform().m11(), 10.0);
-        QCOMPARE(QRectF(0, rect.y(), 1, rect.height()), QRectF(0, 1, 1, 10));
-    }
-    // A row that comes later is sized for the zoom that it comes to.
-    QCOMPARE(editor.addRow({5})->keyframes().front()->rect(), editor.key(0, 0)->rect());
-}
-
 void TimeEditorViewTest::theWheelScrollsAtFortyPercentAndNeverZooms()
 {
     Editor editor({{20}});
     editor.view->setScale(0.3);
-    editor.view->horizontalScrollBar()->setValue(editor.view->horizontalScrollBar()->minimum());
+    QScrollBar* const bar = editor.view->horizontalScrollBar();
+    bar->setValue(bar->minimum());
     const QTransform before = editor.view->transform();
-    const auto turn = [&](Qt::KeyboardModifiers modifiers) {
-        const QPointF place(300, 20);
-        QWheelEvent wheel(
-            place,
-            editor.view->mapToGlobal(place.toPoint()),
-            QPoint(),
-            QPoint(-250, 0),
-            Qt::NoButton,
-            modifiers,
-            Qt::NoScrollPhase,
-            false);
-        const int start = editor.view->horizontalScrollBar()->value();
-        QCoreApplication::sendEvent(editor.view->viewport(), &wheel);
-        return editor.view->horizontalScrollBar()->value() - start;
-    };
-    const int step = editor.view->horizontalScrollBar()->singleStep();
-    QCOMPARE(turn(Qt::NoModifier), static_cast<int>(100.0 / 120.0 * 3.0 * step));
-    turn(Qt::ControlModifier);
+    const QPoint place(300, 20);
+    QWheelEvent wheel(place, editor.view->mapToGlobal(place), {}, {-250, 0}, {}, {}, {}, false);
+    QCoreApplication::sendEvent(editor.view->viewport(), &wheel);
+    QCOMPARE(bar->value() - bar->minimum(), static_cast<int>(2.5 * bar->singleStep()));
     QCOMPARE(editor.view->transform(), before);
 }
 
@@ -154,34 +127,25 @@ void TimeEditorViewTest::spacePansEvenFromAKey()
 void TimeEditorViewTest::theOverrideCursorNeverOutlivesItsGesture()
 {
     auto editor = std::make_unique<Editor>(std::initializer_list<std::vector<int>>{{30}});
-    const auto cursor = [] { return QGuiApplication::overrideCursor(); };
-    const auto pressSpace = [&] {
-        QTest::keyPress(editor->view, Qt::Key_Space);
-        return cursor() != nullptr;
+    const auto send = [&](auto&& event) { QCoreApplication::sendEvent(editor->view, &event); };
+    const std::vector<std::function<void()>> doors = {
+        [&] { send(QEvent(QEvent::Leave)); },
+        [&] { send(QFocusEvent(QEvent::FocusOut)); },
+        [&] { editor->view->setEnabled(false); },
+        [&] { editor->view->hide(); },
+        [&] { editor.reset(); },
     };
-    QCOMPARE(cursor(), nullptr);
-    QVERIFY(pressSpace());
-    QKeyEvent repeat(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QString(), true);
-    QCoreApplication::sendEvent(editor->view, &repeat);
-    QVERIFY(editor->view->isSpaceHeld());
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(editor->view, &leave);
-    QVERIFY(cursor() == nullptr && !editor->view->isSpaceHeld());
-    QVERIFY(pressSpace());
-    QFocusEvent lost(QEvent::FocusOut);
-    QCoreApplication::sendEvent(editor->view, &lost);
-    QVERIFY(cursor() == nullptr && !editor->view->isSpaceHeld());
-    QVERIFY(pressSpace());
-    editor->view->setEnabled(false);
-    QCOMPARE(cursor(), nullptr);
-    editor->view->setEnabled(true);
-    QVERIFY(pressSpace());
-    editor->press({300, 100});
-    editor->view->hide();
-    QVERIFY(cursor() == nullptr && editor->view->isInteractive());
-    QVERIFY(pressSpace());
-    editor.reset();
-    QCOMPARE(cursor(), nullptr);
+    for (const auto& door : doors) {
+        editor->view->setEnabled(true);
+        QTest::keyPress(editor->view, Qt::Key_Space);
+        editor->press({300, 100});
+        send(QKeyEvent(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QString(), true));
+        QVERIFY(editor->view->isSpaceHeld()); // a repeated release is none
+        QVERIFY(QGuiApplication::overrideCursor() != nullptr);
+        door();
+        QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+        QVERIFY(!editor || (!editor->view->isSpaceHeld() && editor->view->isInteractive()));
+    }
 }
 
 void TimeEditorViewTest::shortcutsReachTheHostOnce()
@@ -194,7 +158,6 @@ void TimeEditorViewTest::shortcutsReachTheHostOnce()
     QCOMPARE(editor.utils.calls.join(u','), u"copy,cut,paste"_qs);
     editor.hold(Qt::NoModifier); // the keyboard knows better than the event
     QTest::keyClick(editor.view, Qt::Key_C, Qt::ControlModifier);
-    editor.utils.deleting = true;
     editor.key(0, 1)->setSelected(true);
     QTest::keyClick(editor.view, Qt::Key_Delete);
     QCOMPARE(editor.utils.calls.last(), u"delete 1"_qs);
@@ -202,19 +165,6 @@ void TimeEditorViewTest::shortcutsReachTheHostOnce()
     QCOMPARE(editor.frames(0), u"10 30"_qs);
     editor.view->setUtils(nullptr);
     QTest::keyClick(editor.view, Qt::Key_Delete);
-}
-
-void TimeEditorViewTest::aRightPressLeavesTheSelection()
-{
-    Editor editor({{10, 20}});
-    editor.click(editor.at(editor.key(0, 0)));
-    QCOMPARE(editor.selection(), u"10"_qs);
-    editor.pointer.moveTo(editor.at(editor.key(0, 1)));
-    editor.pointer.press(Qt::RightButton);
-    editor.pointer.release(Qt::RightButton);
-    QCOMPARE(editor.selection(), u"10"_qs);
-    editor.click({600, 150});
-    QCOMPARE(editor.selection(), QString());
 }
 
 void TimeEditorViewTest::theBandCatchesByKindFromInsideARow()
@@ -264,20 +214,10 @@ void TimeEditorViewTest::shiftSelectsFromTheAnchorInOneCurve()
     editor.click(editor.at(editor.key(1, 0))); // another curve: it becomes the anchor
     QCOMPARE(editor.selection(), u"15"_qs);
     QCOMPARE(editor.frames(0), u"10 20 30 40"_qs);
-}
-
-void TimeEditorViewTest::theMenuBelongsToWhatWasClicked()
-{
-    Editor editor({{10}, {20}});
-    editor.key(1, 0)->setSelected(true);
-    QCOMPARE(editor.view->curvesForMenu({900, 150}), std::set{editor.curves[1]});
-    QCOMPARE(editor.view->curvesForMenu(editor.at(editor.key(0, 0))), std::set{editor.curves[0]});
-    QMenu* const menu = editor.utils.createMenu({5, 5});
-    QCOMPARE(menu->parent(), editor.view);
-    QContextMenuEvent event(
-        QContextMenuEvent::Mouse, {5, 5}, editor.view->mapToGlobal(QPoint(5, 5)));
-    QCoreApplication::sendEvent(editor.view->viewport(), &event); // an empty one does not open
-    QCOMPARE(QApplication::activePopupWidget(), nullptr);
+    editor.pointer.moveTo(editor.at(editor.key(0, 1)));
+    editor.pointer.press(Qt::RightButton); // selects nothing
+    editor.pointer.release(Qt::RightButton);
+    QCOMPARE(editor.selection(), u"15"_qs);
 }
 
 void TimeEditorViewTest::rowsStackAndComeAgainAfterClearing()
@@ -288,12 +228,10 @@ void TimeEditorViewTest::rowsStackAndComeAgainAfterClearing()
     }
     QCoreApplication::processEvents();
     const auto rowsLieRight = [&] {
-        for (std::size_t i = 0; i < editor.curves.size(); ++i) {
-            if (editor.curves[i]->scenePos() != QPointF(0, 22.0 * static_cast<double>(i))) {
-                return false;
-            }
-        }
-        return true;
+        double y = -22;
+        return std::all_of(editor.curves.begin(), editor.curves.end(), [&](const auto* row) {
+            return row->scenePos() == QPointF(0, y += 22);
+        });
     };
     QVERIFY(rowsLieRight());
     QCOMPARE(editor.scene->layoutContainer()->linearLayout()->count(), 70);
@@ -336,7 +274,7 @@ void TimeEditorViewTest::aTickPaintsOnceAndIdleNever()
 
 void TimeEditorViewTest::stripesKeepTheirParityWhenPaintedInParts()
 {
-    Editor editor({{10}});
+    const Editor editor({{10}});
     editor.view->setScale(0.5); // 20 pixels a frame, fewer than 75 in sight
     editor.view->setBackgroundRegion(0, 100);
     QCoreApplication::processEvents();
@@ -370,30 +308,24 @@ void TimeEditorViewTest::theTimeHandleCommitsWholeFrames()
     view.resize(1044, 100);
     auto* const scene = new TimeEditorScene(&view, QRect(0, 0, 100, 44), true);
     view.setup(scene);
-    view.setFrameRange(0, 100);
     view.setupViewAndScene(0, 100, 44);
     view.setCurrentFrame(10);
     view.show();
     QVERIFY(QTest::qWaitForWindowExposed(&view));
     TimeHandle* const handle = scene->getTimeHandle();
-    QCOMPARE(handle->rect(), QRectF(0, 0, 2, 44));
-    QCOMPARE(handle->pos(), QPointF(10, 0));
+    QVERIFY(handle->rect() == QRectF(0, 0, 2, 44) && handle->pos() == QPointF(10, 0));
     QVERIFY(view.frames.isEmpty());
     ui::test::FakePointer pointer(view.viewport());
     pointer.moveTo(view.mapFromScene(11.0, 10.0));
     pointer.press();
     pointer.dragTo(view.mapFromScene(13.4, 30.0));
     QCOMPARE(view.frames.last(), 12);
-    QCOMPARE(handle->y(), 0.0);
     pointer.dragTo(view.mapFromScene(60, 30.0), 100);
-    QCOMPARE(view.frameNumber(), 30);
-    QCOMPARE(handle->x(), 30.0);
+    QVERIFY(view.frameNumber() == 30 && handle->x() == 30.0);
     pointer.release();
     handle->setPos(40.4, 7.0); // not by the user
     QCOMPARE(view.frameNumber(), 30);
     QCOMPARE(handle->pos(), QPointF(40, 0));
-    handle->setPos(std::nan(""), 0.0);
-    QCOMPARE(handle->x(), 40.0);
     scene->clearScene();
     QCOMPARE(scene->getTimeHandle(), handle);
 }
@@ -403,11 +335,10 @@ void TimeEditorViewTest::connectionsReachTheItemBelow()
     struct Target : TimeEditorCurveItem
     {
         using TimeEditorCurveItem::TimeEditorCurveItem;
-        void onConnectionEnter(ConnectionInstance*) override { log << u"enter"_qs; }
-        void onConnectionMove(ConnectionInstance*) override { log << u"move"_qs; }
-        void onConnectionLeave(ConnectionInstance*) override { log << u"leave"_qs; }
-        void onConnectionDrop(ConnectionInstance*) override { log << u"drop"_qs; }
-        QStringList log;
+        void onConnectionEnter(ConnectionInstance*) override { log += u"enter "_qs; }
+        void onConnectionLeave(ConnectionInstance*) override { log += u"leave "_qs; }
+        void onConnectionDrop(ConnectionInstance*) override { log += u"drop "_qs; }
+        QString log;
     };
     Editor editor;
     auto* const target = new Target(editor.view);
@@ -415,23 +346,19 @@ void TimeEditorViewTest::connectionsReachTheItemBelow()
     target->addKeyframe(50);
     editor.scene->addLayoutItem(target);
     QPointer<ConnectionInstance> connection = ConnectionInstance::start(editor.view, {5, 150});
-    QVERIFY(connection);
-    const auto moveTo = [&](QPoint place) {
-        connection->moveTo(editor.view->viewport()->mapToGlobal(place));
+    const auto moveTo = [&](double frame, double y) {
+        connection->moveTo(editor.view->viewport()->mapToGlobal(editor.at(frame, y)));
     };
-    moveTo({500, 150});
-    moveTo(editor.at(30, 11));
-    moveTo(editor.at(31, 11));
+    moveTo(30, 11);
     QCOMPARE(connection->drawStyle(), ConnectionStyle::Line);
-    moveTo({500, 150});
-    moveTo(editor.at(30, 11));
+    moveTo(50, 150);
+    moveTo(30, 11);
     connection->drop();
-    target->log.removeAll(u"move"_qs);
-    QCOMPARE(target->log.join(u' '), u"enter leave enter leave drop"_qs);
+    QCOMPARE(target->log, u"enter leave enter leave drop "_qs);
     connection = ConnectionInstance::start(editor.view, {5, 150});
-    moveTo(editor.at(30, 11));
+    moveTo(30, 11);
     delete target;
-    moveTo(editor.at(31, 11));
+    moveTo(31, 11);
     connection->cancel();
 }
 

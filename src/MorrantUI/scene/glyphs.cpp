@@ -5,43 +5,37 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
 
 namespace ui {
 
 namespace {
 
 constexpr int kPhases = 4;           ///< places within a device pixel, on either axis
-constexpr int kMostPictures = 2048;  ///< a colour animation makes a new one for each of its steps
+constexpr int kMostLooks = 256;      ///< a colour animation makes a new one for each of its steps
 constexpr double kPenWidth = 1.0;    ///< pixels
 constexpr double kHaloWidth = 2.0;   ///< pixels
 constexpr double kHaloGrowth = 1.45; ///< the halo's size, times the glyph's
 
-struct PictureKey
+/// What a glyph looks like, at one device ratio.
+struct LookKey
 {
     GlyphShape shape = GlyphShape::KeyDiamond;
     QRgb fill = 0;
     QRgb outline = 0;
     QRgb halo = 0;
     int ratio = 0; ///< thousandths
-    int phaseX = 0;
-    int phaseY = 0;
 
-    friend bool operator==(const PictureKey&, const PictureKey&) = default;
+    friend bool operator==(const LookKey&, const LookKey&) = default;
 };
 
-size_t qHash(const PictureKey& key, size_t seed = 0)
+size_t qHash(const LookKey& key, size_t seed = 0)
 {
     return qHashMulti(
-        seed,
-        static_cast<int>(key.shape),
-        key.fill,
-        key.outline,
-        key.halo,
-        key.ratio,
-        key.phaseX,
-        key.phaseY);
+        seed, static_cast<int>(key.shape), key.fill, key.outline, key.halo, key.ratio);
 }
 
 QPainterPath polygon(const QPolygonF& points)
@@ -69,26 +63,58 @@ void paintGlyph(QPainter& painter, const Glyph& glyph)
     painter.drawPath(outline);
 }
 
-QPixmap makePicture(const Glyph& glyph, double ratio, QPointF phase)
+/// What is drawn of a glyph, in whole pixels around its point.
+QRect glyphBounds(const Glyph& glyph)
 {
-    const int side = static_cast<int>(std::ceil(2.0 * kGlyphReach * ratio)) + 1;
-    QPixmap picture(side, side);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(phase);
-    painter.scale(ratio, ratio);
-    painter.translate(kGlyphReach, kGlyphReach);
-    paintGlyph(painter, glyph);
-    painter.end();
-    picture.setDevicePixelRatio(ratio);
+    const QRectF outline = glyphOutline(glyph.shape).boundingRect();
+    const double growth = glyph.halo.isValid() ? (kHaloGrowth - 1.0) * outline.width() / 2.0 : 0.0;
+    const double reach = growth + std::max(kPenWidth, kHaloWidth) / 2.0 + 1.0;
+    return outline.adjusted(-reach, -reach, reach, reach).toAlignedRect();
+}
+
+} // namespace
+
+/// A glyph's pictures, one for each place within a device pixel, made as they are needed.
+struct GlyphPictures
+{
+    QPixmap at(int phaseX, int phaseY);
+
+    Glyph glyph;
+    double ratio = 1.0;
+    QRect bounds;
+    std::array<QPixmap, kPhases * kPhases> pictures;
+};
+
+QPixmap GlyphPictures::at(int phaseX, int phaseY)
+{
+    QPixmap& picture = pictures.at(static_cast<std::size_t>(phaseY * kPhases + phaseX));
+    if (picture.isNull()) {
+        const auto side = [this](int length) {
+            return static_cast<int>(std::ceil(length * ratio)) + 1;
+        };
+        picture = QPixmap(side(bounds.width()), side(bounds.height()));
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(
+            static_cast<double>(phaseX) / kPhases, static_cast<double>(phaseY) / kPhases);
+        painter.scale(ratio, ratio);
+        painter.translate(-bounds.topLeft());
+        paintGlyph(painter, glyph);
+        painter.end();
+        picture.setDevicePixelRatio(ratio);
+    }
     return picture;
 }
 
+namespace {
+
+using Pictures = QHash<LookKey, std::shared_ptr<GlyphPictures>>;
+
 /// Pictures of the GUI thread; given back when the application ends, as pixmaps have to be.
-QHash<PictureKey, QPixmap>& pictures()
+Pictures& pictures()
 {
-    static auto* const kept = new QHash<PictureKey, QPixmap>;
+    static auto* const kept = new Pictures;
     static const bool registered = [] {
         qAddPostRoutine([] { kept->clear(); });
         return true;
@@ -97,27 +123,26 @@ QHash<PictureKey, QPixmap>& pictures()
     return *kept;
 }
 
-const QPixmap& pictureOf(const Glyph& glyph, double ratio, int phaseX, int phaseY)
+std::shared_ptr<GlyphPictures> picturesOf(const Glyph& glyph, double ratio)
 {
-    const PictureKey key{
+    const LookKey key{
         glyph.shape,
         glyph.fill.rgba(),
         glyph.outline.rgba(),
         glyph.halo.isValid() ? glyph.halo.rgba() : 0,
-        static_cast<int>(std::lround(ratio * 1000.0)),
-        phaseX,
-        phaseY};
-    QHash<PictureKey, QPixmap>& kept = pictures();
-    const auto found = kept.constFind(key);
-    if (found != kept.constEnd()) {
-        return *found;
-    }
-    if (kept.size() >= kMostPictures) {
+        static_cast<int>(std::lround(ratio * 1000.0))};
+    Pictures& kept = pictures();
+    if (kept.size() >= kMostLooks && !kept.contains(key)) {
         kept.clear();
     }
-    const QPointF phase(
-        static_cast<double>(phaseX) / kPhases, static_cast<double>(phaseY) / kPhases);
-    return *kept.insert(key, makePicture(glyph, ratio, phase));
+    std::shared_ptr<GlyphPictures>& found = kept[key];
+    if (!found) {
+        found = std::make_shared<GlyphPictures>();
+        found->glyph = glyph;
+        found->ratio = ratio;
+        found->bounds = glyphBounds(glyph);
+    }
+    return found;
 }
 
 /// A device coordinate as whole pixels and the step within one.
@@ -186,12 +211,16 @@ void GlyphPass::draw(QPointF point, const Glyph& glyph)
     }
     const Snapped x(device.x());
     const Snapped y(device.y());
-    const double reach = kGlyphReach;
+    if (!m_pictures || m_last != glyph) { // neighbours mostly look alike
+        m_last = glyph;
+        m_pictures = picturesOf(glyph, m_ratio);
+    }
+    const QPoint corner = m_pictures->bounds.topLeft();
     m_painter.drawPixmap(
         QPointF(
-            place.x() + (x.pixel - device.x()) / m_ratio - reach,
-            place.y() + (y.pixel - device.y()) / m_ratio - reach),
-        pictureOf(glyph, m_ratio, x.phase, y.phase));
+            place.x() + (x.pixel - device.x()) / m_ratio + corner.x(),
+            place.y() + (y.pixel - device.y()) / m_ratio + corner.y()),
+        m_pictures->at(x.phase, y.phase));
 }
 
 void drawGlyph(QPainter& painter, QPointF point, const Glyph& glyph)

@@ -6,6 +6,8 @@
 #include <QTransform>
 #include <QtGlobal>
 
+#include <memory>
+
 class QPainter;
 
 /// Small shapes that keep their size on screen at any zoom. They are built in pixels around the
@@ -39,6 +41,8 @@ inline constexpr double kGlyphReach = 14.0;
 /// painter's transform; leaves its pen and brush as they were.
 void drawGlyph(QPainter& painter, QPointF point, const Glyph& glyph);
 
+struct GlyphPictures;
+
 /// The same for many glyphs: the painter's transform is put aside once. Draw through nothing but
 /// this object while it lives.
 class GlyphPass
@@ -56,6 +60,8 @@ private:
     QTransform m_world;
     QTransform m_device;
     double m_ratio = 1.0;
+    Glyph m_last;
+    std::shared_ptr<GlyphPictures> m_pictures; ///< of m_last
     bool m_direct = false; ///< the painter turns, shears or records: outlines are drawn as they are
 };
 

@@ -1,7 +1,6 @@
 #include "MorrantUI/timeeditor/TimeEditorBaseItem.h"
 
 #include "MorrantUI/timeeditor/RowBlock.h"
-#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 
 #include <QEasingCurve>
@@ -40,9 +39,17 @@ TimeEditorBaseItem::~TimeEditorBaseItem()
 void TimeEditorBaseItem::setColor(QColor color)
 {
     m_baseColor = color;
-    m_highlightColor = color.lighter(kHighlightLight);
+    m_highlightColor = QColor();
     onColorChange();
     update();
+}
+
+const QColor& TimeEditorBaseItem::getHighlightColor() const
+{
+    if (!m_highlightColor.isValid() && m_baseColor.isValid()) {
+        m_highlightColor = m_baseColor.lighter(kHighlightLight);
+    }
+    return m_highlightColor;
 }
 
 QColor TimeEditorBaseItem::getColor() const
@@ -154,8 +161,7 @@ QVariant TimeEditorBaseItem::itemChange(GraphicsItemChange change, const QVarian
 void TimeEditorBaseItem::enlist()
 {
     auto* const timeScene = qobject_cast<TimeEditorScene*>(scene());
-    // A row looks after its keys itself, which may be a hundred thousand.
-    if (timeScene != nullptr && dynamic_cast<TimeEditorCurveItem*>(parentItem()) == nullptr) {
+    if (timeScene != nullptr) {
         timeScene->enlist(this);
         m_enlisted = true;
     }

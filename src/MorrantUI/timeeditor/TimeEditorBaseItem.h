@@ -28,7 +28,7 @@ public:
     /// The base colour; the highlight colour becomes it lightened to 120 %. Repaints.
     void setColor(QColor color);
     virtual const QColor& getBaseColor() const { return m_baseColor; }
-    virtual const QColor& getHighlightColor() const { return m_highlightColor; }
+    virtual const QColor& getHighlightColor() const;
     /// The colour to paint with now: the base colour here, what subclasses choose there.
     virtual QColor getColor() const;
 
@@ -91,7 +91,7 @@ private:
     bool m_hovering = false;
     bool m_enlisted = false; ///< the scene knows of the item
     QColor m_baseColor;
-    QColor m_highlightColor;
+    mutable QColor m_highlightColor; ///< invalid until it is asked for
     bool m_enableUpdates = true;
     QColor m_animatingColor;
     QPropertyAnimation* m_colorAnimation = nullptr; ///< a child, made when first needed

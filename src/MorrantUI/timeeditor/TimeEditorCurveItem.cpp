@@ -54,8 +54,9 @@ TimeEditorCurveItem::~TimeEditorCurveItem() = default;
 
 TimeEditorKeyframeItem* TimeEditorCurveItem::addKeyframe(int frame)
 {
-    auto* const key = new TimeEditorKeyframeItem(m_view, this);
-    key->forceMove(QPointF(frame, keyY()));
+    auto* const key = new TimeEditorKeyframeItem(m_view, nullptr);
+    key->forceMove(QPointF(frame, keyY())); // before anybody has to be told
+    key->setParentItem(this);
     return key;
 }
 
@@ -84,8 +85,8 @@ void TimeEditorCurveItem::setColorMode(ColorMode mode)
 
 void TimeEditorCurveItem::refresh()
 {
-    m_orderStale = true;
-    if (scene() != nullptr) {
+    // A stale order means that nobody has looked since the last time.
+    if (!std::exchange(m_orderStale, true) && scene() != nullptr) {
         // A key that moves out of its row's former extent leaves a place that nobody else knows of.
         scene()->update();
     }
@@ -180,24 +181,34 @@ QPainterPath TimeEditorCurveItem::shape() const
 bool TimeEditorCurveItem::collidesWithPath(
     const QPainterPath& path, Qt::ItemSelectionMode /*mode*/) const
 {
-    // Qt asks the row before it looks at the keys.
-    const QRectF reached = path.controlPointRect();
-    const std::vector<RowKey>& keys = sortedKeys();
-    if (!m_onlyKeys || bar().intersects(reached)) {
-        return true;
+    // Qt asks the row before it looks at the keys, and looks at all of them then.
+    sortedKeys();
+    if (ui::KeyMask::current() != nullptr || !m_onlyKeys) {
+        return !m_onlyKeys;
     }
-    if (keys.empty() || !m_extent.intersects(reached)) {
-        return false;
+    const QRectF reached = path.controlPointRect();
+    return bar().intersects(reached) || keyAt(reached) != nullptr;
+}
+
+TimeEditorKeyframeItem* TimeEditorCurveItem::keyAt(const QRectF& place) const
+{
+    const std::vector<RowKey>& keys = sortedKeys();
+    if (keys.empty() || !m_extent.intersects(place)) {
+        return nullptr;
     }
     const double reach = keys.front().key->rect().width();
-    const auto begin = std::lower_bound(
-        keys.begin(), keys.end(), reached.left() - reach, [](const RowKey& key, double x) {
-            return key.x < x;
-        });
-    return std::any_of(begin, keys.end(), [&](const RowKey& entry) {
-        return entry.x <= reached.right() + reach
-               && entry.key->rect().translated(entry.key->pos()).intersects(reached);
-    });
+    const auto before = [](const RowKey& key, double x) { return key.x < x; };
+    const auto begin = std::lower_bound(keys.begin(), keys.end(), place.left() - reach, before);
+    const auto end = std::lower_bound(begin, keys.end(), place.right() + reach, before);
+    TimeEditorKeyframeItem* found = nullptr; // as they are painted: selected ones are in front
+    for (auto entry = begin; entry != end; ++entry) {
+        TimeEditorKeyframeItem* const key = entry->key;
+        const bool reached = key->rect().translated(key->pos()).intersects(place);
+        if (reached && key->isVisible() && (!found || !found->isSelected() || key->isSelected())) {
+            found = key;
+        }
+    }
+    return found;
 }
 
 void TimeEditorCurveItem::paint(
@@ -295,7 +306,7 @@ QVariant TimeEditorCurveItem::itemChange(GraphicsItemChange change, const QVaria
     case ItemChildRemovedChange:
         m_keysStale = true;
         refresh();
-        break;
+        return value;
     case ItemParentHasChanged:
         m_stacked = dynamic_cast<ui::RowBlock*>(parentItem()) != nullptr;
         break;

@@ -46,6 +46,9 @@ public:
     ColorMode colorMode() const { return m_colorMode; }
     void setColorMode(ColorMode mode);
 
+    /// The key in front at a place, in the row's coordinates; null where there is none.
+    TimeEditorKeyframeItem* keyAt(const QRectF& place) const;
+
     /// The keys have changed: the row sorts and draws them anew. Keys call it when they move.
     void refresh();
 

@@ -37,11 +37,6 @@ TimeEditorView* TimeEditorKeyframeItem::view() const
     return m_view;
 }
 
-TimeEditorCurveItem* TimeEditorKeyframeItem::curve() const
-{
-    return dynamic_cast<TimeEditorCurveItem*>(parentItem());
-}
-
 void TimeEditorKeyframeItem::setEasing(KeyEasing easing)
 {
     if (m_easing != easing) {
@@ -125,27 +120,34 @@ void TimeEditorKeyframeItem::paint(
 QVariant TimeEditorKeyframeItem::itemChange(GraphicsItemChange change, const QVariant& value)
 {
     switch (change) {
-    case ItemPositionChange: {
-        const QPointF wanted = value.toPointF();
-        if (!std::isfinite(wanted.x()) || !std::isfinite(wanted.y())) {
-            return pos();
-        }
-        if (scene() != nullptr && !isForceMoving()) {
-            return QPointF(std::round(wanted.x()), y());
-        }
-        break;
-    }
+    case ItemPositionChange: return acceptedPosition(value.toPointF());
+    case ItemPositionHasChanged: return value;
     case ItemScenePositionHasChanged:
-        if (scene() != nullptr) {
-            if (TimeEditorCurveItem* const row = curve()) {
-                row->refresh();
-            }
+        if (m_curve != nullptr && scene() != nullptr) {
+            m_curve->refresh();
+        }
+        return value;
+    case ItemParentChange:
+        m_curve = dynamic_cast<TimeEditorCurveItem*>(qvariant_cast<QGraphicsItem*>(value));
+        break;
+    case ItemSceneHasChanged:
+        if (m_curve != nullptr) {
+            return value; // a row looks after its keys itself, which may be a hundred thousand
         }
         break;
     case ItemSelectedHasChanged: update(); break;
     default: break;
     }
     return TimeEditorBaseItem::itemChange(change, value);
+}
+
+QPointF TimeEditorKeyframeItem::acceptedPosition(QPointF wanted) const
+{
+    if (!std::isfinite(wanted.x()) || !std::isfinite(wanted.y())) {
+        return pos();
+    }
+    const bool free = scene() == nullptr || isForceMoving();
+    return free ? wanted : QPointF(std::round(wanted.x()), y());
 }
 
 void TimeEditorKeyframeItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
@@ -172,4 +174,13 @@ void TimeEditorKeyframeItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
     if (alive) {
         TimeEditorBaseItem::mouseReleaseEvent(event);
     }
+}
+
+bool TimeEditorKeyframeItem::sceneEvent(QEvent* event)
+{
+    if (event->type() == QEvent::UngrabMouse && m_view) {
+        m_view->finishKeyDrag();
+        return true; // whoever was told may have deleted the key
+    }
+    return TimeEditorBaseItem::sceneEvent(event);
 }

@@ -30,7 +30,7 @@ public:
 
     TimeEditorView* view() const;
     /// The curve item that the key is a child of, or null.
-    TimeEditorCurveItem* curve() const;
+    TimeEditorCurveItem* curve() const { return m_curve; }
 
     /// How the value leaves the key. A key that holds is a square, and its row shows a block up to
     /// the next key. Bezier by default.
@@ -61,16 +61,20 @@ protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
+    /// A drag that loses the mouse ends where it is.
+    bool sceneEvent(QEvent* event) override;
 
 private:
     friend class TimeEditorCurveItem;
 
+    QPointF acceptedPosition(QPointF wanted) const;
     QColor fill(const ui::KeyColors& colors) const;
     ui::Glyph glyph(const ui::KeyColors& colors) const;
 
     std::vector<QPointer<TimeEditorKeyframeItem>> m_related;
     int m_tag = 15;
     QPointer<TimeEditorView> m_view;
+    TimeEditorCurveItem* m_curve = nullptr; ///< the parent, which outlives its keys
     bool m_extraOutline = false;
     KeyEasing m_easing = KeyEasing::Bezier;
 };

@@ -66,6 +66,26 @@ void TimeEditorLayoutContainer::addRow(TimeEditorBaseItem* row)
     row->setParentItem(block);
 }
 
+TimeEditorKeyframeItem* TimeEditorLayoutContainer::keyAt(const QRectF& place) const
+{
+    for (const QGraphicsItem* const block : childItems()) {
+        const QRectF bounds = block->boundingRect();
+        if (!overlaps(bounds.top(), bounds.bottom(), place)) {
+            continue;
+        }
+        for (QGraphicsItem* const item : block->childItems()) {
+            const auto* const row = dynamic_cast<const TimeEditorCurveItem*>(item);
+            TimeEditorKeyframeItem* const key = row != nullptr && row->isPaintedByStack()
+                                                    ? row->keyAt(place.translated(-row->scenePos()))
+                                                    : nullptr;
+            if (key != nullptr) {
+                return key;
+            }
+        }
+    }
+    return nullptr;
+}
+
 QRectF TimeEditorLayoutContainer::boundingRect() const
 {
     const ui::RowPass* const pass = ui::RowPass::current();

@@ -6,6 +6,7 @@
 
 class QGraphicsLinearLayout;
 class TimeEditorBaseItem;
+class TimeEditorKeyframeItem;
 
 /// The stack of rows in a TimeEditorScene: from y 0 downwards without gaps, each as tall as its
 /// item's rectangle. Draws a fine line below each row.
@@ -27,6 +28,9 @@ public:
 
     /// Where rows end: the y below the last one.
     double rowsBottom() const;
+
+    /// The key of a row at a place of the scene, or null.
+    TimeEditorKeyframeItem* keyAt(const QRectF& place) const;
 
     QRectF boundingRect() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;

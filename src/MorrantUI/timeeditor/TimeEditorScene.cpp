@@ -2,6 +2,7 @@
 
 #include "MorrantUI/scene/framemath.h"
 #include "MorrantUI/timeeditor/beatgrid.h"
+#include "MorrantUI/timeeditor/rowpass.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
@@ -13,6 +14,7 @@
 #include <MorrantUI/timeline/TimeHandle.h>
 
 #include <QGraphicsItem>
+#include <QGraphicsSceneMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -100,9 +102,10 @@ void TimeEditorScene::makeLayoutContainer()
 
 void TimeEditorScene::addLayoutItem(TimeEditorBaseItem* item)
 {
-    if (item != nullptr) {
-        m_layoutContainer->addRow(item);
+    if (!m_layoutContainer) {
+        makeLayoutContainer(); // a row that dies in clearScene() adds another
     }
+    m_layoutContainer->addRow(item);
 }
 
 bool TimeEditorScene::survivesClearing(const QGraphicsItem* item) const
@@ -118,7 +121,9 @@ void TimeEditorScene::clearScene()
         forgetScenePositions(*item);
         deleteFromFront(item);
     }
-    makeLayoutContainer();
+    if (!m_layoutContainer) {
+        makeLayoutContainer();
+    }
 }
 
 QList<QGraphicsItem*> TimeEditorScene::topLevelItems() const
@@ -168,34 +173,36 @@ void TimeEditorScene::setBackgroundRegionColor(QColor color)
     m_regionColor = color;
 }
 
+template <typename Value>
+void TimeEditorScene::change(Value& stored, Value value)
+{
+    stored = value;
+    update();
+}
+
 void TimeEditorScene::setEnableBeatMarkers(bool enable)
 {
-    m_beatMarkers = enable;
-    update();
+    change(m_beatMarkers, enable);
 }
 
 void TimeEditorScene::setBPM(float bpm)
 {
-    m_bpm = bpm;
-    update();
+    change(m_bpm, bpm);
 }
 
 void TimeEditorScene::setFps(float framesPerSecond)
 {
-    m_fps = framesPerSecond;
-    update();
+    change(m_fps, framesPerSecond);
 }
 
 void TimeEditorScene::setBeatBars(int beatsPerBar)
 {
-    m_beatBars = beatsPerBar;
-    update();
+    change(m_beatBars, beatsPerBar);
 }
 
 void TimeEditorScene::setBeatOffset(float frame)
 {
-    m_beatOffset = frame;
-    update();
+    change(m_beatOffset, frame);
 }
 
 void TimeEditorScene::enlist(TimeEditorBaseItem* item)
@@ -216,6 +223,97 @@ void TimeEditorScene::strike(TimeEditorBaseItem* item)
     std::erase_if(m_curves, isIt);
     std::erase_if(m_clips, isIt);
     m_others.erase(item);
+}
+
+QRectF TimeEditorScene::pixelAt(QPointF position) const
+{
+    const double scale = m_view ? m_view->transform().m11() : 1.0;
+    return {position, QSizeF(1.0 / scale, 1.0)};
+}
+
+TimeEditorKeyframeItem* TimeEditorScene::keyUnder(const QRectF& place) const
+{
+    TimeEditorKeyframeItem* const key =
+        m_layoutContainer ? m_layoutContainer->keyAt(place) : nullptr;
+    if (key == nullptr) {
+        return nullptr;
+    }
+    const ui::KeyMask mask;
+    const QList<QGraphicsItem*> others = items(place, Qt::IntersectsItemShape);
+    // Down to the stack of rows nothing may be in front.
+    const bool isInFront = others.isEmpty() || m_layoutContainer->isAncestorOf(others.first())
+                           || others.first() == m_layoutContainer;
+    return isInFront ? key : nullptr;
+}
+
+TimeEditorBaseItem* TimeEditorScene::itemUnder(const QRectF& place) const
+{
+    if (TimeEditorKeyframeItem* const key = keyUnder(place)) {
+        return key;
+    }
+    const QList<QGraphicsItem*> found = items(place, Qt::IntersectsItemShape);
+    return found.isEmpty() ? nullptr : dynamic_cast<TimeEditorBaseItem*>(found.first());
+}
+
+void TimeEditorScene::mousePressEvent(QGraphicsSceneMouseEvent* event)
+{
+    TimeEditorKeyframeItem* const key =
+        mouseGrabberItem() == nullptr ? keyUnder(pixelAt(event->scenePos())) : nullptr;
+    if (key == nullptr || !key->isEnabled() || !(key->acceptedMouseButtons() & event->button())) {
+        QGraphicsScene::mousePressEvent(event);
+        return;
+    }
+    m_pressedKey = key;
+    key->grabMouse();
+    const QPointF position = key->mapFromScene(event->scenePos());
+    event->setPos(position);
+    event->setLastPos(key->mapFromScene(event->lastScenePos()));
+    event->setButtonDownPos(event->button(), position);
+    event->accept();
+    sendEvent(key, event);
+    if (!event->isAccepted() && m_pressedKey && mouseGrabberItem() == m_pressedKey) {
+        m_pressedKey->ungrabMouse();
+    }
+}
+
+void TimeEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
+{
+    const bool released = event->buttons() == Qt::NoButton;
+    if (released && m_pressedKey && mouseGrabberItem() == m_pressedKey) {
+        m_pressedKey->ungrabMouse(); // elsewhere
+    }
+    QGraphicsScene::mouseMoveEvent(event);
+}
+
+void TimeEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
+{
+    const QPointer<TimeEditorScene> alive(this);
+    const QPointer<TimeEditorKeyframeItem> key = m_pressedKey;
+    if (!key || mouseGrabberItem() != key || event->buttons() != Qt::NoButton) {
+        QGraphicsScene::mouseReleaseEvent(event);
+        return;
+    }
+    const QPointF position = key->mapFromScene(event->scenePos());
+    event->setPos(position);
+    event->setLastPos(key->mapFromScene(event->lastScenePos()));
+    event->setButtonDownPos(
+        event->button(), key->mapFromScene(event->buttonDownScenePos(event->button())));
+    event->accept();
+    sendEvent(key, event);
+    if (!alive) {
+        return;
+    }
+    m_pressedKey = nullptr;
+    if (key && mouseGrabberItem() == key) {
+        key->ungrabMouse();
+    }
+    if (!key || keyUnder(pixelAt(event->scenePos())) != key) {
+        QGraphicsSceneMouseEvent moved(QEvent::GraphicsSceneMouseMove); // who hovers has changed
+        moved.setWidget(event->widget());
+        moved.setScenePos(event->scenePos());
+        moved.setScreenPos(event->screenPos());
+        QGraphicsScene::mouseMoveEvent(&moved);
+    }
 }
 
 void TimeEditorScene::drawBackground(QPainter* painter, const QRectF& exposed)

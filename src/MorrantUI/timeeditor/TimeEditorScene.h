@@ -14,6 +14,7 @@
 class TimeEditorBaseItem;
 class TimeEditorClipItem;
 class TimeEditorCurveItem;
+class TimeEditorKeyframeItem;
 class TimeEditorLayoutContainer;
 class TimeEditorView;
 class TimeHandle;
@@ -67,6 +68,10 @@ public:
     void setBeatBars(int beatsPerBar);
     void setBeatOffset(float frame);
 
+    /// The time editor's item in front at a place, in scene units; null where there is none, and
+    /// below what is none.
+    TimeEditorBaseItem* itemUnder(const QRectF& place) const;
+
     /// All curves and all clips of the scene, ordered by address.
     const std::set<TimeEditorCurveItem*>& curves() const { return m_curves; }
     const std::set<TimeEditorClipItem*>& clips() const { return m_clips; }
@@ -74,6 +79,10 @@ public:
 protected:
     void drawBackground(QPainter* painter, const QRectF& exposed) override;
     void drawForeground(QPainter* painter, const QRectF& exposed) override;
+    /// Presses on keys find them by their order; all others are Qt's.
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
     friend class TimeEditorBaseItem;
@@ -82,8 +91,12 @@ private:
     void enlist(TimeEditorBaseItem* item);
     void strike(TimeEditorBaseItem* item);
     QList<QGraphicsItem*> topLevelItems() const;
+    TimeEditorKeyframeItem* keyUnder(const QRectF& place) const;
+    QRectF pixelAt(QPointF position) const;
     bool survivesClearing(const QGraphicsItem* item) const;
     void makeLayoutContainer();
+    template <typename Value>
+    void change(Value& stored, Value value);
     void paintRegion(QPainter& painter, const QRectF& exposed) const;
     void paintZebra(QPainter& painter, const QRectF& exposed) const;
     void paintBeatGrid(QPainter& painter, const QRectF& exposed);
@@ -103,6 +116,7 @@ private:
     float m_beatOffset = 0.0F; ///< frames
     std::vector<QLineF> m_beatLines;
     std::vector<QLineF> m_barLines;
+    QPointer<TimeEditorKeyframeItem> m_pressedKey; ///< has the mouse until its release
     std::set<TimeEditorCurveItem*> m_curves;
     std::set<TimeEditorClipItem*> m_clips;
     std::set<TimeEditorBaseItem*> m_others; ///< whatever else sizes itself for the zoom

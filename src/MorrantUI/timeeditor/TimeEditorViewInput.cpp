@@ -36,7 +36,8 @@ QPoint rounded(QPointF position)
 
 TimeEditorBaseItem* TimeEditorView::itemUnder(QPoint position) const
 {
-    return dynamic_cast<TimeEditorBaseItem*>(itemAt(position));
+    const QRectF pixel = mapToScene(QRect(position, QSize(1, 1))).boundingRect();
+    return m_scene ? m_scene->itemUnder(pixel) : nullptr;
 }
 
 void TimeEditorView::mousePressEvent(QMouseEvent* event)
@@ -267,8 +268,10 @@ void TimeEditorView::abandonGesture()
     m_pressedKey = nullptr;
     endKeyScaling();
     GraphicsView::abandonGesture();
-    onAltPressed(false);
-    finishKeyDrag();
+    if (alive) {
+        onAltPressed(false);
+        finishKeyDrag();
+    }
     if (alive) {
         finishEdit();
     }

@@ -38,6 +38,31 @@ private:
     const RowPass* m_outer = nullptr;
 };
 
+/// While one lives, rows do not answer for their keys when Qt asks what is at a place: Qt would go
+/// on to ask every key of the row.
+class KeyMask
+{
+public:
+    KeyMask()
+        : m_outer(current())
+    {
+        slot() = this;
+    }
+    ~KeyMask() { slot() = m_outer; }
+    Q_DISABLE_COPY_MOVE(KeyMask)
+
+    static const KeyMask* current() { return slot(); }
+
+private:
+    static const KeyMask*& slot()
+    {
+        static const KeyMask* mask = nullptr;
+        return mask;
+    }
+
+    const KeyMask* m_outer = nullptr;
+};
+
 /// Where no view looks: a place that can still be told in device pixels.
 inline constexpr QRectF kNowhere(0.0, 1e8, 1.0, 1.0);
 
