@@ -52,6 +52,12 @@ struct Editor
         scene = new TimeEditorScene(&view, QRect(0, 0, 10, 10));
         view.resize(kViewSize);
         view.setup(scene);
+        const int frames = document.frames();
+        view.setFrameRange(0, frames);
+        view.setPlaybackRange(0, frames);
+        view.setBackgroundRegion(0, frames);
+        view.show();
+        view.setScale(static_cast<double>(kShownFrames) / (frames + 4));
         for (int row = 0; row < document.rows; ++row) {
             auto* const curve = new TimeEditorCurveItem(&view);
             for (int key = 0; key < document.keysPerRow; ++key) {
@@ -60,13 +66,7 @@ struct Editor
             scene->addLayoutItem(curve);
             curves.push_back(curve);
         }
-        const int frames = document.frames();
-        view.setFrameRange(0, frames);
-        view.setPlaybackRange(0, frames);
-        view.setBackgroundRegion(0, frames);
-        view.show();
         view.setupViewAndScene(0, frames, document.rows * kRowHeight);
-        view.setScale(static_cast<double>(kShownFrames) / (frames + 4));
         view.centerOn(frames / 2, 0);
         QCoreApplication::processEvents();
     }

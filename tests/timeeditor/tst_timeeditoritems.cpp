@@ -40,7 +40,6 @@ void TimeEditorItemsTest::keysMoveByWholeFramesAlongTheirRow()
     QCOMPARE(key->pos(), QPointF(-3, y));
     key->forceMove({12.25, 4});
     QCOMPARE(key->pos(), QPointF(12.25, 4));
-    QVERIFY(key->enableUpdates() && !key->isForceMoving());
     key->setPos(2147483647.0, 0);
     QCOMPARE(key->x(), 2147483647.0);
     editor.view->viewport()->grab();
@@ -84,10 +83,6 @@ void TimeEditorItemsTest::aRowIsAsTallAsItsRectangle()
     QCoreApplication::processEvents();
     QCOMPARE(editor.curves[0]->scenePos(), QPointF(0, 61));
     QCOMPARE(tall->effectiveSizeHint(Qt::MaximumSize), QSizeF(5, 61));
-    editor.scene->addLayoutItem(tall); // it is there already
-    editor.scene->addLayoutItem(nullptr);
-    QCoreApplication::processEvents();
-    QCOMPARE(editor.curves[0]->scenePos(), QPointF(0, 61));
 }
 
 void TimeEditorItemsTest::hoveringFollowsThePointer()

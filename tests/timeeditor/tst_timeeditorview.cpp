@@ -35,7 +35,6 @@ void TimeEditorViewTest::theRangeAndFourFramesFillTheViewport()
 {
     Editor editor({{0, 50}});
     QCOMPARE(editor.view->transform().m11(), 10.0); // (1044 - 4) / 104
-    QCOMPARE(editor.view->transform().m22(), 1.0);
     QCOMPARE(editor.scene->sceneRect(), QRectF(0, 0, 100, 44));
     editor.view->fitRect(QRectF(0, 0, 0, 10));
     QVERIFY(editor.view->transform().isIdentity());
@@ -121,7 +120,6 @@ void TimeEditorViewTest::spacePansEvenFromAKey()
     QCOMPARE(editor.selection(), u"30"_qs);
     QTest::keyRelease(editor.view, Qt::Key_Space);
     QCOMPARE(editor.view->dragMode(), QGraphicsView::RubberBandDrag);
-    QVERIFY(editor.view->isInteractive());
 }
 
 void TimeEditorViewTest::theOverrideCursorNeverOutlivesItsGesture()
@@ -324,8 +322,7 @@ void TimeEditorViewTest::theTimeHandleCommitsWholeFrames()
     QVERIFY(view.frameNumber() == 30 && handle->x() == 30.0);
     pointer.release();
     handle->setPos(40.4, 7.0); // not by the user
-    QCOMPARE(view.frameNumber(), 30);
-    QCOMPARE(handle->pos(), QPointF(40, 0));
+    QVERIFY(view.frameNumber() == 30 && handle->pos() == QPointF(40, 0));
     scene->clearScene();
     QCOMPARE(scene->getTimeHandle(), handle);
 }
@@ -355,11 +352,6 @@ void TimeEditorViewTest::connectionsReachTheItemBelow()
     moveTo(30, 11);
     connection->drop();
     QCOMPARE(target->log, u"enter leave enter leave drop "_qs);
-    connection = ConnectionInstance::start(editor.view, {5, 150});
-    moveTo(30, 11);
-    delete target;
-    moveTo(31, 11);
-    connection->cancel();
 }
 
 namespace {

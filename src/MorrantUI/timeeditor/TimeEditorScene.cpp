@@ -263,6 +263,7 @@ void TimeEditorScene::mousePressEvent(QGraphicsSceneMouseEvent* event)
         QGraphicsScene::mousePressEvent(event);
         return;
     }
+    const QPointer<TimeEditorScene> alive(this);
     m_pressedKey = key;
     key->grabMouse();
     const QPointF position = key->mapFromScene(event->scenePos());
@@ -271,18 +272,21 @@ void TimeEditorScene::mousePressEvent(QGraphicsSceneMouseEvent* event)
     event->setButtonDownPos(event->button(), position);
     event->accept();
     sendEvent(key, event);
-    if (!event->isAccepted() && m_pressedKey && mouseGrabberItem() == m_pressedKey) {
+    if (alive && !event->isAccepted() && m_pressedKey && mouseGrabberItem() == m_pressedKey) {
         m_pressedKey->ungrabMouse();
     }
 }
 
 void TimeEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
+    const QPointer<TimeEditorScene> alive(this);
     const bool released = event->buttons() == Qt::NoButton;
     if (released && m_pressedKey && mouseGrabberItem() == m_pressedKey) {
         m_pressedKey->ungrabMouse(); // elsewhere
     }
-    QGraphicsScene::mouseMoveEvent(event);
+    if (alive) {
+        QGraphicsScene::mouseMoveEvent(event);
+    }
 }
 
 void TimeEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
@@ -300,13 +304,13 @@ void TimeEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
         event->button(), key->mapFromScene(event->buttonDownScenePos(event->button())));
     event->accept();
     sendEvent(key, event);
+    if (alive && key && mouseGrabberItem() == key) {
+        key->ungrabMouse();
+    }
     if (!alive) {
         return;
     }
     m_pressedKey = nullptr;
-    if (key && mouseGrabberItem() == key) {
-        key->ungrabMouse();
-    }
     if (!key || keyUnder(pixelAt(event->scenePos())) != key) {
         QGraphicsSceneMouseEvent moved(QEvent::GraphicsSceneMouseMove); // who hovers has changed
         moved.setWidget(event->widget());

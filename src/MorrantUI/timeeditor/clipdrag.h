@@ -2,6 +2,7 @@
 
 #include <MorrantUI/timeeditor/EndPointHover.h>
 
+#include <cstddef>
 #include <span>
 
 namespace ui {

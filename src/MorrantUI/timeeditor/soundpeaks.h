@@ -2,6 +2,7 @@
 
 #include <MorrantUI/morrantui_export.h>
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
