@@ -182,13 +182,13 @@ struct PlainItems
         scene.setItemIndexMethod(QGraphicsScene::NoIndex);
         for (int row = 0; row < document.rows; ++row) {
             auto* const parent = new QGraphicsRectItem(0, 0, 1, kRowHeight);
-            scene.addItem(parent);
             parent->setPos(0, row * kRowHeight);
             for (int key = 0; key < document.keysPerRow; ++key) {
                 auto* const item = new QGraphicsRectItem(-5, 1, 10, 10, parent);
                 item->setPos(key * document.distance, 5);
                 items.push_back(item);
             }
+            scene.addItem(parent); // with its items, as our rows are
         }
     }
 
@@ -320,7 +320,8 @@ void benchDrag(Report& report, const char* name, const Document& document)
     editor.send(QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
 }
 
-/// Keys that are made and shown; that they are taken away again is reported beside.
+/// Keys that are made and shown, against items that are; against items that nobody has looked at
+/// yet it is reported, and so is the time to take them away again.
 void benchBuild(Report& report)
 {
     const char* const name = "timeeditor-build-100k";
@@ -328,20 +329,23 @@ void benchBuild(Report& report)
         return;
     }
     std::vector<double> ratios;
+    std::vector<double> strictRatios;
     std::vector<double> clearings;
     for (int run = 0; run < ui::bench::kRuns; ++run) {
         std::unique_ptr<Editor> editor;
         std::unique_ptr<PlainItems> plain;
         const double ours =
             ui::bench::nanosecondsOf([&] { editor = std::make_unique<Editor>(kTall); });
-        const double floor = ui::bench::nanosecondsOf([&] {
-            plain = std::make_unique<PlainItems>(kTall);
-            plain->showLike(editor->view);
-        });
-        ratios.push_back(ours / floor);
+        const double made =
+            ui::bench::nanosecondsOf([&] { plain = std::make_unique<PlainItems>(kTall); });
+        const double shown = ui::bench::nanosecondsOf([&] { plain->showLike(editor->view); });
+        ratios.push_back(ours / (made + shown));
+        strictRatios.push_back(ours / made);
         clearings.push_back(ui::bench::nanosecondsOf([&] { editor->scene->clearScene(); }));
     }
-    report.judge(name, ui::bench::median(ratios), "x-plain-items", 2.0);
+    report.judge(name, ui::bench::median(ratios), "x-plain-items-shown", 2.0);
+    report.state(
+        std::string(name) + "-to-unseen", ui::bench::median(strictRatios), "x-plain-items");
     report.state("timeeditor-clear-100k-time", ui::bench::median(clearings) / 1e6, "ms");
 }
 

@@ -353,11 +353,6 @@ void TimeEditorDragsTest::anythingMayDieInMidGesture()
             editor.press(edge);
             editor.pointer.dragTo(edge + QPoint(50, 0));
         },
-        [](Editor& editor) {
-            editor.hold(Qt::ShiftModifier);
-            editor.press(editor.at(editor.key(0, 0)));
-            editor.pointer.dragTo({300, 20});
-        },
     };
     for (const Deed& gesture : gestures) {
         for (const Deed& death : deaths) {

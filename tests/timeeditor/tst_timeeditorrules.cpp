@@ -52,7 +52,6 @@ void TimeEditorRulesTest::aFitNeedsWidthAndStaysWithinWhatCanBeInverted()
 {
     QCOMPARE(ui::horizontalFit({0, 0, 100, 10}, {1004, 50}), 10.0);
     QCOMPARE(ui::horizontalFit({0, 0, 0, 10}, {1004, 50}), std::nullopt);
-    QCOMPARE(ui::horizontalFit({0, 0, -5, 10}, {1004, 50}), std::nullopt);
     QCOMPARE(ui::horizontalFit({0, 0, std::nan(""), 10}, {1004, 50}), std::nullopt);
     QCOMPARE(ui::horizontalFit({0, 0, 100, 10}, {4, 50}), std::nullopt);
     QCOMPARE(ui::horizontalFit({0, 0, 100, 10}, {1004, 0}), std::nullopt);
@@ -103,24 +102,19 @@ void TimeEditorRulesTest::beatLinesAreThoseInSightAndAPixelApart()
 
 void TimeEditorRulesTest::aBeatGridThatCannotBeDrawnHasNoLines()
 {
-    std::vector<QLineF> beats{QLineF()};
-    std::vector<QLineF> bars{QLineF()};
-    const float nan = std::nanf("");
+    std::vector<QLineF> beatLines{QLineF()};
+    std::vector<QLineF> barLines{QLineF()};
+    const auto hasNone = [&](float fps, float bpm, int beats, float offset) {
+        ui::beatGridLines(
+            {fps, bpm, beats, offset}, {0, 1000000}, {0, 0, 1000, 100}, 1.0, beatLines, barLines);
+        return beatLines.empty() && barLines.empty();
+    };
     const float inf = std::numeric_limits<float>::infinity();
-    for (const ui::BeatGrid& grid :
-         {ui::BeatGrid{0.0F},
-          ui::BeatGrid{-24.0F},
-          ui::BeatGrid{nan},
-          ui::BeatGrid{inf},
-          ui::BeatGrid{30.0F, nan},
-          ui::BeatGrid{30.0F, 60.0F, 0},
-          ui::BeatGrid{30.0F, 60.0F, -4},
-          ui::BeatGrid{30.0F, 60.0F, 4, inf},
-          ui::BeatGrid{30.0F, 1e9F}})
-    {
-        ui::beatGridLines(grid, {0, 1000000}, {0, 0, 1000, 100}, 1.0, beats, bars);
-        QVERIFY(beats.empty() && bars.empty());
+    for (const float fps : {0.0F, -24.0F, std::nanf(""), inf}) {
+        QVERIFY(hasNone(fps, 60, 4, 0));
     }
+    QVERIFY(hasNone(30, std::nanf(""), 4, 0) && hasNone(30, 1e9F, 4, 0));
+    QVERIFY(hasNone(30, 60, 0, 0) && hasNone(30, 60, -4, 0) && hasNone(30, 60, 4, inf));
     QCOMPARE(ui::framesPerBeat({30.0F, 0.0F}), 1800.0); // a BPM below 1 counts as 1
 }
 
@@ -174,9 +168,7 @@ void TimeEditorRulesTest::peaksOfAnyStretchAreThoseOfItsSamples()
             samples.begin() + static_cast<std::ptrdiff_t>(last));
         QCOMPARE(peaks.peak(first, last), (ui::SoundPeak{*low, *high}));
     }
-    QCOMPARE(peaks.peak(5, 5), ui::SoundPeak{});
     QCOMPARE(peaks.peak(9000, 9001), ui::SoundPeak{});
-    QCOMPARE(ui::SoundPeaks().peak(0, 10), ui::SoundPeak{});
 }
 
 void TimeEditorRulesTest::soundColumnsFollowOffsetAndGain()
