@@ -1,53 +1,52 @@
 #pragma once
 
 #include "docking/DockTree.h"
-#include <MorrantUI/docking/DockableTabGroup.h>
 
 #include <QtTest>
 #include <QtWidgets>
-
-#include <functional>
 
 namespace ui::test {
 
 /// Panels with two fields each, named "a1" and "a2" after the panel's title; in the main window
 /// H(a T(b c) d) with b in front, and e floats.
-class Desk
+class Desk : public DockTree
 {
 public:
     Desk()
+        : DockTree(u"H()"_qs)
     {
-        root.dockInArea(a, DockableArea::Right);
-        root.dockInArea(b, DockableArea::Right);
-        root.dockInArea(d, DockableArea::Right);
-        b->dockInArea(c, DockableArea::Center);
-        tabs = qobject_cast<DockableTabGroup*>(b->findDockableParentGroup());
-        tabs->setActiveIndex(0);
-        tree.show();
+        play(
+            u"dock a root right, dock b root right, dock d root right, dock c b center, select b"_qs);
+        root().setSizes({196, 196, 196});
+        rowOfTabs = tabs("^b");
         e->move(700, 50);
         e->show();
-        focus(QStringLiteral("a1"));
+        settle();
+        focus(u"a1"_qs);
     }
 
-    static DockableWindow* panel(const QString& title)
+    static void addFields(DockableWindow& panel)
     {
-        auto* content = new QWidget;
-        auto* column = new QVBoxLayout(content);
-        for (const QString& number : {QStringLiteral("1"), QStringLiteral("2")}) {
-            auto* field = new QLineEdit(content);
-            field->setObjectName(title + number);
+        auto* column = new QVBoxLayout(panel.content());
+        for (const QChar number : u"12"_qs) {
+            auto* field = new QLineEdit(panel.content());
+            field->setObjectName(panel.getText() + number);
             column->addWidget(field);
         }
-        auto* window = new DockableWindow(content);
-        window->setText(title);
-        window->resize(120, 100);
-        return window;
+    }
+
+    /// One that floats, hidden.
+    static DockableWindow* panelWithFields(const QString& title)
+    {
+        DockableWindow* made = panel(title);
+        addFields(*made);
+        return made;
     }
 
     /// As a click on a field does.
     void focus(const QString& name)
     {
-        auto* field = root.findChild<QWidget*>(name);
+        auto* field = root().findChild<QWidget*>(name);
         field->window()->activateWindow();
         field->setFocus(Qt::MouseFocusReason);
         QTRY_COMPARE(focused(), name);
@@ -58,12 +57,11 @@ public:
     {
         const QWidget* widget = QApplication::focusWidget();
         if (!widget) {
-            return QStringLiteral("nothing");
+            return u"nothing"_qs;
         }
         const QString name = widget->objectName();
-        return name.isEmpty()
-                   ? QStringLiteral("(%1)").arg(QLatin1String(widget->metaObject()->className()))
-                   : name;
+        return name.isEmpty() ? u"(%1)"_qs.arg(QLatin1String(widget->metaObject()->className()))
+                              : name;
     }
 
     /// Presses a key where the keyboard is.
@@ -73,41 +71,12 @@ public:
         QTest::keyClick(QGuiApplication::focusWindow(), key, held);
     }
 
-    DockTree tree;
-    DockableGroup& root = tree.root();
-    DockableWindow* a = panel(QStringLiteral("a"));
-    DockableWindow* b = panel(QStringLiteral("b"));
-    DockableWindow* c = panel(QStringLiteral("c"));
-    DockableWindow* d = panel(QStringLiteral("d"));
-    DockableWindow* e = panel(QStringLiteral("e"));
-    DockableTabGroup* tabs = nullptr;
+    DockableWindow* a = panelWithFields(u"a"_qs);
+    DockableWindow* b = panelWithFields(u"b"_qs);
+    DockableWindow* c = panelWithFields(u"c"_qs);
+    DockableWindow* d = panelWithFields(u"d"_qs);
+    DockableWindow* e = panelWithFields(u"e"_qs);
+    DockableTabGroup* rowOfTabs = nullptr;
 };
-
-/// The menu that opens meanwhile, which is then left by Escape.
-struct SeenMenu
-{
-    QStringList texts;
-    QPoint place;
-};
-
-inline SeenMenu menuDuring(const std::function<void()>& action)
-{
-    SeenMenu seen;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, qApp, [&] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (menu && menu->isVisible()) {
-            seen.place = menu->pos();
-            for (const QAction* entry : menu->actions()) {
-                seen.texts << entry->text();
-            }
-            QTest::keyClick(menu, Qt::Key_Escape);
-        }
-    });
-    timer.start(0);
-    action();
-    settle();
-    return seen;
-}
 
 } // namespace ui::test

@@ -24,7 +24,4 @@ DockSteps randomDockSteps(unsigned seed, int count);
 /// @return what broke and at which step; empty if nothing did
 QString playDockSteps(const DockSteps& steps);
 
-/// The fewest steps left of a failing session that still fail, as C++ to be made into a test.
-QString shrunkDockSteps(DockSteps steps);
-
 } // namespace ui::test

@@ -2,6 +2,7 @@
 
 #include "support/paths.h"
 #include "support/themes.h"
+#include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
@@ -10,8 +11,10 @@
 
 #include <QApplication>
 #include <QLayout>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QtTest>
 
 #include <algorithm>
@@ -21,7 +24,7 @@
 
 namespace ui::test {
 
-DockTree::DockTree(QSize size)
+DockTree::DockTree(const QString& notation, QSize size)
 {
     // Before the first window, which looks the colour of all focus frames up.
     [[maybe_unused]] static const auto& theme = makeTheme<VisualDesignDark>(assetsPath());
@@ -29,10 +32,39 @@ DockTree::DockTree(QSize size)
     gMainWindow = m_root.get();
     m_root->setAttribute(Qt::WA_DeleteOnClose, false);
     m_root->resize(size);
+    m_root->move(20, 20);
+    if (notation.isEmpty()) {
+        return;
+    }
+    m_root->setLayoutMode(static_cast<DockableGroup::LayoutMode>(notation.startsWith(u'V')));
+    QStringView rest = QStringView(notation).mid(1);
+    m_root->show();
+    buildChildren(rest, *m_root);
+    settle();
+    while (!rest.isEmpty()) {
+        rest = rest.mid(1); // the space
+        DockableWindow* floating = build(rest);
+        floating->move(m_root->geometry().bottomLeft() + QPoint(0, 40));
+        floating->show();
+    }
+    settle();
 }
 
 DockTree::~DockTree()
 {
+    if (hand.isDown()) {
+        hand.release();
+    }
+    if (m_root) {
+        settle();
+        QStringList broken = brokenInvariants();
+        if (mouseEventsAreKept()) {
+            broken << u"mouse events are kept"_qs;
+        }
+        if (!broken.isEmpty()) {
+            QTest::qFail(qPrintable(broken.join(u'\n')), __FILE__, __LINE__);
+        }
+    }
     destroy();
     for (QWidget* widget : QApplication::allWidgets()) {
         if (qobject_cast<DockableWindow*>(widget)) {
@@ -47,6 +79,58 @@ void DockTree::destroy()
     gMainWindow = nullptr;
 }
 
+/// What the text begins with up to one of those characters, which is taken off.
+static QString cutUntil(QStringView& text, QStringView ends)
+{
+    const auto end = std::find_if(
+        text.begin(), text.end(), [ends](QChar letter) { return ends.contains(letter); });
+    const qsizetype length = end - text.begin();
+    const QString cut = text.first(length).toString();
+    text = text.mid(length);
+    return cut;
+}
+
+DockableWindow* DockTree::build(QStringView& notation)
+{
+    DockableGroup* group = nullptr;
+    QString name = cutUntil(notation, u"( =)");
+    if (notation.startsWith(u'(')) {
+        group = name == u"T" ? new DockableTabGroup : new DockableGroup;
+        group->setLayoutMode(static_cast<DockableGroup::LayoutMode>(name == u"V"));
+        buildChildren(notation, *group);
+    }
+    DockableWindow* window = group ? group : panel(name);
+    if (notation.startsWith(u'=')) {
+        notation = notation.mid(1);
+        const QStringList size = cutUntil(notation, u" )").split(u'x');
+        window->resize(size.first().toInt(), size.last().toInt());
+    }
+    return window;
+}
+
+void DockTree::buildChildren(QStringView& notation, DockableGroup& group)
+{
+    QList<int> sizes;
+    const QStringView all = notation;
+    const bool upright = group.getLayoutMode() == DockableGroup::LayoutMode::Vertical;
+    do {
+        notation = notation.mid(1); // the bracket or the space
+        if (!notation.startsWith(u')')) {
+            DockableWindow* child = build(notation);
+            sizes << (upright ? child->height() : child->width());
+            group.appendChild(child);
+        }
+    } while (!notation.startsWith(u')'));
+    notation = notation.mid(1);
+    if (&group == m_root.get() && all.first(all.size() - notation.size()).contains(u'=')) {
+        const int handles = 6 * static_cast<int>(sizes.size() - 1);
+        const int length = std::accumulate(sizes.begin(), sizes.end(), handles) + 12;
+        upright ? group.resize(group.width(), length) : group.resize(length, group.height());
+        settle();
+        group.setSizes(sizes);
+    }
+}
+
 DockableWindow* DockTree::panel(const QString& title, QSize size)
 {
     auto* window = new DockableWindow(new QWidget);
@@ -55,43 +139,194 @@ DockableWindow* DockTree::panel(const QString& title, QSize size)
     return window;
 }
 
-DockableWindow* DockTree::panelIn(DockableWindow& target, DockableArea area, const QString& title)
+DockableWindow* DockTree::operator[](const QString& name)
 {
-    DockableWindow* window = panel(title);
-    target.dockInArea(window, area);
-    return window;
-}
-
-void DockTree::show()
-{
-    m_root->show();
-    settle();
-}
-
-void DockTree::showRow(const QList<int>& widths)
-{
-    for (qsizetype i = 0; i < widths.size(); ++i) {
-        panelIn(*m_root, DockableArea::Right, QChar(u'a' + static_cast<char16_t>(i)));
+    if (name.startsWith(u'^')) {
+        DockableWindow* inside = (*this)[name.mid(1)];
+        return inside ? inside->findDockableParent() : nullptr;
     }
-    const int handles = 6 * static_cast<int>(widths.size() - 1);
-    m_root->resize(std::accumulate(widths.begin(), widths.end(), handles) + 12, m_root->height());
-    show();
-    m_root->setSizes(widths);
+    if (name == u"root") {
+        return m_root.get();
+    }
+    for (DockableWindow* window : m_root->findChildren<DockableWindow*>()) {
+        if (window->getText() == name && !window->isClosing()) {
+            return window;
+        }
+    }
+    return nullptr;
 }
 
-QString DockTree::text(DockableWindow& window)
+DockableGroup* DockTree::group(const char* name)
+{
+    return qobject_cast<DockableGroup*>((*this)[name]);
+}
+
+DockableTabGroup* DockTree::tabs(const char* name)
+{
+    return qobject_cast<DockableTabGroup*>((*this)[name]);
+}
+
+/// A window does something, some with another; the last word tells more.
+using Operation = void (*)(DockableWindow&, DockableWindow*, const QString&);
+
+static const QHash<QString, Operation>& operations()
+{
+    using Window = DockableWindow;
+    using Group = DockableGroup;
+    static const QHash<QString, Operation> all{
+        {u"dock"_qs, [](Window& w, Window* o, auto& area) { o->dockInArea(&w, areaOf(area)); }},
+        {u"insert"_qs,
+         [](Window& w, Window* o, auto& index) {
+             qobject_cast<Group*>(o)->insertChild(index.toInt(), &w);
+         }},
+        {u"undock"_qs, [](Window& w, Window*, auto&) { w.undock(true); }},
+        {u"leave"_qs, [](Window& w, Window*, auto&) { w.undock(false); }},
+        {u"tear"_qs, [](Window& w, Window*, auto&) { w.mouseUndock(); }},
+        {u"tidy"_qs, [](Window& w, Window* o, auto&) { w.cleanupOldParent(o); }},
+        {u"collapse"_qs,
+         [](Window& w, Window*, auto&) { qobject_cast<Group*>(&w)->collapseGroup(); }},
+        {u"close"_qs, [](Window& w, Window*, auto&) { w.undockAndClose(); }},
+        {u"shut"_qs, [](Window& w, Window*, auto&) { w.close(); }},
+        {u"delete"_qs, [](Window& w, Window*, auto&) { delete &w; }},
+        {u"rename"_qs, [](Window& w, Window*, auto& title) { w.setText(title); }},
+        {u"select"_qs, [](Window& w, Window*, auto&) {
+             auto* tabs = qobject_cast<DockableTabGroup*>(w.findDockableParentGroup());
+             tabs->setActiveIndex(tabs->indexOfChild(&w));
+         }}};
+    return all;
+}
+
+void DockTree::play(const QString& steps)
+{
+    for (const QString& step : steps.split(u", "_qs)) {
+        const QStringList words = step.split(u' ');
+        DockableWindow* window = words.size() > 1 ? (*this)[words.at(1)] : nullptr;
+        if (!window && (words.first() == u"dock" || words.first() == u"insert")) {
+            window = panel(words.at(1));
+        }
+        DockableWindow* other = words.size() > 2 ? (*this)[words.at(2)] : nullptr;
+        const Operation operation = operations().value(words.first());
+        if (step == u"settle") {
+            settle();
+        } else if (operation && window && (other || words.size() < 4)) {
+            operation(*window, other, words.last());
+        } else {
+            QTest::qFail(qPrintable(u"who does what? "_qs + step), __FILE__, __LINE__);
+        }
+    }
+}
+
+QString DockTree::text()
+{
+    QStringList floating;
+    QStringList zones;
+    QList<DockableWindow*> windows = m_root->findChildren<DockableWindow*>();
+    windows << m_root.get();
+    for (DockableWindow* window : windows) {
+        if (window->isFloating() && window->isVisible()) {
+            const bool half = std::abs(window->windowOpacity() - 0.5) < 0.01;
+            floating << text(*window) + (half ? u"~"_qs : QString());
+        }
+        for (const DropIndicatorMain* indicator : window->findChildren<DropIndicatorMain*>()) {
+            if (indicator->parentWidget() == window && indicator->isVisible()) {
+                zones << text(*window) + u':' + nameOf(window->dropArea());
+            }
+        }
+    }
+    floating.sort();
+    const QStringList broken =
+        brokenInvariants(hand.isDown() ? Moment::Dragging : Moment::Unsettled);
+    return (QStringList(text(*m_root)) + floating + zones + broken).join(u' ');
+}
+
+QString DockTree::sizes()
+{
+    return text(*m_root, true);
+}
+
+QString DockTree::text(DockableWindow& window, bool withSizes)
 {
     auto* group = qobject_cast<DockableGroup*>(&window);
     if (!group) {
         return window.getText();
     }
+    const bool tabs = group->windowMode() == DockableWindow::WindowMode::TabGroup;
+    const QList<int> sizes = withSizes && !tabs ? group->sizes() : QList<int>();
     QStringList children;
     for (int i = 0; i < group->childCount(); ++i) {
-        children << text(*group->getChild(i));
+        const QString child = text(*group->getChild(i), withSizes);
+        children << (sizes.isEmpty() ? child : child + u'=' + QString::number(sizes.value(i)));
     }
-    const bool tabs = group->windowMode() == DockableWindow::WindowMode::TabGroup;
     const bool vertical = group->getLayoutMode() == DockableGroup::LayoutMode::Vertical;
-    return QLatin1String(tabs ? "T" : (vertical ? "V" : "H")) + u'(' + children.join(u' ') + u')';
+    return (tabs ? u"T("_qs : vertical ? u"V("_qs : u"H("_qs) + children.join(u' ') + u')';
+}
+
+SeenMenu DockTree::menuDuring(const std::function<void()>& action, const QString& choice)
+{
+    SeenMenu seen;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu || !menu->isVisible()) {
+            return;
+        }
+        if (hand.isDown()) {
+            hand.release();
+        }
+        seen.place = menu->pos();
+        seen.texts.clear();
+        for (QAction* entry : menu->actions()) {
+            seen.texts << entry->text();
+            if (entry->text() == choice) {
+                menu->setActiveAction(entry);
+            }
+        }
+        QTest::keyClick(menu, seen.texts.contains(choice) ? Qt::Key_Return : Qt::Key_Escape);
+    });
+    timer.start(0);
+    action();
+    if (hand.isReal() && !QTest::qWaitFor([&seen] { return !seen.texts.isEmpty(); })) {
+        QTest::qFail("no menu came", __FILE__, __LINE__);
+    }
+    settle();
+    return seen;
+}
+
+QRect onScreen(const QWidget& window)
+{
+    return {window.mapToGlobal(QPoint()), window.size()};
+}
+
+QPoint zoneOf(DockableWindow& window, DockableArea area)
+{
+    const QRect rect = window.rect();
+    auto* tabs = qobject_cast<DockableTabGroup*>(&window);
+    const QWidget* title = tabs ? static_cast<const QWidget*>(tabs->tabAt(0)) : window.header();
+    const int top = title && title->isVisible() ? title->height() : 0;
+    const QPoint points[] = {
+        {rect.width() / 2, (rect.height() + top) / 2},
+        {rect.width() - 8, rect.height() / 2},
+        {rect.width() / 2, top + 8},
+        {8, rect.height() / 2},
+        {rect.width() / 2, rect.height() - 8},
+        {rect.width() / 2, top / 2}};
+    return window.mapToGlobal(points[static_cast<int>(area)]);
+}
+
+static const QStringList& areaNames()
+{
+    static const QStringList names = u"none right top left bottom center"_qs.split(u' ');
+    return names;
+}
+
+QString nameOf(DockableArea area)
+{
+    return areaNames().value(static_cast<int>(area));
+}
+
+DockableArea areaOf(const QString& name)
+{
+    return static_cast<DockableArea>(areaNames().indexOf(name));
 }
 
 void settle()
@@ -147,20 +382,16 @@ public:
         check(m_faint <= expected, *gMainWindow, "windows are not opaque");
         check(m_indicators <= expected, *gMainWindow, "windows show drop zones");
         const QWidget* focus = QApplication::focusWidget();
-        check(
-            m_moment != Moment::Settled || !focus || focus->isVisible(),
-            *gMainWindow,
-            "a hidden widget has the focus");
+        const bool seen = m_moment != Moment::Settled || !focus || focus->isVisible();
+        check(seen, *gMainWindow, "a hidden widget has the focus");
         return m_broken;
     }
 
 private:
-    void check(bool holds, const DockableWindow& window, const char* claim)
+    void check(bool holds, DockableWindow& window, const char* claim)
     {
         if (!holds) {
-            const QString name = window.getText();
-            m_broken << (name.isEmpty() ? QStringLiteral("a group") : name) + QStringLiteral(": ")
-                            + QLatin1String(claim);
+            m_broken << DockTree::text(window) + u": "_qs + QLatin1String(claim);
         }
     }
 
@@ -177,15 +408,12 @@ private:
             const int index = parent->indexOfChild(&window);
             check(index >= 0 && parent->getChild(index) == &window, window, "group lost it");
             check(!window.testAttribute(Qt::WA_NativeWindow), window, "docked, yet native");
-            check(
-                m_moment != Moment::Settled || !window.isVisible()
-                    || (window.x() >= 0 && window.y() >= 0),
-                window,
-                "outside its group");
+            const bool inside = window.x() >= 0 && window.y() >= 0;
+            const bool asked = m_moment == Moment::Settled && window.isVisible();
+            check(inside || !asked, window, "outside its group");
         } else if (&window != gMainWindow) {
             check(window.isFloating(), window, "neither docked nor floating");
-            check(
-                window.parentWidget() == gMainWindow, window, "does not belong to the main window");
+            check(window.parentWidget() == gMainWindow, window, "is not the main window's");
         }
         if (auto* group = qobject_cast<DockableGroup*>(&window)) {
             inspectChildren(*group);
@@ -253,11 +481,8 @@ private:
         const bool upright = splitter.orientation() == Qt::Vertical;
         const int length = upright ? splitter.height() : splitter.width();
         const int used = std::accumulate(sizes.begin(), sizes.end(), 6 * (seen - 1));
-        const QString claim = QStringLiteral("sizes in %1 do not add up: %2 in %3")
-                                  .arg(DockTree::text(group))
-                                  .arg(used)
-                                  .arg(length);
-        check(seen == 0 || used == length, group, qPrintable(claim));
+        const QString claim = u"sizes do not add up to %1: "_qs.arg(length);
+        check(seen == 0 || used == length, group, qPrintable(claim + DockTree::text(group, true)));
     }
 
     Moment m_moment;

@@ -5,26 +5,33 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QtTest>
 
 #include <algorithm>
+#include <utility>
 
 namespace ui::test {
 
-static void pointAt(QPoint global)
-{
-    QCursor::setPos(global);
-    QTRY_COMPARE(QCursor::pos(), global);
-}
-
 Hand::~Hand()
 {
-    if (m_buttons) {
+    if (isDown()) {
         release();
     }
 }
 
-void Hand::press(QWidget& widget, QPoint position)
+void Hand::pointAt(QPoint global)
+{
+    if (m_real) {
+        const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
+        m_real->moveTo((QPointF(global) * ratio).toPoint());
+    } else {
+        QCursor::setPos(global);
+    }
+    QTRY_COMPARE(QCursor::pos(), global);
+}
+
+void Hand::press(QWidget& widget, QPoint position, Qt::MouseButton button)
 {
     const QPointer<QWidget> pressed(&widget);
     pointAt(widget.mapToGlobal(position));
@@ -32,9 +39,13 @@ void Hand::press(QWidget& widget, QPoint position)
     if (!pressed) {
         return; // something was still due
     }
+    m_buttons = button;
+    if (m_real) {
+        m_real->press(button);
+        return;
+    }
     m_window = widget.window()->windowHandle();
-    m_buttons = Qt::LeftButton;
-    send(QEvent::MouseButtonPress, Qt::LeftButton);
+    send(QEvent::MouseButtonPress, button);
 }
 
 void Hand::moveTo(QPoint global, int steps)
@@ -48,9 +59,13 @@ void Hand::moveTo(QPoint global, int steps)
 
 void Hand::release()
 {
-    m_buttons = Qt::NoButton;
-    send(QEvent::MouseButtonRelease, Qt::LeftButton);
-    QCoreApplication::processEvents();
+    const Qt::MouseButton button = std::exchange(m_buttons, Qt::NoButton);
+    if (m_real) {
+        m_real->release();
+    } else {
+        send(QEvent::MouseButtonRelease, button);
+        QCoreApplication::processEvents();
+    }
 }
 
 void Hand::loseRelease()
@@ -58,10 +73,12 @@ void Hand::loseRelease()
     m_buttons = Qt::NoButton;
 }
 
-void Hand::pressKey(Qt::Key key)
+void Hand::pressEscape()
 {
-    if (QWindow* window = receiver()) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    if (m_real) {
+        m_real->pressEscape();
+    } else if (QWindow* window = receiver()) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
         QCoreApplication::sendEvent(window, &event);
     }
 }
@@ -80,7 +97,7 @@ QWindow* Hand::receiver() const
 void Hand::send(QEvent::Type type, Qt::MouseButton button)
 {
     QWindow* window = receiver();
-    if (!window) {
+    if (!window || m_real) {
         return;
     }
     const QPointF global = QCursor::pos();

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "support/RealPointer.h"
+
 #include <QEvent>
 #include <QPoint>
 #include <QPointer>
 #include <QWidget>
 #include <QWindow>
+
+#include <memory>
 
 namespace ui::test {
 
@@ -16,22 +20,28 @@ class Hand
 public:
     ~Hand();
 
+    /// From here on it is the pointer of the display that moves, and the platform that reports it.
+    void takeRealPointer() { m_real = std::make_unique<RealPointer>(); }
+
     /// The widget must be visible.
-    void press(QWidget& widget, QPoint position);
+    void press(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton);
     /// Moves in one step, or in several.
     void moveTo(QPoint global, int steps = 1);
     void release();
     /// From here on the button is up, but nobody is told.
     void loseRelease();
-    void pressKey(Qt::Key key);
+    void pressEscape();
     bool isDown() const { return m_buttons != Qt::NoButton; }
+    bool isReal() const { return m_real != nullptr; }
 
 private:
     QWindow* receiver() const;
+    void pointAt(QPoint global);
     void send(QEvent::Type type, Qt::MouseButton button);
 
+    std::unique_ptr<RealPointer> m_real;
     QPointer<QWindow> m_window;
-    Qt::MouseButtons m_buttons;
+    Qt::MouseButton m_buttons = Qt::NoButton; ///< one at a time
 };
 
 } // namespace ui::test

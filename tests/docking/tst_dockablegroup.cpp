@@ -1,310 +1,29 @@
 #include "docking/DockTree.h"
 #include "support/TestCase.h"
 
-#include <QApplication>
-#include <QGuiApplication>
-#include <QLineEdit>
-#include <QSignalSpy>
+#include <QtWidgets>
 
-#include <functional>
-
-using ui::test::brokenInvariants;
-using ui::test::DockTree;
-using ui::test::settle;
+using namespace ui::test;
 using Area = DockableArea;
 using LayoutMode = DockableGroup::LayoutMode;
 
-class DockableGroupTest : public ui::test::TestCase
-{
-    Q_OBJECT
+namespace {
 
-private Q_SLOTS:
-    void eachAreaPutsTheNewcomerAtItsSide_data();
-    void eachAreaPutsTheNewcomerAtItsSide();
-    void dockingAcrossTheRootWrapsItsChildren();
-    void aGroupTakesNewcomersInItsOwnDirectionItself();
-    void whatCannotBeDockedChangesNothing();
-    void aDockedWindowMovesToItsNewPlace();
-    void undockingDissolvesAGroupOfOne();
-    void aDissolvedGroupLeavesItsChildrenInItsPlace();
-    void aDissolvedFloatingGroupLeavesItsChildrenWhereTheyAre();
-    void aDraggedWindowsGroupStaysUntilTheDragIsOver();
-    void closingUndocksFirstAndSparesFloatingWindows();
-    void aGroupClosesWithItsChildrenUnlessOneRefuses();
-    void deletedWindowsLeaveNoShellBehind();
-    void nothingGrowsHoweverOftenWindowsComeAndGo();
-    void noWindowShowsButTheOneThatMoves();
-    void leftIsLeftInARightToLeftApplication();
-    void aNativeContentMakesNobodyElseNative();
-    void theHostHearsOnceOfEachChange();
-    void aMainWindowThatIsGoneIsNone();
+/// Makes what the class offers its heirs callable.
+class OpenGroup : public DockableGroup
+{
+public:
+    using DockableGroup::combinedSize;
 };
-
-void DockableGroupTest::eachAreaPutsTheNewcomerAtItsSide_data()
-{
-    QTest::addColumn<Area>("area");
-    QTest::addColumn<QString>("docked");
-    QTest::addColumn<QString>("floating");
-    QTest::newRow("right") << Area::Right << QStringLiteral("H(H(a x) b)")
-                           << QStringLiteral("H(f y)");
-    QTest::newRow("top") << Area::Top << QStringLiteral("H(V(x a) b)") << QStringLiteral("V(y f)");
-    QTest::newRow("left") << Area::Left << QStringLiteral("H(H(x a) b)")
-                          << QStringLiteral("H(y f)");
-    QTest::newRow("bottom") << Area::Bottom << QStringLiteral("H(V(a x) b)")
-                            << QStringLiteral("V(f y)");
-}
-
-void DockableGroupTest::eachAreaPutsTheNewcomerAtItsSide()
-{
-    QFETCH(Area, area);
-    DockTree tree;
-    tree.showRow({300, 294});
-    DockableWindow* target = tree.root().getChild(0);
-    DockableWindow* newcomer = DockTree::panel(QStringLiteral("x"));
-    DockableWindow* holder = target->dockInArea(newcomer, area);
-    QTEST(DockTree::text(tree.root()), "docked");
-    QCOMPARE(holder, newcomer->findDockableParentGroup());
-    QCOMPARE(newcomer->findDockableRoot(), gMainWindow);
-    QVERIFY(newcomer->isVisible() && target->isVisible());
-
-    DockableWindow* floating = DockTree::panel(QStringLiteral("f"));
-    floating->move(200, 150);
-    floating->show();
-    const QPoint place = floating->pos();
-    DockableWindow* group = floating->dockInArea(DockTree::panel(QStringLiteral("y")), area);
-    QTEST(DockTree::text(*group), "floating");
-    QVERIFY(group->isFloating() && group->isVisible());
-    QCOMPARE(group->pos(), place);
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::dockingAcrossTheRootWrapsItsChildren()
-{
-    DockTree tree;
-    tree.showRow({200, 300, 100});
-    DockableGroup& root = tree.root();
-    DockableWindow* top = DockTree::panel(QStringLiteral("t"));
-    QCOMPARE(root.dockInArea(top, Area::Top), &root);
-    QCOMPARE(DockTree::text(root), QStringLiteral("V(t H(a b c))"));
-    QCOMPARE(root.getChild(0), top);
-    auto* inner = qobject_cast<DockableGroup*>(root.getChild(1));
-    QCOMPARE(inner->getLayoutMode(), LayoutMode::Horizontal);
-    QCOMPARE(inner->sizes(), QList({200, 300, 100}));
-    QCOMPARE(top->height(), 80);
-
-    // Center counts as horizontal: beside the others, at the end.
-    root.dockInArea(DockTree::panel(QStringLiteral("m")), Area::Center);
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(V(t H(a b c)) m)"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-
-    // A root without children takes any direction.
-    DockTree::panel()->close();
-    while (root.childCount() > 0) {
-        delete root.getChild(0);
-    }
-    root.dockInArea(DockTree::panel(QStringLiteral("n")), Area::Bottom);
-    QCOMPARE(DockTree::text(root), QStringLiteral("V(n)"));
-}
-
-void DockableGroupTest::aGroupTakesNewcomersInItsOwnDirectionItself()
-{
-    DockTree tree;
-    tree.showRow({200, 394});
-    DockTree::panelIn(*tree.root().getChild(0), Area::Bottom, QStringLiteral("x"));
-    auto* nested = qobject_cast<DockableGroup*>(tree.root().getChild(0));
-    QCOMPARE(nested->dockInArea(DockTree::panel(QStringLiteral("y")), Area::Top), nested);
-    QCOMPARE(nested->dockInArea(DockTree::panel(QStringLiteral("z")), Area::Bottom), nested);
-    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(V(y a x z) b)"));
-    DockableWindow* holder = nested->dockInArea(DockTree::panel(QStringLiteral("l")), Area::Left);
-    QCOMPARE(DockTree::text(*holder), QStringLiteral("H(l V(y a x z))"));
-    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(H(l V(y a x z)) b)"));
-
-    nested->setLayoutMode(static_cast<LayoutMode>(7));
-    QCOMPARE(static_cast<int>(nested->getLayoutMode()), 7);
-    QCOMPARE(nested->sizes().size(), 4);
-    QVERIFY(nested->getChild(1)->y() > nested->getChild(0)->y());
-}
-
-void DockableGroupTest::whatCannotBeDockedChangesNothing()
-{
-    DockTree tree;
-    tree.showRow({300, 294});
-    DockableGroup& root = tree.root();
-    DockTree::panelIn(*root.getChild(0), Area::Bottom, QStringLiteral("x"));
-    auto* nested = qobject_cast<DockableGroup*>(root.getChild(0));
-    DockableWindow* inside = nested->getChild(0);
-    DockableWindow* free = DockTree::panel(QStringLiteral("f"));
-    DockableWindow* dying = DockTree::panel(QStringLiteral("d"));
-    dying->close();
-    QVERIFY(dying->isClosing());
-    const QString before = DockTree::text(root);
-
-    for (const auto area : {Area::Right, Area::Top, Area::Left, Area::Bottom, Area::Center}) {
-        QCOMPARE(root.dockInArea(nullptr, area), nullptr);
-        QCOMPARE(inside->dockInArea(inside, area), nullptr);
-        QCOMPARE(inside->dockInArea(nested, area), nullptr);
-        QCOMPARE(inside->dockInArea(&root, area), nullptr);
-        QCOMPARE(free->dockInArea(&root, area), nullptr);
-        QCOMPARE(root.dockInArea(dying, area), nullptr);
-        QCOMPARE(dying->dockInArea(free, area), nullptr);
-    }
-    for (const auto area : {Area::None, static_cast<Area>(6), static_cast<Area>(-1)}) {
-        QCOMPARE(root.dockInArea(free, area), nullptr);
-    }
-    for (DockableWindow* window : {static_cast<DockableWindow*>(nullptr), dying, inside}) {
-        nested->insertChild(0, window == inside ? nested : window);
-    }
-    nested->insertChild(-1, &root);
-    QCOMPARE(nested->takeChild(-1), nullptr);
-    QCOMPARE(nested->takeChild(2), nullptr);
-    QCOMPARE(nested->getChild(99), nullptr);
-    QCOMPARE(nested->indexOfChild(free), -1);
-    QCOMPARE(DockTree::text(root), before);
-    QVERIFY(free->isFloating());
-
-    free->undock(true);
-    free->mouseUndock();
-    free->cleanupOldParent(nullptr);
-    root.undock(true);
-    root.collapseGroup();
-    QCOMPARE(DockTree::text(root), before);
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::aDockedWindowMovesToItsNewPlace()
-{
-    DockTree tree;
-    tree.showRow({200, 200, 188});
-    DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
-    DockableWindow* b = root.getChild(1);
-    b->dockInArea(a, Area::Right);
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(H(b a) c)"));
-    b->dockInArea(a, Area::Top); // again, from where it is
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(V(a b) c)"));
-    root.dockInArea(a, Area::Left); // the old group is left with b alone
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a b c)"));
-    root.insertChild(99, a); // to the end
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(b c a)"));
-
-    DockableWindow* floating = b->dockInArea(a, Area::Bottom);
-    floating->undock(true);
-    QCOMPARE(DockTree::text(*floating), QStringLiteral("V(b a)"));
-    QVERIFY(!floating->isBorderHidden());
-    root.getChild(0)->dockInArea(a, Area::Left); // out of the floating one, which dissolves
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(H(a c))"));
-    QVERIFY(b->isFloating() && b->isVisible());
-    settle();
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::undockingDissolvesAGroupOfOne()
-{
-    DockTree tree;
-    tree.showRow({200, 300, 100});
-    DockableGroup& root = tree.root();
-    DockableWindow* b = root.getChild(1);
-    const QPointer<DockableWindow> nested =
-        b->dockInArea(DockTree::panel(QStringLiteral("x")), Area::Left);
-    const QPoint place = b->mapToGlobal(QPoint());
-    b->undock(true);
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a x c)"));
-    QCOMPARE(root.sizes(), QList({200, 300, 100}));
-    QVERIFY(b->isFloating() && b->isVisible());
-    QCOMPARE(b->pos(), place); // it does not jump
-    QVERIFY(nested->isClosing());
-    settle();
-    QVERIFY(nested.isNull());
-
-    b->dockInArea(root.getChild(1), Area::Top);
-    auto* floating = b->findDockableParentGroup();
-    b->undock(false);
-    QCOMPARE(floating->childCount(), 1); // dissolves only when asked to
-    QVERIFY(floating->isVisible());
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::aDissolvedGroupLeavesItsChildrenInItsPlace()
-{
-    DockTree tree;
-    tree.showRow({200, 306, 100});
-    DockableGroup& root = tree.root();
-    DockableWindow* b = root.getChild(1);
-    auto* nested = qobject_cast<DockableGroup*>(
-        b->dockInArea(DockTree::panel(QStringLiteral("x")), Area::Right));
-    nested->setSizes({100, 200});
-    QVERIFY(nested->isBorderHidden());
-    nested->collapseGroup();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a b x c)"));
-    QCOMPARE(root.sizes(), QList({200, 100, 200, 100}));
-
-    DockableWindow* across = b->dockInArea(DockTree::panel(QStringLiteral("y")), Area::Top);
-    qobject_cast<DockableGroup*>(across)->collapseGroup();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a y b x c)"));
-    QCOMPARE(root.sizes(), QList({200, 47, 47, 200, 100}));
-    settle();
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::aDissolvedFloatingGroupLeavesItsChildrenWhereTheyAre()
-{
-    DockTree tree;
-    tree.show();
-    DockableWindow* a = DockTree::panel(QStringLiteral("a"), {200, 150});
-    a->move(300, 200);
-    a->show();
-    auto* group = qobject_cast<DockableGroup*>(
-        a->dockInArea(DockTree::panel(QStringLiteral("b"), {120, 150}), Area::Right));
-    DockableWindow* b = group->getChild(1);
-    settle();
-    const QPoint places[] = {a->mapToGlobal(QPoint()), b->mapToGlobal(QPoint())};
-    const QSize sizes[] = {a->size(), b->size()};
-    group->collapseGroup();
-    QVERIFY(a->isFloating() && b->isFloating() && a->isVisible() && b->isVisible());
-    QCOMPARE(a->mapToGlobal(QPoint()), places[0]);
-    QCOMPARE(b->mapToGlobal(QPoint()), places[1]);
-    QCOMPARE(a->size(), sizes[0]);
-    QCOMPARE(b->size(), sizes[1]);
-    group->collapseGroup(); // dying already
-    a->dockInArea(b, Area::Left);
-    settle();
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::aDraggedWindowsGroupStaysUntilTheDragIsOver()
-{
-    DockTree tree;
-    tree.showRow({200, 200, 188});
-    DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
-    DockableWindow* b = root.getChild(1);
-    const QPointer<DockableWindow> nested = a->dockInArea(b, Area::Bottom);
-    b->mouseUndock();
-    QVERIFY(b->isFloating());
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(V(a) c)"));
-    b->cleanupOldParent(nested); // dropped where it came from: not over yet
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(V(a) c)"));
-    b->cleanupOldParent(&root);
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a c)"));
-    settle();
-    QVERIFY(nested.isNull());
-
-    a->dockInArea(b, Area::Bottom);
-    b->mouseUndock();
-    delete b; // in the middle of the drag
-    settle();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a c)"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
 
 /// Refuses to close as long as it is told to.
 class StubbornPanel : public DockableWindow
 {
 public:
-    explicit StubbornPanel(const QString& title)
+    StubbornPanel()
         : DockableWindow(new QWidget)
     {
-        setText(title);
+        setText(u"s"_qs);
         resize(100, 80);
     }
     bool stays = true;
@@ -313,245 +32,379 @@ protected:
     void closeEvent(QCloseEvent* event) override { event->setAccepted(!stays); }
 };
 
-void DockableGroupTest::closingUndocksFirstAndSparesFloatingWindows()
+} // namespace
+
+/// Operations on the tree. Where a window shows that none should, DockCountersTest tells.
+class DockableGroupTest : public ui::test::TestCase
 {
-    DockTree tree;
-    tree.showRow({200, 200, 188});
-    DockableGroup& root = tree.root();
-    const QPointer<DockableWindow> a = root.getChild(0);
-    a->undockAndClose();
-    QVERIFY(a->isClosing() && !a->isVisible());
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(b c)"));
-    const QPointer<DockableWindow> b = root.getChild(0);
-    b->dockInArea(DockTree::panel(QStringLiteral("x")), Area::Top);
-    b->undockAndClose();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(x c)"));
-    settle();
-    QVERIFY(a.isNull() && b.isNull());
+    Q_OBJECT
 
-    DockableWindow* floating = root.getChild(0);
-    floating->undock(true);
-    floating->undockAndClose();
-    QVERIFY(floating->isVisible() && !floating->isClosing());
-
-    auto* stubborn = new StubbornPanel(QStringLiteral("s"));
-    root.dockInArea(stubborn, Area::Right);
-    stubborn->undockAndClose();
-    QVERIFY(stubborn->isFloating() && stubborn->isVisible());
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::aGroupClosesWithItsChildrenUnlessOneRefuses()
-{
-    DockTree tree;
-    tree.show();
-    QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);
-    auto* stubborn = new StubbornPanel(QStringLiteral("s"));
-    stubborn->show();
-    const QPointer<DockableWindow> group =
-        stubborn->dockInArea(DockTree::panel(QStringLiteral("x")), Area::Right);
-    DockTree::panelIn(*stubborn, Area::Bottom, QStringLiteral("y"));
-    QVERIFY(!group->close());
-    QVERIFY(group->isVisible() && stubborn->isVisible());
-    QVERIFY(!group->isClosing());
-    stubborn->stays = false;
-    QVERIFY(group->close());
-    QVERIFY(!group->close() || group->isClosing()); // twice does no harm
-    settle();
-    QVERIFY(group.isNull());
-    QCOMPARE(lastClosed.size(), 0);
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::deletedWindowsLeaveNoShellBehind()
-{
-    DockTree tree;
-    tree.showRow({300, 294});
-    DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
-    const QPointer<DockableWindow> nested =
-        a->dockInArea(DockTree::panel(QStringLiteral("x")), Area::Bottom);
-    delete a;
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(V(x) b)"));
-    delete qobject_cast<DockableGroup*>(nested.data())->getChild(0);
-    settle();
-    QVERIFY(nested.isNull());
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(b)"));
-
-    DockableWindow* f = DockTree::panel(QStringLiteral("f"));
-    f->show();
-    const QPointer<DockableWindow> floating =
-        f->dockInArea(DockTree::panel(QStringLiteral("g")), Area::Left);
-    delete qobject_cast<DockableGroup*>(floating.data())->getChild(0);
-    delete f;
-    settle();
-    QVERIFY(floating.isNull());
-    delete root.getChild(0);
-    settle();
-    QCOMPARE(root.childCount(), 0);
-    QVERIFY(root.isVisible()); // never closed
-    QCOMPARE(ui::test::emptyShellsInSight(), 0);
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::nothingGrowsHoweverOftenWindowsComeAndGo()
-{
-    DockTree tree;
-    tree.showRow({300, 294});
-    DockableGroup& root = tree.root();
-    QPointer<DockableWindow> guest = DockTree::panel(QStringLiteral("g"));
-    const auto leave = [&](int how) {
-        switch (how % 4) {
-        case 0: guest->close(); break;
-        case 1: delete guest; break;
-        default: guest->undock(true); return;
-        }
-        settle();
-        guest = DockTree::panel(QStringLiteral("g"));
-    };
-    const auto objects = [&] { return root.findChildren<QObject*>().size(); };
-    const auto groups = [&] { return root.findChildren<DockableGroup*>().size(); };
-    qsizetype after40 = 0;
-    for (int i = 0; i < 400; ++i) {
-        root.dockInArea(guest, static_cast<Area>(1 + i * 7 % 4));
-        leave(i / 4);
-        settle();
-        QVERIFY2(groups() <= 2, qPrintable(DockTree::text(root)));
-        if (i == 40) {
-            after40 = objects();
-        }
-    }
-    QCOMPARE(objects(), after40);
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-/// Counts the top-level windows that show, by the windows they are.
-class ShowCounter : public QObject
-{
-public:
-    ShowCounter() { qApp->installEventFilter(this); }
-    bool eventFilter(QObject* watched, QEvent* event) override
+private:
+    static void growTowards(Area area, QPoint offset, QSize gain)
     {
-        auto* widget = qobject_cast<QWidget*>(watched);
-        if (event->type() == QEvent::Show && widget && widget->isWindow()) {
-            shown << widget;
-        }
-        return false;
+        DockTree tree(u"H() f=150x80"_qs); // no less than what Windows lets a window have
+        DockableWindow* f = tree["f"];
+        DockableWindow* g = DockTree::panel(u"g"_qs, {150, 80});
+        auto* holder = f->dockInArea(g, gain.width() ? Area::Right : Area::Bottom);
+        holder->move(150, 140);
+        settle();
+        const QRect before(holder->pos(), holder->size());
+        const QPoint place = onScreen(*f).topLeft();
+        DockableWindow* n = DockTree::panel(u"n"_qs, {70, 60});
+        holder->dockInArea(n, area);
+        QCOMPARE(holder->pos(), before.topLeft() + offset);
+        QCOMPARE(holder->size(), before.size() + gain);
+        QCOMPARE(onScreen(*f).topLeft(), place);
+        n->undock(true); // and back again
+        QCOMPARE(QRect(holder->pos(), holder->size()), before);
+        QCOMPARE(onScreen(*f).topLeft(), place);
+        const QPoint corner = holder->screen()->availableGeometry().topLeft();
+        holder->move(corner + QPoint(5, 5));
+        holder->dockInArea(n, area); // as far as the screen goes
+        QCOMPARE(holder->pos(), corner + QPoint(offset.x() ? 0 : 5, offset.y() ? 0 : 5));
+        const QPoint main = tree.root().pos();
+        tree.root().dockInArea(holder, area);
+        QCOMPARE(tree.root().pos(), main); // the main window does not float
     }
-    QList<QWidget*> shown;
-};
 
-void DockableGroupTest::noWindowShowsButTheOneThatMoves()
-{
-    DockTree tree;
-    tree.showRow({200, 200, 188});
-    DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
-    DockableWindow* b = root.getChild(1);
-    DockableWindow* c = root.getChild(2);
-    ShowCounter counter;
-    a->dockInArea(b, Area::Bottom); // b moves, a group comes
-    root.dockInArea(c, Area::Top);  // across everything
-    b->dockInArea(c, Area::Left);   // and away again
-    root.getChild(0)->dockInArea(a, Area::Left);
-    settle();
-    QCOMPARE(counter.shown, QList<QWidget*>());
-    a->mouseUndock();
-    a->cleanupOldParent(nullptr);
-    settle();
-    QCOMPARE(counter.shown, QList<QWidget*>({a}));
-    counter.shown.clear();
-    b->undockAndClose();
-    settle();
-    QCOMPARE(counter.shown, QList<QWidget*>());
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
+    static void comeAndGo(const QString& where)
+    {
+        const QString start = u"H(a=200 b=300 c=100)"_qs;
+        DockTree tree(start + u" x=170x120"_qs);
+        tree["c"]->content()->setMinimumWidth(90); // some of them cannot give their half
+        const auto objects = [&] { return tree.root().findChildren<QObject*>().size(); };
+        qsizetype after = 0;
+        for (int i = 0; i < 60; ++i) {
+            if (i % 8 == 7) {
+                tree.play(i % 16 == 7 ? u"shut x, settle"_qs : u"delete x, settle"_qs);
+            }
+            DockableWindow* x = tree["x"] ? tree["x"] : DockTree::panel(u"x"_qs, {170, 120});
+            x->content()->setMinimumSize(60, 40);
+            tree.play(u"dock x "_qs + where);
+            if (i % 10 == 0) {
+                settle();
+            }
+            if (where.startsWith(u'b')) { // the neighbours' room is theirs
+                QCOMPARE(tree["a"]->width(), 200);
+                QCOMPARE(tree["c"]->width(), 100);
+            }
+            tree.play(u"undock x"_qs);
+            QVERIFY2(tree.sizes().contains(start), qPrintable(tree.sizes()));
+            if (i % 10 == 0) {
+                settle();
+                after = i == 10 ? objects() : after;
+            }
+        }
+        settle();
+        QCOMPARE(objects(), after);
+        QVERIFY2(tree.text().contains(u"H(a b c)"), qPrintable(tree.text()));
+    }
 
-void DockableGroupTest::leftIsLeftInARightToLeftApplication()
-{
-    QApplication::setLayoutDirection(Qt::RightToLeft);
+private Q_SLOTS:
+    void operationsLeadToTrees_data()
+    {
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("operations");
+        QTest::addColumn<QString>("end"); // with sizes where it says so
+        const auto row =
+            [](const char* start, const QByteArray& operations, const QByteArray& end) {
+                QTest::addRow("%s: %s", start, operations.constData())
+                    << QString::fromLatin1(start) << QString::fromLatin1(operations)
+                    << QString::fromLatin1(end);
+            };
+        const std::pair<const char*, const char*> areas[] = {
+            {"right", "H(a x)"},
+            {"top", "V(x a)"},
+            {"left", "H(x a)"},
+            {"bottom", "V(a x)"},
+            {"center", "T(a x)"}};
+        for (const auto& [area, pair] : areas) {
+            const QByteArray dock = QByteArray("dock x a ") + area;
+            row("H(a b)", dock, QByteArray("H(") + pair + " b)");
+            row("H(b) a", dock, QByteArray("H(b) ") + pair);
+        }
+        // Docking across the root wraps its children; Center counts as horizontal.
+        row("H(a=200 b=300 c=100)", "dock t root top", "V(t=80 H(a=200 b=300 c=100)=314)");
+        row("V(t H(a b c))", "dock m root center", "H(V(t H(a b c)) m)");
+        row("H()", "dock n root bottom", "V(n)"); // any direction while it is empty
+        // A group takes newcomers in its own direction itself.
+        row("H(V(a x) b)", "dock y ^a top, dock z ^a bottom", "H(V(y a x z) b)");
+        row("H(V(a x) b)", "dock l ^a left", "H(H(l V(a x)) b)");
+        // What is docked already moves.
+        row("H(a b c)", "dock a b right", "H(H(b a) c)");
+        row("H(H(b a) c)", "dock a b top", "H(V(a b) c)");
+        row("H(V(a b) c)", "dock a root left", "H(a b c)"); // the old group is left with b alone
+        row("H(a b c)", "insert a root 99", "H(b c a)");
+        row("H(c) V(b a)", "dock a c left, settle", "H(H(a c)) b");
+        row("H(a=120 b=80 c=80)", "dock a root left", "H(a=120 b=80 c=80)"); // where it is
+        // Groups of one dissolve, if asked to, and give the room back.
+        row("H(a=200 b=300 c=100)", "dock x b left, undock b", "H(a=200 x=300 c=100)");
+        row("H(a V(x b) c)", "leave b, settle", "H(a V(x) c) b");
+        row("H(a H(b x) c)", "collapse ^b", "H(a b x c)");
+        row("H(a=200 b=306 c=100)", "dock x b right, collapse ^b", "H(a=200 b=200 x=100 c=100)");
+        row("H(a=200 b=100 c=100)",
+            "dock y b top, collapse ^b",
+            "H(a=200 y=47 b=47 c=100)"); // lying across they had all of it
+        row("H(a) H(b c)", "collapse ^b", "H(a) b c");
+        row("H(a b)", "collapse root, undock root", "H(a b)");
+        row("H(a b) f", "undock f, tear f, tidy f root", "H(a b) f");
+        // While a window is dragged its group stays, unless it is dropped elsewhere.
+        row("H(V(a b) c)", "tear b, tidy b ^a", "H(V(a) c) b");
+        row("H(V(a b) c)", "tear b, tidy b root", "H(a c) b");
+        row("H(V(a b) c)", "tear b, delete b, settle", "H(a c)");
+        // Closing undocks first, and spares what floats.
+        row("H(a b c)", "close a, settle", "H(b c)");
+        row("H(V(x b) c)", "close b, settle", "H(x c)");
+        row("H(a) f", "close f, settle", "H(a) f");
+        row("H(a) V(f g)", "shut ^f, settle", "H(a)");
+        // What is deleted leaves no shell.
+        row("H(V(a x) b)", "delete a, settle", "H(x b)");
+        row("H(V(a x) b)", "delete a, delete x, settle", "H(b)");
+        row("H(V(a x) b)", "delete ^a, settle", "H(b)");
+        row("H(a) H(f g)", "delete f, delete g, settle", "H(a)");
+        row("H(a)", "delete a, settle", "H()");
+        // A newcomer takes the size it had, at most half.
+        row("H(a=300 b=294) x=800x600", "dock x a right", "H(H(a=147 x=147)=300 b=294)");
+        row("H(a=300 b=294) x=100x600", "dock x a right", "H(H(a=194 x=100)=300 b=294)");
+        row("H(a=200 b=394) x=800x600", "dock x root left", "H(x=294 a=99 b=195)");
+        // Tabs.
+        row("H(a=200 b=300 e=100)",
+            "dock c b center, dock d ^b center",
+            "H(a=200 T(b c d)=300 e=100)");
+        row("H(a T(b c)) T(f g)", "dock ^f ^b top", "H(a V(T(f g) T(b c)))");
+        row("H(V(a b) c)", "dock c ^a center", "H(T(V(a b) c))");
+        row("H(a T(b c))", "insert c ^b 0", "H(a T(c b))");
+        row("H(a T(b c))", "dock b ^b center, dock c ^b left", "H(a H(c b))");
+        row("H(a T(b c d))", "dock y c right", "H(a T(b H(c y) d))");
+        row("H(a T(b H(c y) d))", "undock c", "H(a T(b y d)) c");
+        row("H(a T(b c) e)", "undock c, settle", "H(a b e) c");
+        row("H(a T(b c d) e)", "close b, undock d, settle", "H(a c e) d");
+        row("H(a e) T(b c d)", "close b, undock d, settle", "H(a e) c d");
+        row("H(a T(b c) e)", "delete c, delete b, settle", "H(a e)");
+        row("H(a T(b c) e)", "delete ^b, settle", "H(a e)");
+    }
+
+    void operationsLeadToTrees()
+    {
+        QFETCH(QString, start);
+        QFETCH(QString, operations);
+        QFETCH(QString, end);
+        DockTree tree(start);
+        tree.play(operations);
+        for (int i = 0; i < 2; ++i) { // nothing is still due
+            QCOMPARE(end.contains(u'=') ? tree.sizes() : tree.text(), end);
+            QCOMPARE(emptyShellsInSight(), 0);
+            settle();
+        }
+    }
+
+    void whatCannotBeDockedChangesNothing()
+    {
+        DockTree tree(u"H(V(a x) b) f d"_qs);
+        DockableGroup& nested = *tree.group("^a");
+        DockableWindow* dying = tree["d"];
+        dying->close();
+        QVERIFY(dying->isClosing());
+        const std::pair<DockableWindow*, DockableWindow*> pairs[] = {
+            {&tree.root(), nullptr},
+            {tree["a"], tree["a"]},
+            {tree["a"], &nested},
+            {tree["a"], &tree.root()},
+            {tree["f"], &tree.root()},
+            {&tree.root(), dying},
+            {dying, tree["f"]}};
+        for (int area = -1; area <= 6; ++area) {
+            for (const auto& [target, window] : pairs) {
+                QCOMPARE(target->dockInArea(window, static_cast<Area>(area)), nullptr);
+            }
+            const bool exists = area >= 1 && area <= 5;
+            QVERIFY(exists || !tree.root().dockInArea(tree["f"], static_cast<Area>(area)));
+        }
+        const QList<DockableWindow*> refused{nullptr, dying, &nested, &tree.root()};
+        for (DockableWindow* window : refused) {
+            nested.insertChild(0, window);
+        }
+        QVERIFY(!nested.takeChild(-1) && !nested.takeChild(2) && !nested.getChild(99));
+        QCOMPARE(nested.indexOfChild(tree["f"]), -1);
+        QCOMPARE(tree.text(), u"H(V(a x) b) f"_qs);
+
+        nested.setLayoutMode(static_cast<LayoutMode>(7)); // stored, and nothing else
+        QCOMPARE(static_cast<int>(nested.getLayoutMode()), 7);
+        QVERIFY(tree["x"]->y() > tree["a"]->y());
+    }
+
+    void windowsAreWhereTheyWereWhenTheyFloat()
+    {
+        DockTree tree(u"H(a b H(c d)) H(f g)"_qs);
+        const QPoint place = onScreen(*tree["b"]).topLeft();
+        tree["b"]->undock(true);
+        QCOMPARE(tree["b"]->pos(), place); // it does not jump
+        const QRect rects[] = {onScreen(*tree["f"]), onScreen(*tree["g"])};
+        tree.group("^f")->collapseGroup();
+        QCOMPARE(onScreen(*tree["f"]), rects[0]);
+        QCOMPARE(onScreen(*tree["g"]), rects[1]);
+        DockableGroup& nested = *tree.group("^c");
+        QVERIFY(nested.isBorderHidden());
+        nested.undock(true);
+        QVERIFY(!nested.isBorderHidden() && nested.isFloating());
+    }
+
+    void aFloatingGroupGrowsTowardsTheNewcomer()
+    {
+        for (const auto& [area, offset, gain] : // offset of the group, and what it gains
+             {std::tuple(Area::Left, QPoint(-70, 0), QSize(70, 0)),
+              {Area::Right, {}, {76, 0}},
+              {Area::Top, {0, -60}, {0, 60}},
+              {Area::Bottom, {}, {0, 66}}})
+        {
+            growTowards(area, offset, gain);
+        }
+    }
+
+    void floatingWindowsPartAsTheyMet()
+    {
+        const QSize sizes[] = {{260, 180}, {200, 160}};
+        for (int step = 0; step < 30; ++step) { // every area, either of the two, three times
+            const auto area = static_cast<Area>(1 + step % 5);
+            DockTree tree(u"H() f=260x180 g=200x160"_qs);
+            const QPoint place = tree["f"]->pos();
+            const bool targetLeaves = step % 2 == 0;
+            for (int cycle = 0; cycle < 3; ++cycle) {
+                tree["f"]->dockInArea(tree["g"], area);
+                settle();
+                tree[targetLeaves ? "f" : "g"]->undock(true);
+                settle();
+            }
+            QCOMPARE(tree["f"]->size(), sizes[0]);
+            QCOMPARE(tree["g"]->size(), sizes[area == Area::Center ? 0 : 1]); // tabs share one
+            QVERIFY(targetLeaves || tree["f"]->pos() == place);
+        }
+    }
+
+    void sizesOfTogetherStayOnTheScreen()
     {
         DockTree tree;
-        tree.showRow({300, 294});
-        DockableGroup& root = tree.root();
-        DockableWindow* a = root.getChild(0);
-        QVERIFY(a->x() < root.getChild(1)->x());
-        DockableWindow* guest = DockTree::panel(QStringLiteral("x"));
-        a->dockInArea(guest, Area::Left);
-        QVERIFY(guest->mapToGlobal(QPoint()).x() < a->mapToGlobal(QPoint()).x());
-        QCOMPARE(
-            guest->content()->layoutDirection(), Qt::RightToLeft); // what is inside is not turned
-        QApplication::setLayoutDirection(Qt::LeftToRight);
-        QCOMPARE(guest->content()->layoutDirection(), Qt::LeftToRight);
+        OpenGroup group;
+        DockableWindow* window = DockTree::panel({}, {120, 60});
+        group.resize(200, 150);
+        QCOMPARE(group.combinedSize(window), QSize(120, 60)); // without children it counts not
+        group.appendChild(DockTree::panel());
+        group.resize(200, 150);
+        QCOMPARE(group.combinedSize(window), QSize(320, 150));
+        group.setLayoutMode(LayoutMode::Vertical);
+        QCOMPARE(group.combinedSize(window), QSize(200, 210));
+        window->resize(5000, 5000);
+        const int titleBar = group.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+        const QSize limit = QGuiApplication::primaryScreen()->availableSize();
+        QCOMPARE(group.combinedSize(window), limit - QSize(0, titleBar));
+    }
+
+    /// And nothing grows, however often windows come and go.
+    void sizesComeBackAfterManyCycles()
+    {
+        for (const char* const where :
+             {"root right", "root left", "root top", "b left", "b bottom", "c right", "c top"})
+        {
+            comeAndGo(QString::fromLatin1(where));
+        }
+    }
+
+    void aNewcomerKeepsWithinItsContentsLimits()
+    {
+        DockTree tree(u"H(a=300 b=294) y=100x600"_qs);
+        tree["y"]->content()->setMaximumWidth(50);
+        tree.play(u"dock y b left"_qs);
+        QCOMPARE(tree["y"]->width(), 50);
+        QCOMPARE(tree.root().sizes(), (QList{300, 294}));
+    }
+
+    void aGroupClosesWithItsChildrenUnlessOneRefuses()
+    {
+        DockTree tree(u"H(a)"_qs);
+        QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);
+        auto* stubborn = new StubbornPanel;
+        stubborn->show();
+        tree.play(u"dock x s right, dock y s bottom"_qs);
+        const QPointer<DockableWindow> group = tree["^x"];
+        QVERIFY(!group->close() && !group->isClosing());
+        QCOMPARE(tree.text(), u"H(a) H(V(s y) x)"_qs);
+        tree.play(u"dock s root right, close s"_qs);
+        QVERIFY(stubborn->isFloating() && stubborn->isVisible());
+        tree.play(u"dock s x left"_qs);
+        stubborn->stays = false;
+        tree["^y"]->close();
+        settle();
+        QCOMPARE(tree.text(), u"H(a)"_qs);
+        QVERIFY(group.isNull());
+        QCOMPARE(lastClosed.size(), 0);
+    }
+
+    void leftIsLeftInARightToLeftApplication()
+    {
         QApplication::setLayoutDirection(Qt::RightToLeft);
-        guest->undock(true);
-        QVERIFY(!guest->testAttribute(Qt::WA_SetLayoutDirection));
+        {
+            DockTree tree(u"H(a b)"_qs);
+            QVERIFY(tree["a"]->x() < tree["b"]->x());
+            tree.play(u"dock x a left"_qs);
+            DockableWindow& guest = *tree["x"];
+            QVERIFY(onScreen(guest).x() < onScreen(*tree["a"]).x());
+            for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+                QApplication::setLayoutDirection(direction); // what is inside follows
+                QCOMPARE(guest.content()->layoutDirection(), direction);
+            }
+            guest.undock(true);
+            QVERIFY(!guest.testAttribute(Qt::WA_SetLayoutDirection));
+        }
+        QApplication::setLayoutDirection(Qt::LeftToRight);
     }
-    QApplication::setLayoutDirection(Qt::LeftToRight);
-}
 
-void DockableGroupTest::aNativeContentMakesNobodyElseNative()
-{
-    DockTree tree;
-    tree.showRow({300, 294});
-    DockableGroup& root = tree.root();
-    DockableWindow* native = DockTree::panel(QStringLiteral("x"));
-    native->winId(); // a host asked for it while it floated
-    native->show();
-    for (int i = 0; i < 20; ++i) {
-        root.getChild(0)->dockInArea(native, Area::Bottom);
-        QCOMPARE(brokenInvariants().join(u'\n'), QString());
-        native->undock(true);
-        settle();
-    }
-    root.dockInArea(native, Area::Right);
-    native->content()->winId();
-    settle();
-    for (int i = 0; i < 2; ++i) {
-        QVERIFY(!root.getChild(i)->testAttribute(Qt::WA_NativeWindow));
-    }
-}
-
-void DockableGroupTest::theHostHearsOnceOfEachChange()
-{
-    DockTree tree;
-    tree.showRow({200, 394});
-    DockableGroup& root = tree.root();
-    settle();
-    DockableWindow* a = root.getChild(0);
-    DockableWindow* guest = DockTree::panel(QStringLiteral("x"));
-    QSignalSpy changed(&root, &DockableGroup::layoutChanged);
-    QSignalSpy docked(guest, &DockableWindow::docked);
-    QSignalSpy undocked(guest, &DockableWindow::undocked);
-    QString heard;
-    connect(guest, &DockableWindow::docked, this, [&] { heard = DockTree::text(root); });
-    DockableWindow* holder = a->dockInArea(guest, Area::Top);
-    QCOMPARE(docked.size(), 1);
-    QCOMPARE(docked[0][0].value<DockableGroup*>(), qobject_cast<DockableGroup*>(holder));
-    QCOMPARE(heard, QStringLiteral("H(V(x a) b)")); // all is in place by then
-    QCOMPARE(changed.size(), 1);
-    guest->undock(true);
-    QCOMPARE(undocked.size(), 1);
-    QCOMPARE(changed.size(), 2);
-    guest->undock(true);
-    root.dockInArea(nullptr, Area::Top);
-    settle();
-    QCOMPARE(changed.size(), 2);
-
-    // A slot may do anything, even away with the window.
-    connect(guest, &DockableWindow::docked, guest, [guest] { delete guest; });
-    root.dockInArea(guest, Area::Left);
-    settle();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a b)"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockableGroupTest::aMainWindowThatIsGoneIsNone()
-{
+    void aNativeContentMakesNobodyElseNative()
     {
-        DockTree tree;
-        tree.showRow({200, 394});
-        tree.root().getChild(0)->undock(true);
+        DockTree tree(u"H(a b) x"_qs);
+        DockableWindow& native = *tree["x"];
+        native.winId(); // a host asked for it while it floated
+        for (int i = 0; i < 5; ++i) {
+            tree.play(u"dock x a bottom"_qs);
+            QCOMPARE(tree.text(), u"H(V(a x) b)"_qs);
+            tree.play(u"undock x, settle"_qs);
+        }
+        tree.play(u"dock x root right"_qs);
+        native.content()->winId();
+        settle();
+        QVERIFY(!tree["a"]->testAttribute(Qt::WA_NativeWindow));
+        QVERIFY(!tree["b"]->testAttribute(Qt::WA_NativeWindow));
+    }
+
+    void theHostHearsOnceOfEachChange()
+    {
+        DockTree tree(u"H(a b) x"_qs);
+        QStringList heard;
+        const auto hear = [&](const QString& what) {
+            heard << what + u' ' + DockTree::text(tree.root()); // all is in place by then
+        };
+        connect(&tree.root(), &DockableGroup::layoutChanged, this, [&] { hear(u"changed"_qs); });
+        connect(tree["x"], &DockableWindow::undocked, this, [&] { hear(u"undocked"_qs); });
+        connect(tree["x"], &DockableWindow::docked, this, [&](DockableGroup* group) {
+            hear(u"docked in "_qs + DockTree::text(*group) + u':');
+        });
+        tree.play(u"dock x a top, undock x, undock x, settle"_qs);
+        QCOMPARE(
+            heard.join(u", "_qs),
+            u"docked in V(x a): H(V(x a) b), changed H(V(x a) b), undocked H(a b), "
+            "changed H(a b)"_qs);
+        heard.clear();
+        tree.root().dockInArea(nullptr, Area::Top);
+        settle();
+        QVERIFY(heard.isEmpty());
+        DockableWindow* guest = tree["x"]; // a slot may do anything, even away with the window
+        connect(guest, &DockableWindow::docked, guest, [guest] { delete guest; });
+        tree.play(u"dock x root left, settle"_qs);
+        QCOMPARE(tree.text(), u"H(a b)"_qs);
+    }
+
+    void aMainWindowThatIsGoneIsNone()
+    {
+        DockTree tree(u"H(a) b"_qs);
         DockableGroup* const gone = &tree.root();
         tree.destroy(); // takes the floating one along
         gMainWindow = gone;
@@ -559,15 +412,14 @@ void DockableGroupTest::aMainWindowThatIsGoneIsNone()
         QCOMPARE(orphan.parentWidget(), nullptr);
         orphan.show();
         gMainWindow = nullptr;
-        auto* second = DockTree::panel(QStringLiteral("y"));
-        DockableWindow* group = orphan.dockInArea(second, Area::Right);
-        QCOMPARE(DockTree::text(*group), QStringLiteral("H( y)"));
+        const std::unique_ptr<DockableWindow> second(DockTree::panel(u"y"_qs));
+        DockableWindow* group = orphan.dockInArea(second.get(), Area::Right);
+        QCOMPARE(DockTree::text(*group), u"H( y)"_qs);
         second->undock(true);
         QVERIFY(orphan.isFloating());
-        delete second;
         settle();
     }
-}
+};
 
 const ui::test::Registration<DockableGroupTest> kRegistration;
 #include "tst_dockablegroup.moc"

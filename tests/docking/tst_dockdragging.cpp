@@ -1,525 +1,424 @@
 #include "docking/DockTree.h"
-#include "docking/Hand.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
 #include <MorrantUI/docking/DockableHeader.h>
-#include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
-#include <MorrantUI/docking/dropzones.h>
+#include <MorrantUI/theme/eventfilters.h>
 
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QDialog>
-#include <QMenu>
-#include <QPushButton>
-#include <QTimer>
+#include <QtWidgets>
 
-#include <functional>
+#include <cstring>
+#include <memory>
 
-using ui::docking::dropZones;
-using ui::docking::hitTest;
-using ui::test::brokenInvariants;
-using ui::test::closeTo;
-using ui::test::DockTree;
-using ui::test::Hand;
-using ui::test::pixelAt;
-using ui::test::settle;
+using namespace ui::test;
 using Area = DockableArea;
 
+namespace {
+
+/// What a user does in the tree, word by word: grab WINDOW (by its header, or its tab), to
+/// WINDOW:ZONE or to WINDOW (its middle) or to "out", twice to the point, since over a new target
+/// the first move only shows the zones; "first" moves once. Then drop, escape, lose (the release),
+/// click WINDOW, lock and unlock WINDOW, choose WINDOW ENTRY (of its menu), and what
+/// DockTree::play() knows.
+class Gestures
+{
+public:
+    explicit Gestures(DockTree& tree)
+        : m_tree(tree)
+    {}
+
+    QPoint out() const { return m_tree.root().geometry().bottomLeft() + QPoint(100, 150); }
+
+    static QWidget& gripOf(DockableWindow& window)
+    {
+        auto* tabs = qobject_cast<DockableTabGroup*>(window.findDockableParentGroup());
+        return tabs ? *static_cast<QWidget*>(tabs->tabAt(tabs->indexOfChild(&window)))
+                    : *window.header();
+    }
+
+    void perform(const QString& steps)
+    {
+        for (const QString& step : steps.split(u", "_qs)) {
+            performOne(step);
+        }
+    }
+
+    void performOne(const QString& step)
+    {
+        const QStringList words = step.split(u' ');
+        const QString& what = words.first();
+        DockableWindow* window = words.size() > 1 ? m_tree[words.at(1)] : nullptr;
+        if (what == u"grab") {
+            m_tree.hand.press(gripOf(*window), kGrip);
+        } else if (what == u"to" || what == u"first") {
+            const QPoint point = words.at(1) == u"out" ? out() : pointAt(words.at(1));
+            if (what == u"to") {
+                m_tree.hand.moveTo(point - QPoint(1, 1));
+            }
+            m_tree.hand.moveTo(point);
+        } else if (what == u"drop") {
+            m_tree.hand.release();
+        } else if (what == u"escape") {
+            m_tree.hand.pressEscape();
+        } else if (what == u"lose") {
+            m_tree.hand.loseRelease();
+        } else if (what == u"click") {
+            m_tree.hand.press(gripOf(*window), kGrip);
+            m_tree.hand.release();
+        } else if (what == u"lock" || what == u"unlock") {
+            window->setDragEnabled(what == u"unlock");
+        } else if (what == u"choose") {
+            choose(*window, words.at(2));
+        } else {
+            m_tree.play(step);
+        }
+        if (m_tree.hand.isReal() || (!m_tree.hand.isDown() && what != u"lose")) {
+            settle();
+        }
+    }
+
+    /// In the menu of a window's header or tab.
+    QString choose(DockableWindow& window, const QString& entry)
+    {
+        const auto openMenu = [&] {
+            m_tree.hand.press(gripOf(window), kGrip, Qt::RightButton);
+            if (m_tree.hand.isDown() && !m_tree.hand.isReal()) {
+                m_tree.hand.release();
+            }
+        };
+        return m_tree.menuDuring(openMenu, entry).texts.join(u',');
+    }
+
+    static constexpr QPoint kGrip{14, 9};
+
+private:
+    QPoint pointAt(const QString& place)
+    {
+        const QStringList parts = place.split(u':');
+        const Area area = parts.size() > 1 ? areaOf(parts.last()) : Area::None;
+        return zoneOf(*m_tree[parts.first()], area);
+    }
+
+    DockTree& m_tree;
+};
+
+} // namespace
+
+/// The gestures of a user with a mouse: one that is played, and on a display the real one.
 class DockDraggingTest : public ui::test::TestCase
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void zonesAreHitWhereTheyArePainted_data();
-    void zonesAreHitWhereTheyArePainted();
-    void disabledZonesAreNeverHit();
-    void aClickOnAHeaderMovesNothing();
-    void aPanelIsTornOutWhenThePointerLeavesItsWindow();
-    void insideItsOwnWindowAPanelDocksWithoutBeingTornOut();
-    void aFloatingPanelDocksWhereItIsDropped();
-    void theFirstMoveOverATargetHighlightsNothing();
-    void theDraggedWindowDecidesWhichZonesThereAre();
-    void escapePutsTheWindowBack();
-    void aLostReleaseEndsTheDragAtTheNextMove();
-    void whoeverDiesInADragTheNextOneWorks_data();
-    void whoeverDiesInADragTheNextOneWorks();
-    void aLockedPanelStays();
-    void whatCannotBeSeenIsNoTarget();
-    void aDropWhereItAlreadyIsChangesNothing();
-    void aSlotOfTheDropMayWaitForClicks();
-    void theHeadersMenuActsOnTheWindow();
-
 private:
-    /// Where to grab a panel.
-    static QPoint grip() { return {12, 8}; }
-    static QPoint inLeftZone(DockableWindow& window)
+    static void visitZones(bool real)
     {
-        return window.mapToGlobal(QPoint(8, window.height() / 2));
+        DockTree tree(u"H(a=200 b=300 c=100) f=240x140"_qs);
+        if (real) {
+            tree.hand.takeRealPointer();
+        }
+        Gestures gestures(tree);
+        const QRect room = onScreen(*tree["b"]);
+        const QString trees[] = {
+            u"H(b f)"_qs, u"V(f b)"_qs, u"H(f b)"_qs, u"V(b f)"_qs, u"T(b f)"_qs};
+        for (int cycle = 0; cycle < 30; ++cycle) {
+            const auto area = static_cast<Area>(1 + cycle % 5);
+            gestures.perform(u"grab f, to b:%1, drop"_qs.arg(nameOf(area)));
+            QCOMPARE(tree.text(), u"H(a %1 c)"_qs.arg(trees[cycle % 5]));
+            QVERIFY(room.contains(onScreen(*tree["f"])));
+            if (cycle == 0) { // what was pressed has lost its window: others hear of the pointer
+                QWidget& other = *tree["c"]->content();
+                int presses = 0;
+                const auto count = [&presses](QObject*, QEvent* event) {
+                    presses += event->type() == QEvent::MouseButtonPress ? 1 : 0;
+                    return false;
+                };
+                const std::unique_ptr<QObject> counter(
+                    ui::installEventFilter(&other, count, &other));
+                tree.hand.press(other, other.rect().center());
+                tree.hand.release();
+                QTRY_COMPARE(presses, 1);
+                QTRY_VERIFY(!real || other.underMouse());
+            }
+            gestures.perform(u"grab f, to out, drop"_qs);
+            QCOMPARE(tree.sizes(), u"H(a=200 b=300 c=100)"_qs);
+        }
     }
-    static QPoint inMiddle(DockableWindow& window)
+
+private Q_SLOTS:
+    void windowsGoWhereTheyAreDragged_data()
     {
-        return window.mapToGlobal(window.rect().center());
+        QTest::addColumn<bool>("real");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("steps");
+        const auto row = [](const char* name, const QString& start, const char* steps) {
+            QTest::addRow("%s", name) << false << start << QString::fromLatin1(steps);
+            if (RealPointer::available() && !strstr(steps, "lose")) {
+                QTest::addRow("%s, with the real pointer", name)
+                    << true << start << QString::fromLatin1(steps);
+            }
+        };
+        const QString abc = u"H(a=120 b=140 c=100)"_qs;
+        // Steps, and what is seen after one where it is not what was seen before. So that the first
+        // press is the second of a double click, it follows at once.
+        row("a panel is torn out and comes back",
+            abc,
+            "click a, grab a, first c:left | H(a b c) c:none, to c:left | H(a b c) c:left, "
+            "to c | H(a b c) c:none, to out | H(b c) a~, to b | H(b c) a~ b:none, "
+            "drop | H(b c) a, grab a, to b:left | H(b c) a~ b:left, drop | H(H(a b) c), "
+            "grab b, to out | H(H(a) c) b~, drop | H(a c) b");
+        row("inside its own window a panel docks without being torn out",
+            abc,
+            "grab a, to c:left | H(a b c) c:left, drop | H(b H(a c)), grab a, "
+            "to a:left | H(b H(a c)) H(b H(a c)):none, drop | H(b H(a c))");
+        row("tab groups are made and broken",
+            abc,
+            "grab a, to b:center | H(a b c) b:center, drop | H(T(b a) c), click b, grab c, "
+            "to b | H(T(b a) c) T(b a):none, to ^b:center | H(T(b a) c) T(b a):center, "
+            "drop | H(T(b a c)), grab a, to ^b:center | H(T(b a c)) T(b a c):center, "
+            "drop | H(T(b a c)), grab a, to out | H(T(b c)) a~, "
+            "to ^b:right | H(T(b c)) a~ T(b c):right, drop | H(H(T(b c) a)), grab c, "
+            "to out | H(H(T(b) a)) c~, drop | H(H(b a)) c");
+        row("Escape puts a window back",
+            u"H(V(a x) b c)"_qs,
+            "grab a, to b:top | H(V(a x) b c) b:top, escape | H(V(a x) b c), drop, grab a, "
+            "to out | H(V(x) b c) a~, to b:bottom | H(V(x) b c) a~ b:bottom, "
+            "escape | H(V(a x) b c), to out, drop");
+        row("only the upper of two floating windows is a target",
+            u"H(a c) f=240x180"_qs,
+            "play g, grab c, to g:left | H(a) c~ f g g:left, to f:left | H(a) c~ f g f:left, "
+            "to f:bottom | H(a) c~ f g f:bottom, drop | H(a) V(f c) g");
+        row("a locked panel stays",
+            abc,
+            "lock a, grab a, to out, drop, unlock a, grab a, to out | H(b c) a~, "
+            "lock a | H(b c) a, drop");
+        row("the dragged window decides which zones there are",
+            abc,
+            "sideless a, grab a, to c:left | H(a b c) c:none, to c:center | H(a b c) c:none, "
+            "to c:bottom | H(a b c) c:bottom, drop | H(b V(c a))");
+        row("the menu comes with the right button",
+            abc,
+            "choose a Undock | H(b c) a, choose a Close, dock a b center | H(T(b a) c), "
+            "choose b nothing, choose b Undock | H(a c) b, choose c Close | H(a) b");
+        row("a lost release ends the drag at the next move",
+            abc,
+            "grab a, to b:left | H(a b c) b:left, lose, first b:left | H(a b c), grab a, "
+            "to b:left | H(a b c) b:left, drop | H(H(a b) c)");
+    }
+
+    void windowsGoWhereTheyAreDragged()
+    {
+        QFETCH(bool, real);
+        QFETCH(QString, start);
+        QFETCH(QString, steps);
+        DockTree tree(start, {300, 200});
+        tree.root().activateWindow();
+        settle();
+        if (real) {
+            tree.hand.takeRealPointer();
+        }
+        Gestures gestures(tree);
+        QString seen = tree.text();
+        for (const QString& step : steps.split(u", "_qs)) {
+            const QStringList parts = step.split(u" | "_qs);
+            if (parts.first() == u"play g") { // in front of f
+                DockableWindow* g = DockTree::panel(u"g"_qs, {120, 80});
+                g->move(tree["f"]->pos() + QPoint(60, 60));
+                g->show();
+                seen = tree.text();
+            } else if (parts.first() == u"sideless a") {
+                tree["a"]->sideDockingDisabled = true;
+            } else {
+                gestures.performOne(parts.first());
+            }
+            if (parts.first() == u"lose") {
+                continue; // nobody knows yet
+            }
+            seen = parts.value(1, seen);
+            QCOMPARE(parts.first() + u": "_qs + tree.text(), parts.first() + u": "_qs + seen);
+        }
+    }
+
+    void anyZoneTakesAPanelAndSizesComeBack()
+    {
+        visitZones(false);
+        if (RealPointer::available()) {
+            visitZones(true);
+        }
+    }
+
+    void escapeGivesTheSizesBack()
+    {
+        DockTree tree(u"H(a=90 T(b x)=120 c=116)"_qs);
+        Gestures gestures(tree);
+        const QString before = tree.sizes();
+        for (const char* const grab : {"grab a", "grab x"}) {
+            for (const char* const step : {grab, "to out", "to c:left", "escape", "drop"}) {
+                gestures.performOne(QString::fromLatin1(step));
+            }
+            settle();
+            QCOMPARE(tree.sizes(), before);
+        }
+    }
+
+    /// From the first pixel that counts, and after its widget has changed windows.
+    void aTornOutPanelFollowsThePointer()
+    {
+        DockTree tree(u"H(a=97 T(b c)=97)"_qs, {212, 200});
+        Gestures gestures(tree);
+        const int usual = QApplication::startDragDistance();
+        for (const int distance : {1, 10, 30}) {
+            QApplication::setStartDragDistance(distance);
+            const QPoint grip = tree["a"]->header()->mapToGlobal(Gestures::kGrip);
+            tree.hand.press(*tree["a"]->header(), Gestures::kGrip);
+            tree.hand.moveTo(grip + QPoint(distance - 1, 0));
+            QCOMPARE(tree.text(), u"H(a T(b c))"_qs);
+            tree.hand.moveTo(grip + QPoint(distance, 0));
+            QVERIFY(tree.text() != u"H(a T(b c))"); // zones show
+            tree.hand.pressEscape();
+            tree.hand.release();
+        }
+        QApplication::setStartDragDistance(usual);
+        for (const char* const title : {"a", "c"}) {
+            DockableWindow& panel = *tree[title];
+            tree.hand.press(Gestures::gripOf(panel), Gestures::kGrip);
+            tree.hand.moveTo(gestures.out(), 3);
+            QVERIFY(panel.isFloating() && panel.header()->isVisible());
+            const QPoint place = panel.pos() - QCursor::pos();
+            QVERIFY(panel.header()->rect().contains(panel.header()->mapFromGlobal(QCursor::pos())));
+            for (int i = 1; i <= 20; ++i) {
+                tree.hand.moveTo(gestures.out() + QPoint(2 * i, i));
+                QCOMPARE(panel.pos() - QCursor::pos(), place);
+            }
+            tree.hand.release();
+            settle();
+            tree.hand.moveTo(gestures.out()); // it has let go
+            QCOMPARE(panel.pos() - QCursor::pos(), place + QPoint(40, 20));
+            panel.move(600, 20);
+        }
+        QCOMPARE(tree.text(), u"H(b) a c"_qs);
+    }
+
+    void theZonesLieOverTheirWindow()
+    {
+        DockTree tree(u"H(a=120 b=120)"_qs, {300, 200});
+        DockableWindow& b = *tree["b"];
+        auto* indicator = b.findChild<DropIndicatorMain*>();
+        Gestures gestures(tree);
+        gestures.perform(u"grab a, to b:left"_qs);
+        const QImage image = renderWidget(*indicator);
+        const int y = b.height() / 2;
+        QVERIFY(
+            !closeTo(pixelAt(image, QPointF(10, y)), pixelAt(image, QPointF(b.width() - 10, y))));
+        QCOMPARE(pixelAt(image, b.rect().center()).alpha(), 0);
+        b.resize(b.size() + QSize(10, 10));
+        QCOMPARE(indicator->size(), b.size());
+        gestures.perform(u"to a"_qs);
+        QVERIFY(!indicator->isVisible());
+    }
+
+    /// All of a tab group's strip takes tabs, below a header of the group's own too.
+    void theStripLiesBelowAHeaderOfTheGroup()
+    {
+        DockTree tree(u"H(a=150 T(b c)=200)"_qs);
+        DockableTabGroup& tabs = *tree.tabs("^b");
+        tabs.setHeaderVisible(true);
+        settle();
+        const QWidget& tab = *tabs.tabAt(1);
+        tree.hand.press(*tree["a"]->header(), Gestures::kGrip);
+        for (const auto& [y, area] :
+             {std::pair(1, Area::Center),
+              {tab.height() - 2, Area::Center},
+              {tab.height() + 3, Area::Top}})
+        {
+            tree.hand.moveTo(tab.mapToGlobal(QPoint(5, y)), 3);
+            tree.hand.moveTo(tab.mapToGlobal(QPoint(6, y)));
+            QCOMPARE(tabs.dropArea(), area);
+        }
+        tree.hand.moveTo(zoneOf(tabs, Area::None));
+        tree.hand.release();
+        tabs.setHeaderDirection(QBoxLayout::LeftToRight);
+        settle();
+        QVERIFY(tab.isVisible() && onScreen(tabs).contains(onScreen(tab)));
+    }
+
+    void whatCannotBeSeenIsNoTarget()
+    {
+        DockTree tree(u"H() f=200x150 g=200x150"_qs);
+        DockableWindow& hidden = *tree["f"];
+        hidden.move(640, 120);
+        settle();
+        const QPoint zone = zoneOf(hidden, Area::Left);
+        hidden.showMinimized();
+        settle();
+        tree.hand.press(*tree["g"]->header(), Gestures::kGrip);
+        tree.hand.moveTo(zone, 4);
+        tree.hand.release();
+        QVERIFY(tree["g"]->isFloating() && hidden.dropArea() == Area::None);
+    }
+
+    /// Others that die or are docked by the host in a drag are the fuzzer's.
+    void theMainWindowMayDieInADrag()
+    {
+        for (const char* const group : {"T", "V"}) {
+            for (const bool tornOut : {false, true}) {
+                DockTree tree(u"H(%1(a x)=100 c=100)"_qs.arg(QLatin1String(group)), {300, 150});
+                Gestures gestures(tree);
+                gestures.perform(u"grab x"_qs + QLatin1String(tornOut ? ", to out" : ""));
+                gestures.perform(u"to c:left"_qs); // over which zones are shown now
+                QVERIFY(tree.text() != u"H(%1(a x) c)"_qs.arg(QLatin1String(group)));
+                tree.destroy();
+                tree.hand.moveTo({5, 5});
+                tree.hand.release();
+                QVERIFY(!mouseEventsAreKept());
+            }
+        }
+    }
+
+    void aWindowDockedByTheHostInADragIsOpaqueAgain()
+    {
+        DockTree tree(u"H(a b)"_qs);
+        Gestures gestures(tree);
+        gestures.perform(u"grab a, to out, dock a b right, drop"_qs);
+        tree["a"]->undock(false);
+        QCOMPARE(tree.text(), u"H(H(b)) a"_qs);
+    }
+
+    void aSlotOfTheDropMayWaitForClicks()
+    {
+        DockTree tree(u"H(a=120 b=120)"_qs, {400, 300});
+        int clicks = 0;
+        connect(tree["a"], &DockableWindow::docked, this, [&clicks] {
+            QDialog dialog;
+            auto* button = new QPushButton(&dialog);
+            connect(button, &QPushButton::clicked, &dialog, [&] {
+                ++clicks;
+                dialog.accept();
+            });
+            QTimer::singleShot(0, &dialog, [button] { QTest::mouseClick(button, Qt::LeftButton); });
+            QTimer::singleShot(2000, &dialog, &QDialog::reject);
+            dialog.exec();
+        });
+        Gestures gestures(tree);
+        gestures.perform(u"grab a, to b:bottom, drop"_qs);
+        QCOMPARE(clicks, 1);
+        QCOMPARE(tree.text(), u"H(V(b a))"_qs);
+    }
+
+    void theMenuMayOutliveItsWindow()
+    {
+        DockTree tree(u"H(a b)"_qs);
+        Gestures gestures(tree);
+        QCOMPARE(gestures.choose(*tree["a"], u"none"_qs), u"Undock,Show,Close"_qs);
+        QTimer::singleShot(0, tree["a"], [&tree] { delete tree["a"]; });
+        tree.menuDuring([header = tree["a"]->header()] {
+            QContextMenuEvent event(
+                QContextMenuEvent::Mouse, {4, 4}, header->mapToGlobal(QPoint(4, 4)));
+            QCoreApplication::sendEvent(header, &event);
+        });
+        QCOMPARE(tree.text(), u"H(b)"_qs);
     }
 };
-
-void DockDraggingTest::zonesAreHitWhereTheyArePainted_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("header");
-    QTest::newRow("usual") << QSize(200, 160) << 24.0;
-    QTest::newRow("without a header") << QSize(200, 160) << 0.0;
-    QTest::newRow("narrow") << QSize(30, 160) << 24.0;
-    QTest::newRow("flat") << QSize(200, 60) << 20.0;
-}
-
-void DockDraggingTest::zonesAreHitWhereTheyArePainted()
-{
-    QFETCH(QSize, size);
-    QFETCH(double, header);
-    const auto zones = dropZones({QSizeF(size), header});
-    const double w = size.width();
-    const double h = size.height();
-    const double m = std::min({20.0, w / 2, h / 2});
-    QCOMPARE(zones.inset, m);
-    QCOMPARE(zones.inner, QRectF(m, header + m, w - 2 * m, h - header - 2 * m));
-    QCOMPARE(hitTest(zones, {m / 2, (h + header) / 2}), Area::Left);
-    QCOMPARE(hitTest(zones, {w - m / 2, (h + header) / 2}), Area::Right);
-    QCOMPARE(hitTest(zones, {w / 2, header + m / 2 - 1}), Area::Top);
-    QCOMPARE(hitTest(zones, {w / 2, h - m / 2 + 1}), Area::Bottom);
-    QCOMPARE(hitTest(zones, {w / 2, header / 2}), header > 0 ? Area::Center : Area::Top);
-    QCOMPARE(hitTest(zones, {m / 4, header + m / 2}), Area::Left); // below the diagonal
-    QCOMPARE(hitTest(zones, {m / 2, header + m / 4}), Area::Top);  // above it
-    QCOMPARE(hitTest(zones, {-1, h / 2}), Area::None);
-    if (zones.inner.isValid() && zones.inner.width() > 2) {
-        QCOMPARE(hitTest(zones, zones.inner.center()), Area::None);
-    }
-}
-
-void DockDraggingTest::disabledZonesAreNeverHit()
-{
-    const auto hits = [](bool sides, bool topBottom) {
-        const auto zones = dropZones({{200, 160}, 24.0, 20.0, sides, topBottom});
-        QByteArray found;
-        for (const QPointF point :
-             {QPointF(5, 80), {195, 80}, {100, 30}, {100, 155}, {100, 10}, {100, 80}}) {
-            found += QByteArray::number(static_cast<int>(hitTest(zones, point)));
-        }
-        return found;
-    };
-    QCOMPARE(hits(false, false), QByteArray("312450"));
-    QCOMPARE(hits(true, false), QByteArray("002400"));
-    QCOMPARE(hits(false, true), QByteArray("310000"));
-    QCOMPARE(hits(true, true), QByteArray("000000"));
-    QCOMPARE(hitTest({}, {0, 0}), Area::None); // never built
-}
-
-void DockDraggingTest::aClickOnAHeaderMovesNothing()
-{
-    DockTree tree(QSize(300, 200));
-    tree.root().move(60, 60);
-    tree.showRow({140, 154});
-    DockableWindow* a = tree.root().getChild(0);
-    Hand hand;
-    for (const int distance : {1, 10, 30}) {
-        QApplication::setStartDragDistance(distance);
-        hand.press(*a->header(), grip());
-        hand.moveTo(a->header()->mapToGlobal(grip() + QPoint(distance - 1, 0)));
-        QCOMPARE(a->windowOpacity(), 1.0);
-        hand.moveTo(a->header()->mapToGlobal(grip()));
-        hand.release();
-    }
-    QApplication::setStartDragDistance(10);
-    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(a b)"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::aPanelIsTornOutWhenThePointerLeavesItsWindow()
-{
-    DockTree tree(QSize(212, 200));
-    tree.root().move(20, 20);
-    tree.showRow({97, 97});
-    DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
-    Hand hand;
-    hand.press(*a->header(), grip());
-    hand.moveTo(inMiddle(*root.getChild(1)), 3); // still inside
-    QVERIFY(!a->isFloating());
-    const QPoint outside = root.mapToGlobal(QPoint(root.width() + 60, 40));
-    hand.moveTo(outside, 3);
-    QVERIFY(a->isFloating() && a->isVisible());
-    QVERIFY(qAbs(a->windowOpacity() - 0.5) < 0.01);
-    QCOMPARE(root.childCount(), 1);
-    for (int i = 1; i <= 20; ++i) { // the drag goes on after its widget has changed windows
-        hand.moveTo(outside + QPoint(2 * i, i));
-        const QPoint off = a->header()->mapToGlobal(grip()) - QCursor::pos();
-        QVERIFY2(off.manhattanLength() <= 2, qPrintable(QStringLiteral("step %1").arg(i)));
-    }
-    hand.release();
-    settle();
-    QVERIFY(a->isFloating());
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-    const QPoint place = a->pos();
-    hand.moveTo(outside); // it has let go
-    QCOMPARE(a->pos(), place);
-}
-
-void DockDraggingTest::insideItsOwnWindowAPanelDocksWithoutBeingTornOut()
-{
-    DockTree tree(QSize(300, 200));
-    tree.root().move(20, 20);
-    tree.showRow({100, 100, 100});
-    DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
-    DockableWindow* c = root.getChild(2);
-    Hand hand;
-    hand.press(*a->header(), grip());
-    hand.moveTo(inMiddle(*c));
-    hand.moveTo(inLeftZone(*c));
-    hand.moveTo(inLeftZone(*c) + QPoint(1, 0));
-    QCOMPARE(c->dropArea(), Area::Left);
-    QVERIFY(c->findChild<DropIndicatorMain*>()->isVisible());
-    hand.release();
-    settle();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(b H(a c))"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-
-    hand.press(*a->header(), grip()); // and on its own zones nothing happens
-    hand.moveTo(inMiddle(*a));
-    hand.moveTo(inLeftZone(*a));
-    hand.moveTo(inLeftZone(*a) + QPoint(1, 0));
-    hand.release();
-    settle();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(b H(a c))"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::aFloatingPanelDocksWhereItIsDropped()
-{
-    DockTree tree(QSize(250, 150));
-    tree.root().move(20, 20);
-    tree.showRow({140, 92});
-    DockableGroup& root = tree.root();
-    DockableWindow* b = root.getChild(1);
-    DockableWindow* f = DockTree::panel(QStringLiteral("f"), {190, 70});
-    f->move(60, 250);
-    f->show();
-    settle();
-    Hand hand;
-    hand.press(*f->header(), grip());
-    hand.moveTo(inLeftZone(*b), 3);
-    hand.moveTo(inLeftZone(*b) + QPoint(1, 0));
-    hand.release();
-    settle();
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a H(f b))"));
-    QVERIFY(!f->isWindow());
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-
-    // The next press is that of whoever is under the pointer, and the next drag a drag.
-    hand.press(*b->header(), grip());
-    hand.moveTo(root.mapToGlobal(QPoint(100, 260)), 2);
-    QVERIFY(b->isFloating());
-    hand.release();
-    settle();
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::theFirstMoveOverATargetHighlightsNothing()
-{
-    DockTree tree(QSize(300, 200));
-    tree.root().move(20, 20);
-    tree.showRow({120, 120});
-    DockableWindow* a = tree.root().getChild(0);
-    DockableWindow* b = tree.root().getChild(1);
-    auto* indicator = b->findChild<DropIndicatorMain*>();
-    Hand hand;
-    hand.press(*a->header(), grip());
-    hand.moveTo(inLeftZone(*b));
-    QVERIFY(indicator->isVisible());
-    QCOMPARE(b->dropArea(), Area::None);
-    hand.moveTo(inLeftZone(*b) + QPoint(1, 0));
-    QCOMPARE(b->dropArea(), Area::Left);
-    const QImage image = ui::test::renderWidget(*indicator);
-    const int y = b->height() / 2;
-    QVERIFY(!closeTo(pixelAt(image, QPointF(10, y)), pixelAt(image, QPointF(b->width() - 10, y))));
-    QCOMPARE(pixelAt(image, b->rect().center()).alpha(), 0);
-    b->resize(b->size() + QSize(10, 10)); // the overlay follows its window
-    QCOMPARE(indicator->size(), b->size());
-    hand.moveTo(inMiddle(*a));
-    QVERIFY(!indicator->isVisible());
-    hand.release();
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::theDraggedWindowDecidesWhichZonesThereAre()
-{
-    DockTree tree(QSize(300, 200));
-    tree.root().move(20, 20);
-    tree.showRow({120, 120});
-    DockableWindow* a = tree.root().getChild(0);
-    DockableWindow* b = tree.root().getChild(1);
-    a->sideDockingDisabled = true;
-    Hand hand;
-    hand.press(*a->header(), grip());
-    hand.moveTo(inMiddle(*b));
-    hand.moveTo(inLeftZone(*b));
-    QCOMPARE(b->dropArea(), Area::None);
-    hand.moveTo(b->mapToGlobal(QPoint(b->width() / 2, b->height() - 8)));
-    QCOMPARE(b->dropArea(), Area::Bottom);
-    hand.release();
-    settle();
-    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(V(b a))"));
-}
-
-void DockDraggingTest::escapePutsTheWindowBack()
-{
-    DockTree tree(QSize(350, 150));
-    tree.root().move(20, 20);
-    tree.showRow({90, 120, 116});
-    DockableGroup& root = tree.root();
-    const QList<int> sizes = root.sizes();
-    DockableWindow* b = root.getChild(1);
-    DockableWindow* c = root.getChild(2);
-    const QPoint outside = root.mapToGlobal(QPoint(100, 260));
-    const auto dragAndEscape = [&](QWidget& grabbed) {
-        Hand hand;
-        hand.press(grabbed, grip());
-        hand.moveTo(outside);
-        hand.moveTo(inLeftZone(*c));
-        hand.moveTo(inLeftZone(*c) + QPoint(1, 0));
-        QTest::keyClick(&root, Qt::Key_Escape);
-        settle();
-        QCOMPARE(brokenInvariants().join(u'\n'), QString());
-        hand.moveTo(inLeftZone(*c) + QPoint(2, 0));
-    };
-    dragAndEscape(*b->header());
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a b c)"));
-    QCOMPARE(root.sizes(), sizes);
-    DockableWindow* x = DockTree::panel(QStringLiteral("x"), {190, 70});
-    auto* tabs = qobject_cast<DockableTabGroup*>(b->dockInArea(x, Area::Center));
-    settle();
-    dragAndEscape(*tabs->tabAt(0));
-    QCOMPARE(DockTree::text(root), QStringLiteral("H(a T(b x) c)"));
-    QCOMPARE(tabs->activeIndex(), 0);
-    QCOMPARE(root.sizes(), sizes);
-    x->undock(true);
-    QCOMPARE(root.sizes(), sizes);
-    x->move(60, 300); // one that floats
-    settle();
-    const QPoint place = x->pos();
-    dragAndEscape(*x->header());
-    QCOMPARE(x->pos(), place);
-    QVERIFY(x->isFloating() && root.sizes() == sizes);
-}
-
-void DockDraggingTest::aLostReleaseEndsTheDragAtTheNextMove()
-{
-    DockTree tree(QSize(300, 200));
-    tree.root().move(20, 20);
-    tree.showRow({120, 120});
-    DockableWindow* a = tree.root().getChild(0);
-    DockableWindow* b = tree.root().getChild(1);
-    Hand hand;
-    hand.press(*a->header(), grip());
-    hand.moveTo(inMiddle(*b));
-    hand.moveTo(inLeftZone(*b));
-    hand.loseRelease();
-    hand.moveTo(inLeftZone(*b) + QPoint(1, 0));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-    hand.press(*a->header(), grip()); // and works again
-    hand.moveTo(inMiddle(*b));
-    QVERIFY(b->findChild<DropIndicatorMain*>()->isVisible());
-    hand.release();
-    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(a b)"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::whoeverDiesInADragTheNextOneWorks_data()
-{
-    QTest::addColumn<int>("victim");
-    const char* names[] = {"dragged", "hovered", "old group", "header", "main window", "closed"};
-    for (int victim = 0; victim < 6; ++victim) {
-        QTest::newRow(names[victim]) << victim;
-    }
-}
-
-void DockDraggingTest::whoeverDiesInADragTheNextOneWorks()
-{
-    QFETCH(int, victim);
-    DockTree tree(QSize(400, 150));
-    tree.root().move(0, 20);
-    tree.showRow({100, 100, 100});
-    DockableGroup& root = tree.root();
-    DockableWindow* a = root.getChild(0);
-    DockableWindow* b = root.getChild(1);
-    DockableWindow* c = root.getChild(2);
-    DockableWindow* x = DockTree::panel(QStringLiteral("x"), {90, 70});
-    DockableWindow* group = a->dockInArea(x, Area::Bottom);
-    settle();
-    Hand hand;
-    hand.press(*x->header(), grip());
-    hand.moveTo(root.mapToGlobal(QPoint(100, 260)));
-    hand.moveTo(inMiddle(*c));
-    hand.moveTo(inLeftZone(*c));
-    QVERIFY(x->isFloating());
-    const std::function<void()> kills[] = {
-        [&] { delete x; },
-        [&] { delete c; },
-        [&] { delete group; },
-        [&] { x->setHeader(nullptr); },
-        [&] { tree.destroy(); },
-        [&] { x->close(); }};
-    kills[victim]();
-    settle();
-    if (victim == 4) {
-        hand.release();
-        return;
-    }
-    hand.moveTo(inMiddle(*b));
-    hand.release();
-    settle();
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-    QCOMPARE(ui::test::emptyShellsInSight(), 0);
-
-    hand.press(*b->header(), grip());
-    hand.moveTo(root.mapToGlobal(QPoint(100, 260)), 2);
-    hand.release();
-    settle();
-    QVERIFY(b->isFloating());
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::aLockedPanelStays()
-{
-    DockTree tree(QSize(250, 150));
-    tree.root().move(20, 20);
-    tree.showRow({116, 116});
-    DockableWindow* a = tree.root().getChild(0);
-    a->setDragEnabled(false);
-    QVERIFY(!a->isDragEnabled());
-    Hand hand;
-    hand.press(*a->header(), grip());
-    hand.moveTo(tree.root().mapToGlobal(QPoint(100, 260)), 2);
-    QVERIFY(!a->isFloating());
-    hand.release();
-    a->setDragEnabled(true);
-    hand.press(*a->header(), grip());
-    hand.moveTo(tree.root().mapToGlobal(QPoint(100, 260)), 2);
-    QVERIFY(a->isFloating());
-    a->setDragEnabled(false); // in the middle
-    QCOMPARE(a->windowOpacity(), 1.0);
-    hand.release();
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::whatCannotBeSeenIsNoTarget()
-{
-    DockTree tree;
-    tree.show();
-    DockableWindow* hidden = DockTree::panel(QStringLiteral("f"), {200, 150});
-    DockableWindow* dragged = DockTree::panel(QStringLiteral("g"), {200, 150});
-    hidden->move(640, 120);
-    dragged->move(300, 420);
-    hidden->show();
-    dragged->show();
-    settle();
-    const QPoint zone = inLeftZone(*hidden);
-    hidden->showMinimized();
-    settle();
-    Hand hand;
-    hand.press(*dragged->header(), grip());
-    hand.moveTo(zone, 4);
-    hand.release();
-    QVERIFY(dragged->isFloating());
-    QCOMPARE(hidden->dropArea(), Area::None);
-}
-
-void DockDraggingTest::aDropWhereItAlreadyIsChangesNothing()
-{
-    DockTree tree(QSize(340, 200));
-    tree.showRow({120, 80, 80});
-    DockableWindow* a = tree.root().getChild(0);
-    const QList<int> sizes = tree.root().sizes();
-    QCOMPARE(tree.root().dockInArea(a, Area::Left), &tree.root());
-    QCOMPARE(tree.root().sizes(), sizes);
-
-    tree.root().getChild(1)->dockInArea(tree.root().getChild(2), Area::Center);
-    auto* tabs = qobject_cast<DockableTabGroup*>(tree.root().getChild(1));
-    Hand hand;
-    hand.press(*tabs->tabAt(0), grip());
-    hand.moveTo(tabs->tabAt(0)->mapToGlobal(grip() + QPoint(14, 0)), 4);
-    hand.release();
-    settle();
-    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(a T(b c))"));
-    QCOMPARE(tabs->activeIndex(), 0);
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
-
-void DockDraggingTest::aSlotOfTheDropMayWaitForClicks()
-{
-    DockTree tree(QSize(400, 300));
-    tree.showRow({120, 120});
-    DockableWindow* b = tree.root().getChild(1);
-    int clicks = 0;
-    connect(tree.root().getChild(0), &DockableWindow::docked, this, [&clicks] {
-        QDialog dialog;
-        auto* button = new QPushButton(&dialog);
-        connect(button, &QPushButton::clicked, &dialog, [&] {
-            ++clicks;
-            dialog.accept();
-        });
-        QTimer::singleShot(0, &dialog, [button] { QTest::mouseClick(button, Qt::LeftButton); });
-        QTimer::singleShot(2000, &dialog, &QDialog::reject);
-        dialog.exec();
-    });
-    Hand hand;
-    hand.press(*tree.root().getChild(0)->header(), grip());
-    hand.moveTo(b->mapToGlobal(QPoint(b->width() / 2, b->height() - 8)), 3);
-    hand.release();
-    QCOMPARE(clicks, 1);
-    QCOMPARE(DockTree::text(tree.root()), QStringLiteral("H(V(b a))"));
-}
-
-void DockDraggingTest::theHeadersMenuActsOnTheWindow()
-{
-    DockTree tree;
-    tree.showRow({100, 100, 100});
-    const auto choose = [](DockableWindow& window, const QString& text) {
-        QStringList offered;
-        QTimer::singleShot(0, qApp, [&] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            if (!menu) {
-                return; // gone with its window
-            }
-            for (QAction* action : menu->actions()) {
-                offered << action->text();
-                if (action->text() == text) {
-                    menu->setActiveAction(action);
-                }
-            }
-            QTest::keyClick(menu, text.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
-        });
-        QContextMenuEvent event(
-            QContextMenuEvent::Mouse, grip(), window.header()->mapToGlobal(grip()));
-        QCoreApplication::sendEvent(window.header(), &event);
-        settle();
-        return offered.join(u',');
-    };
-    DockableWindow* a = tree.root().getChild(0);
-    const QPointer<DockableWindow> b = tree.root().getChild(1);
-    QCOMPARE(choose(*a, QString()), QStringLiteral("Undock,Show,Close"));
-    QVERIFY(!a->isFloating());
-    choose(*a, QStringLiteral("Undock"));
-    QVERIFY(a->isFloating());
-    choose(*a, QStringLiteral("Close")); // spares what floats
-    QVERIFY(a->isVisible());
-    choose(*b, QStringLiteral("Close"));
-    QVERIFY(b.isNull());
-    QTimer::singleShot(0, a, [a] { delete a; }); // while its menu is open
-    choose(*a, QStringLiteral("Undock"));
-    QCOMPARE(brokenInvariants().join(u'\n'), QString());
-}
 
 const ui::test::Registration<DockDraggingTest> kRegistration;
 #include "tst_dockdragging.moc"

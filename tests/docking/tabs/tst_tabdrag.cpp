@@ -1,23 +1,16 @@
 #include "controls/StyledApplication.h"
+#include "docking/tabs/TabBench.h"
 #include "support/FakeClock.h"
 #include "support/FakePointer.h"
-#include "support/TestCase.h"
 #include "support/pixels.h"
-#include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/docking/tabs/TabBarOverlay.h>
 #include <MorrantUI/docking/tabs/TabGradientOverlay.h>
-#include <MorrantUI/docking/tabs/TabItem.h>
-
-#include <QtWidgets>
 
 #include <functional>
 
-using ui::test::FakeClock;
-using ui::test::FakePointer;
+using namespace ui::test;
 
 namespace {
-
-const QString kFormat = QStringLiteral("application/tab-reorder");
 
 /// A header that notes its drags instead of running them.
 class Header : public TabBarHeader
@@ -32,338 +25,213 @@ public:
         show();
     }
 
-    struct Drag
+    QPoint middle(int index) const { return middleOf(*this, index); }
+
+    /// With the mouse, from there by that.
+    void drag(QPoint from, QPoint way, Qt::MouseButton button = Qt::LeftButton)
     {
-        QByteArray data;
-        QStringList formats;
-        QPoint hotSpot;
-        QSize pixmap;
-        bool fadesShown;
-    };
-
-    QList<Drag> drags;
-    std::function<void()> whileDragging;
-
-    /// The middle of a tab, in the header.
-    QPoint middle(int index) const { return tab(index)->mapTo(this, tab(index)->rect().center()); }
+        QVERIFY(QTest::qWaitForWindowExposed(this));
+        FakePointer pointer(this);
+        pointer.moveTo(from);
+        pointer.press(button);
+        pointer.dragTo(from + way, 1);
+        pointer.release(button);
+    }
 
     QString order() const
     {
-        QStringList all;
+        QString all;
         for (int i = 0; i < count(); ++i) {
-            all << tab(i)->text();
+            all += tab(i)->text();
         }
-        return all.join(u' ');
+        return all;
     }
 
     bool showsDrop() const { return findChild<TabBarOverlay*>()->isVisible(); }
+    bool showsFades() const { return findChild<TabGradientOverlay*>()->isVisible(); }
+
+    std::function<void(const QDrag&)> whileDragging = [](const QDrag&) {};
+    int drags = 0;
 
 protected:
     Qt::DropAction runDrag(QDrag* drag) override
     {
-        drags.append({
-            drag->mimeData()->data(kFormat),
-            drag->mimeData()->formats(),
-            drag->hotSpot(),
-            drag->pixmap().size(),
-            findChild<TabGradientOverlay*>()->isVisible(),
-        });
-        if (whileDragging) {
-            const auto run = whileDragging; // may delete this
-            run();
-        }
+        ++drags;
+        const auto run = whileDragging; // may delete this
+        run(*drag);
         return Qt::IgnoreAction;
     }
 };
 
-/// What is dragged over a header, as the system tells.
-struct Dragged
-{
-    explicit Dragged(const QByteArray& bytes, const QString& format = kFormat)
-    {
-        data.setData(format, bytes);
-    }
-
-    template <typename Event>
-    bool send(QWidget* to, QPoint at)
-    {
-        Event event(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        event.setAccepted(false);
-        QCoreApplication::sendEvent(to, &event);
-        return event.isAccepted();
-    }
-    bool enter(QWidget* to, QPoint at) { return send<QDragEnterEvent>(to, at); }
-    bool move(QWidget* to, QPoint at) { return send<QDragMoveEvent>(to, at); }
-    bool drop(QWidget* to, QPoint at) { return send<QDropEvent>(to, at); }
-
-    QMimeData data;
-};
-
 } // namespace
 
-class TabDragTest : public ui::test::TestCase
+class TabDragTest : public ui::test::StyledTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDragCarriesTheIndexAndThePictureOfItsTab();
-    void noDragStartsWhereNothingCouldMove();
-    void aPressOnACloseButtonDragsNoTab();
-    void theHeaderMayDieOrLoseTheTabInTheDrag();
-    void aDropMovesTheTabUnderThePointer();
-    void aDropCountsWhatIsScrolledOutOfSight();
-    void forgedDataIsRefused();
-    void theMarkerShowsOnlyWhatADropWouldChange();
-    void holdingATabAtTheEdgeScrolls();
-
-private:
-    ui::test::StyledApplication m_application;
-};
-
-void TabDragTest::aDragCarriesTheIndexAndThePictureOfItsTab()
-{
-    Header header(14);
-    QVERIFY(QTest::qWaitForWindowExposed(&header));
-    FakePointer pointer(&header);
-    for (const int index : {0, 12}) {
-        header.scrollTo(index);
-        TabItem* const tab = header.tab(index);
-        const QPoint press = header.middle(index) + QPoint(3, 2);
-        pointer.moveTo(press);
-        pointer.press();
-        pointer.moveTo(press + QPoint(QApplication::startDragDistance() - 1, 0));
-        QVERIFY(header.drags.isEmpty());
-        pointer.moveTo(press + QPoint(QApplication::startDragDistance(), 0));
-        QCOMPARE(header.drags.size(), 1);
-        pointer.moveTo(press + QPoint(40, 0)); // one drag a press
-        pointer.release();
-        const Header::Drag drag = header.drags.takeFirst();
-        QVERIFY(header.drags.isEmpty());
-        QCOMPARE(drag.data, index == 0 ? QByteArray("0") : QByteArray("12"));
-        QCOMPARE(drag.formats, QStringList{kFormat});
-        QCOMPARE(drag.hotSpot, press - tab->mapTo(&header, QPoint(0, 0)));
-        QCOMPARE(drag.pixmap, tab->size() * header.devicePixelRatio());
-        QVERIFY(!drag.fadesShown);
-        QVERIFY(header.findChild<TabGradientOverlay*>()->isVisible());
-    }
-}
-
-void TabDragTest::noDragStartsWhereNothingCouldMove()
-{
-    const auto drag = [](Header& header, int tab, Qt::MouseButton button) {
-        QVERIFY(QTest::qWaitForWindowExposed(&header));
-        FakePointer pointer(&header);
-        pointer.moveTo(header.middle(tab));
-        pointer.press(button);
-        pointer.dragTo(header.middle(tab) + QPoint(25, 0));
-        pointer.release(button);
-    };
-    Header lone(1);
-    QSignalSpy clicked(lone.tab(0), &TabItem::clicked);
-    drag(lone, 0, Qt::LeftButton);
-    QVERIFY(lone.drags.isEmpty());
-    QCOMPARE(clicked.count(), 1); // a shaky click remains one
-    Header header(3);
-    header.tab(1)->setEnabled(false);
-    drag(header, 1, Qt::LeftButton);
-    drag(header, 0, Qt::RightButton);
-    QVERIFY(header.drags.isEmpty());
-    drag(header, 0, Qt::LeftButton);
-    QCOMPARE(header.drags.size(), 1);
-}
-
-void TabDragTest::aPressOnACloseButtonDragsNoTab()
-{
-    Header header(3);
-    header.tab(1)->addCloseButton();
-    header.resize(header.sizeHint());
-    QVERIFY(QTest::qWaitForWindowExposed(&header));
-    auto* const button = header.tab(1)->childAt(header.tab(1)->width() - 10, 10);
-    FakePointer pointer(&header);
-    for (const bool inside : {true, false}) { // a press on a tab that ends before
-        pointer.moveTo(header.middle(0));
-        pointer.press();
-        pointer.moveTo(inside ? header.middle(0) : header.middle(0) - QPoint(0, 5));
-        pointer.release();
-        pointer.moveTo(button->mapTo(&header, button->rect().center()));
-        pointer.press();
-        pointer.dragTo(header.middle(2));
-        pointer.release();
-        QVERIFY(header.drags.isEmpty());
-    }
-}
-
-void TabDragTest::theHeaderMayDieOrLoseTheTabInTheDrag()
-{
-    const auto drag = [](Header* header) {
-        QVERIFY(QTest::qWaitForWindowExposed(header));
-        FakePointer pointer(header);
-        pointer.moveTo(header->middle(1));
-        pointer.press();
-        pointer.moveTo(header->middle(1) + QPoint(60, 0));
-        pointer.release();
-    };
-    const QPointer<Header> mortal = new Header(3);
-    mortal->whileDragging = [mortal] { delete mortal.data(); };
-    drag(mortal);
-    QVERIFY(mortal.isNull());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the drag itself
-
-    Header header(4);
-    header.whileDragging = [&header] {
-        header.removeTab(1);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    };
-    drag(&header);
-    QCOMPARE(header.order(), QStringLiteral("0 2 3"));
-    header.whileDragging = [&header] { // the data still says 1
-        header.removeTab(0);
-        Dragged dragged(header.drags.last().data);
-        QVERIFY(dragged.enter(&header, header.middle(0)));
-        QVERIFY(dragged.drop(&header, header.middle(1) + QPoint(5, 0)));
-    };
-    drag(&header);
-    QCOMPARE(header.drags.last().data, QByteArray("1"));
-    QCOMPARE(header.order(), QStringLiteral("3 2"));
-}
-
-void TabDragTest::aDropMovesTheTabUnderThePointer()
-{
-    struct Drop
+    void aDragCarriesTheIndexAndThePictureOfItsTab()
     {
-        int tab, over;
-        int beside; // pixels in reading direction from the middle of that tab
-        QLatin1String outcome;
-    };
-    const Drop drops[] = {
-        {0, 2, 5, QLatin1String("0>2: 1 2 0 3")},
-        {0, 2, -5, QLatin1String("0>1: 1 0 2 3")},
-        {3, 0, -5, QLatin1String("3>0: 3 0 1 2")},
-        {3, 0, 5, QLatin1String("3>1: 0 3 1 2")},
-        {1, 1, 5, QLatin1String(": 0 1 2 3")},  // onto itself
-        {1, 2, -5, QLatin1String(": 0 1 2 3")}, // beside itself
-        {1, 3, 500, QLatin1String("1>3: 0 2 3 1")},
-    };
-    for (const Drop& drop : drops) {
-        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            Header header(4);
-            header.setLayoutDirection(direction);
-            QCoreApplication::sendPostedEvents();
-            header.setCurrentIndex(1);
-            QString told;
-            connect(&header, &TabBarHeader::tabMoved, &header, [&told](int from, int to) {
-                told += u"%1>%2"_qs.arg(from).arg(to);
-            });
-            const int away = direction == Qt::LeftToRight ? drop.beside : -drop.beside;
-            const QPoint at = header.middle(drop.over) + QPoint(away, 0);
-            Dragged dragged(QByteArray::number(drop.tab));
-            QVERIFY(dragged.enter(&header, {1, 1}));
-            QVERIFY(dragged.move(&header, at));
-            QVERIFY(dragged.drop(&header, at));
-            QCOMPARE(told + u": "_qs + header.order(), drop.outcome);
-            QVERIFY(!header.showsDrop());
-            QCOMPARE(header.currentTab()->text().toInt(), drop.tab);
+        Header header(14);
+        for (const auto& [index, data] : {std::pair(0, "0"), {12, "12"}}) {
+            header.scrollTo(index);
+            const QPoint press = header.middle(index) + QPoint(3, 2);
+            const TabItem& tab = *header.tab(index);
+            header.whileDragging = [&, bytes = QByteArray(data)](const QDrag& drag) {
+                QCOMPARE(drag.mimeData()->formats(), QStringList(u"application/tab-reorder"_qs));
+                QCOMPARE(drag.mimeData()->data(u"application/tab-reorder"_qs), bytes);
+                QCOMPARE(drag.hotSpot(), press - tab.mapTo(&header, QPoint(0, 0)));
+                QCOMPARE(drag.pixmap().size(), tab.size() * header.devicePixelRatio());
+                QVERIFY(!header.showsFades());
+            };
+            const int drags = header.drags;
+            header.drag(press, {QApplication::startDragDistance() - 1, 0});
+            QCOMPARE(header.drags, drags);
+            header.drag(press, {QApplication::startDragDistance() + 30, 0});
+            QCOMPARE(header.drags, drags + 1); // one a press
+            QVERIFY(header.showsFades());
         }
     }
-}
 
-void TabDragTest::aDropCountsWhatIsScrolledOutOfSight()
-{
-    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-        Header header(60);
-        header.setLayoutDirection(direction);
-        QCoreApplication::sendPostedEvents();
-        header.setScrollOffset(INT_MAX);
-        TabItem* const target = header.tab(57);
-        Dragged dragged(QByteArray("2"));
-        const QPoint at = header.middle(57);
-        QVERIFY(dragged.enter(&header, at));
-        header.removeTab(0); // meanwhile
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-        QVERIFY(dragged.drop(&header, header.middle(header.indexOf(target)) + QPoint(0, 3)));
-        const int landed = header.currentIndex();
-        QCOMPARE(header.tab(landed)->text(), u"3"_qs); // now of that index
-        QCOMPARE(qAbs(landed - header.indexOf(target)), 1);
+    void noDragStartsWhereNothingCouldMove()
+    {
+        Header lone(1);
+        const QSignalSpy clicked(lone.tab(0), &TabItem::clicked);
+        lone.drag(lone.middle(0), {20, 0});
+        QCOMPARE(lone.drags, 0);
+        QCOMPARE(clicked.count(), 1); // a shaky click remains one
+        Header header(3);
+        header.tab(1)->setEnabled(false);
+        header.tab(2)->addCloseButton();
+        header.resize(header.sizeHint());
+        header.drag(header.middle(1), {25, 0});
+        header.drag(header.middle(0), {25, 0}, Qt::RightButton);
+        for (const QPoint& way : {QPoint(0, 0), QPoint(0, -5)}) { // after a press that ends there
+            header.drag(header.middle(0), way);
+            QWidget* const button = header.tab(2)->childAt(header.tab(2)->width() - 10, 10);
+            header.drag(button->mapTo(&header, button->rect().center()), {-60, 0});
+        }
+        QCOMPARE(header.drags, 0);
+        header.drag(header.middle(0), {25, 0});
+        QCOMPARE(header.drags, 1);
     }
-}
 
-void TabDragTest::forgedDataIsRefused()
-{
-    const std::pair<QString, QByteArray> forgeries[] = {
-        {kFormat, QByteArray()},
-        {kFormat, "-1"},
-        {kFormat, "4"}, // of no tab
-        {kFormat, QByteArray(4000, '9')},
-        {kFormat, "one"},
-        {u"text/plain"_qs, "1"},
-    };
-    for (const auto& [format, data] : forgeries) {
+    void theHeaderMayDieOrLoseTheTabInTheDrag()
+    {
+        const QPointer<Header> mortal = new Header(3);
+        mortal->whileDragging = [mortal](const QDrag&) { delete mortal.data(); };
+        mortal->drag(mortal->middle(1), {60, 0});
+        QVERIFY(mortal.isNull());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the drag itself
+
         Header header(4);
-        Dragged forged(data, format);
-        QVERIFY(!forged.enter(&header, header.middle(2)));
-        QVERIFY(!forged.enter(header.tab(2), {5, 5}));
+        header.whileDragging = [&header](const QDrag&) {
+            header.removeTab(1);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        };
+        header.drag(header.middle(1), {60, 0});
+        QCOMPARE(header.order(), u"023"_qs);
+        header.whileDragging = [&header](const QDrag&) {
+            header.removeTab(0);
+            Dragged dragged("1"); // as it was when the drag began
+            QVERIFY(dragged.enter(&header, header.middle(0)));
+            QVERIFY(dragged.drop(&header, header.middle(1) + QPoint(5, 0)));
+        };
+        header.drag(header.middle(1), {60, 0});
+        QCOMPARE(header.order(), u"32"_qs);
+    }
+
+    void aDropCountsWhatIsScrolledOutOfSight()
+    {
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            Header header(60);
+            header.setLayoutDirection(direction);
+            QCoreApplication::sendPostedEvents();
+            header.setScrollOffset(INT_MAX);
+            TabItem* const target = header.tab(57);
+            Dragged dragged("2");
+            QVERIFY(dragged.enter(&header, header.middle(57)));
+            header.removeTab(0); // meanwhile
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+            QVERIFY(dragged.drop(&header, header.middle(header.indexOf(target)) + QPoint(0, 3)));
+            const int landed = header.currentIndex();
+            QCOMPARE(header.tab(landed)->text(), u"3"_qs); // now of that index
+            QCOMPARE(qAbs(landed - header.indexOf(target)), 1);
+        }
+    }
+
+    void forgedDataIsRefused()
+    {
+        const QString format = u"application/tab-reorder"_qs;
+        for (const auto& [type, data] :
+             {std::pair(format, QByteArray()),
+              {format, "-1"},
+              {format, "4"}, // of no tab
+              {format, "one"},
+              {u"text/plain"_qs, "1"}})
+        {
+            Header header(4);
+            const QPoint at = header.middle(2);
+            Dragged forged(data, type);
+            QVERIFY(!forged.enter(&header, at) && !forged.enter(header.tab(2), {5, 5}));
+            QVERIFY(!header.showsDrop());
+            Dragged honest("0"); // that turns bad on the way
+            QVERIFY(honest.enter(&header, at) && header.showsDrop());
+            QVERIFY(!forged.move(&header, at) && !header.showsDrop());
+            QVERIFY(!forged.drop(&header, at));
+            QCOMPARE(header.order(), u"0123"_qs);
+        }
+    }
+
+    void theMarkerShowsOnlyWhatADropWouldChange()
+    {
+        Header header(4);
+        const QColor accent = theme().getColor(u"Accent1"_qs);
+        const auto marker = [&] { // the first x, or -1
+            const QImage image = renderWidget(header, 2.0);
+            for (int x = 0; x < header.width(); ++x) {
+                const QPointF at(x + 0.25, header.height() - 4.0);
+                if (closeTo(pixelAt(image, at), accent)) {
+                    return x;
+                }
+            }
+            return -1;
+        };
+        Dragged dragged("1");
+        const QPoint behind(header.tab(2)->geometry().right() + 1, 5);
+        QVERIFY(dragged.enter(&header, behind));
+        QVERIFY(qAbs(marker() - behind.x()) < 4);
+        QVERIFY(dragged.move(&header, header.middle(1)));
+        QVERIFY(header.showsDrop()); // the tab itself is dimmed
+        QCOMPARE(marker(), -1);
+        QVERIFY(dragged.move(&header, {-5, 5}));
+        QVERIFY(marker() >= 0 && marker() <= 3); // whole at the edge
+        header.removeTab(1);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(&header, &leave);
         QVERIFY(!header.showsDrop());
-
-        // Data that turns bad on the way.
-        Dragged honest(QByteArray("0"));
-        QVERIFY(honest.enter(&header, header.middle(2)));
-        QVERIFY(header.showsDrop());
-        QVERIFY(!forged.move(&header, header.middle(2)));
-        QVERIFY(!header.showsDrop());
-        QVERIFY(!forged.drop(&header, header.middle(2)));
-        QCOMPARE(header.order(), u"0 1 2 3"_qs);
     }
-}
 
-void TabDragTest::theMarkerShowsOnlyWhatADropWouldChange()
-{
-    Header header(4);
-    const QColor accent = m_application.theme().getColor(QStringLiteral("Accent1"));
-    const auto markerAt = [&](int x) {
-        const QImage image = ui::test::renderWidget(header, 2.0);
-        const QPointF at(x + 0.25, header.height() - 4.0);
-        return ui::test::closeTo(ui::test::pixelAt(image, at), accent);
-    };
-    Dragged dragged(QByteArray("1"));
-    const QPoint behindSecond(header.tab(2)->geometry().right() + 1, 5);
-    QVERIFY(dragged.enter(&header, behindSecond));
-    QVERIFY(markerAt(behindSecond.x()));
-    QVERIFY(dragged.move(&header, header.middle(1)));
-    QVERIFY(header.showsDrop()); // the tab itself is dimmed
-    for (int x = 0; x < header.width(); ++x) {
-        QVERIFY(!markerAt(x));
+    void holdingATabAtTheEdgeScrolls()
+    {
+        Header header(30);
+        FakeClock clock(&header);
+        Dragged dragged("0");
+        QVERIFY(dragged.enter(&header, {header.width() - 1, 5}));
+        const auto* const timer = header.findChild<QTimer*>();
+        QTest::qSleep(6);
+        QVERIFY(dragged.move(&header, {header.width() - 2, 5}));
+        QVERIFY(timer->remainingTime() < timer->interval() - 3); // trembling puts nothing off
+        for (const int x : {header.width() - 2, header.width() - 2, header.width() / 2}) {
+            QVERIFY(dragged.move(&header, {x, 5}));
+            const int before = header.scrollOffset();
+            clock.fireTimers(50);
+            QCOMPARE(header.scrollOffset() > before, x > header.width() / 2);
+        }
+        QVERIFY(dragged.drop(&header, {1, 5}));
+        QCOMPARE(clock.fireTimers(50), 0); // nothing runs at idle
     }
-    QVERIFY(dragged.move(&header, {-5, 5}));
-    QVERIFY(markerAt(3)); // whole at the edge
-    header.removeTab(1);
-    QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(&header, &leave);
-    QVERIFY(!header.showsDrop());
-}
-
-void TabDragTest::holdingATabAtTheEdgeScrolls()
-{
-    Header header(30);
-    FakeClock clock(&header);
-    Dragged dragged(QByteArray("0"));
-    QVERIFY(dragged.enter(&header, {header.width() - 1, 5}));
-    const auto* const timer = header.findChild<QTimer*>();
-    QTest::qSleep(6);
-    QVERIFY(dragged.move(&header, {header.width() - 2, 5}));
-    QVERIFY(timer->remainingTime() < timer->interval() - 3); // a trembling hand puts nothing off
-    for (int i = 0; i < 3; ++i) {
-        const int before = header.scrollOffset();
-        QCOMPARE(clock.fireTimers(50), 1);
-        QVERIFY(header.scrollOffset() > before);
-    }
-    QVERIFY(dragged.move(&header, {header.width() / 2, 5}));
-    const int before = header.scrollOffset();
-    clock.fireTimers(50);
-    QCOMPARE(header.scrollOffset(), before);
-    QVERIFY(dragged.drop(&header, {1, 5}));
-    QCOMPARE(clock.fireTimers(50), 0); // nothing runs at idle
-}
+};
 
 const ui::test::Registration<TabDragTest> kRegistration;
-
 #include "tst_tabdrag.moc"
