@@ -40,7 +40,7 @@ private:
     bool m_refuses;
 };
 
-/// Acts once, in the next signal that is connected to it, or as a page shows or hides.
+/// Acts once, in the next signal that is connected to it.
 class Trap : public QObject
 {
 public:
@@ -51,13 +51,6 @@ public:
         if (const auto once = std::exchange(action, nullptr)) {
             once();
         }
-    }
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
-            spring();
-        }
-        return false;
     }
 };
 
@@ -355,8 +348,7 @@ private:
         default: m_grabbed ? m_grabbed->undockAndClose() : void();
         }
     }
-    /// Another step, from inside of what a later one causes; as pages show and hide only what tabs
-    /// do.
+    /// Another step, from inside the next signal of a window or tab.
     void reactToNext(const DockStep& s)
     {
         static constexpr std::array<Step, 8> kReactions{
@@ -369,28 +361,20 @@ private:
             &DockSession::closeWindow,
             &DockSession::destroyWindow};
         m_trap = std::make_unique<Trap>();
-        const bool bySignal = s.a % 2 == 0;
-        const Step reaction = kReactions[s.b % (bySignal ? kReactions.size() : 2)];
-        m_trap->action = [this, s, reaction] { (this->*reaction)({0, s.c, s.b, s.a}); };
-        connectTrap(&m_tree.root(), &DockableGroup::layoutChanged, bySignal);
+        m_trap->action = [this, s] { (this->*kReactions[s.b % 8U])({0, s.c, s.b, s.a}); };
+        const auto spring = [trap = m_trap.get()](auto* sender, auto signal) {
+            QObject::connect(sender, signal, trap, &Trap::spring);
+        };
+        spring(&m_tree.root(), &DockableGroup::layoutChanged);
         for (DockableWindow* window : all<DockableWindow>()) {
-            connectTrap(window, &DockableWindow::docked, bySignal);
-            connectTrap(window, &DockableWindow::undocked, bySignal);
-            auto* tabs = qobject_cast<DockableTabGroup*>(window);
-            connectTrap(tabs, &DockableTabGroup::activeIndexChanged, bySignal);
-            for (int i = 0; tabs && i < tabs->childCount(); ++i) {
-                connectTrap(tabs->tabAt(i), &DockableTabWidget::pressed, bySignal);
+            spring(window, &DockableWindow::docked);
+            spring(window, &DockableWindow::undocked);
+            if (auto* tabs = qobject_cast<DockableTabGroup*>(window)) {
+                spring(tabs, &DockableTabGroup::activeIndexChanged);
+                for (int i = 0; i < tabs->childCount(); ++i) {
+                    spring(tabs->tabAt(i), &DockableTabWidget::pressed);
+                }
             }
-            if (!bySignal && window->content()) {
-                window->content()->installEventFilter(m_trap.get());
-            }
-        }
-    }
-    template <typename Sender, typename Signal>
-    void connectTrap(Sender* sender, Signal signal, bool wanted)
-    {
-        if (sender && wanted) {
-            QObject::connect(sender, signal, m_trap.get(), &Trap::spring);
         }
     }
 

@@ -16,16 +16,21 @@ using Area = DockableArea;
 
 namespace {
 
-/// A content that does something once, when it is hidden.
+/// A content that does something once, when it is shown or hidden.
 class Restless : public QWidget
 {
 public:
+    std::function<void()> whenShown;
     std::function<void()> whenHidden;
 
 protected:
-    void hideEvent(QHideEvent* /*event*/) override
+    void showEvent(QShowEvent* /*event*/) override { run(whenShown); }
+    void hideEvent(QHideEvent* /*event*/) override { run(whenHidden); }
+
+private:
+    static void run(std::function<void()>& action)
     {
-        if (const auto once = std::exchange(whenHidden, nullptr)) {
+        if (const auto once = std::exchange(action, nullptr)) {
             once();
         }
     }
@@ -186,19 +191,29 @@ private Q_SLOTS:
         QCOMPARE(onScreen(panel).topLeft(), place); // a header instead of the strip
     }
 
-    /// Whatever else pages and slots may do is the fuzzer's.
-    void aPageMayUndockItselfAsItHides()
+    /// What slots may do is the fuzzer's.
+    void pagesMayActAsTheyShowAndHide()
     {
         DockTree tree(kTabs);
         auto* content = new Restless;
         auto* panel = new DockableWindow(content);
         panel->setText(u"r"_qs);
+        tree.play(u"dock r ^b center, settle"_qs);
         for (const QString& operation : {u"select b"_qs, u"undock r"_qs}) { // which it does itself
-            tree.play(u"dock r ^b center, settle"_qs);
             content->whenHidden = [panel] { panel->undock(true); };
             tree.play(operation + u", settle"_qs);
             QCOMPARE(tree.text(), u"H(a T(b c d) e) r"_qs);
+            tree.play(u"dock r ^b center, settle"_qs);
         }
+        tree.play(u"select b"_qs);
+        content->whenShown = [&tree] { tree.play(u"insert n ^b -1"_qs); };
+        tree.play(u"select r"_qs);
+        QVERIFY(tree["n"]->updatesEnabled() && tree["n"]->content()->updatesEnabled());
+        tree.play(u"select c"_qs);
+        content->whenShown = [&tree] { tree.play(u"select b"_qs); };
+        tree.play(u"select r"_qs);
+        QCOMPARE(tree.tabs("^b")->activeIndex(), 0);
+        QCOMPARE(tree.text(), u"H(a T(b c d r n) e)"_qs);
     }
 
     void keysWalkBetweenTabs()
