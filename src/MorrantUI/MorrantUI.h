@@ -106,7 +106,6 @@
 #include <MorrantUI/theme/screens.h>
 #include <MorrantUI/theme/stylesheets.h>
 #include <MorrantUI/theme/themesettings.h>
-#include <MorrantUI/theme/widgets.h>
 #include <MorrantUI/timeeditor/EndPointHover.h>
 #include <MorrantUI/timeeditor/KeyEasing.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>

@@ -4,7 +4,7 @@
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
-#include <MorrantUI/theme/eventfilters.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QtWidgets>
 

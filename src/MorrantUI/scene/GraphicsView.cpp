@@ -1,6 +1,5 @@
 #include "MorrantUI/scene/GraphicsView.h"
 
-#include "MorrantUI/controls/gestures/gesturedoors.h"
 #include "MorrantUI/scene/wheel.h"
 #include <MorrantUI/theme/OverrideCursor.h>
 
@@ -25,6 +24,7 @@ QRectF GraphicsView::getVisibleRect() const
 
 void GraphicsView::changeMouse(const QCursor& cursor)
 {
+    watchDoors();
     if (m_cursor) {
         m_cursor->change(cursor);
     } else {
@@ -34,6 +34,7 @@ void GraphicsView::changeMouse(const QCursor& cursor)
 
 void GraphicsView::restoreMouse()
 {
+    m_doors.stop();
     m_cursor.reset();
 }
 
@@ -75,8 +76,24 @@ void GraphicsView::abandonGesture()
 
 bool GraphicsView::event(QEvent* event)
 {
-    if (event->type() == QEvent::FocusOut || ui::endsGesture(*this, *event)) {
-        abandonGesture();
+    if (event->type() == QEvent::KeyPress) {
+        watchDoors(); // keys are held, too
     }
     return QGraphicsView::event(event);
+}
+
+/// Until restoreMouse(), or until one of them opens.
+void GraphicsView::watchDoors()
+{
+    if (!m_doors.isWatching()) {
+        const GestureHold hold{Qt::NoButton, true, true};
+        m_doors.watch(
+            this,
+            [this](GestureDoors::Door door) {
+                if (door != GestureDoors::Door::Destroyed) {
+                    abandonGesture();
+                }
+            },
+            hold);
+    }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/morrantui_export.h>
 
 #include <QCursor>
@@ -50,5 +51,8 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    void watchDoors();
+
     std::unique_ptr<ui::OverrideCursor> m_cursor;
+    GestureDoors m_doors;
 };
