@@ -61,6 +61,7 @@ public:
             m_tree.hand.release();
         } else if (what == u"escape") {
             m_tree.hand.pressEscape();
+            QCoreApplication::processEvents(); // the way back is taken from the event loop
         } else if (what == u"lose") {
             m_tree.hand.loseRelease();
         } else if (what == u"click") {
