@@ -185,6 +185,28 @@ private Q_SLOTS:
         }
     }
 
+    void aModelMayDieUnderADrag()
+    {
+        TreeView tree;
+        auto model = std::make_unique<QStandardItemModel>();
+        fill(*model, QStringLiteral("abc"));
+        tree.setModel(model.get());
+        tree.setReordering(Reordering::Anywhere);
+        tree.show();
+        tree.activateWindow();
+        QApplication::processEvents();
+        FakePointer pointer(tree.viewport());
+        const QPoint row = tree.visualRect(model->index(1, 0)).center();
+        pointer.moveTo(row);
+        pointer.press();
+        pointer.dragTo(row + QPoint(0, 300)); // below the last: the tree would scroll, too
+        QVERIFY(tree.isReordering());
+        model.reset();
+        QVERIFY(!tree.isReordering());
+        pointer.dragTo(row);
+        pointer.release();
+    }
+
     void aClickOnOneOfSeveralChoosesIt()
     {
         Garden garden(QStringLiteral("abcd"));
@@ -206,6 +228,10 @@ private Q_SLOTS:
         garden.key(Qt::Key_Up, Qt::AltModifier);
         QCOMPARE(notationOf(garden.model), QStringLiteral("a(bcd)e"));
         QCOMPARE(garden.selected(), QStringLiteral("bc"));
+        garden.tree.setModel(&garden.model); // the same again
+        garden.tree.expandAll();
+        garden.model.clear(); // which the view is still told of
+        QVERIFY(!garden.tree.currentIndex().isValid());
         QStringListModel names({QStringLiteral("a"), QStringLiteral("b")}); // moves by itself
         ListView list;
         list.setModel(&names);

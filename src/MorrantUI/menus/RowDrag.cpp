@@ -72,18 +72,27 @@ bool RowDrag::moveTo(const QPoint& point)
 
 bool RowDrag::release()
 {
-    const bool dragged = m_state == State::Dragging;
+    const State state = m_state;
+    if (state == State::Dragging) {
+        aim(); // rows may have come and gone since the last move
+    }
     const std::optional<Target> target = std::exchange(m_target, std::nullopt);
     leave();
-    if (dragged && target && (target->parent.isValid() || target->mark.height() == 0)) {
+    if (target) {
         m_tree.reorder(m_tree.selectedRowsInOrder(), target->parent, target->row);
     }
-    return dragged;
+    return state == State::Dragging || state == State::GivenUp;
 }
 
 void RowDrag::cancel()
 {
     leave();
+}
+
+void RowDrag::giveUp()
+{
+    leave();
+    m_state = State::GivenUp;
 }
 
 /// The one end of every drag.
@@ -102,6 +111,10 @@ void RowDrag::leave()
 
 void RowDrag::aim()
 {
+    if (!m_tree.model()) {
+        leave();
+        return;
+    }
     m_target = targetAt(m_point);
     const QModelIndex under = m_tree.indexAt(m_point).siblingAtColumn(0);
     const bool opens = m_target && under.isValid() && !m_tree.isExpanded(under)
@@ -136,26 +149,38 @@ bool RowDrag::isAllowed(const QModelIndex& parent) const
 
 std::optional<RowDrag::Target> RowDrag::targetAt(const QPoint& point) const
 {
-    const QModelIndex over = m_tree.indexAt(point).siblingAtColumn(0);
+    const int right = m_tree.viewport()->width();
+    const QPoint inside(std::clamp(point.x(), 0, std::max(0, right - 1)), point.y());
+    const QModelIndex over = m_tree.indexAt(inside).siblingAtColumn(0);
     if (!over.isValid()) {
         return point.y() < 0 ? std::nullopt : targetBehindAll();
     }
     const QRect row = m_tree.visualRect(over);
-    const bool takesRows = m_tree.reordering() == TreeView::Reordering::Anywhere
+    const bool nests = m_tree.itemsExpandable(); // a flat list does not
+    const bool takesRows = nests && m_tree.reordering() == TreeView::Reordering::Anywhere
                            && over.flags().testFlag(Qt::ItemIsDropEnabled) && isAllowed(over);
-    const int right = m_tree.viewport()->width();
     const RowPlace place = ui::menus::rowPlace(row, point.y(), takesRows);
     if (place == RowPlace::Inside) {
-        const QRect mark(row.left(), row.top(), right - row.left(), row.height());
-        return Target{over, m_tree.model()->rowCount(over), mark};
+        return Target{
+            over, m_tree.model()->rowCount(over), markAt(row, 0, row.top(), row.height())};
     }
     const bool above = place == RowPlace::Before;
-    const bool first = !above && m_tree.isExpanded(over) && m_tree.model()->hasChildren(over);
+    const bool first =
+        nests && !above && m_tree.isExpanded(over) && m_tree.model()->hasChildren(over);
     const QModelIndex parent = first ? over : over.parent();
-    const int left = row.left() + (first ? m_tree.indentation() : 0);
-    const QRect mark(left, above ? row.top() : row.bottom() + 1, right - left, 0);
+    const int indent = first ? m_tree.indentation() : 0;
+    const QRect mark = markAt(row, indent, above ? row.top() : row.bottom() + 1, 0);
     const int index = first ? 0 : over.row() + (above ? 0 : 1);
     return isAllowed(parent) ? std::optional<Target>({parent, index, mark}) : std::nullopt;
+}
+
+/// From where a row begins, `indent` further in, to the end of the viewport.
+QRect RowDrag::markAt(const QRect& row, int indent, int top, int height) const
+{
+    const int width = m_tree.viewport()->width();
+    const bool mirrored = m_tree.layoutDirection() == Qt::RightToLeft;
+    const int start = (mirrored ? width - row.right() - 1 : row.left()) + indent;
+    return {mirrored ? 0 : start, top, width - start, height};
 }
 
 /// Below the last row.
@@ -167,12 +192,11 @@ std::optional<RowDrag::Target> RowDrag::targetBehindAll() const
         return std::nullopt;
     }
     QModelIndex last = m_tree.model()->index(count - 1, 0, root);
-    const int left = m_tree.visualRect(last).left();
+    const QRect row = m_tree.visualRect(last);
     while (m_tree.isExpanded(last) && m_tree.model()->rowCount(last) > 0) {
         last = m_tree.model()->index(m_tree.model()->rowCount(last) - 1, 0, last);
     }
-    const QRect mark(
-        left, m_tree.visualRect(last).bottom() + 1, m_tree.viewport()->width() - left, 0);
+    const QRect mark = markAt(row, 0, m_tree.visualRect(last).bottom() + 1, 0);
     return Target{root, count, mark};
 }
 
@@ -184,9 +208,10 @@ void RowDrag::paint(QPainter& painter) const
     if (m_target->mark.height() > 0) {
         ui::drawFocusRing(painter, m_target->mark, ui::kSmallCornerRadius);
     } else {
-        const int y = m_target->mark.top();
-        ui::drawDropMark(
-            painter, QPointF(m_target->mark.left(), y), QPointF(m_target->mark.right(), y));
+        const QPointF left(m_target->mark.topLeft());
+        const QPointF right(m_target->mark.left() + m_target->mark.width(), left.y());
+        const bool mirrored = m_tree.layoutDirection() == Qt::RightToLeft;
+        ui::drawDropMark(painter, mirrored ? right : left, mirrored ? left : right);
     }
 }
 

@@ -24,6 +24,7 @@ public:
         Idle,
         Pressed, ///< on a row, not yet far enough to be a drag
         Dragging,
+        GivenUp, ///< by Escape, with the button still down
     };
 
     explicit RowDrag(TreeView& tree);
@@ -40,6 +41,9 @@ public:
     /// Leaves the rows where they are.
     void cancel();
 
+    /// The same by Escape: the coming release is no click either.
+    void giveUp();
+
     /// Where the rows would go, for the tree's own painting.
     void paint(QPainter& painter) const;
 
@@ -52,11 +56,12 @@ private:
     {
         QPersistentModelIndex parent;
         int row = 0;
-        QRect mark; ///< a line of no height, or the row that takes them
+        QRect mark; ///< a line of no height, or the row that takes them; in the viewport
     };
 
     std::optional<Target> targetAt(const QPoint& point) const;
     std::optional<Target> targetBehindAll() const;
+    QRect markAt(const QRect& row, int indent, int top, int height) const;
     bool isAllowed(const QModelIndex& parent) const;
     void aim();
     void leave();

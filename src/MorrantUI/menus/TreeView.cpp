@@ -14,6 +14,7 @@
 #include <QStandardItemModel>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -25,6 +26,13 @@ QList<int> placeOf(QModelIndex index)
         place.prepend(index.row());
     }
     return place;
+}
+
+/// By how many places a key moves rows; 0 for keys that move none.
+int stepOf(const QKeyEvent& key)
+{
+    const bool moves = key.modifiers() == Qt::AltModifier;
+    return moves && key.key() == Qt::Key_Up ? -1 : moves && key.key() == Qt::Key_Down ? 1 : 0;
 }
 
 bool removes(const QKeyEvent& key)
@@ -54,23 +62,25 @@ TreeView::~TreeView()
     m_drag->cancel();
 }
 
-void TreeView::setModel(QAbstractItemModel* model)
+void TreeView::setModel(QAbstractItemModel* newModel)
 {
-    m_drag->cancel();
-    if (m_watched) {
-        disconnect(m_watched, &QAbstractItemModel::modelAboutToBeReset, this, nullptr);
-        disconnect(m_watched, &QAbstractItemModel::modelReset, this, nullptr);
+    if (newModel == model()) {
+        return;
     }
-    m_watched = model;
-    if (model) {
-        connect(model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    m_drag->cancel();
+    for (const QMetaObject::Connection& watch : std::exchange(m_watches, {})) {
+        disconnect(watch);
+    }
+    if (newModel) {
+        m_watches += connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
             m_drag->cancel();
             m_memory->keep(*this, m_keyRole);
         });
+        m_watches += connect(newModel, &QObject::destroyed, this, [this] { m_drag->cancel(); });
     }
-    QTreeView::setModel(model);
-    if (model) { // behind the base's own answer
-        connect(model, &QAbstractItemModel::modelReset, this, [this] {
+    QTreeView::setModel(newModel);
+    if (newModel) { // behind the base's own answer
+        m_watches += connect(newModel, &QAbstractItemModel::modelReset, this, [this] {
             m_memory->restore(*this, m_keyRole);
         });
     }
@@ -139,8 +149,9 @@ bool TreeView::reorder(const QModelIndexList& rows, const QModelIndex& parent, i
         open.keep(*this, m_keyRole);
     }
     const QPersistentModelIndex into(parent);
+    const QPointer<TreeView> self(this);
     const QList<QPersistentModelIndex> moved = moveRows(rows, parent, row);
-    if (moved.isEmpty()) {
+    if (!self || moved.isEmpty()) {
         return false;
     }
     open.restore(*this, m_keyRole);
@@ -180,8 +191,7 @@ bool TreeView::takesKey(const QKeyEvent& key) const
     if (!model() || state() == EditingState) {
         return false;
     }
-    const bool moves = m_reordering != Reordering::None && key.modifiers() == Qt::AltModifier
-                       && (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down);
+    const bool moves = m_reordering != Reordering::None && stepOf(key) != 0;
     const bool finds = ui::menus::searches(key.modifiers(), key.text())
                        && key.key() != Qt::Key_Space && model()->rowCount(rootIndex()) > 0;
     const bool escapes = key.key() == Qt::Key_Escape && isReordering();
@@ -202,11 +212,11 @@ bool TreeView::event(QEvent* event)
 
 void TreeView::keyPressEvent(QKeyEvent* event)
 {
-    const bool alt = event->modifiers() == Qt::AltModifier && m_reordering != Reordering::None;
+    const int step = m_reordering != Reordering::None ? stepOf(*event) : 0;
     if (event->key() == Qt::Key_Escape && isReordering()) {
-        m_drag->cancel();
-    } else if (alt && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)) {
-        moveSelectionBy(event->key() == Qt::Key_Up ? -1 : 1);
+        m_drag->giveUp();
+    } else if (step != 0) {
+        moveSelectionBy(step);
     } else if (removes(*event) && takesKey(*event)) {
         const QModelIndexList rows = selectedRowsInOrder();
         if (!rows.isEmpty()) {
@@ -244,6 +254,9 @@ void TreeView::mousePressEvent(QMouseEvent* event)
 
 void TreeView::mouseMoveEvent(QMouseEvent* event)
 {
+    if (event->buttons() == Qt::NoButton) {
+        m_drag->cancel(); // a release that went elsewhere
+    }
     if (!m_drag->moveTo(event->position().toPoint())) {
         QTreeView::mouseMoveEvent(event);
     }

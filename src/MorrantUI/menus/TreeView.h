@@ -2,7 +2,6 @@
 
 #include <MorrantUI/morrantui_export.h>
 
-#include <QPointer>
 #include <QTreeView>
 
 #include <memory>
@@ -101,5 +100,5 @@ private:
     int m_keyRole = Qt::DisplayRole;
     std::unique_ptr<RowDrag> m_drag;
     std::unique_ptr<TreeMemory> m_memory;
-    QPointer<QAbstractItemModel> m_watched; ///< whose resets m_memory is told of
+    QList<QMetaObject::Connection> m_watches; ///< of the model
 };
