@@ -400,7 +400,8 @@ private Q_SLOTS:
         QCOMPARE(system.hides, 1);
         QVERIFY(QApplication::overrideCursor()->shape() != Qt::WaitCursor);
         leave(panel);
-        QCOMPARE(panel.said(), QByteArray("(s)"));
+        const bool goesBack = QLatin1String(QTest::currentDataTag()) == QLatin1String("escape");
+        QCOMPARE(panel.said(), QByteArray(goesBack ? "(ss)" : "(s)"));
         QVERIFY(system.isFree());
         const QCursor* cursor = QApplication::overrideCursor();
         QVERIFY(cursor && cursor->shape() == Qt::WaitCursor);
@@ -411,10 +412,10 @@ private Q_SLOTS:
         }
         panel.scrubTo(9); // what comes late moves nothing
         panel.play("up");
-        QCOMPARE(panel.control->value(), 8.0);
+        QCOMPARE(panel.control->value(), goesBack ? 5.0 : 8.0);
         panel.play("in out"); // for the context menu, which leaves the field in edit mode
         panel.scrub(1);       // and the next drag does
-        QCOMPARE(panel.control->value(), 9.0);
+        QCOMPARE(panel.control->value(), goesBack ? 6.0 : 9.0);
         QCOMPARE(panel.said(), QByteArray("(s)"));
 
         panel.play("@5,10");

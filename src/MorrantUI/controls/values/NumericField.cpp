@@ -53,6 +53,7 @@ struct NumericField::Data
     double dragMultiplier = 1.0;
     double startValue = 0.0;
     int cursorPosition = 0; ///< in the text, under the last press
+    QString textBefore;     ///< a drag's first step, which Escape brings back
 
     bool dragging = false;
     bool draggingReported = false; ///< what dragStateChanged() said last
@@ -245,7 +246,9 @@ void NumericField::scrub(const QPointF&, const QPointF& totalDelta)
             return;
         }
     }
-    m_data->dragging = true;
+    if (!std::exchange(m_data->dragging, true)) {
+        m_data->textBefore = text();
+    }
     if (!std::exchange(m_data->draggingReported, true)) {
         Q_EMIT dragStateChanged(true);
         if (!self || !m_data->dragging) {
@@ -272,6 +275,19 @@ void NumericField::endDrag()
     if (std::exchange(m_data->draggingReported, false)) {
         Q_EMIT dragStateChanged(false);
     }
+}
+
+void NumericField::cancelDrag()
+{
+    if (m_data->dragging && text() != m_data->textBefore) {
+        const QPointer<NumericField> self(this);
+        showText(m_data->textBefore);
+        Q_EMIT valueChanged(false);
+        if (!self) {
+            return;
+        }
+    }
+    m_data->dragFilter->forceEndDrag();
 }
 
 void NumericField::cancelForContextMenu()
@@ -332,7 +348,7 @@ bool NumericField::eventFilter(QObject* watched, QEvent* event)
     }
     event->accept();
     if (event->type() == QEvent::KeyPress) {
-        m_data->dragFilter->forceEndDrag();
+        cancelDrag();
     }
     return true;
 }

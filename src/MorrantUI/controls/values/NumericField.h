@@ -20,8 +20,9 @@ class QPointF;
 /// floating-point field keeps three decimals.
 ///
 /// Every step of a drag and of the arrow keys emits valueChanged(false). A drag is framed by
-/// dragStateChanged(true) and (false), and ends also with Escape and when the field is hidden,
-/// disabled or deleted or its window loses the focus. Steps by key are committed, with
+/// dragStateChanged(true) and (false), and ends also when the field is hidden, disabled or deleted
+/// or its window loses the focus. Escape ends it with the value before it, and says so with one
+/// more valueChanged(false) before the end. Steps by key are committed, with
 /// valueChanged(true), as typed text is, or when a drag begins; those of a field at rest without
 /// the focus are not, nor is a drag.
 ///
@@ -82,7 +83,7 @@ public:
     void setUsePointerLock(bool use);
 
     bool event(QEvent* event) override;
-    /// Escape in a drag, wherever the focus is: the drag ends with the value it has reached.
+    /// Escape in a drag, wherever the focus is, brings the value before it back.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     /// Replaces an expression by the text of its value. An error is logged and gives the value of
@@ -110,6 +111,7 @@ private:
     void beginDrag();
     void scrub(const QPointF& position, const QPointF& totalDelta);
     void endDrag();
+    void cancelDrag();
     void cancelForContextMenu();
     bool takeFocus(Qt::FocusReason reason);
     bool enterEditMode();
