@@ -13,19 +13,12 @@
 #include <MorrantUI/theme/colors.h>
 
 #include <QDialog>
-#include <QPaintEvent>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QWheelEvent>
 
-#include <cmath>
 #include <functional>
 
-using ui::test::closeTo;
-using ui::test::FakeClock;
-using ui::test::FakePointer;
-using ui::test::pixelAt;
-using ui::test::renderWidget;
+using namespace ui::test;
 using State = ConnectionInstance::State;
 
 namespace {
@@ -48,23 +41,18 @@ public:
     void onConnectionLeave(ConnectionInstance* connection) override { note("leave", connection); }
     void onConnectionDrop(ConnectionInstance* connection) override { note("drop", connection); }
 
-    std::function<void(const QString& what, ConnectionInstance*)> reaction;
-    QRegion painted;
-
-protected:
-    void paintEvent(QPaintEvent* event) override { painted += event->region(); }
+    std::function<void(const QByteArray& what, ConnectionInstance*)> reaction;
 
 private:
-    void note(const char* what, ConnectionInstance* connection)
+    void note(const QByteArray& what, ConnectionInstance* connection)
     {
-        const QString said = QLatin1String(what);
-        const QByteArray line = (objectName() + u' ' + said).toUtf8();
+        const QByteArray line = objectName().toUtf8() + ' ' + what;
         if (m_log.isEmpty() || m_log.last() != line) { // how many moves there are is not the point
             m_log << line;
         }
         if (reaction) {
             const auto react = reaction; // it may delete us
-            react(said, connection);
+            react(what, connection);
         }
     }
 
@@ -78,17 +66,13 @@ struct Stage
     {
         window.setGeometry(20, 20, 210, 340); // all on the smallest screen, at ratio 2
         other.setGeometry(240, 20, 140, 140);
-        outer = new Recorder(u"outer"_qs, {80, 120, 120, 200}, log, &window);
-        inner = new Recorder(u"inner"_qs, {30, 60, 60, 100}, log, outer);
-        beyond = new Recorder(u"beyond"_qs, {0, 0, 140, 140}, log, &other);
-        whip = new PickWhip(&window);
         whip->move(10, 10);
         other.show();
         window.show();
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowExposed(&window) && QTest::qWaitForWindowExposed(&other));
-        QObject::connect(
-            whip, &PickWhip::connectionFinished, &window, [this](State state) { ended << state; });
+        const auto end = [this](State state) { ended << state; };
+        QObject::connect(whip, &PickWhip::connectionFinished, &window, end);
     }
 
     ~Stage() { finishAnimations(); }
@@ -104,13 +88,24 @@ struct Stage
         return ConnectionInstance::current();
     }
 
-    void rightClick()
+    /// What was written down since the last time, after what is queued.
+    QByteArray taken()
     {
-        pointer.press(Qt::RightButton);
-        pointer.release(Qt::RightButton);
+        QCoreApplication::processEvents();
+        return std::exchange(log, {}).join(", ");
+    }
+    QByteArray moveTo(QPoint place)
+    {
+        pointer.moveTo(place);
+        return taken();
     }
 
-    QByteArray taken() { return std::exchange(log, {}).join(", "); }
+    static bool isAccent(QWidget& in, QPointF place)
+    {
+        const QColor seen = pixelAt(renderWidget(in, 2.0), place);
+        return closeTo(seen, ui::colorQt(u"ConnectorAccent"_qs), 12);
+    }
+    ui::ConnectionCurve lineTo(QPoint end) const { return {whip->geometry().center(), end}; }
 
     static void finishAnimations()
     {
@@ -122,10 +117,10 @@ struct Stage
     QList<State> ended;
     QWidget window;
     QWidget other;
-    QPointer<Recorder> outer;
-    QPointer<Recorder> inner;
-    QPointer<Recorder> beyond;
-    QPointer<PickWhip> whip;
+    QPointer<Recorder> outer = new Recorder(u"outer"_qs, {80, 120, 120, 200}, log, &window);
+    QPointer<Recorder> inner = new Recorder(u"inner"_qs, {30, 60, 60, 100}, log, outer);
+    QPointer<Recorder> beyond = new Recorder(u"beyond"_qs, {0, 0, 140, 140}, log, &other);
+    QPointer<PickWhip> whip = new PickWhip(&window);
     QPointer<ConnectionInstance> connection; ///< for a test that takes it away
     FakePointer pointer{&window};
 };
@@ -139,53 +134,61 @@ constexpr QPoint kBeyond(230, 50); ///< in the other window
 
 } // namespace
 
-class ConnectionTest : public ui::test::TestCase
+class ConnectionTest : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theInnermostReceiverIsTold()
+    void theInnermostReceiverThatCanBeReachedIsTold()
     {
         Stage stage;
-        const QPointer<ConnectionInstance> connection = stage.dragTo(kOuter);
-        QVERIFY(connection);
+        stage.dragTo(kOuter);
         QCOMPARE(stage.taken(), QByteArray("outer enter, outer move"));
-        const auto moveTo = [&stage](QPoint place) {
-            stage.pointer.moveTo(place);
-            return stage.taken();
-        };
-        QCOMPARE(moveTo(kInner), QByteArray("outer leave, inner enter, inner move"));
-        QCOMPARE(moveTo(kInner), QByteArray()); // the same place again is nothing new
+        QCOMPARE(stage.moveTo(kInner), QByteArray("outer leave, inner enter, inner move"));
+        QCOMPARE(stage.moveTo(kInner), QByteArray()); // the same place again is nothing new
         stage.inner->setEnabled(false);
-        QCOMPARE(moveTo(kInner), QByteArray("inner leave, outer enter, outer move"));
-        stage.inner->setEnabled(true);
-        stage.inner->hide();
-        QCOMPARE(moveTo(kInner + QPoint(1, 0)), QByteArray("outer move"));
-
-        QCOMPARE(moveTo(kBeyond), QByteArray("outer leave, beyond enter, beyond move"));
+        QCOMPARE(stage.moveTo(kInner), QByteArray("inner leave, outer enter, outer move"));
+        QCOMPARE(stage.moveTo(kBeyond), QByteArray("outer leave, beyond enter, beyond move"));
         stage.beyond->removeWidgetReceiver(stage.beyond);
-        QCOMPARE(moveTo(kBeyond + QPoint(1, 0)), QByteArray("beyond leave"));
+        QCOMPARE(stage.moveTo(kBeyond + QPoint(1, 0)), QByteArray("beyond leave"));
         stage.outer->makeWidgetReceiver(stage.beyond); // one receiver, several widgets
-        QCOMPARE(moveTo(kBeyond), QByteArray("outer enter, outer move"));
+        QCOMPARE(stage.moveTo(kBeyond), QByteArray("outer enter, outer move"));
+
+        QDialog dialog;
+        dialog.setGeometry(240, 190, 140, 100);
+        dialog.setModal(true);
+        dialog.show(); // ends the drag
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        stage.outer->makeWidgetReceiver(&dialog);
+        ConnectionInstance* const inDialog = ConnectionInstance::start(&dialog, {});
+        inDialog->moveTo(stage.window.mapToGlobal(kOuter));
+        QVERIFY(!inDialog->receiver());
+        inDialog->moveTo(dialog.mapToGlobal(QPoint(100, 50)));
+        QCOMPARE(inDialog->receiverWidget(), &dialog);
         delete stage.outer; // with its registrations; it cannot be left any more
-        QCOMPARE(moveTo(kBeyond + QPoint(1, 0)), QByteArray());
-        QVERIFY(!connection->receiver() && connection->isRunning());
+        inDialog->moveTo(dialog.mapToGlobal(QPoint(101, 50)));
+        QVERIFY(!inDialog->receiver() && inDialog->isRunning());
+        inDialog->cancel();
     }
 
     void aDropComesBeforeTheLeaveAndOnlyWhereItIsAccepted()
     {
         Stage stage;
         bool accepts = true;
+        bool lived = false;
         QList<ConnectionStyle> styles;
-        stage.beyond->reaction = [&](const QString& what, ConnectionInstance* connection) {
+        stage.beyond->reaction = [&](const QByteArray& what, ConnectionInstance* connection) {
             styles << connection->drawStyle();
-            if (what == QLatin1String("enter")) {
+            if (what == "enter") {
                 connection->setAccepted(accepts);
                 connection->setDrawStyle(ConnectionStyle::Dashed);
+            } else if (what == "drop") { // as a dialog's event loop does, for longer than the line
+                Stage::finishAnimations();
+                lived = stage.connection && !ConnectionInstance::current();
             }
         };
         const auto cursorAt = [&](QPoint place) {
-            stage.dragTo(place);
+            stage.connection = stage.dragTo(place);
             const Qt::CursorShape shape = QGuiApplication::overrideCursor()->shape();
             stage.pointer.release();
             return shape;
@@ -194,61 +197,36 @@ private Q_SLOTS:
         QCOMPARE(stage.taken(), QByteArray("beyond enter, beyond move, beyond drop, beyond leave"));
         QVERIFY(styles.first() == ConnectionStyle::Framed && styles[1] == ConnectionStyle::Dashed);
         QCOMPARE(styles.last(), ConnectionStyle::Line); // what was left says nothing any more
+        Stage::finishAnimations();
+        QVERIFY(lived && !stage.connection);
         accepts = false;
         QCOMPARE(cursorAt(kBeyond), Qt::ForbiddenCursor);
         QCOMPARE(stage.taken(), QByteArray("beyond enter, beyond move, beyond leave"));
         QCOMPARE(cursorAt(kNowhere), Qt::CrossCursor);
-        QCOMPARE(stage.taken(), QByteArray());
         QCOMPARE(stage.ended, QList<State>({State::Dropped, State::Missed, State::Missed}));
-        QVERIFY(!QGuiApplication::overrideCursor());
     }
 
-    void aConnectionCarriesItsSourceAndBothEnds()
+    void aConnectionTellsOfItsSourceAndEndsOnce()
     {
         Stage stage;
         QObject attribute;
         stage.whip->setSource(&attribute, u"position.x"_qs);
         const QPointer<ConnectionInstance> connection = stage.dragTo(kNowhere);
-        QCOMPARE(connection->source(), &attribute);
+        QVERIFY(connection->source() == &attribute);
         QCOMPARE(connection->userData(), QVariant(u"position.x"_qs));
-        QCOMPARE(connection->sourceWidget(), stage.whip.data());
-        QCOMPARE(connection->endPosition(), stage.window.mapToGlobal(kNowhere));
-        const QPoint before = stage.whip->mapToGlobal(stage.whip->rect().center());
-        QCOMPARE(connection->startPosition(), before);
-        stage.whip->move(stage.whip->pos() + QPoint(0, 30)); // as when its list is scrolled
-        QCOMPARE(connection->startPosition(), before + QPoint(0, 30));
-
         const QSignalSpy moves(connection, &ConnectionInstance::moved);
-        connection->moveTo(stage.window.mapToGlobal(kInner));
-        connection->moveTo(stage.window.mapToGlobal(kInner));
+        const QPoint end = stage.window.mapToGlobal(kInner);
+        connection->moveTo(end);
+        connection->moveTo(end);
         QCOMPARE(moves.count(), 1);
         connection->drop();
         connection->cancel();
         connection->moveTo({0, 0});
         QCOMPARE(stage.ended, QList<State>({State::Dropped}));
-        QCOMPARE(connection->endPosition(), stage.window.mapToGlobal(kInner));
-
+        QCOMPARE(connection->endPosition(), end);
         stage.whip->hide(); // nothing starts where nobody can see it
         QVERIFY(!ConnectionInstance::start(stage.whip, {}));
         QVERIFY(!ConnectionInstance::start(nullptr, {}));
-    }
-
-    void receiversBlockedByADialogAreNotReached()
-    {
-        Stage stage;
-        QDialog dialog;
-        dialog.setGeometry(240, 190, 140, 100);
-        PickWhip whip(&dialog);
-        const Recorder inDialog(u"dialog"_qs, {60, 0, 80, 100}, stage.log, &dialog);
-        dialog.setModal(true);
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        ConnectionInstance* const connection = ConnectionInstance::start(&whip, {});
-        connection->moveTo(stage.window.mapToGlobal(kInner));
-        QVERIFY(!connection->receiver() && stage.log.isEmpty());
-        connection->moveTo(dialog.mapToGlobal(QPoint(100, 50)));
-        QCOMPARE(connection->receiverWidget(), &inDialog);
-        connection->cancel();
     }
 
     void everyWayOutCancelsOnce()
@@ -261,18 +239,12 @@ private Q_SLOTS:
             [](Stage&) { delete ConnectionInstance::current(); },
             [](Stage&) { QMetaObject::invokeMethod(qApp, "aboutToQuit"); },
             [](Stage& s) { FakePointer(&s.window).moveTo(kOuter); }, // the release got lost
-            [](Stage& s) {
-                ConnectionInstance* const second = ConnectionInstance::start(&s.other, {});
-                QCOMPARE(ConnectionInstance::current(), second);
-                second->cancel();
-            }};
+            [](Stage& s) { ConnectionInstance::start(&s.other, {})->cancel(); }};
         for (const Act& leave : ways) {
             Stage stage;
-            const QPointer<ConnectionInstance> connection = stage.dragTo(kInner);
             QList<State> ended;
-            connect(connection, &ConnectionInstance::finished, this, [&](State state) {
-                ended << state;
-            });
+            const auto end = [&](State state) { ended << state; };
+            connect(stage.dragTo(kInner), &ConnectionInstance::finished, this, end);
             stage.taken();
             leave(stage);
             QCOMPARE(ended, QList<State>({State::Cancelled}));
@@ -290,25 +262,23 @@ private Q_SLOTS:
         stage.window.setContextMenuPolicy(Qt::CustomContextMenu);
         const QSignalSpy menus(&stage.window, &QWidget::customContextMenuRequested);
         const QSignalSpy clicks(stage.whip, &QAbstractButton::clicked);
-
         const QPoint center = stage.whip->geometry().center();
         stage.pointer.moveTo(center);
         stage.pointer.press();
         stage.pointer.moveTo(center + QPoint(2, 1)); // an unsteady hand
         stage.pointer.release();
-        QTest::keyClick(stage.whip, Qt::Key_Space);
-        QTest::keyClick(stage.whip, Qt::Key_Return);
-        QCOMPARE(clicks.count(), 3);
-        QVERIFY(!ConnectionInstance::current());
-
+        QCOMPARE(clicks.count(), 1);
         stage.dragTo(kNowhere);
-        stage.rightClick();
+        const auto rightClick = [&] {
+            stage.pointer.press(Qt::RightButton);
+            stage.pointer.release(Qt::RightButton);
+        };
+        rightClick();
         stage.pointer.moveTo(center);
         stage.pointer.release();
-        QCOMPARE(menus.count(), 0);
-        QCOMPARE(clicks.count(), 3);
+        QVERIFY(menus.isEmpty() && clicks.count() == 1);
         stage.pointer.moveTo(kNowhere); // and the next one opens it again
-        stage.rightClick();
+        rightClick();
         QCOMPARE(menus.count(), 1);
     }
 
@@ -320,108 +290,75 @@ private Q_SLOTS:
             [](Stage& s) { delete s.whip; },
             [](Stage& s) { s.window.close(); },
             [](Stage& s) { delete s.connection; }};
-        const QStringList callbacks = {u"enter"_qs, u"move"_qs, u"drop"_qs, u"leave"_qs};
         for (const Act& kill : kills) {
-            for (const QString& callback : callbacks) {
+            for (const QByteArray callback : {"enter", "move", "drop", "leave"}) {
                 Stage stage;
-                ui::test::KthSignal onCallback;
+                KthSignal onCallback{0, [&] { kill(stage); }};
                 int ends = 0;
                 connect(stage.whip, &PickWhip::connectionStarted, this, [&](const auto* started) {
                     connect(started, &ConnectionInstance::finished, this, [&] { ++ends; });
                 });
-                stage.inner->reaction = [&](const QString& what, ConnectionInstance* connection) {
+                stage.inner->reaction = [&](const QByteArray& what, ConnectionInstance* told) {
                     if (what == callback && !onCallback.isDone()) {
-                        stage.connection = connection;
+                        stage.connection = told;
                         onCallback();
                     }
                 };
-                onCallback = {0, [&] { kill(stage); }};
                 stage.dragTo(kInner);
                 stage.pointer.release();
-                QVERIFY2(onCallback.isDone(), qPrintable(callback));
+                QVERIFY2(onCallback.isDone(), callback.constData());
                 QVERIFY(!ConnectionInstance::current() && !QGuiApplication::overrideCursor());
                 QCOMPARE(ends, 1);
-                const bool isLeft = stage.inner || callback == u"leave";
+                const bool isLeft = stage.inner || callback == "leave";
                 QCOMPARE(stage.log.count(QByteArray("inner leave")), isLeft ? 1 : 0);
             }
         }
     }
 
-    void aDropMayTakeLongerThanTheLine()
-    {
-        Stage stage;
-        bool lived = false;
-        const QPointer<ConnectionInstance> connection = stage.dragTo(kInner);
-        stage.inner->reaction = [&](const QString& what, ConnectionInstance*) {
-            if (what == QLatin1String("drop")) { // as a dialog's event loop does
-                Stage::finishAnimations();
-                QCoreApplication::processEvents();
-                lived = connection && !ConnectionInstance::current();
-            }
-        };
-        stage.pointer.release();
-        QVERIFY(lived);
-        QCOMPARE(stage.ended, QList<State>({State::Dropped}));
-        Stage::finishAnimations();
-        QVERIFY(!connection);
-    }
-
     void aRestingPointerSeesWhatMovesBelowIt()
     {
         Stage stage;
-        const QPointer<ConnectionInstance> connection = stage.dragTo(kInner);
-        QCoreApplication::processEvents();
+        stage.dragTo(kInner);
         stage.taken();
         stage.inner->move(stage.inner->pos() + QPoint(0, 1)); // still below it
-        QCoreApplication::processEvents();
         QCOMPARE(stage.taken(), QByteArray());
-        stage.inner->move(0, 0);
-        stage.inner->resize(10, 10);
-        QCoreApplication::processEvents();
+        stage.inner->setGeometry(0, 0, 10, 10);
         QCOMPARE(stage.taken(), QByteArray("inner leave, outer enter, outer move"));
-
         const QPoint end = stage.window.mapToGlobal(kInner);
         QWheelEvent wheel(
             kInner, end, {}, {0, 120}, Qt::LeftButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(stage.outer, &wheel);
-        QCoreApplication::processEvents();
         QCOMPARE(stage.taken(), QByteArray("outer move")); // another part of it, for all we know
-
         stage.whip->move(stage.whip->pos() + QPoint(0, 100));
-        QCoreApplication::processEvents();
-        const ui::ConnectionCurve curve{stage.whip->geometry().center(), kInner};
-        const QColor seen = pixelAt(renderWidget(stage.window, 2.0), curve.at(0.3));
-        QVERIFY(closeTo(seen, ui::colorQt(u"ConnectorAccent"_qs), 12));
+        stage.taken();
+        QVERIFY(Stage::isAccent(stage.window, stage.lineTo(kInner).at(0.3)));
     }
 
     void theLineCrossesWindowsLeavesTheMouseAloneAndGoesBack()
     {
         Stage stage;
-        const QColor accent = ui::colorQt(u"ConnectorAccent"_qs);
-        const auto isAccent = [&](QWidget& window, QPointF place) {
-            return closeTo(pixelAt(renderWidget(window, 2.0), place), accent, 12);
-        };
-        const ui::ConnectionCurve curve{stage.whip->geometry().center(), kNowhere};
         const QPointer<ConnectionInstance> connection = stage.dragTo(kNowhere);
-        QVERIFY(isAccent(stage.window, curve.at(0.5)));
+        const auto isDrawnAt = [&, line = stage.lineTo(kNowhere)](double share) {
+            return Stage::isAccent(stage.window, line.at(share));
+        };
+        QVERIFY(isDrawnAt(0.5));
         QCOMPARE(QApplication::widgetAt(stage.window.mapToGlobal(kInner)), stage.inner.data());
-
         stage.pointer.moveTo(kBeyond + QPoint(60, 60));
-        QVERIFY(!isAccent(stage.window, curve.at(0.5)));
-        QVERIFY(isAccent(stage.other, stage.other.mapFromGlobal(connection->endPosition())));
-        QVERIFY(isAccent(stage.other, QPoint(100, 0))); // the receiver's frame
+        QVERIFY(!isDrawnAt(0.5));
+        QVERIFY(Stage::isAccent(stage.other, stage.other.mapFromGlobal(connection->endPosition())));
+        QVERIFY(Stage::isAccent(stage.other, {100, 0})); // the receiver's frame
         stage.pointer.moveTo(kNowhere);
-        QVERIFY(!isAccent(stage.other, QPoint(100, 0)));
+        QVERIFY(!Stage::isAccent(stage.other, {100, 0}));
         stage.pointer.release();
-        QVERIFY(isAccent(stage.window, curve.at(0.5)));
+        QVERIFY(isDrawnAt(0.5));
         FakeClock(connection).advanceAnimations(100); // more than half of the way back
-        QVERIFY(!isAccent(stage.window, curve.at(0.8)));
+        QVERIFY(!isDrawnAt(0.8));
         Stage::finishAnimations();
-        QVERIFY(!connection && !isAccent(stage.window, curve.at(0.1)));
+        QVERIFY(!connection && !isDrawnAt(0.1));
         QVERIFY(stage.window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly).size() == 2);
     }
 
-    void onlyTheSurroundingsOfTheLineAreRepainted()
+    void whatIsRepaintedHoldsTheLineAndLittleElse()
     {
         for (const QPointF end : {QPointF(500, 300), {36, 0}, {-80, 640}, {3, 4}, {0, 0}}) {
             const ui::ConnectionCurve curve{{0, 0}, end};
@@ -431,31 +368,14 @@ private Q_SLOTS:
                     QVERIFY(region.contains((curve.at(share) + aside).toPoint()));
                 }
             }
+            QVERIFY(!region.contains(QPoint(400, 20)));
         }
-
-        Stage stage;
-        stage.beyond->setParent(&stage.window);
-        stage.beyond->setGeometry(stage.window.rect());
-        stage.beyond->lower();
-        stage.beyond->show();
-        stage.dragTo({190, 320});
-        int y = 320;
-        const auto isRepaintedAlongTheLineOnly = [&] {
-            stage.beyond->painted = {};
-            stage.pointer.moveTo({190, --y});
-            QCoreApplication::processEvents();
-            const QRegion painted = stage.beyond->painted;
-            return painted.contains(QPoint(188, y)) && !painted.contains(QPoint(190, 20))
-                   && !painted.contains(QPoint(20, 300));
-        };
-        QTRY_VERIFY(isRepaintedAlongTheLineOnly()); // at first the system may repaint more
-        stage.pointer.release();
     }
 
 private:
-    VisualDesignDark& m_theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
+    VisualDesignDark& m_theme = makeTheme<VisualDesignDark>(assetsPath());
 };
 
-const ui::test::Registration<ConnectionTest> kRegistration;
+const Registration<ConnectionTest> kRegistration;
 
 #include "tst_connection.moc"

@@ -3,13 +3,15 @@
 #include "controls/KthSignal.h"
 #include "support/FakePointer.h"
 #include "support/FakePointerSystem.h"
+#include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
 
-#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPointingDevice>
 
 namespace ui::test {
+
+using Drive = morrant::native::PointerSystem::Drive;
 
 /// A shown window with a field in it, whose drags are written down.
 struct DragStage
@@ -21,18 +23,21 @@ struct DragStage
         window.setGeometry(60, 50, 300, 200);
         target->setGeometry(20, 20, 200, 100);
         window.show();
-        // The context is none of the objects that tests delete.
-        const auto listen = [this](auto signal, auto slot) {
-            QObject::connect(filter, signal, &context, slot);
+        const auto tell = [this](const QString& signal) {
+            story += signal;
+            onSignal();
         };
-        listen(&MouseWrapDragFilter::started, [this] { tell(u"s"_qs); });
-        listen(&MouseWrapDragFilter::ended, [this] { tell(u"e"_qs); });
-        listen(&MouseWrapDragFilter::dragged, [this](const QPointF& a, const QPointF& totalDelta) {
-            ++reports;
-            current = a;
-            total = totalDelta;
-            tell({});
-        });
+        // The context is none of the objects that tests delete.
+        using Filter = MouseWrapDragFilter;
+        QObject::connect(filter, &Filter::started, &context, [tell] { tell(u"s"_qs); });
+        QObject::connect(filter, &Filter::ended, &context, [tell] { tell(u"e"_qs); });
+        QObject::connect(
+            filter, &Filter::dragged, &context, [this, tell](QPointF a, QPointF totalDelta) {
+                ++reports;
+                current = a;
+                total = totalDelta;
+                tell({});
+            });
     }
 
     void press(QPoint at = {50, 50})
@@ -53,8 +58,8 @@ struct DragStage
         FakePointerSystem::sendRaw({.x = pixels.x(), .y = pixels.y()});
     }
 
-    /// With a global position of any kind.
-    static QMouseEvent mouseEvent(
+    /// To the target alone, with a global position of any kind.
+    void send(
         QEvent::Type type,
         QPointF global,
         const QPointingDevice* device = QPointingDevice::primaryPointingDevice(),
@@ -62,20 +67,12 @@ struct DragStage
     {
         const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
         const QPointF at(1, 1);
-        return {type, at, at, global, button, Qt::LeftButton, Qt::NoModifier, source, device};
+        QMouseEvent event(
+            type, at, at, global, button, Qt::LeftButton, Qt::NoModifier, source, device);
+        QCoreApplication::sendEvent(target, &event);
     }
-
     /// Without the pointer having come there before, as when a release got lost.
-    void pressAtOnce(QPoint at)
-    {
-        send(*target, QEvent::MouseButtonPress, target->mapToGlobal(at));
-    }
-
-    static void send(QWidget& to, QEvent::Type type, QPointF global)
-    {
-        QMouseEvent event = mouseEvent(type, global);
-        QCoreApplication::sendEvent(&to, &event);
-    }
+    void pressAtOnce(QPoint at) { send(QEvent::MouseButtonPress, target->mapToGlobal(at)); }
 
     QWidget window;
     QObject context;
@@ -87,13 +84,6 @@ struct DragStage
     int reports = 0;
     QPointF current;
     QPointF total;
-
-private:
-    void tell(const QString& signal)
-    {
-        story += signal;
-        onSignal();
-    }
 };
 
 } // namespace ui::test

@@ -8,6 +8,7 @@
 #include <QGraphicsView>
 #include <QMenu>
 
+using namespace ui::test;
 using Door = GestureDoors::Door;
 
 namespace {
@@ -44,14 +45,14 @@ struct Stage
 
     QWidget window;
     QPointer<QWidget> widget = new QWidget(&window);
-    ui::test::FakePointer pointer{&window};
+    FakePointer pointer{&window};
     QList<Door> opened;
     std::unique_ptr<GestureDoors> doors = std::make_unique<GestureDoors>();
 };
 
 } // namespace
 
-class GestureDoorsTest : public ui::test::TestCase
+class GestureDoorsTest : public TestCase
 {
     Q_OBJECT
 
@@ -60,7 +61,6 @@ private Q_SLOTS:
     {
         const std::pair<std::function<void(Stage&)>, Door> doors[] = {
             {[](Stage& s) { s.widget->hide(); }, Door::Hidden},
-            {[](Stage& s) { s.window.close(); }, Door::Hidden},
             {[](Stage& s) { s.widget->setParent(new QWidget(&s.window)); }, Door::Hidden},
             {[](Stage& s) { s.window.setEnabled(false); }, Door::Disabled},
             {[](Stage& s) { Stage::send(&s.window, QEvent::WindowDeactivate); },
@@ -69,7 +69,7 @@ private Q_SLOTS:
              Door::WindowBlocked},
             {[](Stage& s) { Stage::send(s.widget, QEvent::UngrabMouse); }, Door::MouseLost},
             {[](Stage& s) {
-                 ui::test::FakePointer(s.widget).moveTo({9, 9});
+                 FakePointer(s.widget).moveTo({9, 9});
              },
              Door::MouseLost},
             {[](Stage& s) { QTest::mouseRelease(&s.window, Qt::LeftButton); }, Door::MouseLost},
@@ -91,7 +91,6 @@ private Q_SLOTS:
         Stage stage({.button = Qt::NoButton, .popups = false});
         stage.widget->clearFocus();
         stage.widget->setEnabled(true);
-        Stage::send(new QWidget(&stage.window), QEvent::Hide);
         QTest::mouseRelease(&stage.window, Qt::LeftButton);
         stage.pointer.release();
         stage.pointer.moveTo({60, 60});
@@ -101,6 +100,14 @@ private Q_SLOTS:
         stage.doors->watch(nullptr, [&stage](Door door) { stage.opened << door; });
         stage.widget->hide();
         QVERIFY(stage.opened.isEmpty());
+        QGraphicsView view(&stage.window); // whose focus is not its viewport's
+        view.show();
+        QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+        view.setFocus();
+        const auto leave = [&stage](Door door) { stage.opened << door; };
+        stage.doors->watch(view.viewport(), leave, {.button = Qt::NoButton, .focus = true});
+        view.clearFocus();
+        QCOMPARE(stage.opened, QList<Door>{Door::FocusLost});
 
         Stage middle({.button = Qt::MiddleButton});
         const auto takesReleases = [](QObject*, QEvent* event) {
@@ -116,19 +123,6 @@ private Q_SLOTS:
         QVERIFY(middle.opened.isEmpty());
     }
 
-    void theFocusOfAViewIsThatOfItsViewport()
-    {
-        Stage stage;
-        QGraphicsView view(&stage.window);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowActive(&stage.window));
-        view.setFocus();
-        const auto leave = [&stage](Door door) { stage.opened << door; };
-        stage.doors->watch(view.viewport(), leave, {.focus = true});
-        stage.widget->setFocus();
-        QCOMPARE(stage.opened, QList<Door>{Door::FocusLost});
-    }
-
     void aCallbackMayDeleteAnythingAndWatchAgain()
     {
         Stage stage;
@@ -138,7 +132,7 @@ private Q_SLOTS:
 
         Stage other;
         other.doors->watch(other.widget, [&](Door) { delete other.widget; });
-        ui::test::FakePointer(other.widget).moveTo({9, 9}); // has nobody to go to
+        FakePointer(other.widget).moveTo({9, 9}); // has nobody to go to
         QVERIFY(!other.widget);
 
         Stage again;
@@ -173,9 +167,14 @@ private Q_SLOTS:
         QVERIFY(!GestureDoors::mayBegin(*stage.widget));
         unrelated.hide();
         QVERIFY(!GestureDoors::mayBegin(unrelated));
+        QWidget toolTip(nullptr, Qt::ToolTip); // is shown without becoming the active window
+        toolTip.show();
+        stage.window.hide();
+        const bool isRealX = QGuiApplication::platformName() == u"xcb"; // elsewhere it stays active
+        QTRY_COMPARE(GestureDoors::mayBegin(toolTip), !isRealX);
     }
 };
 
-const ui::test::Registration<GestureDoorsTest> kRegistration;
+const Registration<GestureDoorsTest> kRegistration;
 
 #include "tst_gesturedoors.moc"

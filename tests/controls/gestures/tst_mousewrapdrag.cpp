@@ -1,20 +1,16 @@
 #include "DragStage.h"
 #include "support/RealPointer.h"
-#include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/nativemouse.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 
 #include <QApplication>
 #include <QScreen>
 
-using ui::test::DragStage;
-using ui::test::FakePointerSystem;
-using ui::test::RealPointer;
-using Drive = morrant::native::PointerSystem::Drive;
+using namespace ui::test;
 using Act = std::function<void(DragStage&)>;
 
 /// Drags of every kind: what they report, and that the pointer is given back whatever happens.
-class MouseWrapDragTest : public ui::test::TestCase
+class MouseWrapDragTest : public TestCase
 {
     Q_OBJECT
 
@@ -30,10 +26,9 @@ private Q_SLOTS:
         stage.mouse.release();
         stage.filter->setEnabled(true);
         stage.target->setEnabled(false);
-        DragStage::send(*stage.target, QEvent::MouseButtonPress, {});
+        stage.pressAtOnce({});
         stage.filter->forceEndDrag();
         QVERIFY(stage.story.isEmpty() && system.takeRequests().isEmpty());
-
         stage.target->setEnabled(true);
         stage.press();
         stage.filter->setEnabled(false); // says only that no other drag begins
@@ -46,24 +41,21 @@ private Q_SLOTS:
 
     void theDragDistanceIsNoPartOfTheMovement()
     {
-        QCOMPARE(QApplication::startDragDistance(), 10);
         DragStage stage(true);
         const QPointF none(-99, -99);
-        const auto reportOf = [&](QPointF movement) {
+        const std::pair<QPointF, QPointF> reports[] = {
+            {{6, 3}, none},
+            {{qQNaN(), 50}, none},
+            {{0, qInf()}, none},
+            {{6, 4}, {0, 0}},
+            {{26, -6}, {20, -10}},
+            {{0, 0}, {-6, -4}}}; // back inside the distance
+        for (const auto& [movement, total] : reports) {
             stage.total = none;
-            stage.filter->commitDrag(QPointF(3, 4), movement);
-            return stage.total;
-        };
-        for (const QPointF& nothing : {QPointF(6, 3), QPointF(qQNaN(), 50), QPointF(0, qInf())}) {
-            QCOMPARE(reportOf(nothing), none);
+            stage.filter->commitDrag({3, 4}, movement);
+            QCOMPARE(stage.total, total);
         }
-        QCOMPARE(reportOf({6, 4}), QPointF(0, 0));
-        QCOMPARE(reportOf({26, -6}), QPointF(20, -10));
-        QCOMPARE(reportOf({0, 0}), QPointF(-6, -4)); // back inside the distance
         QCOMPARE(stage.current, QPointF(3, 4));
-        stage.press();
-        stage.mouse.release();
-        QCOMPARE(reportOf({6, 3}), none);
     }
 
     void everyKindOfDragTellsTheSameStory()
@@ -99,23 +91,17 @@ private Q_SLOTS:
         }
     }
 
+    /// The doors are GestureDoorsTest's; these are the filter's own ends, and one door.
     void everyEndGivesThePointerBack()
     {
         const std::pair<Act, QString> ends[] = {
-            {[](DragStage& s) { s.mouse.release(); }, u"se"_qs},
-            {[](DragStage& s) { // of another button
-                 s.mouse.press(Qt::RightButton);
-                 s.mouse.release(Qt::RightButton);
-             },
-             u"se"_qs},
-            {[](DragStage& s) { s.window.setEnabled(false); }, u"se"_qs},
+            {[](DragStage& s) { s.mouse.release(Qt::RightButton); }, u"se"_qs}, // of any button
             {[](DragStage& s) { s.window.hide(); }, u"se"_qs},
             {[](DragStage& s) { delete s.filter; }, u"se"_qs},
             {[](DragStage& s) { delete s.target; }, u"s"_qs}, // there is nobody to tell
             {[](DragStage& s) {
                  s.filter->setParent(nullptr);
                  delete s.target;
-                 QVERIFY(!s.filter->isDragging());
                  delete s.filter;
              },
              u"s"_qs}};
@@ -131,16 +117,14 @@ private Q_SLOTS:
                 QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
                 system.moveRaw({77, 5});
                 const QPoint pressed = stage.target->mapToGlobal(QPoint(50, 50));
+                const int reports = stage.reports;
                 end(stage);
-                QCOMPARE(stage.story, story);
-                QVERIFY(system.isFree());
+                DragStage::sendRaw({40, 0});
+                QVERIFY(stage.story == story && stage.reports == reports && system.isFree());
                 if (drive != Drive::Moves) {
                     QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : QPoint(123, 45));
                 }
                 QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-                const int reports = stage.reports;
-                DragStage::sendRaw({40, 0});
-                QCOMPARE(stage.reports, reports);
             }
         }
     }
@@ -170,34 +154,31 @@ private Q_SLOTS:
 
     void anEndMayPutOffTheDragThatCausedIt()
     {
-        const Act obstacles[] = {
-            [](DragStage& second) { delete second.filter; },
-            [](DragStage& second) { delete second.target; },
-            [](DragStage& second) { second.filter->setEnabled(false); },
-            [](DragStage& second) { second.target->setEnabled(false); }};
         FakePointerSystem system(Drive::Warps);
-        for (const Act& putOff : obstacles) {
+        DragStage third;
+        const std::pair<Act, QString> obstacles[] = {
+            {[](DragStage& second) { delete second.filter; }, u"se"_qs},
+            {[](DragStage& second) { delete second.target; }, u"se"_qs},
+            {[](DragStage& second) { second.filter->setEnabled(false); }, u"se"_qs},
+            {[](DragStage& second) { second.target->setEnabled(false); }, u"se"_qs},
+            {[&](DragStage&) {
+                 third.pressAtOnce({50, 50});
+             },
+             u"ses"_qs}}; // has precedence
+        for (const auto& [putOff, story] : obstacles) {
             for (const bool sameFilter : {false, true}) {
                 DragStage first;
                 DragStage other;
                 DragStage& second = sameFilter ? first : other;
-                first.onSignal = {1, [&] { putOff(second); }};
+                first.onSignal = {1, [&, act = putOff] { act(second); }};
                 first.press();
                 second.pressAtOnce({70, 60});
-                QCOMPARE(first.story + other.story, u"se"_qs);
+                QCOMPARE(first.story + other.story + third.story, story);
+                third.filter->forceEndDrag();
+                third.story.clear();
                 QVERIFY(system.isFree());
             }
         }
-        // One that begins meanwhile has precedence.
-        DragStage first;
-        DragStage second;
-        DragStage third;
-        first.onSignal = {1, [&] { third.pressAtOnce({50, 50}); }};
-        first.press();
-        second.pressAtOnce({50, 50});
-        QCOMPARE(first.story + second.story + third.story, u"ses"_qs);
-        third.filter->forceEndDrag();
-        QVERIFY(system.isFree());
     }
 
     void aSecondDragEndsTheFirstAndLeavesThePointerThere()
@@ -231,29 +212,24 @@ private Q_SLOTS:
         const std::tuple<Drive, Device, Qt::MouseEventSource> pens[] = {
             {Drive::Warps, Device::Stylus, Qt::MouseEventNotSynthesized},
             {Drive::RawInput, Device::TouchScreen, Qt::MouseEventNotSynthesized},
-            {Drive::Warps, Device::Mouse, Qt::MouseEventSynthesizedBySystem},
-            {Drive::RawInput, Device::Mouse, Qt::MouseEventSynthesizedByQt}};
+            {Drive::RawInput, Device::Mouse, Qt::MouseEventSynthesizedBySystem},
+            {Drive::Warps, Device::Mouse, Qt::MouseEventSynthesizedByQt}};
         for (const auto& [drive, type, source] : pens) {
-            const auto pen = QPointingDevice::PointerType::Pen;
-            const QPointingDevice device(
-                u"pen"_qs, 1, type, pen, QInputDevice::Capability::Position, 1, 1);
+            using enum QPointingDevice::PointerType;
+            const QPointingDevice device(u"pen"_qs, 1, type, Pen, {}, 1, 1);
             FakePointerSystem system(drive);
             DragStage stage;
-            const auto tell = [&, from = source](QEvent::Type eventType, QPointF position) {
-                QMouseEvent event = DragStage::mouseEvent(eventType, position, &device, from);
-                stage.filter->eventFilter(stage.target, &event); // on the way Qt itself rounds
-            };
-            tell(QEvent::MouseButtonPress, {100.4, 100});
-            tell(QEvent::MouseMove, {120, 99.6});
-            tell(QEvent::MouseMove, {1e6, 100});
+            stage.send(QEvent::MouseButtonPress, {100, 100}, &device, source);
+            stage.send(QEvent::MouseMove, {120, 100}, &device, source);
+            stage.send(QEvent::MouseMove, {1e6, 100}, &device, source);
             DragStage::sendRaw({500, 0});
             QCOMPARE(stage.total, QPointF(1e6 - 120, 0));
-            QCOMPARE(stage.current, QPointF(1e6, 100));
             QCOMPARE(system.takeRequests(), QString());
         }
     }
 
-    void aWarpedDragIsExactThoughPositionsComeLateOrNever()
+    /// That the way is exact whatever arrives is PointerMathTest's.
+    void aWarpedDragStaysOnTheScreenUnlessTheServerForbidsWarps()
     {
         const QRect screen = QGuiApplication::primaryScreen()->geometry();
         const QPoint press(screen.left() + 3, screen.center().y());
@@ -262,25 +238,19 @@ private Q_SLOTS:
             system.allowsWarps = allowsWarps;
             system.pointer = press;
             DragStage stage;
-            DragStage::send(*stage.target, QEvent::MouseButtonPress, press);
-            DragStage::send(*stage.target, QEvent::MouseMove, press + QPoint(1, 1));
+            stage.send(QEvent::MouseButtonPress, press);
+            stage.send(QEvent::MouseMove, press + QPoint(1, 1));
             QCOMPARE(system.pointer, press); // might still become a click
-
-            const QPoint step(7, -2);
-            const int steps = 10 * screen.width() / step.x();
             std::mt19937 random(3);
-            std::uniform_int_distribution<int> queued(1, 5);
-            for (int done = 0; done < steps;) {
-                for (int n = queued(random); n > 0 && done < steps; --n, ++done) {
-                    system.moveMouse(step);
-                }
+            for (int i = 0; i < screen.width(); ++i) {
+                system.moveMouse({7, -2});
                 for (const QPoint position : system.takePositions(random)) {
-                    DragStage::send(*stage.target, QEvent::MouseMove, position);
+                    stage.send(QEvent::MouseMove, position);
                 }
                 QVERIFY(!allowsWarps || screen.contains(system.pointer));
             }
-            QCOMPARE(stage.current, QPointF(press + step * steps));
-            DragStage::send(*stage.target, QEvent::MouseButtonRelease, system.pointer);
+            QCOMPARE(stage.current, QPointF(press + QPoint(7, -2) * screen.width()));
+            stage.send(QEvent::MouseButtonRelease, system.pointer);
             QCOMPARE(system.pointer, press);
         }
     }
@@ -325,14 +295,12 @@ private Q_SLOTS:
             const QPointF moved = step * steps;
             QTRY_COMPARE(stage.current, isRaw ? moved : (press + moved) / ratio);
             pointer.release();
-            QTRY_VERIFY(!stage.filter->isDragging());
             QTRY_COMPARE(pointer.position(), press);
-            QVERIFY(pointer.isFree().value_or(true));
+            QVERIFY(!stage.filter->isDragging() && pointer.isFree().value_or(true));
         }
-        QCOMPARE(stage.story, u"sese"_qs);
     }
 };
 
-const ui::test::Registration<MouseWrapDragTest> kRegistration;
+const Registration<MouseWrapDragTest> kRegistration;
 
 #include "tst_mousewrapdrag.moc"

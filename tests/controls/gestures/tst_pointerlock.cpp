@@ -1,13 +1,9 @@
 #include "DragStage.h"
 #include "support/RealPointer.h"
-#include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/PointerLock.h>
 #include <MorrantUI/controls/gestures/nativemouse.h>
 
-using ui::test::DragStage;
-using ui::test::FakePointerSystem;
-using ui::test::RealPointer;
-using Drive = morrant::native::PointerSystem::Drive;
+using namespace ui::test;
 
 namespace {
 
@@ -15,68 +11,47 @@ namespace {
 bool showActive(QWidget& window)
 {
     window.show();
-    if (!QTest::qWaitForWindowExposed(&window)) {
-        return false;
-    }
     window.activateWindow();
     return QTest::qWaitForWindowActive(&window);
 }
 
 } // namespace
 
-class PointerLockTest : public ui::test::TestCase
+class PointerLockTest : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aLockedPointerStaysInsideTheWindow()
-    {
-        FakePointerSystem system(Drive::RawInput);
-        system.frame = {100, 100, 400, 300};
-        QWidget window;
-        QVERIFY(showActive(window));
-        PointerLock lock(&window);
-        lock.unlock();
-        QVERIFY(!lock.locked() && lock.confiningRect().isEmpty());
-        QCOMPARE(system.takeRequests(), QString());
-
-        lock.lock();
-        const int margin = int(15 * window.devicePixelRatio());
-        const QRect rect = system.frame.adjusted(margin, margin, -margin, -margin);
-        QVERIFY(lock.locked());
-        QCOMPARE(lock.confiningRect(), rect);
-        QCOMPARE(system.clip, std::optional(rect));
-        system.frame.translate(50, 0);
-        lock.lock();
-        QCOMPARE(system.clip, std::optional(rect.translated(50, 0)));
-
-        system.frame = {0, 0, 10, 10};
-        lock.lock();
-        PointerLock lockToNothing(nullptr);
-        lockToNothing.lock();
-        QVERIFY(!lock.locked() && !lockToNothing.locked() && !system.clip);
-    }
-
-    void everyDoorUnlocks()
+    void aLockHoldsUntilADoorOpens()
     {
         FakePointerSystem system(Drive::RawInput);
         const std::function<void(QWidget*, PointerLock*)> doors[] = {
             [](QWidget*, PointerLock* lock) { delete lock; },
             [](QWidget* widget, PointerLock*) { delete widget; },
             [](QWidget* widget, PointerLock*) { widget->setEnabled(false); },
-            [](QWidget*, PointerLock*) { resetNativeMouseState(); }};
+            [](QWidget*, PointerLock*) { resetNativeMouseState(); },
+            [&](QWidget*, PointerLock* lock) { // there is no room any more
+                system.frame = {0, 0, 10, 10};
+                lock->lock();
+            }};
         for (const auto& leave : doors) {
+            system.frame = {100, 100, 400, 300};
             QWidget window;
             const QPointer<QWidget> widget = new QWidget(&window);
             const QPointer<PointerLock> lock = new PointerLock(widget, &window);
             lock->lock();
-            QVERIFY(!lock->locked()); // never shown
+            QVERIFY(!lock->locked() && lock->confiningRect().isEmpty()); // never shown
             QVERIFY(showActive(window));
             lock->lock();
-            QVERIFY(lock->locked());
+            const QRect rect = lock->confiningRect();
+            QVERIFY(lock->locked() && !rect.isEmpty() && system.clip == rect);
+            system.frame.translate(50, 0);
+            lock->lock();
+            QCOMPARE(system.clip, std::optional(rect.translated(50, 0)));
             leave(widget, lock);
             QVERIFY(!system.clip && (!lock || !lock->locked()));
             // A lock that has lost its hold takes none from another.
+            system.frame = {100, 100, 400, 300};
             QWidget otherWindow;
             QVERIFY(showActive(otherWindow));
             PointerLock other(&otherWindow);
@@ -84,24 +59,8 @@ private Q_SLOTS:
             delete lock;
             QVERIFY(other.locked() && system.clip);
         }
-    }
-
-    void anInactiveApplicationLocksNothing()
-    {
-        FakePointerSystem system(Drive::RawInput);
-        QWidget window;
-        QVERIFY(showActive(window));
-        QWidget toolTip(nullptr, Qt::ToolTip); // is shown without becoming the active window
-        toolTip.show();
-        PointerLock lock(&toolTip);
-        lock.lock();
-        QVERIFY(lock.locked());
-        window.hide();
-        if (QGuiApplication::platformName() == u"xcb") { // off screen an application stays active
-            QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationInactive);
-        }
-        lock.lock();
-        QCOMPARE(lock.locked(), QGuiApplication::applicationState() == Qt::ApplicationActive);
+        PointerLock(nullptr).lock();
+        QVERIFY(!system.clip);
     }
 
     void aDragGivesThePointerBackToTheLock()
@@ -117,7 +76,6 @@ private Q_SLOTS:
         QVERIFY(system.clip && system.clip != locked);
         stage.mouse.release();
         QCOMPARE(system.clip, locked);
-
         stage.press();
         lock.unlock();
         QVERIFY(system.clip && system.clip != locked);
@@ -144,12 +102,11 @@ private Q_SLOTS:
             QVERIFY(rect.contains(pointer.position()));
         }
         lock.unlock();
-        pointer.moveTo(rect.center());
         pointer.moveBy({30, 0}, 15);
         QVERIFY(!rect.contains(pointer.position()));
     }
 };
 
-const ui::test::Registration<PointerLockTest> kRegistration;
+const Registration<PointerLockTest> kRegistration;
 
 #include "tst_pointerlock.moc"

@@ -17,24 +17,19 @@ private Q_SLOTS:
     {
         const QRect usual(QPoint(100, 50), QPoint(200, 90)); // spans of 100 and 40
         const std::tuple<QRect, QPointF, QPointF> cases[] = {
-            {usual, {150, 60}, {}},
             {usual, {200, 90}, {}}, // the last column and row
-            {usual, {201, 60}, {-100, 0}},
             {usual, {99, 60}, {100, 0}},
             {usual, {qInf(), 60}, {}},
-            {usual, {200.25, 60}, {-100, 0}},
-            {usual, {205, 45}, {-100, 40}},
+            {usual, {200.25, 45}, {-100, 40}},
             {usual, {-250, 251}, {400, -200}}, // further than the span
             {{-300, -200, 101, 101}, {-150, -201}, {-100, 100}},
-            {{10, 0, 1, 101}, {50, 150}, {0, -100}}, // a column
-            {{}, {50, -50}, {}},
+            {{10, 0, 1, 101}, {50, 150}, {0, -100}},          // a column
             {{QPoint(60, 60), QPoint(20, 20)}, {90, 0}, {}}}; // inside out
         for (const auto& [rect, point, expected] : cases) {
             QPointF offset(7, 7);
             const QPointF wrapped = wrapPoint(point, rect, &offset);
             QCOMPARE(offset, expected);
             QVERIFY(wrapped.x() == point.x() + offset.x() && wrapped.y() == point.y() + offset.y());
-            QVERIFY(wrapPoint(point, rect, nullptr).x() == wrapped.x());
         }
         QVERIFY(usual.contains(wrapPoint({1e18, -1e17}, usual, nullptr).toPoint()));
     }
@@ -43,14 +38,10 @@ private Q_SLOTS:
     {
         const QRect frame(100, 200, 400, 200);
         const std::tuple<QRect, double, QRect> cases[] = {
-            {frame, 1.0, frame.adjusted(15, 15, -15, -15)},
             {frame, 1.25, frame.adjusted(18, 18, -19, -19)},
-            {frame, 1.5, frame.adjusted(22, 22, -23, -23)},
-            {frame, 2.0, frame.adjusted(30, 30, -30, -30)},
             {{-500, -400, 400, 200}, 1.5, {-477, -377, 355, 155}}, // left of the origin
             {{0, 0, 31, 31}, 1.0, {15, 15, 1, 1}},
             {{0, 0, 30, 300}, 1.0, {}}, // nothing is left
-            {{0, 0, 20, 20}, 2.0, {}},
             {frame, qQNaN(), frame.adjusted(15, 15, -15, -15)},
             {frame, qInf(), {}}};
         for (const auto& [rect, ratio, expected] : cases) {
@@ -60,52 +51,34 @@ private Q_SLOTS:
 
     void rawRecordsAreMotionsOrNothing()
     {
-        struct Step
-        {
-            RawMouseRecord record;
-            std::optional<ui::RawMotion> motion;
-        };
         constexpr auto kAbsolute = RawMouseRecord::kAbsolute;
         constexpr auto kEverywhere = RawMouseRecord::kAbsolute | RawMouseRecord::kVirtualDesktop;
-        const std::vector<Step> steps = {
-            {{true, 0, 0, 3, -4}, ui::RawMotion{{3, -4}, false}},
+        const std::pair<RawMouseRecord, std::optional<ui::RawMotion>> steps[] = {
             {{true, 0, 0, 0, 0}, {}},                                // the echo of a warp
             {{true, 0, 0x0400, 5, 5}, {}},                           // a wheel
             {{true, 0, 0x0800, 5, 5}, ui::RawMotion{{5, 5}, false}}, // only the upright one
-            {{true, 0, 0x0002, 0, 0}, {}},                           // a button
             {{true, 0, 0x0001, 1, 0}, ui::RawMotion{{1, 0}, false}}, // a button in motion
             {{false, 0, 0, 9, 9}, {}},                               // a keyboard
             {{true, kAbsolute, 0, 30000, 20000}, {}},                // where it is
             {{true, kAbsolute, 0, 30034, 19990}, ui::RawMotion{{34, -10}, true}},
             {{true, 0, 0, 1, 1}, ui::RawMotion{{1, 1}, false}}, // leaves the track alone
-            {{true, kAbsolute, 0x0400, 40000, 40000}, {}},      // and so does a wheel
             {{true, kEverywhere, 0, 30035, 19990}, ui::RawMotion{{1, 0}, true}},
-            {{true, kAbsolute, 0, 30035, 19990}, ui::RawMotion{{0, 0}, true}},
-            {{true, 0, 0, INT32_MAX, INT32_MIN},
-             ui::RawMotion{{double(INT32_MAX), double(INT32_MIN)}, false}},
-        };
+            {{true, 0, 0, INT32_MAX, 0}, ui::RawMotion{{double(INT32_MAX), 0}, false}}};
         ui::AbsoluteTrack track;
-        for (const Step& step : steps) {
+        for (const auto& [record, motion] : steps) {
             QVERIFY2(
-                ui::decodeRawMotion(step.record, track) == step.motion,
-                qPrintable(u"%1, %2"_qs.arg(step.record.x).arg(step.record.y)));
+                ui::decodeRawMotion(record, track) == motion,
+                qPrintable(QString::number(record.x)));
         }
-    }
-
-    void unitsOfAbsoluteRecordsArePixelsOfTheRightScreen()
-    {
-        const QSize primary(1920, 1080);
-        const QSize desktop(3840, 1200);
-        const auto pixels = [&](int flags) {
-            const QPointF unit =
-                ui::absoluteUnit(static_cast<std::uint16_t>(flags), primary, desktop);
-            return (unit * 65535).toPoint();
-        };
-        QCOMPARE(pixels(RawMouseRecord::kAbsolute), QPoint(1920, 1080));
-        QCOMPARE(
-            pixels(RawMouseRecord::kAbsolute | RawMouseRecord::kVirtualDesktop),
-            QPoint(3840, 1200));
-        QCOMPARE(pixels(RawMouseRecord::kAbsolute | RawMouseRecord::kPixels), QPoint(65535, 65535));
+        const std::pair<int, QPoint> units[] = {
+            {kAbsolute, {1920, 1080}},
+            {kEverywhere, {3840, 1200}},
+            {kAbsolute | RawMouseRecord::kPixels, {65535, 65535}}};
+        for (const auto& [flags, pixels] : units) {
+            const auto bits = static_cast<std::uint16_t>(flags);
+            const QPointF unit = ui::absoluteUnit(bits, {1920, 1080}, {3840, 1200});
+            QCOMPARE((unit * 65535).toPoint(), pixels);
+        }
     }
 
     /// A model of the window system: it queues positions, and may leave out those that have others
