@@ -22,12 +22,10 @@ private Q_SLOTS:
         stage.mouse.press(Qt::RightButton);
         stage.mouse.release(Qt::RightButton);
         stage.filter->setEnabled(false);
-        stage.press();
-        stage.mouse.release();
+        stage.pressAtOnce({});
         stage.filter->setEnabled(true);
         stage.target->setEnabled(false);
         stage.pressAtOnce({});
-        stage.filter->forceEndDrag();
         QVERIFY(stage.story.isEmpty() && system.takeRequests().isEmpty());
         stage.target->setEnabled(true);
         stage.press();
@@ -37,58 +35,6 @@ private Q_SLOTS:
         QCOMPARE(stage.story, u"se"_qs);
         QVERIFY(!stage.target->internalWinId());
         QVERIFY(!MouseWrapDragFilter::Make(nullptr) && !MouseWrapDragFilter::MakeDummy(nullptr));
-    }
-
-    void theDragDistanceIsNoPartOfTheMovement()
-    {
-        DragStage stage(true);
-        const QPointF none(-99, -99);
-        const std::pair<QPointF, QPointF> reports[] = {
-            {{6, 3}, none},
-            {{qQNaN(), 50}, none},
-            {{0, qInf()}, none},
-            {{6, 4}, {0, 0}},
-            {{26, -6}, {20, -10}},
-            {{0, 0}, {-6, -4}}}; // back inside the distance
-        for (const auto& [movement, total] : reports) {
-            stage.total = none;
-            stage.filter->commitDrag({3, 4}, movement);
-            QCOMPARE(stage.total, total);
-        }
-        QCOMPARE(stage.current, QPointF(3, 4));
-    }
-
-    void everyKindOfDragTellsTheSameStory()
-    {
-        const std::pair<Drive, bool> kinds[] = {
-            {Drive::Warps, false},
-            {Drive::RawInput, false},
-            {Drive::Moves, false},
-            {Drive::Warps, true}};
-        for (const auto& [drive, isDummy] : kinds) {
-            FakePointerSystem system(drive);
-            system.pointer = {150, 100};
-            DragStage stage(isDummy);
-            for (const QPoint press : {QPoint(50, 50), QPoint(70, 30)}) {
-                stage.press(press);
-                stage.move({3, 2});
-                QCOMPARE(stage.reports, 0);
-                stage.move({9, 1});
-                for (int i = 0; i < 20; ++i) {
-                    QCOMPARE(stage.total, QPointF(i, -i));
-                    stage.move({1, -1});
-                }
-                const QPointF moved(32, -17);
-                const QPointF unended = stage.target->mapToGlobal(press) + moved;
-                const bool isRaw = drive == Drive::RawInput;
-                QCOMPARE(stage.current, isRaw ? moved * stage.window.devicePixelRatio() : unended);
-                stage.mouse.release();
-                stage.move({50, 50});
-                QCOMPARE(std::exchange(stage.reports, 0), 21);
-                QCOMPARE(std::exchange(stage.story, {}), u"se"_qs);
-            }
-            QCOMPARE(system.takeRequests().isEmpty(), isDummy || drive == Drive::Moves);
-        }
     }
 
     /// The doors are GestureDoorsTest's; these are the filter's own ends, and one door.
@@ -152,56 +98,40 @@ private Q_SLOTS:
         }
     }
 
-    void anEndMayPutOffTheDragThatCausedIt()
+    void aSecondDragEndsTheFirstWhichMayPutItOff()
     {
-        FakePointerSystem system(Drive::Warps);
-        DragStage third;
-        const std::pair<Act, QString> obstacles[] = {
-            {[](DragStage& second) { delete second.filter; }, u"se"_qs},
-            {[](DragStage& second) { delete second.target; }, u"se"_qs},
-            {[](DragStage& second) { second.filter->setEnabled(false); }, u"se"_qs},
-            {[](DragStage& second) { second.target->setEnabled(false); }, u"se"_qs},
-            {[&](DragStage&) {
+        using Reaction = std::function<void(DragStage&, DragStage&)>;
+        const std::pair<Reaction, QString> reactions[] = {
+            {[](auto&, auto&) {}, u"ses"_qs},
+            {[](auto& second, auto&) { delete second.filter; }, u"se"_qs},
+            {[](auto& second, auto&) { delete second.target; }, u"se"_qs},
+            {[](auto& second, auto&) { second.filter->setEnabled(false); }, u"se"_qs},
+            {[](auto& second, auto&) { second.target->setEnabled(false); }, u"se"_qs},
+            {[](auto&, auto& third) {
                  third.pressAtOnce({50, 50});
              },
              u"ses"_qs}}; // has precedence
-        for (const auto& [putOff, story] : obstacles) {
-            for (const bool sameFilter : {false, true}) {
-                DragStage first;
-                DragStage other;
-                DragStage& second = sameFilter ? first : other;
-                first.onSignal = {1, [&, act = putOff] { act(second); }};
-                first.press();
-                second.pressAtOnce({70, 60});
-                QCOMPARE(first.story + other.story + third.story, story);
-                third.filter->forceEndDrag();
-                third.story.clear();
-                QVERIFY(system.isFree());
-            }
-        }
-    }
-
-    void aSecondDragEndsTheFirstAndLeavesThePointerThere()
-    {
         for (const Drive drive : {Drive::Warps, Drive::RawInput}) {
-            for (const bool sameFilter : {true, false}) { // whose release got lost
-                FakePointerSystem system(drive);
-                DragStage first;
-                DragStage other;
-                DragStage& second = sameFilter ? first : other;
-                first.press();
-                const QPoint there(210, 95);
-                system.pointer = there;
-                second.pressAtOnce({120, 30});
-                QCOMPARE(system.pointer, there);
-                QCOMPARE(first.story + other.story, u"ses"_qs);
-                QCOMPARE(system.hides, 1);
-                QCOMPARE(system.clip && system.registration, drive == Drive::RawInput);
-                system.pointer += QPoint(9, 9);
-                second.filter->forceEndDrag();
-                const QPoint pressed = second.target->mapToGlobal(QPoint(120, 30));
-                QCOMPARE(system.pointer, drive == Drive::Warps ? pressed : there);
-                QVERIFY(system.isFree());
+            for (const auto& [react, story] : reactions) {
+                for (const bool sameFilter : {false, true}) { // whose release got lost
+                    FakePointerSystem system(drive);
+                    DragStage first;
+                    DragStage other;
+                    DragStage third;
+                    DragStage& second = sameFilter ? first : other;
+                    first.onSignal = {1, [&, act = react] { act(second, third); }};
+                    first.press();
+                    system.pointer = {210, 95};
+                    second.pressAtOnce({120, 30});
+                    QCOMPARE(system.pointer, QPoint(210, 95)); // where the user means it to be
+                    QCOMPARE(first.story + other.story + third.story, story);
+                    QCOMPARE(system.hides, int(story.size()) - 2);
+                    QCOMPARE(bool(system.clip), system.hides == 1 && drive == Drive::RawInput);
+                    delete first.filter;
+                    delete other.filter;
+                    delete third.filter;
+                    QVERIFY(system.isFree());
+                }
             }
         }
     }
@@ -229,63 +159,71 @@ private Q_SLOTS:
     }
 
     /// That the way is exact whatever arrives is PointerMathTest's.
-    void aWarpedDragStaysOnTheScreenUnlessTheServerForbidsWarps()
+    void aWarpKeepsThePointerOnTheScreen()
     {
         const QRect screen = QGuiApplication::primaryScreen()->geometry();
         const QPoint press(screen.left() + 3, screen.center().y());
-        for (const bool allowsWarps : {true, false}) {
-            FakePointerSystem system(Drive::Warps);
-            system.allowsWarps = allowsWarps;
-            system.pointer = press;
-            DragStage stage;
-            stage.send(QEvent::MouseButtonPress, press);
-            stage.send(QEvent::MouseMove, press + QPoint(1, 1));
-            QCOMPARE(system.pointer, press); // might still become a click
-            std::mt19937 random(3);
-            for (int i = 0; i < screen.width(); ++i) {
-                system.moveMouse({7, -2});
-                for (const QPoint position : system.takePositions(random)) {
-                    stage.send(QEvent::MouseMove, position);
-                }
-                QVERIFY(!allowsWarps || screen.contains(system.pointer));
+        FakePointerSystem system(Drive::Warps);
+        system.pointer = press;
+        DragStage stage;
+        stage.send(QEvent::MouseButtonPress, press);
+        stage.send(QEvent::MouseMove, press + QPoint(1, 1));
+        QCOMPARE(system.pointer, press); // might still become a click
+        std::mt19937 random(3);
+        for (int i = 0; i < screen.width(); ++i) {
+            system.moveMouse({7, -2});
+            for (const QPoint position : system.takePositions(random)) {
+                stage.send(QEvent::MouseMove, position);
             }
-            QCOMPARE(stage.current, QPointF(press + QPoint(7, -2) * screen.width()));
-            stage.send(QEvent::MouseButtonRelease, system.pointer);
-            QCOMPARE(system.pointer, press);
+            QVERIFY(screen.contains(system.pointer));
         }
+        QCOMPARE(stage.current, QPointF(press + QPoint(7, -2) * screen.width()));
+        stage.send(QEvent::MouseButtonRelease, system.pointer);
+        QCOMPARE(system.pointer, press);
+        hideNativeMouse();
+        hideNativeMouse(); // is not counted
+        showNativeMouse();
+        showNativeMouse();
+        QVERIFY(system.takeRequests().endsWith(u"; show; hide; show"_qs));
     }
 
-    void hidingIsNotCounted()
+    void theDragDistanceIsNoPartOfTheMovement()
     {
-        FakePointerSystem system(Drive::Warps);
-        void (*const show)() = showNativeMouse;
-        void (*const hide)() = hideNativeMouse;
-        void (*const reset)() = resetNativeMouseState;
-        for (const auto act : {show, hide, hide, show, show, hide, reset, reset}) {
-            act();
-        }
-        const QString heard = u"hide; show; hide; end confinement; show; end confinement"_qs;
-        QCOMPARE(system.takeRequests(), heard);
+        DragStage stage(true);
+        stage.press();
+        stage.move({3, 2});
+        stage.filter->commitDrag({}, {qQNaN(), 50});
+        QCOMPARE(stage.reports, 0);
+        stage.move({4, 1}); // ten pixels in all
+        QCOMPARE(stage.total, QPointF(0, 0));
+        stage.move({20, -5});
+        QCOMPARE(stage.total, QPointF(20, -5));
+        QCOMPARE(stage.current, QPointF(stage.target->mapToGlobal(QPoint(77, 48))));
+        stage.mouse.release();
+        stage.press();
+        stage.move({3, 2}); // begins anew
+        QCOMPARE(stage.reports, 2);
     }
 
     void aRealPointerDragsTenScreensFarAndComesBack()
     {
         DragStage stage;
-        if (!RealPointer::available()) { // off screen a drag goes by mouse moves
-            stage.press();
-            stage.move({30, 0});
-            stage.move({30, 0});
-            QCOMPARE(stage.total, QPointF(30, 0));
-            return;
-        }
         const QScreen* screen = stage.window.screen();
         stage.window.move(screen->geometry().center());
         QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
         const double ratio = screen->devicePixelRatio();
         const QPoint press = stage.target->mapToGlobal(QPoint(50, 50)) * ratio;
-        RealPointer pointer;
-        const bool isRaw = pointer.isFree().has_value();
         for (const QPoint step : {QPoint(40, 4), QPoint(-40, -4)}) {
+            if (!RealPointer::available()) { // off screen a drag goes by mouse moves
+                stage.press();
+                stage.move(step);
+                stage.move(step);
+                stage.mouse.release();
+                QCOMPARE(stage.total, QPointF(step));
+                continue;
+            }
+            RealPointer pointer;
+            const bool isRaw = pointer.isFree().has_value();
             pointer.moveTo(press);
             pointer.press();
             QTRY_VERIFY(stage.filter->isDragging());
