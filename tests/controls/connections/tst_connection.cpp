@@ -148,8 +148,10 @@ private Q_SLOTS:
         QCOMPARE(connection->source(), &attribute);
         QCOMPARE(connection->userData(), QVariant(u"position.x"_qs));
         QCOMPARE(stage.taken(), QByteArray("outer enter, outer move"));
+        const QSignalSpy moves(connection, &ConnectionInstance::moved);
         QCOMPARE(stage.moveTo(kInner), QByteArray("outer leave, inner enter, inner move"));
         QCOMPARE(stage.moveTo(kInner), QByteArray()); // the same place again is nothing new
+        QCOMPARE(moves.count(), 1);
         stage.inner->setEnabled(false);
         QCOMPARE(stage.moveTo(kInner), QByteArray("inner leave, outer enter, outer move"));
         stage.inner->setEnabled(true);

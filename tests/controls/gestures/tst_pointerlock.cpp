@@ -44,7 +44,9 @@ private Q_SLOTS:
             QVERIFY(showActive(window));
             lock->lock();
             const QRect rect = lock->confiningRect();
-            QVERIFY(lock->locked() && !rect.isEmpty() && system.clip == rect);
+            const int margin = int(15 * window.devicePixelRatio());
+            QCOMPARE(rect, system.frame.adjusted(margin, margin, -margin, -margin));
+            QVERIFY(lock->locked() && system.clip == rect);
             system.frame.translate(50, 0);
             lock->lock();
             QCOMPARE(system.clip, std::optional(rect.translated(50, 0)));
