@@ -15,6 +15,7 @@
 
 using namespace studio;
 using ui::test::FakePointer;
+using Key = KeyframeButton::State;
 
 namespace {
 
@@ -41,46 +42,52 @@ struct OpenWindow : StudioWindow
         openDocument(squares(), u"squares"_qs);
         studio::test::showActive(*this);
         viewport().setBackdrop(Backdrop::Dark);
-        selectLayer(0);
-        settle();
+        select(0);
     }
 
-    void settle() { QCoreApplication::processEvents(); }
-
-    NumericField* field(const char* name, int index = 0)
+    void select(int layer)
     {
-        return row(QString::fromLatin1(name)).field(index);
+        selectLayer(layer);
+        QCoreApplication::processEvents();
     }
 
-    AttributeRow& row(const QString& name)
+    AttributeRow& row(const char* name)
     {
         for (auto* row : findChildren<AttributeRow*>()) {
-            if (row->name() == name && row->isVisible()) {
+            if (row->name() == QLatin1String(name) && row->isVisible()) {
                 return *row;
             }
         }
-        qFatal("There is no row %s.", qUtf8Printable(name));
+        qFatal("There is no row %s.", name);
     }
 
-    Numbers value(int layer, Attribute attribute)
+    NumericField* field(const char* name, int index = 0) { return row(name).field(index); }
+    Key keyState(const char* name) { return row(name).keyframeButton()->state(); }
+
+    /// Of the red square.
+    const NumberProperty& property(Attribute attribute)
     {
-        return valueAt(*editor().property({layer, attribute}), player().frame());
+        return *editor().property({0, attribute});
     }
-
-    double x() { return value(0, Attribute::Position)[0]; }
-    double y() { return value(0, Attribute::Position)[1]; }
+    Numbers value(Attribute attribute) { return valueAt(property(attribute), player().frame()); }
+    double x() { return value(Attribute::Position)[0]; }
+    double y() { return value(Attribute::Position)[1]; }
 
     /// What is drawn at a point of the composition.
     QColor colorAt(QPointF point)
     {
-        settle();
+        QCoreApplication::processEvents();
         const ViewMapping& mapping = viewport().mapping();
         const QImage picture = viewport().grab().toImage();
         return ui::test::pixelAt(picture, point * mapping.scale + mapping.origin);
     }
 
-    void pressUndo() { QTest::keySequence(this, QKeySequence::Undo); }
-    void pressRedo() { QTest::keySequence(this, QKeySequence::Redo); }
+    void press(QKeySequence::StandardKey keys, int times = 1)
+    {
+        for (int i = 0; i < times; ++i) {
+            QTest::keySequence(this, keys);
+        }
+    }
 };
 
 /// A drag to the right in a field, as far as the release.
@@ -103,17 +110,9 @@ void scrub(NumericField* field, int distance)
     Scrub(field, distance).pointer.release();
 }
 
-void click(QWidget* widget)
-{
-    FakePointer pointer(widget);
-    pointer.moveTo(widget->rect().center());
-    pointer.press();
-    pointer.release();
-}
-
 void type(NumericField* field, const char* text)
 {
-    click(field);
+    ui::test::click(field);
     QVERIFY(field->hasFocus());
     field->selectAll();
     QTest::keyClicks(field, QString::fromLatin1(text));
@@ -126,7 +125,6 @@ class AttributePanelTest : public studio::test::StudioTest
     Q_OBJECT
 
 private Q_SLOTS:
-
     void aScrubMovesThePictureAndOneUndoRestoresIt()
     {
         OpenWindow window;
@@ -141,18 +139,17 @@ private Q_SLOTS:
         QCOMPARE(window.colorAt({moved + 1, 41}), QColor(Qt::red));
         scrub(window.field("Position", 1), 20);
         const double lowered = window.y();
-        window.settle();
+        QCoreApplication::processEvents();
         ui::test::PaintCounter paints(&window.viewport());
-        window.pressUndo();
-        QCOMPARE(window.value(0, Attribute::Position), (Numbers{moved, 40, 0, 0}));
+        window.press(QKeySequence::Undo);
+        QCOMPARE(window.value(Attribute::Position), (Numbers{moved, 40, 0, 0}));
         QCOMPARE(paints.take(), 1);
-        window.pressUndo();
+        window.press(QKeySequence::Undo);
         QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
-        QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+        QCOMPARE(window.row("Position").value(0), 30.0);
         QVERIFY(!window.editor().canUndo());
-        window.pressRedo();
-        window.pressRedo();
-        QCOMPARE(window.value(0, Attribute::Position), (Numbers{moved, lowered, 0, 0}));
+        window.press(QKeySequence::Redo, 2);
+        QCOMPARE(window.value(Attribute::Position), (Numbers{moved, lowered, 0, 0}));
     }
 
     void everyDoorEndsTheGesture()
@@ -165,12 +162,12 @@ private Q_SLOTS:
             [](OpenWindow& window, FakePointer&) { window.setGalleryShown(true); },
             [](OpenWindow& window, FakePointer&) { window.hide(); },
             [](OpenWindow& window, FakePointer&) {
-                window.pressUndo();
+                window.press(QKeySequence::Undo);
                 QCOMPARE(window.x(), 30.0);
-                window.pressRedo();
+                window.press(QKeySequence::Redo);
             },
             [](OpenWindow& window, FakePointer&) { // another change
-                window.row(u"Opacity"_qs).keyframeButton()->click();
+                window.row("Opacity").keyframeButton()->click();
                 window.editor().undo();
             }};
         for (const auto& leave : doors) {
@@ -196,11 +193,10 @@ private Q_SLOTS:
         QVERIFY(!window.editor().canUndo() && !window.isWindowModified());
     }
 
-    void valuesAndKeysFollowTheFrameAndOnlyWhenTheyChange()
+    void valuesAndKeysFollowTheFrameAndChangesBecomeKeys()
     {
-        using Key = KeyframeButton::State;
         OpenWindow window;
-        AttributeRow& scale = window.row(u"Scale"_qs);
+        AttributeRow& scale = window.row("Scale");
         QSignalSpy still(window.field("Position"), &QLineEdit::textChanged);
         QSignalSpy moving(scale.field(0), &QLineEdit::textChanged);
         const std::tuple<int, double, Key> expected[] = {
@@ -209,62 +205,46 @@ private Q_SLOTS:
             window.player().seek(frame);
             QCOMPARE(scale.value(0), value);
             QCOMPARE(scale.value(1), value);
-            QCOMPARE(scale.keyframeButton()->state(), state);
-            QCOMPARE(window.row(u"Position"_qs).keyframeButton()->state(), Key::None);
+            QCOMPARE(window.keyState("Scale"), state);
+            QCOMPARE(window.keyState("Position"), Key::None);
         }
         QCOMPARE(moving.size(), 2);
         QCOMPARE(still.size(), 0);
 
+        const NumberProperty before = window.property(Attribute::Scale);
         window.player().play();
-        Scrub drag(scale.field(0), 10);
-        QVERIFY(!window.player().isPlaying());
-    }
-
-    void anAnimatedValueTakesItsChangeIntoAKey()
-    {
-        OpenWindow window;
-        const PropertyAddress scale{0, Attribute::Scale};
-        const NumberProperty before = *window.editor().property(scale);
         window.player().seek(4);
-        scrub(window.field("Scale"), 30);
-        const NumberProperty& now = *window.editor().property(scale);
-        QCOMPARE(now.keys.size(), std::size_t(3));
-        QCOMPARE(now.keys[1].time, 4.0);
-        QCOMPARE(now.keys[1].value[1], 140.0);
-        QCOMPARE(now.keys[1].value[0], window.row(u"Scale"_qs).value(0));
-        QCOMPARE(
-            window.row(u"Scale"_qs).keyframeButton()->state(), KeyframeButton::State::KeyAtFrame);
-        window.pressUndo();
-        QCOMPARE(*window.editor().property(scale), before);
-        QCOMPARE(window.row(u"Scale"_qs).value(0), 140.0);
-    }
+        scrub(scale.field(0), 30);
+        QVERIFY(!window.player().isPlaying());
+        const auto& keys = window.property(Attribute::Scale).keys;
+        QCOMPARE(keys.size(), std::size_t(3));
+        QCOMPARE(keys[1].time, 4.0);
+        QCOMPARE(keys[1].value, (Numbers{scale.value(0), 140, keys[1].value[2], 0}));
+        QCOMPARE(window.keyState("Scale"), Key::KeyAtFrame);
+        window.press(QKeySequence::Undo);
+        QCOMPARE(window.property(Attribute::Scale), before);
+        QCOMPARE(scale.value(0), 140.0);
 
-    void aKeyOfTheRowIsAddedAndRemovedByItsButton()
-    {
-        OpenWindow window;
-        window.selectLayer(1);
-        window.settle();
-        KeyframeButton* button = window.row(u"Position Y"_qs).keyframeButton();
-        click(button);
-        QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
+        window.select(1);
+        KeyframeButton* button = window.row("Position Y").keyframeButton();
+        ui::test::click(button);
+        QCOMPARE(button->state(), Key::KeyAtFrame);
         window.player().seek(8);
-        click(button);
-        click(button);
-        QCOMPARE(button->state(), KeyframeButton::State::Animated);
-        for (int i = 0; i < 3; ++i) {
-            window.pressUndo();
-        }
-        QCOMPARE(button->state(), KeyframeButton::State::None);
+        ui::test::click(button);
+        ui::test::click(button);
+        QCOMPARE(button->state(), Key::Animated);
+        window.press(QKeySequence::Undo, 3);
+        QCOMPARE(button->state(), Key::None);
     }
 
     void typedTextIsOneStepAndEscapeLeavesNone()
     {
         OpenWindow window;
-        AttributeRow& row = window.row(u"Position"_qs);
+        AttributeRow& row = window.row("Position");
         type(row.field(0), "90+2");
         QTest::keyClick(row.field(0), Qt::Key_Return);
         QCOMPARE(window.x(), 92.0);
-        window.pressUndo();
+        window.press(QKeySequence::Undo);
         QCOMPARE(window.x(), 30.0);
         QVERIFY(!window.editor().canUndo());
 
@@ -275,38 +255,30 @@ private Q_SLOTS:
         window.findChild<QAction*>(u"undo"_qs)->trigger();
         QCOMPARE(window.y(), y);
         QCOMPARE(row.value(1), y);
-        window.pressUndo();
+        window.press(QKeySequence::Undo);
         QCOMPARE(window.y(), 40.0);
 
         // What is typed when the frame changes belongs to the frame at which it was typed.
         type(window.field("Scale", 1), "50");
         window.player().seek(10);
-        QCOMPARE(window.editor().property({0, Attribute::Scale})->keys[0].value[1], 50.0);
-        QCOMPARE(window.value(0, Attribute::Scale)[1], 200.0);
-        window.pressUndo();
+        QCOMPARE(window.property(Attribute::Scale).keys[0].value[1], 50.0);
+        QCOMPARE(window.value(Attribute::Scale)[1], 200.0);
+        window.press(QKeySequence::Undo);
 
         window.player().seek(3);
-        const NumberProperty before = *window.editor().property({0, Attribute::Scale});
+        const NumberProperty before = window.property(Attribute::Scale);
         NumericField* field = window.field("Scale");
         type(field, "77");
         QTest::keyClick(field, Qt::Key_Up);
-        QCOMPARE(window.value(0, Attribute::Scale)[0], 78.0);
+        QCOMPARE(window.value(Attribute::Scale)[0], 78.0);
         QTest::keyClick(field, Qt::Key_Escape);
-        QCOMPARE(*window.editor().property({0, Attribute::Scale}), before);
+        QCOMPARE(window.property(Attribute::Scale), before);
         QVERIFY(!window.editor().canUndo());
     }
 
     void stepsByKeyAreOneStepHoweverTheyEnd()
     {
         OpenWindow window;
-        const auto stepThrice = [&window] {
-            NumericField* field = window.field("Rotation");
-            type(field, "");
-            for (int i = 0; i < 3; ++i) {
-                QTest::keyClick(field, Qt::Key_Up);
-            }
-            QCOMPARE(window.value(0, Attribute::Rotation)[0], 3.0);
-        };
         const std::function<void()> ends[] = {
             [&] { QTest::keyClick(window.field("Rotation"), Qt::Key_Return); },
             [&] { window.viewport().setFocus(); },
@@ -315,81 +287,72 @@ private Q_SLOTS:
             [] {}, // undo itself
         };
         for (const auto& end : ends) {
-            stepThrice();
+            NumericField* field = window.field("Rotation");
+            type(field, "");
+            for (int i = 0; i < 3; ++i) {
+                QTest::keyClick(field, Qt::Key_Up);
+            }
+            QCOMPARE(window.value(Attribute::Rotation)[0], 3.0);
             end();
             window.findChild<QAction*>(u"undo"_qs)->trigger();
-            QCOMPARE(window.value(0, Attribute::Rotation)[0], 0.0);
+            QCOMPARE(window.value(Attribute::Rotation)[0], 0.0);
             QVERIFY(!window.editor().canUndo());
-            window.selectLayer(0);
-            window.settle();
-            QCOMPARE(window.row(u"Rotation"_qs).value(0), 0.0);
+            window.select(0);
+            QCOMPARE(window.row("Rotation").value(0), 0.0);
         }
     }
 
-    void whatARowChangesTogetherIsOneStep()
+    void whatARowChangesTogetherIsOneStepAndTheTitleFollows()
     {
         OpenWindow window;
-        window.row(u"Scale"_qs).setLinked(true);
+        window.row("Scale").setLinked(true);
         scrub(window.field("Scale"), 20);
-        const Numbers scale = window.value(0, Attribute::Scale);
+        const Numbers scale = window.value(Attribute::Scale);
         QVERIFY(scale[0] > 100 && scale[1] == scale[0]);
-        window.row(u"Position"_qs).reset();
-        QCOMPARE(window.value(0, Attribute::Position), Numbers());
+        window.row("Position").reset();
+        QCOMPARE(window.value(Attribute::Position), Numbers());
         QGuiApplication::clipboard()->setText(u"#2080ff"_qs);
-        window.row(u"Solid"_qs).swatch()->paste();
+        window.row("Solid").swatch()->paste();
         QCOMPARE(window.colorAt({1, 1}), QColor(0x20, 0x80, 0xff));
-        for (int i = 0; i < 3; ++i) {
-            window.pressUndo();
-        }
-        QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
-        QCOMPARE(window.value(0, Attribute::Scale)[1], 100.0);
-        QVERIFY(!window.editor().canUndo());
-    }
-
-    void theTitleAndTheSelectionFollowTheHistory()
-    {
-        OpenWindow window;
-        QVERIFY(!window.isWindowModified());
-        scrub(window.field("Position"), 30);
-        QVERIFY(window.isWindowModified());
-        window.selectLayer(-1);
+        window.select(-1);
         QVERIFY(window.findChildren<AttributeRow*>().isEmpty());
-        window.pressUndo();
-        QVERIFY(!window.isWindowModified());
-        QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
-        QCOMPARE(window.findChild<QAction*>(u"redo"_qs)->text(), u"&Redo Change Position"_qs);
-
+        QVERIFY(window.isWindowModified());
+        window.press(QKeySequence::Undo, 3);
+        QVERIFY(!window.isWindowModified() && !window.editor().canUndo());
+        QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));
+        QCOMPARE(window.row("Scale").value(1), 100.0); // its layer is selected
+        const auto* redo = window.findChild<QAction*>(u"redo"_qs);
+        QCOMPARE(redo->text(), u"&Redo Change Scale"_qs);
         window.openDocument(squares(), u"a[*]b"_qs);
         QCOMPARE(window.windowTitle(), u"a[*][*]b (200 × 100)[*]"_qs);
-        QVERIFY(!window.findChild<QAction*>(u"redo"_qs)->isEnabled());
+        QVERIFY(!redo->isEnabled());
     }
 
-    void keysOnAControlAreNotTheTransports()
+    void keysOnAControlAreNotTheTransportsAndTheListSelects()
     {
         OpenWindow window;
-        KeyframeButton* button = window.row(u"Opacity"_qs).keyframeButton();
+        KeyframeButton* button = window.row("Opacity").keyframeButton();
         button->setFocus(Qt::TabFocusReason);
         QTest::keyClick(button, Qt::Key_Space);
         QVERIFY(!window.player().isPlaying());
-        QCOMPARE(button->state(), KeyframeButton::State::KeyAtFrame);
+        QCOMPARE(button->state(), Key::KeyAtFrame);
         window.viewport().setFocus();
         QTest::keyClick(&window.viewport(), Qt::Key_Space);
         QVERIFY(window.player().isPlaying());
-    }
-
-    void theListSelectsByKeyAndLongListsOfColorsAreCut()
-    {
-        OpenWindow window;
         auto* list = window.findChild<QListWidget*>();
         QTest::keyClick(list, Qt::Key_Down);
-        QCOMPARE(window.row(u"Position X"_qs).value(0), 100.0);
+        QCOMPARE(window.row("Position X").value(0), 100.0);
         QTest::keyClick(list, Qt::Key_Up);
-        QCOMPARE(window.row(u"Position"_qs).value(0), 30.0);
+        QCOMPARE(window.row("Position").value(0), 30.0);
+    }
 
-        const QByteArray fill = R"({"ty":"fl","c":{"k":[0,0,1]}})";
+    void longListsOfColorsAreCut()
+    {
+        OpenWindow window;
+        const QByteArrayList fills(45, R"({"ty":"fl","c":{"k":[0,0,1]}})");
         window.openDocument(
-            std::make_shared<Document>(studio::test::documentOf(
-                studio::test::shapeLayer(fill + QByteArray("," + fill).repeated(44)))),
+            std::make_shared<Document>(
+                studio::test::documentOf(studio::test::shapeLayer(fills.join(',')))),
             u"many"_qs);
         window.selectLayer(0);
         QCOMPARE(window.findChildren<ColorSwatch*>().size(), 40);

@@ -42,6 +42,11 @@ struct OpenEditor : DocumentEditor
 {
     OpenEditor() { setDocument(twoLayers()); }
 
+    void set(const PropertyAddress& address, int frame, double x)
+    {
+        setEntries(address, frame, {{0, x}});
+    }
+
     NumberProperty copyOf(const PropertyAddress& address) const { return *property(address); }
 };
 
@@ -199,17 +204,11 @@ private Q_SLOTS:
             return std::pair(editor.copyOf(kPositionOf0), editor.copyOf(kRotationOf1));
         };
         const std::function<void()> steps[] = {
-            [&] {
-                editor.setEntries(kPositionOf0, 5, {{0, 1}});
-            },
-            [&] {
-                editor.setEntries(kRotationOf1, 5, {{0, 2}});
-            },                                          // ends the gesture before it
+            [&] { editor.set(kPositionOf0, 5, 1); },
+            [&] { editor.set(kRotationOf1, 5, 2); },    // ends the gesture before it
             [&] { editor.toggleKey(kRotationOf1, 5); }, // and so does this
             [&] { editor.toggleKey(kPositionOf0, 0); },
-            [&] {
-                editor.setEntries(kRotationOf1, 9, {{0, 3}});
-            }};
+            [&] { editor.set(kRotationOf1, 9, 3); }};
         std::vector states{now()};
         for (const auto& step : steps) {
             step();
@@ -228,46 +227,39 @@ private Q_SLOTS:
         }
     }
 
-    void whatChangesNothingLeavesNoStep()
+    void whatChangesNothingLeavesNoStepNorDoesAnotherDocument()
     {
         OpenEditor editor;
-        editor.setEntries(kRotationOf1, 0, {{0, 31}});
-        editor.setEntries(kRotationOf1, 0, {{0, 30}});
+        editor.set(kRotationOf1, 0, 31);
+        editor.set(kRotationOf1, 0, 30);
         editor.commit();
-        QVERIFY(!editor.canUndo() && !editor.isModified());
         const NumberProperty before = editor.copyOf(kPositionOf0);
         editor.setEntries(kPositionOf0, 10, {{0, 3}, {1, 4}});
         editor.setEntries(kPositionOf0, 10, {});
         QCOMPARE(editor.copyOf(kPositionOf0), before);
-        QVERIFY(!editor.canUndo() && !editor.isModified());
-
-        for (const PropertyAddress& nothing : std::vector<PropertyAddress>{
-                 {-1, Attribute::Scale},
-                 {2, Attribute::Scale},
-                 {0, Attribute::ShapeColor},
-                 {0, Attribute::ShapeColor, {0, 3}}})
-        {
-            editor.setEntries(nothing, 0, {{0, 5}});
-            editor.toggleKey(nothing, 0);
+        const PropertyAddress nothing[] = {
+            {-1, Attribute::Scale},
+            {2, Attribute::Scale},
+            {0, Attribute::ShapeColor},
+            {0, Attribute::ShapeColor, {0, 3}}};
+        for (const PropertyAddress& address : nothing) {
+            editor.set(address, 0, 5);
+            editor.toggleKey(address, 0);
         }
         editor.toggleKey({0, Attribute::SolidColor}, 0);
-        QVERIFY(!editor.canUndo());
-        editor.setDocument(nullptr);
-        editor.setEntries(kRotationOf1, 0, {{0, 5}});
-        QVERIFY(!editor.canUndo());
-    }
+        QVERIFY(!editor.canUndo() && !editor.isModified());
 
-    void aStepOfAnotherDocumentIsForgotten()
-    {
-        OpenEditor editor;
-        editor.setEntries(kRotationOf1, 0, {{0, 31}});
+        editor.set(kRotationOf1, 0, 31);
         editor.commit();
-        editor.setEntries(kRotationOf1, 0, {{0, 32}});
+        editor.set(kRotationOf1, 0, 32);
         editor.setDocument(twoLayers());
         QVERIFY(!editor.canUndo() && !editor.isModified());
         editor.undo();
         editor.commit();
         QCOMPARE(editor.property(kRotationOf1)->value[0], 30.0);
+        editor.setDocument(nullptr);
+        editor.set(kRotationOf1, 0, 5);
+        QVERIFY(!editor.canUndo());
     }
 
     void drawnColorsAreFoundWhereTheyLie()

@@ -55,8 +55,7 @@ private Q_SLOTS:
             const QImage rest = picture(*sheet.cell(row, kRest));
             for (int column = kRest + 1; column <= kLastState; ++column) {
                 if (const QWidget* cell = sheet.cell(row, column)) {
-                    const QString name =
-                        sheet.textAt(row, 0) + QStringLiteral(", ") + sheet.textAt(0, column);
+                    const QString name = sheet.textAt(row, 0) + u", "_qs + sheet.textAt(0, column);
                     QVERIFY2(picture(*cell) != rest, qUtf8Printable(name));
                 }
             }

@@ -108,14 +108,6 @@ private Q_SLOTS:
         QCOMPARE(seen.image.pixelColor(150, 500), QColor(Qt::white));
     }
 
-    void aFillTakesThePathsOfNestedGroups()
-    {
-        const QByteArray group = R"({"ty":"gr","it":[{"ty":"gr","it":[)" + kRect + "]}]},";
-        QCOMPARE(
-            enlarged(documentOf(shapeLayer(group + kFill))).image.pixelColor(500, 500),
-            QColor(Qt::red));
-    }
-
     void autoOrientKeepsTheWayBeyondTheKeysAndAtRest()
     {
         constexpr double kFrames[] = {-5, 0, 5, 10, 10.5, 20, 30};
@@ -153,13 +145,6 @@ private Q_SLOTS:
         QCOMPARE(missing[0].layerByte, missing[2].layerByte);
         QCOMPARE(missing[0].feature, missing[4].feature);
         QVERIFY(missing[0].layerByte != missing[4].layerByte);
-    }
-
-    void aTinyNumberIsZero()
-    {
-        const Layer tiny = onlyLayer(R"("ty":3,"ks":{"r":{"k":1e-400}})");
-        QVERIFY(!tiny.span.isEmpty());
-        QCOMPARE(tiny.transform.rotation.value[0], 0.0);
     }
 
     void aPipeIsRefusedUnopened()

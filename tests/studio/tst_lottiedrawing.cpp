@@ -121,7 +121,7 @@ void LottieDrawingTest::aLineOfPixelsShowsWhatItShould()
 
     row("a fill takes the paths above it only", shapes({left, red, right, blue}), "..RRRRBB...");
     row("the first layer on top", shapes({small}) + "," + shapes({big}), "..BRRRRB...");
-    const QByteArray moved = group({left}, R"(,"p":{"k":[30,0]})");
+    const QByteArray moved = group({group({left})}, R"(,"p":{"k":[30,0]})");
     row("a fill takes groups' paths", shapes({moved, red}), ".....RRRR..");
     const QByteArray hidden = R"({"hd":true,)" + left.mid(1);
     row("a hidden shape is not there", shapes({hidden, right, red}), "....RRRR...");

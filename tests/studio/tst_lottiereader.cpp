@@ -99,6 +99,8 @@ private Q_SLOTS:
             QVERIFY2(result, text.constData());
             QVERIFY(!frameOf(*result.document, 5).isNull());
         }
+        const Layer tiny = onlyLayer(R"("ty":3,"ks":{"r":{"k":1e-400}})");
+        QVERIFY(!tiny.span.isEmpty() && tiny.transform.rotation.value[0] == 0);
     }
 
     void everyValueKnowsItsPlace()

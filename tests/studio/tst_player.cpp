@@ -40,23 +40,24 @@ class PlayerTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void framesFollowTimeAndLoop()
+    void framesFollowTimeAndLoopAndTheOutPointIsNone()
     {
+        constexpr double kInf = std::numeric_limits<double>::infinity();
         const FrameRange range{0, 89};
-        QCOMPARE(frameAt(0.999, 30, range, 0), 29);
-        QCOMPARE(frameAt(7 / 29.97, 29.97, range, 0), 7); // a millionth of a frame is rounding
-        QCOMPARE(frameAt(3, 30, range, 0), 0);
-        QCOMPARE(frameAt(1, 30, range, 80), 20);
-        QCOMPARE(frameAt(1.7, 10, (FrameRange{-5, 4}), 0), -3);
-        QCOMPARE(frameAt(0, 60, range, 100), 89);
-        QCOMPARE(frameAt(365.0 * 86400, 60, range, 1), 1);
-        QCOMPARE(frameAt(std::numeric_limits<double>::infinity(), 60, range, 0), 0);
-        QCOMPARE(frameAt(-5, 60, range, 3), 3);
-        QCOMPARE(frameAt(std::nan(""), 60, range, 3), 3);
-    }
-
-    void theOutPointIsNoFrame()
-    {
+        const std::tuple<double, double, FrameRange, int, int> cases[] = {
+            {0.999, 30, range, 0, 29},
+            {7 / 29.97, 29.97, range, 0, 7}, // a millionth of a frame is rounding
+            {3, 30, range, 0, 0},
+            {1, 30, range, 80, 20},
+            {1.7, 10, {-5, 4}, 0, -3},
+            {0, 60, range, 100, 89},
+            {365.0 * 86400, 60, range, 1, 1},
+            {kInf, 60, range, 0, 0},
+            {-5, 60, range, 3, 3},
+            {std::nan(""), 60, range, 3, 3}};
+        for (const auto& [seconds, rate, frames, start, expected] : cases) {
+            QCOMPARE(frameAt(seconds, rate, frames, start), expected);
+        }
         QCOMPARE(frameRange(-2.5, 89.5), (FrameRange{-2, 89}));
         QCOMPARE(frameRange(0.5, 3), (FrameRange{1, 2}));
         QCOMPARE(frameRange(3.2, 3.6), (FrameRange{4, 4})); // between two frames
@@ -75,25 +76,14 @@ private Q_SLOTS:
         QCOMPARE(driven.player.droppedFrames(), 4);
     }
 
-    void theTimerRunsOnlyWhilePlaying()
-    {
-        DrivenPlayer driven;
-        driven.player.seek(5);
-        QVERIFY(!driven.timerRuns());
-        driven.player.toggle();
-        QVERIFY(driven.timerRuns());
-        driven.player.toggle();
-        QVERIFY(!driven.timerRuns());
-
-        driven.player.setTrack({0, 99}, std::nan("")); // never leaves a frame
-        driven.player.play();
-        QVERIFY(!driven.timerRuns());
-    }
-
     void playingGoesOnFromWhereItWasSoughtAndSteppingEndsIt()
     {
         DrivenPlayer driven;
-        driven.player.play();
+        driven.player.toggle();
+        driven.player.toggle();
+        QVERIFY(!driven.timerRuns());
+        driven.player.toggle();
+        QVERIFY(driven.timerRuns());
         driven.passTo(0.5);
         driven.player.seek(50);
         driven.passTo(0.7);
@@ -105,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(driven.player.frame(), 0);
 
         driven.player.setTrack({-3, 3}, 25);
-        QVERIFY(!driven.player.isPlaying());
+        QVERIFY(!driven.player.isPlaying() && !driven.timerRuns());
         QCOMPARE(driven.player.frame(), -3);
 
         driven.player.play();
@@ -114,6 +104,9 @@ private Q_SLOTS:
         QCOMPARE(driven.player.frame(), 3);
         driven.player.step(17);
         QCOMPARE(driven.player.frame(), -1);
+        driven.player.setTrack({0, 99}, std::nan("")); // never leaves a frame
+        driven.player.play();
+        QVERIFY(!driven.timerRuns());
     }
 
     void readOutsFollowTheLocale()

@@ -1,14 +1,13 @@
 
-#include "studiotest.h"
+#include "support/TestCase.h"
+#include "support/paths.h"
 
 #include <QDir>
 #include <QProcess>
-#include <QWheelEvent>
+#include <QTemporaryDir>
 
 #include <tuple>
 #include <vector>
-
-using namespace studio;
 
 namespace {
 
@@ -64,17 +63,8 @@ QString written(const QTemporaryDir& folder, const QString& name, const QByteArr
     return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() ? path : QString();
 }
 
-struct OpenWindow : StudioWindow
-{
-    OpenWindow()
-    {
-        [this] { QVERIFY(openFile(samplePaths().first())); }();
-        studio::test::showActive(*this);
-    }
-};
-
-/// The program as its user starts it, and what its keys and buttons do away from the editor.
-class ProgramTest : public studio::test::StudioTest
+/// The program as its user starts it.
+class ProgramTest : public ui::test::TestCase
 {
     Q_OBJECT
 
@@ -124,66 +114,6 @@ private Q_SLOTS:
             QCOMPARE(
                 QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
         }
-    }
-
-    void keysOfTheEditorRestInTheGallery()
-    {
-        OpenWindow window;
-        window.setGalleryShown(true);
-        const double scale = window.viewport().mapping().scale;
-        for (const auto key : {Qt::Key_Space, Qt::Key_End, Qt::Key_Plus}) {
-            QTest::keyClick(&window, key);
-        }
-        QVERIFY(!window.player().isPlaying());
-        QCOMPARE(window.player().frame(), window.player().range().first);
-        QCOMPARE(window.viewport().mapping().scale, scale);
-        QVERIFY(!window.openFile(u":/samples"_qs)); // a notice is seen here too
-        QVERIFY(window.notice().isVisible() && !window.viewport().isVisible());
-        window.setGalleryShown(false);
-        QTest::keyClick(&window, Qt::Key_Space);
-        QVERIFY(window.player().isPlaying());
-    }
-
-    void onlyTurningTheWheelUpOrDownZooms()
-    {
-        OpenWindow window;
-        Viewport& viewport = window.viewport();
-        const auto turn = [&viewport](QPoint delta) {
-            const QPointF at(50, 50);
-            const QPointF global = viewport.mapToGlobal(at);
-            const auto none = Qt::NoButton;
-            QWheelEvent event(at, global, {}, delta, none, {}, Qt::NoScrollPhase, false);
-            QApplication::sendEvent(&viewport, &event);
-        };
-        const double before = viewport.mapping().scale;
-        turn({120, 0});
-        window.resize(window.size() - QSize(200, 200));
-        QTRY_VERIFY(viewport.mapping().scale < before); // still fitted
-        const double fittedScale = viewport.mapping().scale;
-        turn({0, 120});
-        QCOMPARE(viewport.mapping().scale, fittedScale * 1.2);
-    }
-
-    void aPanEndsWithItsButtonOrTheFocus()
-    {
-        OpenWindow window;
-        Viewport& viewport = window.viewport();
-        ui::test::FakePointer pointer(&viewport);
-        pointer.moveTo({50, 50});
-        pointer.press();
-        pointer.press(Qt::MiddleButton);
-        pointer.release();
-        const QPointF origin = viewport.mapping().origin;
-        pointer.moveTo({90, 90}); // with the other button still down
-        QCOMPARE(viewport.mapping().origin, origin);
-        pointer.release(Qt::MiddleButton);
-
-        pointer.press();
-        viewport.clearFocus();
-        pointer.moveTo({20, 20});
-        QCOMPARE(viewport.mapping().origin, origin);
-        QCOMPARE(viewport.cursor().shape(), Qt::OpenHandCursor);
-        pointer.release();
     }
 };
 

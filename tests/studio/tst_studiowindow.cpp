@@ -5,6 +5,9 @@
 #include <MorrantUI/theme/colors.h>
 
 #include <QMimeData>
+#include <QWheelEvent>
+
+#include <functional>
 
 using namespace studio;
 using ui::test::pixelAt;
@@ -111,13 +114,21 @@ private Q_SLOTS:
         QVERIFY(window.player().isPlaying());
         QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
         QVERIFY(!window.player().isPlaying() && !window.viewport().isVisible());
+        const double fittedScale = window.viewport().mapping().scale;
+        for (const auto key : {Qt::Key_Space, Qt::Key_Plus}) { // rest in the gallery
+            QTest::keyClick(&window, key);
+        }
+        QCOMPARE(frameAfter(Qt::Key_End), 1);
+        QVERIFY(!window.player().isPlaying());
+        QCOMPARE(window.viewport().mapping().scale, fittedScale);
+        QVERIFY(!window.openFile(u":/samples"_qs)); // a notice is seen here too
+        QVERIFY(window.notice().isVisible() && !window.viewport().isVisible());
         QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
 
         const auto scaleAfter = [&window](Qt::Key key) {
             QTest::keyClick(&window, key);
             return window.viewport().mapping().scale;
         };
-        const double fittedScale = window.viewport().mapping().scale;
         QCOMPARE(scaleAfter(Qt::Key_1), 1.0);
         QCOMPARE(scaleAfter(Qt::Key_Plus), 1.25);
         QCOMPARE(scaleAfter(Qt::Key_Minus), 1.0);
@@ -141,22 +152,7 @@ private Q_SLOTS:
         QCOMPARE(window.player().frame(), 19);
     }
 
-    void onlyANewFrameRepaintsTheViewport()
-    {
-        OpenWindow window;
-        Viewport& viewport = window.viewport();
-        ui::test::PaintCounter paints(&viewport);
-        paints.take();
-        window.player().seek(5);
-        QCOMPARE(paints.take(), 1);
-        viewport.setFrame(5);
-        viewport.setBackdrop(Backdrop::Chequer);
-        QCOMPARE(paints.take(), 0);
-        viewport.setBackdrop(Backdrop::Light);
-        QCOMPARE(paints.take(), 1);
-    }
-
-    void theCompositionCoversItsRectangleOnly()
+    void theCompositionCoversItsRectangleAndOnlyChangesRepaint()
     {
         Viewport viewport;
         viewport.resize(464, 264);
@@ -171,6 +167,19 @@ private Q_SLOTS:
         QCOMPARE(pixelAt(image, {234.5, 100.5}), QColor(Qt::black));
         QCOMPARE(pixelAt(image, {30.5, 100.5}), outside);
         QCOMPARE(pixelAt(image, {434.5, 100.5}), outside);
+
+        studio::test::showActive(viewport);
+        ui::test::PaintCounter paints(&viewport);
+        paints.take();
+        const std::pair<std::function<void()>, int> changes[] = {
+            {[&] { viewport.setFrame(5); }, 1},
+            {[&] { viewport.setFrame(5); }, 0},
+            {[&] { viewport.setBackdrop(Backdrop::Dark); }, 0},
+            {[&] { viewport.setBackdrop(Backdrop::Light); }, 1}};
+        for (const auto& [change, repaints] : changes) {
+            change();
+            QCOMPARE(paints.take(), repaints);
+        }
     }
 
     void zoomingKeepsThePointBelowThePointer()
@@ -185,25 +194,46 @@ private Q_SLOTS:
         }
     }
 
-    void aFittedCompositionStaysFittedUntilItIsMoved()
+    void aFittedCompositionStaysFittedUntilItIsMovedByPanOrWheel()
     {
         Viewport viewport;
         viewport.resize(464, 264);
         viewport.setDocument(halfRed());
         studio::test::showActive(viewport);
+        const auto turn = [&viewport](QPoint delta) {
+            const QPointF global = viewport.mapToGlobal(QPointF(50, 50));
+            const auto none = Qt::NoButton;
+            QWheelEvent event({50, 50}, global, {}, delta, none, {}, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&viewport, &event);
+        };
+        turn({120, 0}); // aside
         viewport.resize(864, 364);
         QTRY_COMPARE(viewport.mapping().scale, 3.0);
 
         ui::test::FakePointer pointer(&viewport);
-        const QPointF before = viewport.mapping().origin;
+        const auto origin = [&viewport] { return viewport.mapping().origin; };
+        const QPointF before = origin();
         pointer.moveTo({100, 100});
+        pointer.press();
         pointer.press(Qt::MiddleButton);
         pointer.dragTo({130, 90});
+        pointer.release();
+        const QPointF panned = before + QPointF(30, -10);
+        QCOMPARE(origin(), panned);
+        pointer.moveTo({90, 90}); // with the other button still down
+        QCOMPARE(origin(), panned);
         pointer.release(Qt::MiddleButton);
-        QCOMPARE(viewport.mapping().origin, before + QPointF(30, -10));
+        pointer.press();
+        viewport.clearFocus();
+        pointer.moveTo({20, 20});
+        QCOMPARE(origin(), panned);
+        QCOMPARE(viewport.cursor().shape(), Qt::OpenHandCursor);
+        pointer.release();
 
         viewport.resize(464, 264);
-        QTRY_COMPARE(viewport.mapping().origin, before + QPointF(30 - 200, -10 - 50));
+        QTRY_COMPARE(origin(), panned - QPointF(200, 50));
+        turn({0, 120});
+        QCOMPARE(viewport.mapping().scale, 3.0 * 1.2);
     }
 };
 

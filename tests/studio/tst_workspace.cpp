@@ -173,20 +173,21 @@ private Q_SLOTS:
     void aClosedPanelComesBackToItsPlace()
     {
         OpenWindow window;
-        const Layout before = window.arrangement();
+        const LayoutNode before = window.arrangement().root;
+        const auto setOpen = [&window](const Workspace::Panel& panel, bool open) {
+            window.workspace().setPanelOpen(panel.id, open);
+            settle();
+        };
         for (const Workspace::Panel& panel : window.workspace().panels()) {
-            window.workspace().setPanelOpen(panel.id, false);
-            settle();
-            window.workspace().setPanelOpen(panel.id, true);
-            settle();
-            Layout after = window.arrangement();
-            QCOMPARE(panelsOf(after.root), panelsOf(before.root));
-            QCOMPARE(after.root.children.size(), before.root.children.size());
+            setOpen(panel, false);
+            setOpen(panel, true);
+            const LayoutNode after = window.arrangement().root;
+            QCOMPARE(panelsOf(after), panelsOf(before));
+            QCOMPARE(after.children.size(), before.children.size());
         }
         for (const bool open : {false, true}) {
             for (const Workspace::Panel& panel : window.workspace().panels()) {
-                window.workspace().setPanelOpen(panel.id, open);
-                settle();
+                setOpen(panel, open);
             }
         }
         for (const auto* group : gMainWindow->findChildren<DockableGroup*>()) {
@@ -194,29 +195,23 @@ private Q_SLOTS:
         }
     }
 
-    void aClosedFloatingGroupKeepsItsPanels()
+    void aFloatingGroupHidesWithTheWorkspaceAndKeepsItsPanelsWhenClosed()
     {
         OpenWindow window;
         QWidget* const list = window.panel(u"layers"_qs).content();
         window.panel(u"attributes"_qs).undock(true);
         DockableWindow* group = window.panel(u"attributes"_qs)
                                     .dockInArea(&window.panel(u"layers"_qs), DockableArea::Center);
+        for (const bool gallery : {true, false}) {
+            window.setGalleryShown(gallery);
+            QCOMPARE(group->isVisible(), !gallery);
+            QCOMPARE(window.arrangement().floating.size(), std::size_t(1));
+        }
         QVERIFY(group->close());
         settle();
         QCOMPARE(window.arrangement().closed, (QStringList{u"layers"_qs, u"attributes"_qs}));
         window.workspace().setPanelOpen(u"layers"_qs, true);
         QCOMPARE(window.panel(u"layers"_qs).content(), list);
-    }
-
-    void floatingPanelsAreHiddenWithTheWorkspace()
-    {
-        OpenWindow window;
-        window.panel(u"layers"_qs).undock(true);
-        window.setGalleryShown(true);
-        QVERIFY(!window.panel(u"layers"_qs).isVisible());
-        QCOMPARE(window.arrangement().floating.size(), std::size_t(1));
-        window.setGalleryShown(false);
-        QVERIFY(window.panel(u"layers"_qs).isVisible());
     }
 
     void theLayoutIsKeptFromOneWindowToTheNext()

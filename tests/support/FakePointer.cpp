@@ -31,6 +31,13 @@ void FakePointer::release(Qt::MouseButton button)
     send(QEvent::MouseButtonRelease, button);
 }
 
+void FakePointer::click(QPoint position)
+{
+    moveTo(position);
+    press();
+    release();
+}
+
 void FakePointer::dragTo(QPoint position, int step)
 {
     const QPoint start = m_position;

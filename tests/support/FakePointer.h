@@ -19,6 +19,9 @@ public:
     void press(Qt::MouseButton button = Qt::LeftButton);
     void release(Qt::MouseButton button = Qt::LeftButton);
 
+    /// Moves there, presses and releases.
+    void click(QPoint position);
+
     /// Moves in straight steps of at most `step` pixels.
     void dragTo(QPoint position, int step = 5);
 
@@ -33,5 +36,11 @@ private:
     Qt::MouseButtons m_buttons;
     Qt::KeyboardModifiers m_modifiers;
 };
+
+/// Clicks the middle of a widget.
+inline void click(QWidget* widget)
+{
+    FakePointer(widget).click(widget->rect().center());
+}
 
 } // namespace ui::test

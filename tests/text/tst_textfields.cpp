@@ -18,7 +18,16 @@ struct Form : QWidget
         show();
         activateWindow();
         field->setFocus();
+        [this] { QTRY_VERIFY(field->hasFocus()); }();
     }
+
+    /// Focuses the field and presses a key in it.
+    void press(Qt::Key key, Qt::KeyboardModifiers held = {}) const
+    {
+        field->setFocus();
+        QTest::keyClick(field, key, held);
+    }
+
     QPointer<PlainTextEdit> field = new PlainTextEdit(this);
     QLineEdit* other = new QLineEdit(this);
     QSignalSpy reports{field, &PlainTextEdit::valueChanged};
@@ -37,149 +46,132 @@ class TextFieldsTest : public ui::test::StyledTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void anEditIsReportedOnce();
-    void aSlotMayDoAnything();
-    void groundAndKeysAreTheFieldsOwn();
-    void onlyTimeCodesCanBePasted();
-    void pastesOfEveryKindAreTaken();
-};
+    void anEditIsReportedOnce()
+    {
+        Form form;
+        QTest::keyClicks(form.field, u"abc"_qs);
+        QCOMPARE(form.reports.count(), 0);
+        form.press(Qt::Key_Enter, Qt::KeypadModifier);
+        QCOMPARE(form.reports.count(), 1);
+        QVERIFY(!form.field->hasFocus());
+        QCOMPARE(form.field->toPlainText(), u"abc"_qs);
 
-void TextFieldsTest::anEditIsReportedOnce()
-{
-    Form form;
-    QTRY_VERIFY(form.field->hasFocus());
-    QTest::keyClicks(form.field, QStringLiteral("abc"));
-    QCOMPARE(form.reports.count(), 0);
-    QTest::keyClick(form.field, Qt::Key_Enter, Qt::KeypadModifier);
-    QCOMPARE(form.reports.count(), 1);
-    QVERIFY(!form.field->hasFocus());
-    QCOMPARE(form.field->toPlainText(), QStringLiteral("abc"));
-
-    form.field->setFocus();
-    form.other->setFocus(); // untouched
-    QCOMPARE(form.reports.count(), 1);
-    form.field->setFocus();
-    QTest::keyClick(form.field, Qt::Key_Return); // breaks the line while nothing is edited
-    QTest::keyClick(form.field, Qt::Key_Return, Qt::ShiftModifier); // and so always
-    QCOMPARE(form.reports.count(), 1);
-    QCOMPARE(form.field->toPlainText(), QStringLiteral("abc\n\n"));
-    QTest::keyClick(form.field, Qt::Key_Return); // the breaks were an edit
-    QCOMPARE(form.reports.count(), 2);
-    form.field->setFocus();
-    QTest::keyClick(form.field, Qt::Key_Z, Qt::ControlModifier); // undone after the report
-    form.other->setFocus();
-    QCOMPARE(form.reports.count(), 3);
-
-    form.field->setPlainText(QStringLiteral("the host's"));
-    form.field->setFocus();
-    QInputMethodEvent composed;
-    composed.setCommitString(QStringLiteral("\u00e9"));
-    QCoreApplication::sendEvent(form.field, &composed);
-    QTest::mouseClick(form.other, Qt::LeftButton);
-    QCOMPARE(form.reports.count(), 4);
-}
-
-void TextFieldsTest::aSlotMayDoAnything()
-{
-    Form form;
-    QTRY_VERIFY(form.field->hasFocus());
-    QObject::connect(form.field, &PlainTextEdit::valueChanged, &form, [&form] {
-        form.field->setPlainText(form.field->toPlainText().trimmed());
+        form.field->setFocus();
+        form.other->setFocus();                        // untouched
+        form.press(Qt::Key_Return);                    // breaks the line while nothing is edited
+        form.press(Qt::Key_Return, Qt::ShiftModifier); // and so always
+        QCOMPARE(form.reports.count(), 1);
+        QCOMPARE(form.field->toPlainText(), u"abc\n\n"_qs);
+        form.press(Qt::Key_Return); // the breaks were an edit
+        QCOMPARE(form.reports.count(), 2);
+        form.press(Qt::Key_Z, Qt::ControlModifier); // undone after the report
         form.other->setFocus();
-    });
-    QTest::keyClicks(form.field, QStringLiteral(" a "));
-    QTest::keyClick(form.field, Qt::Key_Return);
-    QCOMPARE(form.field->toPlainText(), QStringLiteral("a"));
-    QCOMPARE(form.reports.count(), 1);
+        QCOMPARE(form.reports.count(), 3);
 
-    for (const bool byKey : {true, false}) {
-        Form mortal;
-        QTRY_VERIFY(mortal.field->hasFocus());
-        QObject::connect(mortal.field, &PlainTextEdit::valueChanged, &mortal, [&mortal] {
-            delete mortal.field;
+        form.field->setPlainText(u"the host's"_qs);
+        form.field->setFocus();
+        QInputMethodEvent composed;
+        composed.setCommitString(u"é"_qs);
+        QCoreApplication::sendEvent(form.field, &composed);
+        QTest::mouseClick(form.other, Qt::LeftButton);
+        QCOMPARE(form.reports.count(), 4);
+    }
+
+    void aSlotMayDoAnything()
+    {
+        Form form;
+        connect(form.field, &PlainTextEdit::valueChanged, &form, [&form] {
+            form.field->setPlainText(form.field->toPlainText().trimmed());
+            form.other->setFocus();
         });
-        QTest::keyClicks(mortal.field, QStringLiteral("x"));
-        if (byKey) {
-            QTest::keyClick(mortal.field, Qt::Key_Return);
-        } else {
-            mortal.other->setFocus();
+        QTest::keyClicks(form.field, u" a "_qs);
+        form.press(Qt::Key_Return);
+        QCOMPARE(form.field->toPlainText(), u"a"_qs);
+        QCOMPARE(form.reports.count(), 1);
+
+        for (const bool byKey : {true, false}) {
+            Form mortal;
+            connect(mortal.field, &PlainTextEdit::valueChanged, &mortal, [&mortal] {
+                delete mortal.field;
+            });
+            QTest::keyClicks(mortal.field, u"x"_qs);
+            byKey ? mortal.press(Qt::Key_Return) : mortal.other->setFocus();
+            QVERIFY(!mortal.field);
         }
-        QVERIFY(!mortal.field);
     }
-}
 
-void TextFieldsTest::groundAndKeysAreTheFieldsOwn()
-{
-    PlainTextEdit field;
-    const QColor ground = field.palette().color(QPalette::Disabled, QPalette::Base);
-    QCOMPARE(ground, ui::colorQt(QStringLiteral("Window")));
-    const auto keeps = [&field](int key, Qt::KeyboardModifiers held = {}, const char* text = "") {
-        QKeyEvent event(QEvent::ShortcutOverride, key, held, QLatin1String(text));
-        event.ignore();
-        QCoreApplication::sendEvent(&field, &event);
-        return event.isAccepted();
-    };
-    const Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
-    QVERIFY(keeps(Qt::Key_C, Qt::ControlModifier, "\x03"));
-    QVERIFY(keeps(Qt::Key_A, Qt::ControlModifier));
-    QVERIFY(keeps(Qt::Key_Left));
-    QVERIFY(keeps(Qt::Key_Down, Qt::ShiftModifier));
-    QVERIFY(keeps(Qt::Key_Escape, Qt::NoModifier, "\x1b"));
-    QVERIFY(keeps(Qt::Key_K, Qt::NoModifier, "k"));
-    QVERIFY(keeps(Qt::Key_Q, altGr, "@"));
-    QVERIFY(!keeps(Qt::Key_F5));
-    QVERIFY(!keeps(Qt::Key_S, Qt::ControlModifier, "\x13")); // Save
-    field.setReadOnly(true); // the base keeps these two while it can be edited
-    QVERIFY(!keeps(Qt::Key_Z, Qt::ControlModifier, "\x1a"));
-    QVERIFY(!keeps(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "\x1a"));
-}
+    void groundAndKeysAreTheFieldsOwn()
+    {
+        PlainTextEdit field;
+        const QColor ground = field.palette().color(QPalette::Disabled, QPalette::Base);
+        QCOMPARE(ground, ui::colorQt(u"Window"_qs));
+        const Qt::KeyboardModifiers ctrl = Qt::ControlModifier;
+        const std::tuple<int, Qt::KeyboardModifiers, const char*, bool> cases[] = {
+            {Qt::Key_C, ctrl, "\x03", true},
+            {Qt::Key_A, ctrl, "", true},
+            {Qt::Key_Left, {}, "", true},
+            {Qt::Key_Down, Qt::ShiftModifier, "", true},
+            {Qt::Key_Escape, {}, "\x1b", true},
+            {Qt::Key_K, {}, "k", true},
+            {Qt::Key_Q, ctrl | Qt::AltModifier, "@", true},
+            {Qt::Key_F5, {}, "", false},
+            {Qt::Key_S, ctrl, "\x13", false}, // Save
+            {Qt::Key_Z, ctrl, "\x1a", false}, // the base keeps these two while it can be edited
+            {Qt::Key_Z, ctrl | Qt::ShiftModifier, "\x1a", false}};
+        for (const auto& [key, held, text, isKept] : cases) {
+            field.setReadOnly(key == Qt::Key_Z);
+            QKeyEvent event(QEvent::ShortcutOverride, key, held, QLatin1String(text));
+            event.ignore();
+            QCoreApplication::sendEvent(&field, &event);
+            QVERIFY2(event.isAccepted() == isKept, QByteArray::number(key, 16));
+        }
+    }
 
-void TextFieldsTest::onlyTimeCodesCanBePasted()
-{
-    TimeCodeEdit field;
-    QVERIFY(field.sizeHint().height() <= QLineEdit().sizeHint().height() + 2);
-    field.show();
-    const QString taken[] = {
-        QStringLiteral("01:02:03"), QStringLiteral("::"), QStringLiteral("\uff11\u0661")};
-    for (const QString& text : taken) {
-        field.clear();
-        pasteText(field, text);
-        QCOMPARE(field.toPlainText(), text);
+    void onlyTimeCodesCanBePasted()
+    {
+        TimeCodeEdit field;
+        QVERIFY(field.sizeHint().height() <= QLineEdit().sizeHint().height() + 2);
+        field.show();
+        for (const QString& text : {u"01:02:03"_qs, u"::"_qs, u"\uff11\u0661"_qs}) {
+            field.clear();
+            pasteText(field, text);
+            QCOMPARE(field.toPlainText(), text);
+        }
+        const QString kept = field.toPlainText();
+        for (const char* refused : {"01:02:03 ", "1.2", "12f", "-1", "1\n2", "²", "\U0001D7CF"}) {
+            pasteText(field, QString::fromUtf8(refused));
+            QCOMPARE(field.toPlainText(), kept);
+        }
+        // A drop comes the same way; one that is refused leaves its text where it came from.
+        for (const bool isCode : {true, false}) {
+            QMimeData data;
+            data.setText(isCode ? u"5"_qs : u"five"_qs);
+            QDragEnterEvent enter({5, 5}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(field.viewport(), &enter);
+            QDropEvent drop({5, 5}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            drop.ignore();
+            QCoreApplication::sendEvent(field.viewport(), &drop);
+            QCOMPARE(drop.isAccepted(), isCode);
+        }
+        QCOMPARE(field.toPlainText().size(), kept.size() + 1);
     }
-    const QString kept = field.toPlainText();
-    for (const char* refused : {"01:02:03 ", "1.2", "12f", "-1", "1\n2", "\u00b2", "\U0001D7CF"}) {
-        pasteText(field, QString::fromUtf8(refused));
-        QCOMPARE(field.toPlainText(), kept);
-    }
-    // A drop comes the same way; one that is refused leaves its text where it came from.
-    for (const bool isCode : {true, false}) {
-        QMimeData data;
-        data.setText(isCode ? QStringLiteral("5") : QStringLiteral("five"));
-        QDragEnterEvent enter({5, 5}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(field.viewport(), &enter);
-        QDropEvent drop({5, 5}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        drop.ignore();
-        QCoreApplication::sendEvent(field.viewport(), &drop);
-        QCOMPARE(drop.isAccepted(), isCode);
-    }
-    QCOMPARE(field.toPlainText().size(), kept.size() + 1);
-}
 
-void TextFieldsTest::pastesOfEveryKindAreTaken()
-{
-    PlainTextEdit field;
-    field.show();
-    QSignalSpy pasted(&field, &PlainTextEdit::textPasted);
-    auto* const files = new QMimeData;
-    files->setUrls({QUrl::fromLocalFile(QStringLiteral("/a.png"))});
-    QGuiApplication::clipboard()->setMimeData(files);
-    field.paste();
-    QGuiApplication::clipboard()->setImage(QImage(8, 8, QImage::Format_RGB32));
-    field.paste();
-    pasteText(field, (QString(1000, u'x') + u'\n').repeated(10'000)); // 10 MB
-    QCOMPARE(pasted.count(), 3);
-    QCOMPARE(field.blockCount(), 10'001);
-}
+    void pastesOfEveryKindAreTaken()
+    {
+        PlainTextEdit field;
+        field.show();
+        QSignalSpy pasted(&field, &PlainTextEdit::textPasted);
+        auto* const files = new QMimeData;
+        files->setUrls({QUrl::fromLocalFile(u"/a.png"_qs)});
+        QGuiApplication::clipboard()->setMimeData(files);
+        field.paste();
+        QGuiApplication::clipboard()->setImage(QImage(8, 8, QImage::Format_RGB32));
+        field.paste();
+        pasteText(field, (QString(1000, u'x') + u'\n').repeated(10'000)); // 10 MB
+        QCOMPARE(pasted.count(), 3);
+        QCOMPARE(field.blockCount(), 10'001);
+    }
+};
 
 const ui::test::Registration<TextFieldsTest> kRegistration;
 

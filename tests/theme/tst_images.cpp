@@ -25,7 +25,7 @@ class ImagesTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void swatchesHaveRoundedTransparentCorners()
+    void swatchesHaveTransparentCornersAndChequerBoxesTwoColors()
     {
         const QColor color(200, 100, 50, 128);
         const QImage image = ui::drawColorSquare(color, {20, 12}, 4);
@@ -37,16 +37,14 @@ private Q_SLOTS:
         const QImage pill = ui::drawRoundColor(Qt::red, {15, 40});
         QCOMPARE(pill.pixelColor(1, 1).alpha(), 0);
         QCOMPARE(pill.pixelColor(1, 20), QColor(Qt::red));
-    }
 
-    void aChequerBoxIsColoredInTwoQuadrants()
-    {
-        const QImage image = ui::drawChequerBox(Qt::red, {16, 12}, 5);
-        QCOMPARE(image.format(), kFormat);
-        QCOMPARE(image.pixelColor(7, 5), QColor(Qt::red));
-        QCOMPARE(image.pixelColor(8, 6), QColor(Qt::red));
+        const QImage box = ui::drawChequerBox(Qt::red, {16, 12}, 5);
+        QCOMPARE(box.format(), kFormat);
+        for (const QPoint inked : {QPoint(7, 5), {8, 6}}) {
+            QCOMPARE(box.pixelColor(inked), QColor(Qt::red));
+        }
         for (const QPoint blank : {QPoint(8, 5), {7, 6}, {0, 0}}) { // white outside the corner too
-            QCOMPARE(image.pixelColor(blank), QColor(Qt::white));
+            QCOMPARE(box.pixelColor(blank), QColor(Qt::white));
         }
     }
 
@@ -68,24 +66,31 @@ private Q_SLOTS:
 
     void colorsFillTheStripTranslucentOnesOverAChequer()
     {
-        QCOMPARE(ui::palettePreviewSegment(1, 3, 100), QRect(33, 0, 33, 16));
-        QCOMPARE(ui::palettePreviewSegment(2, 3, 100), QRect(66, 0, 34, 16));
-        QCOMPARE(ui::palettePreviewSegment(2, 3, 2), QRect(0, 0, 2, 16));
-        QVERIFY(ui::palettePreviewSegment(3, 3, 100).isEmpty());
-        QVERIFY(ui::palettePreviewSegment(-1, 3, 100).isEmpty());
-
+        const std::tuple<int, int, QRect> segments[] = {
+            {1, 100, {33, 0, 33, 16}},
+            {2, 100, {66, 0, 34, 16}},
+            {2, 2, {0, 0, 2, 16}},
+            {3, 100, {}},
+            {-1, 100, {}}};
+        for (const auto& [index, width, expected] : segments) {
+            QCOMPARE(ui::palettePreviewSegment(index, 3, width), expected);
+        }
         const QColor base(40, 50, 60);
         ui::test::makeTheme<VisualDesignBase>().setColor(u"Base"_qs, base);
         const QImage image =
             ui::drawPalettePreview({Qt::red, QColor(0, 0, 255, 0), QColor(0, 255, 0, 128)}, 24.9);
 
         QCOMPARE(image.size(), QSize(24, 16));
-        QCOMPARE(image.pixelColor(7, 15), QColor(Qt::red));
-        QCOMPARE(image.pixelColor(8, 0), QColor(Qt::white));
-        QCOMPARE(image.pixelColor(12, 0), base);
-        QCOMPARE(image.pixelColor(11, 4), base);
-        QCOMPARE(image.pixelColor(15, 15), QColor(Qt::white));
-        QVERIFY(closeTo(image.pixelColor(16, 8), QColor(127, 255, 127)));
+        const std::pair<QPoint, QColor> pixels[] = {
+            {{7, 15}, Qt::red},
+            {{8, 0}, Qt::white},
+            {{12, 0}, base},
+            {{11, 4}, base},
+            {{15, 15}, Qt::white},
+            {{16, 8}, {127, 255, 127}}};
+        for (const auto& [at, expected] : pixels) {
+            QVERIFY(closeTo(image.pixelColor(at), expected));
+        }
         QCOMPARE(ui::drawPalettePreview({}, 10.0).pixelColor(9, 15).alpha(), 0);
     }
 
@@ -152,7 +157,7 @@ private Q_SLOTS:
         QCOMPARE(QImageToBase64(QImage()), QString());
     }
 
-    void brightnessOfAColorScalesUpAndDown()
+    void brightnessScalesButIntegerColorsOnlyGetDarkerOrPaler()
     {
         const std::tuple<const char*, QColor, double, QColor> cases[] = {
             {"unchanged but opaque", {255, 0, 0, 100}, 100.0, {255, 0, 0}},
@@ -166,16 +171,13 @@ private Q_SLOTS:
             QCOMPARE(result.spec(), QColor::Rgb);
             QVERIFY2(result.rgba() == expected.rgba(), name);
         }
-    }
 
-    void integerColorsOnlyGetDarkerOrPaler()
-    {
-        const std::tuple<const char*, unsigned int, double, unsigned int, unsigned int> cases[] = {
-            {"above 100", 0xFF804020U, 150.0, 0xFF804020U, 0xFF804020U},
-            {"half, and alpha is lost", 0x00804020U, 50.0, 0xFF402010U, 0xFF806050U},
-            {"negative", 0xFF804020U, -1.0, 0xFF000000U, 0xFF808080U},
-            {"not a number", 0xFF804020U, kNan, 0xFF000000U, 0xFF808080U}};
-        for (const auto& [name, argb, percent, value, saturation] : cases) {
+        const std::tuple<const char*, unsigned int, double, unsigned int, unsigned int> integers[] =
+            {{"above 100", 0xFF804020U, 150.0, 0xFF804020U, 0xFF804020U},
+             {"half, and alpha is lost", 0x00804020U, 50.0, 0xFF402010U, 0xFF806050U},
+             {"negative", 0xFF804020U, -1.0, 0xFF000000U, 0xFF808080U},
+             {"not a number", 0xFF804020U, kNan, 0xFF000000U, 0xFF808080U}};
+        for (const auto& [name, argb, percent, value, saturation] : integers) {
             QVERIFY2(ui::changeValue(argb, percent) == value, name);
             QVERIFY2(ui::changeSaturation(argb, percent) == saturation, name);
         }

@@ -188,15 +188,16 @@ private Q_SLOTS:
 
     void aFieldShowsItsFocusAndOthersOnlyThatOfTheKeyboard()
     {
-        QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_PushButton));
-        QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_CheckBox));
-        QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(QStyle::CE_RadioButton));
-        QVERIFY(
-            onlyTheKeyboardRings<QStyleOptionTab>(QStyle::CE_TabBarTab, QStyle::State_Selected));
+        for (const auto button :
+             {QStyle::CE_PushButton, QStyle::CE_CheckBox, QStyle::CE_RadioButton}) {
+            QVERIFY(onlyTheKeyboardRings<QStyleOptionButton>(button));
+        }
+        const auto selected = QStyle::State_Selected;
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionTab>(QStyle::CE_TabBarTab, selected));
         QVERIFY(onlyTheKeyboardRings<QStyleOptionComboBox>(QStyle::CC_ComboBox));
         QVERIFY(onlyTheKeyboardRings<QStyleOptionSlider>(QStyle::CC_Slider));
-        QVERIFY(onlyTheKeyboardRings<QStyleOptionToolButton>(
-            QStyle::CC_ToolButton, QStyle::State_AutoRaise));
+        const auto raised = QStyle::State_AutoRaise;
+        QVERIFY(onlyTheKeyboardRings<QStyleOptionToolButton>(QStyle::CC_ToolButton, raised));
 
         auto option = enabledOption<QStyleOptionFrame>();
         option.lineWidth = 1;
@@ -443,8 +444,13 @@ private Q_SLOTS:
     void dialogsGetTheThemesPictures()
     {
         const QProxyStyle fusion(u"fusion"_qs);
-        const QSize size(16, 16);
-        for (const QStyle::StandardPixmap picture :
+        QStyleOption mirrored;
+        mirrored.direction = Qt::RightToLeft;
+        const auto seen =
+            [](const QStyle& from, auto picture, const QStyleOption* option = nullptr) {
+                return from.standardIcon(picture, option).pixmap(QSize(16, 16)).toImage();
+            };
+        for (const auto picture :
              {QStyle::SP_MessageBoxWarning,
               QStyle::SP_DirIcon,
               QStyle::SP_FileIcon,
@@ -452,17 +458,13 @@ private Q_SLOTS:
               QStyle::SP_ArrowUp,
               QStyle::SP_LineEditClearButton})
         {
-            const QImage own = style().standardIcon(picture).pixmap(size).toImage();
-            QVERIFY2(!own.isNull(), qPrintable(QString::number(picture)));
-            QVERIFY(own != fusion.standardIcon(picture).pixmap(size).toImage());
+            const QImage own = seen(style(), picture);
+            QVERIFY2(!own.isNull() && own != seen(fusion, picture), QByteArray::number(picture));
         }
-        QStyleOption mirrored;
-        mirrored.direction = Qt::RightToLeft;
-        const auto seen = [&](QStyle::StandardPixmap picture, const QStyleOption* option) {
-            return style().standardIcon(picture, option).pixmap(size).toImage();
-        };
-        QCOMPARE(seen(QStyle::SP_ArrowBack, nullptr), seen(QStyle::SP_ArrowLeft, nullptr));
-        QCOMPARE(seen(QStyle::SP_ArrowBack, &mirrored), seen(QStyle::SP_ArrowRight, &mirrored));
+        QCOMPARE(seen(style(), QStyle::SP_ArrowBack), seen(style(), QStyle::SP_ArrowLeft));
+        QCOMPARE(
+            seen(style(), QStyle::SP_ArrowBack, &mirrored),
+            seen(style(), QStyle::SP_ArrowRight, &mirrored));
         QCOMPARE(style().styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
     }
 

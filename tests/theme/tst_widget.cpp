@@ -34,21 +34,21 @@ private Q_SLOTS:
             }
             return corners;
         };
-        const num2<double> none{0.0, 0.0};
-        widget.setRadius(12.0);
-        QCOMPARE(filled(), QByteArray("0000"));
-        widget.setRadius(-3.0);
-        widget.setRadius(std::numeric_limits<double>::quiet_NaN());
-        QCOMPARE(filled(), QByteArray("1111"));
-        widget.setRadius(12.0, 0.0, 0.0, 12.0);
-        QCOMPARE(filled(), QByteArray("0110"));
-        widget.setRadius({12.0, 12.0}, {12.0, 12.0}, none, none);
-        QCOMPARE(filled(), QByteArray("0011"));
-        widget.setRadius(1.0); // instead of the four
-        QCOMPARE(filled(), QByteArray("1111"));
-        widget.setRadius(12.0);
-        widget.setRadius(none, none, none, none); // instead of the one
-        QCOMPARE(filled(), QByteArray("1111"));
+        const num2<double> none{0, 0};
+        const num2<double> round{12, 12};
+        const std::pair<std::function<void()>, const char*> steps[] = {
+            {[&] { widget.setRadius(12); }, "0000"},
+            {[&] { widget.setRadius(-3); }, "1111"},
+            {[&] { widget.setRadius(std::numeric_limits<double>::quiet_NaN()); }, "1111"},
+            {[&] { widget.setRadius(12, 0, 0, 12); }, "0110"},
+            {[&] { widget.setRadius(round, round, none, none); }, "0011"},
+            {[&] { widget.setRadius(1); }, "1111"}, // instead of the four
+            {[&] { widget.setRadius(12); }, "0000"},
+            {[&] { widget.setRadius(none, none, none, none); }, "1111"}}; // instead of the one
+        for (const auto& [step, corners] : steps) {
+            step();
+            QCOMPARE(filled(), QByteArray(corners));
+        }
     }
 
     void theBorderLiesInsideTheWidgetUntilItIsCleared()
