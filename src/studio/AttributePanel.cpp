@@ -6,7 +6,10 @@
 #include <MorrantUI/controls/values/ColorSwatch.h>
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/layouts/CollapsibleSection.h>
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/theme/icons.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -157,6 +160,8 @@ void AttributePanel::follow(DocumentEditor& editor)
 {
     connect(&editor, &DocumentEditor::edited, this, [this] { refresh(); });
     connect(&editor, &DocumentEditor::historyChanged, this, [this] { refresh(); });
+    connect(&editor, &DocumentEditor::layersAboutToChange, this, &AttributePanel::finishEditing);
+    connect(&editor, &DocumentEditor::layersChanged, this, &AttributePanel::showLayer);
 }
 
 void AttributePanel::setLayer(int layer)
@@ -205,10 +210,19 @@ void AttributePanel::rebuild()
     m_transform->setContent(buildRows(transform));
     m_colors->setContent(buildRows(colors));
     m_colors->setVisible(!colors.empty());
-    setRemark(
-        transform.empty() ? QString()
-                          : document->main.layers[static_cast<std::size_t>(m_layer)].name);
+    showLayer();
     m_pages->setCurrentIndex(transform.empty() ? 0 : 1);
+}
+
+/// The layer's name, and whether it lets its attributes be edited.
+void AttributePanel::showLayer()
+{
+    const auto document = m_editor->document();
+    const Layer* layer = document ? findLayer(*document, m_layer) : nullptr;
+    const bool isLocked = layer && layer->locked;
+    setRemark(!layer ? QString() : isLocked ? tr("%1, locked").arg(layer->name) : layer->name);
+    m_transform->setEnabled(!isLocked);
+    m_colors->setEnabled(!isLocked);
 }
 
 QWidget* AttributePanel::buildRows(const std::vector<PropertyAddress>& addresses)
@@ -238,6 +252,7 @@ AttributeRow* AttributePanel::buildRow(const PropertyAddress& address)
     } else {
         for (std::size_t i = 0; i < count; ++i) {
             NumericField* field = widget->addField(defaultOf(attribute));
+            field->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
             if (attribute == Attribute::Opacity) {
                 field->setMin(0);
                 field->setMax(kFull);
@@ -279,7 +294,7 @@ void AttributePanel::connectRow(AttributeRow* widget)
 }
 
 /// Null for a widget whose row has gone.
-AttributePanel::Row* AttributePanel::rowOf(const AttributeRow* widget)
+AttributePanel::Row* AttributePanel::rowOf(const QWidget* widget)
 {
     const auto found = std::find_if(
         m_rows.begin(), m_rows.end(), [widget](const Row& row) { return row.widget == widget; });
@@ -304,6 +319,27 @@ void AttributePanel::take(const AttributeRow* widget, bool committed)
     if (committed) {
         m_editor->commit();
     }
+}
+
+void AttributePanel::fillMenu(ContextMenu& menu, QPoint point)
+{
+    const QWidget* at = childAt(point);
+    while (at && at != this && !rowOf(at)) {
+        at = at->parentWidget();
+    }
+    const Row* row = at ? rowOf(at) : nullptr;
+    if (!row || !canBeAnimated(row->address.attribute)) {
+        return;
+    }
+    const bool hasKey =
+        keyStateAt(*m_editor->property(row->address), m_frame) == KeyState::KeyAtFrame;
+    const QString icon = hasKey ? u"icons:keyframeRemove.png"_qs : u"icons:keyframeAdd.png"_qs;
+    QAction* toggle = menu.addAction(
+        ui::getCachedIcon(icon),
+        hasKey ? tr("Remove &Key") : tr("Add &Key"),
+        this,
+        [this, address = row->address] { m_editor->toggleKey(address, m_frame); });
+    toggle->setEnabled(row->widget->isEnabled());
 }
 
 void AttributePanel::refresh()

@@ -7,6 +7,7 @@
 
 class AttributeRow;
 class CollapsibleSection;
+class ContextMenu;
 class QStackedWidget;
 
 namespace studio {
@@ -30,6 +31,9 @@ public:
     /// Takes over what is being typed and ends the gesture, so that the document is complete.
     void finishEditing();
 
+    /// Adds the rows of the menu at a point: what the attribute there can do.
+    void fillMenu(ContextMenu& menu, QPoint point);
+
 Q_SIGNALS:
     /// The user has begun to drag or to type.
     void editingStarted();
@@ -51,10 +55,11 @@ private:
 
     void follow(DocumentEditor& editor);
     void rebuild();
+    void showLayer();
     QWidget* buildRows(const std::vector<PropertyAddress>& addresses);
     AttributeRow* buildRow(const PropertyAddress& address);
     void connectRow(AttributeRow* widget);
-    Row* rowOf(const AttributeRow* widget);
+    Row* rowOf(const QWidget* widget);
     void take(const AttributeRow* widget, bool committed);
     void refresh();
     void refresh(Row& row);

@@ -4,6 +4,7 @@
 #include "editing/DocumentEditor.h"
 #include "playback.h"
 
+#include <QHash>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,6 +22,7 @@ DocumentPage::DocumentPage(QWidget* parent)
     layout->addWidget(m_viewport);
     setFocusProxy(m_viewport);
     connect(m_editor, &DocumentEditor::edited, m_viewport, qOverload<>(&QWidget::update));
+    connect(m_editor, &DocumentEditor::layersChanged, this, &DocumentPage::followLayers);
     connect(
         m_viewport,
         &Viewport::leftUnfinished,
@@ -49,6 +51,23 @@ void DocumentPage::setDocument(
 const Document* DocumentPage::document() const
 {
     return m_editor->document().get();
+}
+
+/// What is listed by layer goes by the names that layers have now.
+void DocumentPage::followLayers()
+{
+    m_viewport->update();
+    if (m_notDrawn.empty()) {
+        return;
+    }
+    QHash<quint32, QString> names;
+    for (const Layer& shown : document()->main.layers) {
+        names.insert(shown.span.begin, shown.name);
+    }
+    for (MissingFeature& missing : m_notDrawn) {
+        missing.layer = names.value(missing.layerByte, missing.layer);
+    }
+    Q_EMIT notDrawnChanged();
 }
 
 void DocumentPage::listUnfinished(const MissingFeature& found)

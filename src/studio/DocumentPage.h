@@ -41,6 +41,7 @@ Q_SIGNALS:
     void notDrawnChanged();
 
 private:
+    void followLayers();
     void listUnfinished(const MissingFeature& found);
 
     DocumentEditor* m_editor;

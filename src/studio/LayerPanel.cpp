@@ -1,86 +1,144 @@
 #include "LayerPanel.h"
 
-#include "lottie/Document.h"
+#include "LayerModel.h"
+#include "LayerTree.h"
+#include "commands.h"
+#include "editing/DocumentEditor.h"
 #include <MorrantUI/theme/icons.h>
 
-#include <QListWidget>
+#include <QAction>
 #include <QLocale>
-#include <QSignalBlocker>
+#include <QMenu>
+
+#include <algorithm>
 
 namespace studio {
 
 namespace {
 
-QString iconPath(LayerKind kind)
+enum Place
 {
-    switch (kind) {
-    case LayerKind::Precomposition: return QStringLiteral("icons:precompLayer.png");
-    case LayerKind::Solid: return QStringLiteral("icons:solidLayer.png");
-    case LayerKind::Null: return QStringLiteral("icons:nullLayer.png");
-    case LayerKind::Shape: return QStringLiteral("icons:shapeLayer.png");
-    case LayerKind::Other: break;
-    }
-    return QStringLiteral("icons:warning.png");
-}
+    Rename,
+    Hide,
+    Lock,
+    MoveUp,
+    MoveDown,
+};
 
-QString kindName(LayerKind kind)
+bool hasAny(const DocumentEditor& editor, const std::vector<int>& layers, bool Layer::*flag)
 {
-    switch (kind) {
-    case LayerKind::Precomposition: return LayerPanel::tr("Precomposition");
-    case LayerKind::Solid: return LayerPanel::tr("Solid");
-    case LayerKind::Null: return LayerPanel::tr("Null");
-    case LayerKind::Shape: return LayerPanel::tr("Shape");
-    case LayerKind::Other: break;
-    }
-    return LayerPanel::tr("Not drawn");
-}
-
-QListWidgetItem* makeRow(const Layer& layer)
-{
-    auto* row = new QListWidgetItem(ui::getCachedIcon(iconPath(layer.kind)), layer.name);
-    QString hint = kindName(layer.kind);
-    if (layer.hidden) {
-        hint = LayerPanel::tr("%1, hidden").arg(hint);
-    }
-    row->setToolTip(hint);
-    return row;
+    return std::any_of(layers.begin(), layers.end(), [&](int layer) {
+        const Layer* found = findLayer(*editor.document(), layer);
+        return found && found->*flag;
+    });
 }
 
 } // namespace
 
 LayerPanel::LayerPanel(QWidget* parent)
     : Panel(tr("Layers"), parent)
-    , m_list(new QListWidget)
+    , m_model(new LayerModel(this))
+    , m_tree(new LayerTree(*m_model))
+    , m_menu(new QMenu(tr("&Layer"), this))
 {
-    m_list->setFrameShape(QFrame::NoFrame);
-    m_list->setUniformItemSizes(true);
-    m_list->setAccessibleName(tr("Layers"));
-    writeInNamedColors(m_list);
-    setContent(m_list);
-    connect(m_list, &QListWidget::itemSelectionChanged, this, [this] {
-        const QListWidgetItem* selected = m_list->selectedItems().value(0);
-        Q_EMIT layerSelected(selected ? m_list->row(selected) : -1);
-    });
+    m_tree->setAccessibleName(tr("Layers"));
+    setContent(m_tree);
+    buildMenu();
+    connect(
+        m_tree->selectionModel(),
+        &QItemSelectionModel::selectionChanged,
+        this,
+        &LayerPanel::showSelection);
+    connect(m_model, &QAbstractItemModel::layoutChanged, this, &LayerPanel::showSelection);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &LayerPanel::showActions);
+    showActions();
 }
 
-void LayerPanel::setDocument(const Document& document)
+void LayerPanel::buildMenu()
 {
-    const QSignalBlocker blocker(m_list); // told once, when all rows are there
-    m_list->clear();
-    for (const Layer& layer : document.main.layers) {
-        QListWidgetItem* row = makeRow(layer);
-        if (layer.hidden) {
-            row->setData(kColorNameRole, QStringLiteral("HelperHints"));
-        }
-        m_list->addItem(row);
-    }
-    setRemark(QLocale().toString(m_list->count()));
-    Q_EMIT layerSelected(-1);
+    m_actions = addCommands(
+        *m_menu,
+        {
+            {tr("&Rename"), u"rename"_qs, {Qt::Key_F2}, [this] { rename(); }},
+            {tr("&Hide"), u"eyeOff"_qs, {Qt::CTRL | Qt::Key_H}, [this] { toggleHidden(); }},
+            {tr("&Lock"), u"lock"_qs, {Qt::CTRL | Qt::Key_L}, [this] { toggleLocked(); }},
+            {tr("Move &Up"), u"chevronUp"_qs, {Qt::ALT | Qt::Key_Up}, [this] { move(-1); }},
+            {tr("Move &Down"), u"chevronDown"_qs, {Qt::ALT | Qt::Key_Down}, [this] { move(1); }},
+        });
+}
+
+void LayerPanel::setEditor(DocumentEditor& editor)
+{
+    selectLayer(-1);
+    m_model->setEditor(editor);
+    selectLayer(-1); // names of layers may be the same in another document
+    setRemark(QLocale().toString(m_model->rowCount()));
+    showSelection();
 }
 
 void LayerPanel::selectLayer(int layer)
 {
-    m_list->setCurrentRow(layer, QItemSelectionModel::ClearAndSelect);
+    const QModelIndex row = m_model->index(layer, 0);
+    m_tree->selectionModel()->setCurrentIndex(
+        row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void LayerPanel::rename()
+{
+    Q_EMIT wanted();
+    m_tree->setFocus();
+    m_tree->renameCurrent();
+}
+
+void LayerPanel::toggleHidden()
+{
+    const auto layers = m_tree->selectedLayers();
+    DocumentEditor& editor = *m_model->editor();
+    const auto isShown = [&editor](int layer) { return !hasAny(editor, {layer}, &Layer::hidden); };
+    editor.setHidden(layers, std::any_of(layers.begin(), layers.end(), isShown));
+}
+
+void LayerPanel::toggleLocked()
+{
+    const auto layers = m_tree->selectedLayers();
+    DocumentEditor& editor = *m_model->editor();
+    editor.setLocked(layers, !hasAny(editor, layers, &Layer::locked));
+}
+
+/// @param step 1 or -1
+void LayerPanel::move(int step)
+{
+    const auto layers = m_tree->selectedLayers();
+    m_model->editor()->moveLayers(layers, step < 0 ? layers.front() - 1 : layers.back() + 2);
+}
+
+void LayerPanel::showSelection()
+{
+    const auto layers = m_tree->selectedLayers();
+    showActions();
+    Q_EMIT layerSelected(layers.empty() ? -1 : layers.front());
+}
+
+void LayerPanel::showActions()
+{
+    const auto layers = m_tree->selectedLayers();
+    const bool isAny = !layers.empty();
+    const bool isLocked = isAny && hasAny(*m_model->editor(), layers, &Layer::locked);
+    const auto isHidden = [this](int layer) {
+        return hasAny(*m_model->editor(), {layer}, &Layer::hidden);
+    };
+    const bool shows = isAny && std::all_of(layers.begin(), layers.end(), isHidden);
+    m_actions[Hide]->setText(shows ? tr("S&how") : tr("&Hide"));
+    m_actions[Hide]->setIcon(
+        ui::getCachedIcon(shows ? u"icons:eye.png"_qs : u"icons:eyeOff.png"_qs));
+    m_actions[Lock]->setText(isLocked ? tr("Un&lock") : tr("&Lock"));
+    m_actions[Lock]->setIcon(
+        ui::getCachedIcon(isLocked ? u"icons:unlock.png"_qs : u"icons:lock.png"_qs));
+    m_actions[Rename]->setEnabled(layers.size() == 1 && !isLocked);
+    m_actions[Hide]->setEnabled(isAny);
+    m_actions[Lock]->setEnabled(isAny);
+    m_actions[MoveUp]->setEnabled(isAny && !isLocked && layers.front() > 0);
+    m_actions[MoveDown]->setEnabled(isAny && !isLocked && layers.back() < m_model->rowCount() - 1);
 }
 
 } // namespace studio

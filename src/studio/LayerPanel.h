@@ -2,14 +2,17 @@
 
 #include "Panel.h"
 
-class QListWidget;
+class QAction;
+class QMenu;
 
 namespace studio {
 
-struct Document;
+class DocumentEditor;
+class LayerModel;
+class LayerTree;
 
-/// The layers of the main composition, first on top, each with the icon of its kind. One of them
-/// can be selected.
+/// The layers of the main composition in a tree: renamed in place, taken elsewhere by the mouse or
+/// Alt with Up and Down, hidden and locked by a click on their icons.
 class LayerPanel : public Panel
 {
     Q_OBJECT
@@ -17,17 +20,34 @@ class LayerPanel : public Panel
 public:
     explicit LayerPanel(QWidget* parent = nullptr);
 
-    /// Reads the layers once; the document may go afterwards.
-    void setDocument(const Document& document);
-    /// Selects a layer by its place; -1 selects none. layerSelected() follows if that is a change.
+    /// Shows the layers of a document, which may be null, and selects none.
+    void setEditor(DocumentEditor& editor);
+    /// Selects a layer alone by its place; -1 selects none. layerSelected() follows if that is a
+    /// change.
     void selectLayer(int layer);
 
+    /// What can be done to the selected layers.
+    QMenu* menu() const { return m_menu; }
+
 Q_SIGNALS:
-    /// -1: none. Comes with every document, since its layers are others.
+    /// The place of the first selected layer, also after it has moved; -1 for none.
     void layerSelected(int layer);
+    /// The panel should be to be seen: a name is about to be edited in it.
+    void wanted();
 
 private:
-    QListWidget* m_list;
+    void buildMenu();
+    void rename();
+    void toggleHidden();
+    void toggleLocked();
+    void move(int step);
+    void showSelection();
+    void showActions();
+
+    LayerModel* m_model;
+    LayerTree* m_tree;
+    QMenu* m_menu;
+    QList<QAction*> m_actions;
 };
 
 } // namespace studio

@@ -1,7 +1,12 @@
 #include "MissingPanel.h"
 
 #include "lottie/Document.h"
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/theme/icons.h>
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHash>
 #include <QHeaderView>
 #include <QLocale>
@@ -55,6 +60,31 @@ void MissingPanel::setMissing(const std::vector<MissingFeature>& missing)
     }
     m_tree->addTopLevelItems(rows);
     setRemark(missing.empty() ? QString() : QLocale().toString(missing.size()));
+}
+
+void MissingPanel::fillMenu(ContextMenu& menu)
+{
+    const QList<QTreeWidgetItem*> all = m_tree->findItems({}, Qt::MatchStartsWith);
+    const auto addCopy = [this, &menu](const QString& text, const QList<QTreeWidgetItem*>& rows) {
+        const QString copied = textOf(rows);
+        QAction* action =
+            menu.addAction(ui::getCachedIcon(u"icons:copy.png"_qs), text, this, [copied] {
+                QGuiApplication::clipboard()->setText(copied);
+            });
+        action->setEnabled(!rows.isEmpty());
+    };
+    addCopy(tr("&Copy"), m_tree->selectedItems());
+    addCopy(tr("Copy &All"), all);
+}
+
+/// A line for each row.
+QString MissingPanel::textOf(const QList<QTreeWidgetItem*>& rows) const
+{
+    QStringList lines;
+    for (const QTreeWidgetItem* row : rows) {
+        lines.append(tr("%1: %2").arg(row->text(0), row->text(1)));
+    }
+    return lines.join(u'\n');
 }
 
 } // namespace studio

@@ -6,7 +6,9 @@
 
 #include <vector>
 
+class ContextMenu;
 class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace studio {
 
@@ -32,8 +34,12 @@ public:
     explicit MissingPanel(QWidget* parent = nullptr);
 
     void setMissing(const std::vector<MissingFeature>& missing);
+    /// Adds the rows of its context menu, which copy the list as text.
+    void fillMenu(ContextMenu& menu);
 
 private:
+    QString textOf(const QList<QTreeWidgetItem*>& rows) const;
+
     QTreeWidget* m_tree;
 };
 

@@ -5,11 +5,14 @@
 #include "DocumentTabs.h"
 #include "LayerPanel.h"
 #include "MissingPanel.h"
+#include "NotesPanel.h"
 #include "NoticeBar.h"
 #include "Player.h"
+#include "StudioMenus.h"
 #include "TransportBar.h"
 #include "Viewport.h"
 #include "Workspace.h"
+#include "commands.h"
 #include "discarding.h"
 #include "editing/DocumentEditor.h"
 #include "gallery/GalleryPage.h"
@@ -17,61 +20,29 @@
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
+#include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/theme/screens.h>
 
-#include <QAction>
-#include <QActionGroup>
 #include <QApplication>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QMenuBar>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include <functional>
 #include <utility>
-#include <vector>
 
 namespace studio {
 
 namespace {
 
 constexpr QSize kWindowSize(1440, 900); ///< unless the default layout has another one
-constexpr double kZoomStep = 1.25;
-
-struct Command
-{
-    QString text;
-    QString icon; ///< name among the icons; may be empty
-    QList<QKeySequence> keys;
-    std::function<void()> run;
-};
-
-/// Adds actions that name their first key in their tool tips.
-QList<QAction*> addCommands(QMenu& menu, const std::vector<Command>& commands)
-{
-    QList<QAction*> actions;
-    for (const Command& command : commands) {
-        QAction* action = menu.addAction(command.text, &menu, command.run);
-        action->setShortcuts(command.keys);
-        action->setShortcutContext(Qt::ApplicationShortcut); // in floating panels too
-        if (!command.icon.isEmpty()) {
-            action->setIcon(ui::getCachedIcon(u"icons:%1.png"_qs.arg(command.icon)));
-        }
-        if (!command.keys.isEmpty()) {
-            const QString key = command.keys.first().toString(QKeySequence::NativeText);
-            action->setToolTip(StudioWindow::tr("%1 (%2)").arg(action->toolTip(), key));
-        }
-        actions.append(action);
-    }
-    return actions;
-}
 
 QString titleOf(const Document& document, const QString& path)
 {
@@ -82,12 +53,6 @@ QString titleOf(const Document& document, const QString& path)
 QString plainTitle(QString text)
 {
     return text.replace(u"[*]"_qs, u"[*][*]"_qs);
-}
-
-/// In a menu, "&" has one.
-QString menuText(QString text)
-{
-    return text.replace(u'&', u"&&"_qs);
 }
 
 /// Whoever offers to move a file must not delete it after we have read it.
@@ -124,18 +89,18 @@ StudioWindow::StudioWindow(QWidget* parent)
     , m_layers(new LayerPanel)
     , m_attributes(new AttributePanel(m_documents->current().editor()))
     , m_missing(new MissingPanel)
+    , m_notes(new NotesPanel)
     , m_notice(new NoticeBar)
     , m_pages(new QStackedWidget)
 {
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
     setAcceptDrops(true);
 
-    buildFileMenu();
-    buildEditMenu();
-    const QList<QAction*> playback = buildPlaybackMenu();
-    const QList<QAction*> zooms = buildViewMenu();
-    m_transport = new TransportBar(*m_player, playback, zooms);
+    m_menus = new StudioMenus(*this);
+    m_menus->addMenu(*m_layers->menu());
+    m_transport = new TransportBar(*m_player, m_menus->playback(), m_menus->zooms().mid(0, 3));
     addPanels();
+    offerMenus();
     showDefaultLayout();
 
     m_pages->addWidget(m_workspace.get());
@@ -148,6 +113,7 @@ StudioWindow::StudioWindow(QWidget* parent)
     setCentralWidget(center);
     viewport().setFocus();
     connectPanels();
+    showHistory();
 }
 
 StudioWindow::~StudioWindow()
@@ -163,9 +129,29 @@ void StudioWindow::addPanels()
 {
     m_workspace->addPanel(u"layers"_qs, m_layers);
     m_workspace->addPanel(u"notDrawn"_qs, m_missing);
+    m_workspace->addPanel(u"notes"_qs, m_notes);
     m_workspace->addPanel(u"viewport"_qs, m_documents);
     m_workspace->addPanel(u"attributes"_qs, m_attributes);
     m_workspace->addPanel(u"transport"_qs, m_transport, Workspace::Header::Grip);
+}
+
+void StudioWindow::offerMenus()
+{
+    const auto add = [this](QWidget& panel, auto fill) { // undo and redo below the panel's own rows
+        offerContextMenu(panel, [this, fill](ContextMenu& menu, QPoint point) {
+            fill(menu, point);
+            menu.addSeparator();
+            menu.addActions(m_menus->history());
+        });
+    };
+    offerContextMenu(
+        *m_documents, [this](ContextMenu& menu, QPoint) { m_menus->fillViewportMenu(menu); });
+    offerContextMenu(
+        *m_transport, [this](ContextMenu& menu, QPoint) { menu.addActions(m_menus->playback()); });
+    offerContextMenu(*m_missing, [this](ContextMenu& menu, QPoint) { m_missing->fillMenu(menu); });
+    add(*m_notes, [this](ContextMenu& menu, QPoint) { m_notes->fillMenu(menu); });
+    add(*m_attributes,
+        [this](ContextMenu& menu, QPoint point) { m_attributes->fillMenu(menu, point); });
 }
 
 void StudioWindow::connectPanels()
@@ -174,10 +160,13 @@ void StudioWindow::connectPanels()
         viewport().setFrame(frame);
         m_attributes->setFrame(frame);
     });
-    connect(m_player, &Player::playingChanged, this, &StudioWindow::showPlaying);
+    connect(m_player, &Player::playingChanged, m_menus, &StudioMenus::showPlaying);
     connect(m_layers, &LayerPanel::layerSelected, this, [this](int layer) {
         page().layer = layer;
         m_attributes->setLayer(layer);
+    });
+    connect(m_layers, &LayerPanel::wanted, this, [this] {
+        m_workspace->setPanelOpen(u"layers"_qs, true);
     });
     connect(m_attributes, &AttributePanel::editingStarted, m_player, &Player::pause);
     connect(m_documents, &DocumentTabs::currentChanged, this, &StudioWindow::showDocument);
@@ -185,7 +174,7 @@ void StudioWindow::connectPanels()
     connect(m_documents, &DocumentTabs::restored, this, &StudioWindow::selectLayer);
     connect(m_documents, &DocumentTabs::scaleChanged, m_transport, &TransportBar::setZoom);
     connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFile);
-    connect(m_documents, &DocumentTabs::closing, m_attributes, &AttributePanel::finishEditing);
+    connect(m_documents, &DocumentTabs::closing, this, &StudioWindow::finishEditing);
     // Its panel may float, where drops do not reach this window.
     m_documents->setAcceptDrops(true);
     ui::installEventFilter(
@@ -237,8 +226,9 @@ void StudioWindow::showDocument()
     const int frame = shown.viewport().frame();
 
     m_attributes->setEditor(shown.editor()); // what is under way ends with the document before
-    m_layers->setDocument(document);
+    m_layers->setEditor(shown.editor());
     m_missing->setMissing(shown.notDrawn());
+    m_notes->setEditor(shown.editor());
     m_player->setTrack(frameRange(document.inPoint, document.outPoint), document.frameRate);
     m_player->seek(frame);
     m_attributes->setFrame(frame);
@@ -329,7 +319,7 @@ void StudioWindow::saveLayout()
 
 void StudioWindow::closeEvent(QCloseEvent* event)
 {
-    m_attributes->finishEditing();
+    finishEditing();
     if (m_documents->hasChanges()
         && !mayDiscard(
             tr("Quit the studio?"), tr("The changes of the open documents will be lost."), this))
@@ -355,10 +345,7 @@ void StudioWindow::setGalleryShown(bool shown)
         m_pages->addWidget(m_gallery);
     }
     m_pages->setCurrentIndex(shown ? m_pages->indexOf(m_gallery) : 0);
-    m_galleryAction->setChecked(shown);
-    for (QAction* action : std::as_const(m_editorActions)) {
-        action->setEnabled(!shown);
-    }
+    m_menus->setGalleryShown(shown);
     if (shown) {
         m_player->pause();
     }
@@ -397,176 +384,34 @@ void StudioWindow::dropEvent(QDropEvent* event)
     openFile(path);
 }
 
-void StudioWindow::buildFileMenu()
+/// What is being typed counts: it is what the user sees.
+void StudioWindow::undo()
 {
-    QMenu& menu = *menuBar()->addMenu(tr("&File"));
-    addCommands(menu, {{tr("&Open…"), u"open"_qs, {QKeySequence::Open}, [this] { chooseFile(); }}});
-    QMenu* samples = menu.addMenu(tr("Open &Sample"));
-    for (const QString& path : samplePaths()) {
-        samples->addAction(
-            QFileInfo(path).completeBaseName(), this, [this, path] { openFile(path); });
-    }
-    menu.addSeparator();
-    m_editorActions +=
-        addCommands(menu, {{tr("&Close"), {}, {QKeySequence::Close}, [this] { closeDocument(); }}});
-    addCommands(menu, {{tr("&Quit"), {}, {QKeySequence::Quit}, [this] { close(); }}});
+    finishEditing();
+    editor().undo();
 }
 
-void StudioWindow::buildEditMenu()
+void StudioWindow::redo()
 {
-    // What is being typed counts: it is what the user sees.
-    const QList<QAction*> actions = addCommands(
-        *menuBar()->addMenu(tr("&Edit")),
-        {
-            {tr("&Undo"),
-             u"undo"_qs,
-             {QKeySequence::Undo},
-             [this] {
-                 m_attributes->finishEditing();
-                 editor().undo();
-             }},
-            {tr("&Redo"),
-             u"redo"_qs,
-             {QKeySequence::Redo},
-             [this] {
-                 m_attributes->finishEditing();
-                 editor().redo();
-             }},
-        });
-    m_undoAction = actions.at(0);
-    m_undoAction->setObjectName(u"undo"_qs);
-    m_redoAction = actions.at(1);
-    m_redoAction->setObjectName(u"redo"_qs);
-    showHistory();
+    finishEditing();
+    editor().redo();
 }
 
-/// @return the buttons of the transport
-QList<QAction*> StudioWindow::buildPlaybackMenu()
+void StudioWindow::finishEditing()
 {
-    Player& player = *m_player;
-    const QList<QAction*> actions = addCommands(
-        *menuBar()->addMenu(tr("&Playback")),
-        {
-            {tr("&First Frame"),
-             u"toStart"_qs,
-             {Qt::Key_Home},
-             [&player] { player.seek(player.range().first); }},
-            {tr("Step &Back"), u"stepBack"_qs, {Qt::Key_Left}, [&player] { player.step(-1); }},
-            {tr("&Play"), u"play"_qs, {Qt::Key_Space}, [&player] { player.toggle(); }},
-            {tr("Step F&orward"),
-             u"stepForward"_qs,
-             {Qt::Key_Right},
-             [&player] { player.step(1); }},
-            {tr("&Last Frame"),
-             u"toEnd"_qs,
-             {Qt::Key_End},
-             [&player] { player.seek(player.range().last); }},
-        });
-    m_playAction = actions.at(2);
-    m_editorActions += actions;
-    return actions;
-}
-
-/// @return the buttons beside the zoom
-QList<QAction*> StudioWindow::buildViewMenu()
-{
-    QMenu& menu = *menuBar()->addMenu(tr("&View"));
-    const QList<QAction*> zooms = addCommands(
-        menu,
-        {
-            {tr("Zoom &Out"),
-             u"zoomOut"_qs,
-             {Qt::Key_Minus},
-             [this] { viewport().zoomBy(1.0 / kZoomStep); }},
-            {tr("Zoom &In"),
-             u"zoomIn"_qs,
-             {Qt::Key_Plus, Qt::Key_Equal},
-             [this] { viewport().zoomBy(kZoomStep); }},
-            {tr("&Fit"), u"fit"_qs, {Qt::Key_F}, [this] { viewport().fit(); }},
-            {tr("&Actual Size"), {}, {Qt::Key_1}, [this] { viewport().showActualSize(); }},
-        });
-    addBackdropMenu(*menu.addMenu(tr("&Backdrop")));
-    m_editorActions += menu.actions();
-    menu.addSeparator();
-    QMenu& panels = *menu.addMenu(tr("&Panels"));
-    addPanelMenu(panels);
-    m_editorActions.append(panels.menuAction());
-    const QList<QAction*> others = addCommands(
-        menu,
-        {
-            {tr("&Reset Layout"), {}, {}, [this] { m_workspace->reset(); }},
-            {tr("Control &Gallery"),
-             {},
-             {Qt::CTRL | Qt::Key_G},
-             [this] { setGalleryShown(m_pages->currentIndex() == 0); }},
-            {tr("&Dismiss Notice"), {}, {Qt::Key_Escape}, [this] { m_notice->dismiss(); }},
-        });
-    m_galleryAction = others.at(1);
-    m_galleryAction->setCheckable(true);
-    return zooms.mid(0, 3);
-}
-
-void StudioWindow::addBackdropMenu(QMenu& menu)
-{
-    auto* group = new QActionGroup(this);
-    const std::pair<Backdrop, QString> choices[] = {
-        {Backdrop::Chequer, tr("&Chequer")},
-        {Backdrop::Light, tr("&Light")},
-        {Backdrop::Dark, tr("&Dark")},
-    };
-    for (const auto& [backdrop, name] : choices) {
-        QAction* action = group->addAction(name);
-        action->setCheckable(true);
-        action->setChecked(backdrop == Backdrop::Chequer);
-        connect(action, &QAction::triggered, this, [this, chosen = backdrop] {
-            m_documents->setBackdrop(chosen);
-        });
-        menu.addAction(action);
-    }
-}
-
-/// @param menu filled when it opens, since panels come and go by many ways
-void StudioWindow::addPanelMenu(QMenu& menu)
-{
-    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
-        menu.clear();
-        for (const Workspace::Panel& panel : m_workspace->panels()) {
-            const QString id = panel.id;
-            QAction* action = menu.addAction(panel.name, this, [this, id] {
-                m_workspace->setPanelOpen(id, !m_workspace->isPanelOpen(id));
-            });
-            action->setCheckable(true);
-            action->setChecked(m_workspace->isPanelOpen(id));
-        }
-    });
-}
-
-void StudioWindow::showPlaying(bool playing)
-{
-    const QString icon = playing ? u"icons:pause.png"_qs : u"icons:play.png"_qs;
-    m_playAction->setIcon(ui::getCachedIcon(icon));
-    m_playAction->setText(playing ? tr("&Pause") : tr("&Play"));
-    m_playAction->setToolTip(playing ? tr("Pause (Space)") : tr("Play (Space)"));
+    m_attributes->finishEditing();
+    m_notes->finishEditing();
 }
 
 void StudioWindow::showHistory()
 {
     const DocumentEditor& history = page().editor();
-    const bool isEditorShown = m_pages->currentIndex() == 0;
-    m_undoAction->setEnabled(isEditorShown && history.canUndo());
-    m_undoAction->setText(tr("&Undo %1").arg(menuText(history.undoText())).trimmed());
-    m_redoAction->setEnabled(isEditorShown && history.canRedo());
-    m_redoAction->setText(tr("&Redo %1").arg(menuText(history.redoText())).trimmed());
+    m_menus->showHistory(history);
     if (const Document* shown = document()) {
         const QString size = sizeText(shown->width, shown->height);
         setWindowTitle(tr("%1 (%2)").arg(plainTitle(page().title()), size) + u"[*]"_qs);
     }
     setWindowModified(history.isModified());
-}
-
-void StudioWindow::closeDocument()
-{
-    m_documents->closeCurrent();
 }
 
 void StudioWindow::chooseFile()

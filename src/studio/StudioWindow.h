@@ -4,7 +4,6 @@
 
 #include <memory>
 
-class QAction;
 class QMimeData;
 class QStackedWidget;
 
@@ -16,8 +15,10 @@ class DocumentPage;
 class DocumentTabs;
 class LayerPanel;
 class MissingPanel;
+class NotesPanel;
 class NoticeBar;
 class Player;
+class StudioMenus;
 class TransportBar;
 class Viewport;
 class Workspace;
@@ -49,6 +50,13 @@ public:
     void openDocument(
         std::shared_ptr<Document> document, const QString& title, const QString& path = {});
 
+    /// Asks for a file and opens it.
+    void chooseFile();
+
+    /// Undoes or redoes a step of the document in front.
+    void undo();
+    void redo();
+
     /// Restores the arrangement that is saved in a file, if there is one, and saves it there when
     /// the window closes.
     void keepLayoutIn(const QString& path);
@@ -59,7 +67,7 @@ public:
     DocumentEditor& editor();
     Viewport& viewport();
     Player& player() { return *m_player; }
-    const NoticeBar& notice() const { return *m_notice; }
+    NoticeBar& notice() { return *m_notice; }
     Workspace& workspace() { return *m_workspace; }
     DocumentTabs& documents() { return *m_documents; }
 
@@ -82,23 +90,16 @@ protected:
 private:
     void addPanels();
     void connectPanels();
-    void buildFileMenu();
-    void buildEditMenu();
-    QList<QAction*> buildPlaybackMenu();
-    QList<QAction*> buildViewMenu();
-    void addBackdropMenu(QMenu& menu);
-    void addPanelMenu(QMenu& menu);
+    void offerMenus();
     void showDefaultLayout();
     void restoreWindow(const Layout& layout);
     void saveLayout();
     DocumentPage& page() const;
     void showDocument();
-    void showPlaying(bool playing);
     void showHistory();
     bool takeDrop(QEvent& event);
     void showViewport();
-    void chooseFile();
-    void closeDocument();
+    void finishEditing();
 
     std::unique_ptr<Workspace> m_workspace; ///< in m_pages too, but dies before all others
     DocumentTabs* m_documents;
@@ -106,15 +107,12 @@ private:
     LayerPanel* m_layers;
     AttributePanel* m_attributes;
     MissingPanel* m_missing;
+    NotesPanel* m_notes;
     NoticeBar* m_notice;
     TransportBar* m_transport = nullptr;
     QStackedWidget* m_pages;
-    QWidget* m_gallery = nullptr;    ///< made when first asked for
-    QList<QAction*> m_editorActions; ///< for what the gallery hides
-    QAction* m_undoAction = nullptr;
-    QAction* m_redoAction = nullptr;
-    QAction* m_playAction = nullptr;
-    QAction* m_galleryAction = nullptr;
+    QWidget* m_gallery = nullptr; ///< made when first asked for
+    StudioMenus* m_menus = nullptr;
     QString m_layoutFile; ///< empty: the layout is not kept
 };
 

@@ -1,12 +1,17 @@
 #include "TransportBar.h"
 
+#include "FrameField.h"
 #include "FrameSlider.h"
 #include "Player.h"
 #include "readouts.h"
+#include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/icons.h>
 #include <MorrantUI/theme/palettes.h>
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -27,6 +32,7 @@ TransportBar::TransportBar(
     , m_player(player)
     , m_layout(new QHBoxLayout(this))
     , m_slider(new FrameSlider(this))
+    , m_code(new FrameField(this))
 {
     setWindowTitle(tr("Transport"));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -35,6 +41,7 @@ TransportBar::TransportBar(
 
     addButtons(playback);
     m_layout->addSpacing(10);
+    m_layout->addWidget(m_code);
     m_frame = addReadout(tr("Current frame and the last frame"), frameText(88888, 88888));
     m_time = addReadout(tr("Current time"), timeText(88888, 24));
     m_layout->addSpacing(10);
@@ -45,6 +52,9 @@ TransportBar::TransportBar(
     m_zoom = addReadout(tr("Zoom"), zoomText(8.88));
     addButtons(view);
 
+    m_code->setToolTip(tr("Time code of the current frame: hours, minutes, seconds, frames"));
+    m_code->setAccessibleName(tr("Time code"));
+    connect(m_code, &FrameField::entered, &m_player, &Player::seek);
     m_slider->setFocusPolicy(Qt::NoFocus);
     m_slider->setAccessibleName(tr("Current frame"));
     connect(m_slider, &FrameSlider::valueChanged, this, &TransportBar::scrub);
@@ -59,6 +69,17 @@ TransportBar::TransportBar(
 void TransportBar::setZoom(double scale)
 {
     m_zoom->setText(zoomText(scale));
+}
+
+void TransportBar::fillMenu(ContextMenu& menu)
+{
+    menu.addAction(ui::getCachedIcon(u"icons:copy.png"_qs), tr("&Copy Time Code"), this, [this] {
+        QGuiApplication::clipboard()->setText(m_code->code());
+    });
+    menu.addAction(tr("&Edit Time Code"), this, [this] {
+        m_code->setFocus();
+        m_code->selectAll();
+    });
 }
 
 void TransportBar::paintEvent(QPaintEvent*)
@@ -104,6 +125,7 @@ void TransportBar::showTrack()
     m_slider->setRange(range.first, range.last);
     m_slider->setPageStep(qMax(1, qRound(m_player.rate())));
     setEnabled(m_player.rate() > 0);
+    m_code->cancel();
     m_rate->setText(rateText(m_player.rate()));
     showFrame();
 }
@@ -112,6 +134,7 @@ void TransportBar::showFrame()
 {
     const QSignalBlocker blocker(m_slider);
     m_slider->setValue(m_player.frame());
+    m_code->setFrame(m_player.frame(), m_player.rate());
     m_frame->setText(frameText(m_player.frame(), m_player.range().last));
     m_time->setText(timeText(m_player.frame(), m_player.rate()));
 

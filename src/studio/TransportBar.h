@@ -2,12 +2,14 @@
 
 #include <MorrantUI/theme/Widget.h>
 
+class ContextMenu;
 class QAction;
 class QHBoxLayout;
 class QLabel;
 
 namespace studio {
 
+class FrameField;
 class FrameSlider;
 class Player;
 
@@ -29,6 +31,9 @@ public:
     /// @param scale logical pixels a composition pixel
     void setZoom(double scale);
 
+    /// Adds the rows of the context menu that are about the time code.
+    void fillMenu(ContextMenu& menu);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
@@ -42,6 +47,7 @@ private:
     Player& m_player;
     QHBoxLayout* m_layout;
     FrameSlider* m_slider;
+    FrameField* m_code;
     QLabel* m_time = nullptr;
     QLabel* m_frame = nullptr;
     QLabel* m_rate = nullptr;

@@ -1,4 +1,5 @@
 #include "AttributePanel.h"
+#include "LayerTree.h"
 #include "controls/PaintCounter.h"
 #include "lottie/evaluate.h"
 #include "studiotest.h"
@@ -9,7 +10,6 @@
 
 #include <QClipboard>
 #include <QLabel>
-#include <QListWidget>
 
 #include <functional>
 
@@ -339,7 +339,7 @@ private Q_SLOTS:
         window.viewport().setFocus();
         QTest::keyClick(&window.viewport(), Qt::Key_Space);
         QVERIFY(window.player().isPlaying());
-        auto* list = window.findChild<QListWidget*>();
+        auto* list = window.findChild<LayerTree*>();
         QTest::keyClick(list, Qt::Key_Down);
         QCOMPARE(window.row("Position X").value(0), 100.0);
         QTest::keyClick(list, Qt::Key_Up);

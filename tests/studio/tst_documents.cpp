@@ -1,11 +1,11 @@
 #include "DocumentTabs.h"
+#include "LayerTree.h"
 #include "studiotest.h"
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/docking/tabs/TabItem.h>
 #include <MorrantUI/menus/ModalDialog.h>
 
 #include <QFile>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
 
@@ -72,7 +72,7 @@ private Q_SLOTS:
     void everyDocumentKeepsItsPlaceAndItsHistory()
     {
         OpenWindow window(1);
-        const auto* list = window.findChild<QListWidget*>();
+        const auto* list = window.findChild<LayerTree*>();
         const Document* first = window.document();
         window.selectLayer(1);
         window.player().seek(7);
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QVERIFY(window.openFile(samplePaths().at(1)));
         QVERIFY(window.document() != first);
         QCOMPARE(window.player().frame(), window.player().range().first);
-        QVERIFY(list->selectedItems().isEmpty());
+        QVERIFY(list->selectedLayers().empty());
         QVERIFY(!window.isWindowModified() && !window.editor().canUndo());
         window.player().seek(3);
         window.player().play();
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(window.document(), first);
         QVERIFY(!window.player().isPlaying());
         QCOMPARE(window.player().frame(), 7);
-        QCOMPARE(list->currentRow(), 1);
+        QCOMPARE(list->selectedLayers(), std::vector{1});
         QCOMPARE(window.viewport().mapping().scale, 1.0);
         QVERIFY(window.isWindowModified());
         window.findChild<QAction*>(u"undo"_qs)->trigger();

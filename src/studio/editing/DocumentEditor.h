@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QUndoStack>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -40,6 +41,21 @@ public:
     /// Ends the gesture. One that has changed nothing in the end leaves no undo step.
     void commit();
 
+    /// What follows changes layers by their places in the main composition, and the notes. Each is
+    /// an undo step of its own, or none when it changes nothing. Places without a layer are
+    /// ignored.
+
+    /// Ignored for a locked layer.
+    void renameLayer(int layer, const QString& name);
+    void setHidden(const std::vector<int>& layers, bool hidden);
+    /// Locked layers are neither renamed nor moved, and their properties cannot be changed.
+    void setLocked(const std::vector<int>& layers, bool locked);
+    bool isLocked(int layer) const;
+    /// Moves layers together in front of another, see orderAfterMove().
+    /// @return whether they have moved: none does when one of them is locked
+    bool moveLayers(std::vector<int> layers, int before);
+    void setNotes(const QString& notes);
+
     bool canUndo() const;
     bool canRedo() const;
     QString undoText() const;
@@ -56,6 +72,11 @@ Q_SIGNALS:
     void edited(const studio::PropertyAddress& address);
     /// Undo or redo has changed a property.
     void restored(const studio::PropertyAddress& address);
+    /// The layers' names, order, visibility or locks are about to change, by other than undo and
+    /// redo: what is being entered for a layer has to be taken over now.
+    void layersAboutToChange();
+    void layersChanged(); ///< also by undo and redo, as the next
+    void notesChanged();
     /// What can be undone or redone, or isModified(), has changed.
     void historyChanged();
 
@@ -67,7 +88,11 @@ private:
         QString text;
     };
     class Step;
+    class OtherStep;
 
+    void prepare();
+    void push(const QString& text, std::function<void()> forth, std::function<void()> back);
+    void setFlag(bool Layer::*flag, const std::vector<int>& layers, bool on, const QString& text);
     NumberProperty* begin(const PropertyAddress& address, const QString& text);
     void write(const PropertyAddress& address, const NumberProperty& property);
 

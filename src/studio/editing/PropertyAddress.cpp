@@ -11,13 +11,6 @@ QString tr(const char* text)
     return QCoreApplication::translate("studio::Attribute", text);
 }
 
-const Layer* findLayer(const Document& document, int layer)
-{
-    const auto& layers = document.main.layers;
-    const auto place = static_cast<std::size_t>(layer);
-    return layer >= 0 && place < layers.size() ? &layers[place] : nullptr;
-}
-
 const ShapeItem* findItem(const Layer& layer, const std::vector<std::size_t>& places)
 {
     const std::vector<ShapeItem>* items = &layer.shapes;
@@ -81,6 +74,13 @@ QString nameOf(const Layer& layer, std::vector<std::size_t> places)
 }
 
 } // namespace
+
+const Layer* findLayer(const Document& document, int layer)
+{
+    const auto& layers = document.main.layers;
+    const auto place = static_cast<std::size_t>(layer);
+    return layer >= 0 && place < layers.size() ? &layers[place] : nullptr;
+}
 
 const NumberProperty* findProperty(const Document& document, const PropertyAddress& address)
 {

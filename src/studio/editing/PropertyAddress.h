@@ -23,7 +23,7 @@ enum class Attribute
 };
 
 /// Names one property of a document, also after undo and redo: edits neither add nor remove layers
-/// or shapes.
+/// or shapes, and what moves layers is undone before what was done to them.
 struct PropertyAddress
 {
     int layer = -1; ///< place among the main composition's layers
@@ -32,6 +32,9 @@ struct PropertyAddress
 
     bool operator==(const PropertyAddress&) const = default;
 };
+
+/// A layer of the main composition by its place; null when there is none.
+const Layer* findLayer(const Document& document, int layer);
 
 /// Null when the document has nothing there.
 NumberProperty* findProperty(Document& document, const PropertyAddress& address);

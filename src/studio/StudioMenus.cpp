@@ -1,0 +1,223 @@
+#include "StudioMenus.h"
+
+#include "CommandPalette.h"
+#include "DocumentTabs.h"
+#include "NoticeBar.h"
+#include "Player.h"
+#include "StudioWindow.h"
+#include "Viewport.h"
+#include "Workspace.h"
+#include "commands.h"
+#include "editing/DocumentEditor.h"
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/theme/icons.h>
+
+#include <QActionGroup>
+#include <QFileInfo>
+#include <QMenuBar>
+
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+constexpr double kZoomStep = 1.25;
+constexpr int kOwnMenus = 2; ///< before those of the panels: File and Edit
+
+} // namespace
+
+StudioMenus::StudioMenus(StudioWindow& window)
+    : QObject(&window)
+    , m_window(window)
+    , m_palette(new CommandPalette(*window.menuBar(), &window))
+{
+    buildFileMenu();
+    buildEditMenu();
+    buildPlaybackMenu();
+    buildViewMenu();
+}
+
+void StudioMenus::addMenu(QMenu& menu)
+{
+    QMenuBar& bar = *m_window.menuBar();
+    bar.insertMenu(bar.actions().at(kOwnMenus), &menu);
+    m_editorActions.append(menu.menuAction());
+}
+
+void StudioMenus::buildFileMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&File"));
+    addCommands(menu, {{tr("&Open…"), u"open"_qs, {QKeySequence::Open}, [this] {
+                            m_window.chooseFile();
+                        }}});
+    QMenu* samples = menu.addMenu(tr("Open &Sample"));
+    for (const QString& path : samplePaths()) {
+        samples->addAction(
+            QFileInfo(path).completeBaseName(), this, [this, path] { m_window.openFile(path); });
+    }
+    menu.addSeparator();
+    m_editorActions += addCommands(menu, {{tr("&Close"), {}, {QKeySequence::Close}, [this] {
+                                               m_window.documents().closeCurrent();
+                                           }}});
+    addCommands(menu, {{tr("&Quit"), {}, {QKeySequence::Quit}, [this] { m_window.close(); }}});
+}
+
+void StudioMenus::buildEditMenu()
+{
+    m_history = addCommands(
+        *m_window.menuBar()->addMenu(tr("&Edit")),
+        {
+            {tr("&Undo"), u"undo"_qs, {QKeySequence::Undo}, [this] { m_window.undo(); }},
+            {tr("&Redo"), u"redo"_qs, {QKeySequence::Redo}, [this] { m_window.redo(); }},
+        });
+    m_history.at(0)->setObjectName(u"undo"_qs);
+    m_history.at(1)->setObjectName(u"redo"_qs);
+}
+
+void StudioMenus::buildPlaybackMenu()
+{
+    Player& player = m_window.player();
+    m_playback = addCommands(
+        *m_window.menuBar()->addMenu(tr("&Playback")),
+        {
+            {tr("&First Frame"),
+             u"toStart"_qs,
+             {Qt::Key_Home},
+             [&player] { player.seek(player.range().first); }},
+            {tr("Step &Back"), u"stepBack"_qs, {Qt::Key_Left}, [&player] { player.step(-1); }},
+            {tr("&Play"), u"play"_qs, {Qt::Key_Space}, [&player] { player.toggle(); }},
+            {tr("Step F&orward"),
+             u"stepForward"_qs,
+             {Qt::Key_Right},
+             [&player] { player.step(1); }},
+            {tr("&Last Frame"),
+             u"toEnd"_qs,
+             {Qt::Key_End},
+             [&player] { player.seek(player.range().last); }},
+        });
+    m_playAction = m_playback.at(2);
+    m_editorActions += m_playback;
+}
+
+void StudioMenus::buildViewMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&View"));
+    const auto viewport = [this]() -> Viewport& { return m_window.viewport(); };
+    m_zooms = addCommands(
+        menu,
+        {
+            {tr("Zoom &Out"),
+             u"zoomOut"_qs,
+             {Qt::Key_Minus},
+             [viewport] { viewport().zoomBy(1.0 / kZoomStep); }},
+            {tr("Zoom &In"),
+             u"zoomIn"_qs,
+             {Qt::Key_Plus, Qt::Key_Equal},
+             [viewport] { viewport().zoomBy(kZoomStep); }},
+            {tr("&Fit"), u"fit"_qs, {Qt::Key_F}, [viewport] { viewport().fit(); }},
+            {tr("&Actual Size"), {}, {Qt::Key_1}, [viewport] { viewport().showActualSize(); }},
+        });
+    addBackdrops(*menu.addMenu(tr("&Backdrop")));
+    m_editorActions += menu.actions();
+    menu.addSeparator();
+    m_panels = menu.addMenu(tr("&Panels"));
+    connect(m_panels, &QMenu::aboutToShow, this, &StudioMenus::showPanels);
+    m_editorActions.append(m_panels->menuAction());
+    const QList<QAction*> others = addCommands(
+        menu,
+        {
+            {tr("&Reset Layout"), {}, {}, [this] { m_window.workspace().reset(); }},
+            {tr("Control &Gallery"),
+             {},
+             {Qt::CTRL | Qt::Key_G},
+             [this] { m_window.setGalleryShown(!m_isGalleryShown); }},
+            {tr("&Dismiss Notice"), {}, {Qt::Key_Escape}, [this] { m_window.notice().dismiss(); }},
+            {tr("&Command Palette…"),
+             u"search"_qs,
+             {Qt::CTRL | Qt::SHIFT | Qt::Key_P},
+             [this] {
+                 showPanels();
+                 m_palette->open(m_window);
+             }},
+        });
+    m_galleryAction = others.at(1);
+    m_galleryAction->setCheckable(true);
+    m_palette->leaveOut(others.at(3));
+}
+
+void StudioMenus::addBackdrops(QMenu& menu)
+{
+    auto* group = new QActionGroup(this);
+    const std::pair<Backdrop, QString> choices[] = {
+        {Backdrop::Chequer, tr("&Chequer")},
+        {Backdrop::Light, tr("&Light")},
+        {Backdrop::Dark, tr("&Dark")},
+    };
+    for (const auto& [backdrop, name] : choices) {
+        QAction* action = group->addAction(name);
+        action->setCheckable(true);
+        action->setChecked(backdrop == Backdrop::Chequer);
+        connect(action, &QAction::triggered, this, [this, chosen = backdrop] {
+            m_window.documents().setBackdrop(chosen);
+        });
+    }
+    m_backdrops = group->actions();
+    menu.addActions(m_backdrops);
+}
+
+/// Panels come and go by many ways: this is what is there now.
+void StudioMenus::showPanels()
+{
+    const Workspace& workspace = m_window.workspace();
+    const bool isNew = m_panels->isEmpty();
+    for (std::size_t i = 0; i < workspace.panels().size(); ++i) {
+        const Workspace::Panel& panel = workspace.panels()[i];
+        if (isNew) {
+            QAction* action =
+                m_panels->addAction(menuText(panel.name), this, [this, id = panel.id] {
+                    Workspace& panels = m_window.workspace();
+                    panels.setPanelOpen(id, !panels.isPanelOpen(id));
+                });
+            action->setCheckable(true);
+        }
+        m_panels->actions().at(static_cast<int>(i))->setChecked(workspace.isPanelOpen(panel.id));
+    }
+}
+
+void StudioMenus::fillViewportMenu(ContextMenu& menu) const
+{
+    menu.addActions(m_zooms);
+    menu.addSeparator();
+    auto* backdrops = new ContextMenu(&menu);
+    backdrops->setTitle(tr("&Backdrop"));
+    backdrops->addActions(m_backdrops);
+    menu.addMenu(backdrops);
+}
+
+void StudioMenus::setGalleryShown(bool shown)
+{
+    m_isGalleryShown = shown;
+    m_galleryAction->setChecked(shown);
+    for (QAction* action : std::as_const(m_editorActions)) {
+        action->setEnabled(!shown);
+    }
+}
+
+void StudioMenus::showPlaying(bool playing)
+{
+    const QString icon = playing ? u"icons:pause.png"_qs : u"icons:play.png"_qs;
+    m_playAction->setIcon(ui::getCachedIcon(icon));
+    m_playAction->setText(playing ? tr("&Pause") : tr("&Play"));
+    m_playAction->setToolTip(playing ? tr("Pause (Space)") : tr("Play (Space)"));
+}
+
+void StudioMenus::showHistory(const DocumentEditor& editor)
+{
+    m_history.at(0)->setEnabled(!m_isGalleryShown && editor.canUndo());
+    m_history.at(0)->setText(tr("&Undo %1").arg(menuText(editor.undoText())).trimmed());
+    m_history.at(1)->setEnabled(!m_isGalleryShown && editor.canRedo());
+    m_history.at(1)->setText(tr("&Redo %1").arg(menuText(editor.redoText())).trimmed());
+}
+
+} // namespace studio
