@@ -1,7 +1,7 @@
 #include "CommandPalette.h"
 
 #include "commands.h"
-#include <MorrantUI/theme/icons.h>
+#include <MorrantUI/menus/ContextMenuItemWidget.h>
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -45,8 +45,9 @@ void CommandPalette::open(const QWidget& window)
 {
     clear();
     m_rows.clear();
-    m_prompt = addAction(ui::getCachedIcon(u"icons:search.png"_qs), QString());
-    m_prompt->setEnabled(false);
+    m_prompt = new ContextMenuItemWidget(QString(), this);
+    m_prompt->setPixmap(u"icons:search.png"_qs);
+    m_prompt->setEnabled(false); // not to be chosen
     addSeparator();
     for (QAction* action : m_commands.actions()) {
         if (const QMenu* menu = action->menu()) {
@@ -103,7 +104,8 @@ void CommandPalette::copy(const Row& row)
 void CommandPalette::find(const QString& text)
 {
     m_text = text;
-    m_prompt->setText(text.isEmpty() ? tr("Type to find a command") : menuText(text));
+    m_prompt->setLabelText(text.isEmpty() ? tr("Type to find a command") : menuText(text));
+    m_prompt->setAccentedLabel(!text.isEmpty());
     QAction* first = nullptr;
     for (const Row& row : m_rows) {
         if (row.shown && row.meant) {

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+class ContextMenuItemWidget;
 class QMenuBar;
 
 namespace studio {
@@ -46,8 +47,8 @@ private:
 
     QMenuBar& m_commands;
     const QAction* m_leftOut = nullptr;
-    QAction* m_prompt = nullptr;
-    QString m_text; ///< what was typed
+    ContextMenuItemWidget* m_prompt = nullptr; ///< shows what was typed
+    QString m_text;                            ///< what was typed
     std::vector<Row> m_rows;
 };
 

@@ -146,8 +146,14 @@ void StudioWindow::offerMenus()
     };
     offerContextMenu(
         *m_documents, [this](ContextMenu& menu, QPoint) { m_menus->fillViewportMenu(menu); });
-    offerContextMenu(
-        *m_transport, [this](ContextMenu& menu, QPoint) { menu.addActions(m_menus->playback()); });
+    offerContextMenu(*m_layers, [this](ContextMenu& menu, QPoint) {
+        menu.addActions(m_layers->menu()->actions());
+    });
+    offerContextMenu(*m_transport, [this](ContextMenu& menu, QPoint) {
+        menu.addActions(m_menus->playback());
+        menu.addSeparator();
+        m_transport->fillMenu(menu);
+    });
     offerContextMenu(*m_missing, [this](ContextMenu& menu, QPoint) { m_missing->fillMenu(menu); });
     add(*m_notes, [this](ContextMenu& menu, QPoint) { m_notes->fillMenu(menu); });
     add(*m_attributes,

@@ -1,0 +1,185 @@
+#include "LayerTree.h"
+#include "studiotest.h"
+#include <MorrantUI/controls/values/AttributeRow.h>
+#include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/docking/DockableWindow.h>
+
+#include <QLineEdit>
+
+using namespace studio;
+using studio::test::layer;
+
+namespace {
+
+/// Four solids, red to the left of green; the second one's parent is the third.
+struct OpenWindow : StudioWindow
+{
+    OpenWindow()
+    {
+        const QByteArray solids[] = {
+            R"("nm":"Ada","ind":1,"ty":1,"sw":100,"sh":100,"sc":"#ff0000")",
+            R"("nm":"Bea","ind":2,"parent":3,"ty":1,"sw":100,"sh":100,"sc":"#00ff00")",
+            R"("nm":"Cem","ind":3,"ty":1,"sw":100,"sh":100,"sc":"#0000ff")",
+            R"("nm":"Dua","ind":4,"hd":true,"ty":1,"sw":100,"sh":100,"sc":"#ffffff")"};
+        QByteArrayList layers;
+        for (const QByteArray& solid : solids) {
+            layers.append(layer(solid));
+        }
+        openDocument(
+            std::make_shared<Document>(studio::test::documentOf(layers.join(","))), u"four"_qs);
+        studio::test::showActive(*this);
+        tree().setFocus();
+    }
+
+    LayerTree& tree() { return *findChild<LayerTree*>(); }
+
+    /// "Ada Bea Cem Dua(hidden)"
+    QString layers() const
+    {
+        QStringList names;
+        for (const Layer& each : document()->main.layers) {
+            names.append(
+                each.name + (each.hidden ? u"-"_qs : QString())
+                + (each.locked ? u"!"_qs : QString()));
+        }
+        return names.join(u' ');
+    }
+
+    QColor drawn()
+    {
+        viewport().showActualSize();
+        const QPointF middle = QRectF(viewport().rect()).center();
+        return ui::test::pixelAt(viewport().grab().toImage(), middle);
+    }
+
+    void click(int row, int column)
+    {
+        const QRect cell = tree().visualRect(tree().model()->index(row, column));
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, cell.center());
+    }
+};
+
+} // namespace
+
+/// The layers in their tree, which edits the document.
+class LayerTreeTest : public studio::test::StudioTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void layersMoveByKeyAndMouseAndTheirParentsWithThem()
+    {
+        OpenWindow window;
+        QCOMPARE(window.drawn(), QColor(Qt::red));
+        window.selectLayer(0);
+        QTest::keyClick(&window.tree(), Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(&window.tree(), Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(window.layers(), u"Cem Ada Bea Dua-"_qs);
+        QCOMPARE(window.tree().selectedLayers(), (std::vector{1, 2}));
+        QCOMPARE(window.document()->main.layers[2].parent, 0);
+        QCOMPARE(window.drawn(), QColor(Qt::blue));
+        QCOMPARE(window.editor().undoText(), u"Move Layers"_qs);
+
+        ui::test::FakePointer pointer(window.tree().viewport());
+        const auto rowAt = [&window](int row) {
+            return window.tree().visualRect(window.tree().model()->index(row, 0));
+        };
+        window.selectLayer(0);
+        pointer.moveTo(rowAt(0).center());
+        pointer.press();
+        pointer.dragTo(rowAt(3).center() + QPoint(0, 6));
+        pointer.release();
+        QCOMPARE(window.layers(), u"Ada Bea Dua- Cem"_qs);
+        QCOMPARE(window.tree().selectedLayers(), std::vector{3});
+        QCOMPARE(window.document()->main.layers[1].parent, 3);
+
+        window.undo();
+        window.undo();
+        QCOMPARE(window.layers(), u"Ada Bea Cem Dua-"_qs);
+        QCOMPARE(window.tree().selectedLayers(), std::vector{2});
+        QCOMPARE(window.document()->main.layers[1].parent, 2);
+        QVERIFY(!window.editor().isModified());
+        window.redo();
+        QCOMPARE(window.drawn(), QColor(Qt::blue));
+    }
+
+    void iconsHideAndLockWithoutSelecting()
+    {
+        OpenWindow window;
+        window.selectLayer(2);
+        window.click(0, 1);
+        window.click(3, 1);
+        window.click(1, 2);
+        QCOMPARE(window.layers(), u"Ada- Bea! Cem Dua"_qs);
+        QCOMPARE(window.tree().selectedLayers(), std::vector{2});
+        QCOMPARE(window.drawn(), QColor(Qt::green));
+        window.undo();
+        window.undo();
+        QCOMPARE(window.layers(), u"Ada- Bea Cem Dua-"_qs);
+
+        window.tree().selectAll();
+        QTest::keyClick(&window, Qt::Key_H, Qt::ControlModifier); // hides where any is shown
+        QCOMPARE(window.layers(), u"Ada- Bea- Cem- Dua-"_qs);
+        QTest::keyClick(&window, Qt::Key_H, Qt::ControlModifier);
+        QCOMPARE(window.layers(), u"Ada Bea Cem Dua"_qs);
+    }
+
+    void aNewNameIsOneStepAndShownEverywhere()
+    {
+        OpenWindow window;
+        window.selectLayer(1);
+        QTest::keyClick(&window, Qt::Key_F2);
+        auto* editor = window.tree().findChild<QLineEdit*>();
+        QVERIFY(editor);
+        QTest::keyClicks(editor, u" Eve "_qs);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(window.layers(), u"Ada Eve Cem Dua-"_qs);
+        QCOMPARE(
+            window.workspace().windowOf(u"attributes"_qs)->content()->windowTitle(),
+            u"Attributes (Eve)"_qs);
+        window.undo();
+        QCOMPARE(window.layers(), u"Ada Bea Cem Dua-"_qs);
+        QVERIFY(!window.editor().canUndo());
+    }
+
+    void aLockedLayerIsLeftAlone()
+    {
+        OpenWindow window;
+        window.selectLayer(1);
+        const auto* row = window.findChild<AttributeRow*>();
+        QVERIFY(row->isEnabled());
+        QTest::keyClick(&window, Qt::Key_L, Qt::ControlModifier);
+        QVERIFY(!row->isEnabled());
+        QTest::keyClick(&window, Qt::Key_F2);
+        QVERIFY(!window.tree().findChild<QLineEdit*>());
+        window.tree().selectAll();
+        window.tree().setCurrentIndex(window.tree().model()->index(0, 0));
+        QTest::keyClick(&window.tree(), Qt::Key_Down, Qt::ShiftModifier); // the locked one too
+        QTest::keyClick(&window.tree(), Qt::Key_Down, Qt::AltModifier);
+        DocumentEditor& editor = window.editor();
+        editor.renameLayer(1, u"x"_qs);
+        editor.toggleKey({1, Attribute::Opacity}, 0);
+        editor.setEntries({1, Attribute::Opacity}, 0, {{0, 5}});
+        QCOMPARE(window.layers(), u"Ada Bea! Cem Dua-"_qs);
+        window.undo();
+        QVERIFY(!editor.canUndo());
+    }
+
+    void whatIsBeingTypedGoesToItsLayerBeforeItMoves()
+    {
+        OpenWindow window;
+        window.selectLayer(0);
+        auto* field = window.findChild<AttributeRow*>()->field(0);
+        field->setFocus(Qt::TabFocusReason);
+        field->selectAll();
+        QTest::keyClicks(field, u"12"_qs);
+        QTest::keyClick(&window, Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(window.layers(), u"Bea Ada Cem Dua-"_qs);
+        QCOMPARE(window.document()->main.layers[1].transform.position.value[0], 12.0);
+        QCOMPARE(window.document()->main.layers[0].transform.position.value[0], 0.0);
+    }
+};
+
+const ui::test::Registration<LayerTreeTest> kRegistration;
+
+#include "tst_layertree.moc"
