@@ -18,6 +18,7 @@ NotesPanel::NotesPanel(QWidget* parent)
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->setPlaceholderText(tr("Notes about this document"));
     m_text->setAccessibleName(tr("Notes"));
+    m_text->setEnabled(false); // until there is a document
     m_text->setUndoRedoEnabled(false);
     m_text->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
     m_text->setTabChangesFocus(true);

@@ -1,0 +1,177 @@
+#include "CommandPalette.h"
+#include "DocumentTabs.h"
+#include "FrameField.h"
+#include "LayerTree.h"
+#include "studiotest.h"
+#include <MorrantUI/text/PlainTextEdit.h>
+
+#include <QContextMenuEvent>
+#include <QMenuBar>
+
+using namespace studio;
+
+namespace {
+
+/// A document of a hundred frames, ten a second.
+struct OpenWindow : StudioWindow
+{
+    OpenWindow()
+    {
+        open();
+        studio::test::showActive(*this);
+    }
+
+    void open()
+    {
+        const Document document = studio::test::documentOf(studio::test::layer(R"("ty":3)"));
+        openDocument(std::make_shared<Document>(document), u"untitled"_qs);
+    }
+
+    CommandPalette& palette() { return *findChild<CommandPalette*>(); }
+    FrameField& code() { return *findChild<FrameField*>(); }
+    PlainTextEdit& notes() { return *findChild<PlainTextEdit*>(); }
+
+    void openPalette(const QString& typed)
+    {
+        QTest::keyClick(this, Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+        QTest::keyClicks(&palette(), typed);
+    }
+};
+
+/// Disabled ones with a minus sign.
+QStringList rowsOf(const QMenu& menu)
+{
+    QStringList rows;
+    for (const QAction* row : menu.actions()) {
+        if (row->isVisible() && !row->isSeparator()) {
+            rows.append(row->text() + (row->isEnabled() ? QString() : u" -"_qs));
+        }
+    }
+    return rows;
+}
+
+/// Of the menu that a key opens in a widget.
+QStringList menuRowsAt(QWidget& widget)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, widget.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&widget, &event);
+    auto* menu = qobject_cast<ContextMenu*>(QApplication::activePopupWidget());
+    const QStringList rows = menu ? rowsOf(*menu) : QStringList();
+    if (menu) {
+        menu->close();
+    }
+    return rows;
+}
+
+void type(QWidget& field, const QString& text)
+{
+    field.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&field, text);
+}
+
+} // namespace
+
+/// Menus, the list of commands, and text fields of the studio's panels.
+class PanelsTest : public studio::test::StudioTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyPanelHasAMenu()
+    {
+        OpenWindow window;
+        QCOMPARE(menuRowsAt(window.viewport()).last(), u"&Backdrop"_qs);
+        QCOMPARE(menuRowsAt(*window.findChild<LayerTree*>()).first(), u"&Rename -"_qs);
+        for (const Workspace::Panel& panel : window.workspace().panels()) {
+            window.workspace().setPanelOpen(panel.id, true);
+            QVERIFY2(menuRowsAt(*panel.content).size() > 1, qUtf8Printable(panel.id));
+        }
+    }
+
+    void typingFindsACommandAndReturnRunsIt()
+    {
+        OpenWindow window;
+        const CommandPalette& palette = window.palette();
+        window.openPalette({});
+        QVERIFY(rowsOf(palette).contains(u"File: Open…\tCtrl+O"_qs));
+        QVERIFY(rowsOf(palette).contains(u"Edit: Undo\tCtrl+Z -"_qs));
+        QTest::keyClicks(&window.palette(), u"sample bounc"_qs);
+        QCOMPARE(rowsOf(palette).at(1), u"File: Open Sample: bounce"_qs);
+        QTest::keyClick(&window.palette(), Qt::Key_Return);
+        QVERIFY(!palette.isVisible());
+        QCOMPARE(window.documents().count(), 2);
+
+        window.viewport().setFocus();
+        window.openPalette(u"zz"_qs);
+        QCOMPARE(rowsOf(palette), QStringList{u"zz -"_qs});
+        QTest::keyClick(&window.palette(), Qt::Key_Backspace);
+        QTest::keyClick(&window.palette(), Qt::Key_Backspace);
+        QVERIFY(rowsOf(palette).size() > 20);
+        QTest::keyClick(&window.palette(), Qt::Key_Escape);
+        QVERIFY(!palette.isVisible() && window.viewport().hasFocus());
+    }
+
+    void theRowsFollowTheirActionsWhileTheListIsOpen()
+    {
+        OpenWindow window;
+        QMenu* const menu = window.menuBar()->actions().first()->menu();
+        QAction* const own = menu->addAction(u"S && &P"_qs);
+        window.openPalette(u"file s &"_qs);
+        QCOMPARE(rowsOf(window.palette()).at(1), u"File: S && P"_qs);
+        own->setText(u"S && &Q"_qs);
+        menu->menuAction()->setEnabled(false);
+        QCOMPARE(rowsOf(window.palette()).at(1), u"File: S && Q -"_qs);
+        delete own;
+        studio::test::settle();
+        QCOMPARE(rowsOf(window.palette()).size(), 1);
+    }
+
+    void aTimeCodeIsEnteredByReturnAndByLeaving()
+    {
+        OpenWindow window;
+        window.player().seek(27);
+        QCOMPARE(window.code().toPlainText(), u"00:00:02:07"_qs);
+        type(window.code(), u"5:3"_qs);
+        window.player().seek(28); // as playing does: what is typed stays
+        QCOMPARE(window.code().toPlainText(), u"5:3"_qs);
+        QTest::keyClick(&window.code(), Qt::Key_Return);
+        QCOMPARE(window.player().frame(), 53);
+        type(window.code(), u"12"_qs);
+        window.viewport().setFocus();
+        QCOMPARE(window.player().frame(), 12);
+
+        type(window.code(), u"7"_qs);
+        QTest::keyClick(&window.code(), Qt::Key_Escape);
+        QCOMPARE(window.code().toPlainText(), u"00:00:01:02"_qs);
+        type(window.code(), u"a b"_qs); // Space plays nothing meanwhile
+        QVERIFY(!window.player().isPlaying());
+        window.viewport().setFocus();
+        QCOMPARE(window.code().toPlainText(), u"00:00:01:02"_qs);
+    }
+
+    void notesBelongToTheirDocumentAndAnEditIsOneStep()
+    {
+        OpenWindow window;
+        window.workspace().setPanelOpen(u"notes"_qs, true);
+        type(window.notes(), u"one"_qs);
+        QTest::keyClick(&window.notes(), Qt::Key_Return);
+        window.notes().moveCursor(QTextCursor::End);
+        type(window.notes(), u" two"_qs);
+        window.open(); // before anything else has taken over what was typed
+        QCOMPARE(window.notes().toPlainText(), QString());
+        QVERIFY(!window.editor().canUndo());
+
+        window.documents().setTab(0);
+        QCOMPARE(window.notes().toPlainText(), u"one two"_qs);
+        window.notes().setFocus();
+        for (const QString& text : {u"one"_qs, QString()}) {
+            QTest::keyClick(&window.notes(), Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(window.notes().toPlainText(), text);
+            QCOMPARE(window.document()->notes, text);
+        }
+    }
+};
+
+const ui::test::Registration<PanelsTest> kRegistration;
+
+#include "tst_panels.moc"
