@@ -41,7 +41,12 @@ SliderField::SliderField(QWidget* parent)
     applySetup();
 }
 
-SliderField::~SliderField() = default;
+SliderField::~SliderField()
+{
+    // They outlive what is a slider field of this object, and tell of drags that end with them.
+    m_track->disconnect(this);
+    m_field->disconnect(this);
+}
 
 double SliderField::value() const
 {
