@@ -84,6 +84,9 @@ private Q_SLOTS:
     void aRowWithoutTriggerStaysOpen();
     void anythingMayDieWhileItIsOpen();
     void longMenusAndTitlesStayOnTheScreen();
+    void aScrollArrowPressesNoButtonBelowIt();
+    void altAndALetterTriggerARow();
+    void ticksAndPicturesStandBeforeTheText();
 };
 
 void ContextMenuTest::arrowsPassOverWhatCannotBeChosen()
@@ -186,7 +189,9 @@ void ContextMenuTest::aRichRowFollowsPointerAndKeys()
     QPixmap picture(400, 200);
     picture.fill(Qt::red);
     second->setPixmap(picture);
-    QCOMPARE(second->getRowImageLabel()->pixmap(Qt::ReturnByValue).width(), 48);
+    QCOMPARE(
+        second->getRowImageLabel()->pixmap(Qt::ReturnByValue).deviceIndependentSize(),
+        QSizeF(48, 24));
     desk.open();
     const auto* const label = first->getWidget()->findChild<ContextMenuLabel*>();
     QCOMPARE(label->text(), u"<b>First</b>"_qs);
@@ -332,6 +337,63 @@ void ContextMenuTest::longMenusAndTitlesStayOnTheScreen()
     QTRY_VERIFY(std::any_of(rows.begin(), rows.end(), [](QAction* row) {
         return !static_cast<WidgetMenuAction*>(row)->getWidget()->mask().isEmpty();
     })); // what lies over the arrow leaves it free
+}
+
+void ContextMenuTest::aScrollArrowPressesNoButtonBelowIt()
+{
+    Desk desk;
+    int clicks = 0;
+    for (int i = 0; i < 100; ++i) {
+        auto* const item = new ContextMenuItemWidget(QString::number(i), desk.menu);
+        connect(item->addSubAction(u"icons:eye.png"_qs), &QAbstractButton::clicked, this, [&] {
+            ++clicks;
+        });
+    }
+    desk.open();
+    const auto* const first = static_cast<WidgetMenuAction*>(desk.menu->actions().first());
+    const int column = first->getWidget()->findChild<RolloverButton*>()->geometry().center().x();
+    ui::test::FakePointer pointer(desk.menu);
+    for (const int fromBottom : {6, 10, 14}) {
+        pointer.moveTo({first->getWidget()->x() + column, desk.menu->height() - fromBottom});
+        pointer.press();
+        pointer.release();
+        QVERIFY(clicks == 0 && desk.menu->isVisible());
+    }
+}
+
+void ContextMenuTest::altAndALetterTriggerARow()
+{
+    Desk desk;
+    desk.menu->addAction(u"&Plain"_qs);
+    auto* const both = new ContextMenuItemWidget(u"&Both"_qs, desk.menu);
+    both->addToChildMenu(u"Inner"_qs);
+    for (const Qt::Key key : {Qt::Key_B, Qt::Key_P}) {
+        const QAction* const row = desk.exec([key] {
+            Desk::press(Qt::Key_Alt); // comes first
+            Desk::press(key, Qt::AltModifier);
+        });
+        QVERIFY(row && row->text().at(1).unicode() == key);
+    }
+}
+
+void ContextMenuTest::ticksAndPicturesStandBeforeTheText()
+{
+    Desk desk;
+    auto* const item = new ContextMenuItemWidget(u"Row"_qs, desk.menu);
+    desk.open();
+    const auto* const label = item->getWidget()->findChild<ContextMenuLabel*>();
+    const int bare = label->x();
+    item->setCheckable(true);
+    const int ticked = label->x();
+    QVERIFY(ticked > bare);
+    QPixmap picture(40, 40);
+    picture.fill(Qt::red);
+    item->getRowImageLabel()->setPixmap(picture);
+    QTRY_VERIFY(label->x() >= 40 && item->getWidget()->height() >= 40);
+    item->setIcon(picture);
+    QTRY_COMPARE(label->x(), ticked); // an icon has the size of a plain row's
+    QCOMPARE(
+        item->getRowImageLabel()->pixmap(Qt::ReturnByValue).deviceIndependentSize().width(), 16);
 }
 
 const ui::test::Registration<ContextMenuTest> kRegistration;

@@ -41,6 +41,7 @@ class WidgetMenuTest : public ui::test::StyledTestCase
 private Q_SLOTS:
     void rowsHearWhenTheHighlightComesAndGoes();
     void aWidgetMayBeExchangedOrDieWhileItIsShown();
+    void keysLeadIntoAFieldAndOutOfIt();
 };
 
 void WidgetMenuTest::rowsHearWhenTheHighlightComesAndGoes()
@@ -89,6 +90,25 @@ void WidgetMenuTest::aWidgetMayBeExchangedOrDieWhileItIsShown()
     delete row;
     QTest::keyClick(menu.windowHandle(), Qt::Key_Up);
     QVERIFY(menu.actions().isEmpty());
+}
+
+void WidgetMenuTest::keysLeadIntoAFieldAndOutOfIt()
+{
+    WidgetMenu menu;
+    Row row(menu);
+    QAction* const plain = menu.addAction(u"Plain"_qs);
+    auto* const field = new QLineEdit(row.getWidget());
+    menu.popup(QPoint(50, 50));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+    QTest::keyClick(menu.windowHandle(), Qt::Key_A);
+    QCOMPARE(field->text(), u"a"_qs);
+    menu.setActiveAction(plain); // as the pointer does, which moves no focus
+    QTRY_VERIFY(menu.hasFocus());
+    QTest::keyClick(menu.windowHandle(), Qt::Key_Up);
+    QVERIFY(field->hasFocus());
+    QTest::keyClick(menu.windowHandle(), Qt::Key_Tab);
+    QVERIFY(menu.activeAction() == plain && !field->hasFocus());
 }
 
 const ui::test::Registration<WidgetMenuTest> kRegistration;

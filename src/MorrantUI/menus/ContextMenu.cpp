@@ -28,6 +28,34 @@ bool isSelectable(const QAction& row)
     return row.isVisible() && row.isEnabled() && !row.isSeparator();
 }
 
+/// Takes the submenu from a row and gives it back once, unless the row has got another.
+class LentSubmenu
+{
+public:
+    explicit LentSubmenu(QAction& row)
+        : m_row(&row)
+        , m_submenu(row.menu())
+    {
+        if (m_submenu) {
+            row.setMenu(nullptr);
+        }
+    }
+    ~LentSubmenu() { giveBack(); }
+    Q_DISABLE_COPY_MOVE(LentSubmenu)
+
+    void giveBack()
+    {
+        const QPointer<QMenu> submenu = std::exchange(m_submenu, nullptr);
+        if (m_row && submenu && m_row->menu() == nullptr) {
+            m_row->setMenu(submenu);
+        }
+    }
+
+private:
+    QPointer<QAction> m_row;
+    QPointer<QMenu> m_submenu;
+};
+
 MenuKey keyOf(const QKeyEvent& event)
 {
     return ui::menus::menuKey(event.key(), event.modifiers(), event.text());
@@ -43,19 +71,32 @@ ContextMenu::ContextMenu(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
     m_searchTimer->setSingleShot(true);
+    m_searchTimer->setTimerType(Qt::PreciseTimer);
     m_searchTimer->setInterval(kSearchPause);
     connect(m_searchTimer, &QTimer::timeout, this, [this] { m_searchText.clear(); });
     connect(this, &QMenu::aboutToShow, this, &ContextMenu::aboutToOpen);
 }
 
-ContextMenu::~ContextMenu() = default;
+ContextMenu::~ContextMenu()
+{
+    ui::menus::moveHighlight(m_highlighted, nullptr); // rows of other owners live on
+}
 
 void ContextMenu::aboutToOpen()
 {
     m_searchTimer->stop();
     m_searchText.clear();
     m_pressed = false;
+    m_ledByKeys = false;
     ui::menus::limitToScreens(*this);
+    ui::menus::updateRows(*this);
+    const QList<QAction*> rows = actions();
+    for (QAction* const row : rows) {
+        auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
+        if (item != nullptr && item->m_row) {
+            item->m_row->followPicture();
+        }
+    }
 }
 
 // Keys
@@ -65,6 +106,10 @@ void ContextMenu::keyPressEvent(QKeyEvent* event)
     const QList<QAction*> rows = actions();
     if (rows.isEmpty()) {
         QMenu::keyPressEvent(event);
+        return;
+    }
+    if (event->key() == Qt::Key_Alt) {
+        event->accept(); // goes before a mnemonic, and QMenu would close
         return;
     }
     m_currentIndex = static_cast<int>(rows.indexOf(activeAction()));
@@ -106,13 +151,18 @@ void ContextMenu::step(int start, int by)
     }
     const QPointer<QAction> row = rows.at(index);
     const QPointer<ContextMenu> alive(this);
-    if (start >= 0 && activeAction() == rows.at(start)) {
+    m_ledByKeys = true;
+    ui::menus::claimFocus(*this); // which what loses it may answer in any way
+    if (alive && row && start >= 0 && activeAction() == rows.at(start)) {
         // QMenu's own step scrolls no further than it must, and opens no submenu.
         QKeyEvent key(QEvent::KeyPress, by > 0 ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
         QMenu::keyPressEvent(&key);
     }
     if (alive && row && activeAction() != row) {
         makeActive(row);
+        if (alive && row && activeAction() == row) {
+            ui::menus::focusRow(*row);
+        }
     }
     if (alive) {
         enterStrip();
@@ -130,6 +180,7 @@ void ContextMenu::highlightBySubstring(const QString& text, int start)
         return;
     }
     const QPointer<ContextMenu> alive(this);
+    m_ledByKeys = true;
     makeActive(rows.at(index));
     if (alive) {
         enterStrip();
@@ -138,7 +189,7 @@ void ContextMenu::highlightBySubstring(const QString& text, int start)
 
 void ContextMenu::extendSearch(const QString& text)
 {
-    if (!m_searchTimer->isActive()) {
+    if (m_searchTimer->remainingTime() <= 0) { // also while it is late to tell
         m_searchText.clear();
     }
     m_searchTimer->start();
@@ -150,19 +201,15 @@ void ContextMenu::extendSearch(const QString& text)
 /// that moment.
 void ContextMenu::makeActive(QAction* row)
 {
-    const QPointer<QAction> active(row);
-    const QPointer<QMenu> submenu(row->menu());
-    if (!submenu) {
+    if (row->menu() == nullptr) {
         setActiveAction(row);
         return;
     }
     const QPointer<ContextMenu> alive(this);
     m_leavesChanges = true;
-    row->setMenu(nullptr);
+    LentSubmenu lent(*row);
     setActiveAction(row);
-    if (active && submenu) {
-        active->setMenu(submenu);
-    }
+    lent.giveBack();
     if (alive) {
         m_leavesChanges = false;
     }
@@ -172,7 +219,8 @@ void ContextMenu::enterStrip()
 {
     followHighlight();
     auto* const item = qobject_cast<ContextMenuItemWidget*>(activeAction());
-    if (item != nullptr && item->isStrip() && item->m_row->chosenSubAction() == nullptr) {
+    if (item != nullptr && item->m_row && item->isStrip()
+        && item->m_row->chosenSubAction() == nullptr) {
         item->m_row->stepSubAction(1, 0);
     }
 }
@@ -180,7 +228,9 @@ void ContextMenu::enterStrip()
 bool ContextMenu::stepSubAction(const QKeyEvent& event)
 {
     auto* const item = qobject_cast<ContextMenuItemWidget*>(activeAction());
-    if (item == nullptr || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) {
+    if (item == nullptr || !item->m_row
+        || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
+    {
         return false;
     }
     const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
@@ -230,19 +280,11 @@ bool ContextMenu::answerMnemonic(const QKeyEvent& event)
 void ContextMenu::activate(QAction& row)
 {
     const QPointer<QAction> action(&row);
-    const QPointer<QMenu> submenu(row.menu());
-    const auto giveBack = [action, submenu] {
-        if (action && submenu) {
-            action->setMenu(submenu);
-        }
-    };
-    const auto hiding = connect(this, &QMenu::aboutToHide, this, giveBack);
     const bool checked = row.isChecked();
     const bool alone = ui::menus::openerOf(*this) == nullptr;
     const bool wasBlocked = alone && row.blockSignals(true);
-    if (submenu) {
-        row.setMenu(nullptr); // QMenu triggers no row that has one
-    }
+    LentSubmenu lent(row); // QMenu triggers no row that has one
+    const auto hiding = connect(this, &QMenu::aboutToHide, this, [&lent] { lent.giveBack(); });
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QMenu::keyPressEvent(&enter);
     disconnect(hiding);
@@ -250,7 +292,7 @@ void ContextMenu::activate(QAction& row)
         action->setChecked(checked);
         action->blockSignals(wasBlocked);
     }
-    giveBack();
+    lent.giveBack();
     if (alone && action) {
         action->trigger();
     }
@@ -263,7 +305,8 @@ void ContextMenu::triggerActive(QKeyEvent* event)
         return;
     }
     const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-    RolloverButton* const chosen = item != nullptr ? item->m_row->chosenSubAction() : nullptr;
+    RolloverButton* const chosen =
+        item != nullptr && item->m_row ? item->m_row->chosenSubAction() : nullptr;
     if (chosen != nullptr) {
         if (!event->isAutoRepeat()) {
             chosen->click();
@@ -278,16 +321,19 @@ void ContextMenu::triggerActive(QKeyEvent* event)
 void ContextMenu::mousePressEvent(QMouseEvent* event)
 {
     m_pressed = true;
+    m_ledByKeys = false;
     QMenu::mousePressEvent(event);
 }
 
 void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool pressed = std::exchange(m_pressed, false);
-    QAction* const row = actionAt(event->position().toPoint());
+    const QPoint position = event->position().toPoint();
+    const bool overArrow = !ui::menus::freeOfArrows(*this).contains(position);
+    QAction* const row = overArrow ? nullptr : actionAt(position);
     const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-    if (item != nullptr) {
-        const QPoint inRow = event->position().toPoint() - item->m_row->pos();
+    if (item != nullptr && item->m_row && item->m_row->parentWidget() == this) {
+        const QPoint inRow = position - item->m_row->pos();
         if (RolloverButton* const button = item->m_row->subActionAt(inRow)) {
             if (pressed && event->button() == Qt::LeftButton) {
                 button->click(); // the press was elsewhere in the menu, or a submenu passed it on
@@ -303,6 +349,15 @@ void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
         activate(*row);
     } else {
         QMenu::mouseReleaseEvent(event);
+    }
+}
+
+/// QMenu's timers do what the resting pointer meant, and would open the submenu of a row that keys
+/// have led to since.
+void ContextMenu::timerEvent(QTimerEvent* event)
+{
+    if (!m_ledByKeys) {
+        QMenu::timerEvent(event);
     }
 }
 
@@ -322,6 +377,8 @@ bool ContextMenu::event(QEvent* event)
         ui::menus::clipWidgetRows(*this);
     } else if (event->type() == QEvent::Show) {
         arrangeRows();
+    } else if (event->type() == QEvent::MouseMove) {
+        m_ledByKeys = false;
     }
     const QPointer<ContextMenu> alive(this);
     const bool handled = QMenu::event(event);
@@ -362,32 +419,38 @@ void ContextMenu::actionEvent(QActionEvent* event)
 void ContextMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
 {
     QMenu::initStyleOption(option, action);
-    option->maxIconWidth = std::max(option->maxIconWidth, pictureColumn());
+    measureMarks();
+    option->maxIconWidth = std::max(option->maxIconWidth, m_pictureColumn);
+    option->menuHasCheckableItems = option->menuHasCheckableItems || m_hasTicks;
 }
 
-int ContextMenu::pictureColumn() const
+void ContextMenu::measureMarks() const
 {
     if (m_pictureColumn >= 0) {
-        return m_pictureColumn;
+        return;
     }
     m_pictureColumn = 0;
+    m_hasTicks = false;
     const QList<QAction*> rows = actions();
     for (const QAction* const row : rows) {
         const auto* const item = qobject_cast<const ContextMenuItemWidget*>(row);
-        if (item != nullptr && item->isVisible() && !item->icon().isNull()) {
-            const QPixmap picture = item->getRowImageLabel()->pixmap(Qt::ReturnByValue);
-            const int width = picture.deviceIndependentSize().toSize().width();
+        if (item == nullptr || !item->isVisible() || !item->m_row) {
+            continue;
+        }
+        m_hasTicks = m_hasTicks || item->isCheckable();
+        const int width = item->m_row->pictureSize().width();
+        if (width > 0) {
             m_pictureColumn = std::max(m_pictureColumn, width + kPictureMargin);
         }
     }
-    return m_pictureColumn;
 }
 
 void ContextMenu::arrangeRows()
 {
     const QList<QAction*> rows = actions();
     for (QAction* const row : rows) {
-        if (const auto* const item = qobject_cast<ContextMenuItemWidget*>(row)) {
+        const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
+        if (item != nullptr && item->m_row) {
             item->m_row->arrange();
         }
     }

@@ -40,6 +40,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     void highlightNext(int start);
@@ -58,7 +59,7 @@ private:
     bool answerMnemonic(const QKeyEvent& event);
     void activate(QAction& row);
 
-    int pictureColumn() const;
+    void measureMarks() const;
     void arrangeRows();
 
     int m_currentIndex = -1; ///< of the active row when the last key arrived
@@ -66,7 +67,9 @@ private:
     QString m_searchText;
 
     QPointer<WidgetMenuAction> m_highlighted;
-    mutable int m_pictureColumn = -1; ///< -1: to be measured
+    mutable int m_pictureColumn = -1; ///< -1: to be measured, with the next
+    mutable bool m_hasTicks = false;  ///< a rich row that can be checked
     bool m_leavesChanges = false;     ///< while a row lends out its submenu
     bool m_pressed = false;           ///< the mouse, inside this menu
+    bool m_ledByKeys = false;         ///< the highlight, rather than by the mouse
 };

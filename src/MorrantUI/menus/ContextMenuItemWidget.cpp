@@ -13,19 +13,7 @@
 
 namespace {
 
-constexpr int kLargestPicture = 48; ///< logical pixels, either side
-
-QPixmap limited(const QPixmap& pixmap)
-{
-    const QSizeF size = pixmap.deviceIndependentSize();
-    const double larger = std::max(size.width(), size.height());
-    if (larger <= kLargestPicture) {
-        return pixmap;
-    }
-    const QSize smaller = pixmap.size() * (kLargestPicture / larger);
-    return pixmap.scaled(
-        smaller.expandedTo({1, 1}), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-}
+constexpr int kIconSide = 16; ///< logical pixels, of icons in plain rows
 
 } // namespace
 
@@ -34,13 +22,15 @@ ContextMenuItemWidget::ContextMenuItemWidget(const QString& text, ContextMenu* m
     , m_row(static_cast<ContextMenuRow*>(defaultWidget()))
 {
     connect(this, &QAction::changed, m_row, &ContextMenuRow::followAction);
+    connect(this, &QAction::changed, this, &ContextMenuItemWidget::followIcon);
     setLabelText(text);
     setContextMenu(menu);
 }
 
 ContextMenuItemWidget::~ContextMenuItemWidget()
 {
-    disconnect(this, nullptr, m_row, nullptr); // which must not look at what is left of this
+    // Nobody must look at what is left of this.
+    disconnect(this, &QAction::changed, nullptr, nullptr);
     if (m_childMenu) {
         m_childMenu->deleteLater(); // one of its rows may have led here
         m_childMenu->hide();
@@ -54,13 +44,17 @@ void ContextMenuItemWidget::setLabelText(const QString& text)
 
 void ContextMenuItemWidget::setLabelColor(QColor color)
 {
-    m_row->label().setColor(color);
+    if (m_row) {
+        m_row->label().setColor(color);
+    }
 }
 
 void ContextMenuItemWidget::setAccentedLabel(bool accented)
 {
-    m_row->label().setAccented(accented);
-    m_row->measureAgain();
+    if (m_row) {
+        m_row->label().setAccented(accented);
+        m_row->measureAgain();
+    }
 }
 
 void ContextMenuItemWidget::setPixmap(QString iconName)
@@ -70,22 +64,39 @@ void ContextMenuItemWidget::setPixmap(QString iconName)
 
 void ContextMenuItemWidget::setPixmap(const QPixmap& pixmap)
 {
-    const QPixmap shown = limited(pixmap);
-    m_row->image().setPixmap(shown);
-    setIcon(shown.isNull() ? QIcon() : QIcon(shown)); // the menu measures its rows again
+    if (!m_row) {
+        return;
+    }
+    m_row->setPicture(pixmap);
+    const QPixmap shown = m_row->picture();
+    const QIcon icon = shown.isNull() ? QIcon() : QIcon(shown);
+    m_iconKey = icon.cacheKey();
+    setIcon(icon); // the menu measures its rows again
+}
+
+void ContextMenuItemWidget::followIcon()
+{
+    if (m_row && icon().cacheKey() != m_iconKey) {
+        m_iconKey = icon().cacheKey();
+        m_row->setPicture(icon().pixmap(QSize(kIconSide, kIconSide)));
+    }
 }
 
 QLabel* ContextMenuItemWidget::getRowImageLabel() const
 {
-    return &m_row->image();
+    return m_row ? &m_row->image() : nullptr;
 }
 
 RolloverButton* ContextMenuItemWidget::addSubAction(QString iconName)
 {
+    if (!m_row) {
+        return nullptr;
+    }
     auto* const button = new RolloverButton(iconName);
     connect(button, &QAbstractButton::clicked, this, [this] {
-        if (!m_staysOpen) {
-            ui::menus::closeAll(m_menu); // before the host's own slots, which connect later
+        if (!m_staysOpen && m_row) {
+            // Before the host's own slots, which connect later.
+            ui::menus::closeAll(qobject_cast<QMenu*>(m_row->parentWidget()));
         }
     });
     m_row->addSubAction(button);
@@ -95,7 +106,9 @@ RolloverButton* ContextMenuItemWidget::addSubAction(QString iconName)
 ContextMenu* ContextMenuItemWidget::makeChildMenu()
 {
     if (!m_childMenu) {
-        m_childMenu = new ContextMenu(m_menu);
+        m_childMenu = new ContextMenu(contextMenu());
+    }
+    if (menu() != m_childMenu) {
         setMenu(m_childMenu);
     }
     return m_childMenu;
@@ -128,25 +141,25 @@ void ContextMenuItemWidget::setContextMenu(ContextMenu* menu)
             return;
         }
     }
-    if (menu == m_menu) {
+    auto* const shownIn = m_row ? m_row->parentWidget() : nullptr;
+    if (menu == shownIn && menu == parent()) {
         return;
     }
-    if (m_menu) {
-        m_menu->removeAction(this);
+    if (shownIn != nullptr && shownIn != menu) {
+        shownIn->removeAction(this);
     }
-    m_menu = menu;
     setParent(menu);
     if (m_childMenu) {
         m_childMenu->setParent(menu, m_childMenu->windowFlags());
     }
-    if (menu != nullptr) {
+    if (menu != nullptr && menu != shownIn) {
         menu->addAction(this);
     }
 }
 
 ContextMenu* ContextMenuItemWidget::contextMenu() const
 {
-    return m_menu;
+    return m_row ? qobject_cast<ContextMenu*>(m_row->parentWidget()) : nullptr;
 }
 
 void ContextMenuItemWidget::disableMainTrigger(bool trigger, bool highlight)

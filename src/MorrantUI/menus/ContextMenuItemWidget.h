@@ -20,6 +20,7 @@ class RolloverButton;
 /// highlight from pointer and keys like a plain row, lies on the same columns and is triggered by
 /// a click and by Return, with the menu closed by then; one with a child menu opens that by Right
 /// or under the pointer.
+/// The row is its widget: setWidget() is ignored.
 class MORRANT_UI_EXPORT ContextMenuItemWidget : public WidgetMenuAction
 {
     Q_OBJECT
@@ -41,14 +42,17 @@ public:
     void setPixmap(QString iconName);
     /// Before the label, where a plain row has its icon; the action's icon, too. One of more than
     /// 48 logical pixels is made smaller. The menu's column is as wide as its widest picture.
+    /// setIcon() shows an icon there, in the size of a plain row's.
     void setPixmap(const QPixmap& pixmap);
-    /// What shows the picture; owned by the row.
+    /// What shows the picture; owned by the row. A picture that is set on it counts like any other.
     QLabel* getRowImageLabel() const;
 
     /// Adds a small button at the row's end, owned by the row; give it a tool tip, which names it
     /// to assistive tools. It may be checkable, disabled, hidden or deleted at any time. Tab and
     /// Shift+Tab reach it from the active row, and so do Right and Left, and Return presses it.
+    /// toggled() of a checkable one comes while the menu is still open, clicked() afterwards.
     /// @param iconName such as "icons:eye.png"
+    /// @return null where the row's widget has been deleted, as getRowImageLabel() does then
     RolloverButton* addSubAction(QString iconName);
 
     /// Whether the menu stays open when a button of the row is pressed. By default it is closed,
@@ -65,7 +69,9 @@ public:
 
     /// Moves the row, with its child menu, to the end of another menu, which owns it from then on;
     /// null takes it out and leaves it to the caller. A menu below this row is ignored.
+    /// insertAction() of the menu moves a row to another place in it.
     void setContextMenu(ContextMenu* menu);
+    /// The one that shows the row, by whatever way it came there.
     ContextMenu* contextMenu() const;
 
     /// @param trigger the row no longer triggers: click and Return only open its child menu, if it
@@ -82,11 +88,12 @@ private:
     friend class ContextMenu;
 
     ContextMenu* makeChildMenu();
+    void followIcon();
     bool isStrip() const { return m_triggerDisabled && m_highlightDisabled; }
 
     QPointer<ContextMenuRow> m_row;
-    QPointer<ContextMenu> m_menu;
     QPointer<ContextMenu> m_childMenu;
+    qint64 m_iconKey = 0; ///< of the icon that the row shows
     bool m_staysOpen = false;
     bool m_triggerDisabled = false;
     bool m_highlightDisabled = false;

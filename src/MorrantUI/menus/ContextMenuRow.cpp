@@ -5,13 +5,15 @@
 #include "MorrantUI/menus/menusearch.h"
 #include "MorrantUI/menus/rowgeometry.h"
 #include "MorrantUI/theme/style/metrics.h"
+#include "MorrantUI/theme/style/shades.h"
+#include "MorrantUI/theme/style/shapes.h"
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/ContextMenuItemWidget.h>
 #include <MorrantUI/menus/ContextMenuLabel.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QChildEvent>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,6 +26,25 @@ namespace {
 constexpr int kSubActionSide = 20; ///< logical pixels
 constexpr int kSubActionEdge = 4;  ///< from the last button to the row's end
 constexpr int kPictureMargin = 3;  ///< above and below a picture
+
+constexpr int kLargestPicture = 48;    ///< logical pixels, either side
+constexpr int kCheckedMargin = 2;      ///< of the ground around the picture of a checked row
+constexpr double kCheckedShare = 0.18; ///< of the text's colour
+
+/// As many device pixels as the sharpest screen shows of a picture's limit, never more than it has.
+QPixmap limited(const QPixmap& pixmap)
+{
+    const QSizeF size = pixmap.deviceIndependentSize();
+    if (std::max(size.width(), size.height()) <= kLargestPicture) {
+        return pixmap;
+    }
+    const double larger = std::max(pixmap.width(), pixmap.height());
+    const double kept = std::min(larger, kLargestPicture * qGuiApp->devicePixelRatio());
+    const QSize smaller = (pixmap.size() * (kept / larger)).expandedTo({1, 1});
+    QPixmap scaled = pixmap.scaled(smaller, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    scaled.setDevicePixelRatio(kept / kLargestPicture);
+    return scaled;
+}
 
 } // namespace
 
@@ -44,6 +65,41 @@ QLabel& ContextMenuRow::image()
         arrangeIfShown();
     }
     return *m_image;
+}
+
+QPixmap ContextMenuRow::picture() const
+{
+    return m_image == nullptr ? QPixmap() : m_image->pixmap(Qt::ReturnByValue);
+}
+
+QSize ContextMenuRow::pictureSize() const
+{
+    return picture().deviceIndependentSize().toSize();
+}
+
+void ContextMenuRow::setPicture(const QPixmap& picture)
+{
+    if (picture.isNull() && m_image == nullptr) {
+        return;
+    }
+    image().setPixmap(limited(picture));
+    m_pictureKey = this->picture().cacheKey();
+    measureAgain();
+}
+
+void ContextMenuRow::followPicture()
+{
+    if (picture().cacheKey() != m_pictureKey) {
+        setPicture(picture());
+    }
+}
+
+bool ContextMenuRow::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) {
+        followPicture(); // the only child that asks for another size by itself
+    }
+    return ContextMenuButton::event(event);
 }
 
 void ContextMenuRow::addSubAction(RolloverButton* button)
@@ -235,10 +291,8 @@ QSize ContextMenuRow::sizeHint() const
     const QSize text = m_label->sizeHint();
     const int width = ui::menus::rowWidth(parts(option), text.width());
     const QSize plain = style()->sizeFromContents(QStyle::CT_MenuItem, &option, text, this);
-    const QPixmap picture = m_image == nullptr ? QPixmap() : m_image->pixmap(Qt::ReturnByValue);
-    const int pictured =
-        picture.isNull() ? 0
-                         : picture.deviceIndependentSize().toSize().height() + 2 * kPictureMargin;
+    const int picture = pictureSize().height();
+    const int pictured = picture > 0 ? picture + 2 * kPictureMargin : 0;
     return {width, std::max({plain.height(), pictured, ui::rowHeight(*this)})};
 }
 
@@ -299,9 +353,16 @@ void ContextMenuRow::resizeEvent(QResizeEvent* event)
 
 void ContextMenuRow::paintEvent(QPaintEvent* /*event*/)
 {
-    const QStyleOptionMenuItem option = this->option();
+    QStyleOptionMenuItem option = this->option();
+    const bool pictured = !pictureSize().isEmpty();
+    if (pictured) {
+        option.checkType = QStyleOptionMenuItem::NotCheckable; // a tick would lie behind it
+    }
     QPainter painter(this);
     style()->drawControl(QStyle::CE_MenuItem, &option, &painter, this);
+    if (pictured && option.checked) {
+        paintCheckedGround(painter, option);
+    }
 
     const QString shortcut = shortcutText();
     if (shortcut.isEmpty()) {
@@ -317,4 +378,16 @@ void ContextMenuRow::paintEvent(QPaintEvent* /*event*/)
         isEnabled(),
         shortcut,
         isHighlighted() ? QPalette::HighlightedText : QPalette::WindowText);
+}
+
+/// As behind the icon of a checked plain row.
+void ContextMenuRow::paintCheckedGround(QPainter& painter, const QStyleOptionMenuItem& option) const
+{
+    const bool lit = option.state.testFlag(QStyle::State_Selected);
+    const QColor text =
+        option.palette.color(lit ? QPalette::HighlightedText : QPalette::WindowText);
+    QRectF ground({}, pictureSize() + 2 * QSize(kCheckedMargin, kCheckedMargin));
+    ground.moveCenter(QRectF(m_image->geometry()).center());
+    ui::style::fillRounded(
+        painter, ground, ui::style::kSmallRadius, ui::style::translucent(text, kCheckedShare));
 }

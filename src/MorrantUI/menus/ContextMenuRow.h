@@ -8,6 +8,7 @@
 class ContextMenuItemWidget;
 class ContextMenuLabel;
 class QLabel;
+class QPainter;
 class QStyleOptionMenuItem;
 
 namespace ui::menus {
@@ -28,6 +29,13 @@ public:
 
     ContextMenuLabel& label() { return *m_label; }
     QLabel& image(); ///< made when it is first asked for
+
+    /// One of more than 48 logical pixels is made smaller; a null one shows none.
+    void setPicture(const QPixmap& picture);
+    QPixmap picture() const;
+    QSize pictureSize() const; ///< logical pixels; empty without a picture
+    /// Takes over what has been set on the label itself.
+    void followPicture();
 
     void addSubAction(RolloverButton* button);
     /// The button at a point, disabled ones too; null if there is none.
@@ -55,6 +63,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void childEvent(QChildEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
@@ -68,6 +77,7 @@ private:
     QStyleOptionMenuItem option() const;
     ui::menus::RowParts parts(const QStyleOptionMenuItem& option) const;
     QString shortcutText() const;
+    void paintCheckedGround(QPainter& painter, const QStyleOptionMenuItem& option) const;
     QList<RolloverButton*> shownButtons() const;
     QList<RolloverButton*> usableButtons() const;
 
@@ -80,6 +90,7 @@ private:
     const ContextMenuItemWidget& m_item;
     ContextMenuLabel* m_label;
     QLabel* m_image = nullptr;
+    qint64 m_pictureKey = 0;       ///< of the picture that was measured
     QList<SubAction> m_subActions; ///< in their order
     bool m_lit = false;
 };

@@ -3,10 +3,13 @@
 #include "MorrantUI/menus/menurows.h"
 #include <MorrantUI/menus/WidgetMenuAction.h>
 
-#include <QCursor>
-#include <QEvent>
+#include <QGuiApplication>
+#include <QHoverEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionMenuItem>
+
+#include <utility>
 
 WidgetMenu::WidgetMenu(QWidget* parent)
     : QMenu(parent)
@@ -14,16 +17,16 @@ WidgetMenu::WidgetMenu(QWidget* parent)
     setMouseTracking(true);
     setAttribute(Qt::WA_Hover); // tells of moves that a widget keeps to itself
     connect(this, &QMenu::aboutToShow, this, [this] {
+        m_heardMove = false;
         ui::menus::limitToScreens(*this);
-        for (QAction* const action : actions()) {
-            if (auto* const row = qobject_cast<WidgetMenuAction*>(action)) {
-                row->updateMouseTracking();
-            }
-        }
+        ui::menus::updateRows(*this);
     });
 }
 
-WidgetMenu::~WidgetMenu() = default;
+WidgetMenu::~WidgetMenu()
+{
+    setHighlightedAction(nullptr); // rows of other owners live on
+}
 
 void WidgetMenu::setHighlightedAction(QAction* action)
 {
@@ -32,29 +35,49 @@ void WidgetMenu::setHighlightedAction(QAction* action)
     }
 }
 
-void WidgetMenu::updateHighlightedAction(bool underPointer)
+void WidgetMenu::updateHighlightedAction(bool shown)
 {
-    if (underPointer) {
-        auto* const row = qobject_cast<WidgetMenuAction*>(actionAt(mapFromGlobal(QCursor::pos())));
-        if (row != nullptr && row != activeAction() && row->isEnabled()) {
-            setActiveAction(row);
-        }
+    setHighlightedAction(shown ? activeAction() : nullptr);
+}
+
+/// QMenu learns of a move that the widget below the pointer kept to itself, except in mid-drag.
+void WidgetMenu::hearUnheardMove(const QHoverEvent& hover)
+{
+    const bool heard = std::exchange(m_heardMove, false);
+    const QPointF position = hover.position();
+    const auto* const row = qobject_cast<WidgetMenuAction*>(actionAt(position.toPoint()));
+    if (heard || row == nullptr || QGuiApplication::mouseButtons() != Qt::NoButton
+        || !ui::menus::freeOfArrows(*this).contains(position.toPoint()))
+    {
+        return;
     }
-    setHighlightedAction(activeAction());
+    QMouseEvent move(
+        QEvent::MouseMove,
+        position,
+        position,
+        hover.globalPosition(),
+        Qt::NoButton,
+        Qt::NoButton,
+        hover.modifiers());
+    QMenu::mouseMoveEvent(&move);
 }
 
 bool WidgetMenu::event(QEvent* event)
 {
-    const QEvent::Type type = event->type();
-    if (type == QEvent::LayoutRequest) {
-        ui::menus::layOutAgain(*this);
-    } else if (type == QEvent::UpdateRequest) {
-        ui::menus::clipWidgetRows(*this);
+    switch (event->type()) {
+    case QEvent::LayoutRequest: ui::menus::layOutAgain(*this); break;
+    case QEvent::UpdateRequest: ui::menus::clipWidgetRows(*this); break;
+    case QEvent::MouseMove: m_heardMove = true; break;
+    case QEvent::KeyPress: ui::menus::claimFocus(*this); break;
+    default: break;
     }
     const QPointer<WidgetMenu> alive(this);
-    const bool handled = QMenu::event(event);
+    if (event->type() == QEvent::HoverMove) {
+        hearUnheardMove(*static_cast<QHoverEvent*>(event));
+    }
+    const bool handled = !alive || QMenu::event(event);
     if (alive) {
-        updateHighlightedAction(type == QEvent::HoverMove);
+        updateHighlightedAction(isVisible());
     }
     return handled;
 }
@@ -65,10 +88,13 @@ void WidgetMenu::paintEvent(QPaintEvent* event)
     if (!m_highlighted) {
         return;
     }
-    QStyleOptionMenuItem option;
-    initStyleOption(&option, m_highlighted);
-    option.rect = actionGeometry(m_highlighted);
-    option.text.clear();
+    QStyleOptionMenuItem ground;
+    ground.initFrom(this);
+    ground.menuItemType = QStyleOptionMenuItem::Normal;
+    ground.state.setFlag(QStyle::State_Selected);
+    ground.state.setFlag(QStyle::State_Enabled, isEnabled() && m_highlighted->isEnabled());
+    ground.rect = actionGeometry(m_highlighted);
     QPainter painter(this);
-    style()->drawControl(QStyle::CE_MenuItem, &option, &painter, this);
+    painter.setClipRect(ui::menus::freeOfArrows(*this));
+    style()->drawControl(QStyle::CE_MenuItem, &ground, &painter, this);
 }

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QPointer>
 
+class QHoverEvent;
 class WidgetMenuAction;
 
 /// A menu with widgets as rows: fields, sliders, strips of icons.
@@ -26,7 +27,9 @@ protected:
 
 private:
     void setHighlightedAction(QAction* action);
-    void updateHighlightedAction(bool underPointer);
+    void updateHighlightedAction(bool shown);
+    void hearUnheardMove(const QHoverEvent& hover);
 
     QPointer<WidgetMenuAction> m_highlighted;
+    bool m_heardMove = false; ///< the mouse event of the next hover event
 };

@@ -1,7 +1,10 @@
 #include "MorrantUI/menus/WidgetMenuAction.h"
 
+#include "MorrantUI/menus/menurows.h"
 #include <MorrantUI/menus/ContextMenuButton.h>
 #include <MorrantUI/theme/Widget.h>
+
+#include <algorithm>
 
 WidgetMenuAction::WidgetMenuAction(QObject* parent)
     : QWidgetAction(parent)
@@ -34,10 +37,19 @@ void WidgetMenuAction::setWidget(Widget* widget)
     if (!m_holder || widget == m_widget) {
         return;
     }
+    const QPointer<Widget> previous = m_widget;
     m_widget = widget;
+    if (previous && previous->parentWidget() == m_holder) {
+        ui::menus::takeFocusFrom(*previous);
+        previous->hide();
+        previous->setParent(nullptr); // the holder would delete it at once
+        previous->deleteLater();
+    }
     m_holder->setChild(widget);
     updateMouseTracking();
-    highlightChanged(m_highlighted);
+    if (m_highlighted) {
+        highlightChanged(true);
+    }
 }
 
 Widget* WidgetMenuAction::getWidget() const
@@ -55,6 +67,23 @@ void WidgetMenuAction::updateMouseTracking()
     for (QWidget* const child : row->findChildren<QWidget*>()) {
         child->setMouseTracking(true);
     }
+    followFocusPolicies();
+}
+
+void WidgetMenuAction::followFocusPolicies()
+{
+    if (!m_holder) {
+        return;
+    }
+    const QList<QWidget*> inside = m_holder->findChildren<QWidget*>();
+    const auto first = std::find_if(inside.begin(), inside.end(), [this](const QWidget* widget) {
+        return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabledTo(m_holder)
+               && (widget->isVisibleTo(m_widget) || widget == m_widget);
+    });
+    QWidget* const proxy = first == inside.end() ? nullptr : *first;
+    m_holder->setFocusProxy(nullptr); // whose own policy would change with the holder's
+    m_holder->setFocusPolicy(proxy == nullptr ? Qt::NoFocus : Qt::TabFocus);
+    m_holder->setFocusProxy(proxy);
 }
 
 void WidgetMenuAction::highlightEnter()

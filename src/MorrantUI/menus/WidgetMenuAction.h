@@ -19,15 +19,17 @@ public:
     explicit WidgetMenuAction(QObject* parent = nullptr);
     ~WidgetMenuAction() override;
 
-    /// Shows a widget in the row and owns it, also in a menu that is open; the one before is
-    /// deleted. Null leaves the row empty.
+    /// Shows a widget in the row and owns it, also in a menu that is open. The one before is hidden
+    /// at once and deleted when control returns to the event loop, so that it may itself be what
+    /// asks for another. Null leaves the row empty. Keys that make the row active give the focus
+    /// to the first in the widget that Tab would; it goes back to the menu with the highlight.
     void setWidget(Widget* widget);
     /// Null when there is none, or when it was deleted.
     Widget* getWidget() const;
 
     /// Lets the menu hear of the pointer's moves over the widget and all its children, so that the
     /// highlight follows. Done by setWidget() and whenever the menu opens; for children that come
-    /// later.
+    /// later. Finds out anew, too, which of them gets the focus.
     void updateMouseTracking();
 
     /// By the menu: the row becomes, or no longer is, the active one. Twice the same is once.
@@ -44,6 +46,8 @@ protected:
     virtual void highlightChanged(bool highlighted);
 
 private:
+    void followFocusPolicies();
+
     QPointer<Widget> m_holder; ///< null when the row is its own widget
     QPointer<Widget> m_widget;
     bool m_highlighted = false;

@@ -3,8 +3,8 @@
 #include <MorrantUI/menus/WidgetMenuAction.h>
 
 #include <QActionEvent>
+#include <QApplication>
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
 #include <QStyle>
@@ -35,27 +35,58 @@ QList<QWidget*> widgetsOf(const QMenu& menu, const QList<QAction*>& rows)
     return widgets;
 }
 
-/// The part of a menu that no scroll arrow takes.
-QRect freeOfArrows(const QMenu& menu, const QList<QAction*>& rows)
+} // namespace
+
+QRect freeOfArrows(const QMenu& menu)
 {
+    const QList<QAction*> rows = menu.actions();
     const auto first = std::find_if(rows.begin(), rows.end(), hasPlace);
     const auto last = std::find_if(rows.rbegin(), rows.rend(), hasPlace);
     QRect free = menu.rect();
     if (first == rows.end()) {
         return free;
     }
+    const QMargins contents = menu.contentsMargins();
     const int frame = menu.style()->pixelMetric(QStyle::PM_MenuPanelWidth, nullptr, &menu);
+    const int margin = menu.style()->pixelMetric(QStyle::PM_MenuVMargin, nullptr, &menu);
     const int arrow = menu.style()->pixelMetric(QStyle::PM_MenuScrollerHeight, nullptr, &menu);
-    if (menu.actionGeometry(*first).top() < frame) {
-        free.setTop(frame + arrow);
+    const int top = contents.top() + frame + margin;
+    if (menu.actionGeometry(*first).top() < top) {
+        free.setTop(top + arrow);
     }
-    if (menu.actionGeometry(*last).bottom() > free.bottom() - frame) {
-        free.setBottom(free.bottom() - frame - arrow);
+    const int bottom = free.bottom() - contents.bottom() - frame;
+    if (menu.actionGeometry(*last).bottom() > bottom) { // QMenu scrolls into this margin
+        free.setBottom(bottom - margin - arrow);
     }
     return free;
 }
 
-} // namespace
+void focusRow(const QAction& row)
+{
+    const auto* const action = qobject_cast<const QWidgetAction*>(&row);
+    QWidget* const widget = action != nullptr ? action->defaultWidget() : nullptr;
+    if (widget != nullptr && widget->focusPolicy() != Qt::NoFocus) {
+        // Not as by Tab: a field of the window behind would take that as the end of its edit.
+        widget->setFocus(Qt::PopupFocusReason);
+    }
+}
+
+void claimFocus(QMenu& menu)
+{
+    const QWidget* const focused = QApplication::focusWidget();
+    if (focused != &menu && !menu.isAncestorOf(focused)) {
+        menu.setFocus(Qt::PopupFocusReason);
+    }
+}
+
+void takeFocusFrom(QWidget& widget)
+{
+    QWidget* const window = widget.window();
+    const QWidget* const focused = window->focusWidget();
+    if (window != &widget && (focused == &widget || widget.isAncestorOf(focused))) {
+        window->setFocus(Qt::PopupFocusReason);
+    }
+}
 
 bool moveHighlight(QPointer<WidgetMenuAction>& highlighted, QAction* active)
 {
@@ -66,6 +97,9 @@ bool moveHighlight(QPointer<WidgetMenuAction>& highlighted, QAction* active)
     const QPointer<WidgetMenuAction> left = highlighted;
     highlighted = row;
     const QPointer<WidgetMenuAction> entered = highlighted; // a host's override may change it
+    if (left && left->defaultWidget() != nullptr) {
+        takeFocusFrom(*left->defaultWidget());
+    }
     if (left) {
         left->highlightLeave();
     }
@@ -104,7 +138,7 @@ void clipWidgetRows(QMenu& menu)
     if (widgets.isEmpty()) {
         return;
     }
-    const QRect free = freeOfArrows(menu, rows);
+    const QRect free = freeOfArrows(menu);
     for (QWidget* const widget : widgets) {
         const QRect place = widget->geometry();
         if (!free.contains(place)) {
@@ -135,6 +169,16 @@ void closeAll(QMenu* menu)
         const QPointer<QMenu> above = openerOf(*open);
         open->close();
         open = above;
+    }
+}
+
+void updateRows(const QMenu& menu)
+{
+    const QList<QAction*> rows = menu.actions();
+    for (QAction* const action : rows) {
+        if (auto* const row = qobject_cast<WidgetMenuAction*>(action)) {
+            row->updateMouseTracking();
+        }
     }
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QPointer>
+#include <QRect>
 
 class QAction;
 class QMenu;
+class QWidget;
 class WidgetMenuAction;
 
 /// What menus with widgets as rows share.
@@ -20,6 +22,18 @@ void keepOnScreen(QMenu& menu);
 /// Lets a menu measure its rows again: a widget's size has changed.
 void layOutAgain(QMenu& menu);
 
+/// The part of a menu that no scroll arrow takes; below an arrow a row may go on unseen.
+QRect freeOfArrows(const QMenu& menu);
+
+/// Gives the focus to what can have it in a row's widget, as QMenu does where its own keys lead.
+void focusRow(const QAction& row);
+
+/// Takes the focus to a menu, unless something in it has it already.
+void claimFocus(QMenu& menu);
+
+/// Gives the focus from a widget in a menu, or what lies in it, back to the menu.
+void takeFocusFrom(QWidget& widget);
+
 /// Rows of an overlong menu leave the scroll arrows free, which would otherwise lie below them.
 void clipWidgetRows(QMenu& menu);
 
@@ -28,6 +42,9 @@ QMenu* openerOf(const QMenu& menu);
 
 /// Closes a menu and those that it was opened from.
 void closeAll(QMenu* menu);
+
+/// What the widgets of a menu's rows hold may have changed since it was last open.
+void updateRows(const QMenu& menu);
 
 /// A menu can be no wider than the narrowest screen.
 void limitToScreens(QMenu& menu);
