@@ -5,9 +5,11 @@
 #include <QKeyEvent>
 #include <QPalette>
 #include <QPointer>
+#include <QTextBlock>
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 namespace {
 
@@ -65,14 +67,19 @@ bool isReturn(const QKeyEvent& key)
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
-/// Platforms give Ctrl+S a control character for a text; what is held down with it says that it is
-/// a command. Control and Alt together are AltGr, which writes.
+/// Platforms give Ctrl+S a control character for a text, and some Ctrl+Alt+S too; what is held down
+/// says that it is a command. Control and Alt together may be AltGr, which writes, but no control
+/// characters. Of these only the Tab key's is text.
 bool producesText(const QKeyEvent& key)
 {
     const Qt::KeyboardModifiers held = key.modifiers();
     const bool isCommand = held.testFlag(Qt::MetaModifier)
                            || held.testFlag(Qt::ControlModifier) != held.testFlag(Qt::AltModifier);
-    return !key.text().isEmpty() && !isCommand;
+    const QString text = key.text();
+    const bool isTab = text == u'\t' && !held.testFlag(Qt::ControlModifier);
+    const bool isControl = std::any_of(
+        text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; });
+    return !text.isEmpty() && !isCommand && (isTab || !isControl);
 }
 
 bool belongsToText(const QKeyEvent& key)
@@ -91,12 +98,33 @@ bool belongsToText(const QKeyEvent& key)
     }
 }
 
+/// Characters. Qt looks for the end of a word in each line that it fills: the square of the time.
+constexpr int kLongestWord = 10'000;
+
+bool hasTooLongWord(const QTextBlock& line)
+{
+    if (line.length() <= kLongestWord) {
+        return false;
+    }
+    const QString text = line.text();
+    int inWord = 0;
+    return std::any_of(text.begin(), text.end(), [&inWord](QChar c) {
+        inWord = c.isSpace() && c != QChar(QChar::Nbsp) ? 0 : inWord + 1;
+        return inWord > kLongestWord;
+    });
+}
+
 } // namespace
 
 PlainTextEdit::PlainTextEdit(QWidget* parent)
     : QPlainTextEdit(parent)
 {
     connect(this, &QPlainTextEdit::textChanged, this, [this] { m_modified = !m_isReporting; });
+    connect( // which comes before the text is laid out
+        document(),
+        &QTextDocument::contentsChange,
+        this,
+        [this](int position, int, int added) { adaptWrapping(position, added); });
     setGround(ui::colorQt(QStringLiteral("Window")));
 }
 
@@ -108,6 +136,28 @@ void PlainTextEdit::setGround(const QColor& color)
     changed.setColor(QPalette::Base, color);
     setPalette(changed);
     m_ground = color;
+}
+
+/// Lines are broken anywhere while a word is too long to look for its end.
+void PlainTextEdit::adaptWrapping(int position, int added)
+{
+    QTextBlock line = m_wrapBefore ? document()->begin() : document()->findBlock(position);
+    const int end = m_wrapBefore ? document()->characterCount() : position + added;
+    while (line.isValid() && line.position() <= end && !hasTooLongWord(line)) {
+        line = line.next();
+    }
+    const bool isTooLong = line.isValid() && line.position() <= end;
+    const QTextOption::WrapMode mode = wordWrapMode();
+    const bool atWords =
+        mode == QTextOption::WordWrap || mode == QTextOption::WrapAtWordBoundaryOrAnywhere;
+    if (isTooLong && atWords) {
+        m_wrapBefore = mode;
+        setWordWrapMode(QTextOption::WrapAnywhere);
+    } else if (!isTooLong && m_wrapBefore) {
+        const auto before = *std::exchange(m_wrapBefore, std::nullopt);
+        setWordWrapMode(
+            mode == QTextOption::WrapAnywhere ? before : mode); // the host's, if changed
+    }
 }
 
 /// This object may be deleted by it.

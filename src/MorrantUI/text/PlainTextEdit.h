@@ -4,6 +4,9 @@
 
 #include <QColor>
 #include <QPlainTextEdit>
+#include <QTextOption>
+
+#include <optional>
 
 /// A field for text of several lines that reports an edit once, when it is finished.
 ///
@@ -11,6 +14,9 @@
 /// While nothing has been edited Return begins a new line, as Shift+Return always does
 /// (deliberate). Keys that mean something in a text stay in the field, also where the window has
 /// shortcuts for them; undo and redo are left to QPlainTextEdit.
+///
+/// Lines are wrapped at words; anywhere while there is one of more than 10,000 characters, which
+/// would take too long.
 ///
 /// The ground is the theme's "Window", until the host sets another Base colour in the palette.
 class MORRANT_UI_EXPORT PlainTextEdit : public QPlainTextEdit
@@ -39,10 +45,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void adaptWrapping(int position, int added);
     void report();
     void setGround(const QColor& color);
 
     bool m_modified = false;
-    bool m_isReporting = false; ///< changes made meanwhile are the host's
-    QColor m_ground;            ///< as it was last taken from the theme
+    bool m_isReporting = false;                        ///< changes made meanwhile are the host's
+    std::optional<QTextOption::WrapMode> m_wrapBefore; ///< while lines are broken anywhere
+    QColor m_ground;                                   ///< as it was last taken from the theme
 };

@@ -10,14 +10,14 @@
 namespace {
 
 constexpr int kSideMargin = 5; ///< logical pixels from the frame to the text, as in other fields
-constexpr char16_t kFirstBeyondAscii = 128;
+constexpr char32_t kFirstBeyondAscii = 128;
 
-bool mayBePasted(QChar c)
+bool mayBePasted(char32_t c)
 {
-    if (c < QChar(kFirstBeyondAscii)) {
-        return (c >= u'0' && c <= u'9') || c == u':';
+    if (c < kFirstBeyondAscii) {
+        return (c >= U'0' && c <= U'9') || c == U':';
     }
-    return c.category() == QChar::Number_DecimalDigit;
+    return QChar::category(c) == QChar::Number_DecimalDigit;
 }
 
 bool isRefused(const QMimeData& data)
@@ -25,7 +25,7 @@ bool isRefused(const QMimeData& data)
     if (!data.hasText()) {
         return false;
     }
-    const QString text = data.text();
+    const QList<uint> text = data.text().toUcs4();
     return !std::all_of(text.begin(), text.end(), mayBePasted);
 }
 
