@@ -61,6 +61,7 @@ Viewport::Viewport(QWidget* parent)
 {
     setMinimumSize(160, 120);
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true); // so that a pan whose release got lost ends with the next move
     // The canvas covers every pixel.
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -194,7 +195,7 @@ void Viewport::mousePressEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
-    if (m_panButton != Qt::NoButton) {
+    if (m_panButton != Qt::NoButton && m_panButton != event->button()) {
         return;
     }
     m_panButton = event->button();

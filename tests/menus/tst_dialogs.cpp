@@ -186,6 +186,9 @@ private Q_SLOTS:
         QCOMPARE(ui::getSpreadsheetLink(kTitle, {}), std::optional(QUrl(link)));
         answerWith(Qt::Key_Escape);
         QVERIFY(!ui::getSpreadsheetLink(kTitle, {}, QUrl(link)));
+        const QUrl spaced(u"https://sheets.example.com/a%20b"_qs);
+        answerWith(Qt::Key_Return);
+        QCOMPARE(ui::getSpreadsheetLink(kTitle, {}, spaced), std::optional(spaced));
     }
 
     void aPresetIsReplacedOnlyWhenTheUserAgrees()
@@ -246,6 +249,9 @@ private Q_SLOTS:
         auto* const first = new QWidget;
         dialog.setContent(first);
         answerWith(Qt::Key_Return);
+        dialog.exec();
+        QCOMPARE(dialog.chosen(), Box::Yes);
+        answerDialog([](QDialog& open) { open.accept(); });
         dialog.exec();
         QCOMPARE(dialog.chosen(), Box::Yes);
         delete first; // by its owner's owner

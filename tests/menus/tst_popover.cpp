@@ -2,6 +2,7 @@
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"
 #include <MorrantUI/menus/PopoverPanel.h>
+#include <MorrantUI/menus/dismiss.h>
 #include <MorrantUI/menus/keyboardnavigation.h>
 
 #include <QtWidgets>
@@ -45,6 +46,14 @@ struct Stage : QWidget
     QPushButton* second = new QPushButton;
     QSignalSpy closings{panel, &PopoverPanel::closed};
 };
+
+QLineEdit* openWithin(Stage& stage, PopoverPanel& nested)
+{
+    auto* const inner = new QLineEdit;
+    nested.setContent(inner);
+    nested.openAt(stage.second);
+    return inner;
+}
 
 } // namespace
 
@@ -142,9 +151,7 @@ private Q_SLOTS:
         QVERIFY(stage.open());
         // A popover whose parent lies elsewhere belongs to what it was opened beside.
         PopoverPanel nested(stage.field);
-        auto* const inner = new QLineEdit;
-        nested.setContent(inner);
-        nested.openAt(stage.second);
+        auto* const inner = openWithin(stage, nested);
         click(inner);
         QVERIFY(stage.panel->isOpen() && nested.isOpen());
         click(stage.first); // outside of the inner one alone
@@ -252,6 +259,57 @@ private Q_SLOTS:
         list.reset(ui::installArrowNavigation(&grid));
         QCOMPARE(walks({Qt::Key_Right, Qt::Key_Right, Qt::Key_Right}), QByteArray("122"));
         QCOMPARE(walks({Qt::Key_Down, Qt::Key_Left, Qt::Key_Up}), QByteArray("530"));
+    }
+
+    void aSlotMayReplaceTheContentAndDeleteWhatIsPressed()
+    {
+        Stage stage;
+        QVERIFY(stage.open());
+        const QPointer<QWidget> before = stage.panel->content();
+        connect(stage.first, &QLineEdit::returnPressed, stage.panel, [&stage] {
+            stage.panel->setContent(new QLineEdit);
+        });
+        QTest::keyClick(stage.first, Qt::Key_Return);
+        QTRY_VERIFY(!before && stage.panel->content()->hasFocus());
+        stage.panel->setContent(&stage); // in which it lies
+        QVERIFY(stage.panel->content() != &stage);
+
+        auto* const inner = new QWidget(&stage);
+        const QPointer<QWidget> mortal = new QLabel(inner);
+        inner->setGeometry(150, 100, 80, 24);
+        inner->show();
+        int told = 0;
+        QWidget other;
+        other.show();
+        ui::dismissOnOutsidePress(&other, [&told](QWidget*, QPoint) { return ++told < 0; });
+        click(mortal); // goes on to all that it lies in
+        click(mortal);
+        QCOMPARE(told, 2);
+        stage.panel->openAt(stage.button);
+        connect(stage.panel, &PopoverPanel::closed, &stage, [&mortal] { delete mortal; });
+        click(mortal);
+        QVERIFY(!mortal && !stage.panel->isOpen());
+    }
+
+    void panelsWithinEachOtherAreLeftTogetherAndMakeNoCircle()
+    {
+        Stage stage;
+        QVERIFY(stage.open());
+        PopoverPanel nested(stage.field);
+        auto* const inner = openWithin(stage, nested);
+        QTRY_VERIFY(inner->hasFocus());
+        stage.panel->openAt(inner); // which was opened from there
+        QCOMPARE(stage.panel->anchor(), stage.button);
+        QDialog dialog; // of no window
+        dialog.setModal(true);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        dialog.close();
+        QTRY_VERIFY(inner->hasFocus() && QApplication::activeWindow() == &nested);
+        QWidget elsewhere;
+        elsewhere.show();
+        elsewhere.activateWindow();
+        QTRY_VERIFY(!nested.isOpen() && !stage.panel->isOpen());
     }
 };
 

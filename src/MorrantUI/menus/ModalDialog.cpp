@@ -1,5 +1,8 @@
 #include "MorrantUI/menus/ModalDialog.h"
 
+#include "MorrantUI/menus/heldcontent.h"
+#include <MorrantUI/menus/keyboardnavigation.h>
+
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
@@ -9,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <utility>
 
 namespace {
 
@@ -62,6 +66,11 @@ ModalDialog::ModalDialog(const QString& title, QWidget* parent)
     m_column->addWidget(m_buttonBox);
     connect(m_buttonBox, &QDialogButtonBox::clicked, this, [this](QAbstractButton* clicked) {
         const auto role = m_buttonBox->buttonRole(clicked);
+        if (role == QDialogButtonBox::HelpRole || role == QDialogButtonBox::ResetRole
+            || role == QDialogButtonBox::ApplyRole)
+        {
+            return; // the dialog goes on
+        }
         const bool declines =
             role == QDialogButtonBox::RejectRole || role == QDialogButtonBox::NoRole;
         end(m_buttonBox->standardButton(clicked), declines);
@@ -88,13 +97,25 @@ void ModalDialog::setText(const QString& text)
 
 void ModalDialog::setContent(QWidget* content)
 {
-    if (content == m_content) {
+    const bool isShown = content != nullptr && content == m_content;
+    if (isShown || (content != nullptr && ui::encloses(*content, *this))) {
         return;
     }
-    delete m_content.data();
-    m_content = content;
-    if (content) {
-        m_column->insertWidget(2, content); // between the text and the space above the buttons
+    const QPointer<ModalDialog> self(this);
+    const QPointer<QWidget> wanted(content);
+    const QPointer<QWidget> before = std::exchange(m_content, wanted);
+    const bool hadFocus = ui::discardContent(before, *this);
+    if (!self || !wanted || m_content != wanted) {
+        return; // a slot may have thought of another one
+    }
+    m_column->insertWidget(2, wanted); // between the text and the space above the buttons
+    wanted->show();
+    if (hadFocus) {
+        const bool isStop = wanted->focusPolicy() & Qt::TabFocus;
+        QWidget* const stop = isStop ? wanted.data() : ui::tabStops(wanted).value(0);
+        if (stop != nullptr) {
+            stop->setFocus(Qt::OtherFocusReason);
+        }
     }
 }
 
@@ -132,6 +153,26 @@ ModalDialog::Button ModalDialog::declining(Buttons buttons)
     return present.count() == 1 ? static_cast<Button>(int(buttons)) : QDialogButtonBox::NoButton;
 }
 
+/// The default button, if it accepts, else the first that does.
+ModalDialog::Button ModalDialog::accepting() const
+{
+    Button first = QDialogButtonBox::NoButton;
+    for (QAbstractButton* const button : m_buttonBox->buttons()) {
+        const auto role = m_buttonBox->buttonRole(button);
+        if (role != QDialogButtonBox::AcceptRole && role != QDialogButtonBox::YesRole) {
+            continue;
+        }
+        const auto* const push = qobject_cast<QPushButton*>(button);
+        if (push != nullptr && push->isDefault()) {
+            return m_buttonBox->standardButton(button);
+        }
+        if (first == QDialogButtonBox::NoButton) {
+            first = m_buttonBox->standardButton(button);
+        }
+    }
+    return first;
+}
+
 ModalDialog::Button ModalDialog::getChoice(
     const QString& title,
     const QString& text,
@@ -160,7 +201,7 @@ void ModalDialog::setVisible(bool visible)
 void ModalDialog::done(int result)
 {
     if (m_chosen == QDialogButtonBox::NoButton) {
-        m_chosen = declining(m_buttonBox->standardButtons());
+        m_chosen = result == Rejected ? declining(m_buttonBox->standardButtons()) : accepting();
     }
     QDialog::done(result);
 }

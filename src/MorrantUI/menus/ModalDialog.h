@@ -15,7 +15,7 @@ class QVBoxLayout;
 /// of standard buttons.
 ///
 /// Return presses the default button; Escape and closing the window stand for the button that
-/// declines.
+/// declines. Help, Reset and Apply only emit their own clicked(), and leave the dialog open.
 class MORRANT_UI_EXPORT ModalDialog : public QDialog
 {
     Q_OBJECT
@@ -30,14 +30,17 @@ public:
 
     /// Plain text below the heading; an empty one takes no space.
     void setText(const QString& text);
-    /// Shows a widget below the text, and owns it; the one before is deleted.
+    /// Shows a widget below the text, and owns it as long as it lies here; the one before is
+    /// hidden, and deleted when the event loop comes round. A focus in it goes to the new one. The
+    /// dialog and what it lies in are ignored.
     void setContent(QWidget* content);
     /// Replaces the buttons. A default that is not among them leaves the choice to the platform.
     void setButtons(Buttons buttons, Button defaultButton);
     /// Null if there is none.
     QPushButton* button(Button button) const;
 
-    /// The button that has ended the dialog; declining() when it was dismissed otherwise.
+    /// The button that has ended the dialog. When none has: declining() after reject() and the
+    /// like, after accept() the default button, or the first, among those that accept.
     Button chosen() const { return m_chosen; }
 
     /// The button that dismissing the dialog stands for: Cancel, else Close, Abort, No, No to All,
@@ -65,6 +68,7 @@ protected:
 
 private:
     void end(Button button, bool declines);
+    Button accepting() const;
 
     QLabel* m_heading;
     QLabel* m_text;

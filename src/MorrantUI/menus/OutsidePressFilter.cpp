@@ -52,15 +52,38 @@ bool OutsidePressFilter::eventFilter(QObject* watched, QEvent* event)
     }
     if (watched == m_widget && event->type() == QEvent::Hide) {
         qApp->removeEventFilter(this);
+        m_pressed.clear();
         return false;
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        m_pressed.clear();
     }
     const auto position = watched->isWidgetType() ? pressPosition(*event) : std::nullopt;
     auto* const pressed = position ? static_cast<QWidget*>(watched) : nullptr;
     if (pressed == nullptr || !isOutside(*pressed, *position)) {
         return false;
     }
-    const OutsidePress dismiss = m_dismiss; // which may delete this filter
-    return dismiss(pressed, *position);
+    if (isRepeated(*pressed, static_cast<const QPointerEvent&>(*event))) {
+        return false;
+    }
+    const OutsidePress dismiss = m_dismiss; // which may delete this filter, and who was pressed
+    const QPointer<QWidget> receiver(pressed);
+    const bool isKept = dismiss(pressed, *position) || receiver.isNull();
+    if (isKept) {
+        event->accept(); // else the press of a pen would come again as one of the mouse
+    }
+    return isKept;
+}
+
+/// A press that a widget has no use for goes on to those that it lies in.
+bool OutsidePressFilter::isRepeated(QWidget& pressed, const QPointerEvent& event)
+{
+    const bool goesOn = m_pressed && &pressed != m_pressed && pressed.isAncestorOf(m_pressed)
+                        && event.timestamp() == m_pressedAt && event.type() == m_pressType;
+    m_pressed = &pressed;
+    m_pressedAt = event.timestamp();
+    m_pressType = event.type();
+    return goesOn;
 }
 
 bool OutsidePressFilter::isOutside(const QWidget& pressed, QPoint position) const

@@ -2,10 +2,12 @@
 
 #include <MorrantUI/menus/dismiss.h>
 
+#include <QEvent>
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
-class QEvent;
-class QWidget;
+class QPointerEvent;
 
 namespace ui {
 
@@ -23,8 +25,13 @@ public:
 private:
     bool isOutside(const QWidget& pressed, QPoint position) const;
 
+    bool isRepeated(QWidget& pressed, const QPointerEvent& event);
+
     QWidget* m_widget; ///< the parent
     OutsidePress m_dismiss;
+    QPointer<QWidget> m_pressed; ///< last, up to the release
+    quint64 m_pressedAt = 0;     ///< as the event tells
+    QEvent::Type m_pressType = QEvent::None;
 };
 
 } // namespace ui

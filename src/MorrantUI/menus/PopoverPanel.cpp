@@ -2,6 +2,7 @@
 
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/menus/AccessiblePopover.h"
+#include "MorrantUI/menus/heldcontent.h"
 #include "MorrantUI/menus/popovergeometry.h"
 #include <MorrantUI/menus/dismiss.h>
 #include <MorrantUI/menus/keyboardnavigation.h>
@@ -55,17 +56,28 @@ PopoverPanel::~PopoverPanel() = default;
 
 void PopoverPanel::setContent(QWidget* content)
 {
+    if (content != nullptr && ui::encloses(*content, *this)) {
+        return;
+    }
     m_maker = nullptr;
     if (content == m_content) {
         return;
     }
-    delete m_content.data();
-    m_content = content;
-    if (content != nullptr) {
-        content->setParent(this);
-        content->show();
+    const QPointer<PopoverPanel> self(this);
+    const QPointer<QWidget> wanted(content);
+    const QPointer<QWidget> before = std::exchange(m_content, wanted);
+    const bool hadFocus = ui::discardContent(before, *this);
+    if (!self || m_content != wanted) {
+        return; // a slot has thought of another one
+    }
+    if (wanted) {
+        wanted->setParent(this);
+        wanted->show();
     }
     follow();
+    if (hadFocus && m_isWorking) {
+        takeFocus();
+    }
 }
 
 void PopoverPanel::setContentMaker(std::function<QWidget*()> maker, QSize expectedSize)
@@ -90,7 +102,7 @@ std::optional<QPoint> PopoverPanel::arrowTip() const
 
 void PopoverPanel::openAt(QWidget* anchor)
 {
-    if (anchor == nullptr || !anchor->isVisible() || anchor == this || isAncestorOf(anchor)) {
+    if (anchor == nullptr || !anchor->isVisible() || ui::belongsTo(anchor, this)) {
         return;
     }
     m_anchorRect.reset();
@@ -117,7 +129,9 @@ void PopoverPanel::watchAnchor(QWidget* anchor)
 void PopoverPanel::open()
 {
     winId(); // so that it can be tied to the anchor's window before it is first shown
-    const QWidget* const over = m_anchor ? m_anchor->window() : nullptr;
+    const bool isCircle =
+        ui::belongsTo(m_anchor, this); // as of a parent in a panel within this one
+    const QWidget* const over = m_anchor && !isCircle ? m_anchor->window() : nullptr;
     windowHandle()->setTransientParent(over != nullptr ? over->windowHandle() : nullptr);
     if (isVisible()) {
         follow();
@@ -149,7 +163,7 @@ void PopoverPanel::takeFocus()
 {
     activateWindow();
     QWidget* target = focusWidget(); // where it was when the panel was last open
-    if (target == nullptr || target == this || !target->isVisible()) {
+    if (target == nullptr || target == this || !target->isVisible() || !target->isEnabled()) {
         target = ui::tabStops(this).value(0);
     }
     if (target != nullptr) {
@@ -289,11 +303,30 @@ void PopoverPanel::makeContent()
     }
 }
 
+/// A modal dialog over the panel takes the activation, and nobody gives it back if the dialog was
+/// opened for no window at all.
+void PopoverPanel::passDialog(const QEvent& event)
+{
+    if (event.type() == QEvent::WindowBlocked) {
+        m_isInterrupted = QApplication::activeWindow() == this;
+    } else if (event.type() == QEvent::WindowUnblocked && std::exchange(m_isInterrupted, false)) {
+        QTimer::singleShot(0, this, [this] { // the dialog is still to be seen
+            const QWidget* const active = QApplication::activeWindow();
+            if (isVisible() && (active == nullptr || ui::belongsTo(this, active))) {
+                takeFocus();
+            }
+        });
+    }
+}
+
 bool PopoverPanel::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::LayoutRequest: follow(); break;
     case QEvent::ChildRemoved:
+        if (static_cast<QChildEvent*>(event)->child() == m_content) {
+            m_content = nullptr; // it lies elsewhere now
+        }
         QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
         break;
     default: break;
@@ -303,6 +336,10 @@ bool PopoverPanel::event(QEvent* event)
 
 bool PopoverPanel::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == windowHandle()) {
+        passDialog(*event);
+        return false;
+    }
     const bool moves = event->type() == QEvent::Move || event->type() == QEvent::Resize;
     if ((!moves && event->type() != QEvent::Hide) || !m_anchor || !watched->isWidgetType()) {
         return QWidget::eventFilter(watched, event);

@@ -37,7 +37,10 @@ public:
     explicit PopoverPanel(QWidget* parent = nullptr);
     ~PopoverPanel() override;
 
-    /// Shows a widget, and owns it; the one before is deleted. Null leaves the panel empty.
+    /// Shows a widget, and owns it as long as it lies here; the one before is hidden, and deleted
+    /// when the event loop comes round, so that it may be replaced from its own slots. A focus in
+    /// it goes to the new one. Null leaves the panel empty; the panel and what it lies in are
+    /// ignored.
     void setContent(QWidget* content);
 
     /// Has the content built when it is first needed: the panel opens at once, and the content
@@ -45,14 +48,15 @@ public:
     /// @param expectedSize of the content, until it is there
     void setContentMaker(std::function<QWidget*()> maker, QSize expectedSize);
 
-    /// Null until there is one.
+    /// Null until there is one, and when it has moved to another parent.
     QWidget* content() const { return m_content; }
 
     /// The side of the anchor on which it opens where there is room; below it at first.
     void setPreferredSide(PopoverSide side);
     PopoverSide preferredSide() const { return m_preferredSide; }
 
-    /// Opens beside a widget, or moves there. Ignored unless the widget is to be seen.
+    /// Opens beside a widget, or moves there. Ignored unless the widget is to be seen, and
+    /// for what lies in the panel or was opened from it.
     void openAt(QWidget* anchor);
     /// The same for a rectangle on screen, which stays where it is. The parent stands for the
     /// anchor in all but the place.
@@ -91,6 +95,7 @@ private:
     void makeContent();
     void takeFocus();
     void giveFocusBack();
+    void passDialog(const QEvent& event);
     bool isAnchor(const QWidget& pressed, QPoint position) const;
     QSize around(const QSize& contentSize) const;
 
@@ -104,5 +109,6 @@ private:
     std::unique_ptr<ui::popover::Placement> m_placement;
     QPointer<QWidget> m_windowBefore; ///< active when the panel was opened
     QPointer<QWidget> m_focusBefore;
-    bool m_isWorking = false; ///< between opened() and closed()
+    bool m_isWorking = false;     ///< between opened() and closed()
+    bool m_isInterrupted = false; ///< it was the active window when a modal dialog came
 };

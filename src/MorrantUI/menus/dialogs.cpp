@@ -36,6 +36,7 @@ ModalDialog* makeDialog(const QString& title, const QString& text, LineEdit* fie
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
     auto* const label = new QLabel(text, content);
+    label->setTextFormat(Qt::PlainText);
     label->setBuddy(field);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(kLabelGap);
@@ -153,7 +154,7 @@ std::optional<QUrl> getSpreadsheetLink(
     const QString& title, const QString& label, const QUrl& initial, QWidget* parent)
 {
     auto* const dialog = new ModalDialog(title, parentOrActive(parent));
-    auto* const link = new CheckedField(label, initial.toString(), linkVerdict);
+    auto* const link = new CheckedField(label, initial.toString(QUrl::EncodeSpaces), linkVerdict);
     link->field()->setValidator(new TrimmingValidator(link));
     dialog->setContent(link);
     dialog->setButtons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, QDialogButtonBox::Ok);

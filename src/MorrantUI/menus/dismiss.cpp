@@ -1,48 +1,18 @@
 #include "MorrantUI/menus/dismiss.h"
 
+#include "MorrantUI/controls/gestures/windowowners.h"
+#include "MorrantUI/menus/DeactivationWatch.h"
 #include "MorrantUI/menus/OutsidePressFilter.h"
-#include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/theme/events.h>
 
-#include <QApplication>
 #include <QKeyEvent>
-#include <QPointer>
-#include <QTimer>
 #include <QWidget>
-#include <QWindow>
 
-#include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace ui {
 
 namespace {
-
-QWidget* widgetOf(const QWindow* window)
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto found =
-        std::find_if(windows.begin(), windows.end(), [window](const QWidget* widget) {
-            return widget->windowHandle() == window;
-        });
-    return found == windows.end() ? nullptr : *found;
-}
-
-/// What a widget lies in or was opened from. A window may have been opened elsewhere than its
-/// parent says, and then tells so by what it is transient for.
-const QWidget* ownerOf(const QWidget& widget)
-{
-    if (widget.isWindow() && widget.windowHandle() != nullptr) {
-        if (const QWindow* above = widget.windowHandle()->transientParent()) {
-            if (const QWidget* owner = widgetOf(above)) {
-                const QWidget* parent = widget.parentWidget();
-                return parent != nullptr && parent->window() == owner ? parent : owner;
-            }
-        }
-    }
-    return widget.parentWidget();
-}
 
 bool isPlainEscape(const QEvent& event)
 {
@@ -50,24 +20,11 @@ bool isPlainEscape(const QEvent& event)
     return key.key() == Qt::Key_Escape && !(key.modifiers() & ~Qt::KeypadModifier);
 }
 
-bool isLeft(const QWidget& widget)
-{
-    if (!widget.isVisible() || GestureDoors::isBlockedByDialog(widget)) {
-        return false;
-    }
-    const QWidget* const active = QApplication::activeWindow();
-    return active != nullptr ? !belongsTo(active, &widget)
-                             : QGuiApplication::applicationState() != Qt::ApplicationActive;
-}
-
 } // namespace
 
 bool belongsTo(const QWidget* widget, const QWidget* owner)
 {
-    while (widget != nullptr && widget != owner) {
-        widget = ownerOf(*widget);
-    }
-    return widget != nullptr;
+    return isOwnedBy(widget, owner);
 }
 
 QObject* dismissOnOutsidePress(QWidget* widget, OutsidePress dismiss)
@@ -87,7 +44,8 @@ QObject* dismissOnEscape(QWidget* widget, std::function<void()> dismiss)
             return false;
         }
         event->accept(); // announced, the key comes back as a press instead of a shortcut
-        if (!announced) {
+        // Held down, the key is meant for the first thing that it closes.
+        if (!announced && !static_cast<const QKeyEvent*>(event)->isAutoRepeat()) {
             const auto call = dismiss; // which may end this filter
             call();
         }
@@ -98,26 +56,8 @@ QObject* dismissOnEscape(QWidget* widget, std::function<void()> dismiss)
 
 QObject* dismissOnDeactivation(QWidget* widget, std::function<void()> dismiss)
 {
-    if (!dismiss) {
-        return nullptr;
-    }
-    const QPointer<QWidget> shown(widget);
-    // Since it was last shown.
-    const auto wasActive = std::make_shared<bool>(widget != nullptr && widget->isActiveWindow());
-    const auto filter = [shown, wasActive, dismiss = std::move(dismiss)](QObject*, QEvent* event) {
-        if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) {
-            *wasActive = event->type() == QEvent::WindowActivate;
-        } else if (event->type() == QEvent::WindowDeactivate && std::exchange(*wasActive, false)) {
-            // The next window is active only after this.
-            QTimer::singleShot(0, shown, [shown, dismiss] {
-                if (isLeft(*shown)) {
-                    dismiss();
-                }
-            });
-        }
-        return false;
-    };
-    return installEventFilter(widget, filter, widget);
+    return widget != nullptr && dismiss ? new DeactivationWatch(widget, std::move(dismiss))
+                                        : nullptr;
 }
 
 } // namespace ui

@@ -1,5 +1,7 @@
 #include "MorrantUI/controls/gestures/GestureDoors.h"
 
+#include "MorrantUI/controls/gestures/windowowners.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QWindow>
@@ -7,15 +9,6 @@
 #include <utility>
 
 namespace {
-
-/// Also from a dialog to the window it was opened for.
-bool isWithin(const QWidget* inner, const QWidget* outer)
-{
-    while (inner && inner != outer) {
-        inner = inner->parentWidget();
-    }
-    return inner != nullptr;
-}
 
 bool isPopup(const QObject& object)
 {
@@ -137,10 +130,11 @@ bool GestureDoors::losesButton(const QObject& receiver, const QMouseEvent& event
 bool GestureDoors::isBlockedByDialog(const QWidget& widget)
 {
     const QWidget* const dialog = QApplication::activeModalWidget();
-    if (!dialog || isWithin(&widget, dialog)) {
+    if (!dialog || ui::isOwnedBy(&widget, dialog)) {
         return false;
     }
-    return dialog->windowModality() == Qt::ApplicationModal || isWithin(dialog, widget.window());
+    return dialog->windowModality() == Qt::ApplicationModal
+           || ui::isOwnedBy(dialog, widget.window());
 }
 
 bool GestureDoors::mayBegin(const QWidget& widget)

@@ -15,7 +15,9 @@ class QMouseEvent;
 struct GestureHold
 {
     Qt::MouseButton button = Qt::LeftButton; ///< held down all the time; NoButton for none
-    bool moves = true;  ///< ends at a mouse move that says that the button is up
+    /// Ends at a mouse move that says that the button is up. Qt delivers those only to widgets with
+    /// setMouseTracking(true).
+    bool moves = true;
     bool focus = false; ///< ends with the keyboard focus, as of a held key
     bool popups = true; ///< ends when a menu or the like opens
 };
@@ -97,7 +99,8 @@ public:
     /// may be open from the start, and no event would tell of it.
     static bool mayBegin(const QWidget& widget);
 
-    /// Whether a modal dialog keeps mouse and keys from a widget.
+    /// Whether a modal dialog keeps mouse and keys from a widget. Not from what was opened from the
+    /// dialog, by parent or transient parent.
     static bool isBlockedByDialog(const QWidget& widget);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -121,6 +121,7 @@ void MouseWrapDragFilter::beginDrag(const QMouseEvent& press)
     m_mouseDrag = isFromMouse(press);
     m_pointerGoesBack = true;
     m_startPosition = wholePixels(press);
+    m_class = m_target->metaObject();
     // Moves that a host replays need not tell of buttons.
     m_doors.watch(m_target, [this](GestureDoors::Door door) { leaveBy(door); }, {.moves = false});
     dragBegins(m_startPosition);
@@ -152,8 +153,11 @@ void MouseWrapDragFilter::abandonDrag()
 
 void MouseWrapDragFilter::leaveBy(GestureDoors::Door door)
 {
-    if (door == GestureDoors::Door::Destroyed) {
-        abandonDrag(); // those who listen may be the target's own class, which is gone already
+    // A window is hidden by its base class's destructor, before it tells of its end. Those who
+    // listen may be the target's own class, which is gone already.
+    const bool isDying = !m_target || m_target->metaObject() != m_class;
+    if (door == GestureDoors::Door::Destroyed || isDying) {
+        abandonDrag();
     } else {
         forceEndDrag();
     }

@@ -104,6 +104,7 @@ private:
     bool m_thresholdPassed = false;
     QPointF m_thresholdOffset;
     QPointer<QWidget> m_target;
+    const QMetaObject* m_class = nullptr; ///< of the target, when the drag began
     bool m_enabled = true;
     QPointF m_startPosition;
 
