@@ -176,22 +176,6 @@ private Q_SLOTS:
         }
     }
 
-    void neighboursAreToldFromTheInside()
-    {
-        const LayoutNode root = column(
-            {row({panel(u"a"_qs), tabs({panel(u"b"_qs), panel(u"c"_qs)}, 0), panel(u"d"_qs)}),
-             panel(u"e"_qs)});
-        const std::vector<Neighbour> expected{
-            {{u"b"_qs}, Kind::Tabs, true},
-            {{u"a"_qs}, Kind::Row, true},
-            {{u"d"_qs}, Kind::Row, false},
-            {{u"e"_qs}, Kind::Column, false}};
-        QVERIFY(neighboursOf(root, u"c"_qs) == expected);
-        const Neighbour above{{u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}, Kind::Column, true};
-        QVERIFY(neighboursOf(root, u"e"_qs) == std::vector{above});
-        QVERIFY(neighboursOf(root, u"x"_qs).empty());
-    }
-
     void windowsAreBroughtBackOntoTheScreen()
     {
         const QRect screen(-100, 50, 800, 600);

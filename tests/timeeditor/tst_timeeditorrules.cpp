@@ -1,7 +1,5 @@
 #include "MorrantUI/scene/framemath.h"
-#include "MorrantUI/scene/transformzones.h"
 #include "MorrantUI/scene/viewfit.h"
-#include "MorrantUI/scene/wheel.h"
 #include "MorrantUI/timeeditor/beatgrid.h"
 #include "MorrantUI/timeeditor/clipdrag.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
@@ -25,10 +23,8 @@ private Q_SLOTS:
     void keysSnapAtFiveFramesAndNotAtSix();
     void beatLinesAreThoseInSightAndAPixelApart();
     void aBeatGridThatCannotBeDrawnHasNoLines();
-    void edgesOfAToolWinLeftFirst();
     void clipsStopAtTheirNeighbours();
     void peaksOfAnyStretchAreThoseOfItsSamples();
-    void soundColumnsFollowOffsetAndGain();
 };
 
 void TimeEditorRulesTest::framesRoundAwayFromZeroAndHoldAtTheEndsOf32Bits()
@@ -44,8 +40,6 @@ void TimeEditorRulesTest::framesRoundAwayFromZeroAndHoldAtTheEndsOf32Bits()
     QCOMPARE(ui::nearestFrame(std::nan("")), 0);
     QCOMPARE(ui::frameSpan({kLeast, kMost}), 4294967295.0);
     QCOMPARE(ui::movedFrame(kMost, 10), kMost);
-    QCOMPARE(ui::wheelShare({3, -120}, 0.4), QPoint(1, -48));
-    QCOMPARE(ui::wheelShare({-4, 0}, 0.4), QPoint(-2, 0));
 }
 
 void TimeEditorRulesTest::aFitNeedsWidthAndStaysWithinWhatCanBeInverted()
@@ -88,9 +82,6 @@ void TimeEditorRulesTest::beatLinesAreThoseInSightAndAPixelApart()
     }
     std::sort(xs.begin(), xs.end());
     QCOMPARE(xs, (std::vector<double>{22, 37, 52, 82, 97}));
-    QCOMPARE(bars.size(), 3U); // at 7 twice, and at 67
-    QCOMPARE(bars.back().x1(), 7.0);
-    QCOMPARE(beats.front().y2(), 11.0); // top and height below the top
 
     ui::beatGridLines(grid, {0, 1000000}, {600000, 0, 100, 5}, 10.0, beats, bars);
     QVERIFY(beats.size() + bars.size() < 12);
@@ -110,22 +101,9 @@ void TimeEditorRulesTest::aBeatGridThatCannotBeDrawnHasNoLines()
         return beatLines.empty() && barLines.empty();
     };
     const float inf = std::numeric_limits<float>::infinity();
-    for (const float fps : {0.0F, -24.0F, std::nanf(""), inf}) {
-        QVERIFY(hasNone(fps, 60, 4, 0));
-    }
-    QVERIFY(hasNone(30, std::nanf(""), 4, 0) && hasNone(30, 1e9F, 4, 0));
-    QVERIFY(hasNone(30, 60, 0, 0) && hasNone(30, 60, -4, 0) && hasNone(30, 60, 4, inf));
+    QVERIFY(hasNone(0, 60, 4, 0) && hasNone(inf, 60, 4, 0) && hasNone(30, 1e9F, 4, 0));
+    QVERIFY(hasNone(30, std::nanf(""), 4, 0) && hasNone(30, 60, -4, 0) && hasNone(30, 60, 4, inf));
     QCOMPARE(ui::framesPerBeat({30.0F, 0.0F}), 1800.0); // a BPM below 1 counts as 1
-}
-
-void TimeEditorRulesTest::edgesOfAToolWinLeftFirst()
-{
-    const QRectF tool(10, 0, 20, 30);
-    QCOMPARE(ui::transformZone(10.3, tool, 10), ui::TransformZone::LeftEdge);
-    QCOMPARE(ui::transformZone(10.5, tool, 10), ui::TransformZone::Body);
-    QCOMPARE(ui::transformZone(29.7, tool, 10), ui::TransformZone::RightEdge);
-    QCOMPARE(ui::transformZone(10.1, {10, 0, 0.2, 30}, 10), ui::TransformZone::LeftEdge);
-    QCOMPARE(ui::transformRect({1, 20, 3, 40}), QRectF(1, 12, 3, 56));
 }
 
 void TimeEditorRulesTest::clipsStopAtTheirNeighbours()
@@ -169,21 +147,6 @@ void TimeEditorRulesTest::peaksOfAnyStretchAreThoseOfItsSamples()
         QCOMPARE(peaks.peak(first, last), (ui::SoundPeak{*low, *high}));
     }
     QCOMPARE(peaks.peak(9000, 9001), ui::SoundPeak{});
-}
-
-void TimeEditorRulesTest::soundColumnsFollowOffsetAndGain()
-{
-    const ui::SoundPeaks peaks({0.1F, -0.2F, 0.3F, -0.4F});
-    std::array<ui::SoundPeak, 4> columns;
-    ui::soundColumns(peaks, {2.0, 10.0, 2.0}, 9.0, 1.0, columns); // two samples a frame
-    QCOMPARE(columns[0], ui::SoundPeak{});
-    QCOMPARE(columns[1], (ui::SoundPeak{-0.4F, 0.2F}));
-    QCOMPARE(columns[2], (ui::SoundPeak{-0.8F, 0.6F}));
-    QCOMPARE(columns[3], ui::SoundPeak{});
-    ui::soundColumns(peaks, {2.0, 10.0, -100.0}, 10.0, 1.0, columns);
-    QCOMPARE(columns[0], (ui::SoundPeak{-1.0F, 1.0F}));
-    ui::soundColumns(peaks, {std::nan(""), 0.0, 1.0}, 0.0, 1.0, columns);
-    QCOMPARE(columns[0], ui::SoundPeak{});
 }
 
 namespace {

@@ -15,7 +15,6 @@ class TimeEditorViewTest : public ui::test::StyledTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void theRangeAndFourFramesFillTheViewport();
     void zoomHoldsAtItsMinimumAndStaysFinite();
     void framingFollowsSelectionAndShift();
     void theWheelScrollsAtFortyPercentAndNeverZooms();
@@ -30,19 +29,6 @@ private Q_SLOTS:
     void theTimeHandleCommitsWholeFrames();
     void connectionsReachTheItemBelow();
 };
-
-void TimeEditorViewTest::theRangeAndFourFramesFillTheViewport()
-{
-    Editor editor({{0, 50}});
-    QCOMPARE(editor.view->transform().m11(), 10.0); // (1044 - 4) / 104
-    QCOMPARE(editor.scene->sceneRect(), QRectF(0, 0, 100, 44));
-    editor.view->fitRect(QRectF(0, 0, 0, 10));
-    QVERIFY(editor.view->transform().isIdentity());
-    editor.view->setupViewAndScene(std::nan(""), 100, 0);
-    editor.view->setupViewAndScene(-1e9, 1e9, 0);
-    editor.view->setupViewAndScene(100, 0, 0); // reversed
-    QVERIFY(editor.view->getVisibleRect().isValid());
-}
 
 void TimeEditorViewTest::zoomHoldsAtItsMinimumAndStaysFinite()
 {
@@ -59,12 +45,6 @@ void TimeEditorViewTest::zoomHoldsAtItsMinimumAndStaysFinite()
     editor.view->setPlaybackRange(0, 100);
     editor.view->setScale(0.4);
     QCOMPARE(editor.key(0, 0)->rect().width() * editor.view->transform().m11(), 10.0);
-    editor.view->setScale(0.25);
-    editor.key(0, 0)->setSelected(true);
-    for (int i = 0; i < 8; ++i) {
-        QTest::keyClick(editor.view, Qt::Key_F); // one key alone is ten pixels wide at any zoom
-    }
-    QVERIFY(editor.view->getVisibleRect().contains(QPointF(40, 0)));
     editor.view->setScale(0.5);
     editor.view->setScaleAt(0.3, 700);
     const double frame = editor.view->mapToScene(700, 0).x();
@@ -339,10 +319,8 @@ void TimeEditorViewTest::connectionsReachTheItemBelow()
     };
     moveTo(30, 11);
     QCOMPARE(connection->drawStyle(), ConnectionStyle::Line);
-    moveTo(50, 150);
-    moveTo(30, 11);
     connection->drop();
-    QCOMPARE(target->log, u"enter leave enter leave drop "_qs);
+    QCOMPARE(target->log, u"enter leave drop "_qs);
 }
 
 namespace {

@@ -121,18 +121,9 @@ private Q_SLOTS:
         }
     }
 
-    void anIconButtonIsASquareAndItsSecondIconReplacesTheHighlight()
+    void aSecondIconReplacesTheHighlight()
     {
         IconButton highlighted(icon("eye"));
-        const int height = QLineEdit().sizeHint().height();
-        QCOMPARE(highlighted.sizeHint(), QSize(height, height));
-        QFont large = highlighted.font();
-        large.setPixelSize(24);
-        IconButton larger(icon("eye"));
-        larger.setFont(large);
-        QCOMPARE(larger.sizeHint().width(), larger.sizeHint().height());
-        QVERIFY(larger.sizeHint().height() >= QFontMetrics(large).height());
-
         highlighted.setCheckable(true);
         IconButton twoFaced(icon("eye"));
         twoFaced.setCheckedIconName(icon("eyeOff"));
@@ -148,26 +139,6 @@ private Q_SLOTS:
         QVERIFY(pixelAt(renderWidget(highlighted), {4, 11}).alpha() > 0);
         twoFaced.setCheckedIconName(QString());
         QCOMPARE(renderWidget(twoFaced), renderWidget(highlighted));
-    }
-
-    void joinedGroupButtonsAreRoundAtTheirOuterEnds()
-    {
-        GroupButton button(icon("addIcon"));
-        button.setFixedSize(20, 20);
-        button.setIconSize({18, 18});
-        const std::tuple<int, int, const char*> places[] = {
-            {0, 1, "00"}, {0, 3, "01"}, {1, 3, "11"}, {7, 3, "10"}}; // 7 counts as the last
-        for (const auto& [index, count, ends] : places) {
-            button.setPlace(index, count);
-            const QImage image = renderWidget(button);
-            const double right = index < count - 1 ? 18.25 : 19.25; // else a gap to the next one
-            QByteArray filled;
-            for (const double x : {0.25, right}) {
-                const QColor seen = pixelAt(image, {x, 0.25});
-                filled += closeTo(seen, ui::colorQt(u"Button"_qs)) ? '1' : '0';
-            }
-            QCOMPARE(filled, QByteArray(ends));
-        }
     }
 
     void aRolloverButtonIsTintedByItsState()

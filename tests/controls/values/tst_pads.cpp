@@ -289,30 +289,6 @@ private Q_SLOTS:
         QVERIFY(beats(Qt::Key_Escape)); // only in a drag
         bench.play("up");
     }
-
-    void theLookFollowsValueAndState()
-    {
-        const auto check = [](auto& bench, auto other) {
-            for (const double ratio : {1.0, 2.0}) {
-                const auto looksOther = [&, rest = renderWidget(*bench.control, ratio)] {
-                    return renderWidget(*bench.control, ratio) != rest;
-                };
-                bench.control->setValue(other);
-                QVERIFY(looksOther());
-                bench.control->setValue({});
-                bench.window->setEnabled(false);
-                QVERIFY(looksOther());
-                bench.window->setEnabled(true);
-                bench.control->setFocus(Qt::MouseFocusReason);
-                QVERIFY(!looksOther()); // only the keyboard's focus is ringed
-                bench.play("out");
-            }
-        };
-        Dial dial(kSize);
-        check(dial, 360.0); // the needle is where it was
-        Joystick joystick(kSize);
-        check(joystick, Pair(0.5, 0.5));
-    }
 };
 
 const ui::test::Registration<PadsTest> kRegistration;
