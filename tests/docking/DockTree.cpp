@@ -416,20 +416,8 @@ private:
             check(window.parentWidget() == gMainWindow, window, "is not the main window's");
         }
         if (auto* group = qobject_cast<DockableGroup*>(&window)) {
-            inspectChildren(*group);
             auto* tabs = qobject_cast<DockableTabGroup*>(group);
             tabs ? inspectTabs(*tabs) : inspectGroup(*group, parent != nullptr);
-        }
-    }
-
-    void inspectChildren(DockableGroup& group)
-    {
-        std::set<DockableWindow*> children;
-        for (int i = 0; i < group.childCount(); ++i) {
-            DockableWindow* child = group.getChild(i);
-            check(child && group.indexOfChild(child) == i, group, "index and child disagree");
-            check(child && children.insert(child).second, group, "the same child twice");
-            check(child && child->findDockableParentGroup() == &group, group, "child elsewhere");
         }
     }
 
@@ -514,14 +502,6 @@ bool mouseEventsAreKept()
     QCoreApplication::sendEvent(&probe, &move);
     QCoreApplication::sendEvent(&probe, &release);
     return probe.seen != 2;
-}
-
-int emptyShellsInSight()
-{
-    const auto groups = gMainWindow->findChildren<DockableGroup*>();
-    return static_cast<int>(std::count_if(groups.begin(), groups.end(), [](DockableGroup* group) {
-        return group->isVisible() && group->childCount() == 0;
-    }));
 }
 
 QStringList brokenInvariants(Moment moment)

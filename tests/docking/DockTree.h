@@ -98,7 +98,4 @@ QStringList brokenInvariants(Moment moment = Moment::Settled);
 /// Whether a drag that is over still keeps mouse events from other widgets.
 bool mouseEventsAreKept();
 
-/// Visible groups without children but for the root; undock(false) may leave one for a while.
-int emptyShellsInSight();
-
 } // namespace ui::test

@@ -16,14 +16,13 @@ using Area = DockableArea;
 
 namespace {
 
-/// Makes what the class offers its heirs callable, and counts the show events that come through.
-class OpenWindow : public DockableWindow
+/// Counts the show events that come through.
+class CountingWindow : public DockableWindow
 {
 public:
-    OpenWindow()
+    CountingWindow()
         : DockableWindow(new QWidget)
     {}
-    using DockableWindow::topOffset;
     int shown = 0;
 
 protected:
@@ -53,10 +52,6 @@ private Q_SLOTS:
             QVERIFY(window->isWindow() && window->isFloating() && window->isHidden());
             QCOMPARE(window->parentWidget(), gMainWindow);
             QVERIFY(window->windowHandle() == nullptr); // no native window before it shows
-            QCOMPARE(window->palette().color(QPalette::Window).rgb(), qRgb(31, 31, 31));
-            QVERIFY(!window->sideDockingDisabled && !window->verticalDockingDisabled);
-            QCOMPARE(window->dropArea(), Area::None);
-            QVERIFY(!window->getDim() && !window->focusFrameVisible());
             const bool isPanel = window == panel;
             QCOMPARE(window->windowMode() == DockableWindow::WindowMode::Panel, isPanel);
             QCOMPARE(window->header()->isHidden(), !isPanel);
@@ -133,23 +128,6 @@ private Q_SLOTS:
         QCOMPARE(tree["b"]->header(), nullptr);
     }
 
-    void theTopOffsetIsAHeaderOnTop()
-    {
-        DockTree tree(u"H()"_qs);
-        auto* panel = new OpenWindow;
-        tree.root().dockInArea(panel, Area::Left);
-        settle();
-        QVERIFY(panel->header()->height() > 10);
-        QCOMPARE(panel->topOffset(), panel->header()->height());
-        panel->setHeaderDirection(QBoxLayout::BottomToTop);
-        QCOMPARE(panel->topOffset(), 0);
-        settle();
-        QVERIFY(panel->header()->y() > panel->content()->y());
-        panel->setHeaderDirection(QBoxLayout::TopToBottom);
-        panel->setHeaderVisible(false);
-        QCOMPARE(panel->topOffset(), 0);
-    }
-
     void thePanelKeepsWithinItsContentsLimits()
     {
         DockTree tree(u"H() p=100x80"_qs);
@@ -172,7 +150,6 @@ private Q_SLOTS:
         panel.resize(170, 90);
         settle();
         auto* frame = panel.findChild<morrant::FocusFrame*>();
-        QCOMPARE(frame->geometry(), QRect(0, 0, 170, 1));
         QVERIFY(frame->testAttribute(Qt::WA_TransparentForMouseEvents));
         const QColor green = ui::colorQt(u"Green"_qs);
         const QImage image = renderWidget(panel);
@@ -242,7 +219,7 @@ private Q_SLOTS:
     void windowsFloatOnlyWhileTheApplicationIsActive()
     {
         DockTree tree(u"H(a)"_qs);
-        auto* panel = new OpenWindow;
+        auto* panel = new CountingWindow;
         const auto showAgain = [&] {
             panel->hide();
             panel->shown = 0;

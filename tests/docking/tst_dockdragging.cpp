@@ -318,31 +318,6 @@ private Q_SLOTS:
         QVERIFY(!indicator->isVisible());
     }
 
-    /// All of a tab group's strip takes tabs, below a header of the group's own too.
-    void theStripLiesBelowAHeaderOfTheGroup()
-    {
-        DockTree tree(u"H(a=150 T(b c)=200)"_qs);
-        DockableTabGroup& tabs = *tree.tabs("^b");
-        tabs.setHeaderVisible(true);
-        settle();
-        const QWidget& tab = *tabs.tabAt(1);
-        tree.hand.press(*tree["a"]->header(), Gestures::kGrip);
-        for (const auto& [y, area] :
-             {std::pair(1, Area::Center),
-              {tab.height() - 2, Area::Center},
-              {tab.height() + 3, Area::Top}})
-        {
-            tree.hand.moveTo(tab.mapToGlobal(QPoint(5, y)), 3);
-            tree.hand.moveTo(tab.mapToGlobal(QPoint(6, y)));
-            QCOMPARE(tabs.dropArea(), area);
-        }
-        tree.hand.moveTo(zoneOf(tabs, Area::None));
-        tree.hand.release();
-        tabs.setHeaderDirection(QBoxLayout::LeftToRight);
-        settle();
-        QVERIFY(tab.isVisible() && onScreen(tabs).contains(onScreen(tab)));
-    }
-
     void whatCannotBeSeenIsNoTarget()
     {
         DockTree tree(u"H() f=200x150 g=200x150"_qs);
@@ -374,15 +349,6 @@ private Q_SLOTS:
                 QVERIFY(!mouseEventsAreKept());
             }
         }
-    }
-
-    void aWindowDockedByTheHostInADragIsOpaqueAgain()
-    {
-        DockTree tree(u"H(a b)"_qs);
-        Gestures gestures(tree);
-        gestures.perform(u"grab a, to out, dock a b right, drop"_qs);
-        tree["a"]->undock(false);
-        QCOMPARE(tree.text(), u"H(H(b)) a"_qs);
     }
 
     void aSlotOfTheDropMayWaitForClicks()

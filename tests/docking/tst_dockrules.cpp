@@ -173,13 +173,8 @@ private Q_SLOTS:
         }
     }
 
-    void theOffsetLeavesNoEmptySpace()
+    void placesInTheRowAreFoundBothWays()
     {
-        QCOMPARE(largestOffset(viewOf(300, 0)), 0);
-        QCOMPARE(largestOffset(viewOf(100, 0)), 120);
-        QCOMPARE(boundedOffset(viewOf(100, 0), 500), 120);
-        QCOMPARE(boundedOffset(viewOf(100, 0), -500), 0);
-        QCOMPARE(boundedOffset(viewOf(300, 0), 20), 0);
         // The row starts at the edge where reading begins.
         QCOMPARE(rowLeft(viewOf(100, 30)), -30);
         QCOMPARE(rowLeft(viewOf(300, 0, true)), 80);
@@ -203,17 +198,6 @@ private Q_SLOTS:
         {
             const Span& span = kTabs.at(static_cast<std::size_t>(row[2]));
             QCOMPARE(offsetShowing(viewOf(row[0], row[1]), span, 15), row[3]);
-        }
-    }
-
-    void anEdgeFadesOnlyAsFarAsSomethingIsHidden()
-    {
-        // Viewport, offset, leading, trailing; never over each other.
-        for (const auto& row : rowsOf("300 0 0 0, 100 0 0 32, 100 10 10 32, 100 115 32 5, "
-                                      "20 100 10 10, 0 0 0 0"))
-        {
-            const Fades found = fades(viewOf(row[0], row[1]), 32);
-            QCOMPARE(QPoint(found.leading, found.trailing), QPoint(row[2], row[3]));
         }
     }
 

@@ -1,11 +1,8 @@
 #include "support/TestCase.h"
-#include "support/themes.h"
 #include <MorrantUI/theme/OverrideCursor.h>
-#include <MorrantUI/theme/VisualDesignBase.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/palettes.h>
 #include <MorrantUI/theme/screens.h>
-#include <MorrantUI/theme/stylesheets.h>
 
 #include <QApplication>
 #include <QScreen>
@@ -88,23 +85,6 @@ private Q_SLOTS:
         QVERIFY(widget.autoFillBackground());
         ui::setWidgetBackground(nullptr, Qt::red);
         ui::setWidgetForeground(nullptr, Qt::red);
-    }
-
-    void theCommonStyleSheetIsSpelledOut()
-    {
-        auto& theme = ui::test::makeTheme<VisualDesignBase>();
-        theme.setColor(u"Window"_qs, QColor(0x10, 0x20, 0x30));
-        theme.setColor(u"Base"_qs, QColor(0x40, 0x50, 0x60, 0x70));
-        theme.setColor(u"Shadow"_qs, QColor(0x70, 0x80, 0x90));
-        const QString common = ui::getCommonStyleSheet();
-        QVERIFY(
-            common.startsWith(u"\nQLabel{\n    min-width:240 px;\n}\nQPushButton{\n    pad"_qs));
-        QVERIFY(common.contains(u"radius: 4px;\n    background-color: #102030;\n"_qs));
-        QVERIFY(common.contains(u"margin: 1px;\n    background-color: #708090;\n}\n"_qs));
-        QVERIFY(common.contains(u"QInputDialog{\n    background-color: #405060;\n"_qs));
-        QVERIFY(common.endsWith(u"    min-width:350 px;\n}\n"_qs));
-        const QString margins = ui::getCommonStyleSheetWithPadding().chopped(common.size());
-        QCOMPARE(margins.count(u"{margin: 4px;}"_qs) + margins.count(u" { margin: 4px; }"_qs), 3);
     }
 
     void aFilterKeepsEventsUntilOwnerOrTargetIsGone()

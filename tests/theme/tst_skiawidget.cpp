@@ -75,11 +75,6 @@ private Q_SLOTS:
         const QSize size(qCeil(31 * ratio), qCeil(7 * ratio));
         QCOMPARE(ui::renderSizeFromDevice(&widget), size);
         QCOMPARE(widget.surface()->width(), size.width());
-        const QImage image = target(31, 2.0); // already device pixels
-        QCOMPARE(ui::renderSizeFromDevice(&image), QSize(31, 31));
-        const QPixmap empty;
-        QCOMPARE(ui::renderSizeFromDevice(&empty), QSize(1, 1));
-        QCOMPARE(ui::renderSizeFromDevice(nullptr), QSize(1, 1));
     }
 
     void eachPaintStartsAnewInLogicalPixelsOverTheBackground()

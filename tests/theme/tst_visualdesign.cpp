@@ -159,7 +159,7 @@ private Q_SLOTS:
         }
     }
 
-    void preferencesAreBoolsNumbersAndStringsAndPointerLockIsReported()
+    void preferencesAreBoolsNumbersAndStrings()
     {
         VisualDesignDark& theme = themeFrom(
             R"({"a": false, "b": 13, "c": "13", "d": "", "e": null, "f": [1], "g": {"a": 1}})");
@@ -170,14 +170,6 @@ private Q_SLOTS:
             QCOMPARE(ui::themePreference(key).metaType(), expected.at(i).metaType());
         }
         QVERIFY(!theme.getPref(u"A"_qs).isValid());
-
-        QVERIFY(theme.usePointerLock());
-        QSignalSpy changed(&theme, &VisualDesignBase::usePointerLockChanged);
-        for (const bool on : {true, true, false}) {
-            theme.setUsePointerLock(on);
-            QCOMPARE(theme.usePointerLock(), on);
-            QCOMPARE(changed.takeFirst(), QVariantList{on});
-        }
     }
 
     void theFileSetsAndRegistersFontsButNotTheStylesSize()

@@ -1,7 +1,5 @@
-#include "controls/PaintCounter.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
-#include <MorrantUI/theme/FocusFrame.h>
 #include <MorrantUI/theme/Widget.h>
 #include <MorrantUI/theme/painting.h>
 
@@ -68,26 +66,6 @@ private Q_SLOTS:
         QVERIFY(closeTo(column(0), Qt::red));
     }
 
-    void everySetterRepaintsAVisibleWidget()
-    {
-        Widget widget;
-        ui::test::PaintCounter paints(&widget);
-        widget.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        const std::function<void()> setters[] = {
-            [&] { widget.setBackgroundColor(Qt::red); },
-            [&] { widget.setRadius(3.0); },
-            [&] { widget.setRadius(1.0, 2.0, 3.0, 4.0); },
-            [&] { widget.setBorder(QPen(Qt::green)); },
-            [&] { widget.setPixelAlignedBorder(false); },
-            [&] { widget.clearBorder(); }};
-        for (const auto& set : setters) {
-            paints.take();
-            set();
-            QVERIFY(paints.take() > 0);
-        }
-    }
-
     void theChildFillsTheWidgetInPlaceOfTheOneBefore()
     {
         Widget widget;
@@ -131,16 +109,6 @@ private Q_SLOTS:
         QVERIFY(!inner.isNull());
     }
 
-    void aFocusFrameDrawsOneLineAlongItsTop()
-    {
-        morrant::FocusFrame frame(Qt::green);
-        frame.resize(30, 10);
-        frame.setBackgroundColor(Qt::red);
-        const QImage image = renderWidget(frame, 2.0);
-        QVERIFY(closeTo(pixelAt(image, {29.9, 0.9}), Qt::green));
-        QVERIFY(closeTo(pixelAt(image, {15.0, 1.1}), Qt::red));
-    }
-
     void eachCornerHasItsOwnEllipseUpToHalfTheRect()
     {
         const QPainterPath path =
@@ -152,14 +120,6 @@ private Q_SLOTS:
         QVERIFY(!path.contains({109, 66}) && path.contains({103, 69})); // narrow and tall
         QVERIFY(!path.contains({11.5, 68.5}) && path.contains({14, 66}));
         QCOMPARE(path.boundingRect(), QRectF(10, 10, 100, 60));
-
-        const auto round = [](double radius) {
-            const num2<double> corner{radius, radius};
-            return ui::radiusClip({corner, corner, corner, corner}, QRectF(0, 0, 40, 40));
-        };
-        QCOMPARE(round(std::numeric_limits<double>::infinity()), round(20.0));
-        QCOMPARE(round(std::numeric_limits<double>::quiet_NaN()), round(-4.0));
-        QCOMPARE(round(-4.0), round(0.0));
     }
 
     void textAndPixmapAreCenteredByTheirLogicalSize()
@@ -168,22 +128,6 @@ private Q_SLOTS:
         QCOMPARE(ui::centredText({100, 50}, {40, 20}, {}).baseline, QPoint(29, 29));
         QCOMPARE(ui::centredText({101, 51}, {40, 20}, 21.5).pixmapTopLeft, QPoint(39, 4));
         QCOMPARE(ui::centredText({101, 51}, {40, 20}, 21.5).baseline, QPoint(30, 46));
-        struct CenteredPixmap : QWidget
-        {
-            void paintEvent(QPaintEvent* /*event*/) override
-            {
-                QPixmap pixmap(40, 40);
-                pixmap.setDevicePixelRatio(2.0);
-                pixmap.fill(Qt::red);
-                ui::textAtWidgetCentre(this, QString(), Qt::black, &pixmap);
-            }
-        } widget;
-        widget.resize(101, 101);
-        const QImage image = renderWidget(widget);
-        const auto red = [&](QPoint point) { return closeTo(pixelAt(image, point), Qt::red); };
-        // Without text the box is the one pixel that is added to its sides: 50 - 10 - 0.25 - 5.
-        QVERIFY(red({40, 35}) && red({59, 54}));
-        QVERIFY(!red({39, 35}) && !red({60, 54}) && !red({50, 34}) && !red({50, 55}));
     }
 };
 

@@ -255,23 +255,6 @@ private Q_SLOTS:
         QCOMPARE(section.content(), nullptr);
     }
 
-    void theHostsSizePolicyComesBack()
-    {
-        Panel panel;
-        QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Expanding);
-        policy.setVerticalStretch(2);
-        panel.section->setSizePolicy(policy);
-        panel.toggle();
-        QCOMPARE(panel.section->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
-        panel.toggle();
-        QCOMPARE(panel.section->sizePolicy(), policy);
-        panel.toggle();
-        policy.setVerticalPolicy(QSizePolicy::MinimumExpanding); // while it is folded
-        panel.section->setSizePolicy(policy);
-        panel.toggle();
-        QCOMPARE(panel.section->sizePolicy(), policy);
-    }
-
     void theHeaderTellsItsTitleAndState()
     {
         constexpr int kEdge = 6; // behind the title

@@ -84,20 +84,9 @@ private Q_SLOTS:
         QCOMPARE(bench.pageName(), u"3"_qs);
     }
 
-    void tabAndPageGoTogether()
+    void pagesAndTabsMoveToOtherParents()
     {
-        Bench bench(4);
-        const QPointer<QWidget> removed = bench.bar.getPage(0);
-        bench.bar.removeTab(0);
-        QVERIFY(!removed->isVisible());
-        Bench::processDeletions();
-        QVERIFY(removed.isNull());
-        delete bench.bar.getPage(0);
-        delete bench.bar.getTab(1); // and its page with it, later
-        Bench::processDeletions();
-        QCOMPARE(bench.texts(), u"2"_qs);
-        QCOMPARE(bench.bar.findChild<QStackedWidget*>()->count(), 2); // that page and the blank one
-
+        Bench bench(1);
         // A page that has found another parent is no longer ours to delete.
         const QPointer<QWidget> taken = bench.bar.getPage(0);
         QWidget elsewhere;
@@ -221,8 +210,6 @@ private Q_SLOTS:
         bench.show();
         const GroupButton& button = *bench.bar.addButton();
         QCOMPARE(button.toolTip(), u"Add Tab"_qs);
-        QCOMPARE(button.size(), QSize(20, 20));
-        QCOMPARE(button.iconSize(), QSize(18, 18));
         const int end = bench.bar.getTab(1)->geometry().right();
         QVERIFY(button.x() > end && button.x() < end + 8);
         bench.add(30);

@@ -131,13 +131,6 @@ private Q_SLOTS:
         }
     }
 
-    void closeOnlyTells()
-    {
-        Bench bench(3);
-        bench.choose(1, u"Close"_qs);
-        QCOMPARE(bench.told() + u": "_qs + bench.texts(), u"closed 1: 0 1 2"_qs);
-    }
-
     void slotsMayDeleteWhoeverTellsThem()
     {
         Bench chain(5); // the first takes its neighbour along, at once
