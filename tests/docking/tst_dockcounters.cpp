@@ -24,10 +24,15 @@ public:
     QRegion painted;          ///< on screen, but for the window to leave out
     QList<QWidget*> appeared; ///< top-level windows, as often as shown
     QWidget* leftOut = nullptr;
+    DockableWindow* tornOut = nullptr;
+    int parents = 0; ///< given to what is torn out
+    int headers = 0; ///< shown of it
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         auto* widget = qobject_cast<QWidget*>(watched);
+        parents += widget && widget == tornOut && event->type() == QEvent::ParentChange;
+        headers += tornOut && watched == tornOut->header() && event->type() == QEvent::ShowToParent;
         if (widget && event->type() == QEvent::Show && widget->isWindow()) {
             appeared << widget;
         }
@@ -55,9 +60,14 @@ private:
         DockableWindow* window = tree[dragged];
         const QPoint away = tree.root().geometry().bottomLeft() + QPoint(160, 80);
         Counter counter;
+        counter.tornOut = window;
         QWidget* tab = tree.tabs("^x")->tabAt(0);
         tree.hand.press(dragged == u"x" ? *tab : *window->header(), {10, 8});
         tree.hand.moveTo(away, 2);
+        if (dragged == u"x") {
+            QCOMPARE(counter.parents, 2); // none, then the main window
+            QCOMPARE(counter.headers, 1);
+        }
         for (int i = 0; i < 2; ++i) {
             tree.hand.moveTo(zoneOf(*tree["c"], area));
         }
@@ -111,6 +121,25 @@ private Q_SLOTS:
             for (const char* const dragged : {"a", "f", "x"}) { // docked, floating, in tabs
                 drop(QString::fromLatin1(dragged), static_cast<Area>(area));
             }
+        }
+    }
+
+    void operationsShowNoWindowButTheOneThatMoves()
+    {
+        DockTree tree(u"H(a b c)"_qs);
+        for (const auto& [operations, appears] :
+             {std::pair("dock b a bottom, dock c root top, dock c b left, dock a c left", ""),
+              {"tear a, tidy a root", "a"},
+              {"close b", ""}})
+        {
+            const Counter counter;
+            tree.play(QString::fromLatin1(operations));
+            settle();
+            QString all;
+            for (const QWidget* window : counter.appeared) {
+                all += window->windowTitle();
+            }
+            QCOMPARE(all, QString::fromLatin1(appears));
         }
     }
 };
