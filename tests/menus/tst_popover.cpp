@@ -221,6 +221,7 @@ private Q_SLOTS:
         int built = 0;
         stage.panel->setContentMaker([&built] { return ++built, new QLineEdit; }, {200, 200});
         for (const int builds : {0, 1}) {
+            QVERIFY(QTest::qWaitForWindowActive(&stage));
             stage.panel->openAt(stage.button);
             QCOMPARE(built, builds);
             QVERIFY(stage.panel->isOpen());
