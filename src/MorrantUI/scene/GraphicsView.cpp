@@ -34,7 +34,6 @@ void GraphicsView::changeMouse(const QCursor& cursor)
 
 void GraphicsView::restoreMouse()
 {
-    m_doors.stop();
     m_cursor.reset();
 }
 
@@ -67,9 +66,10 @@ void GraphicsView::scrollByShare(const QWheelEvent& event, double share)
 
 void GraphicsView::abandonGesture()
 {
+    m_doors.stop();
     restoreMouse();
     endHandPan();
-    if (scene() != nullptr && scene()->mouseGrabberItem() != nullptr) {
+    if (scene() && scene()->mouseGrabberItem()) {
         scene()->mouseGrabberItem()->ungrabMouse();
     }
 }
@@ -82,7 +82,7 @@ bool GraphicsView::event(QEvent* event)
     return QGraphicsView::event(event);
 }
 
-/// Until restoreMouse(), or until one of them opens.
+/// Until one of them opens: a key may be held, or a button, wherever the pointer goes.
 void GraphicsView::watchDoors()
 {
     if (!m_doors.isWatching()) {
