@@ -5,8 +5,8 @@
 #include <MorrantUI/theme/drawing.h>
 
 #include <QApplication>
-#include <QItemSelectionModel>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTimerEvent>
 
@@ -21,10 +21,10 @@ constexpr int kScrollMargin = 16;   ///< logical pixels from an edge in which th
 constexpr int kScrollInterval = 50; ///< milliseconds
 constexpr int kOpeningDelay = 700;  ///< milliseconds on a closed row until it opens
 
-/// Whether a row, or one that it lies in, is selected.
-bool isInSelection(const QItemSelectionModel& selection, QModelIndex row)
+/// Whether a row is one of several, or lies in one.
+bool isIn(const QList<QPersistentModelIndex>& rows, QModelIndex row)
 {
-    while (row.isValid() && !selection.isSelected(row)) {
+    while (row.isValid() && !rows.contains(row)) {
         row = row.parent();
     }
     return row.isValid();
@@ -51,7 +51,7 @@ void RowDrag::press(const QPoint& point)
 {
     m_state = State::Pressed;
     m_pressed = point;
-    m_doors.watch(m_tree.viewport(), [this](GestureDoors::Door) { leave(); });
+    m_doors.watch(m_tree.viewport(), [this](GestureDoors::Door) { giveUp(); });
 }
 
 bool RowDrag::moveTo(const QPoint& point)
@@ -60,39 +60,44 @@ bool RowDrag::moveTo(const QPoint& point)
         && (point - m_pressed).manhattanLength() >= QApplication::startDragDistance())
     {
         m_state = State::Dragging;
-        m_siblings = commonParent(m_tree.selectedRowsInOrder());
+        const QModelIndexList rows = m_tree.selectedRowsInOrder();
+        m_siblings = commonParent(rows);
+        m_rows = QList<QPersistentModelIndex>(rows.begin(), rows.end());
         m_tree.setFocus(Qt::MouseFocusReason); // Escape is for us
     }
     m_point = point;
-    if (m_state == State::Dragging) {
-        aim();
-    }
+    aim();
     return m_state != State::Idle;
 }
 
 bool RowDrag::release()
 {
     const State state = m_state;
-    if (state == State::Dragging) {
-        aim(); // rows may have come and gone since the last move
-    }
+    aim(); // rows may have come and gone since the last move
     const std::optional<Target> target = std::exchange(m_target, std::nullopt);
-    leave();
+    QModelIndexList rows;
+    for (const QPersistentModelIndex& row : std::exchange(m_rows, {})) {
+        if (row.isValid()) {
+            rows.append(row);
+        }
+    }
+    cancel();
     if (target) {
-        m_tree.reorder(m_tree.selectedRowsInOrder(), target->parent, target->row);
+        m_tree.reorder(rows, target->parent, target->row);
     }
     return state == State::Dragging || state == State::GivenUp;
+}
+
+void RowDrag::giveUp()
+{
+    const bool isHeld = m_state != State::Idle;
+    leave();
+    m_state = isHeld ? State::GivenUp : State::Idle;
 }
 
 void RowDrag::cancel()
 {
     leave();
-}
-
-void RowDrag::giveUp()
-{
-    leave();
-    m_state = State::GivenUp;
 }
 
 /// The one end of every drag.
@@ -103,6 +108,7 @@ void RowDrag::leave()
     m_opening.stop();
     m_target.reset();
     m_siblings.reset();
+    m_rows.clear();
     m_resting = QPersistentModelIndex();
     if (std::exchange(m_state, State::Idle) == State::Dragging) {
         m_tree.viewport()->update();
@@ -111,8 +117,7 @@ void RowDrag::leave()
 
 void RowDrag::aim()
 {
-    if (!m_tree.model()) {
-        leave();
+    if (m_state != State::Dragging || !m_tree.model()) {
         return;
     }
     m_target = targetAt(m_point);
@@ -138,7 +143,7 @@ void RowDrag::aim()
 
 bool RowDrag::isAllowed(const QModelIndex& parent) const
 {
-    if (isInSelection(*m_tree.selectionModel(), parent)) {
+    if (isIn(m_rows, parent)) {
         return false;
     }
     if (m_tree.reordering() == TreeView::Reordering::Anywhere) {
@@ -219,8 +224,11 @@ void RowDrag::scrollAtEdge()
 {
     QScrollBar* const bar = m_tree.verticalScrollBar();
     const int step = m_point.y() < kScrollMargin ? -bar->singleStep() : bar->singleStep();
+    const QPointer<RowDrag> self(this);
     bar->setValue(bar->value() + step);
-    aim(); // other rows are under the pointer now
+    if (self) {
+        aim(); // other rows are under the pointer now
+    }
 }
 
 void RowDrag::timerEvent(QTimerEvent* event)
@@ -230,8 +238,11 @@ void RowDrag::timerEvent(QTimerEvent* event)
     } else if (event->timerId() == m_opening.timerId()) {
         m_opening.stop();
         if (m_resting.isValid()) {
+            const QPointer<RowDrag> self(this);
             m_tree.expand(m_resting);
-            aim();
+            if (self) {
+                aim();
+            }
         }
     }
 }

@@ -3,6 +3,7 @@
 #include <MorrantUI/controls/gestures/GestureDoors.h>
 
 #include <QBasicTimer>
+#include <QList>
 #include <QObject>
 #include <QPersistentModelIndex>
 #include <QRect>
@@ -24,14 +25,15 @@ public:
         Idle,
         Pressed, ///< on a row, not yet far enough to be a drag
         Dragging,
-        GivenUp, ///< by Escape, with the button still down
+        GivenUp, ///< with the button still down: the coming release is no click
     };
 
     explicit RowDrag(TreeView& tree);
 
     State state() const { return m_state; }
 
-    /// The left button went down on a row; a point of the viewport.
+    /// The left button went down on a row; a point of the viewport. What is selected when the drag
+    /// begins is what it carries.
     void press(const QPoint& point);
     /// @return whether the move is the drag's; if not, it is no business of this object
     bool moveTo(const QPoint& point);
@@ -72,7 +74,8 @@ private:
     State m_state = State::Idle;
     QPoint m_pressed;
     QPoint m_point;
-    std::optional<QPersistentModelIndex> m_siblings; ///< the parent of all rows that are dragged
+    QList<QPersistentModelIndex> m_rows;             ///< that are dragged
+    std::optional<QPersistentModelIndex> m_siblings; ///< the parent of all of them
     std::optional<Target> m_target;
     QPersistentModelIndex m_resting; ///< the closed row under the pointer
     QBasicTimer m_scrolling;

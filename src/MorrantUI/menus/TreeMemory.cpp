@@ -2,10 +2,12 @@
 
 #include <QHash>
 #include <QItemSelectionModel>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTreeView>
 
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -65,28 +67,44 @@ void TreeMemory::keep(const QTreeView& tree, int keyRole)
 
 void TreeMemory::restore(QTreeView& tree, int keyRole)
 {
-    QItemSelectionModel* selection = tree.selectionModel();
-    if (m_isEmpty || !tree.model() || !selection) {
+    if (m_isEmpty || !tree.model() || !tree.selectionModel()) {
         return;
     }
+    const TreeMemory kept = std::exchange(*this, TreeMemory()); // slots may reset the model again
+    const int lastColumn = tree.model()->columnCount(tree.rootIndex()) - 1;
     QItemSelection selected;
-    QModelIndex current;
-    QModelIndex top;
+    QList<QPersistentModelIndex> open;
+    QPersistentModelIndex current;
+    QPersistentModelIndex top;
     walk(*tree.model(), tree.rootIndex(), {}, keyRole, [&](const auto& index, const auto& path) {
-        if (m_selected.contains(path)) {
-            selected.select(
-                index, index.siblingAtColumn(tree.model()->columnCount(index.parent()) - 1));
+        if (kept.m_selected.contains(path)) {
+            selected.select(index, index.siblingAtColumn(lastColumn));
         }
-        current = path == m_current ? index : current;
-        top = path == m_top ? index : top;
-        const bool open = m_open.contains(path);
-        if (open) {
+        if (path == kept.m_current) {
+            current = index;
+        }
+        if (path == kept.m_top) {
+            top = index;
+        }
+        const bool isOpen = kept.m_open.contains(path);
+        if (isOpen) {
+            open.append(index);
+        }
+        return isOpen;
+    });
+    const QPointer<QTreeView> self(&tree);
+    for (const QPersistentModelIndex& index : open) {
+        if (self) {
             tree.expand(index);
         }
-        return open;
-    });
-    selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-    selection->select(selected, QItemSelectionModel::ClearAndSelect);
-    tree.scrollTo(top, QAbstractItemView::PositionAtTop);
-    *this = TreeMemory();
+    }
+    if (self && tree.selectionModel() && current.isValid()) {
+        tree.selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    }
+    if (self && tree.selectionModel()) {
+        tree.selectionModel()->select(selected, QItemSelectionModel::ClearAndSelect);
+    }
+    if (self) {
+        tree.scrollTo(top, QAbstractItemView::PositionAtTop);
+    }
 }

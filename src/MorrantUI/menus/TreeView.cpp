@@ -73,10 +73,10 @@ void TreeView::setModel(QAbstractItemModel* newModel)
     }
     if (newModel) {
         m_watches += connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
-            m_drag->cancel();
+            m_drag->giveUp();
             m_memory->keep(*this, m_keyRole);
         });
-        m_watches += connect(newModel, &QObject::destroyed, this, [this] { m_drag->cancel(); });
+        m_watches += connect(newModel, &QObject::destroyed, this, [this] { m_drag->giveUp(); });
     }
     QTreeView::setModel(newModel);
     if (newModel) { // behind the base's own answer
@@ -137,35 +137,72 @@ QList<QPersistentModelIndex> TreeView::moveRows(
     return ui::menus::moveRows(*model(), rows, parent, row);
 }
 
-/// What the user asked for by mouse or key. A slot may delete this object.
+/// What the user asked for by mouse or key. A slot may delete this object at every step.
 bool TreeView::reorder(const QModelIndexList& rows, const QModelIndex& parent, int row)
 {
     if (rows.isEmpty()) {
         return false;
     }
-    TreeMemory open; // items that are taken out and put in again come back closed
-    const bool takesOut = qobject_cast<QStandardItemModel*>(model()) != nullptr;
-    if (takesOut) {
-        open.keep(*this, m_keyRole);
-    }
+    const QList<QStandardItem*> open = openItems(rows);
     const QPersistentModelIndex into(parent);
     const QPointer<TreeView> self(this);
     const QList<QPersistentModelIndex> moved = moveRows(rows, parent, row);
     if (!self || moved.isEmpty()) {
         return false;
     }
-    open.restore(*this, m_keyRole);
-    expand(into);
+    for (const QStandardItem* item : open) {
+        if (self && item->model() == model()) {
+            expand(item->index());
+        }
+    }
+    if (self) {
+        expand(into);
+    }
+    if (self) {
+        select(moved);
+    }
+    if (self) {
+        Q_EMIT rowsReordered();
+    }
+    return true;
+}
+
+/// The rows in `rows` and below that are open, where a model of items has them: items that are
+/// taken out and put in again come back closed.
+QList<QStandardItem*> TreeView::openItems(const QModelIndexList& rows) const
+{
+    QList<QStandardItem*> open;
+    if (const auto* items = qobject_cast<QStandardItemModel*>(model())) {
+        for (const QModelIndex& row : rows) {
+            if (isExpanded(row)) {
+                QModelIndexList children;
+                for (int child = 0; child < items->rowCount(row); ++child) {
+                    children.append(items->index(child, 0, row));
+                }
+                open.append(items->itemFromIndex(row));
+                open += openItems(children);
+            }
+        }
+    }
+    return open;
+}
+
+void TreeView::select(const QList<QPersistentModelIndex>& rows)
+{
     QItemSelection selection;
-    for (const QPersistentModelIndex& index : moved) {
+    for (const QPersistentModelIndex& index : rows) {
         selection.select(index, index);
     }
-    selectionModel()->setCurrentIndex(moved.first(), QItemSelectionModel::NoUpdate);
-    selectionModel()->select(
-        selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    scrollTo(moved.first());
-    Q_EMIT rowsReordered();
-    return true;
+    const QPointer<QItemSelectionModel> selecting(selectionModel());
+    const QPointer<TreeView> self(this);
+    selecting->setCurrentIndex(rows.first(), QItemSelectionModel::NoUpdate);
+    if (selecting) {
+        selecting->select(
+            selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    if (self) {
+        scrollTo(rows.first());
+    }
 }
 
 /// @param step 1 or -1
@@ -238,6 +275,10 @@ void TreeView::paintEvent(QPaintEvent* event)
 
 void TreeView::mousePressEvent(QMouseEvent* event)
 {
+    if (isReordering()) {
+        return; // another button; the drag goes on
+    }
+    m_drag->cancel(); // one whose release went elsewhere
     const QPointer<TreeView> self(this);
     QTreeView::mousePressEvent(event);
     if (!self || !model()) {

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class QStandardItem;
 class RowDrag;
 class TreeMemory;
 
@@ -93,6 +94,8 @@ private:
     friend class RowDrag;
 
     bool reorder(const QModelIndexList& rows, const QModelIndex& parent, int row);
+    QList<QStandardItem*> openItems(const QModelIndexList& rows) const;
+    void select(const QList<QPersistentModelIndex>& rows);
     bool moveSelectionBy(int step);
     bool takesKey(const QKeyEvent& event) const;
 
