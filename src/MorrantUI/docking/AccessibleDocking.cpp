@@ -27,16 +27,20 @@ QString AccessibleDockable::text(QAccessible::Text kind) const
     return unnamed ? static_cast<DockableWindow*>(widget())->getText() : own;
 }
 
-static void appendShown(const QLayout* layout, QWidgetList& shown)
+namespace {
+
+void appendShown(const QLayout* layout, QWidgetList& shown)
 {
     for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
         QWidget* part = layout->itemAt(i)->widget();
-        if (part != nullptr && !part->isHidden()) {
+        if (part && !part->isHidden()) {
             shown.append(part);
         }
         appendShown(layout->itemAt(i)->layout(), shown);
     }
 }
+
+} // namespace
 
 QWidgetList AccessibleDockable::parts() const
 {
@@ -96,7 +100,7 @@ AccessibleDockTab::AccessibleDockTab(DockableTabWidget* tab)
 QAccessibleInterface* AccessibleDockTab::parent() const
 {
     QWidget* above = m_tab->parentWidget();
-    while (above != nullptr && qobject_cast<DockTabStrip*>(above) == nullptr) {
+    while (above && qobject_cast<DockTabStrip*>(above) == nullptr) {
         above = above->parentWidget();
     }
     return above != nullptr ? QAccessible::queryAccessibleInterface(above)

@@ -99,7 +99,7 @@ void DockableDragHandler::startGesture()
 {
     const QPointer<DockableDragHandler> self(this);
     finish(Ending::Leave); // of one whose release never came
-    if (!self) {
+    if (!self || !isEnabled()) {
         return;
     }
     saveStartPosition();
@@ -146,9 +146,11 @@ bool DockableDragHandler::mouseMoved(const QMouseEvent& event)
     return true;
 }
 
+namespace {
+
 /// To the native window that the pressed widget is in now: else Qt takes it for pressed until the
 /// next press, and nothing else is hovered.
-static void forwardRelease(const QMouseEvent& event, const DockableWindow& window)
+void forwardRelease(const QMouseEvent& event, const DockableWindow& window)
 {
     if (QWindow* native = window.window()->windowHandle()) {
         const QPointF global = event.globalPosition();
@@ -158,6 +160,8 @@ static void forwardRelease(const QMouseEvent& event, const DockableWindow& windo
         QCoreApplication::sendEvent(native, &release);
     }
 }
+
+} // namespace
 
 bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& event)
 {
@@ -225,6 +229,9 @@ void DockableDragHandler::takeBack()
             origin->restore(*window);
         }
         if (window) {
+            if (window->oldParent() == ui::docking::groupOf(*window)) {
+                window->m_oldParent.clear(); // back, or never out: nothing to tidy
+            }
             window->cleanupOldParent(nullptr);
         }
     }
@@ -270,8 +277,10 @@ void DockableDragHandler::updateWindowOpacity()
     }
 }
 
+namespace {
+
 /// The widget at a point in the topmost window there but for one.
-static QWidget* widgetBelow(const QWidget& above, const QPoint& point)
+QWidget* widgetBelow(const QWidget& above, const QPoint& point)
 {
     const auto widgets = QApplication::topLevelWidgets();
     const auto windows = morrant::native::system::windowsFromTop();
@@ -288,6 +297,8 @@ static QWidget* widgetBelow(const QWidget& above, const QPoint& point)
     }
     return nullptr;
 }
+
+} // namespace
 
 DockableWindow* DockableDragHandler::windowUnderMouse()
 {
@@ -333,7 +344,7 @@ void DockableDragHandler::moveIfFloating()
     if (window->findDockableParent()) {
         tearOut();
     }
-    if (window) {
+    if (window && window->isWindow()) { // unless a slot of the tearing has dropped it
         const QPoint origin = window->mapToGlobal(QPoint());
         window->move(QCursor::pos() + window->pos() - (m_startPosition + origin));
         window->show();

@@ -2,11 +2,15 @@
 
 namespace ui::docking {
 
-static int& depth()
+namespace {
+
+int& depth()
 {
     static int rearrangements = 0;
     return rearrangements;
 }
+
+} // namespace
 
 Rearranging::Rearranging()
 {

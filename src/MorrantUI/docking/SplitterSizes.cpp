@@ -9,10 +9,14 @@
 
 namespace ui::docking {
 
-static int sumOf(const QList<int>& sizes)
+namespace {
+
+int sumOf(const QList<int>& sizes)
 {
     return std::accumulate(sizes.begin(), sizes.end(), 0);
 }
+
+} // namespace
 
 SplitterSizes::SplitterSizes(DockableGroup& group)
     : m_group(group)

@@ -6,11 +6,15 @@
 
 namespace ui::docking {
 
-static std::vector<DockableGroup*>& groups()
+namespace {
+
+std::vector<DockableGroup*>& groups()
 {
     static std::vector<DockableGroup*> living;
     return living;
 }
+
+} // namespace
 
 DockableGroup* mainWindow()
 {

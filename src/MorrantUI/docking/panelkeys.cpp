@@ -11,10 +11,14 @@
 
 namespace ui::docking {
 
-static bool isKey(const QKeyEvent& event, Qt::Key key, Qt::KeyboardModifiers held)
+namespace {
+
+bool isKey(const QKeyEvent& event, Qt::Key key, Qt::KeyboardModifiers held)
 {
     return event.key() == key && (event.modifiers() & ~Qt::KeypadModifier) == held;
 }
+
+} // namespace
 
 bool walkPanels(const QKeyEvent& key)
 {

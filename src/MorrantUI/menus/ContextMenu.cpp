@@ -46,7 +46,7 @@ public:
     void giveBack()
     {
         const QPointer<QMenu> submenu = std::exchange(m_submenu, nullptr);
-        if (m_row && submenu && m_row->menu() == nullptr) {
+        if (m_row && submenu && !m_row->menu()) {
             m_row->setMenu(submenu);
         }
     }
@@ -93,7 +93,7 @@ void ContextMenu::aboutToOpen()
     const QList<QAction*> rows = actions();
     for (QAction* const row : rows) {
         auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-        if (item != nullptr && item->m_row) {
+        if (item && item->m_row) {
             item->m_row->followPicture();
         }
     }
@@ -201,7 +201,7 @@ void ContextMenu::extendSearch(const QString& text)
 /// that moment.
 void ContextMenu::makeActive(QAction* row)
 {
-    if (row->menu() == nullptr) {
+    if (!row->menu()) {
         setActiveAction(row);
         return;
     }
@@ -219,8 +219,7 @@ void ContextMenu::enterStrip()
 {
     followHighlight();
     auto* const item = qobject_cast<ContextMenuItemWidget*>(activeAction());
-    if (item != nullptr && item->m_row && item->isStrip()
-        && item->m_row->chosenSubAction() == nullptr) {
+    if (item && item->m_row && item->isStrip() && item->m_row->chosenSubAction() == nullptr) {
         item->m_row->stepSubAction(1, 0);
     }
 }
@@ -228,8 +227,7 @@ void ContextMenu::enterStrip()
 bool ContextMenu::stepSubAction(const QKeyEvent& event)
 {
     auto* const item = qobject_cast<ContextMenuItemWidget*>(activeAction());
-    if (item == nullptr || !item->m_row
-        || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
+    if (!item || !item->m_row || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
     {
         return false;
     }
@@ -301,19 +299,19 @@ void ContextMenu::activate(QAction& row)
 void ContextMenu::triggerActive(QKeyEvent* event)
 {
     QAction* const row = activeAction();
-    if (row == nullptr || !isSelectable(*row)) {
+    if (!row || !isSelectable(*row)) {
         return;
     }
     const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
     RolloverButton* const chosen =
         item != nullptr && item->m_row ? item->m_row->chosenSubAction() : nullptr;
-    if (chosen != nullptr) {
+    if (chosen) {
         if (!event->isAutoRepeat()) {
             chosen->click();
         }
-    } else if (item != nullptr ? item->hasMainTrigger() : row->menu() == nullptr) {
+    } else if (item ? item->hasMainTrigger() : !row->menu()) {
         activate(*row);
-    } else if (row->menu() != nullptr) {
+    } else if (row->menu()) {
         QMenu::keyPressEvent(event); // opens it
     }
 }
@@ -332,7 +330,7 @@ void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
     const bool overArrow = !ui::menus::freeOfArrows(*this).contains(position);
     QAction* const row = overArrow ? nullptr : actionAt(position);
     const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-    if (item != nullptr && item->m_row && item->m_row->parentWidget() == this) {
+    if (item && item->m_row && item->m_row->parentWidget() == this) {
         const QPoint inRow = position - item->m_row->pos();
         if (RolloverButton* const button = item->m_row->subActionAt(inRow)) {
             if (pressed && event->button() == Qt::LeftButton) {
@@ -341,7 +339,7 @@ void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
             return;
         }
     }
-    if (item != nullptr && !item->hasMainTrigger()) {
+    if (item && !item->hasMainTrigger()) {
         return;
     }
     const bool triggers = item != nullptr || (row != nullptr && row->menu() == nullptr);
@@ -434,7 +432,7 @@ void ContextMenu::measureMarks() const
     const QList<QAction*> rows = actions();
     for (const QAction* const row : rows) {
         const auto* const item = qobject_cast<const ContextMenuItemWidget*>(row);
-        if (item == nullptr || !item->isVisible() || !item->m_row) {
+        if (!item || !item->isVisible() || !item->m_row) {
             continue;
         }
         m_hasTicks = m_hasTicks || item->isCheckable();
@@ -450,7 +448,7 @@ void ContextMenu::arrangeRows()
     const QList<QAction*> rows = actions();
     for (QAction* const row : rows) {
         const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-        if (item != nullptr && item->m_row) {
+        if (item && item->m_row) {
             item->m_row->arrange();
         }
     }

@@ -145,14 +145,14 @@ void ContextMenuItemWidget::setContextMenu(ContextMenu* menu)
     if (menu == shownIn && menu == parent()) {
         return;
     }
-    if (shownIn != nullptr && shownIn != menu) {
+    if (shownIn && shownIn != menu) {
         shownIn->removeAction(this);
     }
     setParent(menu);
     if (m_childMenu) {
         m_childMenu->setParent(menu, m_childMenu->windowFlags());
     }
-    if (menu != nullptr && menu != shownIn) {
+    if (menu && menu != shownIn) {
         menu->addAction(this);
     }
 }

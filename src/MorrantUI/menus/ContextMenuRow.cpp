@@ -57,7 +57,7 @@ ContextMenuRow::~ContextMenuRow() = default;
 
 QLabel& ContextMenuRow::image()
 {
-    if (m_image == nullptr) {
+    if (!m_image) {
         m_image = new QLabel(this);
         m_image->setAlignment(Qt::AlignCenter);
         m_image->setMouseTracking(true);
@@ -79,7 +79,7 @@ QSize ContextMenuRow::pictureSize() const
 
 void ContextMenuRow::setPicture(const QPixmap& picture)
 {
-    if (picture.isNull() && m_image == nullptr) {
+    if (picture.isNull() && !m_image) {
         return;
     }
     image().setPixmap(limited(picture));
@@ -276,7 +276,7 @@ void ContextMenuRow::arrange()
 {
     const ui::menus::RowPlaces places = ui::menus::rowPlaces(parts(option()));
     m_label->setGeometry(places.label);
-    if (m_image != nullptr) {
+    if (m_image) {
         m_image->setGeometry(places.image);
     }
     const auto buttons = shownButtons();

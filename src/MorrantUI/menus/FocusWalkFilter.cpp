@@ -16,7 +16,7 @@ namespace {
 bool isPlainButton(const QWidget* widget)
 {
     const auto* const button = qobject_cast<const QAbstractButton*>(widget);
-    if (button == nullptr || button->group() != nullptr || button->autoExclusive()) {
+    if (!button || button->group() || button->autoExclusive()) {
         return false;
     }
     const auto* const push = qobject_cast<const QPushButton*>(widget);

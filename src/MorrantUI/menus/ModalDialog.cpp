@@ -98,7 +98,7 @@ void ModalDialog::setText(const QString& text)
 void ModalDialog::setContent(QWidget* content)
 {
     const bool isShown = content != nullptr && content == m_content;
-    if (isShown || (content != nullptr && ui::encloses(*content, *this))) {
+    if (isShown || (content && ui::encloses(*content, *this))) {
         return;
     }
     const QPointer<ModalDialog> self(this);
@@ -113,7 +113,7 @@ void ModalDialog::setContent(QWidget* content)
     if (hadFocus) {
         const bool isStop = wanted->focusPolicy() & Qt::TabFocus;
         QWidget* const stop = isStop ? wanted.data() : ui::tabStops(wanted).value(0);
-        if (stop != nullptr) {
+        if (stop) {
             stop->setFocus(Qt::OtherFocusReason);
         }
     }
@@ -163,7 +163,7 @@ ModalDialog::Button ModalDialog::accepting() const
             continue;
         }
         const auto* const push = qobject_cast<QPushButton*>(button);
-        if (push != nullptr && push->isDefault()) {
+        if (push && push->isDefault()) {
             return m_buttonBox->standardButton(button);
         }
         if (first == QDialogButtonBox::NoButton) {

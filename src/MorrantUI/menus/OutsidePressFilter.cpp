@@ -60,7 +60,7 @@ bool OutsidePressFilter::eventFilter(QObject* watched, QEvent* event)
     }
     const auto position = watched->isWidgetType() ? pressPosition(*event) : std::nullopt;
     auto* const pressed = position ? static_cast<QWidget*>(watched) : nullptr;
-    if (pressed == nullptr || !isOutside(*pressed, *position)) {
+    if (!pressed || !isOutside(*pressed, *position)) {
         return false;
     }
     if (isRepeated(*pressed, static_cast<const QPointerEvent&>(*event))) {
@@ -92,7 +92,7 @@ bool OutsidePressFilter::isOutside(const QWidget& pressed, QPoint position) cons
         return false;
     }
     const QWidget* const popup = QApplication::activePopupWidget();
-    if (popup != nullptr && popup != m_widget->window()) {
+    if (popup && popup != m_widget->window()) {
         return false;
     }
     if (belongsTo(&pressed, m_widget)) {

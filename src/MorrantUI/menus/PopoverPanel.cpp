@@ -56,7 +56,7 @@ PopoverPanel::~PopoverPanel() = default;
 
 void PopoverPanel::setContent(QWidget* content)
 {
-    if (content != nullptr && ui::encloses(*content, *this)) {
+    if (content && ui::encloses(*content, *this)) {
         return;
     }
     m_maker = nullptr;
@@ -102,7 +102,7 @@ std::optional<QPoint> PopoverPanel::arrowTip() const
 
 void PopoverPanel::openAt(QWidget* anchor)
 {
-    if (anchor == nullptr || !anchor->isVisible() || ui::belongsTo(anchor, this)) {
+    if (!anchor || !anchor->isVisible() || ui::belongsTo(anchor, this)) {
         return;
     }
     m_anchorRect.reset();
@@ -121,7 +121,7 @@ void PopoverPanel::watchAnchor(QWidget* anchor)
 {
     disconnect(m_anchorDeath);
     m_anchor = anchor;
-    if (anchor != nullptr) {
+    if (anchor) {
         m_anchorDeath = connect(anchor, &QObject::destroyed, this, &PopoverPanel::dismiss);
     }
 }
@@ -163,10 +163,10 @@ void PopoverPanel::takeFocus()
 {
     activateWindow();
     QWidget* target = focusWidget(); // where it was when the panel was last open
-    if (target == nullptr || target == this || !target->isVisible() || !target->isEnabled()) {
+    if (!target || target == this || !target->isVisible() || !target->isEnabled()) {
         target = ui::tabStops(this).value(0);
     }
-    if (target != nullptr) {
+    if (target) {
         target->setFocus(
             testAttribute(Qt::WA_KeyboardFocusChange) ? Qt::TabFocusReason : Qt::OtherFocusReason);
     } else {
@@ -298,7 +298,7 @@ void PopoverPanel::makeContent()
     }
     setContent(content);
     const QWidget* const focus = QApplication::focusWidget();
-    if (isActiveWindow() && (focus == nullptr || focus == this)) {
+    if (isActiveWindow() && (!focus || focus == this)) {
         takeFocus();
     }
 }
@@ -312,7 +312,7 @@ void PopoverPanel::passDialog(const QEvent& event)
     } else if (event.type() == QEvent::WindowUnblocked && std::exchange(m_isInterrupted, false)) {
         QTimer::singleShot(0, this, [this] { // the dialog is still to be seen
             const QWidget* const active = QApplication::activeWindow();
-            if (isVisible() && (active == nullptr || ui::belongsTo(this, active))) {
+            if (isVisible() && (!active || ui::belongsTo(this, active))) {
                 takeFocus();
             }
         });

@@ -157,7 +157,7 @@ bool PresetDialog::mayAccept()
 /// Up and down in the field walk the list.
 bool PresetDialog::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && m_list != nullptr) {
+    if (event->type() == QEvent::KeyPress && m_list) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Down || key == Qt::Key_Up) {
             const int row = m_list->selectedItems().isEmpty() ? -1 : m_list->currentRow();

@@ -46,7 +46,7 @@ void WidgetMenu::hearUnheardMove(const QHoverEvent& hover)
     const bool heard = std::exchange(m_heardMove, false);
     const QPointF position = hover.position();
     const auto* const row = qobject_cast<WidgetMenuAction*>(actionAt(position.toPoint()));
-    if (heard || row == nullptr || QGuiApplication::mouseButtons() != Qt::NoButton
+    if (heard || !row || QGuiApplication::mouseButtons() != Qt::NoButton
         || !ui::menus::freeOfArrows(*this).contains(position.toPoint()))
     {
         return;

@@ -60,7 +60,7 @@ Widget* WidgetMenuAction::getWidget() const
 void WidgetMenuAction::updateMouseTracking()
 {
     QWidget* const row = defaultWidget();
-    if (row == nullptr) {
+    if (!row) {
         return;
     }
     row->setMouseTracking(true);

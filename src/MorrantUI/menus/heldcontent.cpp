@@ -8,7 +8,7 @@ namespace ui {
 bool encloses(const QWidget& widget, const QWidget& container)
 {
     const QWidget* inner = &container;
-    while (inner != nullptr && inner != &widget) {
+    while (inner && inner != &widget) {
         inner = inner->parentWidget();
     }
     return inner != nullptr;
@@ -16,7 +16,7 @@ bool encloses(const QWidget& widget, const QWidget& container)
 
 bool discardContent(QWidget* content, const QWidget& container)
 {
-    if (content == nullptr || content->parentWidget() != &container) {
+    if (!content || content->parentWidget() != &container) {
         return false;
     }
     const QWidget* const focus = QApplication::focusWidget();

@@ -102,7 +102,7 @@ int stepOf(int key, Qt::Orientation orientation, Qt::LayoutDirection direction)
 QList<QWidget*> tabStops(const QWidget* container)
 {
     QList<QWidget*> stops;
-    if (container == nullptr || GestureDoors::isBlockedByDialog(*container)) {
+    if (!container || GestureDoors::isBlockedByDialog(*container)) {
         return stops;
     }
     for (QWidget* widget = container->nextInFocusChain(); widget != container;

@@ -28,7 +28,7 @@ QList<QWidget*> widgetsOf(const QMenu& menu, const QList<QAction*>& rows)
     for (const QAction* const row : rows) {
         const auto* const action = qobject_cast<const QWidgetAction*>(row);
         QWidget* const widget = action != nullptr ? action->defaultWidget() : nullptr;
-        if (widget != nullptr && widget->parentWidget() == &menu) {
+        if (widget && widget->parentWidget() == &menu) {
             widgets << widget;
         }
     }
@@ -65,7 +65,7 @@ void focusRow(const QAction& row)
 {
     const auto* const action = qobject_cast<const QWidgetAction*>(&row);
     QWidget* const widget = action != nullptr ? action->defaultWidget() : nullptr;
-    if (widget != nullptr && widget->focusPolicy() != Qt::NoFocus) {
+    if (widget && widget->focusPolicy() != Qt::NoFocus) {
         // Not as by Tab: a field of the window behind would take that as the end of its edit.
         widget->setFocus(Qt::PopupFocusReason);
     }
@@ -97,7 +97,7 @@ bool moveHighlight(QPointer<WidgetMenuAction>& highlighted, QAction* active)
     const QPointer<WidgetMenuAction> left = highlighted;
     highlighted = row;
     const QPointer<WidgetMenuAction> entered = highlighted; // a host's override may change it
-    if (left && left->defaultWidget() != nullptr) {
+    if (left && left->defaultWidget()) {
         takeFocusFrom(*left->defaultWidget());
     }
     if (left) {
@@ -156,7 +156,7 @@ QMenu* openerOf(const QMenu& menu)
     const QList<QObject*> holders = menu.menuAction()->associatedObjects();
     for (QObject* const holder : holders) {
         auto* const above = qobject_cast<QMenu*>(holder);
-        if (above != nullptr && above->isVisible()) {
+        if (above && above->isVisible()) {
             return above;
         }
     }

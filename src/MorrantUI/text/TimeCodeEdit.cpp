@@ -85,7 +85,7 @@ bool TimeCodeEdit::canInsertFromMimeData(const QMimeData* source) const
 
 void TimeCodeEdit::insertFromMimeData(const QMimeData* source)
 {
-    if (source != nullptr && !isRefused(*source)) {
+    if (source && !isRefused(*source)) {
         QPlainTextEdit::insertFromMimeData(source);
     }
 }

@@ -36,7 +36,7 @@ KeyMoves KeyEdit::moves() const
     KeyMoves moves;
     for (const Entry& entry : m_entries) {
         auto* const key = qobject_cast<TimeEditorKeyframeItem*>(entry.item.data());
-        if (key != nullptr && key->scenePos().x() != entry.startFrame) {
+        if (key && key->scenePos().x() != entry.startFrame) {
             moves.push_back({key, entry.startFrame, key->scenePos().x()});
         }
     }
@@ -53,7 +53,7 @@ void KeyDrag::start()
 {
     m_state = State::Dragging;
     QGraphicsScene* const scene = m_pressed ? m_pressed->scene() : nullptr;
-    if (scene == nullptr) {
+    if (!scene) {
         return;
     }
     m_pressed->setSelected(true);
@@ -62,8 +62,7 @@ void KeyDrag::start()
         const QGraphicsItem* const parent = item->parentItem();
         const bool goesWithParent = parent != nullptr && parent->isSelected()
                                     && (parent->flags() & QGraphicsItem::ItemIsMovable);
-        if (movable != nullptr && (item->flags() & QGraphicsItem::ItemIsMovable) && !goesWithParent)
-        {
+        if (movable && (item->flags() & QGraphicsItem::ItemIsMovable) && !goesWithParent) {
             m_edit.add(movable);
         }
     }
@@ -88,7 +87,7 @@ bool KeyDrag::moveBy(double frames)
         return false;
     }
     m_moved = frames;
-    if (m_pressed && m_pressed->scene() != nullptr) {
+    if (m_pressed && m_pressed->scene()) {
         m_pressed->scene()->update(); // once for all of them
     }
     m_edit.moveBy(frames);

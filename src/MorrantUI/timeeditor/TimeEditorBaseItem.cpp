@@ -161,7 +161,7 @@ QVariant TimeEditorBaseItem::itemChange(GraphicsItemChange change, const QVarian
 void TimeEditorBaseItem::enlist()
 {
     auto* const timeScene = qobject_cast<TimeEditorScene*>(scene());
-    if (timeScene != nullptr) {
+    if (timeScene) {
         timeScene->enlist(this);
         m_enlisted = true;
     }

@@ -302,7 +302,7 @@ void TimeEditorClipItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
 double TimeEditorClipItem::snapped(double frames) const
 {
     const auto* const timeScene = qobject_cast<TimeEditorScene*>(scene());
-    if (timeScene == nullptr || !m_view || !m_view->getSnapping() || m_drag->slips) {
+    if (!timeScene || !m_view || !m_view->getSnapping() || m_drag->slips) {
         return frames;
     }
     std::vector<int> candidates = {

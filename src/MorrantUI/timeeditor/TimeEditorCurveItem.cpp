@@ -86,7 +86,7 @@ void TimeEditorCurveItem::setColorMode(ColorMode mode)
 void TimeEditorCurveItem::refresh()
 {
     // A stale order means that nobody has looked since the last time.
-    if (!std::exchange(m_orderStale, true) && scene() != nullptr) {
+    if (!std::exchange(m_orderStale, true) && scene()) {
         // A key that moves out of its row's former extent leaves a place that nobody else knows of.
         scene()->update();
     }
@@ -94,7 +94,7 @@ void TimeEditorCurveItem::refresh()
 
 void TimeEditorCurveItem::updateRect()
 {
-    if (scene() != nullptr) {
+    if (scene()) {
         scene()->update(); // once for all keys: the repaint of each of them is dear
     }
     for (const RowKey& entry : sortedKeys()) {
@@ -164,7 +164,7 @@ QRectF TimeEditorCurveItem::bar() const
 
 QRectF TimeEditorCurveItem::boundingRect() const
 {
-    if (ui::RowPass::current() != nullptr && isPaintedByStack()) {
+    if (ui::RowPass::current() && isPaintedByStack()) {
         return ui::kNowhere; // and with it Qt passes over all keys
     }
     sortedKeys();
@@ -183,7 +183,7 @@ bool TimeEditorCurveItem::collidesWithPath(
 {
     // Qt asks the row before it looks at the keys, and looks at all of them then.
     sortedKeys();
-    if (ui::KeyMask::current() != nullptr || !m_onlyKeys) {
+    if (ui::KeyMask::current() || !m_onlyKeys) {
         return !m_onlyKeys;
     }
     const QRectF reached = path.controlPointRect();

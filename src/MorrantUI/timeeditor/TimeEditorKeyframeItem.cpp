@@ -123,7 +123,7 @@ QVariant TimeEditorKeyframeItem::itemChange(GraphicsItemChange change, const QVa
     case ItemPositionChange: return acceptedPosition(value.toPointF());
     case ItemPositionHasChanged: return value;
     case ItemScenePositionHasChanged:
-        if (m_curve != nullptr && scene() != nullptr) {
+        if (m_curve && scene()) {
             m_curve->refresh();
         }
         return value;
@@ -131,7 +131,7 @@ QVariant TimeEditorKeyframeItem::itemChange(GraphicsItemChange change, const QVa
         m_curve = dynamic_cast<TimeEditorCurveItem*>(qvariant_cast<QGraphicsItem*>(value));
         break;
     case ItemSceneHasChanged:
-        if (m_curve != nullptr) {
+        if (m_curve) {
             return value; // a row looks after its keys itself, which may be a hundred thousand
         }
         break;

@@ -48,7 +48,7 @@ double TimeEditorLayoutContainer::rowsBottom() const
 
 void TimeEditorLayoutContainer::addRow(TimeEditorBaseItem* row)
 {
-    if (row == nullptr || row->parentLayoutItem() == m_layout) {
+    if (!row || row->parentLayoutItem() == m_layout) {
         return;
     }
     // Before it is in the scene: a row that moves tells each of its keys, and Qt looks at the keys
@@ -59,7 +59,7 @@ void TimeEditorLayoutContainer::addRow(TimeEditorBaseItem* row)
         const QGraphicsItem* const last = m_layout->itemAt(m_layout->count() - 1)->graphicsItem();
         block = last != nullptr ? dynamic_cast<ui::RowBlock*>(last->parentItem()) : nullptr;
     }
-    if (block == nullptr || block->childItems().size() >= ui::RowBlock::kRows) {
+    if (!block || block->childItems().size() >= ui::RowBlock::kRows) {
         block = new ui::RowBlock(this);
     }
     m_layout->addItem(row);
@@ -78,7 +78,7 @@ TimeEditorKeyframeItem* TimeEditorLayoutContainer::keyAt(const QRectF& place) co
             TimeEditorKeyframeItem* const key = row != nullptr && row->isPaintedByStack()
                                                     ? row->keyAt(place.translated(-row->scenePos()))
                                                     : nullptr;
-            if (key != nullptr) {
+            if (key) {
                 return key;
             }
         }
@@ -106,13 +106,13 @@ void TimeEditorLayoutContainer::paint(
         }
         for (QGraphicsItem* const item : block->childItems()) {
             auto* const row = dynamic_cast<TimeEditorBaseItem*>(item);
-            if (row == nullptr || !overlaps(row->y(), row->y() + row->rect().bottom(), exposed)) {
+            if (!row || !overlaps(row->y(), row->y() + row->rect().bottom(), exposed)) {
                 continue;
             }
             const double bottom = row->y() + row->rect().bottom();
             painter->fillRect(QRectF(exposed.left(), bottom - 1.0, exposed.width(), 1.0), line);
             auto* const curve = dynamic_cast<TimeEditorCurveItem*>(row);
-            if (pass != nullptr && curve != nullptr && curve->isPaintedByStack()) {
+            if (pass && curve && curve->isPaintedByStack()) {
                 curve->paintStacked(*painter, exposed, widget);
             }
         }

@@ -147,14 +147,14 @@ QList<QGraphicsItem*> TimeEditorScene::topLevelItems() const
 void TimeEditorScene::setCurrentFrame(int frame)
 {
     m_currentFrame = frame;
-    if (m_timeHandle != nullptr) {
+    if (m_timeHandle) {
         m_timeHandle->setPos(frame, m_timeHandle->y());
     }
 }
 
 void TimeEditorScene::commitFrameChange()
 {
-    if (m_timeHandle != nullptr) {
+    if (m_timeHandle) {
         m_currentFrame = ui::frameOf(m_timeHandle->x());
         update();
     }
@@ -235,7 +235,7 @@ TimeEditorKeyframeItem* TimeEditorScene::keyUnder(const QRectF& place) const
 {
     TimeEditorKeyframeItem* const key =
         m_layoutContainer ? m_layoutContainer->keyAt(place) : nullptr;
-    if (key == nullptr) {
+    if (!key) {
         return nullptr;
     }
     const ui::KeyMask mask;
@@ -259,7 +259,7 @@ void TimeEditorScene::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
     TimeEditorKeyframeItem* const key =
         mouseGrabberItem() == nullptr ? keyUnder(pixelAt(event->scenePos())) : nullptr;
-    if (key == nullptr || !key->isEnabled() || !(key->acceptedMouseButtons() & event->button())) {
+    if (!key || !key->isEnabled() || !(key->acceptedMouseButtons() & event->button())) {
         QGraphicsScene::mousePressEvent(event);
         return;
     }

@@ -92,7 +92,7 @@ void TimeEditorView::configure()
 
 void TimeEditorView::setup(TimeEditorScene* scene)
 {
-    if (scene == nullptr || scene == m_scene) {
+    if (!scene || scene == m_scene) {
         return;
     }
     delete m_scene.data();
@@ -439,7 +439,7 @@ void TimeEditorView::setupKeyScaling(QPoint origin, bool flag)
     std::set<TimeEditorCurveItem*> curves;
     for (TimeEditorKeyframeItem* const key : selectedKeyframes()) {
         m_scalingKeys.emplace_back(ui::frameOf(key->scenePos().x()), key);
-        if (key->curve() != nullptr) {
+        if (key->curve()) {
             curves.insert(key->curve());
         } else {
             m_edit->add(key);

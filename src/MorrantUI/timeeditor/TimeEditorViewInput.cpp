@@ -75,8 +75,7 @@ void TimeEditorView::mousePressEvent(QMouseEvent* event)
         return;
     }
     auto* const key = dynamic_cast<TimeEditorKeyframeItem*>(pressed);
-    if (key != nullptr && event->modifiers().testFlag(Qt::ShiftModifier) && !m_panning
-        && selectKeysUpTo(key))
+    if (key && event->modifiers().testFlag(Qt::ShiftModifier) && !m_panning && selectKeysUpTo(key))
     {
         return;
     }
@@ -116,7 +115,7 @@ bool TimeEditorView::selectClipsUpTo(TimeEditorBaseItem* pressed, QPoint positio
 bool TimeEditorView::selectKeysUpTo(TimeEditorKeyframeItem* pressed)
 {
     TimeEditorCurveItem* const curve = pressed->curve();
-    if (!m_rangeAnchor || curve == nullptr || m_rangeAnchor->curve() != curve) {
+    if (!m_rangeAnchor || !curve || m_rangeAnchor->curve() != curve) {
         return false;
     }
     const auto [first, last] =
@@ -169,7 +168,7 @@ const std::vector<int>& TimeEditorView::snapCandidates()
     const double row = m_pressedKey->scenePos().y();
     for (const QGraphicsItem* const item : m_scene->items()) {
         const auto* const key = dynamic_cast<const TimeEditorKeyframeItem*>(item);
-        if (key != nullptr && !key->isSelected() && key->scenePos().y() != row) {
+        if (key && !key->isSelected() && key->scenePos().y() != row) {
             m_snapCandidates.push_back(ui::frameOf(key->scenePos().x()));
         }
     }
@@ -286,7 +285,7 @@ void TimeEditorView::setEndPointSnapping(bool on)
     const QPoint pointer = viewport()->mapFromGlobal(QCursor::pos());
     auto* const under = dynamic_cast<TimeEditorClipItem*>(itemUnder(pointer));
     if (on) {
-        if (under != nullptr) {
+        if (under) {
             under->updateEndPointFeedforward(under->getEndPointHoverArea());
         }
         return;

@@ -52,12 +52,11 @@ void TimeHandle::paint(
 
 QVariant TimeHandle::itemChange(GraphicsItemChange change, const QVariant& value)
 {
-    if (change == ItemPositionChange && scene() != nullptr) {
+    if (change == ItemPositionChange && scene()) {
         const double x = value.toPointF().x();
         return QPointF(std::isfinite(x) ? std::round(x) : pos().x(), pos().y());
     }
-    if (change == ItemPositionHasChanged && scene() != nullptr && m_dragging && m_scene != nullptr)
-    {
+    if (change == ItemPositionHasChanged && scene() && m_dragging && m_scene) {
         m_scene->commitFrameChange();
     }
     return QGraphicsRectItem::itemChange(change, value);

@@ -46,11 +46,11 @@ ConnectionInstance* ConnectionInstance::start(
 {
     const QPointer<QWidget> guardedFrom = from;
     const QPointer<QObject> guardedSource = source != nullptr ? source : from;
-    if (gCurrent != nullptr) {
+    if (gCurrent) {
         gCurrent->cancel(); // whose slots may do anything, such as starting one of their own
     }
-    if (gCurrent != nullptr || guardedFrom == nullptr || guardedSource == nullptr
-        || !guardedFrom->isVisible() || !guardedFrom->isEnabled())
+    if (gCurrent || !guardedFrom || !guardedSource || !guardedFrom->isVisible()
+        || !guardedFrom->isEnabled())
     {
         return nullptr;
     }
@@ -88,7 +88,7 @@ ConnectionInstance::ConnectionInstance(
 ConnectionInstance::~ConnectionInstance()
 {
     cancel();
-    if (m_phase == Phase::Ending && QCoreApplication::instance() != nullptr) {
+    if (m_phase == Phase::Ending && QCoreApplication::instance()) {
         leave(); // still owed when a drop deletes us
         tellEnd();
     }
@@ -180,7 +180,7 @@ bool ConnectionInstance::handle(QObject* watched, QEvent* event)
 
 bool ConnectionInstance::handleMouse(QMouseEvent* event)
 {
-    if (event == nullptr) {
+    if (!event) {
         return false;
     }
     const QPoint position = event->globalPosition().toPoint();
@@ -198,7 +198,7 @@ bool ConnectionInstance::handleMouse(QMouseEvent* event)
         // The widget that was pressed has to hear of its release, if it still exists.
         const QPointer<ConnectionInstance> self(this);
         moveTo(position);
-        if (self != nullptr) {
+        if (self) {
             drop();
         }
         return false;
@@ -261,11 +261,11 @@ bool ConnectionInstance::route()
     const QPointer<QWidget> widget = ConnectionReceiver::widgetAt(m_end);
     if (!m_target->is(widget)) {
         leave();
-        if (self != nullptr && isRunning() && receiver() == nullptr) {
+        if (self && isRunning() && !receiver()) {
             enter(widget);
         }
     }
-    if (self != nullptr && isRunning() && receiver() != nullptr) {
+    if (self && isRunning() && receiver()) {
         receiver()->onConnectionMove(this);
     }
     return self != nullptr && isRunning();
@@ -283,7 +283,7 @@ void ConnectionInstance::leave()
 {
     ConnectionReceiver* const left = receiver();
     *m_target = ConnectionTarget();
-    if (left != nullptr) {
+    if (left) {
         left->onConnectionLeave(this);
     }
 }
@@ -296,7 +296,7 @@ void ConnectionInstance::end(State state)
     m_state = state;
     m_phase = Phase::Ending;
     gCurrent = nullptr;
-    if (QCoreApplication::instance() == nullptr) {
+    if (!QCoreApplication::instance()) {
         return; // the application deletes us as the last of all, when there is nobody to tell
     }
     qApp->removeEventFilter(this);
@@ -308,13 +308,13 @@ void ConnectionInstance::end(State state)
     if (state == State::Dropped) {
         receiver()->onConnectionDrop(this);
     }
-    if (self != nullptr) {
+    if (self) {
         leave();
     }
-    if (self != nullptr) {
+    if (self) {
         tellEnd();
     }
-    if (self != nullptr) {
+    if (self) {
         m_phase = Phase::Settled;
         disposeWhenDone();
     }
@@ -342,7 +342,7 @@ void ConnectionInstance::retireLine()
 /// A receiver may keep us in a dialog of its own for longer than the line takes to go.
 void ConnectionInstance::disposeWhenDone()
 {
-    if (m_phase == Phase::Settled && m_line == nullptr) {
+    if (m_phase == Phase::Settled && !m_line) {
         deleteLater();
     }
 }
@@ -359,7 +359,7 @@ void ConnectionInstance::show()
     picture.style = m_target->style;
     picture.accepted = isAccepted();
     const QWidget* const target = receiverWidget();
-    if (target != nullptr && picture.style != ConnectionStyle::Line) {
+    if (target && picture.style != ConnectionStyle::Line) {
         picture.target = visibleArea(*target);
     }
     m_cursor->change(cursorFor(picture));

@@ -29,7 +29,7 @@ ConnectionLine::~ConnectionLine()
 void ConnectionLine::takeDown()
 {
     for (const auto& overlay : m_overlays) {
-        if (overlay != nullptr && QCoreApplication::instance() != nullptr) {
+        if (overlay && QCoreApplication::instance()) {
             overlay->hide();
             overlay->deleteLater(); // it may be in one of its own events
         }
@@ -42,7 +42,7 @@ void ConnectionLine::show(const ConnectionPicture& picture)
     m_picture = picture;
     coverWindows();
     for (const auto& overlay : m_overlays) {
-        if (overlay != nullptr) {
+        if (overlay) {
             overlay->setPicture(picture);
         }
     }

@@ -31,7 +31,7 @@ ConnectionReceiver::~ConnectionReceiver()
 
 void ConnectionReceiver::makeWidgetReceiver(QWidget* widget)
 {
-    if (widget == nullptr) {
+    if (!widget) {
         return;
     }
     if (!registry().contains(widget)) {
@@ -43,7 +43,7 @@ void ConnectionReceiver::makeWidgetReceiver(QWidget* widget)
 
 void ConnectionReceiver::removeWidgetReceiver(QWidget* widget)
 {
-    if (widget != nullptr && of(widget) == this) {
+    if (widget && of(widget) == this) {
         registry().insert(widget, nullptr);
     }
 }
@@ -56,10 +56,10 @@ ConnectionReceiver* ConnectionReceiver::of(const QWidget* widget)
 QWidget* ConnectionReceiver::widgetAt(QPoint globalPosition)
 {
     QWidget* widget = QApplication::widgetAt(globalPosition);
-    if (widget == nullptr || GestureDoors::isBlockedByDialog(*widget)) {
+    if (!widget || GestureDoors::isBlockedByDialog(*widget)) {
         return nullptr;
     }
-    while (widget != nullptr && !(widget->isEnabled() && of(widget) != nullptr)) {
+    while (widget && !(widget->isEnabled() && of(widget))) {
         widget = widget->isWindow() ? nullptr : widget->parentWidget();
     }
     return widget;

@@ -8,7 +8,7 @@ ConnectionTarget::ConnectionTarget(QWidget* widget)
     , m_widget(widget)
     , m_receiver(ConnectionReceiver::of(widget))
 {
-    if (m_receiver != nullptr) {
+    if (m_receiver) {
         m_alive = m_receiver->m_alive;
     }
 }

@@ -24,7 +24,7 @@ PickWhip::PickWhip(QWidget* parent)
 
 PickWhip::~PickWhip()
 {
-    if (m_connection != nullptr) {
+    if (m_connection) {
         m_connection->disconnect(this);
         m_connection->cancel();
     }
@@ -76,7 +76,7 @@ void PickWhip::mouseMoveEvent(QMouseEvent* event)
 void PickWhip::paintMark(QPainter& painter)
 {
     QColor color = palette().color(QPalette::ButtonText);
-    if (m_connected || connection() != nullptr) {
+    if (m_connected || connection()) {
         color = ui::colorQt(QStringLiteral("ConnectorAccent"));
     } else if (isEnabled() && !underMouse()) {
         color = ui::style::translucent(color, kResting);
@@ -112,7 +112,7 @@ void PickWhip::startConnection(QPoint globalPosition)
     setDown(false); // the release is no click
     const QPointer<ConnectionInstance> started =
         ConnectionInstance::start(this, rect().center(), m_source, m_userData);
-    if (started == nullptr) {
+    if (!started) {
         return;
     }
     m_connection = started;
@@ -122,7 +122,7 @@ void PickWhip::startConnection(QPoint globalPosition)
     });
     update();
     Q_EMIT connectionStarted(started);
-    if (started != nullptr) {
+    if (started) {
         started->moveTo(globalPosition);
     }
 }

@@ -22,7 +22,7 @@ void swallowContextMenu()
             const bool isNextGesture =
                 watched->isWidgetType()
                 && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress);
-            if ((isMenu || isNextGesture) && *filter != nullptr) {
+            if ((isMenu || isNextGesture) && *filter) {
                 (*filter)->deleteLater();
                 filter->clear();
                 return isMenu;

@@ -26,7 +26,7 @@ QWidget* widgetOf(const QWindow* window)
 
 const QWidget* ownerOf(const QWidget& widget)
 {
-    if (widget.isWindow() && widget.windowHandle() != nullptr) {
+    if (widget.isWindow() && widget.windowHandle()) {
         if (const QWindow* above = widget.windowHandle()->transientParent()) {
             if (const QWidget* owner = widgetOf(above)) {
                 const QWidget* parent = widget.parentWidget();
@@ -40,7 +40,7 @@ const QWidget* ownerOf(const QWidget& widget)
 bool isOwnedBy(const QWidget* widget, const QWidget* owner)
 {
     int steps = 0;
-    while (widget != nullptr && widget != owner) {
+    while (widget && widget != owner) {
         widget = ++steps < kMostSteps ? ownerOf(*widget) : nullptr;
     }
     return widget != nullptr;

@@ -140,7 +140,7 @@ void notifyAccessibleAxes(JoystickPad* pad, const num2<double>& before)
 {
     QAccessibleInterface* const whole =
         QAccessible::isActive() ? QAccessible::queryAccessibleInterface(pad) : nullptr;
-    if (whole == nullptr) {
+    if (!whole) {
         return;
     }
     const num2<double> now = pad->value();

@@ -77,7 +77,7 @@ NumericField* AttributeFields::at(int index) const
 void AttributeFields::setValue(int index, double value)
 {
     Field* const field = find(index);
-    if (field != nullptr && !std::isnan(value) && field->shown->show(value)) {
+    if (field && !std::isnan(value) && field->shown->show(value)) {
         rememberValues();
     }
 }
@@ -85,7 +85,7 @@ void AttributeFields::setValue(int index, double value)
 void AttributeFields::setDefaultValue(int index, double value)
 {
     Field* const field = find(index);
-    if (field != nullptr && std::isfinite(value)) {
+    if (field && std::isfinite(value)) {
         field->defaultValue = value;
     }
 }
@@ -102,7 +102,7 @@ std::vector<int> AttributeFields::showDefaults()
     std::vector<int> reset;
     for (int i = 0; i < count(); ++i) {
         Field* const field = find(i);
-        if (field == nullptr) {
+        if (!field) {
             continue;
         }
         field->shown->forget(); // and what is being typed gives way, too
@@ -120,7 +120,7 @@ void AttributeFields::commitTyping()
     const QPointer<AttributeFields> self(this);
     for (int i = 0; self != nullptr && i < count(); ++i) {
         NumericField* const editor = at(i);
-        if (editor != nullptr && isBeingEdited(*editor)) {
+        if (editor && isBeingEdited(*editor)) {
             editor->enterText(editor->text());
         }
     }
@@ -137,7 +137,7 @@ void AttributeFields::report(int index, bool committed)
 void AttributeFields::fieldChanged(int index, bool committed)
 {
     Field* const field = find(index);
-    if (field == nullptr) {
+    if (!field) {
         return;
     }
     if (committed) {
@@ -150,21 +150,21 @@ void AttributeFields::fieldChanged(int index, bool committed)
     }
     const QPointer<AttributeFields> self(this);
     for (const int reported : moved) {
-        if (self != nullptr) {
+        if (self) {
             report(reported, committed);
         }
     }
-    if (self != nullptr && committed) {
+    if (self && committed) {
         commitSteps();
     }
-    if (self != nullptr) {
+    if (self) {
         rememberValues();
     }
 }
 
 void AttributeFields::fieldDragged(int index, bool dragging)
 {
-    if (find(index) == nullptr || find(index)->dragging == dragging) {
+    if (!find(index) || find(index)->dragging == dragging) {
         return; // a context menu ends drags that were none
     }
     if (dragging) {
@@ -173,7 +173,7 @@ void AttributeFields::fieldDragged(int index, bool dragging)
     } else {
         const QPointer<AttributeFields> self(this);
         commitSteps();
-        if (self == nullptr || find(index) == nullptr) {
+        if (!self || !find(index)) {
             return;
         }
         find(index)->dragging = false;
@@ -191,7 +191,7 @@ std::vector<int> AttributeFields::scaleOthers(int index)
     std::vector<int> moved;
     for (int i = 0; std::isfinite(factor) && i < count(); ++i) {
         const Field* const follower = find(i);
-        if (i != index && follower != nullptr) {
+        if (i != index && follower) {
             const double target = follower->before * factor;
             if (!shows(*follower->editor, target)) {
                 follower->editor->setValue(target);
@@ -208,7 +208,7 @@ void AttributeFields::commitSteps()
     const QPointer<AttributeFields> self(this);
     for (int i = 0; self != nullptr && i < count(); ++i) {
         Field* const field = find(i);
-        if (field == nullptr || !field->uncommitted) {
+        if (!field || !field->uncommitted) {
             continue;
         }
         field->uncommitted = false;
@@ -224,7 +224,7 @@ void AttributeFields::rememberValues()
     const bool isDragging = std::any_of(
         m_fields.begin(), m_fields.end(), [](const Field& field) { return field.dragging; });
     for (Field& field : m_fields) {
-        if (!isDragging && field.editor != nullptr) {
+        if (!isDragging && field.editor) {
             field.before = field.editor->value();
             field.committed = field.uncommitted ? field.committed : field.before;
         }

@@ -134,14 +134,14 @@ void AttributeRow::connectParts()
     connect(m_parts->reset, &IconButton::clicked, this, [this] {
         const QPointer<AttributeRow> self(this);
         reset();
-        if (self != nullptr) {
+        if (self) {
             Q_EMIT resetRequested();
         }
     });
     connect(m_parts->keyframe, &KeyframeButton::clicked, this, [this] {
         const QPointer<AttributeRow> self(this);
         m_parts->fields->commitTyping(); // the key gets the value that the user sees
-        if (self != nullptr) {
+        if (self) {
             Q_EMIT keyframeToggled();
         }
     });
@@ -165,7 +165,7 @@ void AttributeRow::nameParts()
                                  .arg(name(), QString::number(i + 1), QString::number(count)));
         }
     }
-    if (m_parts->swatch != nullptr) {
+    if (m_parts->swatch) {
         m_parts->swatch->setAccessibleName(name());
     }
     m_parts->keyframe->setAccessibleName(tr("%1: keyframe").arg(name()));
@@ -232,7 +232,7 @@ NumericField* AttributeRow::addField(double value)
 
 ColorSwatch* AttributeRow::addSwatch(const QColor& color)
 {
-    if (m_parts->swatch != nullptr) {
+    if (m_parts->swatch) {
         return nullptr;
     }
     auto* swatch = new ColorSwatch(color, this);
@@ -295,7 +295,7 @@ QColor AttributeRow::color() const
 void AttributeRow::setColor(const QColor& color)
 {
     ColorSwatch* const swatch = m_parts->swatch;
-    if (swatch != nullptr && !showsColor(*swatch, color)) { // an echo must not reach the dialog
+    if (swatch && !showsColor(*swatch, color)) { // an echo must not reach the dialog
         swatch->setValue(color);
         updateReset();
     }
@@ -329,18 +329,18 @@ void AttributeRow::reset()
             ? m_parts->swatch
             : nullptr;
     const std::vector<int> changed = m_parts->fields->showDefaults();
-    if (recolored != nullptr) {
+    if (recolored) {
         recolored->setValue(m_parts->defaultColor);
     }
     updateReset();
 
     const QPointer<AttributeRow> self(this);
     for (const int index : changed) {
-        if (self != nullptr) {
+        if (self) {
             m_parts->fields->report(index, true);
         }
     }
-    if (self != nullptr && recolored != nullptr) {
+    if (self && recolored) {
         Q_EMIT colorChanged(true);
     }
 }
@@ -434,7 +434,7 @@ void AttributeRow::updateReset()
         // Disabling it would pass the focus on to its neighbour, which does something else.
         NumericField* const first = field(0);
         QWidget* const editor = first != nullptr ? first : static_cast<QWidget*>(swatch());
-        if (editor != nullptr) {
+        if (editor) {
             editor->setFocus(Qt::TabFocusReason);
         }
     }

@@ -133,7 +133,7 @@ void RenamableLabel::setRenamable(bool renamable)
     if (!renamable) {
         finishEditing(Outcome::Take);
     }
-    if (self == nullptr) {
+    if (!self) {
         return;
     }
     m_renamable = renamable;

@@ -60,7 +60,7 @@ std::unique_ptr<QMimeData> colorMimeData(const QColor& color)
 
 std::optional<QColor> colorFromMimeData(const QMimeData* data)
 {
-    if (data == nullptr) {
+    if (!data) {
         return std::nullopt;
     }
     if (data->hasColor()) {

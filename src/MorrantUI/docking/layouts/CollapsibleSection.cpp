@@ -59,14 +59,14 @@ void CollapsibleSection::setContent(QWidget* content)
                           && content->testAttribute(Qt::WA_WState_ExplicitShowHide);
     m_content = content;
     m_keptHeight = 0;
-    if (content != nullptr) {
+    if (content) {
         m_fold->addWidget(content); // out of the one before, too, if it is in there
         content->setVisible(!isHidden);
     }
-    if (previous != nullptr && previous->parentWidget() == m_body) {
+    if (previous && previous->parentWidget() == m_body) {
         m_fold->removeWidget(previous);
         previous->hide(); // whose slots may do anything
-        if (previous != nullptr) {
+        if (previous) {
             previous->setParent(nullptr);
             previous->deleteLater();
         }
@@ -77,7 +77,7 @@ QWidget* CollapsibleSection::takeContent()
 {
     QWidget* const taken = content();
     m_content = nullptr;
-    if (taken != nullptr) {
+    if (taken) {
         m_fold->removeWidget(taken);
         taken->setParent(nullptr);
     }
@@ -194,7 +194,7 @@ void CollapsibleSection::fixHeight(bool fixed)
 void CollapsibleSection::moveFocusOut()
 {
     const QWidget* const focused = window()->focusWidget();
-    if (focused != nullptr && m_body->isAncestorOf(focused)) {
+    if (focused && m_body->isAncestorOf(focused)) {
         m_header->setFocus(Qt::OtherFocusReason);
     }
 }

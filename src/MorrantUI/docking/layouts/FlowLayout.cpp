@@ -16,7 +16,7 @@ FlowLayout::~FlowLayout()
 
 void FlowLayout::addItem(QLayoutItem* item)
 {
-    if (item == nullptr) {
+    if (!item) {
         return;
     }
     m_items.append(item);
@@ -25,7 +25,7 @@ void FlowLayout::addItem(QLayoutItem* item)
 
 void FlowLayout::insertWidget(int index, QWidget* widget, Qt::Alignment alignment)
 {
-    if (widget == nullptr) {
+    if (!widget) {
         return;
     }
     addWidget(widget); // at the end, and out of the layout that it was in
@@ -71,7 +71,7 @@ void FlowLayout::setVerticalSpacing(int spacing)
 int FlowLayout::horizontalSpacing() const
 {
     const QWidget* const widget = parentWidget();
-    if (m_horizontalSpacing >= 0 || widget == nullptr) {
+    if (m_horizontalSpacing >= 0 || !widget) {
         return std::max(0, m_horizontalSpacing);
     }
     return std::max(
@@ -81,7 +81,7 @@ int FlowLayout::horizontalSpacing() const
 int FlowLayout::verticalSpacing() const
 {
     const QWidget* const widget = parentWidget();
-    if (m_verticalSpacing >= 0 || widget == nullptr) {
+    if (m_verticalSpacing >= 0 || !widget) {
         return std::max(0, m_verticalSpacing);
     }
     return std::max(
@@ -184,7 +184,7 @@ std::vector<ui::FlowItem> FlowLayout::shownItems(QList<QLayoutItem*>* shown) con
             described.heightFor = [item](int width) { return item->heightForWidth(width); };
         }
         items.push_back(std::move(described));
-        if (shown != nullptr) {
+        if (shown) {
             shown->append(item);
         }
     }

@@ -31,7 +31,7 @@ public:
 /// The box layout that holds a widget, in or below `layout`; null without one.
 const QBoxLayout* boxAround(const QWidget* widget, QLayout* layout)
 {
-    if (layout == nullptr) {
+    if (!layout) {
         return nullptr;
     }
     if (layout->indexOf(widget) >= 0) {
@@ -159,7 +159,7 @@ Qt::Orientation SpacerBar::found() const
     }
     const QBoxLayout* const box =
         parentWidget() != nullptr ? boxAround(this, parentWidget()->layout()) : nullptr;
-    if (box == nullptr) {
+    if (!box) {
         return m_orientation;
     }
     return isLevel(box->direction()) ? Qt::Vertical : Qt::Horizontal;

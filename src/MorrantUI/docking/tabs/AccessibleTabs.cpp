@@ -82,7 +82,7 @@ QWidgetList AccessibleTab::parts() const
          {m_tab->decorator(),
           static_cast<QWidget*>(m_tab->findChild<TabCloseButton*>({}, Qt::FindDirectChildrenOnly))})
     {
-        if (part != nullptr && !part->isHidden()) {
+        if (part && !part->isHidden()) {
             shown.append(part);
         }
     }
@@ -91,7 +91,7 @@ QWidgetList AccessibleTab::parts() const
 
 void notifyTabSelected(TabItem* tab, bool focused)
 {
-    if (tab == nullptr) {
+    if (!tab) {
         return;
     }
     notifyAccessible(tab, QAccessible::Selection);

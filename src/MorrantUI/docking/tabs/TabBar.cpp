@@ -97,7 +97,7 @@ TabBar::~TabBar()
 
 void TabBar::addPage(const QString& text, QWidget* page)
 {
-    if (page == nullptr || m_impl->pages->indexOf(page) < 0) {
+    if (!page || m_impl->pages->indexOf(page) < 0) {
         addPage(new TabItem(text, m_impl->header), page);
     }
 }
@@ -106,7 +106,7 @@ void TabBar::addPage(TabItem* tab, QWidget* page)
 {
     const bool known = page != nullptr && m_impl->pages->indexOf(page) >= 0;
     const bool encloses = page != nullptr && page->isAncestorOf(this);
-    if (tab == nullptr || tab->index() >= 0 || known || encloses || page == this) {
+    if (!tab || tab->index() >= 0 || known || encloses || page == this) {
         return;
     }
     QWidget* const own = page != nullptr ? page : new QWidget;

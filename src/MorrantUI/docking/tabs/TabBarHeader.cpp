@@ -69,7 +69,7 @@ TabItem* TabBarHeader::currentTab() const
 
 void TabBarHeader::insertTab(int index, TabItem* tab)
 {
-    if (tab == nullptr || tab->index() >= 0) {
+    if (!tab || tab->index() >= 0) {
         return;
     }
     const bool inside = index >= 0 && index < count();
@@ -81,7 +81,7 @@ void TabBarHeader::insertTab(int index, TabItem* tab)
     }
     connect(tab, &TabItem::clicked, this, [this, tab] { setCurrentIndex(indexOf(tab)); });
     renumber();
-    if (m_current == nullptr && isReachable(tab->index())) {
+    if (!m_current && isReachable(tab->index())) {
         select(tab->index());
     }
     m_currentIndex = indexOf(m_current);
@@ -91,7 +91,7 @@ void TabBarHeader::insertTab(int index, TabItem* tab)
 void TabBarHeader::removeTab(int index)
 {
     TabItem* const leaving = tab(index);
-    if (leaving == nullptr) {
+    if (!leaving) {
         return;
     }
     takeOut(leaving);
@@ -237,7 +237,7 @@ void TabBarHeader::tellRemoval()
 void TabBarHeader::setCurrentIndex(int index)
 {
     const TabItem* const chosen = tab(index);
-    if (chosen != nullptr && chosen->isEnabled()) {
+    if (chosen && chosen->isEnabled()) {
         select(index);
         scrollTo(index);
         tellCurrent();
@@ -263,7 +263,7 @@ void TabBarHeader::selectFrom(int index, int step)
 
 void TabBarHeader::moveTab(int from, int to)
 {
-    if (from == to || tab(from) == nullptr || tab(to) == nullptr) {
+    if (from == to || !tab(from) || !tab(to)) {
         return;
     }
     QLayoutItem* const item = m_layout->takeAt(from);
@@ -295,7 +295,7 @@ void TabBarHeader::setScrollOffset(int offset)
 
 void TabBarHeader::scrollTo(int index)
 {
-    if (tab(index) != nullptr) {
+    if (tab(index)) {
         m_row->reveal(index);
     }
 }
@@ -397,7 +397,7 @@ void TabBarHeader::run(Command command)
 void TabBarHeader::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    if (!byKey || m_current == nullptr || !m_current->isEnabled()) {
+    if (!byKey || !m_current || !m_current->isEnabled()) {
         event->ignore();
         return;
     }

@@ -36,7 +36,7 @@ void TabCloseButton::paintEvent(QPaintEvent* /*event*/)
 {
     QStyleOption option = ui::buttonOption(*this);
     const auto* const tab = qobject_cast<const TabItem*>(parentWidget());
-    if (tab != nullptr && !tab->isActive() && !tab->underMouse()) {
+    if (tab && !tab->isActive() && !tab->underMouse()) {
         option.palette.setColor(QPalette::WindowText, ui::colorQt(QStringLiteral("HelperHints")));
     }
     QPainter painter(this);

@@ -96,7 +96,7 @@ void TabItem::setDecorator(QWidget* decorator)
         m_decorator->deleteLater(); // may ask for it itself
     }
     m_decorator = decorator;
-    if (decorator != nullptr) {
+    if (decorator) {
         m_row->insertWidget(0, decorator);
         decorator->show();
     }
@@ -104,7 +104,7 @@ void TabItem::setDecorator(QWidget* decorator)
 
 void TabItem::addCloseButton()
 {
-    if (m_closeButton != nullptr) {
+    if (m_closeButton) {
         return;
     }
     m_closeButton = new TabCloseButton(this);
@@ -116,7 +116,7 @@ void TabItem::addCloseButton()
 
 void TabItem::setCloseButtonVisibility(bool visible)
 {
-    if (m_closeButton != nullptr) {
+    if (m_closeButton) {
         m_closeButton->setVisible(visible);
         m_row->setContentsMargins(kSidePadding, 0, visible ? kSidePadding / 2 : kSidePadding, 0);
     }
@@ -153,7 +153,7 @@ void TabItem::askToDelete()
 
 void TabItem::startTimer()
 {
-    if (m_renameTimer == nullptr) {
+    if (!m_renameTimer) {
         m_renameTimer = new QTimer(this);
         m_renameTimer->setSingleShot(true);
         m_renameTimer->setInterval(kRenameDelay);
@@ -165,7 +165,7 @@ void TabItem::startTimer()
 void TabItem::stopTimer()
 {
     m_renamesAfterRelease = false;
-    if (m_renameTimer != nullptr) {
+    if (m_renameTimer) {
         m_renameTimer->stop();
     }
 }
@@ -200,7 +200,7 @@ void TabItem::mouseReleaseEvent(QMouseEvent* event)
 
 void TabItem::closeByMiddleClick()
 {
-    if (m_closeButton != nullptr && !m_closeButton->isHidden()) {
+    if (m_closeButton && !m_closeButton->isHidden()) {
         Q_EMIT closed();
     }
 }

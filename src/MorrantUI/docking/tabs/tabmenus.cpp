@@ -23,7 +23,7 @@ void closeFrom(TabItem& tab, const Which& which)
 {
     TabBarHeader* const header = tab.header();
     const int own = tab.index();
-    if (header == nullptr || own < 0) {
+    if (!header || own < 0) {
         return;
     }
     QList<int> indices;

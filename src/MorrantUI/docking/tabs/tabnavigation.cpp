@@ -26,14 +26,14 @@ int stepOf(const QKeyEvent& event, Qt::LayoutDirection direction)
 
 void addTabArrowNavigation(QWidget* widget, TabBar* tabBar)
 {
-    if (widget == nullptr || tabBar == nullptr) {
+    if (!widget || !tabBar) {
         return;
     }
     const QPointer<TabBar> bar(tabBar);
     const auto filter = [bar](QObject* /*watched*/, QEvent* event) {
         const bool announced = event->type() == QEvent::ShortcutOverride;
         const bool isKey = announced || event->type() == QEvent::KeyPress;
-        if (!isKey || bar == nullptr || !bar->isEnabled()) {
+        if (!isKey || !bar || !bar->isEnabled()) {
             return false;
         }
         const int step = stepOf(*static_cast<QKeyEvent*>(event), bar->layoutDirection());

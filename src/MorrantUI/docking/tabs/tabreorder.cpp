@@ -29,7 +29,7 @@ std::optional<int> reorderIndex(const QByteArray& data)
 
 std::optional<int> reorderIndex(const QMimeData* data)
 {
-    if (data == nullptr || !data->hasFormat(reorderFormat())) {
+    if (!data || !data->hasFormat(reorderFormat())) {
         return std::nullopt;
     }
     return reorderIndex(data->data(reorderFormat()));
