@@ -112,6 +112,10 @@ void TimeEditorViewTest::theOverrideCursorNeverOutlivesItsGesture()
         [&] { editor->view->hide(); },
         [&] { editor.reset(); },
     };
+    QTest::keyPress(editor->view, Qt::Key_Shift);
+    doors[0]();
+    doors[1](); // though the pointer had left before
+    QVERIFY(!editor->view->getSnapping());
     for (const auto& door : doors) {
         editor->view->setEnabled(true);
         QTest::keyPress(editor->view, Qt::Key_Space);
