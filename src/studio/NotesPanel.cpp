@@ -11,6 +11,24 @@
 
 namespace studio {
 
+namespace {
+
+/// Undo and redo are the document's.
+bool leavesKey(QEvent& event)
+{
+    if (event.type() != QEvent::ShortcutOverride) {
+        return false;
+    }
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    const bool leaves = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+    if (leaves) {
+        event.ignore();
+    }
+    return leaves;
+}
+
+} // namespace
+
 NotesPanel::NotesPanel(QWidget* parent)
     : Panel(tr("Notes"), parent)
     , m_text(new PlainTextEdit)
@@ -25,7 +43,12 @@ NotesPanel::NotesPanel(QWidget* parent)
     setContent(m_text);
     connect(m_text, &PlainTextEdit::valueChanged, this, &NotesPanel::finishEditing);
     ui::installEventFilter(
-        m_text, [this](QObject*, QEvent* event) { return leavesKey(*event); }, this);
+        m_text, [](QObject*, QEvent* event) { return leavesKey(*event); }, m_text);
+}
+
+NotesPanel::~NotesPanel()
+{
+    m_text->disconnect(this); // it outlives what is a panel of this object
 }
 
 void NotesPanel::setEditor(DocumentEditor& editor)
@@ -63,20 +86,6 @@ void NotesPanel::fillMenu(ContextMenu& menu)
         ->setShortcut(QKeySequence::Paste);
     add({}, tr("Select &All"), &QPlainTextEdit::selectAll, !m_text->toPlainText().isEmpty())
         ->setShortcut(QKeySequence::SelectAll);
-}
-
-/// Undo and redo are the document's.
-bool NotesPanel::leavesKey(QEvent& event) const
-{
-    if (event.type() != QEvent::ShortcutOverride) {
-        return false;
-    }
-    const auto& key = static_cast<const QKeyEvent&>(event);
-    const bool leaves = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
-    if (leaves) {
-        event.ignore();
-    }
-    return leaves;
 }
 
 void NotesPanel::showNotes()

@@ -19,6 +19,7 @@ class NotesPanel : public Panel
 
 public:
     explicit NotesPanel(QWidget* parent = nullptr);
+    ~NotesPanel() override;
 
     /// Shows the notes of another document, which may be null.
     void setEditor(DocumentEditor& editor);
@@ -28,7 +29,6 @@ public:
     void fillMenu(ContextMenu& menu);
 
 private:
-    bool leavesKey(QEvent& event) const;
     void showNotes();
 
     QPointer<DocumentEditor> m_editor;
