@@ -298,7 +298,7 @@ private Q_SLOTS:
         QVERIFY(stage.open());
         PopoverPanel nested(stage.field);
         auto* const inner = openWithin(stage, nested);
-        QTRY_VERIFY(inner->hasFocus());
+        QTRY_VERIFY(inner->hasFocus() && QApplication::activeWindow() == &nested);
         stage.panel->openAt(inner); // which was opened from there
         QCOMPARE(stage.panel->anchor(), stage.button);
         QDialog dialog; // of no window
