@@ -129,7 +129,7 @@ private Q_SLOTS:
         row("H(a)", "delete a, settle", "H()");
         // A newcomer takes the size it had, at most half.
         row("H(a=300 b=294) x=800x600", "dock x a right", "H(H(a=147 x=147)=300 b=294)");
-        row("H(a=300 b=294) x=100x600", "dock x a right", "H(H(a=194 x=100)=300 b=294)");
+        row("H(a=300 b=294) x=120x600", "dock x a right", "H(H(a=174 x=120)=300 b=294)");
         row("H(a=200 b=394) x=800x600", "dock x root left", "H(x=294 a=99 b=195)");
         // Tabs.
         row("H(a=200 b=300 e=100)",

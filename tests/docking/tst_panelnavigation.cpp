@@ -180,13 +180,14 @@ private Q_SLOTS:
         QCOMPARE(Desk::focused(), u"a1"_qs);
         const QColor bare = edge();
         desk.focus(u"d1"_qs);
-        Desk::press(Qt::Key_Tab, Qt::ShiftModifier);
-        Desk::press(Qt::Key_Space);
-        Desk::press(Qt::Key_Return);
-        QVERIFY(header.hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+        QTRY_VERIFY(header.hasFocus());
+        QTest::keyClick(&header, Qt::Key_Space);
+        QTest::keyClick(&header, Qt::Key_Return);
+        QTRY_VERIFY(header.hasFocus());
         QVERIFY(edge() != bare);
-        Desk::press(Qt::Key_Tab);
-        QCOMPARE(Desk::focused(), u"d1"_qs);
+        QTest::keyClick(&header, Qt::Key_Tab);
+        QTRY_COMPARE(Desk::focused(), u"d1"_qs);
 
         desk.play(u"dock bare a bottom"_qs); // a panel without fields
         DockableWindow* bareOne = desk["bare"];
