@@ -54,6 +54,16 @@ function(morrant_defaults target)
     endif()
 endfunction()
 
+# Keeps what the compiler instantiates of other libraries' templates out of a library's symbol table.
+# The sanitizers want to see all of it, and a DLL exports nothing that is not marked.
+function(morrant_hide_foreign_symbols target)
+    if(NOT WIN32 AND NOT MORRANT_SANITIZE)
+        set(map "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+        target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${map}")
+    endif()
+endfunction()
+
 # Precompiles Qt's headers for a target: they are most of what a source file reads.
 function(morrant_precompile_qt target)
     target_precompile_headers(${target} PRIVATE <QtWidgets>)

@@ -31,8 +31,27 @@ if(MORRANT_BUNDLE_SKIA)
 endif()
 
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/MorrantUIConfig.cmake.in"
-    "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake" INSTALL_DESTINATION "${packageDir}")
+    "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake" INSTALL_DESTINATION "${packageDir}"
+    PATH_VARS CMAKE_INSTALL_DATADIR)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/MorrantUIConfigVersion.cmake"
     COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake"
     "${PROJECT_BINARY_DIR}/MorrantUIConfigVersion.cmake" DESTINATION "${packageDir}")
+
+# For hosts that are not built by CMake; the package may be moved as a whole.
+file(RELATIVE_PATH morrantPcPrefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" morrantPcPrefix "${morrantPcPrefix}")
+if(MORRANT_OWN_CORE)
+    set(morrantPcCore "-lCore")
+else()
+    set(morrantPcCore "")
+endif()
+get_target_property(morrantPcDefinitions Skia::Skia INTERFACE_COMPILE_DEFINITIONS)
+list(TRANSFORM morrantPcDefinitions PREPEND "-D")
+list(JOIN morrantPcDefinitions " " morrantPcDefinitions)
+configure_file("${CMAKE_CURRENT_LIST_DIR}/morrant-ui.pc.in" "${PROJECT_BINARY_DIR}/morrant-ui.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/morrant-ui.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/THIRD-PARTY-NOTICES.md"
+    DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/LICENSES" DESTINATION "${CMAKE_INSTALL_DOCDIR}")

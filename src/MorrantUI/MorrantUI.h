@@ -122,3 +122,4 @@
 #include <MorrantUI/timeeditor/keymoves.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
 #include <MorrantUI/timeline/TimeHandle.h>
+#include <MorrantUI/version.h>

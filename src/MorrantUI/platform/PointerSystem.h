@@ -12,6 +12,13 @@
 #include <memory>
 #include <optional>
 
+// Tests put another system in place; a library that is built without them keeps this to itself.
+#ifdef MORRANT_EXPORT_FOR_TESTS
+#define MORRANT_POINTER_SYSTEM_EXPORT MORRANT_UI_EXPORT
+#else
+#define MORRANT_POINTER_SYSTEM_EXPORT
+#endif
+
 namespace morrant::native {
 
 /// Who receives raw mouse input, as Windows remembers it for the process.
@@ -30,7 +37,7 @@ struct RawRegistration
 /// undone, which is no failure; calls that tell of one leave its reason in lastError().
 ///
 /// Coordinates are physical pixels of the desktop unless a remark tells otherwise.
-class MORRANT_UI_EXPORT PointerSystem
+class MORRANT_POINTER_SYSTEM_EXPORT PointerSystem
 {
 public:
     /// What can drive a drag that does not end at the screen's edge.

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+class QMenu;
+class QWidget;
+
+/// One window a chapter of docs/host-guide.md.
+QWidget* dockingChapter();
+QWidget* timeEditorChapter();
+QWidget* undoChapter();
+
+/// The menu of the menus' chapter, filled but not shown.
+QMenu* menuChapter(QWidget* panel);
