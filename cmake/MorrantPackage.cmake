@@ -31,10 +31,9 @@ if(MORRANT_BUNDLE_SKIA)
 endif()
 
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/MorrantUIConfig.cmake.in"
-    "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake" INSTALL_DESTINATION "${packageDir}"
-    PATH_VARS CMAKE_INSTALL_DATADIR)
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/MorrantUIConfigVersion.cmake"
-    COMPATIBILITY SameMinorVersion)
+    "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake" INSTALL_DESTINATION "${packageDir}")
+configure_file("${CMAKE_CURRENT_LIST_DIR}/MorrantUIConfigVersion.cmake.in"
+    "${PROJECT_BINARY_DIR}/MorrantUIConfigVersion.cmake" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/MorrantUIConfig.cmake"
     "${PROJECT_BINARY_DIR}/MorrantUIConfigVersion.cmake" DESTINATION "${packageDir}")
 
