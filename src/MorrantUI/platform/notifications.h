@@ -5,12 +5,14 @@
 #include <functional>
 #include <string>
 
-/// Desktop notifications, on Windows 10 and later. Nothing here throws, shows a message or waits;
-/// every failure is one line in the log. GUI thread only, before or after QApplication is made, and
-/// whichever way the thread has initialised COM.
+/// Desktop notifications, on Windows 10 and later, and by the desktop's own service on the session
+/// bus elsewhere. Nothing here throws, shows a message or waits; every failure is one line in the
+/// log. GUI thread only; on Windows before or after QApplication is made, and whichever way the
+/// thread has initialised COM.
 ///
-/// On other systems registering and sending write "Notifications are only supported on
-/// Windows 10."; on an older Windows only registering does.
+/// Without a session bus, or before there is an application to use it, registering and sending
+/// write "Notifications are only supported on Windows 10."; on an older Windows only registering
+/// does.
 
 /// Tells the system who this process is and how to start it for a click on a notification, and
 /// waits for such clicks until QApplication ends. Call once at start-up; again changes nothing.
@@ -28,7 +30,8 @@ MORRANT_UI_EXPORT void installActivatorCallback(std::function<void()> callback);
 /// Shows a notification of two lines, both UTF-8.
 ///
 /// The texts become part of an XML document as they are: a caller whose text may hold '&' or '<'
-/// escapes them, otherwise the notification is refused and not shown.
+/// escapes them, otherwise Windows refuses the notification and it is not shown. A desktop's
+/// service gets the body as it is and the title, which has no markup there, without its entities.
 MORRANT_UI_EXPORT void sendNotification(const std::string& title, const std::string& text);
 
 namespace morrant::native {
