@@ -133,7 +133,7 @@ private:
     void collapse(const DockStep& s) { some<DockableGroup>(s.a)->collapseGroup(); }
     void takeAndInsert(const DockStep& s)
     {
-        DockableWindow* child = some<DockableGroup>(s.a)->takeChild(s.b % 5 - 1);
+        const QPointer<DockableWindow> child = some<DockableGroup>(s.a)->takeChild(s.b % 5 - 1);
         some<DockableGroup>(s.c)->insertChild(s.b % 4 - 1, child);
     }
     void insertStolen(const DockStep& s)
@@ -234,9 +234,10 @@ private:
     }
     void takeTab(const DockStep& s)
     {
-        if (auto* tabs = some<DockableTabGroup>(s.a)) {
-            DockableWindow* child = tabs->takeChild(s.b % (tabs->childCount() + 2) - 1);
-            tabs->insertChild(s.c % 5 - 1, s.c % 2 == 0 ? child : nullptr);
+        if (const QPointer<DockableTabGroup> tabs = some<DockableTabGroup>(s.a)) {
+            const QPointer<DockableWindow> child =
+                tabs->takeChild(s.b % (tabs->childCount() + 2) - 1);
+            tabs ? tabs->insertChild(s.c % 5 - 1, s.c % 2 == 0 ? child : nullptr) : void();
         }
     }
     void insertTab(const DockStep& s)

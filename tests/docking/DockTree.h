@@ -48,13 +48,14 @@ public:
     DockableWindow* operator[](const char* name) { return (*this)[QString::fromLatin1(name)]; }
     DockableGroup* group(const char* name);
     DockableTabGroup* tabs(const char* name);
-    /// A panel that floats, hidden.
+    /// A panel that floats, hidden. The content of those called "bar..." is at most 30 pixels high.
     static DockableWindow* panel(const QString& title = {}, QSize size = {100, 80});
 
     /// Steps, apart by commas, as in "dock x b left, undock x": dock WINDOW TARGET AREA,
     /// insert WINDOW GROUP INDEX, undock, leave (without collapse), tear (by the mouse), tidy
-    /// WINDOW GROUP (after it), collapse, close (undocked), shut (where it is), delete, select
-    /// (a tab), rename WINDOW TITLE, settle. What is docked or inserted is made if there is none.
+    /// WINDOW GROUP (after it), collapse, close (undocked), shut (where it is), delete, hide,
+    /// select (a tab), rename WINDOW TITLE, settle. What is docked or inserted is made if there is
+    /// none.
     void play(const QString& steps);
 
     /// The main window's tree, what floats in sight, half transparent with a tilde, and "b:left"

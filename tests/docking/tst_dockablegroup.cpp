@@ -161,6 +161,48 @@ private Q_SLOTS:
         }
     }
 
+    void noRoomIsLeftEmpty_data()
+    {
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("operations");
+        QTest::addColumn<QString>("end");
+        const auto row = [](const char* start, const char* operations, const char* end) {
+            QTest::addRow("%s: %s", start, operations)
+                << QString::fromLatin1(start) << QString::fromLatin1(operations)
+                << QString::fromLatin1(end);
+        };
+        // Bars are 54 pixels high with their headers; the root is 412, its row 400.
+        row("V(a bar)", "settle", "V(a=340 bar=54)");
+        row("V(H(bar) a)", "settle", "V(H(bar=600)=54 a=340)");
+        row("V(H(bar1 bar2) V(bar3) a)",
+            "settle",
+            "V(H(bar1=297 bar2=297)=54 V(bar3=54)=54 a=280)");
+        row("V(T(bar1 bar2) a)", "settle", "V(T(bar1 bar2)=58 a=336)");
+        row("V(bar1 bar2)", "settle", "V(bar1=340 bar2=54)"); // nobody else is there
+        row("V(bar1 a)", "close a, settle", "V(bar1=400)");
+        row("H(a b)", "dock bar b top, undock b, settle", "H(a=494 bar=100)");
+        row("H(V(bar x) b)", "hide x, settle", "H(V(bar=400 x=0)=494 b=100)");
+        row("V(H(a) x)", "leave a, settle", "V(x=400)");
+        row("V(H(V(a b)) x)", "delete a, delete b, settle", "V(x=400)");
+        row("H(V(a b))", "delete b, delete a, settle", "H()");
+        row("H(V(H(a) b) c)", "delete b, leave a, settle", "H(c=600)");
+    }
+
+    void noRoomIsLeftEmpty()
+    {
+        QFETCH(QString, start);
+        QFETCH(QString, operations);
+        QFETCH(QString, end);
+        DockTree tree(start);
+        tree.play(operations);
+        QCOMPARE(tree.sizes(), end);
+        tree.root().resize(500, 300);
+        settle(); // and the invariants hold, again at the end
+        QCOMPARE(brokenInvariants(), QStringList());
+        tree.root().setSizes(QList<int>(tree.root().childCount(), 1));
+        settle();
+    }
+
     void whatCannotBeDockedChangesNothing()
     {
         DockTree tree(u"H(V(a x) b) f d"_qs);

@@ -120,6 +120,33 @@ private Q_SLOTS:
         QCOMPARE(withReplaced({100}, 0, {0, 0}, 6), (Row{47, 47}));
     }
 
+    void whoFillsTheRoom()
+    {
+        // Room, then for each window its size, the most it should have, its stretch and whether it
+        // is hidden; then the sizes that come of it.
+        for (const auto& row :
+             {std::pair("100, 50 64 0 0, 44 999 0 0", "53 47"),     // the one without a limit
+              {"200, 50 60 0 0, 50 80 0 0, 0 999 0 1", "60 140 0"}, // the one that may have most
+              {"200, 50 60 2 0, 50 80 0 0", "120 80"},              // the one that stretches
+              {"90, 10 20 0 0, 10 20 0 0", "45 45"},
+              {"100, 60 64 0 0, 60 64 0 0", "60 60"}, // no room is left
+              {"100, 0 0 0 1", "0"}})
+        {
+            const auto numbers = rowsOf(row.first);
+            std::vector<Cell> cells;
+            QList<int> sizes;
+            for (const auto& cell : numbers.mid(1)) {
+                sizes << cell[0];
+                cells.push_back({cell[1], cell[2], cell[3] == 0});
+            }
+            QByteArray all;
+            for (const int size : filled(sizes, cells, numbers[0][0])) {
+                all += QByteArray::number(size) + ' ';
+            }
+            QCOMPARE(all.trimmed(), QByteArray(row.second));
+        }
+    }
+
     void anArrivalIsUndoneOnceAndByItsOwnKind()
     {
         ui::test::DockTree tree(u"H() a b c"_qs);

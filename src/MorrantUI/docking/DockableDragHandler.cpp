@@ -196,8 +196,12 @@ void DockableDragHandler::finish(Ending ending)
     const bool engaged = isDragging() || m_hoverWindow;
     endDragging();
     switch (ending) {
-    case Ending::Drop: dockInHoverWindow(); break;
+    case Ending::Drop:
+        m_origin.reset();
+        dockInHoverWindow();
+        break;
     case Ending::Leave:
+        m_origin.reset();
         if (DockableWindow* hover = leaveHoverWindow(); m_window && engaged) {
             m_window->cleanupOldParent(hover);
         }

@@ -45,6 +45,8 @@ public:
     void setEnabled(bool enabled);
     bool isEnabled() const { return m_state != State::Locked; }
     bool isDragging() const { return m_state == State::Dragging; }
+    /// Whether Escape would still put the window back, or is about to.
+    bool mayTakeBack() const { return m_origin != nullptr; }
 
     /// Remembers where in the window the pointer is.
     void saveStartPosition();

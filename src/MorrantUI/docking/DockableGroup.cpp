@@ -1,12 +1,13 @@
 #include "MorrantUI/docking/DockableGroup.h"
 
+#include "MorrantUI/docking/GroupSplitter.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
+#include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/shares.h"
-#include <MorrantUI/docking/SolidSplitter.h>
 #include <MorrantUI/theme/screens.h>
 
 #include <QCloseEvent>
@@ -20,8 +21,8 @@
 using ui::docking::groupOf;
 using ui::docking::isMainWindow;
 using ui::docking::kBorder;
-using ui::docking::kHandleWidth;
 using ui::docking::Rearranging;
+using ui::docking::TreeAccess;
 
 DockableGroup* gMainWindow = nullptr;
 
@@ -35,10 +36,7 @@ DockableGroup::DockableGroup(WindowMode mode)
 DockableGroup::DockableGroup()
     : DockableGroup(WindowMode::Group)
 {
-    auto* splitter = new SolidSplitter;
-    splitter->setContentsMargins(0, 0, 0, 0);
-    splitter->setHandleWidth(kHandleWidth);
-    adoptSplitter(splitter);
+    adoptSplitter(new GroupSplitter);
     setBorderVisible(true);
 }
 
@@ -47,10 +45,10 @@ DockableGroup::~DockableGroup()
     ui::docking::groupDying(*this);
 }
 
-void DockableGroup::adoptSplitter(SolidSplitter* splitter)
+void DockableGroup::adoptSplitter(GroupSplitter* splitter)
 {
     m_splitter = splitter;
-    m_layout->addWidget(splitter, 1);
+    m_layout->addFilling(splitter);
     connect(splitter, &QSplitter::splitterMoved, this, [this] {
         m_splitterSizes->forget(); // the user wants it otherwise now
         ui::docking::reportLayoutChange();
@@ -74,15 +72,14 @@ int DockableGroup::indexOfChild(DockableWindow* window)
 
 DockableWindow* DockableGroup::takeChild(int index)
 {
-    DockableWindow* child = getChild(index);
-    if (!child) {
-        return nullptr;
-    }
-    ui::docking::LayoutChange change;
-    change.note(*child);
-    release(*child);
-    if (!Rearranging::active()) {
-        m_splitterSizes->giveBack(*child);
+    const QPointer<DockableWindow> child = getChild(index);
+    if (child) {
+        ui::docking::LayoutChange change; // slots that hear of it may delete the child
+        change.note(*child);
+        release(*child);
+        if (!Rearranging::active()) {
+            m_splitterSizes->giveBack(*child);
+        }
     }
     return child;
 }
@@ -96,6 +93,13 @@ void DockableGroup::release(DockableWindow& child)
     }
     child.makeFloating();
     child.setNested(false);
+    child.setLimits({}, {});
+    if (m_splitter) {
+        m_splitter->settleLimits();
+    }
+    if (childCount() == 0) {
+        QMetaObject::invokeMethod(this, &DockableGroup::collapseIfEmpty, Qt::QueuedConnection);
+    }
 }
 
 void DockableGroup::appendChild(DockableWindow* window)
@@ -119,9 +123,11 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     window->dropNativeWindow();
     // The splitter shall show it at once, and its handle with it, even if it was hidden on purpose.
     window->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+    GroupSplitter::liftLimits(*window);
     m_splitter->insertWidget(place, window);
     handDownDirection(*window);
     window->show();
+    m_splitter->settleLimits();
 
     if (!Rearranging::active()) {
         m_splitterSizes->shareAfter(arrival, place);
@@ -199,12 +205,15 @@ void DockableGroup::setLayoutMode(LayoutMode mode)
     } else if (mode == LayoutMode::Vertical) {
         m_splitter->setOrientation(Qt::Vertical);
     }
+    m_splitter->settleLimits();
 }
 
 void DockableGroup::setSizes(const QList<int>& sizes)
 {
     m_splitterSizes->forget(); // as when the user moves a handle
-    applySizes(sizes);
+    if (m_splitter) {
+        m_splitter->share(sizes);
+    }
 }
 
 void DockableGroup::applySizes(const QList<int>& sizes)
@@ -212,6 +221,48 @@ void DockableGroup::applySizes(const QList<int>& sizes)
     if (m_splitter) {
         m_splitter->setSizes(sizes);
     }
+}
+
+ui::docking::Limits DockableGroup::limits()
+{
+    if (!m_splitter) {
+        return {};
+    }
+    const bool upright = m_layoutMode == LayoutMode::Vertical;
+    const QSize beside = minimumSizeHint() - m_splitter->minimumSizeHint(); // border and header
+    ui::docking::Limits all{{0, 0}, {0, 0}};
+    int handles = -1;
+    for (const auto& child : childWindows()) {
+        if (child->isHidden()) {
+            continue;
+        }
+        const ui::docking::Limits one = TreeAccess::limitsOf(*child);
+        const QSize row = all.most + one.most;
+        all.most = all.most.expandedTo(one.most);
+        upright ? all.most.setHeight(row.height()) : all.most.setWidth(row.width());
+        all.stretch = all.stretch.expandedTo(one.stretch);
+        ++handles;
+    }
+    if (handles >= 0) {
+        all.most += beside;
+        const int thickness = handles * m_splitter->handleWidth();
+        all.most += upright ? QSize(0, thickness) : QSize(thickness, 0);
+    }
+    all.most = all.most.boundedTo({QLAYOUTSIZE_MAX, QLAYOUTSIZE_MAX});
+    return all;
+}
+
+void DockableGroup::setLimits(const ui::docking::Limits& limits, Qt::Orientations lifted)
+{
+    const bool docked = groupOf(*this) || lifted;
+    QSizePolicy policy = sizePolicy();
+    policy.setHorizontalStretch(limits.stretch.width());
+    policy.setVerticalStretch(limits.stretch.height());
+    setSizePolicy(policy);
+    // Just below Qt's own limit: at that it would go by the size policy instead.
+    const int width = lifted.testFlag(Qt::Horizontal) ? QLAYOUTSIZE_MAX : limits.most.width();
+    const int height = lifted.testFlag(Qt::Vertical) ? QLAYOUTSIZE_MAX : limits.most.height();
+    setMaximumSize(docked ? QSize(width, height) : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
 }
 
 QList<int> DockableGroup::sizes() const
@@ -282,7 +333,9 @@ void DockableGroup::collapseGroup()
     ui::docking::LayoutChange change;
     const ui::docking::FocusKeeper focus;
     const QPointer<DockableGroup> self(this);
-    if (DockableGroup* parent = groupOf(*this)) {
+    const QPointer<DockableGroup> parent = groupOf(*this);
+    const bool empty = childCount() == 0;
+    if (parent) {
         handChildrenTo(*parent);
     } else {
         floatChildren();
@@ -290,6 +343,9 @@ void DockableGroup::collapseGroup()
     if (self) {
         makeFloating();
         closeEmptied();
+    }
+    if (parent && empty) {
+        parent->collapseIfNeedless();
     }
 }
 
@@ -375,6 +431,24 @@ void DockableGroup::collapseIfNeedless()
     if (childCount() < 2) {
         collapseGroup();
     }
+}
+
+/// From the event loop: a host may be about to put something else in it.
+void DockableGroup::collapseIfEmpty()
+{
+    if (childCount() == 0 && !isAwaited()) {
+        collapseGroup();
+    }
+}
+
+/// What has been dragged out of it may still come back.
+bool DockableGroup::isAwaited()
+{
+    const auto windows = ui::docking::mainWindow() ? gMainWindow->findChildren<DockableWindow*>()
+                                                   : QList<DockableWindow*>();
+    return std::any_of(windows.begin(), windows.end(), [this](const DockableWindow* window) {
+        return window->oldParent() == this && window->m_dragHandler.mayTakeBack();
+    });
 }
 
 void DockableGroup::closeEvent(QCloseEvent* event)
@@ -489,8 +563,8 @@ DockableGroup* DockableGroup::moveChildrenDown()
     }
     auto* inner = new DockableGroup;
     inner->setLayoutMode(m_layoutMode);
-    SolidSplitter* full = m_splitter;
-    SolidSplitter* empty = inner->m_splitter;
+    GroupSplitter* full = m_splitter;
+    GroupSplitter* empty = inner->m_splitter;
     full->disconnect(this);
     empty->disconnect(inner);
     m_layout->removeWidget(full);

@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-class SolidSplitter;
+class GroupSplitter;
 
 namespace ui::docking {
 class SplitterSizes;
@@ -99,6 +99,8 @@ private:
     friend class ui::docking::TreeAccess;
 
     QString shownTitle() override;
+    ui::docking::Limits limits() override;
+    void setLimits(const ui::docking::Limits& limits, Qt::Orientations lifted) override;
     void listPanels(QList<DockableWindow*>& panels) override;
     void setNested(bool nested) override;
     bool takesDirectly(DockableArea area) override;
@@ -122,6 +124,8 @@ private:
     void floatChildren();
     void closeEmptied();
     void collapseIfNeedless();
+    void collapseIfEmpty();
+    bool isAwaited();
 
     QPointer<DockableGroup> receive(DockableWindow& window);
     void tidyAfterReceiving(const QPointer<DockableGroup>& old);
@@ -131,12 +135,12 @@ private:
 
     void applySizes(const QList<int>& sizes);
 
-    void adoptSplitter(SolidSplitter* splitter);
+    void adoptSplitter(GroupSplitter* splitter);
     void handDownDirection(DockableWindow& child);
     std::vector<QPointer<DockableWindow>> childWindows();
 
     LayoutMode m_layoutMode = LayoutMode::Horizontal;
-    QPointer<SolidSplitter> m_splitter;
+    QPointer<GroupSplitter> m_splitter;
     std::unique_ptr<ui::docking::SplitterSizes> m_splitterSizes; ///< never null
 };
 

@@ -3,12 +3,17 @@
 #include "MorrantUI/docking/DockTabStrip.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/PageStack.h"
+#include "MorrantUI/docking/WindowLayout.h"
+#include "MorrantUI/docking/docktree.h"
 #include <MorrantUI/docking/DockableTabWidget.h>
 
 #include <QBoxLayout>
 
+#include <algorithm>
 #include <set>
 #include <utility>
+
+using ui::docking::TreeAccess;
 
 static const QSizePolicy& noSay()
 {
@@ -78,6 +83,7 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
         window->setHeaderVisible(false);
     }
     window->dropNativeWindow();
+    TreeAccess::setLimits(*window, {}, Qt::Horizontal | Qt::Vertical); // a page fills its group
     addTab(place, *window);
     m_stack->insertWidget(place, window);
     window->move(QPoint()); // where it would be: a page has no place until it is seen
@@ -126,26 +132,32 @@ bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
 DockableWindow* DockableTabGroup::takeChild(int index)
 {
     const QPointer<DockableWindow> child = getChild(index);
-    if (!child) {
-        return nullptr;
+    if (child) {
+        ui::docking::LayoutChange change; // slots that hear of it may delete the child
+        change.note(*child);
+        takeOut(*child);
     }
-    ui::docking::LayoutChange change;
-    change.note(*child);
-    if (child == m_active) {
+    return child;
+}
+
+void DockableTabGroup::takeOut(DockableWindow& child)
+{
+    if (&child == m_active) {
         const QPointer<DockableTabGroup> self(this);
-        setActiveIndex(index == 0 ? 1 : 0); // instead of the neighbour, which Qt would show
-        if (!self || indexOfChild(child) < 0) {
-            return child; // a page that heard of it has been quicker
+        const QPointer<DockableWindow> leaver(&child);
+        // Instead of the neighbour, which Qt would show.
+        setActiveIndex(indexOfChild(&child) == 0 ? 1 : 0);
+        if (!self || !leaver || indexOfChild(leaver) < 0) {
+            return; // a page that heard of it has been quicker
         }
     }
-    letGoOf(indexOfChild(child));
-    m_stack->removeWidget(child);
-    release(*child);
-    if (child->windowMode() == WindowMode::Panel) {
-        child->setHeaderVisible(true);
+    letGoOf(indexOfChild(&child));
+    m_stack->removeWidget(&child);
+    release(child);
+    if (child.windowMode() == WindowMode::Panel) {
+        child.setHeaderVisible(true);
     }
     setActiveIndex(0);
-    return child;
 }
 
 /// A child on its way out gets back what it came with.
@@ -249,6 +261,15 @@ int DockableTabGroup::topOffset()
 DockableWindow* DockableTabGroup::frontChild() const
 {
     return m_active;
+}
+
+/// The page in front and what is above it.
+ui::docking::Limits DockableTabGroup::limits()
+{
+    ui::docking::Limits limits = m_active ? TreeAccess::limitsOf(*m_active) : ui::docking::Limits();
+    const int above = minimumSizeHint().height() - m_stack->minimumSizeHint().height();
+    limits.most.rheight() = std::min(limits.most.height() + above, QLAYOUTSIZE_MAX);
+    return limits;
 }
 
 bool DockableTabGroup::takesDirectly(DockableArea area)

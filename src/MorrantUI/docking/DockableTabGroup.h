@@ -80,6 +80,7 @@ private:
     };
 
     DockableWindow* frontChild() const override;
+    ui::docking::Limits limits() override;
     bool takesDirectly(DockableArea area) override;
     bool hasAt(DockableWindow& window, DockableArea area) override;
     QWidget* tabFor(DockableWindow& child) override;
@@ -89,6 +90,7 @@ private:
     bool reportActive() override;
 
     void addTab(int index, DockableWindow& window);
+    void takeOut(DockableWindow& child);
     void letGoOf(int index);
     void forgetTab(int index);
 

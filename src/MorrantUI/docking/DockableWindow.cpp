@@ -6,6 +6,7 @@
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
+#include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/WindowOverlays.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
@@ -40,9 +41,7 @@ DockableWindow::DockableWindow()
     native::setDarkTitleBar(this);
 
     m_overlays = std::make_unique<ui::docking::WindowOverlays>(*this);
-    m_layout = new QBoxLayout(QBoxLayout::TopToBottom, this);
-    m_layout->setContentsMargins(0, 0, 0, 0);
-    m_layout->setSpacing(0);
+    m_layout = new WindowLayout(this);
     setHeader(new DockableTabHeader);
     setHeaderVisible(false);
 }
@@ -543,6 +542,22 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
 QString DockableWindow::shownTitle()
 {
     return m_text;
+}
+
+ui::docking::Limits DockableWindow::limits()
+{
+    if (!m_layout) {
+        return {};
+    }
+    const QSizePolicy policy = sizePolicy();
+    return {m_layout->contentsMaximum(), {policy.horizontalStretch(), policy.verticalStretch()}};
+}
+
+void DockableWindow::setLimits(const ui::docking::Limits& /*limits*/, Qt::Orientations lifted)
+{
+    if (m_layout && m_layout->lift(lifted) && m_windowMode == WindowMode::Panel) {
+        setMaximumSize(m_layout->maximumSize());
+    }
 }
 
 void DockableWindow::listPanels(QList<DockableWindow*>& panels)

@@ -14,10 +14,12 @@
 
 class DockableGroup;
 class DockableHeader;
+class WindowLayout;
 
 namespace ui::docking {
 class DockOperation;
 class TreeAccess;
+struct Limits;
 class WindowOverlays;
 } // namespace ui::docking
 
@@ -172,6 +174,10 @@ private:
     virtual DockableWindow* frontChild() const { return nullptr; }
     /// After it has come into a group, or left one.
     virtual void setNested(bool /*nested*/) {}
+    /// How far what is in it lets it grow.
+    virtual ui::docking::Limits limits();
+    /// While it is docked it keeps these limits, but for those that are lifted.
+    virtual void setLimits(const ui::docking::Limits& limits, Qt::Orientations lifted);
     /// Whether docking at the area makes a window a child of this one.
     virtual bool takesDirectly(DockableArea /*area*/) { return false; }
     /// Whether a child is where docking it at the area would put it.
@@ -203,7 +209,7 @@ private:
     bool m_inactive = false;
     bool m_closing = false;
     bool m_directionHandedDown = false; ///< the layout direction is the group's, not the host's
-    QPointer<QBoxLayout> m_layout;
+    QPointer<WindowLayout> m_layout;
     QPointer<QWidget> m_content;
     QString m_text;
 };

@@ -1,8 +1,8 @@
 #include "MorrantUI/docking/SplitterSizes.h"
 
+#include "MorrantUI/docking/GroupSplitter.h"
 #include "MorrantUI/docking/shares.h"
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/docking/SolidSplitter.h>
 
 #include <numeric>
 #include <utility>
@@ -52,9 +52,7 @@ bool SplitterSizes::isVertical() const
 /// Of the row of children.
 int SplitterSizes::length() const
 {
-    const QWidget& splitter = *m_group.m_splitter;
-    const int handles = kHandleWidth * (m_group.childCount() - 1);
-    return (isVertical() ? splitter.height() : splitter.width()) - handles;
+    return m_group.m_splitter ? m_group.m_splitter->room() : 0;
 }
 
 Arrival SplitterSizes::before(const DockableWindow& window) const

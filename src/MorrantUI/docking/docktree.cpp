@@ -75,4 +75,14 @@ bool TreeAccess::reportActive(DockableGroup& group)
     return group.reportActive();
 }
 
+Limits TreeAccess::limitsOf(DockableWindow& window)
+{
+    return window.limits();
+}
+
+void TreeAccess::setLimits(DockableWindow& window, const Limits& limits, Qt::Orientations lifted)
+{
+    window.setLimits(limits, lifted);
+}
+
 } // namespace ui::docking

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QLayoutItem>
 #include <QList>
+#include <QSize>
 
 #include <vector>
 
@@ -22,6 +24,13 @@ const std::vector<DockableGroup*>& livingGroups();
 /// The group that has the window as its child; null for one that floats or is elsewhere.
 DockableGroup* groupOf(DockableWindow& window);
 
+/// How far a window should grow in either direction.
+struct Limits
+{
+    QSize most{QLAYOUTSIZE_MAX, QLAYOUTSIZE_MAX};
+    QSize stretch{0, 0}; ///< stretch factors
+};
+
 /// The private operations of windows that the tree asks for; each kind has its own.
 class TreeAccess
 {
@@ -37,6 +46,10 @@ public:
     /// Tells the host if another child is active.
     /// @return whether there was anything to tell
     static bool reportActive(DockableGroup& group);
+    /// Of what is in the window; of a group those of its children together.
+    static Limits limitsOf(DockableWindow& window);
+    /// Lets a docked window have these, but for those that are lifted.
+    static void setLimits(DockableWindow& window, const Limits& limits, Qt::Orientations lifted);
 };
 
 } // namespace ui::docking

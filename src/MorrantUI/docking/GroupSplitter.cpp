@@ -1,0 +1,169 @@
+#include "MorrantUI/docking/GroupSplitter.h"
+
+#include "MorrantUI/docking/SplitterSizes.h"
+#include <MorrantUI/docking/DockableWindow.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLayoutItem>
+
+#include <algorithm>
+#include <numeric>
+
+using ui::docking::Cell;
+using ui::docking::Limits;
+using ui::docking::TreeAccess;
+
+/// As proportions, before there is any room: more than any minimum in pixels.
+static constexpr int kUnknownRoom = 100'000;
+
+GroupSplitter::GroupSplitter()
+{
+    setContentsMargins(0, 0, 0, 0);
+    setHandleWidth(ui::docking::kHandleWidth);
+}
+
+GroupSplitter::~GroupSplitter() = default;
+
+int GroupSplitter::room() const
+{
+    int handles = -1;
+    for (int i = 0; i < count(); ++i) {
+        handles += widget(i)->isHidden() ? 0 : 1;
+    }
+    const int length = orientation() == Qt::Vertical ? height() : width();
+    return length - handleWidth() * std::max(handles, 0);
+}
+
+void GroupSplitter::share(const QList<int>& sizes)
+{
+    QList<int> seen;
+    for (int i = 0; i < count(); ++i) {
+        if (!widget(i)->isHidden()) {
+            seen << std::max(sizes.value(i), 0);
+        }
+    }
+    const bool laidOut = isVisible() && room() > 0;
+    const int sum = std::accumulate(seen.begin(), seen.end(), 0);
+    const bool asTheyAre = sizes.size() != count() || sum <= 0 || (laidOut && sum == room());
+    const bool stretches = std::any_of(
+        m_cells.begin(), m_cells.end(), [](const Cell& cell) { return cell.stretch > 0; });
+    if (asTheyAre || (!laidOut && stretches)) {
+        setSizes(sizes);
+    } else {
+        const QList<int> scaled = ui::docking::scaledTo(seen, laidOut ? room() : kUnknownRoom);
+        QList<int> all = sizes;
+        for (int i = 0, next = 0; i < count(); ++i) {
+            all[i] = widget(i)->isHidden() ? all[i] : scaled[next++];
+        }
+        setSizes(all);
+    }
+    fill();
+}
+
+void GroupSplitter::liftLimits(QWidget& child)
+{
+    if (auto* window = qobject_cast<DockableWindow*>(&child)) {
+        TreeAccess::setLimits(*window, {}, Qt::Horizontal | Qt::Vertical);
+    }
+}
+
+void GroupSplitter::settleLimits()
+{
+    readLimits();
+    if (applyLimits()) {
+        refresh();
+    }
+    fill();
+}
+
+bool GroupSplitter::event(QEvent* event)
+{
+    const bool layOut = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show;
+    if (layOut) {
+        readLimits();
+        applyLimits();
+    }
+    const bool handled = SolidSplitter::event(event);
+    if (layOut) {
+        fill();
+    }
+    return handled;
+}
+
+void GroupSplitter::resizeEvent(QResizeEvent* event)
+{
+    if (m_limited) {
+        applyLimits();
+    }
+    SolidSplitter::resizeEvent(event);
+    fill();
+}
+
+void GroupSplitter::childEvent(QChildEvent* event)
+{
+    SolidSplitter::childEvent(event);
+    if (event->removed()) { // perhaps by its death: the others may have to yield now
+        QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+    }
+}
+
+void GroupSplitter::readLimits()
+{
+    const bool upright = orientation() == Qt::Vertical;
+    m_limits.clear();
+    m_cells.clear();
+    m_limited = false;
+    for (int i = 0; i < count(); ++i) {
+        auto* child = qobject_cast<DockableWindow*>(widget(i));
+        const Limits limits = child ? TreeAccess::limitsOf(*child) : Limits();
+        const Cell cell{
+            upright ? limits.most.height() : limits.most.width(),
+            upright ? limits.stretch.height() : limits.stretch.width(),
+            !widget(i)->isHidden()};
+        m_limited = m_limited || cell.most < QLAYOUTSIZE_MAX;
+        m_limits.push_back(limits);
+        m_cells.push_back(cell);
+    }
+}
+
+/// @return whether a child may grow further or less far than before
+bool GroupSplitter::applyLimits()
+{
+    const bool upright = orientation() == Qt::Vertical;
+    const Qt::Orientations across = upright ? Qt::Horizontal : Qt::Vertical;
+    const std::vector<bool> yields = ui::docking::yielding(m_cells, room());
+    bool changed = false;
+    for (std::size_t i = 0; i < m_cells.size(); ++i) {
+        if (auto* child = qobject_cast<DockableWindow*>(widget(static_cast<int>(i)))) {
+            const QSize before = child->maximumSize();
+            TreeAccess::setLimits(
+                *child, m_limits[i], yields[i] ? Qt::Horizontal | Qt::Vertical : across);
+            changed = changed || child->maximumSize() != before;
+        }
+    }
+    return changed;
+}
+
+/// Gives out what Qt has left over: it lets no child but those with a stretch grow.
+void GroupSplitter::fill()
+{
+    if (!isVisible() || static_cast<int>(m_cells.size()) != count()) {
+        return;
+    }
+    const bool upright = orientation() == Qt::Vertical;
+    QList<int> used;
+    for (int i = 0; i < count(); ++i) {
+        Cell& cell = m_cells[static_cast<std::size_t>(i)];
+        cell.seen = !widget(i)->isHidden();
+        used << (!cell.seen ? 0 : upright ? widget(i)->height() : widget(i)->width());
+    }
+    QList<int> filled = ui::docking::filled(used, m_cells, room());
+    if (filled != used) {
+        const QList<int> before = sizes();
+        for (int i = 0; i < count(); ++i) {
+            filled[i] = widget(i)->isHidden() ? before[i] : filled[i];
+        }
+        setSizes(filled);
+    }
+}
