@@ -57,6 +57,8 @@
 #include <MorrantUI/docking/layouts/SpacerBar.h>
 #include <MorrantUI/docking/layouts/flowmath.h>
 #include <MorrantUI/docking/panelnavigation.h>
+#include <MorrantUI/docking/saving/NamedLayouts.h>
+#include <MorrantUI/docking/saving/savedlayouts.h>
 #include <MorrantUI/docking/tabs/TabBar.h>
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/docking/tabs/TabBarOverlay.h>

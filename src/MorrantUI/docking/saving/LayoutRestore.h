@@ -1,0 +1,50 @@
+#pragma once
+
+#include "MorrantUI/docking/saving/layoutnode.h"
+#include <MorrantUI/docking/saving/savedlayouts.h>
+
+#include <QHash>
+#include <QPointer>
+
+#include <vector>
+
+class DockableGroup;
+class DockableWindow;
+
+namespace ui::docking {
+
+/// Brings the panels in and above the main window into a saved arrangement. Everything is taken
+/// apart and put together again behind the scenes, so that no window is seen at another place.
+class LayoutRestore
+{
+public:
+    LayoutRestore(DockableGroup& root, const SavedLayout& layout);
+
+    /// @param panelForName asked once for each panel of the layout, before anything moves
+    void run(const PanelForName& panelForName);
+
+    /// What of the layout could be had, after run().
+    const SavedLayout& layout() const { return m_layout; }
+
+private:
+    using Windows = std::vector<QPointer<DockableWindow>>;
+
+    void claim(const PanelForName& panelForName);
+    void sortOutOthers();
+    void takeApart();
+    void fill(DockableGroup& group, const LayoutNode& node);
+    DockableWindow* assemble(const LayoutNode& node);
+    void floatWindow(const SavedWindow& saved);
+    void closeUnwanted();
+
+    QPointer<DockableGroup> m_root;
+    SavedLayout m_layout;
+    QHash<QString, QPointer<DockableWindow>> m_panels; ///< by the layout's names
+    Windows m_others;                                  ///< not in the layout, and to be seen
+    Windows m_unwanted;                                ///< to be closed
+};
+
+/// Gives the groups below a window the sizes of a layout, as far as they have the same children.
+void applySizes(DockableWindow& window, const LayoutNode& node);
+
+} // namespace ui::docking

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <MorrantUI/docking/saving/savedlayouts.h>
+#include <MorrantUI/morrantui_export.h>
+
+#include <QString>
+#include <QStringList>
+
+namespace ui {
+
+/// Arrangements under names that the user gives them, each a file of a folder.
+class MORRANT_UI_EXPORT NamedLayouts
+{
+public:
+    /// @param folder which is made when a layout is first saved
+    explicit NamedLayouts(const QString& folder);
+
+    /// In alphabetical order, as people count them.
+    QStringList names() const;
+
+    /// Saves the arrangement as it is, in place of one that has the name. As a whole or not at all.
+    /// @return false for a name without any visible character and when the file cannot be written,
+    ///     which is one line in the log
+    bool save(const QString& name) const;
+    /// As restoreLayout(); false when there is no such layout.
+    bool restore(const QString& name, const PanelForName& panelForName) const;
+    bool remove(const QString& name) const;
+
+private:
+    QString path(const QString& name) const;
+
+    QString m_folder;
+};
+
+} // namespace ui

@@ -1,0 +1,128 @@
+#include "MorrantUI/docking/saving/layoutnode.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <numeric>
+#include <optional>
+#include <utility>
+
+namespace ui::docking {
+
+namespace {
+
+using Kind = LayoutNode::Kind;
+
+/// @return nothing for a node without any of the panels left; takes those that it finds
+std::optional<LayoutNode> pruned(const LayoutNode& node, QSet<QString>& wanted)
+{
+    if (node.kind == Kind::Panel) {
+        return wanted.remove(node.panel) ? std::optional(node) : std::nullopt;
+    }
+    LayoutNode result;
+    result.kind = node.kind;
+    const bool sized = node.sizes.size() == static_cast<qsizetype>(node.children.size());
+    for (std::size_t i = 0; i < node.children.size(); ++i) {
+        auto child = pruned(node.children[i], wanted);
+        if (!child) {
+            continue;
+        }
+        if (node.active == static_cast<int>(i)) {
+            result.active = static_cast<int>(result.children.size());
+        }
+        if (sized) {
+            result.sizes.append(node.sizes[static_cast<qsizetype>(i)]);
+        }
+        result.children.push_back(*std::move(child));
+    }
+    if (result.children.empty()) {
+        return std::nullopt;
+    }
+    return result.children.size() > 1 ? result : std::move(result.children.front());
+}
+
+bool findPath(const LayoutNode& node, const QString& panel, std::vector<const LayoutNode*>& path)
+{
+    path.push_back(&node);
+    if (node.kind == Kind::Panel && node.panel == panel) {
+        return true;
+    }
+    for (const LayoutNode& child : node.children) {
+        if (findPath(child, panel, path)) {
+            return true;
+        }
+    }
+    path.pop_back();
+    return false;
+}
+
+} // namespace
+
+QStringList panelsOf(const LayoutNode& node)
+{
+    if (node.kind == Kind::Panel) {
+        return {node.panel};
+    }
+    QStringList panels;
+    for (const LayoutNode& child : node.children) {
+        panels += panelsOf(child);
+    }
+    return panels;
+}
+
+SavedLayout withOnly(const SavedLayout& layout, QSet<QString> panels)
+{
+    SavedLayout result;
+    result.root = pruned(layout.root, panels).value_or(LayoutNode());
+    for (const SavedWindow& window : layout.floating) {
+        if (auto node = pruned(window.root, panels)) {
+            result.floating.push_back(
+                {window.geometry, window.screen, window.state, *std::move(node)});
+        }
+    }
+    if (result.root.kind == Kind::Panel || result.root.kind == Kind::Tabs) {
+        LayoutNode row;
+        row.children.push_back(std::move(result.root));
+        result.root = std::move(row);
+    }
+    return result;
+}
+
+void append(LayoutNode& row, const QString& panel)
+{
+    if (!row.sizes.isEmpty()) {
+        const qint64 sum = std::accumulate(row.sizes.begin(), row.sizes.end(), qint64(0));
+        row.sizes.append(static_cast<int>(sum / row.sizes.size()));
+    }
+    LayoutNode node;
+    node.kind = Kind::Panel;
+    node.panel = panel;
+    row.children.push_back(std::move(node));
+}
+
+std::vector<Neighbour> neighboursOf(const LayoutNode& root, const QString& panel)
+{
+    std::vector<const LayoutNode*> path;
+    findPath(root, panel, path);
+    std::vector<Neighbour> neighbours;
+    for (std::size_t i = path.size(); i-- > 1;) {
+        const LayoutNode& holder = *path[i - 1];
+        const auto own = path[i] - holder.children.data();
+        if (own > 0) {
+            neighbours.push_back({panelsOf(*(path[i] - 1)), holder.kind, true});
+        }
+        if (own + 1 < static_cast<std::ptrdiff_t>(holder.children.size())) {
+            neighbours.push_back({panelsOf(*(path[i] + 1)), holder.kind, false});
+        }
+    }
+    return neighbours;
+}
+
+QRect within(QRect window, const QRect& screen)
+{
+    window.setSize(window.size().boundedTo(screen.size()));
+    window.moveLeft(std::clamp(window.left(), screen.left(), screen.right() + 1 - window.width()));
+    window.moveTop(std::clamp(window.top(), screen.top(), screen.bottom() + 1 - window.height()));
+    return window;
+}
+
+} // namespace ui::docking

@@ -1,0 +1,262 @@
+#include "docking/DockTree.h"
+#include "support/TestCase.h"
+#include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/docking/saving/NamedLayouts.h>
+
+#include <QRandomGenerator>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using ui::test::DockTree;
+using ui::test::settle;
+
+namespace {
+
+/// Panels go by their titles.
+QByteArray saved()
+{
+    for (DockableWindow* panel : ui::allPanels()) {
+        panel->setObjectName(panel->getText());
+    }
+    return ui::saveLayout();
+}
+
+/// A window of the layout's JSON: "a", or "h:a,b" and the like.
+QByteArray node(const QByteArray& text)
+{
+    if (text.size() < 2 || text[1] != ':') {
+        return R"({"type":"panel","panel":")" + text + R"("})";
+    }
+    QByteArrayList children;
+    for (const QByteArray& child : text.mid(2).split(',')) {
+        children.append(node(child));
+    }
+    const QByteArray kind = text[0] == 't'
+                                ? R"("tabGroup","active":1)"
+                                : QByteArray(R"("group","orientation":")")
+                                      + (text[0] == 'v' ? "vertical" : "horizontal") + '"';
+    return R"({"type":)" + kind + R"(,"children":[)" + children.join(',') + "]}";
+}
+
+QByteArray layout(const QByteArray& root, const QByteArray& more = {})
+{
+    return R"({"version":1,"root":)" + root + more + '}';
+}
+
+class SavedLayoutsTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whateverWasArrangedComesBack()
+    {
+        const QStringList names{u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"e"_qs};
+        const QStringList areas{u"left"_qs, u"right"_qs, u"top"_qs, u"bottom"_qs, u"center"_qs};
+        for (quint32 seed = 1; seed <= 30; ++seed) {
+            DockTree tree(u"H(a=200 b=150 T(c d)=250)"_qs);
+            QRandomGenerator random(seed);
+            const auto anyOf = [&random](const QStringList& list) {
+                return list[random.bounded(list.size())];
+            };
+            const auto act = [&tree, &random, &anyOf, &names, &areas] {
+                const QString name = anyOf(names);
+                const QString other = anyOf(names);
+                const bool both = name != other && ui::panelNamed(other);
+                tree.play(
+                    random.bounded(4) == 0 || !both
+                        ? u"undock "_qs + name
+                        : u"dock %1 %2 %3"_qs.arg(name, other, anyOf(areas)));
+                saved();
+            };
+            tree.play(u"dock e a bottom"_qs);
+            const QByteArray first = saved();
+            for (int i = 0; i < 6; ++i) {
+                act();
+            }
+            settle();
+            const QString before = tree.text();
+            const QByteArray layout = saved();
+            for (int i = 0; i < 4; ++i) {
+                act();
+            }
+            const QSignalSpy changes(&tree.root(), &DockableGroup::layoutChanged);
+            QVERIFY(ui::restoreLayout(layout));
+            QCOMPARE(changes.count(), 1);
+            settle();
+            QCOMPARE(u"seed %1: "_qs.arg(seed) + tree.text(), u"seed %1: "_qs.arg(seed) + before);
+            if (!before.contains(u'T')) { // what lies behind tabs is laid out when it comes forward
+                QCOMPARE(ui::saveLayout(), layout);
+            }
+            QVERIFY(ui::restoreLayout(first));
+            settle();
+            QCOMPARE(ui::saveLayout(), first);
+        }
+    }
+
+    void whatCanBeHadIsHad()
+    {
+        const struct
+        {
+            QByteArray json;
+            const char* expected;
+        } cases[] = {
+            {layout(node("h:b,a,c")), "H(b a c)"},
+            {layout(node("v:a,x,b")), "V(a b c)"}, // unknown, and one that it does not mention
+            {layout(node("t:a,b")), "H(T(a b*) c)"},
+            {layout(node("h:a,a,b,c")), "H(a b c)"},
+            {layout(R"({"type":"group","children":[7,{"type":"?"},)" + node("b") + "]}"),
+             "H(b a c)"},
+            {layout(R"({"type":"tabGroup","active":9,"children":{}})"), "H(a b c)"},
+            {layout(
+                 R"({"type":"group","sizes":[1,-1],"children":[)" + node("c") + ',' + node("b")
+                 + "]}"),
+             "H(c b a)"},
+            {layout(node("h:b,c"), R"(,"closed":["a"],"floating":7)"), "H(b c)"},
+            {layout(node("h:b"), R"(,"floating":[{"root":)" + node("t:a,c") + "},7,{}]"),
+             "H(b) T(a c*)"},
+        };
+        for (const auto& row : cases) {
+            DockTree tree(u"H(T(a b) c)"_qs);
+            saved();
+            QVERIFY(ui::restoreLayout(row.json));
+            settle();
+            QCOMPARE(row.json + '\n' + tree.text().toUtf8(), row.json + '\n' + row.expected);
+        }
+    }
+
+    void whatIsNoLayoutChangesNothing()
+    {
+        const QByteArray group = R"({"type":"group","children":[)";
+        DockTree tree(u"H(a b)"_qs);
+        saved();
+        for (const QByteArray& json :
+             {QByteArray(),
+              QByteArray("[]"),
+              QByteArray(R"({"version":1)"),
+              QByteArray(R"({"version":2,"root":)" + node("a") + '}'),
+              QByteArray(R"({"version":1})"),
+              layout("7"),
+              QByteArray(5 << 20, ' ')})
+        {
+            QString error;
+            QVERIFY2(!ui::restoreLayout(json, &error), json.left(100));
+            QVERIFY(!error.isEmpty());
+            QCOMPARE(tree.text(), u"H(a b)"_qs);
+        }
+        QVERIFY(ui::restoreLayout(
+            layout(group.repeated(40) + node("b") + QByteArray("]}").repeated(40))));
+        settle();
+        QCOMPARE(tree.text(), u"H(a b)"_qs);
+        gMainWindow = nullptr;
+        QVERIFY(!ui::restoreLayout(layout(node("a"))));
+        QVERIFY(ui::saveLayout().isEmpty());
+        gMainWindow = &tree.root();
+    }
+
+    void floatingWindowsKeepPlaceStateAndHeader()
+    {
+        DockTree tree(u"H(a b) f=180x120"_qs);
+        tree["a"]->header()->hide();
+        DockableWindow* const floating = tree["f"];
+        floating->setGeometry(60, 70, 180, 120);
+        const QByteArray layout = saved();
+        tree.play(u"dock f a left"_qs);
+        tree["a"]->setHeaderVisible(true);
+        QVERIFY(ui::restoreLayout(layout));
+        settle();
+        QVERIFY(tree["a"]->header()->isHidden() && !tree["b"]->header()->isHidden());
+        QCOMPARE(floating->size(), QSize(180, 120));
+        QCOMPARE(ui::floatingWindows(), QList<DockableWindow*>{floating});
+
+        QByteArray far = layout;
+        far.replace("60,", "99000,");
+        QVERIFY(far != layout);
+        QVERIFY(ui::restoreLayout(far));
+        QVERIFY(floating->screen()->availableGeometry().contains(floating->geometry()));
+        QCOMPARE(floating->size(), QSize(180, 120));
+    }
+
+    void aPanelIsAskedForOnceAndMayBeNew()
+    {
+        DockTree tree(u"H(a b)"_qs);
+        saved();
+        QStringList asked;
+        QVERIFY(ui::restoreLayout(layout(node("h:a,new,b,a")), [&asked](const QString& name) {
+            asked.append(name);
+            return name == u"new"_qs ? DockTree::panel(name) : ui::panelNamed(name);
+        }));
+        settle();
+        QCOMPARE(asked, (QStringList{u"a"_qs, u"new"_qs, u"b"_qs}));
+        QCOMPARE(tree.text(), u"H(a new b)"_qs);
+        QVERIFY(ui::restoreLayout(layout(node("h:a,b")), [&tree](const QString& name) {
+            delete tree["new"]; // the host may do what it likes
+            return ui::panelNamed(name == u"b"_qs ? u"a"_qs : name);
+        }));
+        settle();
+        QCOMPARE(tree.text(), u"H(a b)"_qs);
+    }
+
+    void sizesWaitForTheMainWindow()
+    {
+        QByteArray layout;
+        {
+            DockTree tree(u"H(a=100 b=300 c=200)"_qs);
+            layout = saved();
+        }
+        DockTree tree;
+        QVERIFY(ui::restoreLayout(layout, [](const QString& name) {
+            auto* panel = DockTree::panel(name);
+            panel->setObjectName(name);
+            return panel;
+        }));
+        QCOMPARE(ui::saveLayout(), layout);
+        tree.root().resize(612, 412);
+        tree.root().show();
+        settle();
+        QCOMPARE(tree.sizes(), u"H(a=100 b=300 c=200)"_qs);
+    }
+
+    void aClosedPanelComesBackToItsNeighbours()
+    {
+        DockTree tree(u"H(a V(b c) T(d e))"_qs);
+        const QByteArray home = saved();
+        for (const char* name : {"a", "b", "c", "d", "e"}) {
+            const QString title = QString::fromLatin1(name);
+            tree.play(u"undock "_qs + title);
+            ui::dockAsInLayout(tree[name], home);
+            settle();
+            QCOMPARE(tree.text().remove(u'*'), u"H(a V(b c) T(d e))"_qs);
+        }
+        ui::dockAsInLayout(nullptr, home);
+        ui::dockAsInLayout(tree["a"], home);
+        QCOMPARE(tree.text().remove(u'*'), u"H(a V(b c) T(d e))"_qs);
+    }
+
+    void layoutsHaveNames()
+    {
+        const QTemporaryDir folder;
+        const ui::NamedLayouts layouts(folder.filePath(u"not/yet"_qs));
+        QVERIFY(layouts.names().isEmpty());
+        DockTree tree(u"H(a b)"_qs);
+        saved();
+        const QStringList names{u"../x: 1"_qs, u"Über 2"_qs, u"Über 10"_qs};
+        for (const QString& name : names) {
+            QVERIFY(layouts.save(name));
+        }
+        QVERIFY(!layouts.save(u"  "_qs));
+        QCOMPARE(layouts.names(), names);
+        tree.play(u"dock a b right"_qs);
+        QVERIFY(layouts.restore(names[1], &ui::panelNamed));
+        settle();
+        QCOMPARE(tree.text(), u"H(a b)"_qs);
+        QVERIFY(layouts.remove(names[0]) && !layouts.remove(names[0]));
+        QVERIFY(!layouts.restore(names[0], &ui::panelNamed));
+    }
+};
+
+const ui::test::Registration<SavedLayoutsTest> kRegistration;
+
+} // namespace
+
+#include "tst_savedlayouts.moc"
