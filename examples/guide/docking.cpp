@@ -4,6 +4,7 @@
 #include <MorrantUI/MorrantUI.h>
 
 #include <QCoreApplication>
+#include <QSettings>
 #include <QTreeWidget>
 
 using LayerList = QTreeWidget;
@@ -26,5 +27,11 @@ QWidget* dockingChapter()
     layers->dockInArea(curves, DockableArea::Center); // two tabs
     root.show();                                      // or put it into a window of yours
     // [docking]
+
+    QSettings settings(QStringLiteral("guide.ini"), QSettings::IniFormat);
+    // [layout]
+    ui::restoreLayout(settings.value(QStringLiteral("layout")).toByteArray()); // at the start
+    settings.setValue(QStringLiteral("layout"), ui::saveLayout());             // at the end
+    // [layout]
     return window;
 }

@@ -26,23 +26,31 @@ QByteArray saved()
 QByteArray node(const QByteArray& text)
 {
     if (text.size() < 2 || text[1] != ':') {
-        return R"({"type":"panel","panel":")" + text + R"("})";
+        return "{'type':'panel','panel':'" + text + "'}";
     }
     QByteArrayList children;
     for (const QByteArray& child : text.mid(2).split(',')) {
         children.append(node(child));
     }
     const QByteArray kind = text[0] == 't'
-                                ? R"("tabGroup","active":1)"
-                                : QByteArray(R"("group","orientation":")")
-                                      + (text[0] == 'v' ? "vertical" : "horizontal") + '"';
-    return R"({"type":)" + kind + R"(,"children":[)" + children.join(',') + "]}";
+                                ? "'tabGroup','active':1"
+                                : QByteArray("'group','orientation':'")
+                                      + (text[0] == 'v' ? "vertical" : "horizontal") + "'";
+    return "{'type':" + kind + ",'children':[" + children.join(',') + "]}";
+}
+
+/// JSON with single quotes, as moc can read it, and back.
+QByteArray quoted(QByteArray json)
+{
+    return json.replace('\'', '"');
 }
 
 QByteArray layout(const QByteArray& root, const QByteArray& more = {})
 {
-    return R"({"version":1,"root":)" + root + more + '}';
+    return quoted("{'version':1,'root':" + root + more + '}');
 }
+
+} // namespace
 
 class SavedLayoutsTest : public ui::test::TestCase
 {
@@ -85,12 +93,16 @@ private Q_SLOTS:
             QCOMPARE(changes.count(), 1);
             settle();
             QCOMPARE(u"seed %1: "_qs.arg(seed) + tree.text(), u"seed %1: "_qs.arg(seed) + before);
-            if (!before.contains(u'T')) { // what lies behind tabs is laid out when it comes forward
-                QCOMPARE(ui::saveLayout(), layout);
-            }
+            // Windows that were dragged partly off the screen are whole from then on.
+            const QByteArray whole = ui::saveLayout();
             QVERIFY(ui::restoreLayout(first));
             settle();
             QCOMPARE(ui::saveLayout(), first);
+            QVERIFY(ui::restoreLayout(whole));
+            settle();
+            if (!before.contains(u'T')) { // what lies behind tabs is laid out when it comes forward
+                QCOMPARE(ui::saveLayout().simplified(), whole.simplified());
+            }
         }
     }
 
@@ -103,18 +115,17 @@ private Q_SLOTS:
         } cases[] = {
             {layout(node("h:b,a,c")), "H(b a c)"},
             {layout(node("v:a,x,b")), "V(a b c)"}, // unknown, and one that it does not mention
-            {layout(node("t:a,b")), "H(T(a b*) c)"},
+            {layout(node("t:a,b")), "H(T(a b) c)"},
             {layout(node("h:a,a,b,c")), "H(a b c)"},
-            {layout(R"({"type":"group","children":[7,{"type":"?"},)" + node("b") + "]}"),
-             "H(b a c)"},
-            {layout(R"({"type":"tabGroup","active":9,"children":{}})"), "H(a b c)"},
+            {layout("{'type':'group','children':[7,{'type':'?'}," + node("b") + "]}"), "H(b a c)"},
+            {layout("{'type':'tabGroup','active':9,'children':{}}"), "H(a b c)"},
             {layout(
-                 R"({"type":"group","sizes":[1,-1],"children":[)" + node("c") + ',' + node("b")
+                 "{'type':'group','sizes':[1,-1],'children':[" + node("c") + ',' + node("b")
                  + "]}"),
              "H(c b a)"},
-            {layout(node("h:b,c"), R"(,"closed":["a"],"floating":7)"), "H(b c)"},
-            {layout(node("h:b"), R"(,"floating":[{"root":)" + node("t:a,c") + "},7,{}]"),
-             "H(b) T(a c*)"},
+            {layout(node("h:b,c"), ",'closed':['a'],'floating':7"), "H(b c)"},
+            {layout(node("h:b"), ",'floating':[{'root':" + node("t:a,c") + "},7,{}]"),
+             "H(b) T(a c)"},
         };
         for (const auto& row : cases) {
             DockTree tree(u"H(T(a b) c)"_qs);
@@ -122,25 +133,28 @@ private Q_SLOTS:
             QVERIFY(ui::restoreLayout(row.json));
             settle();
             QCOMPARE(row.json + '\n' + tree.text().toUtf8(), row.json + '\n' + row.expected);
+            if (QByteArray(row.expected).contains('T')) {
+                QCOMPARE(tree.tabs("^a")->activeIndex(), 1);
+            }
         }
     }
 
     void whatIsNoLayoutChangesNothing()
     {
-        const QByteArray group = R"({"type":"group","children":[)";
+        const QByteArray group = "{'type':'group','children':[";
         DockTree tree(u"H(a b)"_qs);
         saved();
         for (const QByteArray& json :
              {QByteArray(),
               QByteArray("[]"),
-              QByteArray(R"({"version":1)"),
-              QByteArray(R"({"version":2,"root":)" + node("a") + '}'),
-              QByteArray(R"({"version":1})"),
+              QByteArray("{'version':1"),
+              QByteArray("{'version':2,'root':" + node("a") + '}'),
+              QByteArray("{'version':1}"),
               layout("7"),
               QByteArray(5 << 20, ' ')})
         {
             QString error;
-            QVERIFY2(!ui::restoreLayout(json, &error), json.left(100));
+            QVERIFY2(!ui::restoreLayout(quoted(json), &error), json.left(100));
             QVERIFY(!error.isEmpty());
             QCOMPARE(tree.text(), u"H(a b)"_qs);
         }
@@ -200,9 +214,11 @@ private Q_SLOTS:
     void sizesWaitForTheMainWindow()
     {
         QByteArray layout;
+        QSize size;
         {
             DockTree tree(u"H(a=100 b=300 c=200)"_qs);
             layout = saved();
+            size = tree.root().size();
         }
         DockTree tree;
         QVERIFY(ui::restoreLayout(layout, [](const QString& name) {
@@ -211,7 +227,7 @@ private Q_SLOTS:
             return panel;
         }));
         QCOMPARE(ui::saveLayout(), layout);
-        tree.root().resize(612, 412);
+        tree.root().resize(size);
         tree.root().show();
         settle();
         QCOMPARE(tree.sizes(), u"H(a=100 b=300 c=200)"_qs);
@@ -226,11 +242,11 @@ private Q_SLOTS:
             tree.play(u"undock "_qs + title);
             ui::dockAsInLayout(tree[name], home);
             settle();
-            QCOMPARE(tree.text().remove(u'*'), u"H(a V(b c) T(d e))"_qs);
+            QCOMPARE(tree.text(), u"H(a V(b c) T(d e))"_qs);
         }
         ui::dockAsInLayout(nullptr, home);
         ui::dockAsInLayout(tree["a"], home);
-        QCOMPARE(tree.text().remove(u'*'), u"H(a V(b c) T(d e))"_qs);
+        QCOMPARE(tree.text(), u"H(a V(b c) T(d e))"_qs);
     }
 
     void layoutsHaveNames()
@@ -240,7 +256,7 @@ private Q_SLOTS:
         QVERIFY(layouts.names().isEmpty());
         DockTree tree(u"H(a b)"_qs);
         saved();
-        const QStringList names{u"../x: 1"_qs, u"Über 2"_qs, u"Über 10"_qs};
+        const QStringList names{u"../x: 1"_qs, u"a"_qs, u"Über 10"_qs};
         for (const QString& name : names) {
             QVERIFY(layouts.save(name));
         }
@@ -256,7 +272,5 @@ private Q_SLOTS:
 };
 
 const ui::test::Registration<SavedLayoutsTest> kRegistration;
-
-} // namespace
 
 #include "tst_savedlayouts.moc"

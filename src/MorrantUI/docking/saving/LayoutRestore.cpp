@@ -28,6 +28,14 @@ QScreen* screenFor(const SavedWindow& saved)
     return named != screens.end() ? *named : getClosestScreenAt(saved.geometry.center());
 }
 
+/// Behind the scenes windows belong to nobody.
+void setFloating(DockableWindow& window, DockableGroup& root)
+{
+    if (window.parentWidget() != &root || !window.isWindow()) {
+        window.setParent(&root, window.windowFlags() | Qt::Window);
+    }
+}
+
 /// Gives the keyboard focus back to who had it, once everything has its place.
 class FocusReturn
 {
@@ -199,6 +207,7 @@ void LayoutRestore::floatWindow(const SavedWindow& saved)
     if (!window) {
         return;
     }
+    setFloating(*window, *m_root);
     if (!saved.geometry.isEmpty()) {
         const QScreen* const screen = screenFor(saved);
         window->setWindowState(
@@ -218,7 +227,11 @@ void LayoutRestore::floatWindow(const SavedWindow& saved)
 void LayoutRestore::closeUnwanted()
 {
     for (const QPointer<DockableWindow>& window : m_unwanted) {
-        if (window && !window->close() && window) {
+        if (!window) {
+            continue;
+        }
+        setFloating(*window, *m_root);
+        if (!window->close() && window) {
             m_root->appendChild(window);
         }
     }

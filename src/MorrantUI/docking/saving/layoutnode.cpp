@@ -12,12 +12,11 @@ namespace {
 
 using Kind = LayoutNode::Kind;
 
-/// @return nothing for a node without any of the panels left; takes those that it finds
-std::optional<LayoutNode> pruned(const LayoutNode& node, QSet<QString>& wanted)
+std::optional<LayoutNode> pruned(const LayoutNode& node, QSet<QString>& wanted);
+
+/// The group with those of the panels that are left; takes those that it finds.
+LayoutNode prunedGroup(const LayoutNode& node, QSet<QString>& wanted)
 {
-    if (node.kind == Kind::Panel) {
-        return wanted.remove(node.panel) ? std::optional(node) : std::nullopt;
-    }
     LayoutNode result;
     result.kind = node.kind;
     const bool sized = node.sizes.size() == static_cast<qsizetype>(node.children.size());
@@ -34,10 +33,20 @@ std::optional<LayoutNode> pruned(const LayoutNode& node, QSet<QString>& wanted)
         }
         result.children.push_back(*std::move(child));
     }
-    if (result.children.empty()) {
+    return result;
+}
+
+/// @return nothing for a node without any of the panels left
+std::optional<LayoutNode> pruned(const LayoutNode& node, QSet<QString>& wanted)
+{
+    if (node.kind == Kind::Panel) {
+        return wanted.remove(node.panel) ? std::optional(node) : std::nullopt;
+    }
+    LayoutNode group = prunedGroup(node, wanted);
+    if (group.children.empty()) {
         return std::nullopt;
     }
-    return result.children.size() > 1 ? result : std::move(result.children.front());
+    return group.children.size() > 1 ? group : std::move(group.children.front());
 }
 
 bool findPath(const LayoutNode& node, const QString& panel, std::vector<const LayoutNode*>& path)
@@ -72,17 +81,17 @@ QStringList panelsOf(const LayoutNode& node)
 SavedLayout withOnly(const SavedLayout& layout, QSet<QString> panels)
 {
     SavedLayout result;
-    result.root = pruned(layout.root, panels).value_or(LayoutNode());
+    const bool isRow = layout.root.kind == Kind::Row || layout.root.kind == Kind::Column;
+    if (isRow) {
+        result.root = prunedGroup(layout.root, panels);
+    } else if (auto node = pruned(layout.root, panels)) {
+        result.root.children.push_back(*std::move(node));
+    }
     for (const SavedWindow& window : layout.floating) {
         if (auto node = pruned(window.root, panels)) {
             result.floating.push_back(
                 {window.geometry, window.screen, window.state, *std::move(node)});
         }
-    }
-    if (result.root.kind == Kind::Panel || result.root.kind == Kind::Tabs) {
-        LayoutNode row;
-        row.children.push_back(std::move(result.root));
-        result.root = std::move(row);
     }
     return result;
 }
