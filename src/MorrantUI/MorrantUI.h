@@ -123,5 +123,10 @@
 #include <MorrantUI/timeeditor/VisClip.h>
 #include <MorrantUI/timeeditor/keymoves.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
+#include <MorrantUI/timeline/PlaybackBookend.h>
 #include <MorrantUI/timeline/TimeHandle.h>
+#include <MorrantUI/timeline/TimeThumb.h>
+#include <MorrantUI/timeline/TimelineScene.h>
+#include <MorrantUI/timeline/TimelineView.h>
+#include <MorrantUI/timeline/markers.h>
 #include <MorrantUI/version.h>

@@ -1,0 +1,33 @@
+#include "MorrantUI/timeline/playbackrange.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ui {
+
+int frameWithin(int frame, const FrameRange& frames)
+{
+    return std::min(std::max(frame, frames.first), frames.second);
+}
+
+int bookendFrame(bool isStart, int wanted, const FrameRange& frames, const FrameRange& playback)
+{
+    const int frame = frameWithin(wanted, frames);
+    if (isStart) {
+        return frame >= playback.second ? movedFrame(playback.second, -1.0) : frame;
+    }
+    return frame <= playback.first ? movedFrame(playback.first, 1.0) : frame;
+}
+
+FrameRange movedRange(const FrameRange& playback, double distance, const FrameRange& frames)
+{
+    const double least = static_cast<double>(frames.first) - playback.first;
+    const double most = static_cast<double>(frames.second) - playback.second;
+    if (least > most || std::isnan(distance)) {
+        return playback;
+    }
+    const double moved = std::round(std::clamp(distance, least, most));
+    return {movedFrame(playback.first, moved), movedFrame(playback.second, moved)};
+}
+
+} // namespace ui
