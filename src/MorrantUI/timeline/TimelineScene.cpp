@@ -234,6 +234,10 @@ void TimelineScene::drawBackground(QPainter* painter, const QRectF& /*exposed*/)
     picture.scale = {picture.geometry.scale, m_framesPerSecond, m_timeCode};
     picture.frames = m_frames;
     picture.font = font();
+    if (m_thumb) {
+        picture.playheadLabel =
+            ui::playheadLabel(picture.geometry, picture.font, frameText(picture.geometry.current));
+    }
     picture.spots = ui::markerSpots(m_markers, picture.geometry, [&picture](const QString& name) {
         return ui::nameWidth(picture.font, name);
     });

@@ -67,6 +67,7 @@ TimelineView::TimelineView(QWidget* parent)
 
 TimelineView::~TimelineView()
 {
+    delete m_nameEdit;
     setScene(nullptr);
     delete m_scene;
 }
@@ -123,11 +124,10 @@ void TimelineView::showAt(double scale, double scroll)
     if (!std::isfinite(scale) || !(scale > 0.0) || !std::isfinite(scroll)) {
         return;
     }
-    const double whole = std::round(scroll);
-    if (scale == pixelsPerFrame() && whole == m_scroll) {
+    if (scale == pixelsPerFrame() && scroll == m_scroll) {
         return;
     }
-    m_scroll = whole;
+    m_scroll = scroll;
     if (scale != pixelsPerFrame()) {
         setTransform(QTransform::fromScale(scale, 1.0));
     }
@@ -141,13 +141,15 @@ void TimelineView::showAt(double scale, double scroll)
 void TimelineView::arrange()
 {
     const double scale = pixelsPerFrame();
-    const double left = m_scroll + std::copysign(kHalfPixel, m_scroll);
+    const double scroll = std::round(m_scroll);
+    const double left = scroll + std::copysign(kHalfPixel, scroll);
     const QSize room = viewport()->size();
     m_scene->setSceneRect(
         left / scale, 0.0, std::max(1, room.width() - 1) / scale, std::max(1, room.height()));
     m_thumb->fitTo(scale, 1.0);
     const ui::RulerBands bands = ui::rulerBands(room.height(), ui::labelHeight(m_scene->font()));
-    m_thumb->setY(bands.range - ui::kThumbTip);
+    // Its y is its own: it keeps that whoever moves it.
+    m_thumb->setTransform(QTransform::fromTranslate(0.0, bands.range - ui::kThumbTip));
     arrangeNameEdit();
 }
 
@@ -193,7 +195,10 @@ void TimelineView::zoomAt(double factor, int x)
         m_editor->setScaleAt(room / (wanted * span), x);
         followEditor();
     } else {
-        showAt(wanted, frameAt(x) * wanted - x);
+        // About the place that is seen; in the next steps there, what was rounded adds up.
+        const double scroll = x == m_zoomedAt ? m_scroll : std::round(m_scroll);
+        m_zoomedAt = x;
+        showAt(wanted, (x + scroll) / scale * wanted - x);
     }
 }
 
@@ -223,7 +228,7 @@ void TimelineView::fitFrameRange()
 
 double TimelineView::frameAt(double x) const
 {
-    return (x + m_scroll) / pixelsPerFrame();
+    return (x + std::round(m_scroll)) / pixelsPerFrame();
 }
 
 // Time

@@ -181,7 +181,8 @@ private:
     QPointer<TimeEditorView> m_editor;
     std::unique_ptr<ui::TimelineGesture> m_gesture;
     QPointer<MarkerNameEdit> m_nameEdit;
-    double m_scroll = 0.0;     ///< pixels from frame 0 to the left edge of the viewport
+    double m_scroll = 0.0;     ///< pixels from frame 0 to the viewport's left edge, before rounding
+    int m_zoomedAt = -1;       ///< x of the last step of the zoom
     bool m_fitsRange = true;   ///< shows all frames until the user zooms or scrolls
     bool m_showsFocus = false; ///< came by the keyboard
     QTimer m_edgeTimer;        ///< while a drag is beyond an edge

@@ -25,7 +25,9 @@ constexpr double kFontShare = 0.85; ///< of the widget's font
 constexpr double kLabelTick = 8.0;  ///< pixels high
 constexpr double kMediumTick = 6.0;
 constexpr double kMinorTick = 4.0;
-constexpr double kBookendWidth = 6.0;   ///< inside the range
+constexpr double kBookendWidth = 6.0; ///< inside the range
+constexpr double kBookendRadius = 2.0;
+constexpr double kRangeInset = 2.0;     ///< of the range between its bookends, above and below
 constexpr double kRangeStrength = 0.35; ///< of the accent, between the bookends
 constexpr double kLitStrength = 0.5;
 constexpr double kOutsideStrength = 0.5; ///< of labels outside the frame range
@@ -96,16 +98,21 @@ void paintGround(QPainter& painter, const RulerPicture& picture)
     }
 }
 
-void paintLabel(QPainter& painter, double x, double baseline, const QString& text)
-{
-    const double width = QFontMetricsF(painter.font()).horizontalAdvance(text);
-    painter.drawText(QPointF(std::round(x - width / 2.0), baseline), text);
-}
-
 double baselineOf(const QFont& font, double top, double height)
 {
     const QFontMetricsF metrics(font);
     return std::round(top + (height + metrics.capHeight()) / 2.0);
+}
+
+void paintLabel(QPainter& painter, const RulerPicture& picture, double x, const QString& text)
+{
+    const QRectF& taken = picture.playheadLabel;
+    const double width = nameWidth(picture.font, text);
+    const double left = std::round(x - width / 2.0);
+    if (left > taken.right() || left + width < taken.left() || taken.isEmpty()) {
+        const double baseline = baselineOf(picture.font, 0.0, picture.geometry.bands.ticks);
+        painter.drawText(QPointF(left, baseline), text);
+    }
 }
 
 void paintTicks(QPainter& painter, const RulerPicture& picture)
@@ -125,7 +132,6 @@ void paintTicks(QPainter& painter, const RulerPicture& picture)
     const QColor weak = named("Grey");
     const QColor outside = faded(strong, kOutsideStrength);
     const double bottom = geometry.bands.range;
-    const double baseline = baselineOf(picture.font, 0.0, geometry.bands.ticks);
     const PixelGrid grid(painter);
     LineBrush lines(painter, grid);
     for (const RulerTick& tick : ticks) {
@@ -136,9 +142,8 @@ void paintTicks(QPainter& painter, const RulerPicture& picture)
         lines.draw(x, bottom - height, bottom, tick.kind == TickKind::Label ? strong : weak);
         if (tick.kind == TickKind::Label && isFrame(tick.frame)) {
             const int frame = static_cast<int>(tick.frame);
-            const bool isInside = frame == frameWithin(frame, picture.frames);
-            painter.setPen(isInside ? strong : outside);
-            paintLabel(painter, x, baseline, rulerLabel(frame, picture.scale));
+            painter.setPen(frame == frameWithin(frame, picture.frames) ? strong : outside);
+            paintLabel(painter, picture, x, rulerLabel(frame, picture.scale));
         }
     }
 }
@@ -157,18 +162,19 @@ void paintBookend(
     }
     const double left = isStart ? x : x - kBookendWidth;
     fillRounded(
-        painter, QRectF(left, band.top(), kBookendWidth, band.height()), kSmallCornerRadius, color);
+        painter, QRectF(left, band.top(), kBookendWidth, band.height()), kBookendRadius, color);
 }
 
 void paintRange(QPainter& painter, const RulerPicture& picture)
 {
     const RulerGeometry& geometry = picture.geometry;
     const RulerBands& bands = geometry.bands;
-    const QRectF band(0.0, bands.range + 1.0, geometry.width, bands.markers - bands.range - 2.0);
-    const QRectF body = bandBetween(geometry, band.top(), band.bottom(), geometry.playback);
+    const QRectF band(0.0, bands.range, geometry.width, bands.markers - bands.range);
+    const QRectF body = bandBetween(
+        geometry, band.top() + kRangeInset, band.bottom() - kRangeInset, geometry.playback);
     if (!body.isEmpty()) {
         const double strength = picture.isRangeLit ? kLitStrength : kRangeStrength;
-        fillRounded(painter, body, kSmallCornerRadius, faded(named("Accent1"), strength));
+        fillSharp(painter, body, faded(named("Accent1"), strength));
     }
     const double start = geometry.x(geometry.playback.first);
     const double end = geometry.x(geometry.playback.second);
@@ -296,11 +302,22 @@ void paintRuler(QPainter& painter, const RulerPicture& picture)
     paintMarkers(painter, picture);
 }
 
-void paintPlayhead(
-    QPainter& painter, const RulerGeometry& geometry, const QFont& font, const QString& label)
+QRectF playheadLabel(const RulerGeometry& geometry, const QFont& font, const QString& label)
 {
     const double x = geometry.x(geometry.current);
     if (!(x >= -kThumbReach && x <= geometry.width + kThumbReach)) {
+        return {};
+    }
+    const double width = std::ceil(nameWidth(font, label)) + 2.0 * kPillPadding;
+    const double most = std::max(0.0, geometry.width - width);
+    return {std::clamp(x - width / 2.0, 0.0, most), 0.0, width, geometry.bands.ticks};
+}
+
+void paintPlayhead(
+    QPainter& painter, const RulerGeometry& geometry, const QFont& font, const QString& label)
+{
+    const QRectF pill = playheadLabel(geometry, font, label);
+    if (pill.isEmpty()) {
         return;
     }
     const PainterState state(painter);
@@ -308,11 +325,7 @@ void paintPlayhead(
     const RulerBands& bands = geometry.bands;
     painter.setRenderHint(QPainter::Antialiasing, false);
     const PixelGrid grid(painter);
-    LineBrush(painter, grid).draw(x, bands.range, bands.bottom, color);
-
-    const double width = std::ceil(nameWidth(font, label)) + 2.0 * kPillPadding;
-    const double most = std::max(0.0, geometry.width - width);
-    const QRectF pill(std::clamp(x - width / 2.0, 0.0, most), 0.0, width, bands.ticks);
+    LineBrush(painter, grid).draw(geometry.x(geometry.current), bands.range, bands.bottom, color);
     fillRounded(painter, pill, kSmallCornerRadius, color);
     painter.setFont(font);
     painter.setPen(textOn(color));

@@ -30,6 +30,7 @@ struct RulerPicture
     BookendLook end;
     bool isRangeLit = false;
     QFont font;
+    QRectF playheadLabel; ///< labels that it would cover in part are left out
 };
 
 /// The font of labels and names: a little smaller than a widget's own.
@@ -41,6 +42,10 @@ double nameWidth(const QFont& font, const QString& name);
 
 /// A frame as the ruler writes it: without a rate as its number.
 QString rulerLabel(int frame, const RulerScale& scale);
+
+/// Where the current frame's label is, above the thumb and within the ruler; empty where the thumb
+/// is out of sight.
+QRectF playheadLabel(const RulerGeometry& geometry, const QFont& font, const QString& label);
 
 /// Everything but the current frame. The painter's units are pixels of the viewport.
 void paintRuler(QPainter& painter, const RulerPicture& picture);

@@ -1,0 +1,520 @@
+#include "controls/StyledApplication.h"
+#include "support/FakePointer.h"
+#include "support/pixels.h"
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
+#include <MorrantUI/timeeditor/TimeEditorScene.h>
+#include <MorrantUI/timeeditor/TimeEditorView.h>
+#include <MorrantUI/timeline/PlaybackBookend.h>
+#include <MorrantUI/timeline/TimeThumb.h>
+#include <MorrantUI/timeline/TimelineScene.h>
+#include <MorrantUI/timeline/TimelineView.h>
+
+#include <QtWidgets>
+
+#include <limits>
+#include <random>
+
+using namespace ui::test;
+
+namespace {
+
+constexpr int kLeast = std::numeric_limits<int>::min();
+constexpr int kMost = std::numeric_limits<int>::max();
+
+/// A ruler of 100 frames, played from 20 to 60, and what it reports.
+struct Ruler
+{
+    Ruler()
+        : pointer(view.viewport())
+    {
+        view.resize(1000, view.sizeHint().height());
+        view.show();
+        view.activateWindow();
+        scene->setPlaybackRange(20, 60);
+        view.setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&view));
+        const auto tell = [this](const QString& what) { told << what; };
+        QObject::connect(&view, &TimelineView::frameChanged, &view, [tell](int frame) {
+            tell(QString::number(frame));
+        });
+        QObject::connect(&view, &TimelineView::scrubbingChanged, &view, [tell](bool on) {
+            tell(on ? u"scrub"_qs : u"rest"_qs);
+        });
+        QObject::connect(
+            &view, &TimelineView::playbackRangeEdited, &view, [tell](auto before, auto after) {
+                tell(u"%1-%2 to %3-%4"_qs.arg(before.first)
+                         .arg(before.second)
+                         .arg(after.first)
+                         .arg(after.second));
+            });
+        QObject::connect(&view, &TimelineView::markerEdited, &view, [tell](const MarkerEdit& edit) {
+            const auto text = [](const std::optional<TimelineMarker>& marker) {
+                return marker ? marker->name + u'@' + QString::number(marker->frame) : u"-"_qs;
+            };
+            tell(text(edit.before) + u" to "_qs + text(edit.after));
+        });
+    }
+
+    /// In the labels, the playback range or the markers: a share of the height.
+    QPoint at(int frame, double share) const
+    {
+        return {view.mapFromScene(frame, 0.0).x(), static_cast<int>(share * view.height())};
+    }
+    void drag(QPoint from, QPoint to)
+    {
+        pointer.moveTo(from);
+        pointer.press();
+        pointer.dragTo(to, 7);
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    {
+        QTest::keyClick(&view, key, held);
+    }
+    void doubleClick(QPoint place)
+    {
+        QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    }
+    QString playback() const
+    {
+        return u"%1-%2"_qs.arg(scene->getPlaybackStartFrame()).arg(scene->getPlaybackEndFrame());
+    }
+    QString takeTold() { return std::exchange(told, {}).join(u", "); }
+
+    static constexpr double kLabels = 0.1;
+    static constexpr double kRange = 0.6;
+    static constexpr double kMarkers = 0.8;
+    TimelineView view;
+    TimelineScene* scene = view.getTimelineScene();
+    FakePointer pointer;
+    QStringList told;
+};
+
+/// How often a widget is painted.
+class PaintCount : public QObject
+{
+public:
+    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int paints = 0;
+};
+
+} // namespace
+
+class TimelineViewTest : public StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theThumbMovesByWholeFramesAndDoesNotEcho()
+    {
+        QGraphicsScene scene;
+        auto* const thumb = new TimeThumb(true);
+        scene.addItem(thumb);
+        QSignalSpy told(thumb, &TimeThumb::timeChangedSignal);
+        thumb->setCurrentFrame(10);
+        thumb->setPos(10.5, 7.0);
+        QCOMPARE(thumb->pos(), QPointF(10.0, 0.0));
+        QVERIFY(told.isEmpty());
+        thumb->setPos(10.6, 0.0);
+        thumb->setPos(-2.5, 0.0);
+        QCOMPARE(told, (QList<QVariantList>{{11}, {-3}}));
+        for (const double time : {12.5, 13.0, qQNaN(), qInf()}) {
+            thumb->externalTimeChangeSlot(time);
+            thumb->setPos(qQNaN(), 0.0);
+            QCOMPARE(thumb->x(), 13.0);
+        }
+        QCOMPARE(told.size(), 2);
+        connect(thumb, &TimeThumb::timeChangedSignal, thumb, [thumb](int frame) {
+            thumb->setCurrentFrame(std::min(frame, 20)); // a host that limits it
+        });
+        thumb->setX(25.0);
+        QCOMPARE(thumb->x(), 20.0);
+        thumb->fitTo(20.0, 1.0);
+        QCOMPARE(thumb->shape().boundingRect(), QRectF(-0.35, 12.0, 0.7, 9.0));
+        QCOMPARE(thumb->boundingRect(), QRectF(-25.35, -13.0, 50.7, 59.0));
+    }
+
+    void aBookendWritesItsFrameAndReportsIt()
+    {
+        TimelineScene scene;
+        PlaybackBookend start(&scene, true, true);
+        scene.setFrameRange(0, 100);
+        scene.setPlaybackRange(10, 50);
+        QSignalSpy told(&start, &PlaybackBookend::changedTime);
+        start.setFrame(10);
+        start.setFrame(50);
+        start.setFrame(50);
+        scene.setPlaybackRange(5, 50); // by the host, so that 49 is not its frame any more
+        start.setFrame(49);
+        QCOMPARE(told, (QList<QVariantList>{{49}, {49}}));
+        QCOMPARE(scene.getPlaybackStartFrame(), 49);
+        QSignalSpy repaints(&scene, &QGraphicsScene::changed);
+        start.setHoverState(false);
+        QCoreApplication::processEvents();
+        repaints.clear();
+        start.setHoverState(true);
+        start.setHoverState(true);
+        QTRY_COMPARE(repaints.size(), 1);
+    }
+
+    void theRulerIsInStepWithTheEditorToThePixel()
+    {
+        TimeEditorView editor;
+        editor.setup(new TimeEditorScene(&editor, QRect(0, 0, 1000, 44)));
+        editor.setFrameRange(-40, 1000);
+        editor.setPlaybackRange(0, 100'000);
+        editor.resize(700, 150);
+        editor.show();
+        Ruler ruler;
+        ruler.view.setEditor(&editor);
+        const auto isInStep = [&] {
+            for (const int frame : {-40, 0, 1, 333, 1000}) {
+                if (editor.mapFromScene(frame, 0) != ruler.view.mapFromScene(frame, 0)) {
+                    return false;
+                }
+            }
+            return true;
+        };
+        for (double scale = 1.5; scale > 1e-5; scale *= 0.61) {
+            editor.setScale(scale);
+            QVERIFY(isInStep());
+            editor.setCurrentFrame(777);
+            editor.horizontalScrollBar()->setValue(editor.horizontalScrollBar()->value() / 3 + 1);
+            QVERIFY(isInStep());
+        }
+        editor.fitTimelineInView();
+        QVERIFY(isInStep());
+        editor.fitRect({0.0, 0.0, 5000.0, 1.0}); // wider than the scene, and without a signal
+        editor.resize(500, 150);
+        QTRY_VERIFY(isInStep());
+        editor.fitRect({300.0, 0.0, 60.0, 1.0});
+        QTRY_VERIFY(isInStep());
+        const double before = ruler.view.pixelsPerFrame();
+        const double frame = ruler.view.mapToScene(200, 0).x();
+        ruler.view.zoomAt(1.5, 200);
+        QVERIFY(isInStep());
+        QVERIFY(std::abs(ruler.view.pixelsPerFrame() / before - 1.5) < 1e-9);
+        QVERIFY(std::abs(ruler.view.mapFromScene(frame, 0.0).x() - 200) <= 1);
+    }
+
+    void theWheelZoomsAboutThePointerAndScrolls()
+    {
+        Ruler ruler;
+        const auto wheel = [&](int x, QPoint angle, Qt::KeyboardModifiers held) {
+            QWheelEvent event(
+                QPointF(x, 5),
+                ruler.view.mapToGlobal(QPointF(x, 5)),
+                {},
+                angle,
+                Qt::NoButton,
+                held,
+                Qt::NoScrollPhase,
+                false);
+            QCoreApplication::sendEvent(ruler.view.viewport(), &event);
+        };
+        QVERIFY(
+            ruler.view.mapFromScene(0, 0).x() > 0 && ruler.view.mapFromScene(100, 0).x() < 1000);
+        const double before = ruler.view.pixelsPerFrame();
+        const double frame = ruler.view.mapToScene(700, 0).x();
+        for (int i = 0; i < 8; ++i) {
+            wheel(700, {0, 120}, Qt::ControlModifier);
+        }
+        QVERIFY(ruler.view.pixelsPerFrame() > 4.0 * before);
+        QCOMPARE(ruler.view.mapFromScene(frame, 0.0).x(), 700);
+        wheel(10, {0, -120}, Qt::NoModifier);
+        QCOMPARE(ruler.view.mapFromScene(frame, 0.0).x(), 652);
+        for (const double factor : {0.0, -1.0, qQNaN(), qInf(), 1e300, 1e300, 1e-300}) {
+            ruler.view.zoomAt(factor, 0);
+            QVERIFY(ruler.view.pixelsPerFrame() > 0.0 && ruler.view.pixelsPerFrame() <= 1e6);
+        }
+    }
+
+    void aPressSeeksAndADragScrubs()
+    {
+        Ruler ruler;
+        ruler.drag(ruler.at(30, ruler.kLabels), ruler.at(31, ruler.kLabels));
+        QVERIFY(ruler.view.isScrubbing());
+        ruler.pointer.release();
+        QCOMPARE(ruler.takeTold(), u"scrub, 30, 31, rest"_qs);
+        const QPoint thumb = ruler.at(31, 0.42);
+        ruler.drag(thumb + QPoint(4, 0), thumb + QPoint(5, 0)); // held beside its middle
+        ruler.pointer.dragTo(ruler.at(33, ruler.kLabels) + QPoint(4, 0), 100);
+        ruler.pointer.release();
+        QCOMPARE(ruler.takeTold(), u"scrub, 33, rest"_qs);
+        ruler.drag(ruler.at(90, ruler.kLabels), ruler.at(120, ruler.kLabels));
+        QCOMPARE(ruler.view.currentFrame(), 100);
+        ruler.key(Qt::Key_Escape);
+        QCOMPARE(ruler.view.currentFrame(), 33);
+        QVERIFY(ruler.takeTold().endsWith(u"100, 33, rest"_qs));
+        ruler.pointer.dragTo(ruler.at(50, ruler.kLabels));
+        ruler.pointer.release();
+        QVERIFY(ruler.takeTold().isEmpty());
+        ruler.view.setCurrentFrame(70);
+        QVERIFY(ruler.takeTold().isEmpty());
+    }
+
+    void bookendsAndTheirRangeAreDragged()
+    {
+        Ruler ruler;
+        const double y = ruler.kRange;
+        const auto drag = [&](int from, int to) {
+            ruler.drag(ruler.at(from, y), ruler.at(to, y));
+            ruler.pointer.release();
+        };
+        drag(20, 30);
+        QCOMPARE(ruler.takeTold(), u"20-60 to 30-60"_qs);
+        drag(60, 5);
+        QCOMPARE(ruler.takeTold(), u"30-60 to 30-31"_qs);
+        drag(31, 70);
+        drag(50, 75);
+        QCOMPARE(ruler.playback(), u"55-95"_qs);
+        drag(75, 22);
+        QCOMPARE(ruler.playback(), u"2-42"_qs);
+        ruler.takeTold();
+        ruler.drag(ruler.at(20, y), ruler.at(70, y));
+        QCOMPARE(ruler.playback(), u"52-92"_qs);
+        ruler.key(Qt::Key_Escape);
+        ruler.pointer.release();
+        QCOMPARE(ruler.playback(), u"2-42"_qs);
+        ruler.drag(ruler.at(42, y), ruler.at(42, y) + QPoint(3, 0)); // a click that trembles
+        ruler.pointer.release();
+        QVERIFY(ruler.takeTold().isEmpty());
+        ruler.doubleClick(ruler.at(20, y));
+        QCOMPARE(ruler.takeTold(), u"2-42 to 0-100"_qs);
+    }
+
+    void markersAreMadeNamedMovedAndRemoved()
+    {
+        Ruler ruler;
+        const auto edit = [&] { return ruler.view.findChild<QLineEdit*>(); };
+        ruler.doubleClick(ruler.at(40, ruler.kMarkers));
+        QVERIFY(ruler.view.isRenaming());
+        QTest::keyClicks(edit(), u"Jump"_qs);
+        QTest::keyClick(edit(), Qt::Key_Return);
+        QVERIFY(!ruler.view.isRenaming() && ruler.view.hasFocus());
+        QCOMPARE(ruler.takeTold(), u"- to @40, @40 to Jump@40"_qs);
+        QTRY_VERIFY(!edit());
+        ruler.key(Qt::Key_F2);
+        QTest::keyClicks(edit(), u"Fall"_qs);
+        QTest::keyClick(edit(), Qt::Key_Escape);
+        QVERIFY(!ruler.view.isRenaming());
+        ruler.drag(ruler.at(40, ruler.kMarkers), ruler.at(70, ruler.kMarkers));
+        ruler.pointer.release();
+        QCOMPARE(ruler.takeTold(), u"Jump@40 to Jump@70"_qs);
+        ruler.drag(ruler.at(70, ruler.kMarkers), ruler.at(10, ruler.kMarkers));
+        QCOMPARE(ruler.scene->markers().front().frame, 10);
+        ruler.key(Qt::Key_Escape);
+        ruler.pointer.release();
+        ruler.key(Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);
+        QCOMPARE(ruler.takeTold(), u"Jump@70 to Jump@60"_qs);
+        ruler.view.setCurrentFrame(5);
+        ruler.key(Qt::Key_M);
+        ruler.key(Qt::Key_M); // there is one already
+        ruler.key(Qt::Key_Right, Qt::ControlModifier);
+        ruler.key(Qt::Key_Delete);
+        QCOMPARE(ruler.takeTold(), u"- to @5, 60, Jump@60 to -"_qs);
+        ruler.view.renameMarker(ruler.scene->markers().front().id);
+        ruler.scene->setMarkers({}); // by the host, meanwhile
+        QVERIFY(!ruler.view.isRenaming());
+        ruler.scene->setMarkers({{3, 7, 0, {}, {}}, {3, 1, 0, {}, {}}, {kMost, 9, 0, {}, {}}});
+        QCOMPARE(ruler.scene->addMarker(4), 2);
+    }
+
+    void theMenuIsAboutWhatIsUnderThePointer()
+    {
+        Ruler ruler;
+        const int id = ruler.scene->addMarker(40, u"Jump"_qs);
+        const auto choose = [&](QPoint place, const QString& text) {
+            QContextMenuEvent event(
+                QContextMenuEvent::Mouse, place, ruler.view.viewport()->mapToGlobal(place));
+            QCoreApplication::sendEvent(ruler.view.viewport(), &event);
+            auto* const menu = ruler.view.findChild<ContextMenu*>();
+            for (QAction* const row : menu->findChildren<QAction*>()) {
+                if (row->text() == text) {
+                    row->trigger();
+                    break;
+                }
+            }
+            menu->close();
+            QTRY_VERIFY(!ruler.view.findChild<ContextMenu*>());
+        };
+        const QPoint marker = ruler.at(40, ruler.kMarkers);
+        choose(marker, u"Green"_qs);
+        QCOMPARE(ruler.scene->marker(id)->color, ui::colorQt(u"Green"_qs));
+        choose(ruler.at(70, ruler.kLabels), u"End Playback Here"_qs);
+        QCOMPARE(ruler.playback(), u"20-70"_qs);
+        choose(ruler.at(70, ruler.kLabels), u"Remove Marker"_qs); // not offered there
+        QVERIFY(ruler.scene->marker(id));
+        choose(marker, u"Remove Marker"_qs);
+        QVERIFY(!ruler.scene->marker(id));
+        choose(marker, u"Show Time Code"_qs);
+        QCOMPARE(ruler.scene->frameText(31), u"00:00:01:01"_qs);
+    }
+
+    void keysStepJumpAndSetTheRange()
+    {
+        Ruler ruler;
+        ruler.view.setCurrentFrame(98);
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_I, Qt::Key_Home, Qt::Key_O, Qt::Key_End}) {
+            ruler.key(key);
+        }
+        ruler.key(Qt::Key_Right, Qt::ShiftModifier);
+        ruler.key(Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(ruler.takeTold(), u"99, 20-60 to 59-60, 59, 60, 70, 0"_qs);
+        QSignalSpy passed(&ruler.view, &QObject::destroyed);
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(&ruler.view, &escape);
+        QVERIFY(!escape.isAccepted());
+    }
+
+    void shiftSnapsToWhatIsNear()
+    {
+        Ruler ruler;
+        TimeEditorView editor;
+        editor.setup(new TimeEditorScene(&editor, QRect(0, 0, 100, 44)));
+        editor.resize(1000, 100);
+        editor.setFrameRange(0, 100);
+        editor.setPlaybackRange(0, 100);
+        auto* const row = new TimeEditorCurveItem(&editor);
+        row->addKeyframe(80);
+        editor.getEditorScene()->addLayoutItem(row);
+        editor.setScale(1.0);
+        ruler.view.setEditor(&editor);
+        ruler.scene->addMarker(40);
+        ruler.pointer.setModifiers(Qt::ShiftModifier);
+        ruler.drag(ruler.at(37, ruler.kLabels), ruler.at(83, ruler.kLabels));
+        QVERIFY(ruler.told.contains(u"40"_qs) && !ruler.told.contains(u"41"_qs));
+        QCOMPARE(ruler.view.currentFrame(), 80); // a key of the editor's
+        ruler.pointer.dragTo(ruler.at(71, ruler.kLabels));
+        QCOMPARE(ruler.view.currentFrame(), 71); // away from all
+        ruler.pointer.release();
+        ruler.drag(ruler.at(30, ruler.kRange), ruler.at(39, ruler.kRange));
+        QCOMPARE(ruler.playback(), u"31-71"_qs); // its nearer end at the playhead
+        ruler.pointer.release();
+    }
+
+    void whateverTakesTheMouseAwayEndsTheDrag()
+    {
+        const std::function<void(Ruler&)> doors[] = {
+            [](Ruler& ruler) { ruler.view.hide(); },
+            [](Ruler& ruler) { ruler.view.setEnabled(false); },
+            [](Ruler& ruler) { ruler.view.clearFocus(); },
+            [](Ruler& ruler) {
+                QMouseEvent move(
+                    QEvent::MouseMove,
+                    {5, 5},
+                    ruler.view.mapToGlobal(QPointF(5, 5)),
+                    Qt::NoButton,
+                    Qt::NoButton,
+                    Qt::NoModifier);
+                QCoreApplication::sendEvent(ruler.view.viewport(), &move);
+            }};
+        for (const auto& open : doors) {
+            Ruler ruler;
+            ruler.drag(ruler.at(20, ruler.kRange), ruler.at(30, ruler.kRange));
+            QVERIFY(QGuiApplication::overrideCursor());
+            open(ruler);
+            QVERIFY(!QGuiApplication::overrideCursor());
+            QCOMPARE(ruler.takeTold(), u"20-60 to 30-60"_qs);
+        }
+    }
+
+    void aHundredTicksPaintOnceAndRestPaintsNothing()
+    {
+        Ruler ruler;
+        QTest::qWait(50);
+        const PaintCount count(ruler.view.viewport());
+        for (int frame = 1; frame <= 100; ++frame) {
+            ruler.view.setCurrentFrame(frame);
+        }
+        QTRY_COMPARE(count.paints, 1);
+        QTest::qWait(100);
+        QCOMPARE(count.paints, 1);
+    }
+
+    void theRulerShowsItsPartsInTheThemesColours()
+    {
+        Ruler ruler;
+        ruler.view.setCurrentFrame(50);
+        const QImage picture = ruler.view.viewport()->grab().toImage();
+        const auto colorAt = [&](int frame, double share) {
+            const double x = ruler.view.viewportTransform().map(QPointF(frame, 0.0)).x();
+            return pixelAt(picture, QPointF(x, share * ruler.view.height()));
+        };
+        QCOMPARE(colorAt(50, 0.95), ui::colorQt(u"Accent5"_qs));
+        QCOMPARE(colorAt(10, 0.95), ui::colorQt(u"WindowBase"_qs));
+        QCOMPARE(
+            pixelAt(picture, ruler.at(20, ruler.kRange) + QPoint(3, 0)),
+            ui::colorQt(u"Accent1"_qs));
+        QVERIFY(colorAt(40, ruler.kRange) != colorAt(80, ruler.kRange));
+    }
+
+    void assistiveToolsReadAndSetTheFrame()
+    {
+        Ruler ruler;
+        QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(&ruler.view);
+        QAccessibleValueInterface* const value = interface->valueInterface();
+        QCOMPARE(interface->text(QAccessible::Name), u"Timeline"_qs);
+        value->setCurrentValue(42.0);
+        QCOMPARE(ruler.takeTold(), u"42"_qs);
+        QCOMPARE(value->currentValue().toInt(), 42);
+        QCOMPARE(value->maximumValue().toInt(), 100);
+        ruler.scene->setShowsTimeCode(true);
+        QCOMPARE(interface->text(QAccessible::Value), u"00:00:01:12"_qs);
+    }
+
+    /// Whatever ranges, rates and zooms a host has, and a user does with them.
+    void nothingIsTooWild()
+    {
+        Ruler ruler;
+        std::mt19937 random(20261122);
+        const auto any = [&](int most) { return static_cast<int>(random() % unsigned(most)); };
+        const int frames[] = {kLeast, kLeast + 1, -7, 0, 1, 100, 1'000'000, kMost - 1, kMost};
+        const double numbers[] = {0.0, -24.0, qQNaN(), qInf(), 1e-300, 24.0, 29.97, 1e12};
+        const Qt::Key keys[] = {
+            Qt::Key_Left,
+            Qt::Key_Right,
+            Qt::Key_Home,
+            Qt::Key_I,
+            Qt::Key_O,
+            Qt::Key_M,
+            Qt::Key_Escape,
+            Qt::Key_Delete};
+        const auto frame = [&] { return frames[any(std::size(frames))]; };
+        const auto number = [&] { return numbers[any(std::size(numbers))]; };
+        const auto place = [&] { return QPoint(any(1100) - 50, any(ruler.view.height())); };
+        for (int step = 0; step < 1500; ++step) {
+            switch (any(12)) {
+            case 0: ruler.view.setFrameRange(frame(), frame()); break;
+            case 1: ruler.view.setPlaybackRange(frame(), frame()); break;
+            case 2: ruler.view.setCurrentFrame(frame()); break;
+            case 3: ruler.scene->setFramesPerSecond(number()); break;
+            case 4: ruler.scene->setShowsTimeCode(any(2) == 0); break;
+            case 5: ruler.view.zoomAt(any(2) == 0 ? number() : 0.5 + any(3), any(1000)); break;
+            case 6: ruler.scene->addMarker(frame(), u"a name"_qs); break;
+            case 7:
+                ruler.pointer.moveTo(place());
+                ruler.pointer.press();
+                break;
+            case 8: ruler.pointer.dragTo(place(), 400); break;
+            case 9: ruler.pointer.release(); break;
+            case 10:
+                ruler.key(keys[any(std::size(keys))], any(2) ? Qt::NoModifier : Qt::ShiftModifier);
+                break;
+            default: ruler.view.viewport()->grab(); break;
+            }
+            QVERIFY(std::isfinite(ruler.view.mapToScene(0, 0).x()));
+            QCOMPARE(ruler.view.getTimeWidget()->x(), ruler.view.currentFrame());
+        }
+    }
+};
+
+const ui::test::Registration<TimelineViewTest> kRegistration;
+
+#include "tst_timelineview.moc"
