@@ -52,13 +52,10 @@ private Q_SLOTS:
             {{kNan, 24.0, false}, 20.0, {0, 0, 0}}};
         for (const auto& [scale, width, expected] : cases) {
             const RulerSteps steps = rulerSteps(scale, width);
-            const auto got = u"%1 %2 %3 at %4"_qs;
-            const auto text = [&](auto label, auto medium, auto minor) {
-                return got.arg(label).arg(medium).arg(minor).arg(scale.pixelsPerFrame);
-            };
+            const auto text = u"%1 %2 %3 at %4"_qs;
             QCOMPARE(
-                text(steps.label, steps.medium, steps.minor),
-                text(expected[0], expected[1], expected[2]));
+                text.arg(steps.label).arg(steps.medium).arg(steps.minor).arg(scale.pixelsPerFrame),
+                text.arg(expected[0]).arg(expected[1]).arg(expected[2]).arg(scale.pixelsPerFrame));
         }
     }
 

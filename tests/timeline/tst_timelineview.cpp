@@ -255,6 +255,12 @@ private Q_SLOTS:
         ruler.pointer.dragTo(ruler.at(50, ruler.kLabels));
         ruler.pointer.release();
         QVERIFY(ruler.takeTold().isEmpty());
+        ruler.view.zoomAt(1.2, 0);
+        ruler.drag(
+            ruler.at(2, ruler.kLabels), QPoint(1060, 5)); // what lies beyond comes into sight
+        QTRY_COMPARE(ruler.view.currentFrame(), 100);
+        ruler.pointer.release();
+        ruler.takeTold();
         ruler.view.setCurrentFrame(70);
         QVERIFY(ruler.takeTold().isEmpty());
     }
@@ -295,6 +301,7 @@ private Q_SLOTS:
         const auto edit = [&] { return ruler.view.findChild<QLineEdit*>(); };
         ruler.doubleClick(ruler.at(40, ruler.kMarkers));
         QVERIFY(ruler.view.isRenaming());
+        QVERIFY(std::abs(edit()->x() - ruler.at(40, 0.0).x()) < 10);
         QTest::keyClicks(edit(), u"Jump"_qs);
         QTest::keyClick(edit(), Qt::Key_Return);
         QVERIFY(!ruler.view.isRenaming() && ruler.view.hasFocus());
@@ -405,6 +412,7 @@ private Q_SLOTS:
             [](Ruler& ruler) { ruler.view.hide(); },
             [](Ruler& ruler) { ruler.view.setEnabled(false); },
             [](Ruler& ruler) { ruler.view.clearFocus(); },
+            [](Ruler& ruler) { ruler.view.finishGesture(); },
             [](Ruler& ruler) {
                 QMouseEvent move(
                     QEvent::MouseMove,

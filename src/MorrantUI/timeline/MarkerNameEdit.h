@@ -15,8 +15,9 @@ public:
     ~MarkerNameEdit() override;
 
     int marker() const { return m_marker; }
-    /// Ends without a name: the marker is gone.
-    void abandon() { finish(false); }
+    bool isFinished() const { return m_isFinished; }
+    /// The first call counts.
+    void finish(bool takesName);
 
 protected:
     bool event(QEvent* event) override;
@@ -24,8 +25,6 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void finish(bool takesName);
-
     TimelineView* m_view; ///< an ancestor
     int m_marker;
     bool m_isFinished = false;

@@ -199,6 +199,15 @@ void TimelineScene::setSelectedMarker(int id)
     }
 }
 
+void TimelineScene::setHovered(int marker, bool range)
+{
+    if (marker != m_hoveredMarker || range != m_rangeHovered) {
+        m_hoveredMarker = marker;
+        m_rangeHovered = range;
+        update();
+    }
+}
+
 // The picture
 
 ui::RulerGeometry TimelineScene::geometry(const QTransform& toView, int width) const

@@ -88,6 +88,7 @@ private:
 
     ui::RulerGeometry geometry(const QTransform& toView, int width) const;
     ui::RulerHit hitTest(QPointF position, const QTransform& toView, int width) const;
+    void setHovered(int marker, bool range);
     TimelineMarkers::iterator find(int id);
     int newId(const std::set<int>& taken);
     void takeMarkers(TimelineMarkers markers);

@@ -82,6 +82,7 @@ void TimelineView::setEditor(TimeEditorView* editor)
     }
     m_editor = editor;
     if (editor) {
+        m_fitsRange = false;
         for (const auto change : {&TimeEditorView::viewRectChanged, &TimeEditorView::scaleChanged})
         {
             connect(editor, change, this, &TimelineView::followEditor);
@@ -160,7 +161,7 @@ void TimelineView::arrangeNameEdit()
     }
     const std::optional<TimelineMarker> marker = m_scene->marker(m_nameEdit->marker());
     if (!marker) {
-        m_nameEdit->abandon();
+        m_nameEdit->finish(false); // its marker is gone
         return;
     }
     const double x = marker->frame * pixelsPerFrame() - m_scroll + ui::kMarkerReach;
@@ -325,14 +326,14 @@ void TimelineView::requestRename(int id)
         return;
     }
     m_nameEdit = new MarkerNameEdit(this, id, marker->name);
-    arrange();
+    arrangeNameEdit();
     m_nameEdit->show();
     m_nameEdit->setFocus(Qt::OtherFocusReason);
 }
 
 bool TimelineView::isRenaming() const
 {
-    return m_nameEdit && !m_nameEdit->isHidden();
+    return m_nameEdit && !m_nameEdit->isFinished();
 }
 
 // Room and picture

@@ -69,6 +69,10 @@ public:
     void seek(int frame);
     bool isScrubbing() const;
 
+    /// Ends a drag, and the editing of a name, where they are, as the loss of the focus does. For
+    /// hosts that show something else now.
+    void finishGesture();
+
     /// Logical pixels.
     double pixelsPerFrame() const;
     /// Zooms so that the frame at a place of the viewport stays there, the editor's ends allowing.
@@ -117,6 +121,7 @@ protected:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -157,7 +162,7 @@ private:
     void dragTo(QPointF position, Qt::KeyboardModifiers modifiers);
     void dragHeld(QPointF position, Qt::KeyboardModifiers modifiers);
     void scrollAtEdge();
-    void finishGesture(Outcome outcome);
+    void endGesture(Outcome outcome);
     void takeBack(const ui::TimelineGesture& gesture);
     void tellEdit(const ui::TimelineGesture& gesture);
     std::vector<int> snapFrames(const ui::TimelineGesture& gesture) const;

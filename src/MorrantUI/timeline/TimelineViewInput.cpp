@@ -1,9 +1,11 @@
 // What the user does with mouse and keyboard: the half of TimelineView that takes events.
 
 #include "MorrantUI/controls/gestures/cursors.h"
+#include "MorrantUI/controls/values/elidedtext.h"
 #include "MorrantUI/scene/framemath.h"
 #include "MorrantUI/scene/wheel.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
+#include "MorrantUI/timeline/MarkerNameEdit.h"
 #include "MorrantUI/timeline/playbackrange.h"
 #include "MorrantUI/timeline/rulergesture.h"
 #include "MorrantUI/timeline/rulerkeys.h"
@@ -20,6 +22,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -32,7 +35,7 @@ namespace {
 constexpr double kWheelShare = 0.4;
 constexpr double kWheelZoom = 1.2;       ///< for a notch
 constexpr double kWheelNotch = 120.0;    ///< of the angle's eighths of a degree
-constexpr double kMostEdgeScroll = 40.0; ///< pixels at a time
+constexpr double kMostEdgeScroll = 60.0; ///< pixels at a time
 
 bool movesPlayhead(const ui::RulerHit& hit)
 {
@@ -116,12 +119,7 @@ void TimelineView::showHover(const ui::RulerHit& hit)
 {
     m_left->setHoverState(hit.grip == ui::RulerGrip::Start);
     m_right->setHoverState(hit.grip == ui::RulerGrip::End);
-    const bool isRange = hit.grip == ui::RulerGrip::Range;
-    if (hit.marker != std::exchange(m_scene->m_hoveredMarker, hit.marker)
-        || isRange != std::exchange(m_scene->m_rangeHovered, isRange))
-    {
-        m_scene->update();
-    }
+    m_scene->setHovered(hit.marker, hit.grip == ui::RulerGrip::Range);
     viewport()->setCursor(cursorOver(hit, false));
 }
 
@@ -186,18 +184,20 @@ void TimelineView::mouseMoveEvent(QMouseEvent* event)
     if (event->buttons().testFlag(m_gesture->button)) {
         dragTo(event->position(), event->modifiers());
     } else {
-        finishGesture(Outcome::Keep); // released elsewhere
+        endGesture(Outcome::Keep); // released elsewhere
     }
 }
 
 void TimelineView::dragTo(QPointF position, Qt::KeyboardModifiers modifiers)
 {
     ui::TimelineGesture& gesture = *m_gesture;
-    const QPointF step = position - std::exchange(gesture.last, position);
     if (gesture.hit.grip == ui::RulerGrip::Pan) {
-        scrollBy(-ui::nearestFrame(step.x()));
+        const int step = ui::nearestFrame(position.x() - gesture.last.x());
+        gesture.last.rx() += step; // what is less than a pixel adds up
+        scrollBy(-step);
         return;
     }
+    gesture.last = position;
     const double distance = std::abs(position.x() - gesture.press.x());
     gesture.hasBegun = gesture.hasBegun || distance >= QApplication::startDragDistance();
     if (!gesture.hasBegun) {
@@ -218,7 +218,8 @@ void TimelineView::dragHeld(QPointF position, Qt::KeyboardModifiers modifiers)
     } else if (!gesture.snapFrames) {
         gesture.snapFrames = snapFrames(gesture);
     }
-    const std::vector<int> candidates = gesture.snapFrames.value_or(std::vector<int>());
+    const std::vector<int> none;
+    const std::vector<int>& candidates = gesture.snapFrames ? *gesture.snapFrames : none;
     const double distance = frameAt(position.x()) - gesture.pressFrame;
     const int frame = snapped(gesture.heldFrame + distance, candidates);
     switch (gesture.hit.grip) {
@@ -280,7 +281,7 @@ void TimelineView::mouseReleaseEvent(QMouseEvent* event)
     event->accept();
     if (m_gesture && event->button() == m_gesture->button) {
         const QPointer<TimelineView> alive(this);
-        finishGesture(Outcome::Keep);
+        endGesture(Outcome::Keep);
         if (alive) {
             showHover(hitAt(event->position()));
         }
@@ -288,7 +289,7 @@ void TimelineView::mouseReleaseEvent(QMouseEvent* event)
 }
 
 /// Every way out of a drag.
-void TimelineView::finishGesture(Outcome outcome)
+void TimelineView::endGesture(Outcome outcome)
 {
     const std::unique_ptr<ui::TimelineGesture> gesture = std::exchange(m_gesture, nullptr);
     if (!gesture) {
@@ -317,8 +318,9 @@ void TimelineView::takeBack(const ui::TimelineGesture& gesture)
         if (alive) {
             m_scene->setPlaybackRange(gesture.playback.first, gesture.playback.second);
         }
-    } else if (gesture.marker) {
-        m_scene->changeMarker(*gesture.marker);
+    } else if (std::optional<TimelineMarker> marker = m_scene->marker(gesture.hit.marker)) {
+        marker->frame = gesture.marker->frame;
+        m_scene->changeMarker(*marker);
     }
 }
 
@@ -334,10 +336,19 @@ void TimelineView::tellEdit(const ui::TimelineGesture& gesture)
     }
 }
 
+void TimelineView::finishGesture()
+{
+    const QPointer<TimelineView> alive(this);
+    endGesture(Outcome::Keep);
+    if (alive && m_nameEdit) {
+        m_nameEdit->finish(true);
+    }
+}
+
 void TimelineView::abandonGesture()
 {
     const QPointer<TimelineView> alive(this);
-    finishGesture(Outcome::Keep);
+    endGesture(Outcome::Keep);
     if (alive) {
         GraphicsView::abandonGesture();
     }
@@ -421,6 +432,21 @@ void TimelineView::wheelEvent(QWheelEvent* event)
     scrollBy(-ui::wheelShare({fine != 0 ? fine : notches, 0}, kWheelShare).x());
 }
 
+/// A marker's name may be cut short, or have no room at all.
+bool TimelineView::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) {
+        return GraphicsView::viewportEvent(event);
+    }
+    const auto& help = *static_cast<QHelpEvent*>(event);
+    const std::optional<TimelineMarker> marker = m_scene->marker(hitAt(help.pos()).marker);
+    const QString frame = marker ? m_scene->frameText(marker->frame) : QString();
+    const QString text =
+        marker && !marker->name.isEmpty() ? tr("%1 at %2").arg(marker->name, frame) : frame;
+    return ui::answerWithWholeText(*viewport(), event, text, {})
+           || GraphicsView::viewportEvent(event);
+}
+
 void TimelineView::leaveEvent(QEvent* event)
 {
     if (!m_gesture) {
@@ -485,7 +511,7 @@ void TimelineView::obey(const ui::RulerKey& key)
     case ui::RulerCommand::AddMarker: addMarker(currentFrame()); break;
     case ui::RulerCommand::Rename: renameMarker(marker); break;
     case ui::RulerCommand::Remove: removeMarker(marker); break;
-    case ui::RulerCommand::Cancel: finishGesture(Outcome::TakeBack); break;
+    case ui::RulerCommand::Cancel: endGesture(Outcome::TakeBack); break;
     case ui::RulerCommand::None: break;
     }
 }

@@ -92,6 +92,8 @@ void paintGround(QPainter& painter, const RulerPicture& picture)
         painter,
         QRectF(0.0, bands.range, geometry.width, bands.bottom - bands.range),
         named("WindowBase"));
+    fillSharp(
+        painter, QRectF(0.0, bands.bottom - 1.0, geometry.width, 1.0), named("ElementHeader"));
     const QRectF played = bandBetween(geometry, 0.0, bands.range, geometry.playback);
     if (!played.isEmpty()) {
         fillSharp(painter, played, named("ElementHeader"));
@@ -209,7 +211,7 @@ void paintMarker(
     const double reach = static_cast<double>(marker.frame) + std::max(marker.duration, 0);
     const FrameRange span(marker.frame, nearestFrame(reach));
     const QRectF duration =
-        bandBetween(geometry, bands.bottom - kDurationHeight, bands.bottom, span);
+        bandBetween(geometry, bands.bottom - kDurationHeight - 1.0, bands.bottom - 1.0, span);
     if (!duration.isEmpty()) {
         fillSharp(painter, duration, color);
     }
