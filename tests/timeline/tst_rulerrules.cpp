@@ -1,5 +1,4 @@
 #include "MorrantUI/timeline/playbackrange.h"
-#include "MorrantUI/timeline/rulerkeys.h"
 #include "MorrantUI/timeline/rulerlayout.h"
 #include "MorrantUI/timeline/rulerticks.h"
 #include "support/TestCase.h"
@@ -164,17 +163,6 @@ private Q_SLOTS:
         ruler.offset = -105.0; // the first one's name reaches into sight
         spots = markerSpots({{1, 10, 0, u"a name"_qs, {}}}, ruler, tenEach);
         QVERIFY(spots.size() == 1 && spots[0].name.right() > 0.0);
-    }
-
-    void modifiersChangeWhatArrowsDo()
-    {
-        const auto right = [](Qt::KeyboardModifiers held) { return rulerKey(Qt::Key_Right, held); };
-        QCOMPARE(right(Qt::KeypadModifier), (RulerKey{RulerCommand::Step, 1}));
-        QCOMPARE(right(Qt::ShiftModifier), (RulerKey{RulerCommand::Step, 10}));
-        QCOMPARE(right(Qt::AltModifier), (RulerKey{RulerCommand::MoveMarker, 1}));
-        QCOMPARE(right(Qt::ControlModifier), (RulerKey{RulerCommand::GoToMarker, 1}));
-        QCOMPARE(right(Qt::MetaModifier), RulerKey{});
-        QCOMPARE(rulerKey(Qt::Key_M, Qt::ControlModifier), RulerKey{});
     }
 };
 

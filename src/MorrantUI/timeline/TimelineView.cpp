@@ -189,18 +189,29 @@ void TimelineView::zoomAt(double factor, int x)
     m_fitsRange = false;
     const double scale = pixelsPerFrame();
     const double wanted = std::clamp(scale * factor, ui::kLeastZoom, ui::kMostZoom);
+    const double frame = zoomCentre(x);
     if (m_editor) {
         // What the editor shows, also after a fit that its own scale does not know.
         const double span = ui::frameSpan(m_editor->getFrameRange()) + ui::kFramesBeyondEnd;
         const double room = m_editor->viewport()->width() - ui::kFitMargin;
         m_editor->setScaleAt(room / (wanted * span), x);
         followEditor();
+        scrollBy(ui::nearestFrame(frame * pixelsPerFrame() - m_scroll - x));
     } else {
-        // About the place that is seen; in the next steps there, what was rounded adds up.
-        const double scroll = x == m_zoomedAt ? m_scroll : std::round(m_scroll);
-        m_zoomedAt = x;
-        showAt(wanted, (x + scroll) / scale * wanted - x);
+        showAt(wanted, frame * wanted - x);
     }
+}
+
+/// The frame that a step of the zoom leaves where it is. Steps at one place have one, or what each
+/// rounds would add up.
+double TimelineView::zoomCentre(int x)
+{
+    const double shown = m_zoomFrame * pixelsPerFrame() - std::round(m_scroll);
+    if (x != m_zoomedAt || std::abs(shown - x) > 1.0) {
+        m_zoomedAt = x;
+        m_zoomFrame = frameAt(x);
+    }
+    return m_zoomFrame;
 }
 
 void TimelineView::scrollBy(int pixels)
@@ -208,7 +219,7 @@ void TimelineView::scrollBy(int pixels)
     m_fitsRange = false;
     if (m_editor) {
         QScrollBar* const bar = m_editor->horizontalScrollBar();
-        bar->setValue(bar->value() + pixels);
+        bar->setValue(ui::movedFrame(bar->value(), pixels)); // saturates
         followEditor();
     } else {
         showAt(pixelsPerFrame(), m_scroll + pixels);

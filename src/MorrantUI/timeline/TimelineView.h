@@ -148,6 +148,7 @@ private:
     void followEditor();
     void followRange();
     void showAt(double pixelsPerFrame, double scroll);
+    double zoomCentre(int x);
     void arrange();
     void arrangeNameEdit();
     void noteFrame();
@@ -188,6 +189,7 @@ private:
     QPointer<MarkerNameEdit> m_nameEdit;
     double m_scroll = 0.0;     ///< pixels from frame 0 to the viewport's left edge, before rounding
     int m_zoomedAt = -1;       ///< x of the last step of the zoom
+    double m_zoomFrame = 0.0;  ///< and what was to stay there
     bool m_fitsRange = true;   ///< shows all frames until the user zooms or scrolls
     bool m_showsFocus = false; ///< came by the keyboard
     QTimer m_edgeTimer;        ///< while a drag is beyond an edge
