@@ -163,6 +163,9 @@ private Q_SLOTS:
         ruler.offset = -105.0; // the first one's name reaches into sight
         spots = markerSpots({{1, 10, 0, u"a name"_qs, {}}}, ruler, tenEach);
         QVERIFY(spots.size() == 1 && spots[0].name.right() > 0.0);
+        markers = {{1, -900, 1000, {}, {}}, {2, 90, kMost, {}, {}}, {3, 20, -4, {}, {}}};
+        const auto bars = markerBars(markers, rulerOf()); // from out of sight, and out of it
+        QVERIFY(bars.size() == 1 && bars[0].rect.right() == 501.0);
     }
 };
 

@@ -250,6 +250,7 @@ void TimelineScene::drawBackground(QPainter* painter, const QRectF& /*exposed*/)
     picture.spots = ui::markerSpots(m_markers, picture.geometry, [&picture](const QString& name) {
         return ui::nameWidth(picture.font, name);
     });
+    picture.bars = ui::markerBars(m_markers, picture.geometry);
     const auto selected = find(m_selectedMarker);
     picture.selected = selected == m_markers.end() ? nullptr : &*selected;
     picture.hoveredMarker = m_hoveredMarker;

@@ -8,6 +8,7 @@ namespace ui {
 namespace {
 
 constexpr double kMarkerMargin = 4.0; ///< what the marker band is higher than a label
+constexpr double kLeastBar = 0.5;     ///< pixels, of a duration that is shown
 constexpr double kBookendParts = 3.0; ///< of a short range: bookend, middle, bookend
 
 bool isBefore(const TimelineMarker& marker, double frame)
@@ -118,6 +119,23 @@ std::vector<MarkerSpot> markerSpots(
         it = next;
     }
     return spots;
+}
+
+std::vector<MarkerBar> markerBars(const TimelineMarkers& markers, const RulerGeometry& geometry)
+{
+    const double bottom = geometry.bands.bottom - 1.0; // above the ruler's edge
+    std::vector<MarkerBar> bars;
+    for (const TimelineMarker& marker : markers) {
+        if (marker.duration <= 0 || marker.duration * geometry.scale < kLeastBar) {
+            continue;
+        }
+        const FrameRange span(marker.frame, movedFrame(marker.frame, marker.duration));
+        const QRectF rect = bandBetween(geometry, bottom - kBarHeight, bottom, span);
+        if (!rect.isEmpty()) {
+            bars.push_back({&marker, rect});
+        }
+    }
+    return bars;
 }
 
 RulerHit rulerHit(

@@ -19,6 +19,7 @@ inline constexpr double kThumbReach = 8.0;  ///< to either side of the current f
 inline constexpr double kThumbTop = 12.0;   ///< of the thumb's outline, below the thumb's origin
 inline constexpr double kThumbTip = 21.0;   ///< likewise
 inline constexpr double kMarkerReach = 6.0; ///< to either side of a marker's frame
+inline constexpr double kBarHeight = 2.0;   ///< of a marker's duration
 inline constexpr double kLeastName = 14.0;  ///< a name with less room is left out
 
 /// Bands from top to bottom, each from one edge to the next.
@@ -68,6 +69,16 @@ std::vector<MarkerSpot> markerSpots(
     const TimelineMarkers& markers,
     const RulerGeometry& geometry,
     const std::function<double(const QString&)>& widthOf);
+
+/// How far a marker with a duration reaches.
+struct MarkerBar
+{
+    const TimelineMarker* marker = nullptr;
+    QRectF rect;
+};
+
+/// Those in sight that are wide enough to be seen, wherever their markers are.
+std::vector<MarkerBar> markerBars(const TimelineMarkers& markers, const RulerGeometry& geometry);
 
 enum class RulerGrip
 {

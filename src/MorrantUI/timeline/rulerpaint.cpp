@@ -32,7 +32,6 @@ constexpr double kRangeStrength = 0.35; ///< of the accent, between the bookends
 constexpr double kLitStrength = 0.5;
 constexpr double kOutsideStrength = 0.5; ///< of labels outside the frame range
 constexpr double kLit = 125.0;           ///< percent of brightness under the pointer
-constexpr double kDurationHeight = 2.0;
 constexpr double kPillPadding = 4.0;
 constexpr double kDarkText = 0.45; ///< brightness from which on a ground wants dark text
 constexpr double kFlagTop = 2.0;   ///< below the marker band's upper edge
@@ -200,21 +199,10 @@ void paintMarker(
     QPainter& painter,
     const RulerPicture& picture,
     const TimelineMarker& marker,
-    const QColor& usual)
+    const QColor& color)
 {
     const RulerGeometry& geometry = picture.geometry;
     const RulerBands& bands = geometry.bands;
-    QColor color = marker.color.isValid() ? marker.color : usual;
-    if (marker.id == picture.hoveredMarker) {
-        color = changeValue(color, kLit);
-    }
-    const double reach = static_cast<double>(marker.frame) + std::max(marker.duration, 0);
-    const FrameRange span(marker.frame, nearestFrame(reach));
-    const QRectF duration =
-        bandBetween(geometry, bands.bottom - kDurationHeight - 1.0, bands.bottom - 1.0, span);
-    if (!duration.isEmpty()) {
-        fillSharp(painter, duration, color);
-    }
     const double x = geometry.x(marker.frame);
     if (x < -kMarkerReach || x > geometry.width + kMarkerReach) {
         return;
@@ -233,12 +221,18 @@ void paintMarker(
 
 void paintMarkers(QPainter& painter, const RulerPicture& picture)
 {
-    const QColor usual = named("Accent3");
+    const auto colorOf = [&picture, usual = named("Accent3")](const TimelineMarker& marker) {
+        const QColor color = marker.color.isValid() ? marker.color : usual;
+        return marker.id == picture.hoveredMarker ? changeValue(color, kLit) : color;
+    };
+    for (const MarkerBar& bar : picture.bars) {
+        fillSharp(painter, bar.rect, colorOf(*bar.marker));
+    }
     for (const MarkerSpot& spot : picture.spots) {
-        paintMarker(painter, picture, *spot.marker, usual);
+        paintMarker(painter, picture, *spot.marker, colorOf(*spot.marker));
     }
     if (picture.selected) {
-        paintMarker(painter, picture, *picture.selected, usual);
+        paintMarker(painter, picture, *picture.selected, colorOf(*picture.selected));
     }
     painter.setPen(named("WindowText"));
     const QFontMetricsF metrics(painter.font());
@@ -247,7 +241,7 @@ void paintMarkers(QPainter& painter, const RulerPicture& picture)
             const QString text =
                 metrics.elidedText(spot.marker->name, Qt::ElideRight, spot.name.width());
             const double baseline =
-                baselineOf(picture.font, spot.name.top(), spot.name.height() - kDurationHeight);
+                baselineOf(picture.font, spot.name.top(), spot.name.height() - kBarHeight);
             painter.drawText(QPointF(std::round(spot.name.left()), baseline), text);
         }
     }

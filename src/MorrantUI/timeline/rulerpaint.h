@@ -24,6 +24,7 @@ struct RulerPicture
     RulerScale scale;
     FrameRange frames;
     std::vector<MarkerSpot> spots;
+    std::vector<MarkerBar> bars;
     const TimelineMarker* selected = nullptr; ///< painted in front, also where it shares its pixel
     int hoveredMarker = 0;
     BookendLook start;
