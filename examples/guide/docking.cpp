@@ -4,6 +4,7 @@
 #include <MorrantUI/MorrantUI.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QSettings>
 #include <QTreeWidget>
 
@@ -28,7 +29,7 @@ QWidget* dockingChapter()
     root.show();                                      // or put it into a window of yours
     // [docking]
 
-    QSettings settings(QStringLiteral("guide.ini"), QSettings::IniFormat);
+    QSettings settings(QDir::temp().filePath(QStringLiteral("guide.ini")), QSettings::IniFormat);
     // [layout]
     ui::restoreLayout(settings.value(QStringLiteral("layout")).toByteArray()); // at the start
     settings.setValue(QStringLiteral("layout"), ui::saveLayout());             // at the end

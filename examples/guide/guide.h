@@ -7,6 +7,7 @@ class QWidget;
 /// One window a chapter of docs/host-guide.md.
 QWidget* dockingChapter();
 QWidget* timeEditorChapter();
+QWidget* timeRulerChapter();
 QWidget* undoChapter();
 
 /// The menu of the menus' chapter, filled but not shown.

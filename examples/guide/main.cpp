@@ -15,7 +15,7 @@ int main(int argc, char** argv)
     theme.applyAppStyle();
 
     bool drawn = ui::version() >= MORRANT_UI_VERSION;
-    for (const auto chapter : {dockingChapter, timeEditorChapter, undoChapter}) {
+    for (const auto chapter : {dockingChapter, timeEditorChapter, timeRulerChapter, undoChapter}) {
         const std::unique_ptr<QWidget> window(chapter());
         window->resize(640, 400);
         window->show();
