@@ -70,7 +70,7 @@ private Q_SLOTS:
         const std::pair<QString, QString> steps[] = {
             {u"select c"_qs, u"1c told 21"_qs},
             {u"insert x ^b 0"_qs, u"2c told 2"_qs},
-            {u"delete x"_qs, u"1c told 1"_qs},
+            {u"delete x, settle"_qs, u"1c told 1"_qs},
             {u"dock y ^b center"_qs, u"3y told 3"_qs},
             {u"select c, undock y"_qs, u"0b told 10"_qs},      // the first whenever one is taken
             {u"select d, dock z d right"_qs, u"2 told 22"_qs}, // split, it stays in front

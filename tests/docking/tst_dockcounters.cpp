@@ -46,6 +46,40 @@ public:
     }
 };
 
+/// Watches what has no part in an operation: it must neither blink nor change its window.
+class Bystanders : public QObject
+{
+public:
+    Bystanders(DockTree& tree, const QString& titles)
+    {
+        for (const QString& title : titles.split(u' ')) {
+            m_all << tree[title]->content();
+        }
+        m_window = m_all.first()->window();
+        qApp->installEventFilter(this);
+    }
+    int disturbed = 0;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        switch (event->type()) {
+        case QEvent::Show:
+        case QEvent::Hide: disturbed += m_all.count(qobject_cast<QWidget*>(watched)); break;
+        case QEvent::ParentChange:
+            for (const QWidget* widget : m_all) {
+                disturbed += widget->window() == m_window ? 0 : 1;
+            }
+            break;
+        default: break;
+        }
+        return false;
+    }
+
+private:
+    QWidgetList m_all;
+    QWidget* m_window = nullptr;
+};
+
 } // namespace
 
 /// What a drag over a large tree, or an operation, may cost at most, counted and not timed.
@@ -121,6 +155,27 @@ private Q_SLOTS:
             for (const char* const dragged : {"a", "f", "x"}) { // docked, floating, in tabs
                 drop(QString::fromLatin1(dragged), static_cast<Area>(area));
             }
+        }
+    }
+
+    void bystandersStayInTheirWindow()
+    {
+        for (const auto& [start, operation, titles] :
+             {std::tuple("H(a b c)", "dock x b top", "a b c"),
+              {"H(a b c)", "dock a b bottom", "b c"},
+              {"H(a b c)", "dock x root top", "a b c"},
+              {"H(a V(b x) c)", "undock x", "a b c"},
+              {"H(a V(b x) c)", "close x", "a b c"},
+              {"H(a V(b x) c)", "dock x c center", "a b"},
+              {"H(a T(b x) c)", "dock y b left, undock y", "a c"},
+              {"H(a V(b x) c)", "dock x root bottom, dock x root left", "a b c"},
+              {"H(a b) V(f g)", "dock f a bottom", "a b"}})
+        {
+            DockTree tree(QString::fromLatin1(start));
+            Bystanders bystanders(tree, QString::fromLatin1(titles));
+            tree.play(QString::fromLatin1(operation) + u", settle"_qs);
+            QCOMPARE(
+                operation + QByteArray::number(bystanders.disturbed), operation + QByteArray("0"));
         }
     }
 

@@ -59,15 +59,16 @@ DockableGroup* DockOperation::splitInGroup(DockableGroup& parent)
     const int index = parent.indexOfChild(&m_target);
     const bool inFront = parent.isInFront(m_target);
 
-    m_target.undock(false);
-    group->appendChild(&m_target);
-    group->insertChild(insertIndex(m_area), &m_window);
-    group->bringForward(m_window);
-    group->applySizes(pair);
+    // The target moves into the group in its own place, so that it never leaves the window that
+    // both are in.
     parent.insertChild(index, group);
+    group->appendChild(&m_target);
     if (inFront) {
         parent.bringForward(*group);
     }
+    group->insertChild(insertIndex(m_area), &m_window);
+    group->bringForward(m_window);
+    group->applySizes(pair);
     parent.m_splitterSizes->splitInserted(m_target, *group, neighbours);
     return group;
 }

@@ -5,6 +5,7 @@
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/WindowLayout.h"
+#include "MorrantUI/docking/carryover.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/shares.h"
@@ -48,6 +49,7 @@ DockableGroup::~DockableGroup()
 void DockableGroup::adoptSplitter(GroupSplitter* splitter)
 {
     m_splitter = splitter;
+    ui::docking::carryOver(*splitter, *this);
     m_layout->addFilling(splitter);
     connect(splitter, &QSplitter::splitterMoved, this, [this] {
         m_splitterSizes->forget(); // the user wants it otherwise now
@@ -87,10 +89,7 @@ DockableWindow* DockableGroup::takeChild(int index)
 /// What a child is without a group.
 void DockableGroup::release(DockableWindow& child)
 {
-    if (child.m_directionHandedDown) {
-        child.unsetLayoutDirection();
-        child.m_directionHandedDown = false;
-    }
+    DockableGroup::handOver(child);
     child.makeFloating();
     child.setNested(false);
     child.setLimits({}, {});
@@ -99,6 +98,14 @@ void DockableGroup::release(DockableWindow& child)
     }
     if (childCount() == 0) {
         QMetaObject::invokeMethod(this, &DockableGroup::collapseIfEmpty, Qt::QueuedConnection);
+    }
+}
+
+void DockableGroup::handOver(DockableWindow& child)
+{
+    if (child.m_directionHandedDown) {
+        child.unsetLayoutDirection();
+        child.m_directionHandedDown = false;
     }
 }
 
@@ -121,12 +128,19 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     }
 
     window->dropNativeWindow();
-    // The splitter shall show it at once, and its handle with it, even if it was hidden on purpose.
-    window->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
     GroupSplitter::liftLimits(*window);
+    ui::docking::carryOver(*window, *m_splitter);
+    const bool carried = window->parentWidget() == m_splitter;
+    if (!carried) {
+        // The splitter shall show it at once, and its handle with it, even if it was hidden on
+        // purpose.
+        window->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+    }
     m_splitter->insertWidget(place, window);
     handDownDirection(*window);
-    window->show();
+    if (!carried) {
+        window->show();
+    }
     m_splitter->settleLimits();
 
     if (!Rearranging::active()) {
@@ -141,7 +155,9 @@ QPointer<DockableGroup> DockableGroup::receive(DockableWindow& window)
     ui::docking::LayoutChange change;
     change.note(window);
     QPointer<DockableGroup> old = groupOf(window);
-    if (old) {
+    if (old && Rearranging::active() && old->window() == this->window()) {
+        old->handOver(window); // it moves straight from there to here
+    } else if (old) {
         old->takeChild(old->indexOfChild(&window));
     }
     window.settleLimits();
@@ -219,14 +235,14 @@ void DockableGroup::setSizes(const QList<int>& sizes)
 void DockableGroup::applySizes(const QList<int>& sizes)
 {
     if (m_splitter) {
-        m_splitter->setSizes(sizes);
+        m_splitter->give(sizes);
     }
 }
 
 ui::docking::Limits DockableGroup::limits()
 {
-    if (!m_splitter) {
-        return {};
+    if (!m_splitter || (childCount() == 0 && Rearranging::active())) {
+        return {}; // not known yet
     }
     const bool upright = m_layoutMode == LayoutMode::Vertical;
     const QSize beside = minimumSizeHint() - m_splitter->minimumSizeHint(); // border and header
@@ -341,7 +357,6 @@ void DockableGroup::collapseGroup()
         floatChildren();
     }
     if (self) {
-        makeFloating();
         closeEmptied();
     }
     if (parent && empty) {
@@ -362,17 +377,17 @@ void DockableGroup::handChildrenTo(DockableGroup& parent)
         parts = QList<int>(childCount(), 1); // lying across or in tabs, they had all of it
     }
     const DockableWindow* seen = frontChild();
-    removeFromParent(&parent);
 
     std::vector<DockableWindow*> moved;
     for (const auto& child : childWindows()) {
-        if (child && takeChild(indexOfChild(child))) {
+        if (child) {
             parent.insertChild(place + static_cast<int>(moved.size()), child);
             if (parent.indexOfChild(child) >= 0) { // a closing one is refused
                 moved.push_back(child);
             }
         }
     }
+    removeFromParent(&parent);
     if (!moved.empty() && inFront) {
         const auto front = std::find(moved.begin(), moved.end(), seen);
         parent.bringForward(front != moved.end() ? **front : *moved.front());
@@ -417,6 +432,9 @@ QPoint DockableGroup::floatPlaceOf(const DockableWindow& child) const
 void DockableGroup::closeEmptied()
 {
     const bool deletes = testAttribute(Qt::WA_DeleteOnClose);
+    if (!deletes || isWindow()) { // else it goes where it is
+        makeFloating();
+    }
     close();
     if (deletes && !isClosing()) {
         // It has nothing left to ask about; and Qt closes no window that has lost its native one.
@@ -532,11 +550,9 @@ void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
     const int room = ui::docking::isVertical(area) ? m_splitter->height() : m_splitter->width();
     const QList<int> shares =
         ui::docking::SplitterSizes::sharesFor(room, window.extentAlong(area), area);
-    DockableGroup* inner = moveChildrenDown();
+    DockableGroup* inner = moveChildrenDown(layoutModeOf(area));
     {
         const Rearranging rearranging;
-        setLayoutMode(layoutModeOf(area));
-        appendChild(inner);
         insertChild(ui::docking::insertIndex(area), &window);
     }
     if (isVisible()) {
@@ -554,24 +570,31 @@ void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
     window.show();
 }
 
-/// Moves all children, and how they share the room, into a new group, by trading splitters.
-DockableGroup* DockableGroup::moveChildrenDown()
+/// Moves all children, and how they share the room, into a new group, by trading splitters. That
+/// group becomes this one's only child, which is laid out the other way from now on.
+DockableGroup* DockableGroup::moveChildrenDown(LayoutMode mode)
 {
     ui::docking::LayoutChange change;
+    const Rearranging rearranging;
     for (const auto& child : childWindows()) {
         change.note(*child);
     }
     auto* inner = new DockableGroup;
-    inner->setLayoutMode(m_layoutMode);
+    inner->m_layoutMode = m_layoutMode;
     GroupSplitter* full = m_splitter;
     GroupSplitter* empty = inner->m_splitter;
     full->disconnect(this);
     empty->disconnect(inner);
     m_layout->removeWidget(full);
     inner->m_layout->removeWidget(empty);
-    inner->adoptSplitter(full);
+    inner->m_splitter.clear();
     adoptSplitter(empty);
     empty->show();
+    setLayoutMode(mode);
+    appendChild(inner); // before its children, so that these stay in this window
+    inner->adoptSplitter(full);
+    full->settleLimits();
+    m_splitter->settleLimits();
     inner->m_splitterSizes->takeMemoryOf(*m_splitterSizes);
     return inner;
 }

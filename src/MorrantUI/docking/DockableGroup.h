@@ -112,6 +112,8 @@ private:
     /// Where a child floats that is where it was on screen.
     virtual QPoint floatPlaceOf(const DockableWindow& child) const;
     virtual void showTitles() {}
+    /// Before a child moves to another group.
+    virtual void handOver(DockableWindow& child);
     /// Tells the host if another child is active.
     /// @return whether there was anything to tell
     virtual bool reportActive() { return false; }
@@ -119,7 +121,7 @@ private:
     static LayoutMode layoutModeOf(DockableArea area);
     void insertDirectly(DockableWindow& window, DockableArea area);
     void dockInRoot(DockableWindow& window, DockableArea area);
-    DockableGroup* moveChildrenDown();
+    DockableGroup* moveChildrenDown(LayoutMode mode);
     void handChildrenTo(DockableGroup& parent);
     void floatChildren();
     void closeEmptied();

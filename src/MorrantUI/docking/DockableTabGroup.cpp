@@ -121,9 +121,8 @@ bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::ParentAboutToChange) { // without takeChild()
         auto* child = qobject_cast<DockableWindow*>(watched);
-        if (const int index = indexOfChild(child); index >= 0) {
-            letGoOf(index);
-            child->setHeaderVisible(child->windowMode() == WindowMode::Panel);
+        if (indexOfChild(child) >= 0) {
+            handOver(*child);
         }
     }
     return DockableGroup::eventFilter(watched, event);
@@ -160,6 +159,13 @@ void DockableTabGroup::takeOut(DockableWindow& child)
     setActiveIndex(0);
 }
 
+void DockableTabGroup::handOver(DockableWindow& child)
+{
+    letGoOf(indexOfChild(&child));
+    child.setHeaderVisible(child.windowMode() == WindowMode::Panel);
+    DockableGroup::handOver(child);
+}
+
 /// A child on its way out gets back what it came with.
 void DockableTabGroup::letGoOf(int index)
 {
@@ -174,6 +180,9 @@ void DockableTabGroup::letGoOf(int index)
 /// After a child has left the stack, taken out or deleted or given another parent.
 void DockableTabGroup::forgetTab(int index)
 {
+    // Qt goes on with the stack after this, which a slot might delete.
+    ui::docking::LayoutChange change(ui::docking::LayoutChange::Report::Later);
+    change.noteTabs();
     m_strip->removeTab(index);
     std::set<const QWidget*> left;
     for (int i = 0; i < childCount(); ++i) {
@@ -186,8 +195,6 @@ void DockableTabGroup::forgetTab(int index)
         m_active.clear();
         setActiveIndex(0);
     }
-    ui::docking::LayoutChange change;
-    change.noteTabs();
 }
 
 void DockableTabGroup::setActiveIndex(int index)

@@ -87,6 +87,7 @@ private:
     void bringForward(DockableWindow& child) override;
     QPoint floatPlaceOf(const DockableWindow& child) const override;
     void showTitles() override;
+    void handOver(DockableWindow& child) override;
     bool reportActive() override;
 
     void addTab(int index, DockableWindow& window);

@@ -8,6 +8,7 @@
 #include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/WindowOverlays.h"
+#include "MorrantUI/docking/carryover.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/panelkeys.h"
@@ -287,7 +288,7 @@ bool DockableWindow::event(QEvent* event)
         return true;
     case QEvent::Close: {
         const bool handled = Widget::event(event);
-        m_closing = event->isAccepted() && testAttribute(Qt::WA_DeleteOnClose);
+        m_closing |= event->isAccepted() && testAttribute(Qt::WA_DeleteOnClose);
         return handled;
     }
     case QEvent::ChildPolished:
@@ -354,13 +355,15 @@ void DockableWindow::removeFromParent(DockableGroup* group)
 }
 
 /// Makes the window a top-level one that belongs to the main window; hidden, unless it was one. One
-/// that is only changing places is left without a parent.
+/// that is only changing places stays in the top-level window that it is in, hidden.
 void DockableWindow::makeFloating()
 {
     if (isMainWindow(*this)) {
         return;
     }
-    if (!isWindow()) {
+    if (!isWindow() && Rearranging::active()) {
+        setParent(findDockableRoot());
+    } else if (!isWindow()) {
         setParent(nullptr); // straight to another parent Qt would make it a native window at once
     }
     DockableGroup* main = mainWindow();
@@ -391,7 +394,9 @@ void DockableWindow::dropNativeWindow()
     }
     if (isWindow() && windowHandle()) {
         hide();
-        destroy();
+        if (!ui::docking::holdsWindow(*this)) { // which would be destroyed along; Qt sees to it
+            destroy();
+        }
     }
 }
 
@@ -531,7 +536,11 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
         if (old) {
             window->undockUnseen(*old);
         }
+        const QPointer<DockableWindow> newcomer(window);
         result = operation.run();
+        if (newcomer && !groupOf(*newcomer)) {
+            newcomer->makeFloating(); // something has come in between
+        }
         if (old && old != result) {
             old->collapseIfNeedless();
         }

@@ -61,6 +61,14 @@ void GroupSplitter::share(const QList<int>& sizes)
     fill();
 }
 
+void GroupSplitter::give(const QList<int>& sizes)
+{
+    readLimits();
+    applyLimits();
+    setSizes(sizes);
+    fill();
+}
+
 void GroupSplitter::liftLimits(QWidget& child)
 {
     if (auto* window = qobject_cast<DockableWindow*>(&child)) {

@@ -21,6 +21,7 @@ public:
 
     /// The room of the children, without the handles between those that are seen.
     int room() const;
+    void give(const QList<int>& sizes);
     /// Shares the room in these proportions, as far as limits let it.
     void share(const QList<int>& sizes);
 

@@ -3,6 +3,7 @@
 #include "MorrantUI/docking/docktree.h"
 #include <MorrantUI/docking/DockableGroup.h>
 
+#include <QCoreApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -26,6 +27,7 @@ struct Operation
     int depth = 0;
     std::vector<Seen> seen;
     bool tabs = false;
+    bool later = false;
 };
 
 Operation& operation()
@@ -66,14 +68,21 @@ bool settleTabs()
 
 } // namespace
 
-LayoutChange::LayoutChange()
+LayoutChange::LayoutChange(Report report)
 {
-    ++operation().depth;
+    if (++operation().depth == 1) {
+        operation().later = report == Report::Later;
+    }
 }
 
 LayoutChange::~LayoutChange()
 {
     if (--operation().depth > 0) {
+        return;
+    }
+    if (operation().later) {
+        QMetaObject::invokeMethod(
+            qApp, [] { const LayoutChange now; }, Qt::QueuedConnection);
         return;
     }
     const std::vector<Seen> seen = std::exchange(operation().seen, {});

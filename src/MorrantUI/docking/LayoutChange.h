@@ -11,7 +11,12 @@ namespace ui::docking {
 class LayoutChange
 {
 public:
-    LayoutChange();
+    enum class Report
+    {
+        AtEnd,
+        Later, ///< from the event loop, unless an operation around this one reports at its end
+    };
+    explicit LayoutChange(Report report = Report::AtEnd);
     ~LayoutChange();
     Q_DISABLE_COPY_MOVE(LayoutChange)
 

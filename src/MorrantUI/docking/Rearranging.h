@@ -5,7 +5,8 @@
 namespace ui::docking {
 
 /// While one lives, windows change places behind the scenes: none is shown as a top-level window,
-/// groups neither grow nor move, and nobody shares out room.
+/// groups neither grow nor move, and nobody shares out room. What moves within a top-level window
+/// does not leave it.
 class Rearranging
 {
 public:
