@@ -191,6 +191,8 @@ static const QHash<QString, Operation>& operations()
         {u"close"_qs, [](Window& w, Window*, auto&) { w.undockAndClose(); }},
         {u"shut"_qs, [](Window& w, Window*, auto&) { w.close(); }},
         {u"delete"_qs, [](Window& w, Window*, auto&) { delete &w; }},
+        {u"keep"_qs,
+         [](Window& w, Window*, auto&) { w.setAttribute(Qt::WA_DeleteOnClose, false); }},
         {u"hide"_qs, [](Window& w, Window*, auto&) { w.hide(); }},
         {u"rename"_qs, [](Window& w, Window*, auto& title) { w.setText(title); }},
         {u"select"_qs, [](Window& w, Window*, auto&) {

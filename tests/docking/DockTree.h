@@ -53,9 +53,9 @@ public:
 
     /// Steps, apart by commas, as in "dock x b left, undock x": dock WINDOW TARGET AREA,
     /// insert WINDOW GROUP INDEX, undock, leave (without collapse), tear (by the mouse), tidy
-    /// WINDOW GROUP (after it), collapse, close (undocked), shut (where it is), delete, hide,
-    /// select (a tab), rename WINDOW TITLE, settle. What is docked or inserted is made if there is
-    /// none.
+    /// WINDOW GROUP (after it), collapse, close (undocked), shut (where it is), delete, keep
+    /// (when it is closed), hide, select (a tab), rename WINDOW TITLE, settle. What is docked or
+    /// inserted is made if there is none.
     void play(const QString& steps);
 
     /// The main window's tree, what floats in sight, half transparent with a tilde, and "b:left"

@@ -1,5 +1,6 @@
 #include "docking/DockTree.h"
 #include "support/TestCase.h"
+#include <MorrantUI/docking/DockableHeader.h>
 
 #include <QtWidgets>
 
@@ -273,7 +274,7 @@ private Q_SLOTS:
                 settle();
             }
             QCOMPARE(tree["f"]->size(), sizes[0]);
-            QCOMPARE(tree["g"]->size(), sizes[area == Area::Center ? 0 : 1]); // tabs share one
+            QCOMPARE(tree["g"]->size(), sizes[1]);
             QVERIFY(targetLeaves || tree["f"]->pos() == place);
         }
     }
@@ -297,6 +298,67 @@ private Q_SLOTS:
         QCOMPARE(tree.text(), u"H(a)"_qs);
         QVERIFY(group.isNull());
         QCOMPARE(lastClosed.size(), 0);
+    }
+
+    void whatTheHostKeepsLeavesAsItCloses()
+    {
+        for (const auto& [start, close, end] :
+             {std::tuple("H(a x=200 b)", "close x", "H(a b)"),
+              {"H(a x=200 b)", "shut x", "H(a b)"},
+              {"H(a V(b x) c)", "shut x", "H(a b c)"},
+              {"H(a T(b x) c)", "select x, shut x", "H(a b c)"},
+              {"H(a) V(f x)", "shut ^x, settle", "H(a)"},
+              {"H(a) T(x f)", "shut ^x, settle", "H(a)"},
+              {"H(a V(b x) c)", "hide x, shut x", "H(a b c)"},
+              {"H(a) x=200x150", "shut x", "H(a)"}})
+        {
+            DockTree tree(QString::fromLatin1(start));
+            tree.play(u"keep x, settle"_qs);
+            const std::unique_ptr<DockableWindow> kept(tree["x"]);
+            const QSize size = kept->size();
+            int told = 0;
+            connect(&tree.root(), &DockableGroup::layoutChanged, kept.get(), [&told] { ++told; });
+            tree.play(QString::fromLatin1(close));
+            const bool selects = QByteArray(close).startsWith("select");
+            const QSize last = selects ? kept->size() : size;
+            settle();
+            QCOMPARE(told, selects ? 2 : 1);
+            QCOMPARE(tree.text(), QString::fromLatin1(end));
+            QVERIFY(kept->isFloating() && kept->isHidden());
+            kept->show();
+            QCOMPARE(kept->size(), last);
+            tree.play(u"dock x a right, settle"_qs);
+            QVERIFY(kept->isVisible() && kept->width() > 20);
+        }
+    }
+
+    void whatTheHostKeepsOutlivesGroupsAndTheMainWindow()
+    {
+        DockTree tree(u"H(a T(b x) V(c y)) z"_qs);
+        tree.play(u"keep x, keep y, keep z"_qs);
+        const std::unique_ptr<DockableWindow> kept[] = {
+            std::unique_ptr<DockableWindow>(tree["x"]),
+            std::unique_ptr<DockableWindow>(tree["y"]),
+            std::unique_ptr<DockableWindow>(tree["z"])};
+        delete tree["^x"];
+        QVERIFY(kept[0]->isFloating() && kept[0]->sizePolicy() == kept[1]->sizePolicy());
+        tree.destroy();
+        for (const auto& panel : kept) {
+            QVERIFY(!panel->parentWidget() && panel->isHidden());
+            QVERIFY(!panel->header()->isHidden());
+        }
+    }
+
+    void aWindowForgetsWhatItWasLikeBeforeItDocked()
+    {
+        DockTree tree(u"H(a b) f=240x160"_qs);
+        tree["f"]->showMinimized();
+        settle();
+        tree.play(u"dock f a top, undock f, settle"_qs);
+        QVERIFY(!tree["f"]->isMinimized() && tree["f"]->isVisible());
+        const QSize size = tree["b"]->size();
+        tree.play(u"hide b, settle, undock b, settle"_qs);
+        QCOMPARE(tree["b"]->size(), size);
     }
 
     void leftIsLeftInARightToLeftApplication()
@@ -333,6 +395,39 @@ private Q_SLOTS:
         settle();
         QVERIFY(!tree["a"]->testAttribute(Qt::WA_NativeWindow));
         QVERIFY(!tree["b"]->testAttribute(Qt::WA_NativeWindow));
+    }
+
+    void aContentThatIsAWindowGoesAlong()
+    {
+        if (QGuiApplication::platformName() == u"offscreen") {
+            return; // knows no windows within windows
+        }
+        DockTree tree(u"H(a b)"_qs);
+        const QPointer<QWindow> inner = new QWindow;
+        auto* panel = new DockableWindow(QWidget::createWindowContainer(inner));
+        panel->setText(u"x"_qs);
+        panel->show();
+        for (const QString& step :
+             {u"dock x a bottom"_qs,
+              u"dock b x top"_qs,
+              u"dock y root left"_qs,
+              u"undock x"_qs,
+              u"dock x a center"_qs,
+              u"select a"_qs,
+              u"select x"_qs,
+              u"dock c x right"_qs,
+              u"undock c"_qs,
+              u"undock x"_qs,
+              u"dock c x left"_qs,
+              u"dock ^x root bottom"_qs})
+        {
+            tree.play(step + u", settle"_qs); // and nobody else becomes native
+            QVERIFY2(inner, qPrintable(step));
+            QCOMPARE(inner->isVisible(), panel->isVisible());
+            QCOMPARE(inner->parent(), panel->window()->windowHandle());
+        }
+        tree.play(u"close x, settle"_qs);
+        QVERIFY(!inner);
     }
 
     void theHostHearsOnceOfEachChange()

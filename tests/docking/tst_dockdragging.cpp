@@ -192,7 +192,7 @@ private Q_SLOTS:
         row("a locked panel stays",
             abc,
             "lock a, grab a, to out, drop, unlock a, grab a, to out | H(b c) a~, "
-            "lock a | H(b c) a, drop");
+            "lock a | H(b c) a, drop, grab a, to b:left, drop | H(b c) a");
         row("the dragged window decides which zones there are",
             abc,
             "sideless a, grab a, to c:left | H(a b c) c:none, to c:center | H(a b c) c:none, "
@@ -370,6 +370,22 @@ private Q_SLOTS:
         gestures.perform(u"grab a, to b:bottom, drop"_qs);
         QCOMPARE(clicks, 1);
         QCOMPARE(tree.text(), u"H(V(b a))"_qs);
+    }
+
+    void aDialogEndsTheDrag()
+    {
+        DockTree tree(u"H(a V(b x))"_qs, {400, 300});
+        Gestures gestures(tree);
+        gestures.perform(u"grab x, to out"_qs);
+        QDialog dialog;
+        dialog.setModal(true);
+        dialog.show();
+        QCOMPARE(tree["x"]->windowOpacity(), 1.0);
+        tree.hand.moveTo(zoneOf(*tree["a"], Area::Left), 2);
+        tree.hand.release();
+        dialog.close();
+        settle();
+        QCOMPARE(tree.text(), u"H(a b) x"_qs);
     }
 
     void theMenuMayOutliveItsWindow()

@@ -41,10 +41,10 @@ void DockableDragHandler::setEnabled(bool enabled)
     if (enabled == isEnabled()) {
         return;
     }
-    const QPointer<DockableDragHandler> self(this);
-    finish(Ending::Leave);
-    if (self) {
-        m_state = enabled ? State::Idle : State::Locked;
+    if (enabled) {
+        m_state = State::Idle;
+    } else {
+        finish(Ending::Leave, State::Locked);
     }
 }
 
@@ -119,6 +119,11 @@ bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
     case QEvent::MouseMove: return m_gesture && mouseMoved(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
         return mouseReleased(watched, *static_cast<QMouseEvent*>(event));
+    case QEvent::WindowBlocked: // by a dialog
+        if (m_gesture && m_window && watched == m_window->window()->windowHandle()) {
+            finish(Ending::Leave);
+        }
+        return false;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
         if (isDragging() && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
@@ -187,7 +192,7 @@ bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& eve
 }
 
 /// Every way out of a gesture. What hears of the docking may delete this.
-void DockableDragHandler::finish(Ending ending)
+void DockableDragHandler::finish(Ending ending, State rest)
 {
     if (m_gesture) {
         m_gesture->deleteLater(); // it stays for the release that the widget is still to get
@@ -195,6 +200,7 @@ void DockableDragHandler::finish(Ending ending)
     }
     const bool engaged = isDragging() || m_hoverWindow;
     endDragging();
+    m_state = isEnabled() ? rest : m_state;
     switch (ending) {
     case Ending::Drop:
         m_origin.reset();
@@ -348,7 +354,8 @@ void DockableDragHandler::moveIfFloating()
     if (window->findDockableParent()) {
         tearOut();
     }
-    if (window && window->isWindow()) { // unless a slot of the tearing has dropped it
+    if (window && window->isWindow() && isDragging())
+    { // unless a slot of the tearing has dropped it
         const QPoint origin = window->mapToGlobal(QPoint());
         window->move(QCursor::pos() + window->pos() - (m_startPosition + origin));
         window->show();
@@ -363,6 +370,10 @@ void DockableDragHandler::tearOut()
     m_origin = std::make_unique<ui::docking::DragOrigin>(*window); // of this very moment
     window->mouseUndock();
     if (!window) {
+        return;
+    }
+    if (!isDragging()) { // what hears of it, or the system, has ended the drag
+        window->cleanupOldParent(nullptr);
         return;
     }
     updateWindowOpacity(); // that of a docked window had no effect

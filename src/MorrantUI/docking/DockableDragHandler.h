@@ -89,7 +89,7 @@ private:
     bool mouseMoved(const QMouseEvent& event);
     bool mouseReleased(QObject* watched, const QMouseEvent& event);
     void startGesture();
-    void finish(Ending ending);
+    void finish(Ending ending, State rest = State::Idle);
     void tearOut();
     void takeBack();
     DockableWindow* leaveHoverWindow();

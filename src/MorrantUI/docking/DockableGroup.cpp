@@ -43,6 +43,8 @@ DockableGroup::DockableGroup()
 
 DockableGroup::~DockableGroup()
 {
+    DockableGroup* main = ui::docking::mainWindow();
+    ui::docking::letKeptLeave(*this, main != this ? main : nullptr);
     ui::docking::groupDying(*this);
 }
 
@@ -90,9 +92,13 @@ DockableWindow* DockableGroup::takeChild(int index)
 void DockableGroup::release(DockableWindow& child)
 {
     DockableGroup::handOver(child);
+    const bool unseen = child.isHidden() && child.m_seenSize.isValid();
     child.makeFloating();
     child.setNested(false);
     child.setLimits({}, {});
+    if (unseen) {
+        child.resize(child.m_seenSize);
+    }
     if (m_splitter) {
         m_splitter->settleLimits();
     }
@@ -159,6 +165,9 @@ QPointer<DockableGroup> DockableGroup::receive(DockableWindow& window)
         old->handOver(window); // it moves straight from there to here
     } else if (old) {
         old->takeChild(old->indexOfChild(&window));
+    }
+    if (window.isWindow()) {
+        window.m_seenSize = QSize(); // as it is now
     }
     window.settleLimits();
     window.setNested(true);
@@ -408,7 +417,7 @@ void DockableGroup::floatChildren()
     };
     std::vector<Place> places; // of all, since those that stay spread when one leaves
     for (const auto& child : childWindows()) {
-        places.push_back({child, floatPlaceOf(*child), child->size()});
+        places.push_back({child, floatPlaceOf(*child), floatSizeOf(*child)});
     }
     const QPointer<DockableGroup> self(this);
     for (const Place& place : places) {
@@ -427,6 +436,11 @@ QPoint DockableGroup::floatPlaceOf(const DockableWindow& child) const
 {
     const QPoint frame = geometry().topLeft() - pos(); // the child's will be as wide
     return mapToGlobal(child.mapTo(this, QPoint())) - frame;
+}
+
+QSize DockableGroup::floatSizeOf(const DockableWindow& child) const
+{
+    return child.size();
 }
 
 void DockableGroup::closeEmptied()
@@ -475,13 +489,29 @@ void DockableGroup::closeEvent(QCloseEvent* event)
         DockableWindow::closeEvent(event);
         return;
     }
+    const QPointer<DockableGroup> self(this); // they may do anything
+    m_askingToClose = true;
+    bool refused = false;
+    std::vector<std::pair<QPointer<DockableWindow>, QSize>> sizes; // before the first one leaves
     for (const auto& child : childWindows()) {
-        if (child && !child->close()) {
-            event->ignore();
-            return;
+        sizes.emplace_back(child, child->isHidden() ? QSize() : child->size());
+    }
+    for (const auto& [child, size] : sizes) {
+        refused = refused || (child && !child->close());
+        if (child && size.isValid() && child->isFloating()) {
+            child->resize(size);
         }
     }
-    DockableWindow::closeEvent(event);
+    if (!self) {
+        return;
+    }
+    m_askingToClose = false;
+    if (refused) {
+        event->ignore();
+        QMetaObject::invokeMethod(this, &DockableGroup::collapseIfNeedless, Qt::QueuedConnection);
+    } else {
+        DockableWindow::closeEvent(event);
+    }
 }
 
 void DockableGroup::changeEvent(QEvent* event)

@@ -111,6 +111,7 @@ private:
     virtual void bringForward(DockableWindow& /*child*/) {}
     /// Where a child floats that is where it was on screen.
     virtual QPoint floatPlaceOf(const DockableWindow& child) const;
+    virtual QSize floatSizeOf(const DockableWindow& child) const;
     virtual void showTitles() {}
     /// Before a child moves to another group.
     virtual void handOver(DockableWindow& child);
@@ -141,6 +142,7 @@ private:
     void handDownDirection(DockableWindow& child);
     std::vector<QPointer<DockableWindow>> childWindows();
 
+    bool m_askingToClose = false; ///< its children leave one by one
     LayoutMode m_layoutMode = LayoutMode::Horizontal;
     QPointer<GroupSplitter> m_splitter;
     std::unique_ptr<ui::docking::SplitterSizes> m_splitterSizes; ///< never null

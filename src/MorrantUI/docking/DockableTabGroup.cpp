@@ -39,6 +39,9 @@ DockableTabGroup::DockableTabGroup()
 DockableTabGroup::~DockableTabGroup()
 {
     m_stack->disconnect(this); // it outlives this part of the group
+    for (int i = 0; i < childCount(); ++i) {
+        handOver(*getChild(i));
+    }
 }
 
 int DockableTabGroup::childCount() const
@@ -77,7 +80,8 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
     if (childCount() == 0 && isFloating()) {
         resize(window->size() + QSize(0, m_strip->sizeHint().height()));
     }
-    m_kept[window] = {window->sizePolicy(), window->shownTitle()};
+    const bool meets = isFloating() && window->isWindow();
+    m_kept[window] = {window->sizePolicy(), window->shownTitle(), meets ? window->size() : QSize()};
     window->setSizePolicy(noSay());
     if (window->windowMode() == WindowMode::Panel) {
         window->setHeaderVisible(false);
@@ -150,9 +154,13 @@ void DockableTabGroup::takeOut(DockableWindow& child)
             return; // a page that heard of it has been quicker
         }
     }
+    const QSize size = isFloating() ? floatSizeOf(child) : QSize();
     letGoOf(indexOfChild(&child));
     m_stack->removeWidget(&child);
     release(child);
+    if (size.isValid()) {
+        child.resize(size);
+    }
     if (child.windowMode() == WindowMode::Panel) {
         child.setHeaderVisible(true);
     }
@@ -305,6 +313,13 @@ void DockableTabGroup::bringForward(DockableWindow& child)
 QPoint DockableTabGroup::floatPlaceOf(const DockableWindow& /*child*/) const
 {
     return pos();
+}
+
+/// Those that met while they floated get their sizes back.
+QSize DockableTabGroup::floatSizeOf(const DockableWindow& child) const
+{
+    const QSize alone = m_kept.at(&child).alone;
+    return alone.isValid() ? alone : child.size();
 }
 
 /// A tab keeps a text that it was given until the title of its child is another.

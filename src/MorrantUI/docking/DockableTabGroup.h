@@ -77,6 +77,7 @@ private:
     {
         QSizePolicy policy; ///< its own, while another is in force
         QString title;      ///< that its tab last followed
+        QSize alone;        ///< before it met the others, while all of them floated
     };
 
     DockableWindow* frontChild() const override;
@@ -86,6 +87,7 @@ private:
     QWidget* tabFor(DockableWindow& child) override;
     void bringForward(DockableWindow& child) override;
     QPoint floatPlaceOf(const DockableWindow& child) const override;
+    QSize floatSizeOf(const DockableWindow& child) const override;
     void showTitles() override;
     void handOver(DockableWindow& child) override;
     bool reportActive() override;

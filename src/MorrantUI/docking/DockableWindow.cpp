@@ -62,7 +62,8 @@ DockableWindow::DockableWindow(QWidget* content)
 
 DockableWindow::~DockableWindow()
 {
-    // When this window is gone; a group that goes with it takes these calls along.
+    // When this window is gone; a group that goes with it takes these calls along. One that was
+    // closed has left already.
     DockableGroup* group = groupOf(*this);
     if (group) {
         QMetaObject::invokeMethod(
@@ -72,7 +73,7 @@ DockableWindow::~DockableWindow()
         QMetaObject::invokeMethod(
             old, [old] { old->collapseIfNeedless(); }, Qt::QueuedConnection);
     }
-    if (group || m_windowMode == WindowMode::Panel) {
+    if (group || (m_windowMode == WindowMode::Panel && !m_closing)) {
         ui::docking::reportLayoutChangeLater();
     }
 }
@@ -282,13 +283,24 @@ bool DockableWindow::event(QEvent* event)
             return true;
         }
         break;
+    case QEvent::Hide:
+        if (!isWindow()) { // a splitter makes it as small as can be
+            m_seenSize = size();
+        }
+        break;
     case QEvent::WindowActivate:
         native::setDarkTitleBar(window());
         Widget::event(event); // hands it down to the content
         return true;
     case QEvent::Close: {
+        ui::docking::LayoutChange change(ui::docking::LayoutChange::Report::Later);
+        const QPointer<DockableWindow> self(this);
         const bool handled = Widget::event(event);
-        m_closing |= event->isAccepted() && testAttribute(Qt::WA_DeleteOnClose);
+        if (self && event->isAccepted() && !isMainWindow(*this)) {
+            m_closing |= testAttribute(Qt::WA_DeleteOnClose);
+            change.noteLayout();
+            leaveClosing();
+        }
         return handled;
     }
     case QEvent::ChildPolished:
@@ -398,6 +410,11 @@ void DockableWindow::dropNativeWindow()
             destroy();
         }
     }
+    if (isWindow() && windowState() != Qt::WindowNoState) { // nor is it so when it floats again
+        const QSize usual = normalGeometry().size();
+        overrideWindowState(Qt::WindowNoState);
+        resize(usual.isEmpty() ? size() : usual);
+    }
 }
 
 /// undock(false) without showing anything.
@@ -474,11 +491,34 @@ void DockableWindow::undockAndClose()
     }
 }
 
+/// Has accepted its closing: hidden and afloat it waits for its end or, kept by the host, for being
+/// shown again.
+void DockableWindow::leaveClosing()
+{
+    const QPointer<DockableGroup> parent = groupOf(*this);
+    if (!parent) {
+        return;
+    }
+    const QSize before = isHidden() && m_seenSize.isValid() ? m_seenSize : size();
+    const Leaving leaving(*this);
+    undockUnseen(*parent);
+    makeFloating();
+    resize(before);
+    if (parent && !parent->m_askingToClose) {
+        parent->collapseIfNeedless();
+    }
+}
+
 void DockableWindow::mouseUndock()
 {
     if (DockableGroup* parent = groupOf(*this)) {
+        const QPointer<DockableGroup> left(parent);
+        const QPointer<DockableWindow> self(this);
         m_oldParent = parent;
         undock(false);
+        if (self && !groupOf(*self)) {
+            m_oldParent = left; // the drag may have ended meanwhile, before the group was left
+        }
     }
 }
 

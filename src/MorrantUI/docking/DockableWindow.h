@@ -192,6 +192,7 @@ private:
     void makeFloating();
     void settleLimits();
     void dropNativeWindow();
+    void leaveClosing();
     void undockUnseen(DockableGroup& group);
     void showInGroup();
     bool canTake(DockableWindow* window);
@@ -212,4 +213,5 @@ private:
     QPointer<WindowLayout> m_layout;
     QPointer<QWidget> m_content;
     QString m_text;
+    QSize m_seenSize; ///< when it was last seen in a group
 };

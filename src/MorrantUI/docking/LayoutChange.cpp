@@ -27,6 +27,7 @@ struct Operation
     int depth = 0;
     std::vector<Seen> seen;
     bool tabs = false;
+    bool layout = false;
     bool later = false;
 };
 
@@ -87,13 +88,19 @@ LayoutChange::~LayoutChange()
     }
     const std::vector<Seen> seen = std::exchange(operation().seen, {});
     const bool tabs = std::exchange(operation().tabs, false);
+    const bool layout = std::exchange(operation().layout, false) || !seen.empty();
     const bool tabChanged = (tabs || !seen.empty()) && settleTabs();
     for (const Seen& window : seen) {
         report(window);
     }
-    if (tabChanged || !seen.empty()) {
+    if (tabChanged || layout) {
         reportLayoutChange();
     }
+}
+
+void LayoutChange::noteLayout()
+{
+    operation().layout = true;
 }
 
 void LayoutChange::noteTabs()

@@ -23,6 +23,8 @@ public:
     /// To be called before the window moves.
     void note(DockableWindow& window);
 
+    /// Something else about the layout is different.
+    void noteLayout();
     /// Titles of tabs, or which one is active, may be others at the end.
     void noteTabs();
 };

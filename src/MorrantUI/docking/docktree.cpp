@@ -49,6 +49,22 @@ DockableGroup* groupOf(DockableWindow& window)
     return group && group->indexOfChild(&window) >= 0 ? group : nullptr;
 }
 
+void letKeptLeave(DockableGroup& dying, DockableGroup* heir)
+{
+    for (DockableWindow* window : dying.findChildren<DockableWindow*>()) {
+        const QObject* above = window; // or it has left with the group that it is in
+        while (above && above != &dying) {
+            above = above->parent();
+        }
+        const bool kept = !window->isClosing() && !window->testAttribute(Qt::WA_DeleteOnClose);
+        if (above && kept) {
+            const QSize size = window->size();
+            window->setParent(heir, Qt::Window);
+            window->resize(size);
+        }
+    }
+}
+
 void TreeAccess::listPanels(DockableWindow& window, QList<DockableWindow*>& panels)
 {
     window.listPanels(panels);

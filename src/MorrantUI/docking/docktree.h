@@ -24,6 +24,10 @@ const std::vector<DockableGroup*>& livingGroups();
 /// The group that has the window as its child; null for one that floats or is elsewhere.
 DockableGroup* groupOf(DockableWindow& window);
 
+/// What the host keeps of the windows in and above a group that dies (those that are not deleted
+/// when they are closed) goes to an heir, hidden.
+void letKeptLeave(DockableGroup& dying, DockableGroup* heir);
+
 /// How far a window should grow in either direction.
 struct Limits
 {

@@ -70,7 +70,7 @@ void rememberFocus()
 QWidget* focusTarget(const DockableWindow& panel)
 {
     QWidget* content = panel.content();
-    if (!content) {
+    if (!content || !panel.isAncestorOf(content)) { // gone to another panel
         return nullptr;
     }
     QWidget* last = panel.property(kLastFocus).value<QPointer<QWidget>>();
