@@ -67,6 +67,13 @@
 #include <MorrantUI/docking/tabs/tabgeometry.h>
 #include <MorrantUI/docking/tabs/tabnavigation.h>
 #include <MorrantUI/docking/tabs/tabreorder.h>
+#include <MorrantUI/graph/GeneralGraphUtils.h>
+#include <MorrantUI/graph/GeneralGraphView.h>
+#include <MorrantUI/graph/GraphBezierHandleItem.h>
+#include <MorrantUI/graph/GraphCurveWidget.h>
+#include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/graph/graphsegments.h>
+#include <MorrantUI/graph/graphtypes.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/ContextMenuButton.h>
 #include <MorrantUI/menus/ContextMenuItemWidget.h>

@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kPhases = 4;           ///< places within a device pixel, on either axis
 constexpr int kMostLooks = 256;      ///< a colour animation makes a new one for each of its steps
-constexpr double kPenWidth = 1.0;    ///< pixels
 constexpr double kHaloWidth = 2.0;   ///< pixels
 constexpr double kHaloGrowth = 1.45; ///< the halo's size, times the glyph's
 
@@ -27,7 +26,8 @@ struct LookKey
     QRgb fill = 0;
     QRgb outline = 0;
     QRgb halo = 0;
-    int ratio = 0; ///< thousandths
+    int penWidth = 0; ///< thousandths of a pixel
+    int ratio = 0;    ///< thousandths
 
     friend bool operator==(const LookKey&, const LookKey&) = default;
 };
@@ -35,7 +35,13 @@ struct LookKey
 size_t qHash(const LookKey& key, size_t seed = 0)
 {
     return qHashMulti(
-        seed, static_cast<int>(key.shape), key.fill, key.outline, key.halo, key.ratio);
+        seed,
+        static_cast<int>(key.shape),
+        key.fill,
+        key.outline,
+        key.halo,
+        key.penWidth,
+        key.ratio);
 }
 
 QPainterPath polygon(const QPolygonF& points)
@@ -43,6 +49,13 @@ QPainterPath polygon(const QPolygonF& points)
     QPainterPath path;
     path.addPolygon(points);
     path.closeSubpath();
+    return path;
+}
+
+QPainterPath circle(double radius)
+{
+    QPainterPath path;
+    path.addEllipse(QPointF(), radius, radius);
     return path;
 }
 
@@ -58,7 +71,7 @@ void paintGlyph(QPainter& painter, const Glyph& glyph)
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(grown.map(outline));
     }
-    painter.setPen(QPen(glyph.outline, kPenWidth));
+    painter.setPen(glyph.outline.isValid() ? QPen(glyph.outline, glyph.penWidth) : QPen(Qt::NoPen));
     painter.setBrush(glyph.fill);
     painter.drawPath(outline);
 }
@@ -68,7 +81,7 @@ QRect glyphBounds(const Glyph& glyph)
 {
     const QRectF outline = glyphOutline(glyph.shape).boundingRect();
     const double growth = glyph.halo.isValid() ? (kHaloGrowth - 1.0) * outline.width() / 2.0 : 0.0;
-    const double reach = growth + std::max(kPenWidth, kHaloWidth) / 2.0 + 1.0;
+    const double reach = growth + std::max(glyph.penWidth, kHaloWidth) / 2.0 + 1.0;
     return outline.adjusted(-reach, -reach, reach, reach).toAlignedRect();
 }
 
@@ -128,8 +141,9 @@ std::shared_ptr<GlyphPictures> picturesOf(const Glyph& glyph, double ratio)
     const LookKey key{
         glyph.shape,
         glyph.fill.rgba(),
-        glyph.outline.rgba(),
+        glyph.outline.isValid() ? glyph.outline.rgba() : 0,
         glyph.halo.isValid() ? glyph.halo.rgba() : 0,
+        static_cast<int>(std::lround(glyph.penWidth * 1000.0)),
         static_cast<int>(std::lround(ratio * 1000.0))};
     Pictures& kept = pictures();
     if (kept.size() >= kMostLooks && !kept.contains(key)) {
@@ -170,9 +184,11 @@ bool drawsFromPictures(const QPainter& painter)
 
 const QPainterPath& glyphOutline(GlyphShape shape)
 {
-    static const std::array<QPainterPath, 2> outlines = {
+    static const std::array<QPainterPath, 4> outlines = {
         polygon({{0, 1}, {5, 6}, {0, 11}, {-5, 6}}),
         polygon({{-4, 2}, {4, 2}, {4, 10}, {-4, 10}}),
+        polygon({{-6, 0}, {0, 6}, {6, 0}, {0, -6}}),
+        circle(5),
     };
     return outlines.at(static_cast<std::size_t>(shape));
 }

@@ -17,16 +17,19 @@ namespace ui {
 
 enum class GlyphShape
 {
-    KeyDiamond, ///< a key of the time editor, hanging below its row's upper edge
-    KeySquare,  ///< the same for a key whose value holds
+    KeyDiamond,   ///< a key of the time editor, hanging below its row's upper edge
+    KeySquare,    ///< the same for a key whose value holds
+    GraphDiamond, ///< a point of a graph, around its place
+    GraphKnob,    ///< a tangent handle's, around its place
 };
 
 struct Glyph
 {
     GlyphShape shape = GlyphShape::KeyDiamond;
     QColor fill;
-    QColor outline;
-    QColor halo; ///< a second outline around the first; none when invalid
+    QColor outline;        ///< none when invalid
+    QColor halo;           ///< a second outline around the first; none when invalid
+    double penWidth = 1.0; ///< pixels, of the outline
 
     friend bool operator==(const Glyph&, const Glyph&) = default;
 };

@@ -1,0 +1,355 @@
+#include "MorrantUI/graph/GeneralGraphView.h"
+
+#include "MorrantUI/graph/ChangeBatch.h"
+#include "MorrantUI/graph/GraphDrag.h"
+#include "MorrantUI/scene/framemath.h"
+#include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/graph/GeneralGraphUtils.h>
+#include <MorrantUI/graph/GraphBezierHandleItem.h>
+#include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/scene/TransformTool.h>
+
+#include <QGraphicsScene>
+
+#include <cmath>
+#include <set>
+#include <utility>
+
+namespace {
+
+constexpr double kHandleDistance = 5.0; ///< scene units
+
+} // namespace
+
+GeneralGraphView::GeneralGraphView(QWidget* parent)
+    : GraphicsView(parent)
+    , m_utils(new GeneralGraphUtils(this, this))
+    , m_toolEdit(std::make_unique<ui::GraphEdit>())
+{
+    setAccessibleName(tr("Graph editor"));
+}
+
+GeneralGraphView::~GeneralGraphView()
+{
+    m_drag.reset();
+    if (scene() && scene()->parent() == this) {
+        delete scene();
+    }
+}
+
+QPointF GeneralGraphView::getDefaultBezierPosition(ui::Graph::Side side)
+{
+    return {side == ui::Graph::Side::Left ? -kHandleDistance : kHandleDistance, 0.0};
+}
+
+// The selection and the transform tool
+
+QRectF GeneralGraphView::getSelectionRect()
+{
+    QRectF rect;
+    for (const GraphPointWidget* const point : m_utils->pointItems(true)) {
+        rect |= point->sceneBoundingRect();
+    }
+    return rect;
+}
+
+QRectF GeneralGraphView::selectedBounds() const
+{
+    QRectF bounds;
+    for (const QGraphicsItem* const item :
+         scene() ? scene()->selectedItems() : QList<QGraphicsItem*>()) {
+        if (dynamic_cast<const TransformTool*>(item) == nullptr) {
+            bounds |= item->sceneBoundingRect();
+        }
+    }
+    return bounds;
+}
+
+void GeneralGraphView::selectionChanged()
+{
+    if (!scene()) {
+        updateTransformTool();
+    }
+}
+
+TransformTool* GeneralGraphView::createTransformTool()
+{
+    return nullptr;
+}
+
+TransformTool* GeneralGraphView::transformTool() const
+{
+    return m_transformTool;
+}
+
+void GeneralGraphView::updateTransformTool()
+{
+    const bool wanted = m_showTransformTool && m_utils->pointItems(true).size() >= 2;
+    if (wanted && !m_transformTool) {
+        m_transformTool = createTransformTool();
+        if (m_transformTool) {
+            scene()->addItem(m_transformTool);
+        }
+    }
+    if (m_transformTool) {
+        m_transformTool->setVisible(wanted);
+        m_transformTool->setRect(wanted ? getSelectionRect() : QRectF());
+    }
+}
+
+// Key scaling, and what else the tool does
+
+void GeneralGraphView::setupKeyScaling(QPoint anchor, bool side)
+{
+    beginEdit(false);
+    m_scaleAnchor = anchor;
+    m_keyScalingSide = side;
+    std::set<QGraphicsItem*> parents;
+    for (GraphPointWidget* const point : m_utils->pointItems(true)) {
+        m_scaledKeys.emplace_back(ui::frameOf(point->scenePos().x()), point);
+        if (point->parentItem()) {
+            parents.insert(point->parentItem());
+        } else {
+            m_toolEdit->add(point);
+        }
+    }
+    for (const QGraphicsItem* const parent : parents) {
+        for (QGraphicsItem* const child : parent->childItems()) {
+            if (auto* const point = dynamic_cast<GraphPointWidget*>(child)) {
+                m_rippleKeys.emplace_back(ui::frameOf(point->scenePos().x()), point);
+                m_toolEdit->add(point);
+            }
+        }
+    }
+}
+
+std::vector<std::pair<int, GraphPointWidget*>> GeneralGraphView::living(const Points& points)
+{
+    std::vector<std::pair<int, GraphPointWidget*>> alive;
+    alive.reserve(points.size());
+    for (const auto& [frame, point] : points) {
+        if (point) {
+            alive.emplace_back(frame, point);
+        }
+    }
+    return alive;
+}
+
+void GeneralGraphView::scaleKeys(QPoint position)
+{
+    m_utils->scaleKeys(
+        m_scaleAnchor.x(),
+        position.x(),
+        living(m_scaledKeys),
+        living(m_rippleKeys),
+        m_keyScalingSide);
+}
+
+void GeneralGraphView::endKeyScaling()
+{
+    m_scaledKeys.clear();
+    m_rippleKeys.clear();
+    setDoneRippleEdit(false);
+}
+
+void GeneralGraphView::cancelKeyScaling()
+{
+    const ui::ChangeBatch batch(this);
+    m_toolEdit->restore(*this);
+    endKeyScaling();
+}
+
+double GeneralGraphView::moveSelectedPoints(double distance)
+{
+    if (!std::isfinite(m_toolDistance + distance)) {
+        return 0.0;
+    }
+    const ui::ChangeBatch batch(this);
+    if (m_toolEdit->isEmpty()) {
+        beginEdit(false);
+        m_toolDistance = 0.0;
+        for (GraphPointWidget* const point : m_utils->pointItems(true)) {
+            m_toolEdit->add(point);
+        }
+    }
+    m_toolDistance += distance;
+    if (m_toolDistance == 0.0) {
+        m_toolEdit->restore(*this); // also where the points' rules would put them elsewhere
+    } else {
+        m_toolEdit->moveBy({m_toolDistance, 0.0});
+    }
+    return distance;
+}
+
+bool GeneralGraphView::nudgeSelection(QPointF distance)
+{
+    ui::GraphEdit nudge;
+    for (GraphPointWidget* const point : m_utils->pointItems(true)) {
+        nudge.add(point);
+    }
+    if (nudge.isEmpty() && scene()) {
+        for (QGraphicsItem* const item : scene()->selectedItems()) {
+            if (auto* const handle = dynamic_cast<GraphBezierHandleItem*>(item)) {
+                nudge.add(handle);
+            }
+        }
+    }
+    if (nudge.isEmpty()) {
+        return false;
+    }
+    const QPointer<GeneralGraphView> alive(this);
+    const bool alone = m_edit == Edit::None;
+    beginEdit(false);
+    {
+        const ui::ChangeBatch batch(this);
+        m_nudging = true;
+        nudge.moveBy(distance);
+        m_nudging = false;
+        if (nudge.hasChanged()) {
+            m_edit = Edit::Changed;
+        }
+    }
+    if (alive && alone) {
+        finishEdit();
+    }
+    return true;
+}
+
+// Drags
+
+void GeneralGraphView::startDrag(TimeEditorBaseItem* item, QPointF scenePosition)
+{
+    m_drag = std::make_unique<ui::GraphDrag>(item, scenePosition);
+    m_dragDoors.watch(viewport(), [this](GestureDoors::Door door) {
+        if (door != GestureDoors::Door::Destroyed) {
+            abandonGesture();
+        }
+    });
+}
+
+bool GeneralGraphView::dragTo(QPointF scenePosition)
+{
+    if (!m_drag) {
+        return false;
+    }
+    const ui::ChangeBatch batch(this);
+    if (m_drag->state() == ui::GraphDrag::State::Pressed) {
+        beginEdit(false);
+    }
+    m_drag->dragTo(scenePosition);
+    return true;
+}
+
+/// However it ends.
+void GeneralGraphView::finishGesture()
+{
+    m_dragDoors.stop();
+    const auto drag = std::exchange(m_drag, nullptr);
+    const ui::GraphEdit tool = std::exchange(*m_toolEdit, {});
+    if (m_edit == Edit::Unchanged && ((drag && drag->hasChanged()) || tool.hasChanged())) {
+        m_edit = Edit::Changed;
+    }
+    m_bandSelection.clear();
+    finishEdit();
+}
+
+bool GeneralGraphView::cancelGesture()
+{
+    const QPointer<GeneralGraphView> alive(this);
+    {
+        const ui::ChangeBatch batch(this);
+        if (m_drag && m_drag->state() == ui::GraphDrag::State::Dragging) {
+            m_drag->cancel(*this);
+        } else if (m_transformTool && m_transformTool->isDragging()) {
+            m_transformTool->cancelDrag();
+            *m_toolEdit = {};
+        } else {
+            return cancelRubberBand();
+        }
+        m_edit = m_edit == Edit::None ? Edit::None : Edit::Unchanged;
+    }
+    if (alive) {
+        finishEdit();
+    }
+    return true;
+}
+
+void GeneralGraphView::beginEdit(bool changed)
+{
+    if (m_edit == Edit::None) {
+        m_edit = Edit::Unchanged;
+        editStarted();
+    }
+    if (changed) {
+        m_edit = Edit::Changed;
+    }
+}
+
+void GeneralGraphView::finishEdit()
+{
+    const Edit edit = std::exchange(m_edit, Edit::None);
+    if (edit != Edit::None) {
+        editEnded(edit == Edit::Changed);
+    }
+}
+
+void GeneralGraphView::editEnded(bool /*changed*/)
+{}
+
+Qt::KeyboardModifiers GeneralGraphView::heldModifiers(const GeneralGraphView* view)
+{
+    return view && view->m_nudging ? Qt::KeyboardModifiers() : ui::queryKeyboardModifiers();
+}
+
+// Telling the host
+
+void GeneralGraphView::reportChange(TimeEditorBaseItem* item)
+{
+    auto* const point = qobject_cast<GraphPointWidget*>(item);
+    auto* const handle = qobject_cast<GraphBezierHandleItem*>(item);
+    bool& reported = point ? point->m_changeReported : handle->m_changeReported;
+    if (m_batches > 0) {
+        if (!std::exchange(reported, true)) {
+            m_changed.emplace_back(item);
+        }
+        return;
+    }
+    reported = false;
+    if (point) {
+        Q_EMIT point->pointDataChange();
+    } else {
+        Q_EMIT handle->bezierDataChange();
+    }
+}
+
+void GeneralGraphView::reportNotice(GraphPointWidget* point)
+{
+    if (m_batches > 0) {
+        if (!std::exchange(point->m_noticeReported, true)) {
+            m_noticed.emplace_back(point);
+        }
+        return;
+    }
+    point->m_noticeReported = false;
+    point->notifyPointChanged();
+}
+
+void GeneralGraphView::closeBatch()
+{
+    if (--m_batches > 0) {
+        return;
+    }
+    const QPointer<GeneralGraphView> alive(this);
+    const auto changed = std::exchange(m_changed, {});
+    const auto noticed = std::exchange(m_noticed, {});
+    for (const QPointer<TimeEditorBaseItem>& item : changed) {
+        if (alive && item) {
+            reportChange(item);
+        }
+    }
+    for (const QPointer<GraphPointWidget>& point : noticed) {
+        if (alive && point) {
+            reportNotice(point);
+        }
+    }
+}

@@ -1,0 +1,347 @@
+// What the user does with mouse, wheel and keyboard: the half of GeneralGraphView that takes
+// events, and how it zooms.
+
+#include "MorrantUI/graph/ChangeBatch.h"
+#include "MorrantUI/graph/GraphDrag.h"
+#include "MorrantUI/graph/graphmoves.h"
+#include "MorrantUI/scene/framemath.h"
+#include "MorrantUI/scene/viewfit.h"
+#include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/graph/GeneralGraphUtils.h>
+#include <MorrantUI/graph/GeneralGraphView.h>
+#include <MorrantUI/graph/GraphBezierHandleItem.h>
+#include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/scene/TransformTool.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kCoarseNudge = 10.0;
+constexpr double kWheelZoom = 1.2;    ///< a notch
+constexpr double kWheelNotch = 120.0; ///< eighths of a degree
+constexpr double kFitRoom = 24.0;     ///< pixels around what is fitted
+
+QPoint rounded(QPointF position)
+{
+    return {ui::nearestFrame(position.x()), ui::nearestFrame(position.y())};
+}
+
+/// The factor that keeps a zoom between the ends of what can be drawn; 1 for what is none.
+double allowedFactor(double factor, double zoom)
+{
+    const double wanted = std::abs(zoom) * factor;
+    if (!(factor > 0.0) || !std::isfinite(wanted) || zoom == 0.0) {
+        return 1.0;
+    }
+    return std::clamp(wanted, ui::kLeastZoom, ui::kMostZoom) / std::abs(zoom);
+}
+
+double fitFactor(double room, double length, double zoom)
+{
+    return length > 0.0 && room >= 1.0 ? room / length / std::abs(zoom) : 1.0;
+}
+
+} // namespace
+
+// Mouse
+
+void GeneralGraphView::mousePressEvent(QMouseEvent* event)
+{
+    const ui::ChangeBatch batch(this);
+    m_pressPosition = rounded(event->position());
+    *m_toolEdit = {};
+    m_bandSelection.clear();
+    for (QGraphicsItem* const item : scene() ? scene()->selectedItems() : QList<QGraphicsItem*>()) {
+        if (auto* const selected = dynamic_cast<TimeEditorBaseItem*>(item)) {
+            m_bandSelection.emplace_back(selected);
+        }
+    }
+    GraphicsView::mousePressEvent(event);
+}
+
+void GeneralGraphView::mouseMoveEvent(QMouseEvent* event)
+{
+    const ui::ChangeBatch batch(this);
+    m_axisSnapping = ui::Graph::lockedAxis(
+        {.press = m_pressPosition.toPoint(),
+         .position = rounded(event->position()),
+         .shift = ui::queryKeyboardModifiers().testFlag(Qt::ShiftModifier),
+         .startDistance = QApplication::startDragDistance(),
+         .present = m_axisSnapping});
+    GraphicsView::mouseMoveEvent(event);
+    if (!rubberBandRect().isNull()) {
+        preferPoints();
+    }
+}
+
+void GeneralGraphView::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<GeneralGraphView> alive(this);
+    m_axisSnapping = ui::Graph::AxisSnappingMode::None;
+    endKeyScaling();
+    const QRectF bounds = selectedBounds();
+    setScaleRange({ui::frameOf(bounds.left()), ui::frameOf(bounds.left() + bounds.width())});
+    {
+        const ui::ChangeBatch batch(this);
+        GraphicsView::mouseReleaseEvent(event);
+    }
+    if (alive && event->button() == Qt::LeftButton) {
+        finishGesture();
+    }
+    if (alive) {
+        describeSelection();
+    }
+}
+
+/// A band that has caught points leaves handles and curves alone.
+void GeneralGraphView::preferPoints()
+{
+    if (m_utils->pointItems(true).empty()) {
+        return;
+    }
+    bool filtered = false;
+    {
+        const QSignalBlocker quiet(scene()); // one signal for all of them
+        for (QGraphicsItem* const item : scene()->selectedItems()) {
+            if (dynamic_cast<GraphPointWidget*>(item) == nullptr) {
+                item->setSelected(false);
+                filtered = true;
+            }
+        }
+    }
+    if (filtered) {
+        Q_EMIT scene()->selectionChanged();
+    }
+}
+
+bool GeneralGraphView::cancelRubberBand()
+{
+    if (rubberBandRect().isNull() || !scene()) {
+        return false;
+    }
+    // Qt gives a band up when it sees that the button is not down any more.
+    const QPointF place = m_pressPosition;
+    QMouseEvent lift(
+        QEvent::MouseMove,
+        place,
+        viewport()->mapToGlobal(place),
+        Qt::NoButton,
+        Qt::NoButton,
+        Qt::NoModifier);
+    GraphicsView::mouseMoveEvent(&lift);
+    {
+        const QSignalBlocker quiet(scene());
+        scene()->clearSelection();
+        for (const QPointer<TimeEditorBaseItem>& item : m_bandSelection) {
+            if (item) {
+                item->setSelected(true);
+            }
+        }
+    }
+    Q_EMIT scene()->selectionChanged();
+    return true;
+}
+
+void GeneralGraphView::abandonGesture()
+{
+    const QPointer<GeneralGraphView> alive(this);
+    m_zHeld = false;
+    m_axisSnapping = ui::Graph::AxisSnappingMode::None;
+    endKeyScaling();
+    const DragMode mode = dragMode();
+    {
+        const ui::ChangeBatch batch(this);
+        GraphicsView::abandonGesture();
+    }
+    if (alive && mode != ScrollHandDrag) {
+        setDragMode(mode); // the base goes to the rubber band
+    }
+    if (alive) {
+        finishGesture();
+    }
+}
+
+// Keys
+
+void GeneralGraphView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Z: m_zHeld = true; break;
+    case Qt::Key_Escape:
+        if (cancelGesture()) {
+            event->accept();
+            return; // it has done its work, and must not close what the view is in
+        }
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (nudgeByKey(*event)) {
+            event->accept();
+            return;
+        }
+        break;
+    default: break;
+    }
+    GraphicsView::keyPressEvent(event);
+}
+
+void GeneralGraphView::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Z) {
+        m_zHeld = false;
+    }
+    GraphicsView::keyReleaseEvent(event);
+}
+
+QSizeF GeneralGraphView::nudgeStep() const
+{
+    const double unit = m_gridSnapping ? std::abs(static_cast<double>(m_gridSnappingValue)) : 1.0;
+    return {unit, unit};
+}
+
+bool GeneralGraphView::nudgeByKey(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    if ((held != Qt::NoModifier && held != Qt::ShiftModifier) || m_drag) {
+        return false;
+    }
+    const QSizeF step = nudgeStep() * (held == Qt::ShiftModifier ? kCoarseNudge : 1.0);
+    const QPointer<GeneralGraphView> alive(this);
+    const auto nudge = [&](double x, double y) {
+        return nudgeSelection({x * step.width(), y * step.height()});
+    };
+    bool moved = false;
+    switch (event.key()) {
+    case Qt::Key_Left: moved = nudge(-1.0, 0.0); break;
+    case Qt::Key_Right: moved = nudge(1.0, 0.0); break;
+    case Qt::Key_Up: moved = nudge(0.0, -1.0); break;
+    default: moved = nudge(0.0, 1.0); break;
+    }
+    if (moved && alive) {
+        describeSelection();
+    }
+    return moved;
+}
+
+QString GeneralGraphView::pointText(const GraphPointWidget& point) const
+{
+    const QPointF place = point.scenePos();
+    return tr("Point at time %1, value %2").arg(place.x()).arg(0.0 - place.y());
+}
+
+void GeneralGraphView::describeSelection()
+{
+    const std::vector<GraphPointWidget*> points = m_utils->pointItems(true);
+    QString text;
+    if (points.size() == 1) {
+        text = pointText(*points.front());
+    } else if (!points.empty()) {
+        text = tr("%1 points selected").arg(points.size());
+    }
+    if (text != accessibleDescription()) {
+        setAccessibleDescription(text);
+    }
+}
+
+void GeneralGraphView::focusInEvent(QFocusEvent* event)
+{
+    describeSelection();
+    GraphicsView::focusInEvent(event);
+}
+
+// Zoom
+
+void GeneralGraphView::zoomAt(QPointF factors, QPointF place)
+{
+    const QTransform before = transform();
+    const double x = allowedFactor(factors.x(), before.m11());
+    const double y = allowedFactor(factors.y(), before.m22());
+    const QPointF held = viewportTransform().inverted().map(place);
+    const ViewportAnchor anchor = transformationAnchor();
+    setTransformationAnchor(NoAnchor);
+    setTransform(QTransform(before).scale(x, y));
+    setTransformationAnchor(anchor);
+    panBy(rounded(place - viewportTransform().map(held)));
+    updateItemRects();
+}
+
+void GeneralGraphView::panBy(QPoint distance)
+{
+    QScrollBar* const horizontal = horizontalScrollBar();
+    horizontal->setValue(horizontal->value() + (isRightToLeft() ? distance.x() : -distance.x()));
+    verticalScrollBar()->setValue(verticalScrollBar()->value() - distance.y());
+}
+
+void GeneralGraphView::fitSceneRect(const QRectF& rect)
+{
+    const QRectF wanted = rect.normalized();
+    const QTransform now = transform();
+    const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2.0 * kFitRoom, 2.0 * kFitRoom);
+    zoomAt(
+        {fitFactor(room.width(), wanted.width(), now.m11()),
+         fitFactor(room.height(), wanted.height(), now.m22())},
+        viewport()->rect().center());
+    if (ui::Graph::isFinite(wanted.center())) {
+        centerOn(wanted.center());
+    }
+}
+
+void GeneralGraphView::fitPoints(bool all)
+{
+    std::vector<GraphPointWidget*> points = m_utils->pointItems(true);
+    if (all || points.empty()) {
+        points = m_utils->pointItems(false);
+    }
+    if (points.empty()) {
+        return;
+    }
+    // Of their places, not of their diamonds, whose size is the zoom's.
+    QPointF least = points.front()->scenePos();
+    QPointF most = least;
+    for (const GraphPointWidget* const point : points) {
+        const QPointF place = point->scenePos();
+        least = {std::min(least.x(), place.x()), std::min(least.y(), place.y())};
+        most = {std::max(most.x(), place.x()), std::max(most.y(), place.y())};
+    }
+    fitSceneRect(QRectF(least, most));
+}
+
+bool GeneralGraphView::zoomByWheel(const QWheelEvent& event)
+{
+    if (!event.modifiers().testFlag(Qt::ControlModifier)) {
+        return false;
+    }
+    const QPoint delta = event.angleDelta(); // which systems turn on its side while Alt is held
+    const double turned = delta.y() != 0 ? delta.y() : delta.x();
+    const double factor = std::pow(kWheelZoom, turned / kWheelNotch);
+    const bool valuesOnly = event.modifiers().testFlag(Qt::ShiftModifier);
+    const bool timeOnly = event.modifiers().testFlag(Qt::AltModifier);
+    zoomAt({valuesOnly ? 1.0 : factor, timeOnly ? 1.0 : factor}, event.position());
+    return true;
+}
+
+void GeneralGraphView::updateItemRects()
+{
+    if (!scene()) {
+        return;
+    }
+    scene()->update(); // once for all of them
+    for (QGraphicsItem* const item : scene()->items()) {
+        if (auto* const point = dynamic_cast<GraphPointWidget*>(item)) {
+            point->sizeFor(transform());
+        } else if (auto* const handle = dynamic_cast<GraphBezierHandleItem*>(item)) {
+            handle->sizeFor(transform());
+        }
+    }
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+/// What view, points, handles and curves of the graph editor share.
+namespace ui::Graph {
+
+/// How a curve leaves and enters a point.
+enum class Interpolation : int
+{
+    Bezier = 0, ///< along the point's tangent handles
+    Linear = 1, ///< straight
+};
+
+/// Of its point, a tangent handle is on.
+enum class Side : int
+{
+    Left = 0,  ///< incoming
+    Right = 1, ///< outgoing
+};
+
+/// The axis that a drag of points keeps to.
+enum class AxisSnappingMode : int
+{
+    None = 0,
+    Vertical = 1,   ///< points keep their x
+    Horizontal = 2, ///< points keep their y
+};
+
+/// Scene units that the unit square of a fixed graph is wide and high.
+inline constexpr int kFixedScale = 10;
+
+} // namespace ui::Graph
