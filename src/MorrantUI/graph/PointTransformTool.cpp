@@ -1,0 +1,44 @@
+#include "MorrantUI/graph/PointTransformTool.h"
+
+#include <MorrantUI/graph/GeneralGraphView.h>
+
+PointTransformTool::PointTransformTool(GeneralGraphView* view, QObject* parent)
+    : TransformTool(parent)
+    , m_view(view)
+{}
+
+double PointTransformTool::horizontalScale() const
+{
+    return m_view ? m_view->transform().m11() : 1.0;
+}
+
+QRectF PointTransformTool::selectionRect() const
+{
+    return m_view ? m_view->getSelectionRect() : QRectF();
+}
+
+void PointTransformTool::startScaling(QPoint position, bool right)
+{
+    if (m_view) {
+        m_view->setupKeyScaling(position, right);
+    }
+}
+
+void PointTransformTool::scaleTo(QPoint position)
+{
+    if (m_view) {
+        m_view->scaleKeys(position);
+    }
+}
+
+void PointTransformTool::cancelScaling()
+{
+    if (m_view) {
+        m_view->cancelKeyScaling();
+    }
+}
+
+double PointTransformTool::moveSelection(double distance)
+{
+    return m_view ? m_view->moveSelectedPoints(distance) : 0.0;
+}
