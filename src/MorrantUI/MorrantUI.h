@@ -72,6 +72,7 @@
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
 #include <MorrantUI/graph/GraphCurveWidget.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/graph/PointTransformTool.h>
 #include <MorrantUI/graph/graphsegments.h>
 #include <MorrantUI/graph/graphtypes.h>
 #include <MorrantUI/menus/ContextMenu.h>

@@ -7,6 +7,7 @@
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/graph/PointTransformTool.h>
 #include <MorrantUI/scene/TransformTool.h>
 
 #include <QGraphicsScene>
@@ -74,7 +75,7 @@ void GeneralGraphView::selectionChanged()
 
 TransformTool* GeneralGraphView::createTransformTool()
 {
-    return nullptr;
+    return new PointTransformTool(this, nullptr);
 }
 
 TransformTool* GeneralGraphView::transformTool() const

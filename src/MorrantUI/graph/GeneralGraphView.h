@@ -130,7 +130,7 @@ protected:
     /// Scene units that an arrow key moves the selection by; ten times as much with Shift. By
     /// default a unit on each axis, and the grid's where points snap to it.
     virtual QSizeF nudgeStep() const;
-    /// Makes the transform tool, which is the scene's from then on.
+    /// Makes the transform tool, which becomes the scene's. By default a PointTransformTool.
     virtual TransformTool* createTransformTool();
     /// How a screen reader is told of a point that is selected.
     virtual QString pointText(const GraphPointWidget& point) const;
