@@ -4,6 +4,7 @@
 #include <MorrantUI/graph/GraphPointWidget.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ui {
 
@@ -174,6 +175,21 @@ void CurveKnots::update(
     if (m_drawn > 0) {
         m_bounds =
             QRectF(QPointF(m_knots.front().x, top), QPointF(m_knots.at(m_drawn - 1).x, bottom));
+        if (limits != Graph::CurveLimits()) {
+            reachFor(limits);
+        }
+    }
+}
+
+/// Takes the dotted ends into the bounds. They would not be painted while the rest is out of sight,
+/// which a fixed graph's never is.
+void CurveKnots::reachFor(const Graph::CurveLimits& limits)
+{
+    if (std::isfinite(limits.left)) {
+        m_bounds.setLeft(std::min(limits.left, m_bounds.left()));
+    }
+    if (std::isfinite(limits.right)) {
+        m_bounds.setRight(std::max(limits.right, m_bounds.right()));
     }
 }
 

@@ -62,6 +62,7 @@ public:
     GraphPointWidget* lastPoint() const;
 
 private:
+    void reachFor(const Graph::CurveLimits& limits);
     void rebuild(const QGraphicsItem& curve);
     void readSegment(std::size_t index, const Graph::CurveLimits& limits);
     std::size_t indexOf(const GraphPointWidget& point) const;

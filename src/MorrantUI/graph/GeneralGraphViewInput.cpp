@@ -128,8 +128,8 @@ bool GeneralGraphView::cancelRubberBand()
     if (rubberBandRect().isNull() || !scene()) {
         return false;
     }
-    // Qt gives a band up when it sees that the button is not down any more.
-    const QPointF place = m_pressPosition;
+    // Qt gives a band up when it sees, at some distance, that the button is not down any more.
+    const QPointF place = m_pressPosition + QPointF(viewport()->width(), viewport()->height());
     QMouseEvent lift(
         QEvent::MouseMove,
         place,

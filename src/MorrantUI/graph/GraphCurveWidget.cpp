@@ -6,6 +6,7 @@
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/theme/colors.h>
 
+#include <QGraphicsScene>
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <QStyleOptionGraphicsItem>
@@ -19,7 +20,6 @@ namespace {
 constexpr double kLineWidth = 2.0;              ///< pixels
 constexpr double kDotPeriod = 3.0 * kLineWidth; ///< pixels from dot to dot
 constexpr double kShapeReach = 0.5;             ///< scene units, of a default stroker's width
-constexpr double kFarthest = 1e6;               ///< pixels from the place that is painted
 
 /// The part of a level line that lies in a stretch, with its dots where the whole line has them.
 QLineF dottedPart(const QLineF& line, double left, double right, double period)
@@ -139,7 +139,9 @@ void GraphCurveWidget::announceChange()
 {
     if (m_knots->isCurrent()) { // else nobody has looked since the last change
         prepareGeometryChange();
-        update();
+        if (scene()) {
+            scene()->update(); // the dotted ends lie beyond the bounds
+        }
     }
 }
 
@@ -211,28 +213,33 @@ void GraphCurveWidget::paint(
     }
     const ui::style::PainterState state(*painter);
     const double margin = kLineWidth / scale;
-    const double left = option->exposedRect.left() - margin;
-    const double right = option->exposedRect.right() + margin;
+    const QRectF exposed = option->exposedRect.adjusted(-margin, 0.0, margin, 0.0);
     QPen pen(lineColor(), kLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     pen.setCosmetic(true);
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
     painter->setPen(pen);
-    painter->drawPath(all.pathOf(all.segmentsBetween(left, right)));
-
+    painter->drawPath(all.pathOf(all.segmentsBetween(exposed.left(), exposed.right())));
     pen.setStyle(Qt::DotLine);
     painter->setPen(pen);
+    paintEnds(*painter, kDotPeriod / scale);
+}
+
+/// What lies beyond the first and the last point.
+void GraphCurveWidget::paintEnds(QPainter& painter, double period) const
+{
+    const ui::CurveKnots& all = knots();
     const QPointF first = all.knots().front().point->pos();
     const QPointF last = all.knots().at(all.drawnCount() - 1).point->pos();
-    const double period = kDotPeriod / scale;
+    const QRectF seen = painter.worldTransform().inverted().mapRect(QRectF(painter.window()));
     for (const QLineF& line : {
              QLineF(QPointF(m_limits.left, first.y()), first),
              QLineF(last, QPointF(m_limits.right, last.y())),
          })
     {
-        const QLineF part = dottedPart(line, left, right, period);
+        const QLineF part = dottedPart(line, seen.left() - period, seen.right(), period);
         if (std::isfinite(part.dx()) && part.x1() < part.x2()) {
-            painter->drawLine(part);
+            painter.drawLine(part);
         }
     }
 }

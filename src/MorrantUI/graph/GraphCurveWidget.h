@@ -76,6 +76,7 @@ private:
     void pointMoved(GraphPointWidget* point);
     void pointReshaped(GraphPointWidget* point);
     void announceChange();
+    void paintEnds(QPainter& painter, double period) const;
     ui::CurveKnots& knots() const;
 
     std::unique_ptr<ui::CurveKnots> m_knots;

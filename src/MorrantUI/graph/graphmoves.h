@@ -28,8 +28,8 @@ AxisSnappingMode lockedAxis(const AxisDrag& drag);
 
 struct PointStep
 {
-    QPointF proposed;
-    QPointF stored; ///< where the drag began
+    QPointF proposed = {};
+    QPointF stored = {}; ///< where the drag began
     AxisSnappingMode axis = AxisSnappingMode::None;
     std::optional<int> grid = std::nullopt;  ///< units between its lines
     std::optional<int> limit = std::nullopt; ///< both coordinates stay from 0 to here
@@ -40,15 +40,15 @@ QPointF acceptedPoint(const PointStep& step);
 /// Handle positions are offsets from their point.
 struct HandleStep
 {
-    QPointF proposed;
-    QPointF current;
-    QPointF opposite; ///< the other handle's; on the point if there is none
+    QPointF proposed = {};
+    QPointF current = {};
+    QPointF opposite = {}; ///< the other handle's; on the point if there is none
     Side side = Side::Left;
     bool locked = false;
     bool flat = false;
     bool slide = false;
-    QPointF direction;  ///< along which a handle slides that lies on its point
-    double ratio = 1.0; ///< of the opposite's length to this one's, while either is 0
+    QPointF direction = {}; ///< along which a handle slides that lies on its point
+    double ratio = 1.0;     ///< of the opposite's length to this one's, while either is 0
 };
 
 struct HandleMove

@@ -1,0 +1,342 @@
+#include "GraphDesk.h"
+#include "support/TestCase.h"
+
+#include <random>
+
+using ui::Graph::Interpolation;
+using ui::test::GraphDesk;
+
+class GraphGesturesTest : public ui::test::StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aDragIsToldOnceAStep()
+    {
+        GraphDesk graph({{20, 20}, {60, 20}}, true);
+        graph.point(1)->setSelected(true);
+        graph.hold(Qt::ControlModifier);
+        graph.click(graph.point(0));
+        graph.hold(Qt::NoModifier);
+        int seen = 0; // how far the other point was when the first one told
+        connect(graph.point(0), &GraphPointWidget::pointDataChange, this, [&] {
+            seen = static_cast<int>(graph.point(1)->x());
+        });
+        graph.dragBy(graph.point(0), {10, 5});
+        QCOMPARE(graph.point(0)->pos(), QPointF(30, 25));
+        QCOMPARE(graph.point(1)->pos(), QPointF(70, 25));
+        QCOMPARE(seen, 70);
+        QCOMPARE(graph.pointChanges, 2);
+        graph.pointer.moveTo(graph.pointer.position() + QPoint(4, 0));
+        QCOMPARE(graph.pointChanges, 4);
+        graph.pointer.release();
+        QCOMPARE(graph.edits, QStringList({u"start"_qs, u"changed"_qs}));
+        graph.click(graph.point(1));
+        QCOMPARE(graph.edits.size(), 2);
+    }
+    void shiftLocksTheAxisAndTheGridSnaps()
+    {
+        GraphDesk graph({{20, 20}, {60, 22}});
+        graph.hold(Qt::ShiftModifier);
+        graph.dragBy(graph.point(1), {10, 4});
+        QCOMPARE(graph.point(1)->pos(), QPointF(70, 22));
+        graph.hold(Qt::NoModifier);
+        graph.pointer.moveTo(graph.pointer.position() + QPoint(4, 0));
+        QCOMPARE(graph.point(1)->pos(), QPointF(71, 26));
+        graph.pointer.release();
+        graph.setGridSnapping(true);
+        graph.dragBy(graph.point(0), {3, 2});
+        QCOMPARE(graph.point(0)->pos(), QPointF(25, 20));
+        graph.pointer.release();
+        QCOMPARE(graph.getAxisSnapping(), ui::Graph::AxisSnappingMode::None);
+    }
+    void escapeTakesADragBack()
+    {
+        GraphDesk graph({{20.5, 20}, {60, 20}}, true);
+        graph.setGridSnapping(true);
+        graph.dragBy(graph.point(0), {20, 20});
+        QVERIFY(graph.point(0)->pos() == QPointF(40, 40));
+        QTest::keyClick(&graph, Qt::Key_Escape);
+        QCOMPARE(graph.point(0)->pos(), QPointF(20.5, 20)); // which is not on the grid
+        graph.pointer.moveTo({10, 10});
+        graph.pointer.release();
+        QCOMPARE(graph.point(0)->pos(), QPointF(20.5, 20));
+        QCOMPARE(graph.edits, QStringList({u"start"_qs, u"same"_qs}));
+        QCOMPARE(graph.pointChanges, 2);
+        graph.dragBy(graph.left(1), {-10, 20});
+        QVERIFY(graph.left(1)->y() != 0);
+        QTest::keyClick(&graph, Qt::Key_Escape);
+        graph.pointer.release();
+        QCOMPARE(graph.left(1)->pos(), QPointF(-5, 0));
+        QCOMPARE(graph.right(1)->pos(), QPointF(5, 0));
+    }
+    void handlesAreMirroredFreeFlatOrSliding()
+    {
+        GraphDesk graph({{20, 60}, {60, 60}, {90, 20}}, true);
+        const auto drag = [&](Qt::KeyboardModifiers held, QPointF distance) {
+            graph.press(graph.left(1));
+            graph.hold(held);
+            graph.pointer.moveTo(graph.pointer.position() + (distance * 4).toPoint());
+            graph.pointer.release();
+            graph.hold(Qt::NoModifier);
+        };
+        drag(Qt::NoModifier, {-5, 10});
+        QCOMPARE(graph.left(1)->pos(), QPointF(-10, 10));
+        QCOMPARE(graph.right(1)->pos(), QPointF(10, -10));
+        QCOMPARE(graph.handleChanges, 1);
+        drag(Qt::ShiftModifier | Qt::AltModifier, {-10, 3});
+        QCOMPARE(graph.left(1)->pos(), QPointF(-20, 20));
+        QCOMPARE(graph.right(1)->pos(), QPointF(10, -10));
+        drag(Qt::ShiftModifier, {0, -3});
+        QCOMPARE(graph.left(1)->pos(), QPointF(-20, 0));
+        graph.hold(Qt::AltModifier);
+        graph.click(graph.left(1));
+        graph.hold(Qt::NoModifier);
+        QVERIFY(!graph.point(1)->hasLockedBeziers());
+        const QPointF right = graph.right(1)->pos();
+        drag(Qt::NoModifier, {30, -6});
+        QCOMPARE(graph.left(1)->pos(), QPointF(10, -6));
+        QCOMPARE(graph.right(1)->pos(), right);
+        graph.hold(Qt::AltModifier);
+        graph.click(graph.right(1));
+        QCOMPARE(graph.left(1)->pos(), -right);
+        QCOMPARE(graph.point(1)->pos(), QPointF(60, 60));
+    }
+    void zTakesHandlesAway()
+    {
+        GraphDesk graph({{20, 60}, {60, 60}, {90, 20}}, true);
+        QTest::keyPress(&graph, Qt::Key_Z);
+        graph.click(graph.left(1));
+        QVERIFY(!graph.left(1)->isVisible() && graph.right(1)->isVisible());
+        QVERIFY(graph.point(1)->isSelected() && !graph.point(1)->hasLockedBeziers());
+        QCOMPARE(graph.point(1)->getInterpolation(), Interpolation::Bezier);
+        graph.click(graph.right(1));
+        QCOMPARE(graph.point(1)->getInterpolation(), Interpolation::Linear);
+        QCOMPARE(graph.handleChanges, 2);
+        graph.hide();
+        QVERIFY(!graph.isZHeld());
+    }
+    void altClickTogglesAllThatAreSelected()
+    {
+        GraphDesk graph({{10, 20}, {40, 20}, {60, 20}, {90, 20}});
+        for (const std::size_t index : {0U, 1U, 2U}) {
+            graph.point(index)->setSelected(true);
+        }
+        graph.hold(Qt::AltModifier);
+        graph.click(graph.point(3));
+        for (const std::size_t index : {0U, 1U, 2U, 3U}) {
+            QCOMPARE(graph.point(index)->getInterpolation(), Interpolation::Bezier);
+            QCOMPARE(graph.left(index)->pos(), QPointF(-5, 0));
+            QCOMPARE(graph.right(index)->pos(), QPointF(5, 0));
+        }
+        graph.click(graph.point(3));
+        QCOMPARE(graph.point(3)->getInterpolation(), Interpolation::Linear);
+        QCOMPARE(graph.point(0)->getInterpolation(), Interpolation::Bezier);
+        QCOMPARE(graph.edits.join(u' '), u"start changed start changed"_qs);
+    }
+    void aRubberBandPrefersPoints()
+    {
+        GraphDesk graph({{20, 20}, {60, 20}, {90, 60}}, true);
+        graph.curve->setFlag(QGraphicsItem::ItemIsSelectable);
+        graph.point(2)->setSelected(true);
+        graph.pointer.moveTo(graph.mapFromScene(10, 5));
+        graph.pointer.press();
+        graph.pointer.dragTo(graph.mapFromScene(70, 40));
+        QCOMPARE(graph.desk->selectedItems().size(), 2);
+        QVERIFY(graph.point(0)->isSelected() && graph.point(1)->isSelected());
+        QTest::keyClick(&graph, Qt::Key_Escape);
+        graph.pointer.moveTo({5, 5});
+        graph.pointer.release();
+        QCOMPARE(graph.desk->selectedItems(), QList<QGraphicsItem*>({graph.point(2)}));
+    }
+    void arrowsNudge()
+    {
+        GraphDesk graph({{20, 20}, {60, 20}}, true);
+        graph.point(0)->setSelected(true);
+        QTest::keyClick(&graph, Qt::Key_Up);
+        QTest::keyClick(&graph, Qt::Key_Right, Qt::ShiftModifier);
+        QCOMPARE(graph.point(0)->pos(), QPointF(30, 19));
+        QCOMPARE(graph.accessibleDescription(), u"Point at time 30, value -19"_qs);
+        QCOMPARE(graph.edits.join(u' '), u"start changed start changed"_qs);
+        graph.desk->clearSelection();
+        graph.right(0)->setSelected(true);
+        graph.hold(Qt::ShiftModifier); // which would hold a drag level
+        QTest::keyClick(&graph, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(graph.right(0)->pos(), QPointF(5, 10));
+    }
+    void scalingStretchesAndRipples()
+    {
+        GraphDesk graph({{10, 0}, {20, 0}, {30, 0}, {50, 0}, {80, 0}});
+        const auto frames = [&] {
+            QStringList texts;
+            for (const GraphPointWidget* const point : graph.curve->points()) {
+                texts << QString::number(point->x());
+            }
+            return texts.join(u' ');
+        };
+        for (const std::size_t index : {1U, 2U, 3U}) {
+            graph.point(index)->setSelected(true);
+        }
+        graph.setScaleRange({20, 50});
+        graph.setupKeyScaling({50, 0}, true);
+        graph.scaleKeys({60, 0});
+        QCOMPARE(frames(), u"10 20 33 60 80"_qs);
+        graph.hold(Qt::AltModifier);
+        graph.scaleKeys({90, 0});
+        QCOMPARE(frames(), u"10 20 43 90 120"_qs);
+        graph.hold(Qt::NoModifier);
+        graph.scaleKeys({20, 0}); // all of them on one frame, and back
+        QCOMPARE(frames(), u"10 20 20 20 80"_qs);
+        graph.scaleKeys({50, 0});
+        QCOMPARE(frames(), u"10 20 30 50 80"_qs);
+        graph.scaleKeys({70, 0});
+        graph.cancelKeyScaling();
+        QCOMPARE(frames(), u"10 20 30 50 80"_qs);
+        graph.setupKeyScaling({20, 0}, false);
+        graph.hold(Qt::AltModifier);
+        graph.scaleKeys({5, 0});
+        QCOMPARE(frames(), u"-5 5 20 50 80"_qs);
+        graph.endKeyScaling();
+        graph.hold(Qt::NoModifier);
+        graph.desk->clearSelection();
+        graph.point(3)->setSelected(true);
+        graph.setupKeyScaling({50, 0}, false); // a selection without length
+        graph.scaleKeys({60, 0});
+        QCOMPARE(frames(), u"-5 5 20 50 80"_qs);
+    }
+    void theToolFollowsTheSelection()
+    {
+        GraphDesk graph({{20, 20}, {60, 40}});
+        graph.setShowTransformTool(true);
+        connect(
+            graph.desk,
+            &QGraphicsScene::selectionChanged,
+            &graph,
+            &GeneralGraphView::updateTransformTool);
+        graph.point(0)->setSelected(true);
+        QVERIFY(!graph.transformTool());
+        graph.point(1)->setSelected(true);
+        QVERIFY(graph.transformTool()->isVisible());
+        graph.pointer.moveTo(graph.mapFromScene(40, 30));
+        graph.pointer.press();
+        graph.pointer.dragTo(graph.pointer.position() + QPoint(40, 40), 3);
+        QCOMPARE(graph.point(0)->pos(), QPointF(30, 20));
+        QTest::keyClick(&graph, Qt::Key_Escape);
+        graph.pointer.release();
+        QCOMPARE(graph.point(0)->pos(), QPointF(20, 20));
+        QCOMPARE(graph.edits.join(u' '), u"start same"_qs);
+        QVERIFY(graph.getScaleRange() == std::pair(18, 61));
+        graph.point(1)->setSelected(false);
+        QVERIFY(!graph.transformTool()->isVisible());
+    }
+    void zoomingKeepsThePlaceUnderThePointer()
+    {
+        GraphDesk graph({{20, 20}, {60, 40}});
+        const QPointF place(200, 150);
+        const auto under = [&] { return graph.viewportTransform().inverted().map(place); };
+        const QPointF before = under();
+        graph.zoomAt({2, 3}, place);
+        QVERIFY(QLineF(before, under()).length() < 0.2);
+        QCOMPARE(graph.transform().m11(), 8.0);
+        QCOMPARE(graph.transform().m22(), 12.0);
+        for (const double bad : {0.0, -1.0, std::nan(""), 1e300}) {
+            graph.zoomAt({bad, 1}, place);
+            QVERIFY(graph.transform().m11() >= 8.0 && graph.transform().m11() < 1e7);
+        }
+        for (int i = 0; i < 5; ++i) {
+            graph.point(0)->setSelected(true);
+            graph.fitPoints(false); // a single point has no length to fit
+        }
+        graph.fitPoints(true);
+        QVERIFY(graph.getVisibleRect().contains(graph.point(0)->pos()));
+        QVERIFY(graph.getVisibleRect().contains(graph.point(1)->pos()));
+        QVERIFY(graph.transform().m11() < 20.0);
+    }
+    void anythingMayDieInASlot_data()
+    {
+        QTest::addColumn<int>("what");
+        QTest::addColumn<bool>("byHandle");
+        for (int row = 0; row < 8; ++row) {
+            QTest::addRow("%d", row) << row / 2 << (row % 2 == 1);
+        }
+    }
+    void anythingMayDieInASlot()
+    {
+        QFETCH(const int, what);
+        QFETCH(const bool, byHandle);
+        GraphDesk graph({{20, 20}, {60, 20}, {90, 20}}, true);
+        const auto kill = [&, done = false]() mutable {
+            if (std::exchange(done, true)) {
+                return;
+            }
+            switch (what) {
+            case 0: delete graph.point(1); break;
+            case 1: delete graph.left(1); break;
+            case 2: delete graph.curve; break;
+            default: delete graph.desk; break;
+            }
+        };
+        connect(graph.point(1), &GraphPointWidget::pointDataChange, this, kill);
+        connect(graph.left(1), &GraphBezierHandleItem::bezierDataChange, this, kill);
+        graph.dragBy(
+            byHandle ? static_cast<QGraphicsItem*>(graph.left(1)) : graph.point(1), {4, 3});
+        graph.pointer.moveTo(graph.pointer.position() + QPoint(9, 9));
+        QTest::keyClick(&graph, Qt::Key_Escape);
+        graph.pointer.release();
+        graph.viewport()->grab();
+        QCOMPARE(graph.edits.size(), 2);
+    }
+    void aMonkeyLeavesNothingBehind()
+    {
+        const int steps = qEnvironmentVariableIntValue("MORRANT_MONKEY_STEPS");
+        GraphDesk graph({{20, 20}, {60, 20}, {90, 80}, {60, 50}}, true);
+        graph.setShowTransformTool(true);
+        connect(
+            graph.desk,
+            &QGraphicsScene::selectionChanged,
+            &graph,
+            &GeneralGraphView::updateTransformTool);
+        std::mt19937 random(2026);
+        const auto upTo = [&](int most) { return static_cast<int>(random() % unsigned(most)); };
+        for (int step = 0; step < std::max(steps, 400); ++step) {
+            switch (upTo(14)) {
+            case 0: graph.hold(Qt::KeyboardModifiers(upTo(8) << 25)); break;
+            case 1: graph.pointer.release(); break;
+            case 2: QTest::keyPress(&graph, Qt::Key(Qt::Key_Left + upTo(4))); break;
+            case 3: QTest::keyClick(&graph, Qt::Key_Escape); break;
+            case 4: QTest::keyPress(&graph, Qt::Key_Z); break;
+            case 5: QTest::keyRelease(&graph, Qt::Key_Z); break;
+            case 6: graph.zoomAt({upTo(3) + 0.4, upTo(3) + 0.4}, {300, 300}); break;
+            case 7: graph.fitPoints(true); break;
+            case 8: graph.setGridSnapping(upTo(2) == 0); break;
+            case 9:
+                if (graph.curve->pointCount() > 1) {
+                    delete graph.point(static_cast<std::size_t>(upTo(2)));
+                }
+                break;
+            case 10: graph.addPoint(graph.curve, QPointF(upTo(100), upTo(100)), upTo(2)); break;
+            default: {
+                const auto items = graph.desk->items();
+                const auto index = upTo(static_cast<int>(items.size()));
+                graph.pointer.moveTo(graph.at(items.at(index)));
+                graph.pointer.press();
+                graph.pointer.moveTo(graph.pointer.position() + QPoint(upTo(60), upTo(60)));
+            }
+            }
+            for (const ui::Graph::Segment& each : graph.curve->segments()) {
+                QVERIFY(each.start.x() <= each.end.x());
+            }
+        }
+        graph.pointer.release();
+        QTest::keyClick(&graph, Qt::Key_Escape);
+        graph.viewport()->grab();
+        QVERIFY(!QGuiApplication::overrideCursor());
+        QCOMPARE(graph.edits.count(u"start"_qs) * 2, graph.edits.size());
+    }
+};
+
+namespace {
+const ui::test::Registration<GraphGesturesTest> kRegistration;
+} // namespace
+
+#include "tst_graphgestures.moc"

@@ -1,0 +1,175 @@
+#include "GraphDesk.h"
+#include "support/TestCase.h"
+#include <MorrantUI/theme/colors.h>
+
+#include <random>
+
+using ui::Graph::Interpolation;
+using ui::Graph::Side;
+using ui::test::closeTo;
+using ui::test::GraphDesk;
+using ui::test::pixelAt;
+
+class GraphItemsTest : public ui::test::StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aCurveFollowsItsPoints()
+    {
+        GraphDesk graph({{40, 10}, {0, 0}, {20, 30}}, true);
+        std::mt19937 random(7);
+        const auto any = [&](int most) {
+            return std::uniform_real_distribution<double>(-most, most)(random);
+        };
+        for (int round = 0; round < 300; ++round) {
+            GraphPointWidget* const point = graph.point(static_cast<std::size_t>(round % 3));
+            point->setPos(any(50), any(50));
+            point->getLeftBezier()->setPos(any(99), any(99));
+            const auto segments = graph.curve->segments();
+            QCOMPARE(segments.size(), std::size_t(2));
+            QCOMPARE(segments.at(0).end, segments.at(1).start);
+            for (const ui::Graph::Segment& each : segments) {
+                QVERIFY(each.start.x() <= each.firstControl.x());
+                QVERIFY(each.firstControl.x() <= each.end.x());
+                QVERIFY(each.secondControl.x() >= each.start.x());
+                QVERIFY(each.secondControl.x() <= each.end.x());
+                const double x = (each.start.x() + each.end.x()) / 2;
+                QCOMPARE(graph.curve->valueAt(x), ui::Graph::valueAt(each, x));
+                QVERIFY(graph.curve->boundingRect().contains({x, *graph.curve->valueAt(x)}));
+            }
+        }
+        QCOMPARE(graph.curve->valueAt(-90), graph.point(0)->y());
+        QCOMPARE(graph.curve->valueAt(90), graph.point(2)->y());
+    }
+    void whatIsNoPointWithHandlesEndsACurve()
+    {
+        GraphDesk graph({{0, 0}, {10, 0}, {20, 0}, {30, 0}});
+        delete graph.left(2);
+        QVERIFY(!graph.left(2) && !graph.right(2));
+        QCOMPARE(graph.curve->segments().size(), std::size_t(1));
+        graph.curve->setEndsAtBarePoints(false);
+        QCOMPARE(graph.curve->segments().size(), std::size_t(3));
+        auto* const other = new QGraphicsRectItem(graph.curve);
+        other->setX(25);
+        QCOMPARE(graph.curve->segments().size(), std::size_t(2));
+        delete other;
+        delete graph.point(0); // the first one's handles are not asked for
+        QCOMPARE(graph.curve->boundingRect(), QRectF(10, 0, 20, 0));
+    }
+    void handlesShowWhereTheyLead()
+    {
+        GraphDesk graph({{0, 0}, {10, 0}, {20, 0}}, true);
+        const auto shown = [&] {
+            QString text;
+            for (GraphPointWidget* const point : graph.curve->points()) {
+                text += point->getLeftBezier()->isVisible() ? u'<' : u'-';
+                text += point->getRightBezier()->isVisible() ? u'>' : u'-';
+            }
+            return text;
+        };
+        QCOMPARE(shown(), u"<><><-"_qs);
+        graph.point(1)->setPos(30, 0); // which is the last one then
+        QCOMPARE(shown(), u"<><><-"_qs);
+        graph.point(1)->setHolding(true);
+        QCOMPARE(shown(), u"<><-<-"_qs);
+        graph.left(1)->placeSilently({});
+        graph.left(1)->soloPointCheck();
+        QCOMPARE(shown(), u"<>--<-"_qs);
+        graph.point(0)->setInterpolation(Interpolation::Linear, true);
+        QCOMPARE(shown(), u"----<-"_qs);
+        QCOMPARE(graph.handleChanges + graph.pointChanges, 1); // of the point that moved
+    }
+    void lockingPutsHandlesOppositeEachOther()
+    {
+        GraphDesk graph({{0, 0}, {10, 0}});
+        GraphPointWidget* const point = graph.point(0);
+        point->setLockedBeziers(true, false); // both lie on the point
+        QCOMPARE(graph.left(0)->pos(), QPointF());
+        graph.right(0)->placeSilently({4, 3});
+        point->setLockedBeziers(true, true);
+        QCOMPARE(graph.left(0)->pos(), QPointF());
+        point->setLockedBeziers(true, false);
+        QCOMPARE(graph.left(0)->pos(), QPointF(-4, -3));
+        QCOMPARE(graph.left(0)->dataPosition(), QPointF(-4, 3));
+        graph.left(0)->setPos(-8, -6);
+        QCOMPARE(graph.right(0)->pos(), QPointF(8, 6));
+        graph.left(0)->setPos(std::nan(""), 0);
+        QCOMPARE(graph.left(0)->pos(), QPointF(-8, -6));
+        graph.left(0)->setInitialPosition({-1, 2});
+        QCOMPARE(graph.left(0)->pos(), QPointF(-1, -2));
+        point->setEnableUpdates(false);
+        graph.left(0)->setPos(7, 7);
+        QCOMPARE(graph.left(0)->pos(), QPointF(7, 7));
+        QCOMPARE(graph.handleChanges, 2);
+    }
+    void everythingIsDrawnInItsColors()
+    {
+        GraphDesk graph({{20, 20}, {60, 20}, {80, 60}}, true);
+        const auto colorAt = [&](const QGraphicsItem* item, QPointF offset = {}) {
+            const QImage image = graph.viewport()->grab().toImage();
+            return pixelAt(image, graph.mapFromScene(item->scenePos()) + offset);
+        };
+        const QColor light = ui::colorQt(u"Light"_qs);
+        const QColor accent = ui::colorQt(u"Accent1"_qs);
+        QVERIFY(closeTo(colorAt(graph.point(1), {0, -4}), light));
+        QVERIFY(!closeTo(colorAt(graph.point(1), {5, -5}), light, 30)); // a corner of its square
+        QVERIFY(closeTo(colorAt(graph.right(0), {0, 3}), light));
+        graph.point(1)->setSelected(true);
+        graph.right(0)->setSelected(true);
+        QVERIFY(closeTo(colorAt(graph.point(1), {0, -3}), accent));
+        QVERIFY(closeTo(colorAt(graph.right(0), {0, 2.5}), accent));
+        const auto between = [&] { return colorAt(graph.point(0), {80, 0}); };
+        QVERIFY(closeTo(between(), ui::colorQt(u"Text"_qs), 40));
+        graph.curve->setColor(Qt::green);
+        QVERIFY(closeTo(between(), Qt::green, 40));
+        graph.curve->setFlag(QGraphicsItem::ItemIsSelectable);
+        graph.curve->setSelected(true);
+        QVERIFY(closeTo(between(), ui::colorQt(u"Yellow"_qs), 40));
+        const QColor ground = colorAt(graph.point(0), {-40, 0});
+        graph.curve->setLimits({0, -1e9, 100, 1e9});
+        int dots = 0;
+        for (int x = -60; x < -20; ++x) {
+            dots += colorAt(graph.point(0), QPointF(x, 0)) != ground ? 1 : 0;
+        }
+        QVERIFY2(dots > 4 && dots < 36, qPrintable(QString::number(dots)));
+        graph.point(1)->setHolding(true);
+        QVERIFY(colorAt(graph.point(1), {78, 0}) != ground); // up to the next point, and there down
+        QVERIFY(colorAt(graph.point(2), {0, -80}) != ground);
+    }
+    void nothingIsPaintedWithoutNeed()
+    {
+        struct Counted : GraphCurveWidget
+        {
+            void paint(QPainter* p, const QStyleOptionGraphicsItem* o, QWidget* w) override
+            {
+                ++paints;
+                GraphCurveWidget::paint(p, o, w);
+            }
+            int paints = 0;
+        };
+        GraphDesk graph;
+        auto* const curve = new Counted;
+        graph.addPoint(curve, {4000, 10}, true); // out of sight, and so is the curve's origin
+        graph.addPoint(curve, {4050, 30}, true);
+        graph.desk->setSceneRect(0, 0, 5000, 100);
+        graph.desk->addItem(curve);
+        QTest::qWait(60);
+        QCOMPARE(curve->paints, 0);
+        graph.centerOn(4020, 20);
+        QTest::qWait(60);
+        QVERIFY(curve->paints > 0);
+        curve->paints = 0;
+        graph.zoomAt({1.1, 0.7}, {300, 300});
+        QTest::qWait(60);
+        QCOMPARE(curve->paints, 1);
+        QTest::qWait(120);
+        QCOMPARE(curve->paints, 1);
+    }
+};
+
+namespace {
+const ui::test::Registration<GraphItemsTest> kRegistration;
+} // namespace
+
+#include "tst_graphitems.moc"

@@ -1,0 +1,138 @@
+#include "MorrantUI/graph/graphmoves.h"
+#include "support/TestCase.h"
+#include <MorrantUI/graph/graphsegments.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+using namespace ui::Graph;
+
+namespace {
+
+constexpr double kFar = std::numeric_limits<double>::infinity();
+constexpr CurveLimits kUnlimited{kFar, -kFar, kFar, kFar};
+
+double bisected(const Segment& segment, double x)
+{
+    double low = 0.0;
+    double high = 1.0;
+    while (low + (high - low) / 2 != low && low + (high - low) / 2 != high) {
+        const double middle = low + (high - low) / 2;
+        (pointAt(segment, middle).x() < x ? low : high) = middle;
+    }
+    return pointAt(segment, low).y();
+}
+
+} // namespace
+
+class GraphRulesTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aShiftDragKeepsToTheAxisOnWhichItBegan()
+    {
+        using enum AxisSnappingMode;
+        const auto locked = [](int x, int y, AxisSnappingMode present = None) {
+            return lockedAxis({{100, 100}, {100 + x, 100 - y}, true, 10, present});
+        };
+        QCOMPARE(locked(30, 10), Horizontal);
+        QCOMPARE(locked(-10, 30), Vertical);
+        QCOMPARE(locked(20, 20), Horizontal);
+        QCOMPARE(locked(60, 70), None);
+        QCOMPARE(locked(60, 70, Vertical), Vertical);
+        QCOMPARE(locked(49, 70), Vertical);
+        QCOMPARE(locked(10, 10), None);
+        QCOMPARE(lockedAxis({{}, {30, 0}, false, 10, Vertical}), None);
+    }
+    void pointsGoWhereTheyMay()
+    {
+        using enum AxisSnappingMode;
+        const QPointF wanted(12.4, 7.5);
+        QCOMPARE(acceptedPoint({wanted, {}, None, 5, {}}), QPointF(10, 10));
+        QCOMPARE(acceptedPoint({{-12.5, -7.4}, {}, None, 5, {}}), QPointF(-15, -5));
+        QCOMPARE(acceptedPoint({wanted, {1, 2}, Horizontal, {}, {}}), QPointF(12.4, 2));
+        QCOMPARE(acceptedPoint({wanted, {1, 2}, Vertical, {}, {}}), QPointF(1, 7.5));
+        QCOMPARE(acceptedPoint({{-3, 12}, {}, None, {}, 10}), QPointF(0, 10));
+        QVERIFY(!isFinite(acceptedPoint({wanted, {}, None, 0, 10})));
+    }
+    void lockedHandlesTurnTogether()
+    {
+        const auto moved = [](HandleStep step, QPointF position, std::optional<QPointF> opposite) {
+            step.locked = true;
+            const HandleMove move = handleMove(step);
+            QCOMPARE(move.position, position);
+            QCOMPARE(move.opposite.has_value(), opposite.has_value());
+            QCOMPARE(move.opposite.value_or(QPointF()), opposite.value_or(QPointF()));
+        };
+        const QPointF l(-5, 0);
+        const QPointF r(10, 0);
+        moved({.proposed = {0, 5}, .current = l, .opposite = r}, {0, 5}, QPointF(0, -10));
+        moved({.proposed = {3, 5}, .current = l, .opposite = r}, {0, 5}, QPointF(0, -10));
+        moved({.proposed = {3, 0}, .current = l, .opposite = r}, {0, 0}, {});
+        moved({.proposed = {-1, 1}, .current = {}, .opposite = r, .ratio = 2}, {-1, 1}, {{2, -2}});
+        moved({.proposed = {-1, 1}, .current = l, .opposite = {}}, {-1, 1}, {});
+        moved({.proposed = {-8, 9}, .current = l, .opposite = r, .flat = true}, {-8, 0}, {{16, 0}});
+        const HandleStep slide{.current = {-4, 2}, .opposite = r, .slide = true};
+        const auto slid = [&](QPointF to, QPointF from, QPointF position) {
+            HandleStep step = slide;
+            step.proposed = to;
+            step.current = from;
+            step.direction = {-1, 1};
+            moved(step, position, {});
+        };
+        slid({-8, 9}, {-4, 2}, {-8, 4});
+        slid({-8, 9}, {0, 2}, {0, 9});  // straight up: no division by nothing
+        slid({-8, 9}, {0, 0}, {-8, 8}); // as it pointed when it was pressed
+        QCOMPARE(
+            handleMove({.proposed = {3, 4}, .current = l, .opposite = r}).position, QPointF(3, 4));
+        moved({.proposed = l * 1e300, .current = l * 1e-300, .opposite = r * 1e300}, l * 1e300, {});
+    }
+    void aSegmentIsAFunctionOfTime()
+    {
+        std::mt19937 random(4); // NOLINT: every run the same
+        std::uniform_real_distribution<double> any(-50, 50);
+        std::uniform_real_distribution<double> share(0, 1);
+        const auto place = [&] { return QPointF(any(random), any(random)); };
+        for (int round = 0; round < 2000; ++round) {
+            Segment raw{place(), place(), place(), place(), false};
+            if (raw.start.x() > raw.end.x()) {
+                std::swap(raw.start, raw.end);
+            }
+            const Segment segment = limited(raw, round % 2 ? kUnlimited : CurveLimits());
+            const QRectF bounds = segmentBounds(segment).adjusted(0, -1e-9, 0, 1e-9);
+            double before = segment.start.x();
+            for (int step = 0; step <= 50; ++step) {
+                const QPointF point = pointAt(segment, step / 50.0);
+                QVERIFY(point.x() >= before - 1e-12);
+                QVERIFY(point.y() >= bounds.top() && point.y() <= bounds.bottom());
+                before = point.x();
+            }
+            const double x = segment.start.x() + share(random) * (before - segment.start.x());
+            const double value = valueAt(segment, x);
+            QVERIFY2(std::abs(value - bisected(segment, x)) < 1e-9, qPrintable(QString::number(x)));
+            const auto [first, second] = splitAt(segment, x);
+            const double other = segment.start.x() + share(random) * (before - segment.start.x());
+            const double splitValue = valueAt(other < x ? first : second, other);
+            QVERIFY(std::abs(splitValue - valueAt(segment, other)) < 1e-6);
+        }
+    }
+    void aHeldSegmentSteps()
+    {
+        const Segment hold{{0, 1}, {0, 1}, {4, 9}, {4, 9}, true};
+        QCOMPARE(valueAt(hold, 3.99), 1.0);
+        QCOMPARE(valueAt(hold, 4), 9.0);
+        QCOMPARE(segmentBounds(hold), QRectF(0, 1, 4, 8));
+        QCOMPARE(splitAt(hold, 2).second.start, QPointF(2, 1));
+        const Segment upright{{2, 1}, {2, 1}, {2, 5}, {2, 5}, false}; // two keys at one time
+        QCOMPARE(valueAt(upright, 2), 5.0);
+        QVERIFY(std::isfinite(valueAt(upright, std::nan(""))));
+    }
+};
+
+namespace {
+const ui::test::Registration<GraphRulesTest> kRegistration;
+} // namespace
+
+#include "tst_graphrules.moc"
