@@ -15,6 +15,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <numbers>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,7 @@ namespace {
 constexpr QSize kViewSize(1600, 900); ///< logical pixels
 constexpr double kDistance = 10.0;    ///< units between points
 constexpr double kHeight = 800.0;     ///< units of the wave that the points lie on
+constexpr double kWaves = 10.0;       ///< in the width of the view
 constexpr double kFar = std::numeric_limits<double>::infinity();
 
 /// A wave of points with handles.
@@ -44,7 +46,8 @@ struct Graph
         curve->setLimits({kFar, -kFar, kFar, kFar});
         for (int i = 0; i < points; ++i) {
             auto* const point = new GraphPointWidget(&view, curve);
-            point->forceMove({i * kDistance, kHeight / 2 * (1 + std::sin(i * 0.7))});
+            const double phase = i * kWaves * 2.0 * std::numbers::pi / shown;
+            point->forceMove({i * kDistance, kHeight / 2 * (1 + std::sin(phase))});
             new GraphBezierHandleItem(ui::Graph::Side::Left, point, point);
             new GraphBezierHandleItem(ui::Graph::Side::Right, point, point);
         }

@@ -62,6 +62,9 @@ void CurveKnots::markAround(std::size_t index)
 
 std::size_t CurveKnots::indexOf(const GraphPointWidget& point) const
 {
+    if (point.m_knotIndex < m_knots.size() && m_knots.at(point.m_knotIndex).point == &point) {
+        return point.m_knotIndex; // others have not pushed it along since
+    }
     const auto before = [](const Knot& knot, double x) { return knot.x < x; };
     auto found = std::lower_bound(m_knots.begin(), m_knots.end(), point.m_knotX, before);
     while (found != m_knots.end() && found->point != &point) {
@@ -80,6 +83,7 @@ void CurveKnots::move(GraphPointWidget& point)
     markAround(from);
     const double x = point.x();
     point.m_knotX = x;
+    point.m_knotIndex = from;
     const auto knot = m_knots.begin() + static_cast<std::ptrdiff_t>(from);
     knot->x = x;
     // To the right of all that lie before it, and no farther than it has to go.
@@ -92,8 +96,9 @@ void CurveKnots::move(GraphPointWidget& point)
         std::rotate(to, knot, knot + 1);
     }
     if (to != knot) {
+        point.m_knotIndex = static_cast<std::size_t>(to - m_knots.begin());
         markAround(from);
-        markAround(static_cast<std::size_t>(to - m_knots.begin()));
+        markAround(point.m_knotIndex);
     }
 }
 

@@ -156,7 +156,7 @@ void GeneralGraphView::endKeyScaling()
 void GeneralGraphView::cancelKeyScaling()
 {
     const ui::ChangeBatch batch(this);
-    m_toolEdit->restore(*this);
+    m_toolEdit->restore();
     endKeyScaling();
 }
 
@@ -175,7 +175,7 @@ double GeneralGraphView::moveSelectedPoints(double distance)
     }
     m_toolDistance += distance;
     if (m_toolDistance == 0.0) {
-        m_toolEdit->restore(*this); // also where the points' rules would put them elsewhere
+        m_toolEdit->restore(); // also where the points' rules would put them elsewhere
     } else {
         m_toolEdit->moveBy({m_toolDistance, 0.0});
     }
@@ -260,7 +260,7 @@ bool GeneralGraphView::cancelGesture()
     {
         const ui::ChangeBatch batch(this);
         if (m_drag && m_drag->state() == ui::GraphDrag::State::Dragging) {
-            m_drag->cancel(*this);
+            m_drag->cancel();
         } else if (m_transformTool && m_transformTool->isDragging()) {
             m_transformTool->cancelDrag();
             *m_toolEdit = {};
@@ -304,35 +304,14 @@ Qt::KeyboardModifiers GeneralGraphView::heldModifiers(const GeneralGraphView* vi
 
 // Telling the host
 
-void GeneralGraphView::reportChange(TimeEditorBaseItem* item)
+void GeneralGraphView::queueChange(TimeEditorBaseItem* item)
 {
-    auto* const point = qobject_cast<GraphPointWidget*>(item);
-    auto* const handle = qobject_cast<GraphBezierHandleItem*>(item);
-    bool& reported = point ? point->m_changeReported : handle->m_changeReported;
-    if (m_batches > 0) {
-        if (!std::exchange(reported, true)) {
-            m_changed.emplace_back(item);
-        }
-        return;
-    }
-    reported = false;
-    if (point) {
-        Q_EMIT point->pointDataChange();
-    } else {
-        Q_EMIT handle->bezierDataChange();
-    }
+    m_changed.emplace_back(item);
 }
 
-void GeneralGraphView::reportNotice(GraphPointWidget* point)
+void GeneralGraphView::queueNotice(GraphPointWidget* point)
 {
-    if (m_batches > 0) {
-        if (!std::exchange(point->m_noticeReported, true)) {
-            m_noticed.emplace_back(point);
-        }
-        return;
-    }
-    point->m_noticeReported = false;
-    point->notifyPointChanged();
+    m_noticed.emplace_back(point);
 }
 
 void GeneralGraphView::closeBatch()
@@ -340,17 +319,18 @@ void GeneralGraphView::closeBatch()
     if (--m_batches > 0) {
         return;
     }
-    const QPointer<GeneralGraphView> alive(this);
     const auto changed = std::exchange(m_changed, {});
     const auto noticed = std::exchange(m_noticed, {});
     for (const QPointer<TimeEditorBaseItem>& item : changed) {
-        if (alive && item) {
-            reportChange(item);
+        if (auto* const point = qobject_cast<GraphPointWidget*>(item.data())) {
+            point->reportChange();
+        } else if (auto* const handle = qobject_cast<GraphBezierHandleItem*>(item.data())) {
+            handle->reportChange();
         }
     }
     for (const QPointer<GraphPointWidget>& point : noticed) {
-        if (alive && point) {
-            reportNotice(point);
+        if (point) {
+            point->reportNotice();
         }
     }
 }

@@ -153,7 +153,6 @@ private:
     friend class GraphBezierHandleItem;
     friend class GraphPointWidget;
     friend class ui::ChangeBatch;
-    friend class ui::GraphEdit;
 
     enum class Edit
     {
@@ -171,8 +170,10 @@ private:
     void finishEdit();
     void openBatch() { ++m_batches; }
     void closeBatch();
-    void reportChange(TimeEditorBaseItem* item);
-    void reportNotice(GraphPointWidget* point);
+    /// Whether items wait with what they report, until the batch lets them.
+    bool isBatching() const { return m_batches > 0; }
+    void queueChange(TimeEditorBaseItem* item);
+    void queueNotice(GraphPointWidget* point);
     bool cancelRubberBand();
     void preferPoints();
     QRectF selectedBounds() const;

@@ -273,11 +273,15 @@ QPointF GraphBezierHandleItem::acceptedPosition(QPointF wanted)
 
 void GraphBezierHandleItem::reportChange()
 {
-    if (GeneralGraphView* const owner = view()) {
-        owner->reportChange(this);
-    } else {
-        Q_EMIT bezierDataChange();
+    GeneralGraphView* const owner = view();
+    if (owner && owner->isBatching()) {
+        if (!std::exchange(m_changeReported, true)) {
+            owner->queueChange(this);
+        }
+        return;
     }
+    m_changeReported = false;
+    Q_EMIT bezierDataChange();
 }
 
 void GraphBezierHandleItem::rememberPress(QPointF scenePosition)

@@ -13,6 +13,10 @@ class GeneralGraphView;
 class GraphPointWidget;
 class QTransform;
 
+namespace ui {
+class GraphEdit;
+}
+
 /// A tangent handle of a point, which is its parent: a knob of ten pixels on a stem. Its position
 /// is its distance from the point, in scene units, y downward.
 ///
@@ -70,6 +74,7 @@ protected:
 private:
     friend class GeneralGraphView;
     friend class GraphPointWidget;
+    friend class ui::GraphEdit;
 
     GeneralGraphView* view() const;
     void showAsAsked();

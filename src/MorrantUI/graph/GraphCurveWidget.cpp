@@ -19,6 +19,7 @@ namespace {
 
 constexpr double kLineWidth = 2.0;              ///< pixels
 constexpr double kDotPeriod = 3.0 * kLineWidth; ///< pixels from dot to dot
+constexpr std::size_t kPieceLength = 32;        ///< segments that are drawn as one path
 constexpr double kShapeReach = 0.5;             ///< scene units, of a default stroker's width
 
 /// The part of a level line that lies in a stretch, with its dots where the whole line has them.
@@ -219,10 +220,23 @@ void GraphCurveWidget::paint(
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
     painter->setPen(pen);
-    painter->drawPath(all.pathOf(all.segmentsBetween(exposed.left(), exposed.right())));
+    const ui::CurveKnots::Range shown = all.segmentsBetween(exposed.left(), exposed.right());
+    paintSolid(*painter, shown.first, shown.last);
     pen.setStyle(Qt::DotLine);
     painter->setPen(pen);
     paintEnds(*painter, kDotPeriod / scale);
+}
+
+/// The segments that end at knots from `first` up to `last`.
+void GraphCurveWidget::paintSolid(QPainter& painter, std::size_t first, std::size_t last) const
+{
+    // Qt's time for a path grows faster than its length. The pieces' round ends hide in each other,
+    // which only shows through a line that is translucent.
+    const bool opaque = painter.pen().color().alpha() == 255;
+    const std::size_t length = opaque ? kPieceLength : std::max<std::size_t>(last, 1);
+    for (; first < last; first += length) {
+        painter.drawPath(m_knots->pathOf({first, std::min(first + length, last)}));
+    }
 }
 
 /// What lies beyond the first and the last point.

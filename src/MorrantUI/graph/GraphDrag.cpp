@@ -1,7 +1,6 @@
 #include "MorrantUI/graph/GraphDrag.h"
 
 #include "MorrantUI/graph/graphmoves.h"
-#include <MorrantUI/graph/GeneralGraphView.h>
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 
@@ -47,12 +46,17 @@ void GraphEdit::moveBy(QPointF total)
     }
 }
 
-void GraphEdit::restore(GeneralGraphView& view)
+void GraphEdit::restore()
 {
     for (const Entry& entry : m_entries) {
         if (entry.item && entry.item->pos() != entry.start) {
             entry.item->forceMove(entry.start);
-            view.reportChange(entry.item);
+            if (auto* const point = qobject_cast<GraphPointWidget*>(entry.item.data())) {
+                point->reportChange();
+            } else if (auto* const handle = qobject_cast<GraphBezierHandleItem*>(entry.item.data()))
+            {
+                handle->reportChange();
+            }
         }
     }
 }
@@ -102,9 +106,9 @@ void GraphDrag::dragTo(QPointF scenePosition)
     }
 }
 
-void GraphDrag::cancel(GeneralGraphView& view)
+void GraphDrag::cancel()
 {
-    m_edit.restore(view);
+    m_edit.restore();
     m_state = State::Cancelled;
 }
 

@@ -5,7 +5,6 @@
 
 #include <vector>
 
-class GeneralGraphView;
 class TimeEditorBaseItem;
 
 namespace ui {
@@ -21,8 +20,8 @@ public:
     /// Moves what moves to a distance from where it was at the beginning; the items' own rules
     /// decide where they end. @param total in the coordinates of the items' parents
     void moveBy(QPointF total);
-    /// Puts everything back exactly, and reports it to the view as changed where it had moved.
-    void restore(GeneralGraphView& view);
+    /// Puts everything back exactly; what had moved reports it.
+    void restore();
     bool hasChanged() const;
     bool isEmpty() const { return m_entries.empty(); }
 
@@ -59,7 +58,7 @@ public:
     /// The first call begins the drag.
     void dragTo(QPointF scenePosition);
     /// Everything is where it was; further movements are ignored.
-    void cancel(GeneralGraphView& view);
+    void cancel();
 
 private:
     void start();

@@ -14,6 +14,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -106,13 +107,8 @@ void GraphPointWidget::setInterpolation(Interpolation interpolation, bool silent
         right->showHandle(curved);
     }
     handlesChanged();
-    if (silent || !enableUpdates()) {
-        return;
-    }
-    if (m_view) {
-        m_view->reportNotice(this);
-    } else {
-        notifyPointChanged();
+    if (!silent && enableUpdates()) {
+        reportNotice();
     }
 }
 
@@ -208,11 +204,7 @@ QVariant GraphPointWidget::itemChange(GraphicsItemChange change, const QVariant&
             m_curve->pointMoved(this);
         }
         if (scene() && enableUpdates()) {
-            if (m_view) {
-                m_view->reportChange(this);
-            } else {
-                Q_EMIT pointDataChange();
-            }
+            reportChange();
         }
         return value;
     case ItemSelectedChange:
@@ -229,6 +221,31 @@ QVariant GraphPointWidget::itemChange(GraphicsItemChange change, const QVariant&
     default: break;
     }
     return TimeEditorBaseItem::itemChange(change, value);
+}
+
+void GraphPointWidget::reportChange()
+{
+    // Once for each batch; the batch asks again at its end.
+    if (m_view && m_view->isBatching()) {
+        if (!std::exchange(m_changeReported, true)) {
+            m_view->queueChange(this);
+        }
+        return;
+    }
+    m_changeReported = false;
+    Q_EMIT pointDataChange();
+}
+
+void GraphPointWidget::reportNotice()
+{
+    if (m_view && m_view->isBatching()) {
+        if (!std::exchange(m_noticeReported, true)) {
+            m_view->queueNotice(this);
+        }
+        return;
+    }
+    m_noticeReported = false;
+    notifyPointChanged();
 }
 
 QPointF GraphPointWidget::acceptedPosition(QPointF wanted) const

@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <array>
+#include <cstddef>
 
 class GeneralGraphView;
 class GraphBezierHandleItem;
@@ -18,7 +19,8 @@ class QTransform;
 
 namespace ui {
 class CurveKnots;
-}
+class GraphEdit;
+} // namespace ui
 
 /// A point of a curve, which is its parent: a diamond of twelve pixels at any zoom. Its two handles
 /// are its children, placed from it.
@@ -94,8 +96,11 @@ private:
     friend class GraphCurveWidget;
     friend class GraphBezierHandleItem;
     friend class ui::CurveKnots;
+    friend class ui::GraphEdit;
 
     QPointF acceptedPosition(QPointF wanted) const;
+    void reportChange();
+    void reportNotice();
     void toggleInterpolation();
     void sizeFor(const QTransform& zoom);
     void placeHandles();
@@ -115,6 +120,7 @@ private:
 
     GraphCurveWidget* m_curve = nullptr; ///< the parent, which takes it back when it dies
     double m_knotX = 0.0;                ///< the x by which the curve has sorted it
+    std::size_t m_knotIndex = 0;         ///< where in that order it was last
     std::array<GraphBezierHandleItem*, 2> m_handles{}; ///< by side
     bool m_handlesStale = true;
     bool m_changeReported = false; ///< waits for the end of the batch
