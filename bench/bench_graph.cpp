@@ -229,7 +229,7 @@ int main(int argc, char** argv)
 {
     return benchWithTheme(argc, argv, [](Report& report) {
         benchRepaint(report, "graph-repaint-10000-linear", 10000, false, 1.5);
-        benchRepaint(report, "graph-repaint-10000-curved", 10000, true, 0);
+        benchRepaint(report, "graph-repaint-10000-curved", 10000, true, 1.5);
         benchRepaint(report, "graph-repaint-100-of-10000", 100, false, 0);
         benchGrowth(report, "graph-repaint-1000", 1000, 3.0);
         benchGrowth(report, "graph-repaint-10000", 10000, 0);

@@ -1,6 +1,7 @@
 #include "GraphDesk.h"
 #include "support/TestCase.h"
 
+#include <cmath>
 #include <random>
 
 using ui::Graph::Interpolation;
@@ -138,7 +139,8 @@ private Q_SLOTS:
     {
         GraphDesk graph({{20, 20}, {60, 20}, {90, 60}}, true);
         graph.curve->setFlag(QGraphicsItem::ItemIsSelectable);
-        graph.point(2)->setSelected(true);
+        graph.click(graph.point(2)); // which lies behind the curve
+        QVERIFY(graph.point(2)->isSelected());
         graph.pointer.moveTo(graph.mapFromScene(10, 5));
         graph.pointer.press();
         graph.pointer.dragTo(graph.mapFromScene(70, 40));
@@ -299,7 +301,7 @@ private Q_SLOTS:
         std::mt19937 random(2026);
         const auto upTo = [&](int most) { return static_cast<int>(random() % unsigned(most)); };
         for (int step = 0; step < std::max(steps, 400); ++step) {
-            switch (upTo(14)) {
+            switch (upTo(15)) {
             case 0: graph.hold(Qt::KeyboardModifiers(upTo(8) << 25)); break;
             case 1: graph.pointer.release(); break;
             case 2: QTest::keyPress(&graph, Qt::Key(Qt::Key_Left + upTo(4))); break;
@@ -315,8 +317,17 @@ private Q_SLOTS:
                 }
                 break;
             case 10: graph.addPoint(graph.curve, QPointF(upTo(100), upTo(100)), upTo(2)); break;
+            case 11:
+                if (graph.curve->pointCount() > 0 && graph.left(0)) {
+                    graph.left(0)->setPos(-std::pow(10, upTo(308)), std::pow(10, upTo(308)));
+                    graph.viewport()->grab();
+                }
+                break;
             default: {
-                const auto items = graph.desk->items();
+                const auto items = graph.desk->items(graph.getVisibleRect());
+                if (items.isEmpty()) {
+                    break;
+                }
                 const auto index = upTo(static_cast<int>(items.size()));
                 graph.pointer.moveTo(graph.at(items.at(index)));
                 graph.pointer.press();

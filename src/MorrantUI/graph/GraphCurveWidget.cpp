@@ -192,8 +192,26 @@ bool GraphCurveWidget::collidesWithPath(const QPainterPath& path, Qt::ItemSelect
     const ui::CurveKnots& all = knots();
     const ui::CurveKnots::Range range =
         all.segmentsBetween(reached.left() - kShapeReach, reached.right() + kShapeReach);
+    if (isOnPoint(reached)) {
+        return false;
+    }
     const QPainterPath near = widened(all.pathOf(range));
     return near.intersects(reached) && near.intersects(path);
+}
+
+/// Whether a place lies within the diamond of a point, which may lie behind the curve.
+bool GraphCurveWidget::isOnPoint(const QRectF& place) const
+{
+    const std::vector<ui::CurveKnots::Knot>& all = knots().knots();
+    const double reach = all.empty() ? 0.0 : all.front().item->boundingRect().width();
+    const auto before = [](const ui::CurveKnots::Knot& knot, double x) { return knot.x < x; };
+    auto knot = std::lower_bound(all.begin(), all.end(), place.left() - reach, before);
+    for (; knot != all.end() && knot->x <= place.right() + reach; ++knot) {
+        if (knot->point && knot->point->rect().translated(knot->point->pos()).contains(place)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 QColor GraphCurveWidget::lineColor() const

@@ -76,6 +76,7 @@ private:
     void pointMoved(GraphPointWidget* point);
     void pointReshaped(GraphPointWidget* point);
     void announceChange();
+    bool isOnPoint(const QRectF& place) const;
     void paintSolid(QPainter& painter, std::size_t first, std::size_t last) const;
     void paintEnds(QPainter& painter, double period) const;
     ui::CurveKnots& knots() const;
