@@ -28,6 +28,8 @@ public:
         desk->setSceneRect(-20, -20, 140, 140);
         setScene(desk);
         curve = addCurve(places, bezier);
+        connect(
+            desk, &QGraphicsScene::selectionChanged, this, &GeneralGraphView::updateTransformTool);
         setDragMode(RubberBandDrag);
         resize(600, 600);
         show();
@@ -76,6 +78,12 @@ public:
     GraphBezierHandleItem* right(std::size_t index) const { return point(index)->getRightBezier(); }
     QPoint at(const QGraphicsItem* item) const { return mapFromScene(item->scenePos()); }
 
+    void select(std::initializer_list<std::size_t> indices)
+    {
+        for (const std::size_t index : indices) {
+            point(index)->setSelected(true);
+        }
+    }
     /// Holds modifiers for events and for those who ask the keyboard.
     void hold(Qt::KeyboardModifiers modifiers)
     {

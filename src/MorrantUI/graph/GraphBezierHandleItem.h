@@ -32,6 +32,8 @@ public:
     ~GraphBezierHandleItem() override;
 
     void setup() {}
+    /// Kept with the handle; what is drawn has sizes of its own.
+    int handleSize() const { return m_handleSize; }
 
     ui::Graph::Side side() const { return m_side; }
     GraphPointWidget* getParentPoint() const;
