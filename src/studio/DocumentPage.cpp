@@ -22,6 +22,7 @@ DocumentPage::DocumentPage(QWidget* parent)
     layout->addWidget(m_viewport);
     setFocusProxy(m_viewport);
     connect(m_editor, &DocumentEditor::edited, m_viewport, qOverload<>(&QWidget::update));
+    connect(m_editor, &DocumentEditor::clipChanged, m_viewport, qOverload<>(&QWidget::update));
     connect(m_editor, &DocumentEditor::layersChanged, this, &DocumentPage::followLayers);
     connect(
         m_viewport,

@@ -1,41 +1,161 @@
 #include "editing/DocumentEditor.h"
 
+#include "editing/PropertyDelta.h"
 #include "editing/layerorder.h"
+#include "lottie/evaluate.h"
+#include "lottie/reader.h"
 
 #include <QUndoCommand>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace studio {
 
-/// One property before and after. Which one it is, and the keys' places in the file, is all that
-/// saving needs.
-class DocumentEditor::Step : public QUndoCommand
+namespace {
+
+/// What concerns one property, in the order of first appearance.
+struct ChangesOfOne
+{
+    PropertyAddress address;
+    std::vector<KeyChange> changes = {};
+    std::vector<std::size_t> origins = {}; ///< places among all changes
+};
+
+struct KeysOfOne
+{
+    PropertyAddress address;
+    std::vector<std::size_t> places = {}; ///< upwards, each once
+};
+
+template <typename One>
+One& oneFor(const PropertyAddress& address, std::vector<One>& all)
+{
+    const auto found = std::find_if(all.rbegin(), all.rend(), [&address](const One& one) {
+        return one.address == address; // mostly the last one
+    });
+    return found != all.rend() ? *found : all.emplace_back(One{address});
+}
+
+std::vector<ChangesOfOne> byProperty(const std::vector<PropertyKeyChange>& changes)
+{
+    std::vector<ChangesOfOne> all;
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        ChangesOfOne& one = oneFor(changes[i].property, all);
+        one.changes.push_back(changes[i].change);
+        one.origins.push_back(i);
+    }
+    return all;
+}
+
+std::vector<KeysOfOne> byProperty(const std::vector<KeyAddress>& keys)
+{
+    std::vector<KeysOfOne> all;
+    for (const KeyAddress& key : keys) {
+        oneFor(key.property, all).places.push_back(key.key);
+    }
+    for (KeysOfOne& one : all) {
+        std::sort(one.places.begin(), one.places.end());
+        one.places.erase(std::unique(one.places.begin(), one.places.end()), one.places.end());
+    }
+    return all;
+}
+
+bool isClip(const ClipTimes& times)
+{
+    const auto isFrame = [](double time) { return std::abs(time) <= kMaxFrame; };
+    return isFrame(times.inPoint) && isFrame(times.outPoint) && isFrame(times.startTime)
+           && times.outPoint > times.inPoint;
+}
+
+/// Files write a solid's colour in eight bits a channel.
+double storable(Attribute attribute, double value)
+{
+    constexpr double kFull = 255;
+    return attribute == Attribute::SolidColor
+               ? std::round(std::clamp(value, 0.0, 1.0) * kFull) / kFull
+               : value;
+}
+
+/// Copied keys for a property from a frame on. What their values lack is the property's own.
+std::vector<LooseKey> fitted(const CopiedKeys& row, const NumberProperty& property, int frame)
+{
+    std::vector<LooseKey> keys = row.keys;
+    for (LooseKey& key : keys) {
+        key.time = std::min(key.time + frame, kMaxFrame);
+        const Numbers own = valueAt(property, key.time);
+        for (int i = 0; i < static_cast<int>(own.size()); ++i) {
+            if (i >= row.dimensions || i >= property.dimensions) {
+                key.value[static_cast<std::size_t>(i)] = own[static_cast<std::size_t>(i)];
+            }
+        }
+    }
+    return keys;
+}
+
+} // namespace
+
+/// Properties and clips, as what has changed in them: which they are, and the keys' places in the
+/// file, is all that saving needs.
+class DocumentEditor::EditStep : public QUndoCommand
 {
 public:
-    Step(DocumentEditor& editor, Gesture gesture, NumberProperty after)
-        : QUndoCommand(gesture.text)
+    struct Clip
+    {
+        int layer = -1;
+        ClipTimes before;
+        ClipTimes after;
+    };
+
+    EditStep(
+        DocumentEditor& editor,
+        const QString& text,
+        std::vector<PropertyDelta> properties,
+        std::vector<Clip> clips)
+        : QUndoCommand(text)
         , m_editor(editor)
-        , m_gesture(std::move(gesture))
-        , m_after(std::move(after))
+        , m_properties(std::move(properties))
+        , m_clips(std::move(clips))
     {}
 
-    void undo() override { m_editor.write(m_gesture.address, m_gesture.before); }
+    void undo() override
+    {
+        for (const Clip& clip : m_clips) {
+            m_editor.write(clip.layer, clip.before);
+        }
+        write(&PropertyDelta::revert);
+    }
 
     void redo() override
     {
-        // Pushing a step redoes it, which by then has happened.
-        if (*m_editor.property(m_gesture.address) != m_after) {
-            m_editor.write(m_gesture.address, m_after);
+        if (!std::exchange(m_isPushed, true)) {
+            return; // by then it has happened
         }
+        for (const Clip& clip : m_clips) {
+            m_editor.write(clip.layer, clip.after);
+        }
+        write(&PropertyDelta::apply);
     }
 
 private:
+    void write(void (PropertyDelta::*way)(NumberProperty&) const)
+    {
+        for (const PropertyDelta& delta : m_properties) {
+            (delta.*way)(*findProperty(*m_editor.m_document, delta.address()));
+            Q_EMIT m_editor.edited(delta.address());
+        }
+        if (!m_properties.empty()) {
+            Q_EMIT m_editor.restored(m_properties.front().address());
+        }
+    }
+
     DocumentEditor& m_editor;
-    Gesture m_gesture;
-    NumberProperty m_after;
+    std::vector<PropertyDelta> m_properties;
+    std::vector<Clip> m_clips;
+    bool m_isPushed = false;
 };
 
 /// Anything but a property: how to do it, and how to undo it.
@@ -82,9 +202,13 @@ void DocumentEditor::setEntries(
         return;
     }
     if (NumberProperty* property = begin(address, tr("Change %1"))) {
-        *property = m_gesture->before;
-        for (const EntryChange& entry : entries) {
+        *property = m_gesture->properties.front().second;
+        for (EntryChange entry : entries) {
+            entry.value = storable(address.attribute, entry.value);
             setEntryAt(*property, frame, entry);
+        }
+        if (!entries.empty()) {
+            property->dimensions = std::max(property->dimensions, entryCount(address.attribute));
         }
         Q_EMIT edited(address);
     }
@@ -95,7 +219,7 @@ void DocumentEditor::setEntries(
 
 bool DocumentEditor::isChanging(const PropertyAddress& address) const
 {
-    return m_gesture && m_gesture->address == address;
+    return m_gesture && m_gesture->entriesOf == address;
 }
 
 void DocumentEditor::toggleKey(const PropertyAddress& address, int frame)
@@ -116,13 +240,26 @@ void DocumentEditor::commit()
     if (!m_gesture) {
         return;
     }
-    Gesture gesture = *std::exchange(m_gesture, std::nullopt);
-    const NumberProperty& after = *property(gesture.address);
-    if (after != gesture.before) {
-        m_steps.push(new Step(*this, std::move(gesture), after));
-    } else {
-        Q_EMIT historyChanged();
+    const Gesture gesture = *std::exchange(m_gesture, std::nullopt);
+    std::vector<PropertyDelta> properties;
+    for (const auto& [address, before] : gesture.properties) {
+        PropertyDelta delta(address, before, *property(address));
+        if (!delta.isEmpty()) {
+            properties.push_back(std::move(delta));
+        }
     }
+    std::vector<EditStep::Clip> clips;
+    for (const ClipChange& before : gesture.clips) {
+        const ClipTimes after = *clipOf(before.layer);
+        if (after != before.times) {
+            clips.push_back({before.layer, before.times, after});
+        }
+    }
+    if (properties.empty() && clips.empty()) {
+        Q_EMIT historyChanged();
+        return;
+    }
+    m_steps.push(new EditStep(*this, gesture.text, std::move(properties), std::move(clips)));
 }
 
 void DocumentEditor::renameLayer(int layer, const QString& name)
@@ -277,17 +414,293 @@ NumberProperty* DocumentEditor::begin(const PropertyAddress& address, const QStr
     if (isLocked(address.layer)) {
         return nullptr;
     }
-    commit();
-    m_gesture = Gesture{address, *property, text.arg(nameOf(*m_document, address))};
+    beginGesture(text.arg(nameOf(*m_document, address)));
+    m_gesture->entriesOf = address;
+    remember(address);
     Q_EMIT historyChanged();
     return property;
 }
 
-void DocumentEditor::write(const PropertyAddress& address, const NumberProperty& property)
+void DocumentEditor::beginGesture(const QString& text)
 {
-    *findProperty(*m_document, address) = property;
-    Q_EMIT edited(address);
-    Q_EMIT restored(address);
+    commit();
+    m_gesture = Gesture{text};
+    Q_EMIT historyChanged();
+}
+
+std::vector<std::optional<KeyAddress>> DocumentEditor::changeKeys(
+    const std::vector<PropertyKeyChange>& changes)
+{
+    std::vector<std::optional<KeyAddress>> places(changes.size());
+    if (!isInGesture()) {
+        return places;
+    }
+    giveKeysBack();
+    for (const ChangesOfOne& one : byProperty(changes)) {
+        NumberProperty* property = keysOf(one.address);
+        if (!property) {
+            continue;
+        }
+        remember(one.address);
+        const auto now = studio::changeKeys(*property, one.changes);
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            if (now[i]) {
+                places[one.origins[i]] = KeyAddress{one.address, *now[i]};
+            }
+        }
+    }
+    for (const auto& [address, before] : m_gesture->properties) {
+        Q_EMIT edited(address);
+    }
+    return places;
+}
+
+void DocumentEditor::setClips(const std::vector<ClipChange>& clips)
+{
+    if (!isInGesture()) {
+        return;
+    }
+    const std::vector<ClipChange> before = m_gesture->clips;
+    const auto isBefore = [&before](int layer) {
+        return std::find_if(
+                   before.begin(),
+                   before.end(),
+                   [layer](const ClipChange& clip) { return clip.layer == layer; })
+               != before.end();
+    };
+    giveClipsBack();
+    for (const ClipChange& clip : clips) {
+        const auto now = clipOf(clip.layer);
+        if (!now || isLocked(clip.layer) || !isClip(clip.times)) {
+            continue;
+        }
+        if (!isBefore(clip.layer)) {
+            m_gesture->clips.push_back({clip.layer, *now});
+        }
+        write(clip.layer, clip.times);
+    }
+}
+
+void DocumentEditor::cancel()
+{
+    if (m_gesture) {
+        giveKeysBack();
+        giveClipsBack();
+        for (const auto& [address, before] : m_gesture->properties) {
+            Q_EMIT edited(address);
+        }
+        commit();
+    }
+}
+
+const Keyframe<Numbers>* DocumentEditor::keyAt(const KeyAddress& address) const
+{
+    const NumberProperty* property = found(address.property);
+    return property && address.key < property->keys.size() ? &property->keys[address.key] : nullptr;
+}
+
+std::optional<ClipTimes> DocumentEditor::clipOf(int layer) const
+{
+    const Layer* found = m_document ? findLayer(*m_document, layer) : nullptr;
+    return found ? std::optional(ClipTimes{found->inPoint, found->outPoint, found->startTime})
+                 : std::nullopt;
+}
+
+std::optional<KeyAddress> DocumentEditor::addKey(const PropertyAddress& address, int frame)
+{
+    commit();
+    const NumberProperty* now = keysOf(address);
+    if (!now) {
+        return std::nullopt;
+    }
+    if (keyStateAt(*now, frame) != KeyState::KeyAtFrame) {
+        toggleKey(address, frame);
+    }
+    const auto at = std::find_if(now->keys.begin(), now->keys.end(), [frame](const auto& key) {
+        return key.time >= frame - kSameFrame;
+    });
+    return KeyAddress{address, static_cast<std::size_t>(at - now->keys.begin())};
+}
+
+void DocumentEditor::deleteKeys(const std::vector<KeyAddress>& keys)
+{
+    beginGesture(keys.size() == 1 ? tr("Delete Key") : tr("Delete Keys"));
+    for (const KeysOfOne& one : byProperty(keys)) {
+        edit(one.address, [&one](NumberProperty& property) {
+            removeKeys(property, one.places);
+            return std::vector<std::size_t>();
+        });
+    }
+    commit();
+}
+
+std::vector<KeyAddress> DocumentEditor::nudgeKeys(const std::vector<KeyAddress>& keys, int frames)
+{
+    return moveKeys(
+        keys.size() == 1 ? tr("Move Key") : tr("Move Keys"),
+        keys,
+        [frames](double time) { return time + frames; },
+        false);
+}
+
+std::vector<KeyAddress> DocumentEditor::duplicateKeys(
+    const std::vector<KeyAddress>& keys, int frames)
+{
+    return moveKeys(
+        keys.size() == 1 ? tr("Duplicate Key") : tr("Duplicate Keys"),
+        keys,
+        [frames](double time) { return time + frames; },
+        true);
+}
+
+std::vector<KeyAddress> DocumentEditor::scaleKeys(
+    const std::vector<KeyAddress>& keys, double pivot, double factor)
+{
+    return moveKeys(
+        tr("Scale Keys"),
+        keys,
+        [pivot, factor](double time) { return std::round(pivot + (time - pivot) * factor); },
+        false);
+}
+
+std::vector<CopiedKeys> DocumentEditor::copyKeys(const std::vector<KeyAddress>& keys) const
+{
+    std::vector<CopiedKeys> rows;
+    double first = std::numeric_limits<double>::infinity();
+    for (const KeysOfOne& one : byProperty(keys)) {
+        const NumberProperty* source = property(one.address);
+        CopiedKeys row{one.address, source ? source->dimensions : 1, {}};
+        for (const std::size_t place : one.places) {
+            if (source && place < source->keys.size()) {
+                row.keys.push_back(looseKey(*source, place));
+            }
+        }
+        if (!row.keys.empty()) {
+            first = std::min(first, row.keys.front().time);
+            rows.push_back(std::move(row));
+        }
+    }
+    for (CopiedKeys& row : rows) {
+        for (LooseKey& key : row.keys) {
+            key.time -= first;
+        }
+    }
+    return rows;
+}
+
+std::vector<KeyAddress> DocumentEditor::pasteKeys(
+    const std::vector<CopiedKeys>& rows, int frame, int layer)
+{
+    std::vector<KeyAddress> pasted;
+    if (!m_document) {
+        return pasted;
+    }
+    beginGesture(tr("Paste Keys"));
+    for (const CopiedKeys& row : rows) {
+        const auto target = pasteTarget(*m_document, row.property, layer);
+        if (!target || isTouched(*target)) { // of rows that meet in one only the first counts
+            continue;
+        }
+        const auto added = edit(*target, [&](NumberProperty& property) {
+            property.dimensions = std::max(property.dimensions, entryCount(target->attribute));
+            return insertKeys(property, fitted(row, property, frame));
+        });
+        pasted.insert(pasted.end(), added.begin(), added.end());
+    }
+    commit();
+    return pasted;
+}
+
+/// Null where keys cannot be edited.
+NumberProperty* DocumentEditor::keysOf(const PropertyAddress& address)
+{
+    const bool isOpen = m_document && canBeAnimated(address.attribute) && !isLocked(address.layer);
+    return isOpen ? findProperty(*m_document, address) : nullptr;
+}
+
+/// As the gesture found it.
+const NumberProperty* DocumentEditor::found(const PropertyAddress& address) const
+{
+    if (m_gesture) {
+        for (const auto& [touched, before] : m_gesture->properties) {
+            if (touched == address) {
+                return &before;
+            }
+        }
+    }
+    return property(address);
+}
+
+bool DocumentEditor::isTouched(const PropertyAddress& address) const
+{
+    return found(address) != property(address);
+}
+
+void DocumentEditor::remember(const PropertyAddress& address)
+{
+    if (!isTouched(address)) {
+        m_gesture->properties.emplace_back(address, *property(address));
+    }
+}
+
+void DocumentEditor::giveKeysBack()
+{
+    for (const auto& [address, before] : m_gesture->properties) {
+        *findProperty(*m_document, address) = before;
+    }
+}
+
+void DocumentEditor::giveClipsBack()
+{
+    for (const ClipChange& before : m_gesture->clips) {
+        write(before.layer, before.times);
+    }
+}
+
+void DocumentEditor::write(int layer, const ClipTimes& times)
+{
+    Layer& clip = m_document->main.layers[static_cast<std::size_t>(layer)];
+    clip.inPoint = times.inPoint;
+    clip.outPoint = times.outPoint;
+    clip.startTime = times.startTime;
+    Q_EMIT clipChanged(layer);
+}
+
+/// Changes the keys of a property in the gesture. @return where those that it names are
+std::vector<KeyAddress> DocumentEditor::edit(
+    const PropertyAddress& address, const PropertyEdit& change)
+{
+    std::vector<KeyAddress> keys;
+    if (NumberProperty* property = keysOf(address)) {
+        remember(address);
+        for (const std::size_t place : change(*property)) {
+            keys.push_back({address, place});
+        }
+        Q_EMIT edited(address);
+    }
+    return keys;
+}
+
+std::vector<KeyAddress> DocumentEditor::moveKeys(
+    const QString& text, const std::vector<KeyAddress>& keys, const TimeMap& map, bool asCopies)
+{
+    beginGesture(text);
+    std::vector<PropertyKeyChange> changes;
+    for (const KeyAddress& address : keys) {
+        if (const auto* key = keyAt(address)) {
+            changes.push_back(
+                {address.property,
+                 {.key = address.key, .time = map(key->time), .asCopy = asCopies}});
+        }
+    }
+    std::vector<KeyAddress> moved;
+    for (const auto& place : changeKeys(changes)) {
+        if (place) {
+            moved.push_back(*place);
+        }
+    }
+    commit();
+    return moved;
 }
 
 } // namespace studio

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "editing/PropertyAddress.h"
+#include "editing/keychanges.h"
+#include "editing/keyclipboard.h"
 #include "editing/keyediting.h"
 
 #include <QObject>
@@ -9,13 +11,39 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace studio {
 
+/// A change of one key of the document; its place is as in KeyAddress.
+struct PropertyKeyChange
+{
+    PropertyAddress property;
+    KeyChange change;
+};
+
+/// When a layer is shown.
+struct ClipTimes
+{
+    double inPoint = 0;   ///< first frame shown
+    double outPoint = 0;  ///< first frame no longer shown, above inPoint
+    double startTime = 0; ///< frame at which a precomposition's own frame 0 lies
+
+    bool operator==(const ClipTimes&) const = default;
+};
+
+struct ClipChange
+{
+    int layer = -1;
+    ClipTimes times;
+};
+
 /// The open document, and the only way to change it. Every change is in the document at once.
-/// Changes of one property that follow each other are a gesture, which is one undo step: each
-/// takes the place of the one before. It ends with commit(), with a change of another property, and
-/// before undo and redo.
+/// Changes that follow each other can be a gesture, which is one undo step: each takes the place of
+/// the one before. Changes of one property by setEntries() are one, until a change of another
+/// property; those of many keys and clips are one from beginGesture() on. A gesture ends with
+/// commit() or cancel(), with any other edit, and before undo and redo.
 class DocumentEditor : public QObject
 {
     Q_OBJECT
@@ -34,12 +62,53 @@ public:
     /// take a gesture back. Ignored, as toggleKey() is, where the document has nothing.
     void setEntries(
         const PropertyAddress& address, int frame, const std::vector<EntryChange>& entries);
-    /// Whether a gesture is changing that property.
+    /// Whether setEntries() is changing that property in a gesture.
     bool isChanging(const PropertyAddress& address) const;
     /// As toggleKeyAt(); an undo step of its own.
     void toggleKey(const PropertyAddress& address, int frame);
     /// Ends the gesture. One that has changed nothing in the end leaves no undo step.
     void commit();
+
+    /// What follows changes keys of several properties together, and clips. Properties that the
+    /// document does not have or cannot animate, keys that are not there and locked layers are left
+    /// alone.
+
+    /// Begins a gesture of changeKeys() and setClips(), which other edits end.
+    /// @param text of the undo step, as in "Move Keys"
+    void beginGesture(const QString& text);
+    /// Whether there is one that beginGesture() has begun.
+    bool isInGesture() const { return m_gesture && !m_gesture->entriesOf; }
+    /// Changes keys as changeKeys(NumberProperty&, …) does, in place of all that the gesture has
+    /// changed in keys so far: places and relative changes count from its beginning. What a moved
+    /// key covers is gone only when the gesture ends there. Ignored without a gesture.
+    /// @return where the keys are now, one for each change; nothing for those that are no more
+    std::vector<std::optional<KeyAddress>> changeKeys(
+        const std::vector<PropertyKeyChange>& changes);
+    /// Changes when layers are shown, in place of what the gesture has changed in clips so far.
+    /// Keys stay at their frames. Times that are no clip are left alone. Ignored without a gesture.
+    void setClips(const std::vector<ClipChange>& clips);
+    /// Ends the gesture and gives everything back.
+    void cancel();
+    /// Of a key when the gesture began, or now when there is none; null when it is not there.
+    const Keyframe<Numbers>* keyAt(const KeyAddress& address) const;
+    std::optional<ClipTimes> clipOf(int layer) const;
+
+    /// Undo steps of their own. Keys that are returned are where they are afterwards.
+
+    /// Adds a key with the value that the property has at a frame. @return that of the frame
+    std::optional<KeyAddress> addKey(const PropertyAddress& address, int frame);
+    void deleteKeys(const std::vector<KeyAddress>& keys);
+    std::vector<KeyAddress> nudgeKeys(const std::vector<KeyAddress>& keys, int frames);
+    /// Copies keys to later or earlier frames.
+    std::vector<KeyAddress> duplicateKeys(const std::vector<KeyAddress>& keys, int frames);
+    /// Stretches the times of keys about a frame, to whole frames. @param factor may be negative
+    std::vector<KeyAddress> scaleKeys(
+        const std::vector<KeyAddress>& keys, double pivot, double factor);
+    /// For the clipboard; nothing when there are no keys.
+    std::vector<CopiedKeys> copyKeys(const std::vector<KeyAddress>& keys) const;
+    /// Adds keys with the first of them at a frame; see pasteTarget() for where.
+    /// @param layer -1 for the layers they come from
+    std::vector<KeyAddress> pasteKeys(const std::vector<CopiedKeys>& rows, int frame, int layer);
 
     /// What follows changes layers by their places in the main composition, and the notes. Each is
     /// an undo step of its own, or none when it changes nothing. Places without a layer are
@@ -68,9 +137,11 @@ public Q_SLOTS:
     void redo();
 
 Q_SIGNALS:
-    /// A property has changed, also by undo and redo.
+    /// A property has changed, also by undo and redo. One signal for each property of a change.
     void edited(const studio::PropertyAddress& address);
-    /// Undo or redo has changed a property.
+    /// When a layer is shown has changed, also by undo and redo.
+    void clipChanged(int layer);
+    /// Undo or redo has changed properties: the first of them.
     void restored(const studio::PropertyAddress& address);
     /// The layers' names, order, visibility or locks are about to change, by other than undo and
     /// redo: what is being entered for a layer has to be taken over now.
@@ -83,18 +154,33 @@ Q_SIGNALS:
 private:
     struct Gesture
     {
-        PropertyAddress address;
-        NumberProperty before;
         QString text;
+        std::optional<PropertyAddress> entriesOf = {}; ///< of setEntries() on that property
+        std::vector<std::pair<PropertyAddress, NumberProperty>> properties = {}; ///< as found
+        std::vector<ClipChange> clips = {};                                      ///< as found
     };
-    class Step;
+    class EditStep;
     class OtherStep;
+    using TimeMap = std::function<double(double time)>;
+    using PropertyEdit = std::function<std::vector<std::size_t>(NumberProperty& property)>;
 
     void prepare();
     void push(const QString& text, std::function<void()> forth, std::function<void()> back);
     void setFlag(bool Layer::*flag, const std::vector<int>& layers, bool on, const QString& text);
     NumberProperty* begin(const PropertyAddress& address, const QString& text);
-    void write(const PropertyAddress& address, const NumberProperty& property);
+    NumberProperty* keysOf(const PropertyAddress& address);
+    const NumberProperty* found(const PropertyAddress& address) const;
+    bool isTouched(const PropertyAddress& address) const;
+    void remember(const PropertyAddress& address);
+    void giveKeysBack();
+    void giveClipsBack();
+    void write(int layer, const ClipTimes& times);
+    std::vector<KeyAddress> edit(const PropertyAddress& address, const PropertyEdit& change);
+    std::vector<KeyAddress> moveKeys(
+        const QString& text,
+        const std::vector<KeyAddress>& keys,
+        const TimeMap& map,
+        bool asCopies);
 
     std::shared_ptr<Document> m_document;
     QUndoStack m_steps;

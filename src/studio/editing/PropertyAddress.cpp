@@ -165,4 +165,16 @@ bool canBeAnimated(Attribute attribute)
     return attribute != Attribute::SolidColor;
 }
 
+int entryCount(Attribute attribute)
+{
+    switch (attribute) {
+    case Attribute::Position:
+    case Attribute::Scale:
+    case Attribute::Anchor: return 2;
+    case Attribute::SolidColor:
+    case Attribute::ShapeColor: return 3;
+    default: return 1;
+    }
+}
+
 } // namespace studio

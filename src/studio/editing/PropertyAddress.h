@@ -33,6 +33,15 @@ struct PropertyAddress
     bool operator==(const PropertyAddress&) const = default;
 };
 
+/// Names a key. It holds until the property's keys change; during a gesture, until that has ended.
+struct KeyAddress
+{
+    PropertyAddress property;
+    std::size_t key = 0; ///< place among the property's keys, in a gesture as it found them
+
+    bool operator==(const KeyAddress&) const = default;
+};
+
 /// A layer of the main composition by its place; null when there is none.
 const Layer* findLayer(const Document& document, int layer);
 
@@ -51,5 +60,8 @@ QString nameOf(const Document& document, const PropertyAddress& address);
 
 /// Files cannot animate everything.
 bool canBeAnimated(Attribute attribute);
+
+/// How many numbers a value has at least: more are in use where the file writes more.
+int entryCount(Attribute attribute);
 
 } // namespace studio

@@ -1,10 +1,13 @@
 #include "editing/keyediting.h"
 
+#include "editing/keychanges.h"
 #include "lottie/easing.h"
 #include "lottie/evaluate.h"
+#include "lottie/reader.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 namespace studio {
@@ -126,14 +129,6 @@ Key& keyFor(NumberProperty& property, int frame)
     return *(last - 1);
 }
 
-// Joins the segments on both sides: the way out of the first and the way into the last remain.
-void joinSegments(Key& from, const Key& removed)
-{
-    from.easeIn = removed.easeIn;
-    from.spatialIn = removed.spatialIn;
-    from.hasSpatial = from.spatialOut != Numbers{} || from.spatialIn != Numbers{};
-}
-
 } // namespace
 
 KeyState keyStateAt(const NumberProperty& property, int frame)
@@ -151,7 +146,7 @@ void setEntryAt(NumberProperty& property, int frame, EntryChange change)
         return;
     }
     Numbers& numbers = property.isAnimated() ? keyFor(property, frame).value : property.value;
-    numbers.at(change.entry) = change.value;
+    numbers.at(change.entry) = std::clamp(change.value, -kMaxMagnitude, kMaxMagnitude);
     property.dimensions = std::max(property.dimensions, static_cast<int>(change.entry) + 1);
 }
 
@@ -163,12 +158,9 @@ void toggleKeyAt(NumberProperty& property, int frame)
         insertKey(property, frame);
         return;
     }
-    if (first == keys.begin() && last == keys.end()) {
-        property.value = (last - 1)->value;
-    } else if (first != keys.begin() && last != keys.end()) {
-        joinSegments(*(first - 1), *(last - 1));
-    }
-    keys.erase(first, last);
+    std::vector<std::size_t> places(static_cast<std::size_t>(last - first));
+    std::iota(places.begin(), places.end(), static_cast<std::size_t>(first - keys.begin()));
+    removeKeys(property, places);
 }
 
 } // namespace studio

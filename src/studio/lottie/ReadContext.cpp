@@ -10,9 +10,6 @@ namespace studio {
 
 namespace {
 
-// Far beyond any picture, and small enough for products of a few in single precision.
-constexpr double kMaxMagnitude = 1e9;
-
 QString tr(const char* text)
 {
     return QCoreApplication::translate("studio::Reader", text);

@@ -17,6 +17,9 @@ inline constexpr std::size_t kMaxPrecompositions = 64; ///< within each other
 inline constexpr std::size_t kMaxParents = 100;        ///< above each other
 inline constexpr double kMaxFrame = 10'000'000;        ///< the time editor counts in 32 bits
 inline constexpr double kMaxFrameRate = 1000;
+/// Larger numbers are cut: this is far beyond any picture, and small enough for products of a few
+/// in single precision.
+inline constexpr double kMaxMagnitude = 1e9;
 inline constexpr int kMaxSide = 16'384; ///< pixels of width or height
 
 struct ReadResult
