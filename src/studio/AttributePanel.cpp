@@ -34,18 +34,6 @@ bool isColor(Attribute attribute)
     return attribute == Attribute::SolidColor || attribute == Attribute::ShapeColor;
 }
 
-std::size_t entryCount(Attribute attribute)
-{
-    switch (attribute) {
-    case Attribute::Position:
-    case Attribute::Scale:
-    case Attribute::Anchor: return 2;
-    case Attribute::SolidColor:
-    case Attribute::ShapeColor: return 3;
-    default: return 1;
-    }
-}
-
 /// What the file means where it says nothing.
 double defaultOf(Attribute attribute)
 {

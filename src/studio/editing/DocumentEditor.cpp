@@ -208,7 +208,8 @@ void DocumentEditor::setEntries(
             setEntryAt(*property, frame, entry);
         }
         if (!entries.empty()) {
-            property->dimensions = std::max(property->dimensions, entryCount(address.attribute));
+            property->dimensions =
+                std::max(property->dimensions, static_cast<int>(entryCount(address.attribute)));
         }
         Q_EMIT edited(address);
     }
@@ -602,7 +603,8 @@ std::vector<KeyAddress> DocumentEditor::pasteKeys(
             continue;
         }
         const auto added = edit(*target, [&](NumberProperty& property) {
-            property.dimensions = std::max(property.dimensions, entryCount(target->attribute));
+            property.dimensions =
+                std::max(property.dimensions, static_cast<int>(entryCount(target->attribute)));
             return insertKeys(property, fitted(row, property, frame));
         });
         pasted.insert(pasted.end(), added.begin(), added.end());

@@ -165,7 +165,7 @@ bool canBeAnimated(Attribute attribute)
     return attribute != Attribute::SolidColor;
 }
 
-int entryCount(Attribute attribute)
+std::size_t entryCount(Attribute attribute)
 {
     switch (attribute) {
     case Attribute::Position:

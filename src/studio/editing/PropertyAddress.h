@@ -62,6 +62,6 @@ QString nameOf(const Document& document, const PropertyAddress& address);
 bool canBeAnimated(Attribute attribute);
 
 /// How many numbers a value has at least: more are in use where the file writes more.
-int entryCount(Attribute attribute);
+std::size_t entryCount(Attribute attribute);
 
 } // namespace studio
