@@ -267,7 +267,7 @@ void DocumentEditor::renameLayer(int layer, const QString& name)
 {
     prepare();
     const Layer* found = m_document ? findLayer(*m_document, layer) : nullptr;
-    if (!found || found->locked || found->name == name) {
+    if (!found || found->locked || found->name == name || name.isEmpty()) {
         return;
     }
     const auto rename = [this, layer](const QString& text) {

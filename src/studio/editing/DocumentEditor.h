@@ -114,7 +114,7 @@ public:
     /// an undo step of its own, or none when it changes nothing. Places without a layer are
     /// ignored.
 
-    /// Ignored for a locked layer.
+    /// Ignored for a locked layer, and an empty name.
     void renameLayer(int layer, const QString& name);
     void setHidden(const std::vector<int>& layers, bool hidden);
     /// Locked layers are neither renamed nor moved, and their properties cannot be changed.

@@ -89,15 +89,16 @@ const NumberProperty* findProperty(const Document& document, const PropertyAddre
         return nullptr;
     }
     const Transform& transform = layer->transform;
+    const bool isSplit = transform.splitPosition;
     switch (address.attribute) {
-    case Attribute::Position: return &transform.position;
-    case Attribute::PositionX: return &transform.positionX;
-    case Attribute::PositionY: return &transform.positionY;
+    case Attribute::Position: return isSplit ? nullptr : &transform.position;
+    case Attribute::PositionX: return isSplit ? &transform.positionX : nullptr;
+    case Attribute::PositionY: return isSplit ? &transform.positionY : nullptr;
     case Attribute::Scale: return &transform.scale;
     case Attribute::Rotation: return &transform.rotation;
     case Attribute::Opacity: return &transform.opacity;
     case Attribute::Anchor: return &transform.anchor;
-    case Attribute::SolidColor: return &layer->color;
+    case Attribute::SolidColor: return layer->kind == LayerKind::Solid ? &layer->color : nullptr;
     case Attribute::ShapeColor: break;
     }
     const ShapeItem* item = findItem(*layer, address.item);

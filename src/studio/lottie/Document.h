@@ -172,7 +172,7 @@ struct Layer
     double startTime = 0; ///< frame at which a precomposition's own frame 0 lies
     double stretch = 1;   ///< frames of this composition to one of the precomposition's; never 0
     bool hidden = false;
-    bool locked = false;  ///< the user's, against edits; files do not have it
+    bool locked = false;  ///< the user's, against edits
     bool isMatte = false; ///< stands only for the matte of another layer: not drawn itself
     Transform transform;
     std::vector<ShapeItem> shapes; ///< first on top
@@ -226,7 +226,7 @@ struct Document
     std::vector<Marker> markers;
     double colorUnit = 1; ///< what the file writes for a full colour channel: 255 in old files
     std::vector<MissingFeature> missing; ///< each once a layer, in order of appearance
-    QString notes;                       ///< the user's; files do not have them
+    QString notes;                       ///< the user's
     std::string bytes;                   ///< the file, which every Span points into
 };
 

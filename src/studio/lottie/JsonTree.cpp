@@ -183,6 +183,12 @@ std::string_view JsonValue::key() const
     return m_tree ? textAt(m_tree->m_text, m_tree->m_nodes[m_index].key) : std::string_view();
 }
 
+Span JsonValue::memberSpan() const
+{
+    const Span key = m_tree ? m_tree->m_nodes[m_index].key : Span();
+    return key == Span() ? span() : Span{key.begin - 1, span().end}; // with the quote before
+}
+
 std::optional<double> JsonValue::number() const
 {
     const std::string_view written = text();

@@ -41,6 +41,8 @@ public:
     std::optional<double> number() const;
     QString string() const;
     std::string_view key() const; ///< as the file writes it, without its quotes
+    /// With its key, for what has one.
+    Span memberSpan() const;
 
     JsonValue operator[](std::string_view key) const;
     JsonValue first() const; ///< of a list or an object

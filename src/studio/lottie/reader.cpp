@@ -112,6 +112,7 @@ void Reader::readHeader(const JsonValue& root)
 {
     m_document.name = root["nm"].string();
     m_document.version = root["v"].string();
+    m_document.notes = root[kNotesKey].string();
     m_document.frameRate = m_context.number(root, "fr");
     m_document.inPoint = m_context.number(root, "ip");
     m_document.outPoint = m_context.number(root, "op");
@@ -209,6 +210,7 @@ void Reader::readLayer(const JsonValue& value, Layer& layer, LayerReferences& re
         layer.stretch = 1;
     }
     layer.hidden = m_context.flag(value, "hd");
+    layer.locked = value[kLockedKey].number() == 1.0; // whatever else is there was not us
     layer.isMatte = m_context.flag(value, "td");
     layer.span = value.span();
     readTransform(m_context, m_context.object(value, "ks"), layer.transform);

@@ -22,6 +22,10 @@ inline constexpr double kMaxFrameRate = 1000;
 inline constexpr double kMaxMagnitude = 1e9;
 inline constexpr int kMaxSide = 16'384; ///< pixels of width or height
 
+/// Members of our own, which others pass over: of a layer, and of the document.
+inline constexpr char kLockedKey[] = "morrantLocked";
+inline constexpr char kNotesKey[] = "morrantNotes";
+
 struct ReadResult
 {
     std::optional<Document> document; ///< empty when the file cannot be opened
