@@ -3,7 +3,9 @@
 #include "Viewport.h"
 #include "editing/DocumentEditor.h"
 #include "playback.h"
+#include "saving/documentfile.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QVBoxLayout>
 
@@ -42,11 +44,23 @@ void DocumentPage::setDocument(
 {
     m_title = title;
     m_path = path;
+    m_fingerprint = studio::fingerprint(document->bytes);
     m_notDrawn = document->missing;
     layer = -1;
     m_viewport->setFrame(frameRange(document->inPoint, document->outPoint).first);
     m_editor->setDocument(std::move(document));
     m_viewport->setDocument(m_editor->document());
+}
+
+void DocumentPage::setSaved(const QString& path, const QByteArray& fingerprint)
+{
+    if (m_path != path) {
+        m_path = path;
+        m_title = QFileInfo(path).completeBaseName();
+    }
+    m_fingerprint = fingerprint;
+    m_editor->setSaved();
+    Q_EMIT saved();
 }
 
 const Document* DocumentPage::document() const

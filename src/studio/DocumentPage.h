@@ -28,6 +28,11 @@ public:
     const Document* document() const;
     const QString& title() const { return m_title; }
     const QString& path() const { return m_path; }
+    /// Of what its file held when it was read or written last.
+    const QByteArray& fingerprint() const { return m_fingerprint; }
+    /// The document is now what a file holds, and no longer modified. Another file than before
+    /// gives it its name.
+    void setSaved(const QString& path, const QByteArray& fingerprint);
     DocumentEditor& editor() { return *m_editor; }
     /// Its frame is the document's.
     Viewport& viewport() { return *m_viewport; }
@@ -39,6 +44,7 @@ public:
 
 Q_SIGNALS:
     void notDrawnChanged();
+    void saved(); ///< title and path may be others
 
 private:
     void followLayers();
@@ -48,6 +54,7 @@ private:
     Viewport* m_viewport;
     QString m_title;
     QString m_path;
+    QByteArray m_fingerprint;
     std::vector<MissingFeature> m_notDrawn;
 };
 

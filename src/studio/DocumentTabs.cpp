@@ -1,6 +1,7 @@
 #include "DocumentTabs.h"
 
 #include "DocumentPage.h"
+#include "DocumentSaver.h"
 #include "Viewport.h"
 #include "discarding.h"
 #include "editing/DocumentEditor.h"
@@ -15,10 +16,9 @@
 
 namespace studio {
 
-namespace {} // namespace
-
 DocumentTabs::DocumentTabs(QWidget* parent)
     : TabBar(tr("Documents"), true, parent)
+    , m_saver(new DocumentSaver(*this))
 {
     setWindowTitle(tr("Viewport"));
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -68,16 +68,36 @@ void DocumentTabs::open(
     setTab(count() - 1);
 }
 
-bool DocumentTabs::showFile(const QString& path)
+DocumentPage* DocumentTabs::pageOf(const QString& path)
 {
     const QFileInfo file(path);
     for (int i = 0; file.exists() && i < count(); ++i) { // all that do not exist count as equal
         if (!page(i)->path().isEmpty() && QFileInfo(page(i)->path()) == file) {
-            setTab(i);
-            return true;
+            return page(i);
         }
     }
-    return false;
+    return nullptr;
+}
+
+bool DocumentTabs::showFile(const QString& path)
+{
+    DocumentPage* shown = pageOf(path);
+    for (int i = 0; shown && i < count(); ++i) {
+        if (page(i) == shown) {
+            setTab(i);
+        }
+    }
+    return shown != nullptr;
+}
+
+bool DocumentTabs::saveAll()
+{
+    for (int i = 0; i < count(); ++i) {
+        if (page(i)->editor().isModified() && !m_saver->save(*page(i))) {
+            return false;
+        }
+    }
+    return true;
 }
 
 void DocumentTabs::closeCurrent()
@@ -114,12 +134,14 @@ DocumentPage* DocumentTabs::page(int index)
 void DocumentTabs::watch(DocumentPage& page)
 {
     const auto isCurrent = [this, &page] { return currentPage() == &page; };
-    connect(&page.editor(), &DocumentEditor::historyChanged, this, [this, isCurrent, &page] {
+    const auto showHistory = [this, isCurrent, &page] {
         showTitle(page);
         if (isCurrent()) {
             Q_EMIT historyChanged();
         }
-    });
+    };
+    connect(&page.editor(), &DocumentEditor::historyChanged, this, showHistory);
+    connect(&page, &DocumentPage::saved, this, showHistory);
     connect(&page.editor(), &DocumentEditor::restored, this, [this](const PropertyAddress& at) {
         Q_EMIT restored(at.layer);
     });
@@ -170,14 +192,31 @@ void DocumentTabs::showCloseButtons()
     }
 }
 
+/// Whether a document is done with: unchanged, saved or discarded.
+bool DocumentTabs::mayClose(DocumentPage& page)
+{
+    if (!page.editor().isModified()) {
+        return true;
+    }
+    const QPointer<DocumentPage> asked(&page);
+    switch (askToLeave(
+        tr("Close “%1”?").arg(page.title()),
+        tr("Changes that are not saved will be lost."),
+        window()))
+    {
+    case Leaving::Save: return asked && m_saver->save(page);
+    case Leaving::Discard: return true;
+    case Leaving::Stay: break;
+    }
+    return false;
+}
+
 void DocumentTabs::askToClose(TabItem& asked)
 {
     const QPointer<TabItem> tab(&asked);
     const QPointer<DocumentPage> page(static_cast<DocumentPage*>(asked.page()));
     Q_EMIT closing();
-    if (!page->editor().isModified()
-        || mayDiscard(tr("Close “%1”?").arg(page->title()), tr("Its changes will be lost."), this))
-    {
+    if (mayClose(*page)) {
         if (tab) {
             removeTab(tab->index());
         }

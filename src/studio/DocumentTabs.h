@@ -9,6 +9,7 @@
 namespace studio {
 
 class DocumentPage;
+class DocumentSaver;
 enum class Backdrop;
 struct Document;
 
@@ -24,6 +25,12 @@ public:
 
     /// The page in front.
     DocumentPage& current();
+    /// The page of a file; null when it is not open.
+    DocumentPage* pageOf(const QString& path);
+    DocumentSaver& saver() { return *m_saver; }
+    /// Saves all documents that differ from their files.
+    /// @return false when one of them was not saved; the ones behind it are then left alone
+    bool saveAll();
 
     /// Brings a new page to the front.
     /// @param path where the document was read from; empty for a document of no file
@@ -31,7 +38,7 @@ public:
     /// Brings the page of a file to the front.
     /// @return whether there is one
     bool showFile(const QString& path);
-    /// Closes the page in front, unless it is the last one or the user keeps its changes.
+    /// Closes the page in front, unless it is the last one. The user is asked about its changes.
     void closeCurrent();
 
     /// Of all pages.
@@ -62,6 +69,9 @@ private:
     void showCloseButtons();
     void askToClose(TabItem& asked);
 
+    bool mayClose(DocumentPage& page);
+
+    DocumentSaver* m_saver;
     Backdrop m_backdrop{};
     QPointer<QWidget> m_shown; ///< the page that currentChanged() has told last
 };

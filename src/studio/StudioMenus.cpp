@@ -57,6 +57,16 @@ void StudioMenus::buildFileMenu()
             QFileInfo(path).completeBaseName(), this, [this, path] { m_window.openFile(path); });
     }
     menu.addSeparator();
+    m_editorActions += addCommands(
+        menu,
+        {
+            {tr("&Save"), {}, {QKeySequence::Save}, [this] { m_window.save(); }},
+            {tr("Save &As…"),
+             {},
+             {Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+             [this] { m_window.saveAs(); }},
+        });
+    menu.addSeparator();
     m_editorActions += addCommands(menu, {{tr("&Close"), {}, {QKeySequence::Close}, [this] {
                                                m_window.documents().closeCurrent();
                                            }}});

@@ -2,6 +2,7 @@
 
 #include "AttributePanel.h"
 #include "DocumentPage.h"
+#include "DocumentSaver.h"
 #include "DocumentTabs.h"
 #include "LayerPanel.h"
 #include "MissingPanel.h"
@@ -181,6 +182,7 @@ void StudioWindow::connectPanels()
     connect(m_documents, &DocumentTabs::scaleChanged, m_transport, &TransportBar::setZoom);
     connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFile);
     connect(m_documents, &DocumentTabs::closing, this, &StudioWindow::finishEditing);
+    connect(&m_documents->saver(), &DocumentSaver::failed, this, &StudioWindow::fail);
     // Its panel may float, where drops do not reach this window.
     m_documents->setAcceptDrops(true);
     ui::installEventFilter(
@@ -326,10 +328,7 @@ void StudioWindow::saveLayout()
 void StudioWindow::closeEvent(QCloseEvent* event)
 {
     finishEditing();
-    if (m_documents->hasChanges()
-        && !mayDiscard(
-            tr("Quit the studio?"), tr("The changes of the open documents will be lost."), this))
-    {
+    if (!mayQuit()) {
         event->ignore();
         return;
     }
@@ -337,6 +336,23 @@ void StudioWindow::closeEvent(QCloseEvent* event)
         saveLayout();
     }
     QMainWindow::closeEvent(event);
+}
+
+bool StudioWindow::mayQuit()
+{
+    if (!m_documents->hasChanges()) {
+        return true;
+    }
+    switch (askToLeave(
+        tr("Quit the studio?"),
+        tr("Changes of the open documents that are not saved will be lost."),
+        this))
+    {
+    case Leaving::Save: return m_documents->saveAll();
+    case Leaving::Discard: return true;
+    case Leaving::Stay: break;
+    }
+    return false;
 }
 
 void StudioWindow::selectLayer(int layer)
@@ -401,6 +417,18 @@ void StudioWindow::redo()
 {
     finishEditing();
     editor().redo();
+}
+
+bool StudioWindow::save()
+{
+    finishEditing();
+    return document() && m_documents->saver().save(page());
+}
+
+bool StudioWindow::saveAs()
+{
+    finishEditing();
+    return document() && m_documents->saver().saveAs(page());
 }
 
 void StudioWindow::finishEditing()

@@ -53,6 +53,10 @@ public:
     /// Asks for a file and opens it.
     void chooseFile();
 
+    /// Saves the document in front with what is being typed, see DocumentSaver.
+    bool save();
+    bool saveAs();
+
     /// Undoes or redoes a step of the document in front.
     void undo();
     void redo();
@@ -100,6 +104,7 @@ private:
     bool takeDrop(QEvent& event);
     void showViewport();
     void finishEditing();
+    bool mayQuit();
 
     std::unique_ptr<Workspace> m_workspace; ///< in m_pages too, but dies before all others
     DocumentTabs* m_documents;

@@ -5,7 +5,26 @@ class QWidget;
 
 namespace studio {
 
-/// Asks whether changes may be lost; no unless the user says so.
-bool mayDiscard(const QString& question, const QString& consequence, QWidget* parent);
+/// What becomes of changes when their document is left.
+enum class Leaving
+{
+    Save,
+    Discard,
+    Stay, ///< the document is not left
+};
+
+/// Asks what is to become of changes. Whoever dismisses the question stays.
+Leaving askToLeave(const QString& question, const QString& text, QWidget* parent);
+
+/// What to do with a file that is not what it was when it was read.
+enum class Overwriting
+{
+    Overwrite,
+    SaveAs, ///< elsewhere
+    Cancel,
+};
+
+/// Asks about a file that others have changed, or taken away.
+Overwriting askToOverwrite(const QString& question, const QString& text, QWidget* parent);
 
 } // namespace studio

@@ -180,6 +180,7 @@ DocumentEditor::DocumentEditor(QObject* parent)
     : QObject(parent)
 {
     connect(&m_steps, &QUndoStack::indexChanged, this, &DocumentEditor::historyChanged);
+    connect(&m_steps, &QUndoStack::cleanChanged, this, &DocumentEditor::historyChanged);
 }
 
 void DocumentEditor::setDocument(std::shared_ptr<Document> document)
@@ -391,6 +392,12 @@ QString DocumentEditor::undoText() const
 bool DocumentEditor::isModified() const
 {
     return m_gesture || !m_steps.isClean();
+}
+
+void DocumentEditor::setSaved()
+{
+    commit();
+    m_steps.setClean();
 }
 
 void DocumentEditor::undo()

@@ -129,8 +129,10 @@ public:
     bool canRedo() const;
     QString undoText() const;
     QString redoText() const { return m_steps.redoText(); }
-    /// Whether the document differs from what was opened.
+    /// Whether the document differs from what was opened or saved last.
     bool isModified() const;
+    /// The document is what its file holds. Steps before can still be undone.
+    void setSaved();
 
 public Q_SLOTS:
     void undo();

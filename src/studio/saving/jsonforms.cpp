@@ -123,7 +123,7 @@ std::string numberText(double number)
     const auto end = std::to_chars(
         text.data(),
         text.data() + text.size(),
-        number,
+        number + 0.0, // no minus before 0
         isPlain ? std::chars_format::fixed : std::chars_format::scientific);
     text.resize(static_cast<std::size_t>(end.ptr - text.data()));
     return text;
