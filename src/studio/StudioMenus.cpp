@@ -60,7 +60,7 @@ void StudioMenus::buildFileMenu()
     m_editorActions += addCommands(
         menu,
         {
-            {tr("&Save"), {}, {QKeySequence::Save}, [this] { m_window.save(); }},
+            {tr("&Save"), u"save"_qs, {QKeySequence::Save}, [this] { m_window.save(); }},
             {tr("Save &As…"),
              {},
              {Qt::CTRL | Qt::SHIFT | Qt::Key_S},

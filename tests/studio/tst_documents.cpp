@@ -1,5 +1,8 @@
+#include "DocumentPage.h"
+#include "DocumentSaver.h"
 #include "DocumentTabs.h"
 #include "LayerTree.h"
+#include "saving/documentfile.h"
 #include "studiotest.h"
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/docking/tabs/TabItem.h>
@@ -32,6 +35,20 @@ public:
     int asked = 0;
 };
 
+constexpr auto kOwn = QFile::ReadOwner | QFile::WriteOwner;
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void replace(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
 struct OpenWindow : StudioWindow
 {
     /// With the first samples in tabs, the last of them in front.
@@ -48,6 +65,18 @@ struct OpenWindow : StudioWindow
     {
         editor().setEntries({0, Attribute::Opacity}, 0, {{0, 12.0}});
         editor().commit();
+    }
+
+    /// Opens a file of its own, and changes it.
+    QString editFile(const QTemporaryDir& folder)
+    {
+        const QString path = folder.filePath(u"mine.json"_qs);
+        QFile::remove(path);
+        QFile::copy(samplePaths().first(), path);
+        QFile::setPermissions(path, kOwn);
+        openFile(path);
+        edit();
+        return path;
     }
 
     QStringList tabs()
@@ -175,6 +204,117 @@ private Q_SLOTS:
         QCOMPARE(window.player().frame(), 5);
         QVERIFY(window.editor().canUndo());
         QVERIFY(window.viewport().isVisible());
+    }
+
+    void savingKeepsTheHistoryAndWhatTheFileIs()
+    {
+        const QTemporaryDir folder;
+        OpenWindow window(0);
+        const QString path = window.editFile(folder);
+        const QByteArray original = contents(path);
+        QVERIFY(window.isWindowModified());
+        QVERIFY(window.save());
+        const QByteArray saved = contents(path);
+        QVERIFY(saved != original && saved.contains("12"));
+        QVERIFY(!window.isWindowModified() && !window.tabs().first().endsWith(u'*'));
+        window.undo();
+        QVERIFY(window.isWindowModified());
+        window.redo();
+        QVERIFY(!window.isWindowModified());
+        window.undo();
+        QVERIFY(window.save());
+        QCOMPARE(contents(path), original);
+
+        window.documents().saver().setChoosePath([](const QString&) { return QString(); });
+        QVERIFY(!window.saveAs());
+        const QString other = folder.filePath(u"other.json"_qs);
+        window.documents().saver().setChoosePath([&other](const QString&) { return other; });
+        window.edit();
+        QVERIFY(window.saveAs());
+        QCOMPARE(contents(other), saved);
+        QCOMPARE(contents(path), original);
+        QCOMPARE(window.tabs().first(), u"other"_qs);
+        QVERIFY(window.windowTitle().startsWith(u"other"_qs));
+
+        window.openFile(path); // a file of two tabs would be the last one's
+        QVERIFY(!window.saveAs());
+        QVERIFY(window.notice().sentence().endsWith(u"it is open in another tab."_qs));
+#ifdef Q_OS_UNIX
+        const QString link = folder.filePath(u"link.json"_qs);
+        QVERIFY(QFile::link(path, link));
+        QCOMPARE(writeFile(link, "x"), QString());
+        QCOMPARE(contents(path), QByteArray("x"));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QVERIFY(!QFile::permissions(path).testFlag(QFile::ReadOther));
+#endif
+    }
+
+    void whatOthersHaveWrittenIsNotOverwrittenUnasked()
+    {
+        const QTemporaryDir folder;
+        OpenWindow window(0);
+        const QString path = window.editFile(folder);
+        replace(path, "theirs");
+        {
+            Answer cancel(QDialogButtonBox::Cancel);
+            QVERIFY(!window.save());
+            QCOMPARE(cancel.asked, 1);
+            QCOMPARE(contents(path), QByteArray("theirs"));
+            QVERIFY(window.isWindowModified());
+        }
+        const QString other = folder.filePath(u"other.json"_qs);
+        window.documents().saver().setChoosePath([&other](const QString&) { return other; });
+        {
+            Answer saveAs(QDialogButtonBox::Save);
+            QVERIFY(window.save());
+            QCOMPARE(contents(path), QByteArray("theirs"));
+        }
+        QFile::remove(other);
+        Answer overwrite(QDialogButtonBox::Discard);
+        QVERIFY(window.save()); // gone
+        QVERIFY(window.save()); // as we left it
+        QCOMPARE(overwrite.asked, 1);
+        replace(other, "theirs");
+        QVERIFY(window.save());
+        QVERIFY(contents(other).contains("layers"));
+    }
+
+    void whatCannotBeSavedStaysModified()
+    {
+        QTemporaryDir folder;
+        OpenWindow window(0);
+        const QString path = window.editFile(folder);
+        const QString inFile = path + u"/x.json"_qs;
+        for (const QString& bad : {inFile, folder.path(), folder.filePath(u"none/x.json"_qs)}) {
+            window.documents().saver().setChoosePath([&bad](const QString&) { return bad; });
+            window.notice().dismiss();
+            QVERIFY(!window.saveAs());
+            const QString start = u"“%1” was not saved: "_qs.arg(QDir::toNativeSeparators(bad));
+            QVERIFY(window.notice().sentence().startsWith(start));
+            QVERIFY(window.isWindowModified());
+            QCOMPARE(window.documents().current().path(), path);
+        }
+    }
+
+    void changesAreSavedOnTheWayOut()
+    {
+        const QTemporaryDir folder;
+        OpenWindow window(2);
+        const QString path = window.editFile(folder);
+        QString chosen;
+        window.documents().saver().setChoosePath([&chosen](const QString&) { return chosen; });
+        Answer save(QDialogButtonBox::Save);
+        window.close(2);
+        QCOMPARE(window.documents().count(), 2);
+        QVERIFY(contents(path).contains("12"));
+
+        window.edit(); // a sample, which comes from no file
+        QWidget& widget = window;
+        QVERIFY(!widget.close());
+        chosen = folder.filePath(u"sample.json"_qs);
+        QVERIFY(widget.close());
+        QCOMPARE(save.asked, 3);
+        QVERIFY(QFile::exists(chosen));
     }
 
     void quittingAsksOverChangesInAnyTab()

@@ -1,11 +1,13 @@
 #include "editing/DocumentEditor.h"
 #include "editing/keyediting.h"
+#include "editing/keyrows.h"
 #include "lottie/evaluate.h"
 #include "lottietexts.h"
 #include "support/TestCase.h"
 
 #include <functional>
 #include <limits>
+#include <tuple>
 
 using namespace studio;
 using studio::test::documentOf;
@@ -29,6 +31,16 @@ bool isClose(const Numbers& a, const Numbers& b, double tolerance)
 
 const PropertyAddress kPositionOf0{0, Attribute::Position};
 const PropertyAddress kRotationOf1{1, Attribute::Rotation};
+
+/// The keys' times, each with the first number of its value.
+QByteArray listed(const NumberProperty& property)
+{
+    QByteArrayList keys;
+    for (const auto& key : property.keys) {
+        keys.append(QByteArray::number(key.time) + ':' + QByteArray::number(key.value[0]));
+    }
+    return keys.join(' ');
+}
 
 /// Two layers: the first one moves from (0, 0) to (100, 50), the second stands still.
 std::shared_ptr<Document> twoLayers()
@@ -158,6 +170,114 @@ private Q_SLOTS:
         toggleKeyAt(property, 3);
         QCOMPARE(keyStateAt(property, 3), KeyState::None);
         QCOMPARE(property.value, (Numbers{2, 2, 0, 0}));
+    }
+
+    void aMovedKeyTakesThePlaceOfTheOneAtItsFrame()
+    {
+        const NumberProperty before = moving(R"({"t":0,"s":[1,0]},{"t":10,"s":[2,0]},
+            {"t":20,"s":[3,0]},{"t":20,"s":[4,0]})");
+        const std::pair<std::vector<KeyChange>, QByteArray> cases[] = {
+            {{{.key = 0, .time = 10}}, "10:1 20:3 20:4"},
+            {{{.key = 0, .time = 9.995}}, "9.995:1 20:3 20:4"},
+            {{{.key = 0, .time = 20}}, "10:2 20:1"},
+            {{{.key = 0, .time = 10}, {.key = 1, .time = 20}}, "10:1 20:2"},
+            {{{.key = 1, .time = 5}, {.key = 0, .time = 5}}, "5:2 20:3 20:4"},
+            {{{.key = 2, .time = 5}, {.key = 3, .time = 5}}, "0:1 5:3 5:4 10:2"},
+            {{{.key = 0, .time = 30}}, "10:2 20:3 20:4 30:1"},
+            {{{.key = 0, .time = 10, .asCopy = true}}, "0:1 10:1 20:3 20:4"},
+            {{{.key = 0, .time = 0, .asCopy = true}}, "0:1 10:2 20:3 20:4"},
+            {{{.key = 3, .time = 20}}, "0:1 10:2 20:3 20:4"},
+            {{{.key = 9, .time = 5}, {.key = 0, .time = qQNaN()}}, "0:1 10:2 20:3 20:4"}};
+        for (const auto& [changes, expected] : cases) {
+            NumberProperty property = before;
+            const auto places = changeKeys(property, changes);
+            QCOMPARE(listed(property), expected);
+            for (std::size_t i = 0; i < changes.size(); ++i) {
+                const double time = *changes[i].time;
+                QVERIFY(!places[i] || qIsNaN(time) || property.keys[*places[i]].time == time);
+            }
+        }
+    }
+
+    void easingGoesWithTheKeyThatItLeavesOrEnters()
+    {
+        NumberProperty property =
+            moving(R"({"t":0,"s":[0,0],"o":{"x":[0.1],"y":[0]},"i":{"x":[0.9],"y":[1]}},
+            {"t":10,"s":[1,0],"o":{"x":[0.2],"y":[0]},"i":{"x":[0.8],"y":[1]}},{"t":20,"s":[2,0]})");
+        changeKeys(property, {{.key = 1, .time = 30}});
+        const auto& keys = property.keys;
+        QCOMPARE(keys[0].easeOut.x[0], 0.1);
+        QCOMPARE(keys[0].easeIn.x[0], 0.8);
+        QCOMPARE(keys[1].easeOut.x[0], 0.0); // as the last one it had none
+        QCOMPARE(keys[1].easeIn.x[0], 0.9);
+        QCOMPARE(keys[2].easeOut.count + keys[2].easeIn.count, 0);
+        changeKeys(
+            property,
+            {{.key = 0, .easeOut = EasingHandle()}, {.key = 1, .easeIn = EasingHandle()}});
+        QCOMPARE(keys[0].easeOut.count + keys[0].easeIn.count, 0);
+    }
+
+    void aGestureOverKeysAndClipsIsOneStepAndLosesNothingOnItsWay()
+    {
+        OpenEditor editor;
+        editor.toggleKey(kRotationOf1, 0);
+        const auto state = [&editor] {
+            return std::tuple(
+                editor.copyOf(kPositionOf0), editor.copyOf(kRotationOf1), *editor.clipOf(1));
+        };
+        const auto before = state();
+        const auto moveTo = [&editor](double time) {
+            return editor.changeKeys(
+                {{kPositionOf0, {.key = 0, .time = time}},
+                 {kRotationOf1, {.key = 0, .time = time}}});
+        };
+        QVERIFY(!moveTo(5)[0]); // there is no gesture
+        for (const bool cancels : {true, false}) {
+            editor.beginGesture(u"Move"_qs);
+            QCOMPARE(moveTo(20)[0]->key, std::size_t(0));
+            QCOMPARE(listed(editor.copyOf(kPositionOf0)), "20:0");
+            QCOMPARE(editor.keyAt({kPositionOf0, 0})->time, 0.0); // as the gesture found it
+            editor.setClips({{1, {5, 3, 0}}, {7, {0, 1, 0}}, {1, {3, 50, 2}}});
+            QSignalSpy edited(&editor, &DocumentEditor::edited);
+            QCOMPARE(moveTo(25)[0]->key, std::size_t(1));
+            QCOMPARE(edited.count(), 2);
+            QCOMPARE(listed(editor.copyOf(kPositionOf0)), "20:100 25:0");
+            QCOMPARE(editor.clipOf(1)->outPoint, 50.0);
+            cancels ? editor.cancel() : editor.commit();
+            QCOMPARE(state() == before, cancels);
+        }
+        const auto after = state();
+        QCOMPARE(editor.undoText(), u"Move"_qs);
+        editor.undo();
+        QVERIFY(state() == before);
+        editor.redo();
+        QVERIFY(state() == after);
+        editor.setLocked({0, 1}, true);
+        editor.beginGesture(u"Move"_qs);
+        QVERIFY(!moveTo(5)[0]);
+        editor.setClips({{1, {0, 9, 0}}});
+        QVERIFY(state() == after);
+    }
+
+    void copiedKeysGoWhereTheirAttributeIs()
+    {
+        OpenEditor editor;
+        editor.setDocument(std::make_shared<Document>(documentOf(
+            shapeLayer(
+                R"({"ty":"fl","c":{"k":[{"t":4,"s":[1,0,0,1]},{"t":6,"s":[0,0,1,1]}]}})",
+                R"("s":{"k":[{"t":2,"s":[9,9,7]},{"t":8,"s":[5,5,7]}]})")
+            + "," + shapeLayer(R"({"ty":"el"},{"ty":"st","c":{"k":[0,1,0]}})"))));
+        const PropertyAddress color{0, Attribute::ShapeColor, {0}};
+        const auto rows = keysFromJson(toJson(
+            editor.copyKeys({{color, 1}, {{0, Attribute::Scale}, 0}, {{0, Attribute::Scale}, 9}})));
+        QCOMPARE(editor.pasteKeys(rows, 10, 1).size(), std::size_t(2));
+        QCOMPARE(listed(editor.copyOf({1, Attribute::ShapeColor, {1}})), "14:0");
+        QCOMPARE(listed(editor.copyOf({1, Attribute::Scale})), "10:9");
+        QCOMPARE(keyRowsOf(*editor.document(), 1).size(), std::size_t(2));
+        editor.pasteKeys(rows, 0, -1);
+        QCOMPARE(listed(editor.copyOf(color)), "4:0 6:0"); // in the place of the one there
+        QVERIFY(editor.pasteKeys(rows, 0, 7).empty());
+        QVERIFY(keysFromJson("{\"rows\":[{\"attribute\":\"scale\"}, 3]}").empty());
     }
 
     void interleavedStepsOfLayersComeBackInOrder()

@@ -1,8 +1,8 @@
 #include "editing/DocumentEditor.h"
 
 #include "editing/PropertyDelta.h"
+#include "editing/keygroups.h"
 #include "editing/layerorder.h"
-#include "lottie/evaluate.h"
 #include "lottie/reader.h"
 
 #include <QUndoCommand>
@@ -17,60 +17,6 @@ namespace studio {
 
 namespace {
 
-/// What concerns one property, in the order of first appearance.
-struct ChangesOfOne
-{
-    PropertyAddress address;
-    std::vector<KeyChange> changes = {};
-    std::vector<std::size_t> origins = {}; ///< places among all changes
-};
-
-struct KeysOfOne
-{
-    PropertyAddress address;
-    std::vector<std::size_t> places = {}; ///< upwards, each once
-};
-
-template <typename One>
-One& oneFor(const PropertyAddress& address, std::vector<One>& all)
-{
-    const auto found = std::find_if(all.rbegin(), all.rend(), [&address](const One& one) {
-        return one.address == address; // mostly the last one
-    });
-    return found != all.rend() ? *found : all.emplace_back(One{address});
-}
-
-std::vector<ChangesOfOne> byProperty(const std::vector<PropertyKeyChange>& changes)
-{
-    std::vector<ChangesOfOne> all;
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        ChangesOfOne& one = oneFor(changes[i].property, all);
-        one.changes.push_back(changes[i].change);
-        one.origins.push_back(i);
-    }
-    return all;
-}
-
-std::vector<KeysOfOne> byProperty(const std::vector<KeyAddress>& keys)
-{
-    std::vector<KeysOfOne> all;
-    for (const KeyAddress& key : keys) {
-        oneFor(key.property, all).places.push_back(key.key);
-    }
-    for (KeysOfOne& one : all) {
-        std::sort(one.places.begin(), one.places.end());
-        one.places.erase(std::unique(one.places.begin(), one.places.end()), one.places.end());
-    }
-    return all;
-}
-
-bool isClip(const ClipTimes& times)
-{
-    const auto isFrame = [](double time) { return std::abs(time) <= kMaxFrame; };
-    return isFrame(times.inPoint) && isFrame(times.outPoint) && isFrame(times.startTime)
-           && times.outPoint > times.inPoint;
-}
-
 /// Files write a solid's colour in eight bits a channel.
 double storable(Attribute attribute, double value)
 {
@@ -80,50 +26,22 @@ double storable(Attribute attribute, double value)
                : value;
 }
 
-/// Copied keys for a property from a frame on. What their values lack is the property's own.
-std::vector<LooseKey> fitted(const CopiedKeys& row, const NumberProperty& property, int frame)
-{
-    std::vector<LooseKey> keys = row.keys;
-    for (LooseKey& key : keys) {
-        key.time = std::min(key.time + frame, kMaxFrame);
-        const Numbers own = valueAt(property, key.time);
-        for (int i = 0; i < static_cast<int>(own.size()); ++i) {
-            if (i >= row.dimensions || i >= property.dimensions) {
-                key.value[static_cast<std::size_t>(i)] = own[static_cast<std::size_t>(i)];
-            }
-        }
-    }
-    return keys;
-}
-
 } // namespace
 
-/// Properties and clips, as what has changed in them: which they are, and the keys' places in the
-/// file, is all that saving needs.
+/// What a gesture has changed. Which properties they are, and the keys' places in the file, is all
+/// that saving needs.
 class DocumentEditor::EditStep : public QUndoCommand
 {
 public:
-    struct Clip
-    {
-        int layer = -1;
-        ClipTimes before;
-        ClipTimes after;
-    };
-
-    EditStep(
-        DocumentEditor& editor,
-        const QString& text,
-        std::vector<PropertyDelta> properties,
-        std::vector<Clip> clips)
+    EditStep(DocumentEditor& editor, const QString& text, EditDelta delta)
         : QUndoCommand(text)
         , m_editor(editor)
-        , m_properties(std::move(properties))
-        , m_clips(std::move(clips))
+        , m_delta(std::move(delta))
     {}
 
     void undo() override
     {
-        for (const Clip& clip : m_clips) {
+        for (const ClipDelta& clip : m_delta.clips) {
             m_editor.write(clip.layer, clip.before);
         }
         write(&PropertyDelta::revert);
@@ -134,7 +52,7 @@ public:
         if (!std::exchange(m_isPushed, true)) {
             return; // by then it has happened
         }
-        for (const Clip& clip : m_clips) {
+        for (const ClipDelta& clip : m_delta.clips) {
             m_editor.write(clip.layer, clip.after);
         }
         write(&PropertyDelta::apply);
@@ -143,18 +61,17 @@ public:
 private:
     void write(void (PropertyDelta::*way)(NumberProperty&) const)
     {
-        for (const PropertyDelta& delta : m_properties) {
+        for (const PropertyDelta& delta : m_delta.properties) {
             (delta.*way)(*findProperty(*m_editor.m_document, delta.address()));
             Q_EMIT m_editor.edited(delta.address());
         }
-        if (!m_properties.empty()) {
-            Q_EMIT m_editor.restored(m_properties.front().address());
+        if (!m_delta.properties.empty()) {
+            Q_EMIT m_editor.restored(m_delta.properties.front().address());
         }
     }
 
     DocumentEditor& m_editor;
-    std::vector<PropertyDelta> m_properties;
-    std::vector<Clip> m_clips;
+    EditDelta m_delta;
     bool m_isPushed = false;
 };
 
@@ -203,7 +120,7 @@ void DocumentEditor::setEntries(
         return;
     }
     if (NumberProperty* property = begin(address, tr("Change %1"))) {
-        *property = m_gesture->properties.front().second;
+        *property = *m_gesture->found(address);
         for (EntryChange entry : entries) {
             entry.value = storable(address.attribute, entry.value);
             setEntryAt(*property, frame, entry);
@@ -221,7 +138,7 @@ void DocumentEditor::setEntries(
 
 bool DocumentEditor::isChanging(const PropertyAddress& address) const
 {
-    return m_gesture && m_gesture->entriesOf == address;
+    return m_gesture && m_gesture->entriesOf() == address;
 }
 
 void DocumentEditor::toggleKey(const PropertyAddress& address, int frame)
@@ -242,26 +159,13 @@ void DocumentEditor::commit()
     if (!m_gesture) {
         return;
     }
-    const Gesture gesture = *std::exchange(m_gesture, std::nullopt);
-    std::vector<PropertyDelta> properties;
-    for (const auto& [address, before] : gesture.properties) {
-        PropertyDelta delta(address, before, *property(address));
-        if (!delta.isEmpty()) {
-            properties.push_back(std::move(delta));
-        }
-    }
-    std::vector<EditStep::Clip> clips;
-    for (const ClipChange& before : gesture.clips) {
-        const ClipTimes after = *clipOf(before.layer);
-        if (after != before.times) {
-            clips.push_back({before.layer, before.times, after});
-        }
-    }
-    if (properties.empty() && clips.empty()) {
+    const EditGesture gesture = *std::exchange(m_gesture, std::nullopt);
+    EditDelta delta = gesture.delta(*m_document);
+    if (delta.isEmpty()) {
         Q_EMIT historyChanged();
-        return;
+    } else {
+        m_steps.push(new EditStep(*this, gesture.text(), std::move(delta)));
     }
-    m_steps.push(new EditStep(*this, gesture.text, std::move(properties), std::move(clips)));
 }
 
 void DocumentEditor::renameLayer(int layer, const QString& name)
@@ -386,7 +290,7 @@ bool DocumentEditor::canRedo() const
 
 QString DocumentEditor::undoText() const
 {
-    return m_gesture ? m_gesture->text : m_steps.undoText();
+    return m_gesture ? m_gesture->text() : m_steps.undoText();
 }
 
 bool DocumentEditor::isModified() const
@@ -422,9 +326,9 @@ NumberProperty* DocumentEditor::begin(const PropertyAddress& address, const QStr
     if (isLocked(address.layer)) {
         return nullptr;
     }
-    beginGesture(text.arg(nameOf(*m_document, address)));
-    m_gesture->entriesOf = address;
-    remember(address);
+    commit();
+    m_gesture = EditGesture(text.arg(nameOf(*m_document, address)), address);
+    m_gesture->remember(address, *m_document);
     Q_EMIT historyChanged();
     return property;
 }
@@ -432,8 +336,10 @@ NumberProperty* DocumentEditor::begin(const PropertyAddress& address, const QStr
 void DocumentEditor::beginGesture(const QString& text)
 {
     commit();
-    m_gesture = Gesture{text};
-    Q_EMIT historyChanged();
+    if (m_document) {
+        m_gesture = EditGesture(text);
+        Q_EMIT historyChanged();
+    }
 }
 
 std::vector<std::optional<KeyAddress>> DocumentEditor::changeKeys(
@@ -443,13 +349,16 @@ std::vector<std::optional<KeyAddress>> DocumentEditor::changeKeys(
     if (!isInGesture()) {
         return places;
     }
-    giveKeysBack();
+    auto touched = m_gesture->giveKeysBack(*m_document);
     for (const ChangesOfOne& one : byProperty(changes)) {
         NumberProperty* property = keysOf(one.address);
         if (!property) {
             continue;
         }
-        remember(one.address);
+        if (!m_gesture->found(one.address)) {
+            m_gesture->remember(one.address, *m_document);
+            touched.push_back(one.address);
+        }
         const auto now = studio::changeKeys(*property, one.changes);
         for (std::size_t i = 0; i < now.size(); ++i) {
             if (now[i]) {
@@ -457,9 +366,9 @@ std::vector<std::optional<KeyAddress>> DocumentEditor::changeKeys(
             }
         }
     }
-    for (const auto& [address, before] : m_gesture->properties) {
+    std::for_each(touched.begin(), touched.end(), [this](const PropertyAddress& address) {
         Q_EMIT edited(address);
-    }
+    });
     return places;
 }
 
@@ -468,36 +377,33 @@ void DocumentEditor::setClips(const std::vector<ClipChange>& clips)
     if (!isInGesture()) {
         return;
     }
-    const std::vector<ClipChange> before = m_gesture->clips;
-    const auto isBefore = [&before](int layer) {
-        return std::find_if(
-                   before.begin(),
-                   before.end(),
-                   [layer](const ClipChange& clip) { return clip.layer == layer; })
-               != before.end();
-    };
-    giveClipsBack();
-    for (const ClipChange& clip : clips) {
-        const auto now = clipOf(clip.layer);
-        if (!now || isLocked(clip.layer) || !isClip(clip.times)) {
+    auto touched = m_gesture->giveClipsBack(*m_document);
+    for (const auto& [layer, times] : clips) {
+        if (!findLayer(*m_document, layer) || isLocked(layer) || !isClip(times)) {
             continue;
         }
-        if (!isBefore(clip.layer)) {
-            m_gesture->clips.push_back({clip.layer, *now});
+        m_gesture->remember(layer, *m_document);
+        setClip(m_document->main.layers[static_cast<std::size_t>(layer)], times);
+        if (std::find(touched.begin(), touched.end(), layer) == touched.end()) {
+            touched.push_back(layer);
         }
-        write(clip.layer, clip.times);
     }
+    std::for_each(touched.begin(), touched.end(), [this](int layer) { Q_EMIT clipChanged(layer); });
 }
 
 void DocumentEditor::cancel()
 {
-    if (m_gesture) {
-        giveKeysBack();
-        giveClipsBack();
-        for (const auto& [address, before] : m_gesture->properties) {
-            Q_EMIT edited(address);
-        }
-        commit();
+    if (!m_gesture) {
+        return;
+    }
+    const auto properties = m_gesture->giveKeysBack(*m_document);
+    const auto clips = m_gesture->giveClipsBack(*m_document);
+    commit();
+    for (const PropertyAddress& address : properties) {
+        Q_EMIT edited(address);
+    }
+    for (const int layer : clips) {
+        Q_EMIT clipChanged(layer);
     }
 }
 
@@ -510,8 +416,7 @@ const Keyframe<Numbers>* DocumentEditor::keyAt(const KeyAddress& address) const
 std::optional<ClipTimes> DocumentEditor::clipOf(int layer) const
 {
     const Layer* found = m_document ? findLayer(*m_document, layer) : nullptr;
-    return found ? std::optional(ClipTimes{found->inPoint, found->outPoint, found->startTime})
-                 : std::nullopt;
+    return found ? std::optional(studio::clipOf(*found)) : std::nullopt;
 }
 
 std::optional<KeyAddress> DocumentEditor::addKey(const PropertyAddress& address, int frame)
@@ -606,7 +511,8 @@ std::vector<KeyAddress> DocumentEditor::pasteKeys(
     beginGesture(tr("Paste Keys"));
     for (const CopiedKeys& row : rows) {
         const auto target = pasteTarget(*m_document, row.property, layer);
-        if (!target || isTouched(*target)) { // of rows that meet in one only the first counts
+        if (!target || m_gesture->found(*target))
+        { // of rows that meet in one only the first counts
             continue;
         }
         const auto added = edit(*target, [&](NumberProperty& property) {
@@ -630,48 +536,13 @@ NumberProperty* DocumentEditor::keysOf(const PropertyAddress& address)
 /// As the gesture found it.
 const NumberProperty* DocumentEditor::found(const PropertyAddress& address) const
 {
-    if (m_gesture) {
-        for (const auto& [touched, before] : m_gesture->properties) {
-            if (touched == address) {
-                return &before;
-            }
-        }
-    }
-    return property(address);
-}
-
-bool DocumentEditor::isTouched(const PropertyAddress& address) const
-{
-    return found(address) != property(address);
-}
-
-void DocumentEditor::remember(const PropertyAddress& address)
-{
-    if (!isTouched(address)) {
-        m_gesture->properties.emplace_back(address, *property(address));
-    }
-}
-
-void DocumentEditor::giveKeysBack()
-{
-    for (const auto& [address, before] : m_gesture->properties) {
-        *findProperty(*m_document, address) = before;
-    }
-}
-
-void DocumentEditor::giveClipsBack()
-{
-    for (const ClipChange& before : m_gesture->clips) {
-        write(before.layer, before.times);
-    }
+    const NumberProperty* before = m_gesture ? m_gesture->found(address) : nullptr;
+    return before ? before : property(address);
 }
 
 void DocumentEditor::write(int layer, const ClipTimes& times)
 {
-    Layer& clip = m_document->main.layers[static_cast<std::size_t>(layer)];
-    clip.inPoint = times.inPoint;
-    clip.outPoint = times.outPoint;
-    clip.startTime = times.startTime;
+    setClip(m_document->main.layers[static_cast<std::size_t>(layer)], times);
     Q_EMIT clipChanged(layer);
 }
 
@@ -681,7 +552,7 @@ std::vector<KeyAddress> DocumentEditor::edit(
 {
     std::vector<KeyAddress> keys;
     if (NumberProperty* property = keysOf(address)) {
-        remember(address);
+        m_gesture->remember(address, *m_document);
         for (const std::size_t place : change(*property)) {
             keys.push_back({address, place});
         }

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "editing/EditGesture.h"
 #include "editing/PropertyAddress.h"
-#include "editing/keychanges.h"
 #include "editing/keyclipboard.h"
 #include "editing/keyediting.h"
+#include "editing/keygroups.h"
 
 #include <QObject>
 #include <QUndoStack>
@@ -15,29 +16,6 @@
 #include <vector>
 
 namespace studio {
-
-/// A change of one key of the document; its place is as in KeyAddress.
-struct PropertyKeyChange
-{
-    PropertyAddress property;
-    KeyChange change;
-};
-
-/// When a layer is shown.
-struct ClipTimes
-{
-    double inPoint = 0;   ///< first frame shown
-    double outPoint = 0;  ///< first frame no longer shown, above inPoint
-    double startTime = 0; ///< frame at which a precomposition's own frame 0 lies
-
-    bool operator==(const ClipTimes&) const = default;
-};
-
-struct ClipChange
-{
-    int layer = -1;
-    ClipTimes times;
-};
 
 /// The open document, and the only way to change it. Every change is in the document at once.
 /// Changes that follow each other can be a gesture, which is one undo step: each takes the place of
@@ -77,7 +55,7 @@ public:
     /// @param text of the undo step, as in "Move Keys"
     void beginGesture(const QString& text);
     /// Whether there is one that beginGesture() has begun.
-    bool isInGesture() const { return m_gesture && !m_gesture->entriesOf; }
+    bool isInGesture() const { return m_gesture && !m_gesture->entriesOf(); }
     /// Changes keys as changeKeys(NumberProperty&, …) does, in place of all that the gesture has
     /// changed in keys so far: places and relative changes count from its beginning. What a moved
     /// key covers is gone only when the gesture ends there. Ignored without a gesture.
@@ -154,13 +132,6 @@ Q_SIGNALS:
     void historyChanged();
 
 private:
-    struct Gesture
-    {
-        QString text;
-        std::optional<PropertyAddress> entriesOf = {}; ///< of setEntries() on that property
-        std::vector<std::pair<PropertyAddress, NumberProperty>> properties = {}; ///< as found
-        std::vector<ClipChange> clips = {};                                      ///< as found
-    };
     class EditStep;
     class OtherStep;
     using TimeMap = std::function<double(double time)>;
@@ -172,10 +143,6 @@ private:
     NumberProperty* begin(const PropertyAddress& address, const QString& text);
     NumberProperty* keysOf(const PropertyAddress& address);
     const NumberProperty* found(const PropertyAddress& address) const;
-    bool isTouched(const PropertyAddress& address) const;
-    void remember(const PropertyAddress& address);
-    void giveKeysBack();
-    void giveClipsBack();
     void write(int layer, const ClipTimes& times);
     std::vector<KeyAddress> edit(const PropertyAddress& address, const PropertyEdit& change);
     std::vector<KeyAddress> moveKeys(
@@ -186,7 +153,7 @@ private:
 
     std::shared_ptr<Document> m_document;
     QUndoStack m_steps;
-    std::optional<Gesture> m_gesture;
+    std::optional<EditGesture> m_gesture;
 };
 
 } // namespace studio

@@ -1,5 +1,6 @@
 #include "editing/keyclipboard.h"
 
+#include "lottie/evaluate.h"
 #include "lottie/reader.h"
 
 #include <QJsonArray>
@@ -184,6 +185,21 @@ std::optional<PropertyAddress> pasteTarget(
     const bool canTake =
         isOffered && canBeAnimated(target.attribute) && findProperty(document, target);
     return canTake ? std::optional(target) : std::nullopt;
+}
+
+std::vector<LooseKey> fitted(const CopiedKeys& row, const NumberProperty& property, int frame)
+{
+    std::vector<LooseKey> keys = row.keys;
+    for (LooseKey& key : keys) {
+        key.time = std::min(key.time + frame, kMaxFrame);
+        const Numbers own = valueAt(property, key.time);
+        for (int i = 0; i < static_cast<int>(own.size()); ++i) {
+            if (i >= row.dimensions || i >= property.dimensions) {
+                key.value[static_cast<std::size_t>(i)] = own[static_cast<std::size_t>(i)];
+            }
+        }
+    }
+    return keys;
 }
 
 } // namespace studio

@@ -29,4 +29,7 @@ std::vector<CopiedKeys> keysFromJson(const QByteArray& json);
 std::optional<PropertyAddress> pasteTarget(
     const Document& document, const PropertyAddress& source, int layer);
 
+/// Copied keys for a property, from a frame on. What their values lack is the property's own.
+std::vector<LooseKey> fitted(const CopiedKeys& row, const NumberProperty& property, int frame);
+
 } // namespace studio
