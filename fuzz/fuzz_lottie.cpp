@@ -1,8 +1,10 @@
 // Any bytes as a Lottie file: reading gives a document or a sentence, never both and never neither;
-// what was read can be drawn, and every place it remembers lies within the file.
+// what was read can be drawn, every place it remembers lies within the file, and it is written as
+// it was, or with an edit so that it can be read again.
 
 #include "lottie/reader.h"
 #include "lottie/renderer.h"
+#include "saving/documentwriter.h"
 
 #include <include/core/SkCanvas.h>
 #include <include/core/SkSurface.h>
@@ -53,6 +55,21 @@ void checkDocument(const Document& document)
     }
 }
 
+void writeAgain(Document document)
+{
+    check(write(document) == document.bytes, "what was not edited keeps its bytes");
+    for (Layer& layer : document.main.layers) {
+        layer.hidden = !layer.hidden;
+        auto& keys = layer.transform.rotation.keys;
+        keys.empty() ? void(layer.transform.opacity.value[0] = 7) : keys.pop_back();
+        for (auto& key : layer.transform.opacity.keys) {
+            key.value[0] = 9;
+        }
+    }
+    const auto edited = write(document);
+    check(edited && read(*edited), "what was edited can be read");
+}
+
 void drawFrames(const Document& document)
 {
     const auto surface = SkSurfaces::Raster(SkImageInfo::MakeN32Premul(kSide, kSide));
@@ -70,6 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check(result.error.isEmpty() == result.document.has_value(), "a document or a sentence");
     if (result) {
         checkDocument(*result.document);
+        writeAgain(*result.document);
         if (size <= kMaxDrawnBytes) {
             drawFrames(*result.document);
         }
