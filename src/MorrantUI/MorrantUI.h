@@ -95,6 +95,7 @@
 #include <MorrantUI/platform/notifications.h>
 #include <MorrantUI/scene/GraphicsView.h>
 #include <MorrantUI/scene/TransformTool.h>
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/text/PlainTextEdit.h>
 #include <MorrantUI/text/TimeCodeEdit.h>
 #include <MorrantUI/text/timecode.h>
@@ -129,6 +130,7 @@
 #include <MorrantUI/timeeditor/TimeEditorView.h>
 #include <MorrantUI/timeeditor/TranslateScaleTool.h>
 #include <MorrantUI/timeeditor/VisClip.h>
+#include <MorrantUI/timeeditor/clipmoves.h>
 #include <MorrantUI/timeeditor/keymoves.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
 #include <MorrantUI/timeline/PlaybackBookend.h>

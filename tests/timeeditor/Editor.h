@@ -34,6 +34,16 @@ public:
     QStringList calls;
 };
 
+/// The areas of a clip, "10-20 30-50".
+inline QString areasOf(const TimeEditorClipItem& clip)
+{
+    QStringList texts;
+    for (const VisClip* const area : clip.getClipAreas()) {
+        texts << u"%1-%2"_qs.arg(area->getStart()).arg(area->getEnd());
+    }
+    return texts.join(u' ');
+}
+
 /// A view of 100 frames with ten pixels a frame, and rows of keys.
 class Editor
 {
@@ -77,6 +87,23 @@ public:
         scene->addLayoutItem(row);
         curves.push_back(row);
         return row;
+    }
+
+    TimeEditorClipItem* addClip(std::initializer_list<std::pair<int, int>> areas)
+    {
+        auto* const clip = new TimeEditorClipItem(view);
+        for (const auto& [start, end] : areas) {
+            clip->addClipArea(start, end);
+        }
+        scene->addLayoutItem(clip);
+        return clip;
+    }
+
+    void selectRow(std::size_t row) const
+    {
+        for (TimeEditorKeyframeItem* const each : curves.at(row)->keyframes()) {
+            each->setSelected(true);
+        }
     }
 
     TimeEditorKeyframeItem* key(std::size_t row, std::size_t index) const

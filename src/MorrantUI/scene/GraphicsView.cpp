@@ -1,11 +1,13 @@
 #include "MorrantUI/scene/GraphicsView.h"
 
+#include "MorrantUI/scene/EdgeScroller.h"
 #include "MorrantUI/scene/wheel.h"
 #include <MorrantUI/theme/OverrideCursor.h>
 
 #include <QEvent>
 #include <QGraphicsItem>
 #include <QGraphicsScene>
+#include <QMouseEvent>
 #include <QWheelEvent>
 
 GraphicsView::GraphicsView(QWidget* parent)
@@ -26,7 +28,9 @@ void GraphicsView::changeMouse(const QCursor& cursor)
 {
     watchDoors();
     if (m_cursor) {
-        m_cursor->change(cursor);
+        if (m_cursor->cursor() != cursor) {
+            m_cursor->change(cursor);
+        }
     } else {
         m_cursor = std::make_unique<ui::OverrideCursor>(cursor);
     }
@@ -50,6 +54,21 @@ void GraphicsView::endHandPan()
     setDragMode(RubberBandDrag);
 }
 
+void GraphicsView::scrollAtEdge(const QMouseEvent& event, Qt::Orientations directions)
+{
+    if (!m_edgeScroller) {
+        m_edgeScroller = new EdgeScroller(this);
+    }
+    m_edgeScroller->follow(event.position(), event.buttons(), directions);
+}
+
+void GraphicsView::stopEdgeScroll()
+{
+    if (m_edgeScroller) {
+        m_edgeScroller->stop();
+    }
+}
+
 void GraphicsView::scrollByShare(const QWheelEvent& event, double share)
 {
     QWheelEvent scaled(
@@ -67,6 +86,7 @@ void GraphicsView::scrollByShare(const QWheelEvent& event, double share)
 void GraphicsView::abandonGesture()
 {
     m_doors.stop();
+    stopEdgeScroll();
     restoreMouse();
     endHandPan();
     if (scene() && scene()->mouseGrabberItem()) {

@@ -11,6 +11,7 @@
 namespace ui {
 class OverrideCursor;
 }
+class EdgeScroller;
 
 /// The base of the animation editors' views: no frame, an application-wide cursor while something
 /// is dragged, panning by hand from any place, and one door through which every gesture ends that
@@ -41,6 +42,14 @@ protected:
     /// Back to the rubber band. Without a pan it only sets the mode.
     void endHandPan();
 
+    /// Scrolls by itself while something is dragged at the viewport's edge or beyond it: the
+    /// farther the faster, up to the scene's rectangle. A mouse movement is sent after each step,
+    /// so that the drag follows. To be called with every movement of a drag; abandonGesture() ends
+    /// it, too.
+    /// @param event whose buttons are those of the drag
+    void scrollAtEdge(const QMouseEvent& event, Qt::Orientations directions);
+    void stopEdgeScroll();
+
     /// Hands a wheel event to QGraphicsView with a share of its distance.
     void scrollByShare(const QWheelEvent& event, double share);
 
@@ -55,4 +64,5 @@ private:
 
     std::unique_ptr<ui::OverrideCursor> m_cursor;
     GestureDoors m_doors;
+    EdgeScroller* m_edgeScroller = nullptr; ///< a child, made when first needed
 };

@@ -1,7 +1,7 @@
 #include "MorrantUI/scene/TransformTool.h"
 
-#include "MorrantUI/scene/framemath.h"
 #include "MorrantUI/scene/transformzones.h"
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QGraphicsSceneHoverEvent>
@@ -95,7 +95,9 @@ void TransformTool::hoverLeaveEvent(QGraphicsSceneHoverEvent* /*event*/)
 
 void TransformTool::setHoverZone(int zone)
 {
-    m_hoverZone = zone;
+    if (std::exchange(m_hoverZone, zone) == zone) {
+        return;
+    }
     const bool edge = zone == static_cast<int>(ui::TransformZone::LeftEdge)
                       || zone == static_cast<int>(ui::TransformZone::RightEdge);
     setCursor(edge ? Qt::SizeHorCursor : Qt::ArrowCursor);

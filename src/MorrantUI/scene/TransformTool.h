@@ -29,6 +29,8 @@ public:
     /// Whether an edge is being dragged.
     bool isScaling() const { return m_scaling; }
     bool isDragging() const { return m_dragging; }
+    /// Scene units by which the body has moved the selection since the press.
+    double movedBy() const { return m_moved; }
 
     /// Ends a drag as if it had not been: the keys are where they were at the press.
     void cancelDrag();

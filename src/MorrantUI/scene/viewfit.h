@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MorrantUI/scene/framemath.h"
+#include <MorrantUI/scene/framemath.h>
 
 #include <QRectF>
 #include <QSize>

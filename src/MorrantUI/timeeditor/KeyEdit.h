@@ -62,6 +62,8 @@ public:
     /// Everything is where it was; further movements are ignored.
     void cancel();
     KeyMoves moves() const;
+    /// Frames by which the keys are off their places at the press.
+    double moved() const { return m_moved; }
 
 private:
     void start();

@@ -11,12 +11,6 @@
 
 namespace ui {
 
-namespace {
-
-constexpr double kFarthestFrame = 2147483648.0; ///< either way
-
-} // namespace
-
 RowBlock::RowBlock(QGraphicsItem* parent)
     : QGraphicsItem(parent)
 {

@@ -1,8 +1,11 @@
 #include "MorrantUI/timeeditor/TimeEditorClipItem.h"
 
-#include "MorrantUI/scene/framemath.h"
+#include "MorrantUI/scene/dragreadout.h"
+#include "MorrantUI/timeeditor/ClipGesture.h"
 #include "MorrantUI/timeeditor/clipdrag.h"
+#include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 #include <MorrantUI/timeeditor/TimeEditorView.h>
@@ -33,17 +36,6 @@ double heldOnScreen(double x)
 
 } // namespace
 
-/// From the press on an area to whatever ends it.
-struct TimeEditorClipItem::Drag
-{
-    int index = 0;
-    EndPointHover part = EndPointHover::None;
-    bool slips = false;
-    double pressX = 0.0; ///< scene
-    ui::ClipSpan atPress;
-    ui::ClipLimits limits;
-};
-
 TimeEditorClipItem::TimeEditorClipItem(TimeEditorView* view, QGraphicsItem* parent)
     : TimeEditorBaseItem(BareItem())
     , m_view(view)
@@ -58,7 +50,7 @@ TimeEditorClipItem::~TimeEditorClipItem() = default;
 
 VisClip* TimeEditorClipItem::addClipArea(int start, int end)
 {
-    m_areas.push_back(std::make_unique<VisClip>(start, end));
+    m_areas.push_back(std::make_shared<VisClip>(start, end));
     refresh();
     return m_areas.back().get();
 }
@@ -68,7 +60,6 @@ void TimeEditorClipItem::removeClipArea(int index)
     if (index < 0 || index >= static_cast<int>(m_areas.size())) {
         return;
     }
-    m_drag.reset();
     setHover(-1, EndPointHover::None);
     setDragClipIndex(-1, EndPointHover::None);
     m_areas.erase(m_areas.begin() + index);
@@ -126,10 +117,11 @@ void TimeEditorClipItem::updateEndPointFeedforward(EndPointHover part)
     if (m_view) {
         const bool trims = part == EndPointHover::Start || part == EndPointHover::End;
         const bool slips = part == EndPointHover::Body && m_altHeld;
-        m_view->showHoverCursor(
-            trims   ? Qt::SizeHorCursor
-            : slips ? Qt::SplitHCursor
-                    : Qt::ArrowCursor);
+        const Qt::CursorShape shape = trims   ? Qt::SizeHorCursor
+                                      : slips ? Qt::SplitHCursor
+                                              : Qt::ArrowCursor;
+        setCursor(shape);
+        m_view->showHoverCursor(shape);
     }
     update();
 }
@@ -167,13 +159,11 @@ int TimeEditorClipItem::areaAt(QPointF position) const
     return -1;
 }
 
-std::vector<ui::ClipSpan> TimeEditorClipItem::spans() const
+int TimeEditorClipItem::indexOf(const VisClip* area) const
 {
-    std::vector<ui::ClipSpan> spans;
-    for (const auto& area : m_areas) {
-        spans.push_back({area->getStart(), area->getEnd(), area->slip()});
-    }
-    return spans;
+    const auto found = std::find_if(
+        m_areas.begin(), m_areas.end(), [area](const auto& own) { return own.get() == area; });
+    return found == m_areas.end() ? -1 : static_cast<int>(found - m_areas.begin());
 }
 
 QColor TimeEditorClipItem::getColor() const
@@ -264,11 +254,12 @@ void TimeEditorClipItem::hoverMoveEvent(QGraphicsSceneHoverEvent* event)
 {
     TimeEditorBaseItem::hoverMoveEvent(event);
     const int index = areaAt(event->pos());
-    const EndPointHover part =
-        index < 0
-            ? EndPointHover::None
-            : ui::clipPart(
-                spans().at(static_cast<std::size_t>(index)), event->pos().x(), pixelsPerFrame());
+    const EndPointHover part = index < 0
+                                   ? EndPointHover::None
+                                   : ui::clipPart(
+                                       ui::spanOf(*m_areas.at(static_cast<std::size_t>(index))),
+                                       event->pos().x(),
+                                       pixelsPerFrame());
     setHover(index, part);
 }
 
@@ -280,29 +271,35 @@ void TimeEditorClipItem::hoverLeaveEvent(QGraphicsSceneHoverEvent* event)
 
 void TimeEditorClipItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
+    const QPointer<TimeEditorClipItem> alive(this);
     TimeEditorBaseItem::mousePressEvent(event);
-    const int index = areaAt(event->pos());
+    const int index = alive ? areaAt(event->pos()) : -1;
     if (event->button() != Qt::LeftButton || index < 0) {
         return;
     }
-    const std::vector<ui::ClipSpan> areas = spans();
-    const auto at = static_cast<std::size_t>(index);
-    VisClip& area = *m_areas.at(at);
+    VisClip& area = *m_areas.at(static_cast<std::size_t>(index));
+    const bool adds = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+    const auto* const timeScene = qobject_cast<TimeEditorScene*>(scene());
+    if (timeScene && !adds && !area.isSelected()) {
+        ui::deselectClipAreas(timeScene->clips(), nullptr, 0); // it does not go with the others
+    }
     area.setSelected(!event->modifiers().testFlag(Qt::ControlModifier) || !area.isSelected());
-    const EndPointHover part = ui::clipPart(areas.at(at), event->pos().x(), pixelsPerFrame());
-    const bool slips = m_altHeld || event->modifiers().testFlag(Qt::AltModifier);
-    m_drag = std::make_unique<Drag>(
-        Drag{index, part, slips, event->scenePos().x(), areas.at(at), ui::clipLimits(areas, at)});
+    const EndPointHover part = ui::clipPart(ui::spanOf(area), event->pos().x(), pixelsPerFrame());
+    const bool slips =
+        part == EndPointHover::Body && (m_altHeld || event->modifiers().testFlag(Qt::AltModifier));
+    m_drag = std::make_shared<ui::ClipGesture>(*this, index, part, slips, event->scenePos().x());
+    m_snap.reset();
     setDragClipIndex(index, part);
     if (m_view) {
         m_view->setEndPointSnapping(true);
     }
 }
 
-double TimeEditorClipItem::snapped(double frames) const
+double TimeEditorClipItem::snapped(double frames)
 {
+    m_snap.reset();
     const auto* const timeScene = qobject_cast<TimeEditorScene*>(scene());
-    if (!timeScene || !m_view || !m_view->getSnapping() || m_drag->slips) {
+    if (!timeScene || !m_view || !m_view->getSnapping() || m_drag->slips()) {
         return frames;
     }
     std::vector<int> candidates = {
@@ -310,41 +307,55 @@ double TimeEditorClipItem::snapped(double frames) const
         timeScene->getBackgroundRegion().first,
         timeScene->getBackgroundRegion().second};
     for (const TimeEditorClipItem* const clip : timeScene->clips()) {
-        for (std::size_t i = 0; i < clip->m_areas.size(); ++i) {
-            if (clip != this || static_cast<int>(i) != m_drag->index) {
-                candidates.push_back(clip->m_areas.at(i)->getStart());
-                candidates.push_back(clip->m_areas.at(i)->getEnd());
+        for (const auto& area : clip->m_areas) {
+            if (!m_drag->holds(*area)) {
+                candidates.push_back(area->getStart());
+                candidates.push_back(area->getEnd());
             }
         }
     }
-    const int edge =
-        m_drag->part == EndPointHover::End ? m_drag->atPress.end : m_drag->atPress.start;
-    const std::optional<int> frame = ui::nearestSnapFrame(edge + frames, candidates);
-    return frame ? ui::frameSpan({edge, *frame}) : frames;
+    const auto snap = [&](int edge) {
+        m_snap = ui::nearestSnapFrame(edge + frames, candidates);
+        return m_snap ? std::optional(ui::frameSpan({edge, *m_snap})) : std::nullopt;
+    };
+    const ui::ClipSpan& area = m_drag->atPress();
+    std::optional<double> moved;
+    if (m_drag->part() != EndPointHover::End) {
+        moved = snap(area.start);
+    }
+    if (!moved && m_drag->part() != EndPointHover::Start) {
+        moved = snap(area.end);
+    }
+    return moved.value_or(frames);
 }
 
 void TimeEditorClipItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
-    if (!m_drag) {
+    if (const std::shared_ptr<ui::ClipGesture> drag = m_drag) {
+        drag->dragBy(snapped(event->scenePos().x() - drag->pressX())); // may delete the clip
+    } else {
         TimeEditorBaseItem::mouseMoveEvent(event);
-        return;
     }
-    const double frames = snapped(event->scenePos().x() - m_drag->pressX);
-    apply(
-        m_drag->index,
-        ui::draggedClip(m_drag->atPress, m_drag->part, m_drag->slips, frames, m_drag->limits));
 }
 
-void TimeEditorClipItem::apply(int index, const ui::ClipSpan& span)
+std::optional<ui::DragProgress> TimeEditorClipItem::dragProgress() const
 {
-    const auto at = static_cast<std::size_t>(index);
-    if (at >= m_areas.size() || spans().at(at) == span) {
-        return;
+    if (!m_drag) {
+        return std::nullopt;
     }
-    m_areas.at(at)->setRange(span.start, span.end);
-    m_areas.at(at)->setSlip(span.slip);
-    refresh();
-    Q_EMIT clipChanging(index);
+    const ui::ClipSpan now = m_drag->now();
+    const ui::ClipSpan& before = m_drag->atPress();
+    ui::DragProgress progress{
+        ui::frameSpan({before.start, now.start}), static_cast<double>(now.start), {}};
+    if (m_drag->slips()) {
+        progress = {ui::frameSpan({before.slip, now.slip}), static_cast<double>(now.slip), {}};
+    } else if (m_drag->part() == EndPointHover::End) {
+        progress = {ui::frameSpan({before.end, now.end}), static_cast<double>(now.end), {}};
+    }
+    if (m_snap && (*m_snap == now.start || *m_snap == now.end)) {
+        progress.guide = *m_snap; // and no neighbour was in the way
+    }
+    return progress;
 }
 
 void TimeEditorClipItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
@@ -359,27 +370,31 @@ void TimeEditorClipItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 
 void TimeEditorClipItem::finishDrag()
 {
-    const std::unique_ptr<Drag> drag = std::move(m_drag);
+    const std::shared_ptr<ui::ClipGesture> drag = std::exchange(m_drag, nullptr);
     if (!drag) {
         return;
     }
     setDragClipIndex(-1, EndPointHover::None);
-    const ui::ClipSpan now = spans().at(static_cast<std::size_t>(drag->index));
-    const ui::ClipSpan& before = drag->atPress;
-    if (now != before) {
-        Q_EMIT clipChanged(
-            {drag->index, before.start, now.start, before.end, now.end, before.slip, now.slip});
+    const QPointer<TimeEditorView> view = m_view;
+    const ClipMoves moves = drag->moves();
+    for (const ClipMove& move : moves) { // whoever is told may delete any of them
+        if (move.clip) {
+            Q_EMIT move.clip->clipChanged(move.edit);
+        }
+    }
+    if (view && !moves.empty()) {
+        Q_EMIT view->clipsChanged(moves);
     }
 }
 
 bool TimeEditorClipItem::cancelDrag()
 {
-    const std::unique_ptr<Drag> drag = std::move(m_drag);
+    const std::shared_ptr<ui::ClipGesture> drag = std::exchange(m_drag, nullptr);
     if (!drag) {
         return false;
     }
     setDragClipIndex(-1, EndPointHover::None);
-    apply(drag->index, drag->atPress);
+    drag->cancel();
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include <MorrantUI/timeeditor/EndPointHover.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
 #include <MorrantUI/timeeditor/VisClip.h>
+#include <MorrantUI/timeeditor/clipmoves.h>
 
 #include <QPointer>
 #include <QString>
@@ -15,24 +16,14 @@
 class TimeEditorView;
 
 namespace ui {
+class ClipGesture;
 struct ClipSpan;
-}
-
-/// What a gesture did to one area of a clip. Frames.
-struct ClipEdit
-{
-    int index = 0;
-    int startFrom = 0;
-    int startTo = 0;
-    int endFrom = 0;
-    int endTo = 0;
-    int slipFrom = 0;
-    int slipTo = 0;
-};
+struct DragProgress;
+} // namespace ui
 
 /// A row of clip areas: bars that are trimmed at their ends, moved by their body and, with Alt,
-/// whose contents are shifted within them. An area stops at its neighbours. Escape takes a drag
-/// back.
+/// whose contents are shifted within them. What is selected with the area goes along, in other
+/// clips too. An area stops at its neighbours. Escape takes a drag back.
 class MORRANT_UI_EXPORT TimeEditorClipItem : public TimeEditorBaseItem
 {
     Q_OBJECT
@@ -83,7 +74,8 @@ public:
 Q_SIGNALS:
     /// A drag has changed an area by a step.
     void clipChanging(int index);
-    /// A drag is complete: what changed, once. Nothing for a click, or after Escape.
+    /// A drag is complete: what changed of an area, once. Nothing for a click, or after Escape.
+    /// TimeEditorView::clipsChanged() tells of all areas that went along together.
     void clipChanged(const ClipEdit& edit);
 
 protected:
@@ -96,25 +88,27 @@ protected:
     bool sceneEvent(QEvent* event) override;
 
 private:
-    struct Drag;
+    friend class TimeEditorView;
+    friend class ui::ClipGesture;
 
     double pixelsPerFrame() const;
     QRectF areaRect(const VisClip& area) const;
     int areaAt(QPointF position) const;
+    int indexOf(const VisClip* area) const;
     void setHover(int index, EndPointHover part);
-    void apply(int index, const ui::ClipSpan& span);
-    double snapped(double frames) const;
+    double snapped(double frames);
+    std::optional<ui::DragProgress> dragProgress() const;
     void finishDrag();
     void paintArea(QPainter& painter, const QTransform& world, int index);
-    std::vector<ui::ClipSpan> spans() const;
 
     QPointer<TimeEditorView> m_view;
-    std::vector<std::unique_ptr<VisClip>> m_areas;
+    std::vector<std::shared_ptr<VisClip>> m_areas;
     QString m_text;
     EndPointHover m_hover = EndPointHover::None;
     int m_hoverIndex = -1;
     int m_dragIndex = -1;
     EndPointHover m_dragPart = EndPointHover::None;
     bool m_altHeld = false;
-    std::unique_ptr<Drag> m_drag;
+    std::shared_ptr<ui::ClipGesture> m_drag;
+    std::optional<int> m_snap; ///< the frame that the last step has snapped to
 };

@@ -2,6 +2,7 @@
 
 #include "MorrantUI/scene/glyphs.h"
 #include "MorrantUI/timeeditor/RowBlock.h"
+#include "MorrantUI/timeeditor/RowHover.h"
 #include "MorrantUI/timeeditor/keylook.h"
 #include "MorrantUI/timeeditor/rowpass.h"
 #include <MorrantUI/theme/colors.h>
@@ -183,8 +184,11 @@ bool TimeEditorCurveItem::collidesWithPath(
 {
     // Qt asks the row before it looks at the keys, and looks at all of them then.
     sortedKeys();
-    if (ui::KeyMask::current() || !m_onlyKeys) {
-        return !m_onlyKeys;
+    if (!m_onlyKeys) {
+        return true;
+    }
+    if (ui::KeyMask::current() && isPaintedByStack()) {
+        return false;
     }
     const QRectF reached = path.controlPointRect();
     return bar().intersects(reached) || keyAt(reached) != nullptr;
@@ -297,6 +301,12 @@ void TimeEditorCurveItem::paintKeys(QPainter& painter, const QRectF& exposed, QW
         key->paint(&painter, &option, widget);
     }
     painter.setWorldTransform(row);
+}
+
+bool TimeEditorCurveItem::sceneEvent(QEvent* event)
+{
+    return (ui::RowHover::isForeign(*event) && isPaintedByStack())
+           || TimeEditorBaseItem::sceneEvent(event);
 }
 
 QVariant TimeEditorCurveItem::itemChange(GraphicsItemChange change, const QVariant& value)

@@ -3,6 +3,7 @@
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
 
 #include <QPointer>
+#include <QString>
 
 #include <vector>
 
@@ -43,6 +44,11 @@ public:
     /// The keys in the order of their frames; equal frames in the order of their making.
     std::vector<TimeEditorKeyframeItem*> keyframes() const;
 
+    /// What the row is about, such as the attribute. Not drawn; screen readers hear it with its
+    /// keys.
+    QString text() const { return m_text; }
+    void setText(const QString& text) { m_text = text; }
+
     ColorMode colorMode() const { return m_colorMode; }
     void setColorMode(ColorMode mode);
 
@@ -63,8 +69,11 @@ public:
 
 protected:
     QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
+    /// Hovering comes from the scene, which knows the keys by their order.
+    bool sceneEvent(QEvent* event) override;
 
 private:
+    friend class TimeEditorKeyframeItem;
     friend class TimeEditorLayoutContainer;
 
     struct RowKey
@@ -82,6 +91,7 @@ private:
     void paintSegments(QPainter& painter, const QRectF& exposed, const QColor& color);
 
     QPointer<TimeEditorView> m_view;
+    QString m_text;
     ColorMode m_colorMode = ColorMode::Plain;
     bool m_stacked = false; ///< a row of the scene's stack
     mutable std::vector<RowKey> m_keys;

@@ -1,6 +1,7 @@
 #include "MorrantUI/timeeditor/TimeEditorKeyframeItem.h"
 
 #include "MorrantUI/scene/glyphs.h"
+#include "MorrantUI/timeeditor/RowHover.h"
 #include "MorrantUI/timeeditor/keylook.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
@@ -152,8 +153,9 @@ QPointF TimeEditorKeyframeItem::acceptedPosition(QPointF wanted) const
 
 void TimeEditorKeyframeItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
+    const QPointer<TimeEditorKeyframeItem> alive(this);
     TimeEditorBaseItem::mousePressEvent(event);
-    if (m_view && event->isAccepted() && event->button() == Qt::LeftButton) {
+    if (alive && m_view && event->isAccepted() && event->button() == Qt::LeftButton) {
         m_view->startKeyDrag(this, event->scenePos().x());
     }
 }
@@ -181,6 +183,9 @@ bool TimeEditorKeyframeItem::sceneEvent(QEvent* event)
     if (event->type() == QEvent::UngrabMouse && m_view) {
         m_view->finishKeyDrag();
         return true; // whoever was told may have deleted the key
+    }
+    if (ui::RowHover::isForeign(*event) && m_curve && m_curve->isPaintedByStack()) {
+        return true;
     }
     return TimeEditorBaseItem::sceneEvent(event);
 }

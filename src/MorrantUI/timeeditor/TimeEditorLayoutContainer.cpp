@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
 
+#include <algorithm>
+
 namespace {
 
 constexpr float kSeparatorAlpha = 0.28F;
@@ -31,6 +33,7 @@ TimeEditorLayoutContainer::TimeEditorLayoutContainer(QGraphicsItem* parent)
     setLayout(m_layout);
     setPos(0.0, 0.0);
     setAcceptedMouseButtons(Qt::NoButton);
+    setFlag(ItemContainsChildrenInShape); // so that Qt can pass over all rows at once
 }
 
 TimeEditorLayoutContainer::~TimeEditorLayoutContainer() = default;
@@ -62,34 +65,82 @@ void TimeEditorLayoutContainer::addRow(TimeEditorBaseItem* row)
     if (!block || block->childItems().size() >= ui::RowBlock::kRows) {
         block = new ui::RowBlock(this);
     }
+    prepareGeometryChange();
     m_layout->addItem(row);
     row->setParentItem(block);
+    m_bottom = row->y() + row->rect().bottom();
 }
 
-TimeEditorKeyframeItem* TimeEditorLayoutContainer::keyAt(const QRectF& place) const
+TimeEditorLayoutContainer::Under TimeEditorLayoutContainer::under(const QRectF& place) const
 {
+    Under found;
     for (const QGraphicsItem* const block : childItems()) {
         const QRectF bounds = block->boundingRect();
         if (!overlaps(bounds.top(), bounds.bottom(), place)) {
             continue;
         }
+        if (dynamic_cast<const ui::RowBlock*>(block) == nullptr) {
+            found.others = true; // a host's own
+            continue;
+        }
         for (QGraphicsItem* const item : block->childItems()) {
-            const auto* const row = dynamic_cast<const TimeEditorCurveItem*>(item);
-            TimeEditorKeyframeItem* const key = row != nullptr && row->isPaintedByStack()
-                                                    ? row->keyAt(place.translated(-row->scenePos()))
-                                                    : nullptr;
-            if (key) {
-                return key;
+            auto* const row = dynamic_cast<TimeEditorCurveItem*>(item);
+            if (!row || !row->isPaintedByStack()) {
+                found.others = found.others || item->isVisible();
+                continue;
+            }
+            const QRectF inRow = place.translated(-row->scenePos());
+            if (!overlaps(row->rect().top(), row->rect().bottom(), inRow)) {
+                continue;
+            }
+            if (!found.key) {
+                found.key = row->keyAt(inRow);
+            }
+            if (!found.row && row->bar().intersects(inRow)) {
+                found.row = row;
             }
         }
     }
-    return nullptr;
+    return found;
+}
+
+TimeEditorKeyframeItem* TimeEditorLayoutContainer::keyAt(const QRectF& place) const
+{
+    return under(place).key;
 }
 
 QRectF TimeEditorLayoutContainer::boundingRect() const
 {
-    const ui::RowPass* const pass = ui::RowPass::current();
-    return pass != nullptr ? pass->exposed() : QGraphicsWidget::boundingRect();
+    if (const ui::RowPass* const pass = ui::RowPass::current()) {
+        return pass->exposed();
+    }
+    const QRectF own = QGraphicsWidget::boundingRect();
+    return {
+        -ui::kFarthestFrame,
+        own.top(),
+        2.0 * ui::kFarthestFrame,
+        std::max(own.height(), m_bottom - own.top())};
+}
+
+bool TimeEditorLayoutContainer::collidesWithPath(
+    const QPainterPath& path, Qt::ItemSelectionMode /*mode*/) const
+{
+    if (ui::KeyMask* const mask = ui::KeyMask::current()) {
+        mask->beginWalk();
+        if (ui::KeyMask::current() && mask->hidesStack()) {
+            return false;
+        }
+    }
+    const QRectF own = boundingRect();
+    const QRectF reached = path.controlPointRect();
+    return overlaps(own.top(), own.bottom(), reached);
+}
+
+void TimeEditorLayoutContainer::setGeometry(const QRectF& rect)
+{
+    prepareGeometryChange();
+    m_bottom = 0.0;
+    QGraphicsWidget::setGeometry(rect);
 }
 
 void TimeEditorLayoutContainer::paint(

@@ -6,6 +6,7 @@
 
 class QGraphicsLinearLayout;
 class TimeEditorBaseItem;
+class TimeEditorCurveItem;
 class TimeEditorKeyframeItem;
 
 /// The stack of rows in a TimeEditorScene: from y 0 downwards without gaps, each as tall as its
@@ -32,9 +33,24 @@ public:
     /// The key of a row at a place of the scene, or null.
     TimeEditorKeyframeItem* keyAt(const QRectF& place) const;
 
+    /// As wide as frames can be: keys lie anywhere.
     QRectF boundingRect() const override;
+    bool collidesWithPath(const QPainterPath& path, Qt::ItemSelectionMode mode) const override;
+    void setGeometry(const QRectF& rect) override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 private:
+    friend class TimeEditorScene;
+
+    /// What lies at a place of the scene, as far as rows know it without Qt.
+    struct Under
+    {
+        TimeEditorKeyframeItem* key = nullptr;
+        TimeEditorCurveItem* row = nullptr; ///< whose bar is there
+        bool others = false;                ///< there is a row that only Qt knows
+    };
+    Under under(const QRectF& place) const;
+
     QGraphicsLinearLayout* m_layout;
+    double m_bottom = 0.0; ///< of rows that the layout has not placed yet
 };

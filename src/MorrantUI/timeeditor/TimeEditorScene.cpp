@@ -1,8 +1,9 @@
 #include "MorrantUI/timeeditor/TimeEditorScene.h"
 
-#include "MorrantUI/scene/framemath.h"
+#include "MorrantUI/timeeditor/RowHover.h"
 #include "MorrantUI/timeeditor/beatgrid.h"
 #include "MorrantUI/timeeditor/rowpass.h"
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
@@ -15,11 +16,13 @@
 
 #include <QGraphicsItem>
 #include <QGraphicsSceneMouseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -65,6 +68,7 @@ TimeEditorScene::TimeEditorScene(TimeEditorView* view, const QRect& rect, bool u
     : QGraphicsScene(QRectF(rect))
     , m_view(view)
     , m_useTimeHandle(useTimeHandle)
+    , m_hover(std::make_unique<ui::RowHover>())
 {
     // Rows find their keys by order, and every key changes with every step of the zoom: an index
     // would cost more than it saves.
@@ -233,17 +237,25 @@ QRectF TimeEditorScene::pixelAt(QPointF position) const
 
 TimeEditorKeyframeItem* TimeEditorScene::keyUnder(const QRectF& place) const
 {
-    TimeEditorKeyframeItem* const key =
-        m_layoutContainer ? m_layoutContainer->keyAt(place) : nullptr;
-    if (!key) {
+    if (!m_layoutContainer) {
         return nullptr;
     }
-    const ui::KeyMask mask;
+    const TimeEditorLayoutContainer::Under under = m_layoutContainer->under(place);
+    return under.key && !isCovered(place, !under.others) ? under.key : nullptr;
+}
+
+/// Whether anything is in front of the rows' own at a place.
+bool TimeEditorScene::isCovered(const QRectF& place, bool hidesStack) const
+{
+    const ui::KeyMask mask(hidesStack);
     const QList<QGraphicsItem*> others = items(place, Qt::IntersectsItemShape);
-    // Down to the stack of rows nothing may be in front.
-    const bool isInFront = others.isEmpty() || m_layoutContainer->isAncestorOf(others.first())
-                           || others.first() == m_layoutContainer;
-    return isInFront ? key : nullptr;
+    if (others.isEmpty() || others.first() == m_layoutContainer
+        || m_layoutContainer->isAncestorOf(others.first()))
+    {
+        return false;
+    }
+    // Of equals the stack, which is older, is behind.
+    return !hidesStack || others.first()->topLevelItem()->zValue() >= m_layoutContainer->zValue();
 }
 
 TimeEditorBaseItem* TimeEditorScene::itemUnder(const QRectF& place) const
@@ -257,13 +269,18 @@ TimeEditorBaseItem* TimeEditorScene::itemUnder(const QRectF& place) const
 
 void TimeEditorScene::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
-    TimeEditorKeyframeItem* const key =
-        mouseGrabberItem() == nullptr ? keyUnder(pixelAt(event->scenePos())) : nullptr;
+    const QPointer<TimeEditorScene> alive(this);
+    const bool grabbed = mouseGrabberItem() != nullptr;
+    TimeEditorKeyframeItem* const key = grabbed ? nullptr : keyUnder(pixelAt(event->scenePos()));
     if (!key || !key->isEnabled() || !(key->acceptedMouseButtons() & event->button())) {
         QGraphicsScene::mousePressEvent(event);
+        if (alive && !grabbed) {
+            m_qtHovers = true; // it looks who is below the pointer
+            m_pressGrabber = mouseGrabberItem();
+        }
         return;
     }
-    const QPointer<TimeEditorScene> alive(this);
+    m_pressGrabber = key;
     m_pressedKey = key;
     key->grabMouse();
     const QPointF position = key->mapFromScene(event->scenePos());
@@ -281,11 +298,75 @@ void TimeEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
     const QPointer<TimeEditorScene> alive(this);
     const bool released = event->buttons() == Qt::NoButton;
-    if (released && m_pressedKey && mouseGrabberItem() == m_pressedKey) {
-        m_pressedKey->ungrabMouse(); // elsewhere
+    if (released && mouseGrabberItem() && mouseGrabberItem() == m_pressGrabber) {
+        mouseGrabberItem()->ungrabMouse(); // elsewhere
     }
-    if (alive) {
+    if (!alive) {
+        return;
+    }
+    if (released && !mouseGrabberItem()) {
+        hover(*event);
+    } else {
         QGraphicsScene::mouseMoveEvent(event);
+    }
+}
+
+void TimeEditorScene::hover(QGraphicsSceneMouseEvent& event)
+{
+    const QPointer<TimeEditorScene> alive(this);
+    const QRectF place = pixelAt(event.scenePos());
+    const TimeEditorLayoutContainer::Under under =
+        m_layoutContainer ? m_layoutContainer->under(place) : TimeEditorLayoutContainer::Under();
+    TimeEditorBaseItem* front = under.key;
+    if (!front) {
+        front = under.row;
+    }
+    if (front && isCovered(place, !under.others)) {
+        front = nullptr;
+    }
+    if (front && std::exchange(m_qtHovers, false)) {
+        const QPointer<TimeEditorBaseItem> kept(front);
+        QGraphicsSceneEvent left(QEvent::GraphicsSceneLeave);
+        left.setWidget(event.widget());
+        QGraphicsScene::event(&left);
+        if (!alive) {
+            return;
+        }
+        front = kept;
+    }
+    m_hover->moveTo(front, event);
+    if (alive && !front) {
+        const ui::KeyMask mask(!under.others);
+        QGraphicsScene::mouseMoveEvent(&event);
+        if (alive) {
+            m_qtHovers = event.isAccepted();
+        }
+    }
+}
+
+const TimeEditorBaseItem* TimeEditorScene::hoveredCursorOwner() const
+{
+    return m_hover->cursorOwner();
+}
+
+bool TimeEditorScene::event(QEvent* event)
+{
+    if (event->type() == QEvent::GraphicsSceneLeave) {
+        const QPointer<TimeEditorScene> alive(this);
+        m_hover->leave();
+        if (!alive) {
+            return true;
+        }
+    }
+    return QGraphicsScene::event(event);
+}
+
+void TimeEditorScene::keyPressEvent(QKeyEvent* event)
+{
+    if (focusItem() || !m_view || !m_view->walkKeys(*event)) {
+        QGraphicsScene::keyPressEvent(event);
+    } else {
+        event->accept();
     }
 }
 
@@ -295,6 +376,10 @@ void TimeEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
     const QPointer<TimeEditorKeyframeItem> key = m_pressedKey;
     if (!key || mouseGrabberItem() != key || event->buttons() != Qt::NoButton) {
         QGraphicsScene::mouseReleaseEvent(event);
+        if (alive && event->buttons() == Qt::NoButton) {
+            m_qtHovers = true; // whatever it has found below the pointer
+            hoverAgain(*event);
+        }
         return;
     }
     const QPointF position = key->mapFromScene(event->scenePos());
@@ -311,13 +396,20 @@ void TimeEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
         return;
     }
     m_pressedKey = nullptr;
-    if (!key || keyUnder(pixelAt(event->scenePos())) != key) {
-        QGraphicsSceneMouseEvent moved(QEvent::GraphicsSceneMouseMove); // who hovers has changed
-        moved.setWidget(event->widget());
-        moved.setScenePos(event->scenePos());
-        moved.setScreenPos(event->screenPos());
-        QGraphicsScene::mouseMoveEvent(&moved);
-    }
+    hoverAgain(*event);
+}
+
+/// Who is below the pointer may have changed while the mouse was somebody's.
+void TimeEditorScene::hoverAgain(const QGraphicsSceneMouseEvent& event)
+{
+    QGraphicsSceneMouseEvent moved(QEvent::GraphicsSceneMouseMove);
+    moved.setWidget(event.widget());
+    moved.setScenePos(event.scenePos());
+    moved.setLastScenePos(event.scenePos());
+    moved.setScreenPos(event.screenPos());
+    moved.setLastScreenPos(event.screenPos());
+    moved.setModifiers(event.modifiers());
+    mouseMoveEvent(&moved);
 }
 
 void TimeEditorScene::drawBackground(QPainter* painter, const QRectF& exposed)

@@ -7,6 +7,7 @@
 #include <QLineF>
 #include <QPointer>
 
+#include <memory>
 #include <set>
 #include <utility>
 #include <vector>
@@ -18,6 +19,10 @@ class TimeEditorKeyframeItem;
 class TimeEditorLayoutContainer;
 class TimeEditorView;
 class TimeHandle;
+
+namespace ui {
+class RowHover;
+} // namespace ui
 
 /// The scene behind a TimeEditorView: x is the frame, y the row's position. Holds the current
 /// frame, the background region (normally the playback range), the beat grid and the stack of rows,
@@ -83,6 +88,9 @@ protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
+    bool event(QEvent* event) override;
+    /// Walks the keys, unless an item has the focus.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     friend class TimeEditorBaseItem;
@@ -92,6 +100,10 @@ private:
     void strike(TimeEditorBaseItem* item);
     QList<QGraphicsItem*> topLevelItems() const;
     TimeEditorKeyframeItem* keyUnder(const QRectF& place) const;
+    bool isCovered(const QRectF& place, bool hidesStack) const;
+    void hover(QGraphicsSceneMouseEvent& event);
+    void hoverAgain(const QGraphicsSceneMouseEvent& event);
+    const TimeEditorBaseItem* hoveredCursorOwner() const;
     QRectF pixelAt(QPointF position) const;
     bool survivesClearing(const QGraphicsItem* item) const;
     void makeLayoutContainer();
@@ -117,6 +129,9 @@ private:
     std::vector<QLineF> m_beatLines;
     std::vector<QLineF> m_barLines;
     QPointer<TimeEditorKeyframeItem> m_pressedKey; ///< has the mouse until its release
+    const QGraphicsItem* m_pressGrabber = nullptr; ///< took the mouse with a press; only compared
+    std::unique_ptr<ui::RowHover> m_hover;
+    bool m_qtHovers = false; ///< Qt may have told items that they are hovered
     std::set<TimeEditorCurveItem*> m_curves;
     std::set<TimeEditorClipItem*> m_clips;
     std::set<TimeEditorBaseItem*> m_others; ///< whatever else sizes itself for the zoom

@@ -1,13 +1,13 @@
 #include "MorrantUI/timeeditor/TimeEditorView.h"
 
-#include "MorrantUI/scene/framemath.h"
+#include "MorrantUI/scene/DragOverlay.h"
 #include "MorrantUI/scene/viewfit.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/marqueefilter.h"
-#include "MorrantUI/timeeditor/rowpass.h"
 #include <MorrantUI/controls/connections/ConnectionInstance.h>
 #include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
@@ -16,7 +16,6 @@
 #include <MorrantUI/timeeditor/TranslateScaleTool.h>
 #include <MorrantUI/timeline/TimeHandle.h>
 
-#include <QPaintEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
@@ -60,6 +59,7 @@ void deselect(const Items& items)
 TimeEditorView::TimeEditorView(QWidget* parent)
     : GraphicsView(parent)
     , m_edit(std::make_unique<ui::KeyEdit>())
+    , m_overlay(std::make_unique<DragOverlay>())
 {
     configure();
 }
@@ -78,6 +78,7 @@ void TimeEditorView::configure()
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAccessibleName(tr("Time editor"));
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
     setRenderHints(
@@ -264,12 +265,6 @@ void TimeEditorView::drawBackground(QPainter* painter, const QRectF& /*exposed*/
     GraphicsView::drawBackground(painter, ui::evenBackground(getVisibleRect()));
 }
 
-void TimeEditorView::paintEvent(QPaintEvent* event)
-{
-    const ui::RowPass pass(mapToScene(event->rect()).boundingRect());
-    GraphicsView::paintEvent(event);
-}
-
 // What is selected
 
 std::vector<QGraphicsItem*> TimeEditorView::selectedContent() const
@@ -335,11 +330,11 @@ void TimeEditorView::selectionChanged()
     if (filterMarquee()) {
         Q_EMIT m_scene->selectionChanged();
     }
-    if (!alive || !m_scene) {
+    if (!alive) {
         return;
     }
     showTool();
-    if (itemsOf<TimeEditorClipItem>(selectedContent()).empty()) {
+    if (m_scene && itemsOf<TimeEditorClipItem>(selectedContent()).empty()) {
         for (TimeEditorClipItem* const clip : m_scene->clips()) {
             clip->clearSelectedClipAreas();
         }

@@ -4,6 +4,7 @@
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/scene/GraphicsView.h>
 #include <MorrantUI/timeeditor/TimeEditorUtils.h>
+#include <MorrantUI/timeeditor/clipmoves.h>
 #include <MorrantUI/timeeditor/keymoves.h>
 
 #include <QPoint>
@@ -11,6 +12,7 @@
 #include <QRectF>
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <utility>
 #include <vector>
@@ -22,9 +24,12 @@ class TimeEditorKeyframeItem;
 class TimeEditorScene;
 class TranslateScaleTool;
 
+class DragOverlay;
+
 namespace ui {
 class KeyDrag;
 class KeyEdit;
+struct DragProgress;
 inline constexpr int kTrackHeight = 22; ///< scene units, of a row
 } // namespace ui
 
@@ -36,7 +41,12 @@ inline constexpr int kTrackHeight = 22; ///< scene units, of a row
 /// hands over a TimeEditorUtils for what the user's shortcuts ask for.
 ///
 /// Keys move by whole frames, with Shift to what is near; Escape takes a drag back. Edits are told
-/// once they are complete, as what changed.
+/// once they are complete, as what changed. While something is dragged the view shows how far, and
+/// scrolls when the pointer is at its edge.
+///
+/// With the keyboard: Left and Right walk along a row's keys, Home and End to its first and last,
+/// Up and Down to other rows. The key is selected; with Shift the ones from where that began,
+/// with Control none until Return. The accessible description tells of the key.
 class MORRANT_UI_EXPORT TimeEditorView : public GraphicsView, public ConnectionReceiver
 {
     Q_OBJECT
@@ -129,6 +139,10 @@ public:
     bool getEndPointSnapping() const { return m_endPointSnapping; }
     bool isSpaceHeld() const { return m_spaceHeld; }
 
+    /// Moves the selected keys as a drag would, as one edit; not in mid-drag. For the host's
+    /// shortcuts. @param frames distance, whole
+    void nudgeSelectedKeys(int frames);
+
     /// The selected keys, ordered by address.
     std::set<TimeEditorKeyframeItem*> selectedKeyframes() const;
     /// What a context menu at a place of the viewport is about: the curve there, else those of the
@@ -155,6 +169,9 @@ Q_SIGNALS:
     /// A drag or a scaling of keys is complete: what changed, once. Nothing for a click, or after
     /// Escape.
     void keysMoved(const KeyMoves& moves);
+    /// A drag of clip areas is complete: what changed in all clips that went along, once, after
+    /// each one's TimeEditorClipItem::clipChanged(). One step of the host's history.
+    void clipsChanged(const ClipMoves& moves);
 
 public Q_SLOTS:
     /// Filters what a rubber band has caught and shows the transform tool.
@@ -175,10 +192,13 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    bool event(QEvent* event) override;
 
 private:
     friend class TimeEditorClipItem;
     friend class TimeEditorKeyframeItem;
+    friend class TimeEditorScene;
     friend class TranslateScaleTool;
 
     using ScalingKeys = std::vector<std::pair<int, QPointer<TimeEditorKeyframeItem>>>;
@@ -194,6 +214,7 @@ private:
     bool selectClipsUpTo(TimeEditorBaseItem* pressed, QPoint position);
     bool selectKeysUpTo(TimeEditorKeyframeItem* pressed);
     void rememberPress(TimeEditorBaseItem* pressed, double sceneX);
+    bool snapsDrag(const QMouseEvent& event);
     bool snapDraggedKeys(double sceneX);
     const std::vector<int>& snapCandidates();
     void startKeyDrag(TimeEditorKeyframeItem* key, double sceneX);
@@ -203,6 +224,15 @@ private:
     void restoreEdit();
     void finishEdit();
     void showHoverCursor(Qt::CursorShape shape);
+    void followCursor();
+    std::optional<ui::DragProgress> dragProgress() const;
+    Qt::Orientations scrollDirections() const;
+    void followDrag(const QMouseEvent& event);
+    void endDragAids();
+    bool walkKeys(const QKeyEvent& event);
+    void selectWalked(TimeEditorKeyframeItem& key, bool extends);
+    void describeWalkedKey();
+    void rememberWalk(TimeEditorKeyframeItem* pressed);
     void onAltPressed(bool on);
     void handleShortcut(int key);
     void releaseSpace();
@@ -239,5 +269,11 @@ private:
     std::unique_ptr<ui::KeyEdit> m_edit; ///< by the transform tool
     std::vector<int> m_snapCandidates;   ///< frames, gathered once a drag
     bool m_hasSnapCandidates = false;
+    std::optional<int> m_snapFrame; ///< where the last step of the drag has snapped to
+    std::unique_ptr<DragOverlay> m_overlay;
+    std::optional<QCursor> m_cursorBelowRows;     ///< the viewport's own, while a row shows one
+    QPointer<TimeEditorKeyframeItem> m_walkedKey; ///< where the keyboard is
+    QPointer<TimeEditorKeyframeItem> m_walkAnchor;
+    bool m_walkShown = false; ///< the keyboard has been used since the last press
     double m_itemScale = 0.0; ///< pixels a frame that the items are sized for
 };

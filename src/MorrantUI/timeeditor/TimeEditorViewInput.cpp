@@ -1,11 +1,11 @@
 // What the user does with mouse and keyboard: the half of TimeEditorView that takes events.
 
 #include "MorrantUI/controls/gestures/cursors.h"
-#include "MorrantUI/scene/framemath.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
@@ -32,6 +32,12 @@ QPoint rounded(QPointF position)
     return {ui::nearestFrame(position.x()), ui::nearestFrame(position.y())};
 }
 
+/// Another button comes or goes while the left one holds a gesture, which it does not concern.
+bool isBesideDrag(const QMouseEvent& event)
+{
+    return event.button() != Qt::LeftButton && event.buttons().testFlag(Qt::LeftButton);
+}
+
 } // namespace
 
 TimeEditorBaseItem* TimeEditorView::itemUnder(QPoint position) const
@@ -44,6 +50,9 @@ void TimeEditorView::mousePressEvent(QMouseEvent* event)
 {
     if (!m_scene) {
         GraphicsView::mousePressEvent(event);
+        return;
+    }
+    if (isBesideDrag(*event)) {
         return;
     }
     const QPoint position = rounded(event->position());
@@ -89,6 +98,7 @@ void TimeEditorView::rememberPress(TimeEditorBaseItem* pressed, double sceneX)
     m_pressedKey = dynamic_cast<TimeEditorKeyframeItem*>(pressed);
     m_hasSnapCandidates = false;
     m_keyDrag.reset();
+    rememberWalk(m_pressedKey);
     if (m_pressedKey) {
         m_pressedKeyFrame = ui::frameOf(m_pressedKey->scenePos().x());
         startKeyDrag(m_pressedKey, sceneX);
@@ -102,7 +112,10 @@ bool TimeEditorView::selectClipsUpTo(TimeEditorBaseItem* pressed, QPoint positio
     {
         return false;
     }
-    const QRectF between = QRectF(mapToScene(m_lastPress), mapToScene(position)).normalized();
+    // From pixel to pixel: clips below each other are pressed at the same x.
+    const QRectF between =
+        mapToScene(QRect(m_lastPress, QSize(1, 1)).united(QRect(position, QSize(1, 1))))
+            .boundingRect();
     const QList<QGraphicsItem*> reached = m_scene->items(between, Qt::IntersectsItemShape);
     for (QGraphicsItem* const item : reached) {
         if (auto* const clip = dynamic_cast<TimeEditorClipItem*>(item)) {
@@ -134,16 +147,32 @@ bool TimeEditorView::selectKeysUpTo(TimeEditorKeyframeItem* pressed)
 
 void TimeEditorView::mouseMoveEvent(QMouseEvent* event)
 {
-    const bool snapping = m_snapping || event->modifiers().testFlag(Qt::ShiftModifier);
-    if (!snapping) {
-        m_hasSnapCandidates = false;
-    } else if (
-        m_pressedKey && event->buttons() == Qt::LeftButton && !m_panning
-        && snapDraggedKeys(mapToScene(rounded(event->position())).x()))
-    {
+    const QPointer<TimeEditorView> alive(this);
+    if (const auto own = std::exchange(m_cursorBelowRows, std::nullopt)) {
+        viewport()->setCursor(*own); // Qt takes what it finds for the view's own
+    }
+    if (!snapsDrag(*event)) {
+        GraphicsView::mouseMoveEvent(event);
+    }
+    if (!alive) {
         return;
     }
-    GraphicsView::mouseMoveEvent(event);
+    if (event->buttons() == Qt::NoButton) {
+        followCursor();
+    } else if (event->buttons().testFlag(Qt::LeftButton)) {
+        followDrag(*event);
+    }
+}
+
+bool TimeEditorView::snapsDrag(const QMouseEvent& event)
+{
+    m_snapFrame.reset();
+    if (!m_snapping && !event.modifiers().testFlag(Qt::ShiftModifier)) {
+        m_hasSnapCandidates = false;
+        return false;
+    }
+    return m_pressedKey && event.buttons() == Qt::LeftButton && !m_panning
+           && snapDraggedKeys(mapToScene(rounded(event.position())).x());
 }
 
 bool TimeEditorView::snapDraggedKeys(double sceneX)
@@ -152,6 +181,7 @@ bool TimeEditorView::snapDraggedKeys(double sceneX)
     if (!frame || !m_keyDrag) {
         return false;
     }
+    m_snapFrame = frame;
     if (m_keyDrag->snapTo(*frame)) {
         Q_EMIT keysMoving();
     }
@@ -211,8 +241,12 @@ void TimeEditorView::finishKeyDrag()
 
 void TimeEditorView::mouseReleaseEvent(QMouseEvent* event)
 {
+    if (isBesideDrag(*event)) {
+        return;
+    }
     const QPointer<TimeEditorView> alive(this);
     const bool wasPanning = std::exchange(m_panning, false);
+    endDragAids();
     setEndPointSnapping(false);
     endKeyScaling();
     const QRectF bounds = selectedBounds();
@@ -239,6 +273,7 @@ void TimeEditorView::wheelEvent(QWheelEvent* event)
 
 bool TimeEditorView::cancelGesture()
 {
+    endDragAids();
     if (m_keyDrag && m_keyDrag->state() == ui::KeyDrag::State::Dragging) {
         m_keyDrag->cancel();
         m_pressedKey = nullptr;
@@ -266,6 +301,7 @@ void TimeEditorView::abandonGesture()
     m_snapping = false;
     m_pressedKey = nullptr;
     endKeyScaling();
+    endDragAids();
     GraphicsView::abandonGesture();
     if (alive) {
         onAltPressed(false);
@@ -305,14 +341,6 @@ void TimeEditorView::onAltPressed(bool on)
             clip->setAltHeld(on);
         }
         m_scene->update();
-    }
-}
-
-void TimeEditorView::showHoverCursor(Qt::CursorShape shape)
-{
-    viewport()->setCursor(shape);
-    if (hasOverrideCursor() && !m_spaceHeld && !m_panning) {
-        changeMouse(shape);
     }
 }
 
@@ -418,6 +446,9 @@ void TimeEditorView::leaveEvent(QEvent* event)
 void TimeEditorView::contextMenuEvent(QContextMenuEvent* event)
 {
     const QPointer<TimeEditorView> alive(this);
+    if (m_scene && (m_scene->mouseGrabberItem() || rubberBandRect().isValid())) {
+        return; // in mid-drag
+    }
     if (m_utils) {
         const QPointer<QMenu> menu = m_utils->createMenu(event->pos());
         if (menu && !menu->isEmpty()) {

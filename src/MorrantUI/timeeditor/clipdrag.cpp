@@ -1,6 +1,6 @@
 #include "MorrantUI/timeeditor/clipdrag.h"
 
-#include "MorrantUI/scene/framemath.h"
+#include <MorrantUI/scene/framemath.h>
 
 #include <algorithm>
 #include <limits>
@@ -36,6 +36,16 @@ ClipLimits clipLimits(std::span<const ClipSpan> areas, std::size_t index)
     return limits;
 }
 
+double sharedMove(std::span<const HeldClip> areas, double frames)
+{
+    for (const HeldClip& area : areas) {
+        const double least = static_cast<double>(area.limits.lowest) - area.atPress.start;
+        const double most = static_cast<double>(area.limits.highest) - area.atPress.end;
+        frames = std::clamp(frames, least, most);
+    }
+    return frames;
+}
+
 ClipSpan draggedClip(
     const ClipSpan& atPress, EndPointHover part, bool slip, double frames, const ClipLimits& limits)
 {
@@ -49,9 +59,8 @@ ClipSpan draggedClip(
     } else if (part == EndPointHover::Body && slip) {
         area.slip = movedFrame(area.slip, frames);
     } else if (part == EndPointHover::Body) {
-        const double least = static_cast<double>(limits.lowest) - area.start;
-        const double most = static_cast<double>(limits.highest) - area.end;
-        const int moved = nearestFrame(std::clamp(frames, least, most));
+        const HeldClip alone{area, limits};
+        const int moved = nearestFrame(sharedMove({&alone, 1}, frames));
         area.start = movedFrame(area.start, moved);
         area.end = movedFrame(area.end, moved);
     }

@@ -33,6 +33,17 @@ struct ClipLimits
 };
 ClipLimits clipLimits(std::span<const ClipSpan> areas, std::size_t index);
 
+/// An area that is dragged together with others.
+struct HeldClip
+{
+    ClipSpan atPress;
+    ClipLimits limits;
+};
+
+/// How far several areas can be moved together, of a wanted number of frames: as far as the one
+/// that has the least room.
+double sharedMove(std::span<const HeldClip> areas, double frames);
+
 /// An area dragged by a number of frames from where it was at the press: an end is trimmed, the
 /// body moved, or with `slip` what it shows shifted. A moved area keeps its length, a trimmed one
 /// at least a frame of it.

@@ -1,6 +1,6 @@
 #include "MorrantUI/timeeditor/clipselection.h"
 
-#include "MorrantUI/scene/framemath.h"
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/VisClip.h>
 

@@ -1,6 +1,6 @@
 #include "MorrantUI/timeeditor/keysnapping.h"
 
-#include "MorrantUI/scene/framemath.h"
+#include <MorrantUI/scene/framemath.h>
 
 #include <cmath>
 #include <utility>

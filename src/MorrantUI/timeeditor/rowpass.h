@@ -39,29 +39,45 @@ private:
 };
 
 /// While one lives, rows do not answer for their keys when Qt asks what is at a place: Qt would go
-/// on to ask every key of the row.
+/// on to ask every key of the row. Nor does the whole stack, where it is known to have nothing else
+/// at the place.
 class KeyMask
 {
 public:
-    KeyMask()
-        : m_outer(current())
+    explicit KeyMask(bool hidesStack)
+        : m_hidesStack(hidesStack)
+        , m_outer(current())
     {
         slot() = this;
     }
     ~KeyMask() { slot() = m_outer; }
     Q_DISABLE_COPY_MOVE(KeyMask)
 
-    static const KeyMask* current() { return slot(); }
+    /// The mask that holds for what Qt asks now, or null.
+    static KeyMask* current()
+    {
+        KeyMask* const mask = slot();
+        return mask && mask->m_walks <= 1 ? mask : nullptr;
+    }
+
+    /// Qt comes to the stack. It holds for one walk: what a host asks, told of what that one found,
+    /// is answered in full.
+    void beginWalk() { ++m_walks; }
+    bool hidesStack() const { return m_hidesStack; }
 
 private:
-    static const KeyMask*& slot()
+    static KeyMask*& slot()
     {
-        static const KeyMask* mask = nullptr;
+        static KeyMask* mask = nullptr;
         return mask;
     }
 
-    const KeyMask* m_outer = nullptr;
+    bool m_hidesStack = false;
+    int m_walks = 0;
+    KeyMask* m_outer = nullptr;
 };
+
+inline constexpr double kFarthestFrame = 2147483648.0; ///< either way
 
 /// Where no view looks: a place that can still be told in device pixels.
 inline constexpr QRectF kNowhere(0.0, 1e8, 1.0, 1.0);
