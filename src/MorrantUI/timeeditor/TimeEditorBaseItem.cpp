@@ -33,6 +33,9 @@ TimeEditorBaseItem::TimeEditorBaseItem(BareItem /*bare*/)
 
 TimeEditorBaseItem::~TimeEditorBaseItem()
 {
+    if (auto* const timeScene = qobject_cast<TimeEditorScene*>(scene())) {
+        timeScene->takeOut(*this);
+    }
     strike();
 }
 

@@ -18,6 +18,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <cmath>
@@ -227,6 +228,29 @@ void TimeEditorScene::strike(TimeEditorBaseItem* item)
     std::erase_if(m_curves, isIt);
     std::erase_if(m_clips, isIt);
     m_others.erase(item);
+}
+
+void TimeEditorScene::takeOut(TimeEditorBaseItem& dying)
+{
+    const QList<QGraphicsItem*> children = dying.childItems();
+    const bool changed =
+        dying.isSelected() || std::any_of(children.begin(), children.end(), [](const auto* child) {
+            return child->isSelected();
+        });
+    const bool told = signalsBlocked();
+    {
+        const QSignalBlocker quiet(this);
+        removeItem(&dying);
+    }
+    if (changed && !told && !std::exchange(m_selectionUntold, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                m_selectionUntold = false;
+                Q_EMIT selectionChanged();
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 QRectF TimeEditorScene::pixelAt(QPointF position) const

@@ -27,6 +27,9 @@ class RowHover;
 /// The scene behind a TimeEditorView: x is the frame, y the row's position. Holds the current
 /// frame, the background region (normally the playback range), the beat grid and the stack of rows,
 /// and paints background and playhead.
+///
+/// selectionChanged() about an item that dies comes when control returns to the event loop: a slot
+/// must not find it half destroyed.
 class MORRANT_UI_EXPORT TimeEditorScene : public QGraphicsScene
 {
     Q_OBJECT
@@ -98,6 +101,7 @@ private:
 
     void enlist(TimeEditorBaseItem* item);
     void strike(TimeEditorBaseItem* item);
+    void takeOut(TimeEditorBaseItem& dying);
     QList<QGraphicsItem*> topLevelItems() const;
     TimeEditorKeyframeItem* keyUnder(const QRectF& place) const;
     bool isCovered(const QRectF& place, bool hidesStack) const;
@@ -132,6 +136,7 @@ private:
     const QGraphicsItem* m_pressGrabber = nullptr; ///< took the mouse with a press; only compared
     std::unique_ptr<ui::RowHover> m_hover;
     bool m_qtHovers = false; ///< Qt may have told items that they are hovered
+    bool m_selectionUntold = false; ///< something selected has died since the last event
     std::set<TimeEditorCurveItem*> m_curves;
     std::set<TimeEditorClipItem*> m_clips;
     std::set<TimeEditorBaseItem*> m_others; ///< whatever else sizes itself for the zoom

@@ -151,6 +151,9 @@ void TimeEditorView::mouseMoveEvent(QMouseEvent* event)
     if (const auto own = std::exchange(m_cursorBelowRows, std::nullopt)) {
         viewport()->setCursor(*own); // Qt takes what it finds for the view's own
     }
+    if (event->buttons() == Qt::NoButton && std::exchange(m_panning, false)) {
+        endHandPan(); // the release went elsewhere
+    }
     if (!snapsDrag(*event)) {
         GraphicsView::mouseMoveEvent(event);
     }
