@@ -6,6 +6,7 @@
 #include <MorrantUI/controls/buttons/RolloverButton.h>
 #include <MorrantUI/controls/buttons/SegmentedButton.h>
 #include <MorrantUI/controls/buttons/ToggleSwitch.h>
+#include <MorrantUI/controls/buttons/ToolButton.h>
 #include <MorrantUI/controls/values/AnglePad.h>
 #include <MorrantUI/controls/values/AttributeRow.h>
 #include <MorrantUI/controls/values/ColorSwatch.h>
@@ -158,6 +159,7 @@ private Q_SLOTS:
             {"segments", dies<SegmentedButton>(2, "#0 in Right Right")},
             {"push button", dies<PushButton>(3, press, size)},
             {"icon button", dies<IconButton>(3, press, icon)},
+            {"tool button", dies<ToolButton>(3, press, icon, size)},
             {"group button", dies<GroupButton>(3, press, icon)},
             {"rollover button", dies<RolloverButton>(3, press, icon)},
             {"link", dies<RolloverLabel>(3, press, size)},

@@ -136,6 +136,12 @@ void ToolButton::paintArrow(QStylePainter& painter, const QStyleOptionToolButton
     ui::style::drawChevron(painter, arrow, Qt::DownArrow, ink);
 }
 
+void ToolButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    // Past QToolButton, which goes on with a button that a slot of the click may have deleted.
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
 void ToolButton::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Down && menu()) {

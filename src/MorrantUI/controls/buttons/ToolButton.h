@@ -38,6 +38,7 @@ public:
 protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
     void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
