@@ -42,6 +42,7 @@ private Q_SLOTS:
     {
         const std::pair<Act, QString> ends[] = {
             {[](DragStage& s) { s.mouse.release(Qt::RightButton); }, u"se"_qs}, // of any button
+            {[](DragStage& s) { s.moveReleased(); }, u"se"_qs},
             {[](DragStage& s) { s.window.hide(); }, u"se"_qs},
             {[](DragStage& s) { delete s.filter; }, u"se"_qs},
             {[](DragStage& s) { delete s.target; }, u"s"_qs}, // there is nobody to tell

@@ -311,18 +311,13 @@ private Q_SLOTS:
     {
         Panel panel;
         panel.scrub(1);
-        const QPointF at(5, 10);
-        QMouseEvent second(
-            QEvent::MouseButtonDblClick,
-            at,
-            panel.control->mapToGlobal(at),
-            Qt::LeftButton,
-            Qt::LeftButton,
-            Qt::NoModifier);
-        QCoreApplication::sendEvent(panel.control, &second);
-        panel.scrubTo(0);
-        panel.scrubTo(2);
-        QTest::mouseRelease(panel.control, Qt::LeftButton);
+        const auto at = [](int distance) {
+            return QPoint(5 + QApplication::startDragDistance() + distance, 10);
+        };
+        QTest::mouseDClick(panel.control, Qt::LeftButton, {}, {5, 10});
+        QTest::mouseMove(panel.control, at(0));
+        QTest::mouseMove(panel.control, at(2));
+        QTest::mouseRelease(panel.control, Qt::LeftButton, {}, at(2));
         QCOMPARE(panel.control->value(), 8.0);
         QCOMPARE(panel.said(), QByteArray("(s)(s)"));
     }

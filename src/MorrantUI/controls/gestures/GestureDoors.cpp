@@ -122,9 +122,11 @@ bool GestureDoors::losesButton(const QObject& receiver, const QMouseEvent& event
     if (m_hold.button == Qt::NoButton) {
         return false;
     }
-    return event.type() == QEvent::MouseMove
-               ? m_hold.moves && &receiver == m_widget && !event.buttons().testFlag(m_hold.button)
-               : event.button() == m_hold.button && isElsewhere(receiver, *m_widget);
+    if (event.type() == QEvent::MouseMove) {
+        const bool counts = m_hold.moves && (event.spontaneous() || !m_hold.replays);
+        return counts && &receiver == m_widget && !event.buttons().testFlag(m_hold.button);
+    }
+    return event.button() == m_hold.button && isElsewhere(receiver, *m_widget);
 }
 
 bool GestureDoors::isBlockedByDialog(const QWidget& widget)

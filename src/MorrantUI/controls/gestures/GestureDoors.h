@@ -18,6 +18,8 @@ struct GestureHold
     /// Ends at a mouse move that says that the button is up. Qt delivers those only to widgets with
     /// setMouseTracking(true).
     bool moves = true;
+    /// A host replays moves, which need not tell of buttons: only the system's count.
+    bool replays = false;
     bool focus = false; ///< ends with the keyboard focus, as of a held key
     bool popups = true; ///< ends when a menu or the like opens
 };

@@ -122,8 +122,7 @@ void MouseWrapDragFilter::beginDrag(const QMouseEvent& press)
     m_pointerGoesBack = true;
     m_startPosition = wholePixels(press);
     m_class = m_target->metaObject();
-    // Moves that a host replays need not tell of buttons.
-    m_doors.watch(m_target, [this](GestureDoors::Door door) { leaveBy(door); }, {.moves = false});
+    m_doors.watch(m_target, [this](GestureDoors::Door door) { leaveBy(door); }, {.replays = true});
     dragBegins(m_startPosition);
     Q_EMIT started();
 }

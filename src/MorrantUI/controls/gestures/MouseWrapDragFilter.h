@@ -13,8 +13,8 @@ class QMouseEvent;
 /// Turns the mouse events of one widget into a drag that never runs out of screen.
 ///
 /// A press of the left button starts the drag, a release ends it, and so does everything that takes
-/// the mouse from the widget (see GestureDoors) and the beginning of another drag. No event is
-/// consumed: the widget sees all of them, after the filter.
+/// the mouse from the widget (see GestureDoors), a move of the system's without the button, and the
+/// beginning of another drag. No event is consumed: the widget sees all of them, after the filter.
 ///
 /// The class itself counts mouse moves and leaves the pointer alone; derived ones hold the pointer.
 class MORRANT_UI_EXPORT MouseWrapDragFilter : public QObject
