@@ -52,6 +52,8 @@ struct Desk
             if (open) {
                 open->close();
             }
+            // The key clicks ran loops of their own, which may have taken what wakes this one.
+            QAbstractEventDispatcher::instance()->wakeUp();
         });
         return menu->exec(window.mapToGlobal(QPoint(20, 20)));
     }
@@ -368,14 +370,10 @@ void ContextMenuTest::altAndALetterTriggerARow()
     auto* const both = new ContextMenuItemWidget(u"&Both"_qs, desk.menu);
     both->addToChildMenu(u"Inner"_qs);
     for (const Qt::Key key : {Qt::Key_B, Qt::Key_P}) {
-        QSignalSpy triggered(desk.menu, &QMenu::triggered);
-        desk.open();
-        Desk::press(Qt::Key_Alt); // comes first
-        QVERIFY(desk.menu->isVisible());
-        Desk::press(key, Qt::AltModifier);
-        QVERIFY(!desk.menu->isVisible());
-        QCOMPARE(triggered.count(), 1);
-        const auto* const row = triggered.first().first().value<QAction*>();
+        const QAction* const row = desk.exec([key] {
+            Desk::press(Qt::Key_Alt); // comes first
+            Desk::press(key, Qt::AltModifier);
+        });
         QVERIFY(row && row->text().at(1).unicode() == key);
     }
 }
