@@ -1,3 +1,4 @@
+#include "MorrantUI/controls/values/typednumber.h"
 #include "support/TestCase.h"
 #include <MorrantUI/controls/buttons/segmentgeometry.h>
 #include <MorrantUI/controls/buttons/switchgeometry.h>
@@ -58,6 +59,22 @@ private Q_SLOTS:
         }
         QLocale::setDefault(before);
         QCOMPARE(texts, expected);
+    }
+
+    void aNumberInAnExpressionIsFoundWhole()
+    {
+        const std::tuple<const char*, int, const char*> cases[] = {
+            {"-12.5", 2, "-12.5"},
+            {"3-2,5", 3, "2,5"}, // there the sign is an operator
+            {"3*-.5e-3", 8, "-.5e-3"},
+            {"(-1 000.25)", 4, "-1 000.25"},
+            {"log2(8)", 3, ""},
+            {"", 0, ""}};
+        for (const auto& [text, position, number] : cases) {
+            const QString whole = QString::fromLatin1(text);
+            const ui::TextSpan span = ui::numberAt(whole, position);
+            QCOMPARE(whole.mid(span.start, span.length), QLatin1String(number));
+        }
     }
 
     void limitsHoldForEveryNumberAndAreFinite()

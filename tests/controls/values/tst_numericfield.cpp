@@ -103,26 +103,36 @@ private Q_SLOTS:
         QCOMPARE(record.signalsSent, 0);
     }
 
-    void anyTextBecomesANumberAtOnce()
+    void anyTextBecomesANumberAtOnceOrTheLastOneComesBack()
     {
         const QString halfAPair = u"4"_qs + QChar(0xd83d); // of surrogates
+        const QString last = u"9.0"_qs;
         const std::tuple<QString, const char*, bool> cases[] = {
-            {u"1,234"_qs, "1.234", true}, // the comma is never a grouping mark
+            {u"1,234"_qs, "1.234", true},
+            {u"1 000,5"_qs, "1000.5", true},
+            {u"1\u202f000\u00a0000 *\u20092"_qs, "2000000.0", true},
             {u"1,234.5"_qs, "1.234", false},
             {u"12+"_qs, "12.0", false},
+            {u"0px"_qs, "0.0", false},
             {u"1/0"_qs, "1.0", false},
-            {u"nan"_qs, "0.0", false},
-            {u"\u0663\u0664"_qs, "0.0", false}, // digits, but not ours
             {halfAPair, "4.0", false},
-            {QString(20000, u'9'), "0.0", false},
-            {QString(20000, u','), "0.0", false}};
+            {u"hello"_qs, "9.0", false}, // and the others have no value at all
+            {u" "_qs, "9.0", false},
+            {u"nan"_qs, "9.0", false},
+            {u"\u0663\u0664"_qs, "9.0", false}, // digits, but not ours
+            {QString(20000, u'9'), "9.0", false},
+            {QString(20000, u','), "9.0", false}};
         for (const auto& [typed, shown, isGood] : cases) {
             Panel panel(9.0);
             panel.play("in");
             panel.control->insert(typed);
-            panel.play("Return out");
+            panel.play("Return");
             QCOMPARE(panel.control->text(), QLatin1String(shown));
-            QCOMPARE(panel.said(), QByteArray("C"));
+            panel.play("Ctrl+Z"); // once
+            QCOMPARE(panel.control->text(), last);
+            panel.play("Escape out");
+            QCOMPARE(panel.control->text(), QLatin1String(shown));
+            QCOMPARE(panel.said(), QByteArray(last == QLatin1String(shown) ? "" : "C"));
             const QStringList log = takeLog();
             QCOMPARE(log.size(), isGood ? 0 : 1);
             QVERIFY(isGood || log.front().startsWith(u"error: Inline Expression Error: "_qs));
@@ -184,7 +194,16 @@ private Q_SLOTS:
     {
         Panel panel(99.5);
         const QShortcut up(Qt::Key_Up, panel.window.get());
+        const QShortcut right(Qt::Key_Right, panel.window.get());
         QSignalSpy activated(&up, &QShortcut::activated);
+        QSignalSpy stepped(&right, &QShortcut::activated);
+        for (const auto& [reason, steps] :
+             {std::pair(Qt::OtherFocusReason, 1), {Qt::TabFocusReason, 1}}) {
+            panel.control->setFocus(reason); // at rest it has no caret to move
+            QTest::keyClick(panel.window->windowHandle(), Qt::Key_Right);
+            QCOMPARE(stepped.size(), steps);
+            panel.play("out");
+        }
         panel.play("in");
         QTest::keyClick(panel.window->windowHandle(), Qt::Key_Up);
         QCOMPARE(activated.size(), 0);
@@ -432,6 +451,9 @@ private Q_SLOTS:
         panel.play("out");
         QCOMPARE(field.cursor(), scrub);
         field.setFocus(Qt::OtherFocusReason); // at rest
+        QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
+        QCOMPARE(cursorOnEnter(), scrub);
+        panel.play("@5,10 up");
         QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
         panel.play("out");
         panel.beginScrub();

@@ -111,6 +111,11 @@ void LineEdit::stepTo(const QString& text)
     }
 }
 
+std::optional<QString> LineEdit::entryOf(const QString& text)
+{
+    return text;
+}
+
 void LineEdit::fixup(QString& text)
 {
     if (validator() && !isAcceptable(text)) {
@@ -154,7 +159,12 @@ bool LineEdit::commit(Unacceptable rule)
         m_hasSteps = false;
         return true;
     }
-    QString result = text();
+    const std::optional<QString> entry = entryOf(text());
+    if (!entry) {
+        takeBack();
+        return true;
+    }
+    QString result = *entry;
     fixup(result);
     if (!isAcceptable(result)) {
         if (rule == Unacceptable::IsTakenBack) {
@@ -164,15 +174,30 @@ bool LineEdit::commit(Unacceptable rule)
     }
     const bool changed = result != m_committed;
     m_hasSteps = false;
-    if (result != text()) {
-        setText(result);
-    }
+    showCommitted(result);
     m_committed = text();
     setModified(false);
     if (changed) {
         Q_EMIT valueChanged(true);
     }
     return true;
+}
+
+/// Shows a text with the one before as what undo brings back.
+void LineEdit::showCommitted(const QString& result)
+{
+    const QString shown = text();
+    {
+        const QSignalBlocker quiet(this);
+        setText(inputMask().isEmpty() ? m_committed : result);
+        if (text() != result) {
+            selectAll();
+            insert(result);
+        }
+    }
+    if (text() != shown) {
+        Q_EMIT textChanged(text());
+    }
 }
 
 /// @return whether there was anything to take back

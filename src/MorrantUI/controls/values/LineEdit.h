@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QString>
 
+#include <optional>
+
 /// A line of text in the theme's colours that tells when an edit is finished.
 ///
 /// Return, and the loss of the focus, commit what was edited: fixup() has its say on the text, then
@@ -12,6 +14,8 @@
 /// with nothing to take back, and nothing to leave, the key is passed on to the window. A field
 /// that was entered with the mouse gives the focus away on Return and Escape, so that the window's
 /// shortcuts work again; one that got it otherwise keeps it, with its text selected.
+///
+/// Undo goes from a text that was committed to the one before in one step.
 ///
 /// Text set by setText() is committed from the start and emits no valueChanged(), except in answer
 /// to valueChanged(false), where it belongs to the step that it answers. clear(), insert(), undo()
@@ -47,7 +51,7 @@ public:
     /// follows if that changes it. The focus stays where it is.
     void enterText(const QString& text);
 
-    /// Called with the edited text before it is committed; may replace it. The base lets the
+    /// Called with what was entered before it is committed; may replace it. The base lets the
     /// validator repair a text that does not satisfy it.
     virtual void fixup(QString& text);
 
@@ -57,6 +61,10 @@ Q_SIGNALS:
     void valueChanged(bool committed);
 
 protected:
+    /// What an edited text stands for, which goes to fixup() next; nothing for a text without any
+    /// meaning, in whose place the commit brings the last one back. The base: the text itself.
+    virtual std::optional<QString> entryOf(const QString& text);
+
     /// Whether a text can be committed after fixup(). What cannot is not: Return leaves it for the
     /// user to mend, the loss of the focus takes it back. The base asks validator and input mask.
     virtual bool isAcceptable(const QString& text) const;
@@ -97,6 +105,7 @@ private:
     void noteText(const QString& text);
     bool isCommitted() const;
     bool commit(Unacceptable text);
+    void showCommitted(const QString& text);
     bool takeBack();
     void commitByKey(QKeyEvent* event);
     void takeBackByKey(QKeyEvent* event);

@@ -1,8 +1,10 @@
 #include "MorrantUI/controls/values/NumericField.h"
 
 #include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/controls/buttons/buttonlook.h"
 #include "MorrantUI/controls/gestures/cursors.h"
 #include "MorrantUI/controls/values/AccessibleNumericField.h"
+#include "MorrantUI/controls/values/typednumber.h"
 #include "MorrantUI/log.h"
 #include "MorrantUI/theme/currenttheme.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
@@ -36,6 +38,27 @@ bool themeUsesPointerLock()
 bool isStepKey(int key)
 {
     return key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
+struct Evaluation
+{
+    double value = 0.0;
+    std::string error; ///< empty when all is well
+};
+
+Evaluation evaluate(QString text)
+{
+    Evaluation result;
+    text.replace(u',', u'.');
+    result.value = evaluateExpression(text.toStdString(), {}, &result.error);
+    return result;
+}
+
+void logError(const std::string& error)
+{
+    if (!error.empty()) {
+        ui::log::error("Inline Expression Error: {}", error);
+    }
 }
 
 void setUnlessNaN(double& member, double value)
@@ -215,13 +238,26 @@ void NumericField::fixup(QString& text)
     if (text.isEmpty()) {
         return;
     }
-    text.replace(u',', u'.');
-    std::string error;
-    const double result = evaluateExpression(text.toStdString(), {}, &error);
-    if (!error.empty()) {
-        ui::log::error("Inline Expression Error: {}", error);
+    const Evaluation result = evaluate(text);
+    logError(result.error);
+    text = textOf(result.value);
+}
+
+std::optional<QString> NumericField::entryOf(const QString& typed)
+{
+    const QString text = ui::withoutGrouping(typed);
+    const Evaluation whole = evaluate(text);
+    // A value in spite of an error is that of a beginning; 0 may stand for none.
+    const bool hasValue = text.isEmpty() || whole.error.empty() || whole.value != 0.0
+                          || ui::beginsWithZero(text, [](const QString& beginning) {
+                                 const Evaluation part = evaluate(beginning);
+                                 return part.error.empty() && part.value == 0.0;
+                             });
+    if (!hasValue) {
+        logError(whole.error);
+        return {};
     }
-    text = textOf(result);
+    return text;
 }
 
 bool NumericField::isAcceptable(const QString& text) const
@@ -327,6 +363,7 @@ bool NumericField::takeFocus(Qt::FocusReason reason)
 bool NumericField::enterEditMode()
 {
     setReadOnly(false);
+    setCursor(Qt::IBeamCursor); // a field that has the focus is told of none
     return takeFocus(Qt::OtherFocusReason);
 }
 
@@ -355,10 +392,16 @@ bool NumericField::eventFilter(QObject* watched, QEvent* event)
 
 bool NumericField::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride
-        && isStepKey(static_cast<QKeyEvent*>(event)->key())) {
-        event->accept();
-        return true;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (isStepKey(key.key())) {
+            event->accept();
+            return true;
+        }
+        if (isUseless(key)) {
+            event->ignore();
+            return false;
+        }
     }
     if (event->type() == QEvent::ReadOnlyChange) {
         m_data->mayBeClick = false;
@@ -367,8 +410,19 @@ bool NumericField::event(QEvent* event)
     return LineEdit::event(event);
 }
 
+/// At rest there is no caret to move: such keys are left to the window.
+bool NumericField::isUseless(const QKeyEvent& key) const
+{
+    return isReadOnly() && !isStepKey(key.key()) && key.key() != Qt::Key_Escape
+           && !ui::isReturn(key) && !ui::hasModifier(key);
+}
+
 void NumericField::keyPressEvent(QKeyEvent* event)
 {
+    if (isUseless(*event)) {
+        event->ignore();
+        return;
+    }
     if (!isStepKey(event->key())) {
         LineEdit::keyPressEvent(event);
         return;
@@ -439,6 +493,11 @@ void NumericField::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (!isReadOnly()) {
         LineEdit::mouseDoubleClickEvent(event);
+        const int place = cursorPositionAt(event->position().toPoint());
+        const ui::TextSpan number = ui::numberAt(text(), place);
+        if (event->button() == Qt::LeftButton && number.length > 0) {
+            setSelection(static_cast<int>(number.start), static_cast<int>(number.length));
+        }
         return;
     }
     // A drag can follow another quickly: to scrubbing the second press is a press.

@@ -12,9 +12,12 @@ class QPointF;
 /// At rest the text cannot be edited: dragging horizontally changes the value, with the pointer
 /// pinned or wrapped as the theme's usePointerLock() asks. A click without a drag, or Tab, turns
 /// the field into a text editor until it loses the focus. Typed text is an arithmetic expression,
-/// in which a comma is a decimal point ("1,5*2" gives 3). Up and Down step in both modes, also
-/// where the window has shortcuts for these keys. Control makes drags and steps ten times finer, or
-/// else Shift ten times coarser, at any moment of a drag and for the whole of its distance.
+/// in which a comma is a decimal point ("1,5*2" gives 3) and blanks between digits count for
+/// nothing
+/// ("1 000"); what has no value at all ("hello") brings the last value back. A double click while
+/// it is edited selects a whole number. Up and Down step in both modes, also where the window has
+/// shortcuts for these keys. Control makes drags and steps ten times finer, or else Shift ten times
+/// coarser, at any moment of a drag and for the whole of its distance.
 ///
 /// A new field is an integer field with the limits of 32 bits. The value is what the text says: a
 /// floating-point field keeps three decimals.
@@ -96,6 +99,8 @@ Q_SIGNALS:
     void dragStateChanged(bool dragging);
 
 protected:
+    /// Nothing for a text that does not even begin with an expression; its error is logged.
+    std::optional<QString> entryOf(const QString& text) override;
     bool isAcceptable(const QString& text) const override;
 
     void keyPressEvent(QKeyEvent* event) override;
@@ -108,6 +113,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    bool isUseless(const QKeyEvent& key) const;
     void beginDrag();
     void scrub(const QPointF& position, const QPointF& totalDelta);
     void endDrag();
