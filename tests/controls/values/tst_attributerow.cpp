@@ -59,6 +59,35 @@ private Q_SLOTS:
         QCOMPARE(stage.said(), QByteArray("1(1s1)"));
     }
 
+    void tabGoesFromValueToValueAndArrowsToTheButtons()
+    {
+        Stage stage;
+        stage.row.setLinkable(true);
+        QWidget* const window = stage.window.get();
+        const auto after = [window](Qt::Key key, Qt::KeyboardModifiers held = {}) {
+            QTest::keyClick(window->windowHandle(), key, held);
+            return QApplication::focusWidget();
+        };
+        stage.play("#0 in");
+        QCOMPARE(after(Qt::Key_Tab), stage.row.field(1));
+        QCOMPARE(after(Qt::Key_Tab), stage.row.field(2));
+        QVERIFY(!stage.row.isAncestorOf(after(Qt::Key_Tab)));
+        QCOMPARE(after(Qt::Key_Backtab), stage.row.field(2));
+        const QShortcut steals(Qt::Key_Right, window);
+        QVERIFY(qobject_cast<IconButton*>(after(Qt::Key_Right, Qt::AltModifier))); // reset
+        QCOMPARE(after(Qt::Key_Right), stage.row.keyframeButton());
+        QVERIFY(after(Qt::Key_Space) && stage.said() == "key");
+        after(Qt::Key_Right);
+        QCOMPARE(after(Qt::Key_Right), stage.row.pickWhip()); // the last one
+        for (int i = 0; i < 2; ++i) {
+            after(Qt::Key_Left);
+        }
+        QCOMPARE(after(Qt::Key_Left), stage.row.field(2));
+        QVERIFY(!stage.row.field(2)->isReadOnly());
+        stage.row.setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(after(Qt::Key_Right, Qt::AltModifier), stage.row.field(1));
+    }
+
     void lockedFieldsFollowByTheSameFactor()
     {
         Stage stage;
@@ -173,9 +202,7 @@ private Q_SLOTS:
             row->addSwatch(Qt::red);
             row->addField(1);
             row->addField(2);
-            const QString parts = u"%1|%1: lock values together|%1, 1 of 2|%1, 2 of 2|%1|%1: reset"
-                                  u"|%1: keyframe|%1: connect"_qs;
-            expected << parts.arg(name).split(u'|');
+            expected << u"%1|%1, 1 of 2|%1, 2 of 2|%1"_qs.arg(name).split(u'|');
         }
         QStringList visited;
         for (QWidget* part = window.nextInFocusChain(); part != &window;

@@ -10,8 +10,9 @@
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/controls/values/RenamableLabel.h>
 
-#include <QEvent>
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -37,6 +38,25 @@ QHBoxLayout* tightLine(int spacing, QWidget* owner = nullptr)
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(spacing);
     return line;
+}
+
+/// By how many parts, from left to right, a key leads on; 0 for keys that do not.
+/// @param plain whether the key does so without Alt, as where there is no caret
+int stepOf(const QKeyEvent& key, bool plain)
+{
+    const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;
+    const bool leads = held == Qt::AltModifier || (plain && held == Qt::NoModifier);
+    const int step = key.key() == Qt::Key_Left ? -1 : key.key() == Qt::Key_Right ? 1 : 0;
+    return leads ? step : 0;
+}
+
+/// In the order of the Tab key. Qt gives no place behind what Tab does not stop at.
+void putBehind(QWidget& before, QWidget& added)
+{
+    const Qt::FocusPolicy policy = before.focusPolicy();
+    before.setFocusPolicy(Qt::TabFocus);
+    QWidget::setTabOrder(&before, &added);
+    before.setFocusPolicy(policy);
 }
 
 void addKeepingPlace(QHBoxLayout& line, QWidget* button)
@@ -85,6 +105,15 @@ AttributeRow::AttributeRow(const QString& name, QWidget* parent)
     connectParts();
     nameParts();
     updateReset();
+    for (QWidget* const button :
+         {static_cast<QWidget*>(m_parts->chain),
+          static_cast<QWidget*>(m_parts->reset),
+          static_cast<QWidget*>(m_parts->keyframe),
+          static_cast<QWidget*>(m_parts->whip)})
+    {
+        button->setFocusPolicy(Qt::NoFocus); // Tab goes from value to value
+        button->installEventFilter(this);
+    }
 }
 
 AttributeRow::~AttributeRow()
@@ -222,7 +251,7 @@ NumericField* AttributeRow::addField(double value)
     }
     QWidget* const previous = lastEditor();
     NumericField* const editor = m_parts->fields->add(value, this);
-    setTabOrder(previous, editor);
+    putBehind(*previous, *editor);
     editor->setMinimumWidth(kFieldCharacters * fontMetrics().averageCharWidth());
     m_parts->editors->insertWidget(index, editor, 1); // a swatch stays behind the fields
     nameParts();
@@ -236,7 +265,8 @@ ColorSwatch* AttributeRow::addSwatch(const QColor& color)
         return nullptr;
     }
     auto* swatch = new ColorSwatch(color, this);
-    setTabOrder(lastEditor(), swatch);
+    swatch->installEventFilter(this);
+    putBehind(*lastEditor(), *swatch);
     m_parts->swatch = swatch;
     m_parts->defaultColor = swatch->value();
     m_parts->editors->addWidget(swatch, 1);
@@ -425,6 +455,55 @@ void AttributeRow::changeEvent(QEvent* event)
     } else if (event->type() == QEvent::LanguageChange) {
         nameParts();
     }
+}
+
+bool AttributeRow::event(QEvent* event)
+{
+    const bool isKey =
+        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    return (isKey && leadOn(*static_cast<QKeyEvent*>(event), false)) || Widget::event(event);
+}
+
+bool AttributeRow::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isKey =
+        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    return (isKey && leadOn(*static_cast<QKeyEvent*>(event), true))
+           || Widget::eventFilter(watched, event);
+}
+
+/// Moves the focus from part to part.
+/// @return whether the key, or its announcement, is one that does so
+bool AttributeRow::leadOn(QKeyEvent& key, bool plain)
+{
+    const int step = stepOf(key, plain) * (layoutDirection() == Qt::RightToLeft ? -1 : 1);
+    if (step == 0) {
+        return false;
+    }
+    key.accept();
+    if (key.type() == QEvent::KeyPress) {
+        const QList<QWidget*> stops = parts();
+        const auto next = stops.indexOf(QApplication::focusWidget()) + step;
+        if (QWidget* const part = next >= 0 ? stops.value(next) : nullptr) {
+            window()->setAttribute(Qt::WA_KeyboardFocusChange); // shows the focus ring
+            part->setFocus(Qt::TabFocusReason);
+        }
+    }
+    return true;
+}
+
+/// What can have the focus now, in the order in which it is read.
+QList<QWidget*> AttributeRow::parts() const
+{
+    QList<QWidget*> stops{m_parts->chain};
+    for (int i = 0; i < fieldCount(); ++i) {
+        stops.append(field(i));
+    }
+    stops += {m_parts->swatch, m_parts->reset, m_parts->keyframe, m_parts->whip};
+    stops.removeIf([](const QWidget* part) {
+        return part == nullptr || !part->isVisible() || !part->isEnabled();
+    });
+    return stops;
 }
 
 void AttributeRow::updateReset()

@@ -24,6 +24,9 @@ inline constexpr int kMaxAttributeFields = 4; ///< in one AttributeRow
 /// default, the keyframe button and the connector for connections. It is a receiver of connections
 /// itself once the host accepts them.
 ///
+/// Tab goes from value to value. Left and Right, with Alt from a field with a caret, lead from part
+/// to part: fields, swatch and the buttons beside them.
+///
 /// The row holds what its fields show and no more: the host pushes values, keyframe state and
 /// defaults, and reads what the user entered from the signals.
 class MORRANT_UI_EXPORT AttributeRow : public Widget, public ConnectionReceiver
@@ -123,6 +126,8 @@ Q_SIGNALS:
     void connectionDropped(ConnectionInstance* connection);
 
 protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -133,6 +138,8 @@ private:
     void nameParts();
     void applyNameWidth();
     QWidget* lastEditor() const;
+    QList<QWidget*> parts() const;
+    bool leadOn(QKeyEvent& key, bool plain);
     void updateReset();
     void updateLock();
 
