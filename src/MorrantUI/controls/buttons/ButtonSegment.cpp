@@ -30,6 +30,7 @@ ButtonSegment::ButtonSegment(const QString& text, const QString& iconName, QWidg
     : GroupButton(iconName, parent)
 {
     ui::installAccessible<ButtonSegment, ui::AccessibleButtonAs<QAccessible::CheckBox>>();
+    ui::keepSpace(*this);
     setFocusPolicy(Qt::NoFocus); // until the group makes it its tab stop
     setCheckable(true);
     setText(text);

@@ -14,6 +14,7 @@ CheckBox::CheckBox(const QString& text, QWidget* parent)
     : QCheckBox(text, parent)
 {
     ui::installAccessible<CheckBox, ui::AccessibleButtonAs<QAccessible::CheckBox>>();
+    ui::keepSpace(*this);
 }
 
 CheckBox::~CheckBox() = default;

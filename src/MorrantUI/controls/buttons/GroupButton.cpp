@@ -27,6 +27,7 @@ GroupButton::GroupButton(QWidget* parent)
     : QAbstractButton(parent)
 {
     ui::installAccessible<GroupButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+    ui::keepSpace(*this);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
 }

@@ -19,6 +19,7 @@ IconButton::IconButton(QWidget* parent)
     : QToolButton(parent)
 {
     ui::installAccessible<IconButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+    ui::keepSpace(*this);
     setAutoRaise(true);
     setToolButtonStyle(Qt::ToolButtonIconOnly);
 }

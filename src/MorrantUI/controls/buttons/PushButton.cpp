@@ -15,6 +15,7 @@ PushButton::PushButton(const QString& text, QWidget* parent)
     : QPushButton(text, parent)
 {
     ui::installAccessible<PushButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+    ui::keepSpace(*this);
 }
 
 PushButton::~PushButton() = default;

@@ -25,6 +25,7 @@ RolloverButton::RolloverButton(QWidget* parent)
     : QAbstractButton(parent)
 {
     ui::installAccessible<RolloverButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+    ui::keepSpace(*this);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

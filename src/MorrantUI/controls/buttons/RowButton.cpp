@@ -13,6 +13,7 @@ RowButton::RowButton(QWidget* parent)
     : QAbstractButton(parent)
 {
     ui::installAccessible<RowButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+    ui::keepSpace(*this);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);

@@ -49,6 +49,7 @@ ToggleSwitch::ToggleSwitch(const QString& text, QWidget* parent)
     , m_glide(new QPropertyAnimation(this, "knobPosition", this))
 {
     ui::installAccessible<ToggleSwitch, ui::AccessibleButtonAs<QAccessible::CheckBox>>();
+    ui::keepSpace(*this);
     setAttribute(Qt::WA_Hover);
     setCheckable(true);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);

@@ -27,6 +27,7 @@ ToolButton::ToolButton(QWidget* parent)
     : QToolButton(parent)
 {
     ui::installAccessible<ToolButton, ui::AccessibleButtonAs<QAccessible::Button>>();
+    ui::keepSpace(*this);
     setAutoRaise(true);
     setPopupMode(InstantPopup);
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);

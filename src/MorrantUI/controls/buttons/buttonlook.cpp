@@ -8,10 +8,12 @@
 #include <MorrantUI/theme/icons.h>
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include <cmath>
 
@@ -32,6 +34,41 @@ QPixmap inColor(const QPixmap& mask, const QColor& color)
     painter.fillRect(QRect(QPoint(), mask.size()), color);
     return colored;
 }
+
+class SpaceKeeper final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn) {
+            noteReason(*watched, static_cast<const QFocusEvent*>(event)->reason());
+        }
+        if (event->type() != QEvent::ShortcutOverride || watched == m_clicked) {
+            return false;
+        }
+        const auto& key = *static_cast<const QKeyEvent*>(event);
+        const bool hasFocus = static_cast<QWidget*>(watched)->hasFocus();
+        if (!hasFocus || key.key() != Qt::Key_Space || hasModifier(key)) {
+            return false;
+        }
+        event->accept();
+        return true;
+    }
+
+private:
+    void noteReason(QObject& button, Qt::FocusReason reason)
+    {
+        const bool comesBack =
+            reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+        if (!comesBack) {
+            m_clicked = reason == Qt::MouseFocusReason ? &button : nullptr;
+        }
+    }
+
+    QPointer<QObject> m_clicked; ///< has got the focus by the mouse
+};
 
 } // namespace
 
@@ -83,6 +120,15 @@ bool isReturn(const QKeyEvent& event)
 bool hasModifier(const QKeyEvent& event)
 {
     return (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
+}
+
+void keepSpace(QAbstractButton& button)
+{
+    static QPointer<QObject> keeper; // one for all
+    if (!keeper) {
+        keeper = new SpaceKeeper(QCoreApplication::instance());
+    }
+    button.installEventFilter(keeper);
 }
 
 bool clickOnReturn(QAbstractButton& button, const QKeyEvent& event)

@@ -34,6 +34,10 @@ bool isReturn(const QKeyEvent& event);
 /// Whether Control, Shift or the like is held with the key; the keypad does not count.
 bool hasModifier(const QKeyEvent& event);
 
+/// While a button has the focus, Space is its own, also where the window has a shortcut for it. One
+/// that has got the focus by a click leaves the key to the window.
+void keepSpace(QAbstractButton& button);
+
 /// Clicks the button if the event is a first press of Return or Enter; its repetitions do nothing.
 /// @return whether it was Return or Enter
 bool clickOnReturn(QAbstractButton& button, const QKeyEvent& event);

@@ -66,6 +66,7 @@ ColorSwatch::ColorSwatch(QWidget* parent)
     : QAbstractButton(parent)
 {
     ui::installAccessible<ColorSwatch, AccessibleSwatch>();
+    ui::keepSpace(*this);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
     setAcceptDrops(true);

@@ -29,6 +29,7 @@ RolloverLabel::RolloverLabel(const QString& text, QWidget* parent)
     , m_restColor(QStringLiteral("Link"))
 {
     ui::installAccessible<RolloverLabel, ui::AccessibleButtonAs<QAccessible::Link>>();
+    ui::keepSpace(*this);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
