@@ -75,6 +75,7 @@
 #include <MorrantUI/graph/PointTransformTool.h>
 #include <MorrantUI/graph/graphsegments.h>
 #include <MorrantUI/graph/graphtypes.h>
+#include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/ContextMenuButton.h>
 #include <MorrantUI/menus/ContextMenuItemWidget.h>
@@ -88,6 +89,7 @@
 #include <MorrantUI/menus/WidgetMenuAction.h>
 #include <MorrantUI/menus/dialogs.h>
 #include <MorrantUI/menus/dismiss.h>
+#include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/menus/keyboardnavigation.h>
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/platform/RawMouseRecord.h>
@@ -98,6 +100,7 @@
 #include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/text/PlainTextEdit.h>
 #include <MorrantUI/text/TimeCodeEdit.h>
+#include <MorrantUI/text/TimeCodeField.h>
 #include <MorrantUI/text/timecode.h>
 #include <MorrantUI/theme/FocusFrame.h>
 #include <MorrantUI/theme/OverrideCursor.h>

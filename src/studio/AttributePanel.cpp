@@ -11,7 +11,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -91,19 +90,6 @@ QLabel* hint(const QString& text)
     return label;
 }
 
-/// Keys that a control understands and that the window's menus have as well.
-bool isControlKey(const QKeyEvent& event)
-{
-    switch (event.key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End: return event.modifiers() == Qt::NoModifier;
-    default: return false;
-    }
-}
-
 } // namespace
 
 AttributePanel::AttributePanel(DocumentEditor& editor, QWidget* parent)
@@ -175,17 +161,6 @@ void AttributePanel::finishEditing()
         field->clearFocus();
     }
     m_editor->commit();
-}
-
-bool AttributePanel::event(QEvent* event)
-{
-    // The control that has the focus comes before the window's shortcuts.
-    if (event->type() == QEvent::ShortcutOverride && isControlKey(*static_cast<QKeyEvent*>(event)))
-    {
-        event->accept();
-        return true;
-    }
-    return Panel::event(event);
 }
 
 void AttributePanel::rebuild()

@@ -38,9 +38,6 @@ Q_SIGNALS:
     /// The user has begun to drag or to type.
     void editingStarted();
 
-protected:
-    bool event(QEvent* event) override;
-
 private:
     /// Values as entries of the property: numbers, or red, green and blue.
     using Entries = std::vector<double>;

@@ -1,6 +1,5 @@
 #include "StudioMenus.h"
 
-#include "CommandPalette.h"
 #include "DocumentTabs.h"
 #include "NoticeBar.h"
 #include "Player.h"
@@ -9,7 +8,9 @@
 #include "Workspace.h"
 #include "commands.h"
 #include "editing/DocumentEditor.h"
+#include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/icons.h>
 
 #include <QActionGroup>
@@ -30,12 +31,13 @@ constexpr int kOwnMenus = 2; ///< before those of the panels: File and Edit
 StudioMenus::StudioMenus(StudioWindow& window)
     : QObject(&window)
     , m_window(window)
-    , m_palette(new CommandPalette(*window.menuBar(), &window))
+    , m_palette(new CommandPalette(window.menuBar(), &window))
 {
     buildFileMenu();
     buildEditMenu();
     buildPlaybackMenu();
     buildViewMenu();
+    ui::shareShortcuts(*window.menuBar()); // with floating panels
 }
 
 void StudioMenus::addMenu(QMenu& menu)
@@ -148,7 +150,7 @@ void StudioMenus::buildViewMenu()
              {Qt::CTRL | Qt::SHIFT | Qt::Key_P},
              [this] {
                  showPanels();
-                 m_palette->open(m_window);
+                 m_palette->openOver(m_window);
              }},
         });
     m_galleryAction = others.at(1);
@@ -185,7 +187,7 @@ void StudioMenus::showPanels()
         const Workspace::Panel& panel = workspace.panels()[i];
         if (isNew) {
             QAction* action =
-                m_panels->addAction(menuText(panel.name), this, [this, id = panel.id] {
+                m_panels->addAction(ui::menuText(panel.name), this, [this, id = panel.id] {
                     Workspace& panels = m_window.workspace();
                     panels.setPanelOpen(id, !panels.isPanelOpen(id));
                 });
@@ -225,9 +227,9 @@ void StudioMenus::showPlaying(bool playing)
 void StudioMenus::showHistory(const DocumentEditor& editor)
 {
     m_history.at(0)->setEnabled(!m_isGalleryShown && editor.canUndo());
-    m_history.at(0)->setText(tr("&Undo %1").arg(menuText(editor.undoText())).trimmed());
+    m_history.at(0)->setText(tr("&Undo %1").arg(ui::menuText(editor.undoText())).trimmed());
     m_history.at(1)->setEnabled(!m_isGalleryShown && editor.canRedo());
-    m_history.at(1)->setText(tr("&Redo %1").arg(menuText(editor.redoText())).trimmed());
+    m_history.at(1)->setText(tr("&Redo %1").arg(ui::menuText(editor.redoText())).trimmed());
 }
 
 } // namespace studio

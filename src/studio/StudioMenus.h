@@ -3,13 +3,13 @@
 #include <QList>
 #include <QObject>
 
+class CommandPalette;
 class ContextMenu;
 class QAction;
 class QMenu;
 
 namespace studio {
 
-class CommandPalette;
 class DocumentEditor;
 class StudioWindow;
 

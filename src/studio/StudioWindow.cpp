@@ -22,6 +22,7 @@
 #include "lottie/reader.h"
 #include "readouts.h"
 #include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
@@ -139,23 +140,24 @@ void StudioWindow::addPanels()
 void StudioWindow::offerMenus()
 {
     const auto add = [this](QWidget& panel, auto fill) { // undo and redo below the panel's own rows
-        offerContextMenu(panel, [this, fill](ContextMenu& menu, QPoint point) {
+        ui::offerContextMenu(panel, [this, fill](ContextMenu& menu, QPoint point) {
             fill(menu, point);
             menu.addSeparator();
             menu.addActions(m_menus->history());
         });
     };
-    offerContextMenu(
+    ui::offerContextMenu(
         *m_documents, [this](ContextMenu& menu, QPoint) { m_menus->fillViewportMenu(menu); });
-    offerContextMenu(*m_layers, [this](ContextMenu& menu, QPoint) {
+    ui::offerContextMenu(*m_layers, [this](ContextMenu& menu, QPoint) {
         menu.addActions(m_layers->menu()->actions());
     });
-    offerContextMenu(*m_transport, [this](ContextMenu& menu, QPoint) {
+    ui::offerContextMenu(*m_transport, [this](ContextMenu& menu, QPoint) {
         menu.addActions(m_menus->playback());
         menu.addSeparator();
         m_transport->fillMenu(menu);
     });
-    offerContextMenu(*m_missing, [this](ContextMenu& menu, QPoint) { m_missing->fillMenu(menu); });
+    ui::offerContextMenu(
+        *m_missing, [this](ContextMenu& menu, QPoint) { m_missing->fillMenu(menu); });
     add(*m_notes, [this](ContextMenu& menu, QPoint) { m_notes->fillMenu(menu); });
     add(*m_attributes,
         [this](ContextMenu& menu, QPoint point) { m_attributes->fillMenu(menu, point); });

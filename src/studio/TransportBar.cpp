@@ -1,10 +1,10 @@
 #include "TransportBar.h"
 
-#include "FrameField.h"
 #include "FrameSlider.h"
 #include "Player.h"
 #include "readouts.h"
 #include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/text/TimeCodeField.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/theme/palettes.h>
@@ -32,7 +32,7 @@ TransportBar::TransportBar(
     , m_player(player)
     , m_layout(new QHBoxLayout(this))
     , m_slider(new FrameSlider(this))
-    , m_code(new FrameField(this))
+    , m_code(new TimeCodeField(this))
 {
     setWindowTitle(tr("Transport"));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -54,7 +54,8 @@ TransportBar::TransportBar(
 
     m_code->setToolTip(tr("Time code of the current frame: hours, minutes, seconds, frames"));
     m_code->setAccessibleName(tr("Time code"));
-    connect(m_code, &FrameField::entered, &m_player, &Player::seek);
+    m_code->setContextMenuPolicy(Qt::NoContextMenu); // the bar's is the one to open
+    connect(m_code, &TimeCodeField::frameEntered, &m_player, &Player::seek);
     m_slider->setFocusPolicy(Qt::NoFocus);
     m_slider->setAccessibleName(tr("Current frame"));
     connect(m_slider, &FrameSlider::valueChanged, this, &TransportBar::scrub);
@@ -134,7 +135,8 @@ void TransportBar::showFrame()
 {
     const QSignalBlocker blocker(m_slider);
     m_slider->setValue(m_player.frame());
-    m_code->setFrame(m_player.frame(), m_player.rate());
+    m_code->setRate(m_player.rate());
+    m_code->setFrame(m_player.frame());
     m_frame->setText(frameText(m_player.frame(), m_player.range().last));
     m_time->setText(timeText(m_player.frame(), m_player.rate()));
 

@@ -6,10 +6,10 @@ class ContextMenu;
 class QAction;
 class QHBoxLayout;
 class QLabel;
+class TimeCodeField;
 
 namespace studio {
 
-class FrameField;
 class FrameSlider;
 class Player;
 
@@ -47,7 +47,7 @@ private:
     Player& m_player;
     QHBoxLayout* m_layout;
     FrameSlider* m_slider;
-    FrameField* m_code;
+    TimeCodeField* m_code;
     QLabel* m_time = nullptr;
     QLabel* m_frame = nullptr;
     QLabel* m_rate = nullptr;

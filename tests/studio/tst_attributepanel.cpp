@@ -332,13 +332,30 @@ private Q_SLOTS:
     {
         OpenWindow window;
         KeyframeButton* button = window.row("Opacity").keyframeButton();
-        button->setFocus(Qt::TabFocusReason);
+        NumericField* field = window.field("Opacity");
+        field->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(field, Qt::Key_Right); // moves the caret
+        QTest::keyClick(field, Qt::Key_Right, Qt::AltModifier);
         QTest::keyClick(button, Qt::Key_Space);
-        QVERIFY(!window.player().isPlaying());
+        QVERIFY(!window.player().isPlaying() && window.player().frame() == 0);
         QCOMPARE(button->state(), Key::KeyAtFrame);
+
         window.viewport().setFocus();
-        QTest::keyClick(&window.viewport(), Qt::Key_Space);
+        ui::test::click(button); // by mouse: the transport's keys stay
+        scrub(field, 20);
+        ui::test::click(window.row("Solid").swatch());
+        auto* dialog = window.row("Solid").swatch()->dialog();
+        dialog->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), dialog);
+        QTest::keyClick(dialog->windowHandle(), Qt::Key_Space);
+        QVERIFY(!window.player().isPlaying());
+        QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape);
+        QVERIFY(!window.row("Solid").swatch()->dialog());
+        window.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &window);
+        QTest::keyClick(window.windowHandle(), Qt::Key_Space);
         QVERIFY(window.player().isPlaying());
+        window.player().pause();
         auto* list = window.findChild<LayerTree*>();
         QTest::keyClick(list, Qt::Key_Down);
         QCOMPARE(window.row("Position X").value(0), 100.0);

@@ -2,8 +2,10 @@
 #include "MissingPanel.h"
 #include "controls/PaintCounter.h"
 #include "studiotest.h"
+#include <MorrantUI/docking/DockableWindow.h>
 #include <MorrantUI/theme/colors.h>
 
+#include <QMenuBar>
 #include <QMimeData>
 #include <QWheelEvent>
 
@@ -133,6 +135,25 @@ private Q_SLOTS:
         QCOMPARE(scaleAfter(Qt::Key_Plus), 1.25);
         QCOMPARE(scaleAfter(Qt::Key_Minus), 1.0);
         QCOMPARE(scaleAfter(Qt::Key_F), fittedScale);
+    }
+
+    void shortcutsRestWhileAMenuIsOpenAndWorkInFloatingPanels()
+    {
+        OpenWindow window;
+        QMenu* const file = window.menuBar()->actions().first()->menu();
+        file->popup(window.mapToGlobal(QPoint(5, 30)));
+        QVERIFY(QTest::qWaitForWindowExposed(file));
+        for (const auto key : {Qt::Key_Right, Qt::Key_End, Qt::Key_Space}) {
+            QTest::keyClick(QApplication::activePopupWidget()->windowHandle(), key);
+            QVERIFY(window.player().frame() == 0 && !window.player().isPlaying());
+            file->popup(window.mapToGlobal(QPoint(5, 30)));
+        }
+        file->close();
+        DockableWindow* const panel = window.workspace().windowOf(u"layers"_qs);
+        panel->undock(true);
+        studio::test::showActive(*panel);
+        QTest::keyClick(panel->windowHandle(), Qt::Key_End);
+        QCOMPARE(window.player().frame(), 19);
     }
 
     void aPressOnTheSliderSeeksAndPauses()

@@ -1,5 +1,6 @@
 #include "MorrantUI/text/PlainTextEdit.h"
 
+#include "MorrantUI/text/textkeys.h"
 #include <MorrantUI/theme/colors.h>
 
 #include <QKeyEvent>
@@ -84,7 +85,7 @@ bool producesText(const QKeyEvent& key)
 
 bool belongsToText(const QKeyEvent& key)
 {
-    if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+    if (ui::isHistoryKey(key)) {
         return false;
     }
     switch (key.key()) {
@@ -130,6 +131,12 @@ PlainTextEdit::PlainTextEdit(QWidget* parent)
 
 PlainTextEdit::~PlainTextEdit() = default;
 
+void PlainTextEdit::setUndoLeftToHost(bool left)
+{
+    m_undoLeftToHost = left;
+    setUndoRedoEnabled(!left);
+}
+
 void PlainTextEdit::setGround(const QColor& color)
 {
     QPalette changed = palette();
@@ -174,11 +181,16 @@ void PlainTextEdit::report()
 
 bool PlainTextEdit::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride
-        && belongsToText(*static_cast<const QKeyEvent*>(event)))
-    {
-        event->accept();
-        return true;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<const QKeyEvent*>(event);
+        if (belongsToText(key)) {
+            event->accept();
+            return true;
+        }
+        if (m_undoLeftToHost && ui::isHistoryKey(key)) {
+            event->ignore();
+            return false;
+        }
     }
     return QPlainTextEdit::event(event);
 }

@@ -13,7 +13,8 @@
 /// Return and Enter finish an edit and give the focus away; leaving the field finishes it too.
 /// While nothing has been edited Return begins a new line, as Shift+Return always does
 /// (deliberate). Keys that mean something in a text stay in the field, also where the window has
-/// shortcuts for them; undo and redo are left to QPlainTextEdit.
+/// shortcuts for them; undo and redo are left to QPlainTextEdit, or to
+/// the host.
 ///
 /// Lines are wrapped at words; anywhere while there is one of more than 10,000 characters, which
 /// would take too long.
@@ -26,6 +27,11 @@ class MORRANT_UI_EXPORT PlainTextEdit : public QPlainTextEdit
 public:
     explicit PlainTextEdit(QWidget* parent = nullptr);
     ~PlainTextEdit() override;
+
+    /// Leaves undo and redo to the window, for a host that makes one step of a whole edit: the
+    /// field keeps no history of its own, and the keys reach the window's shortcuts. Off at first.
+    void setUndoLeftToHost(bool left);
+    bool isUndoLeftToHost() const { return m_undoLeftToHost; }
 
 Q_SIGNALS:
     /// The text has changed since the field got the focus or last reported, and the edit is
@@ -50,6 +56,7 @@ private:
     void setGround(const QColor& color);
 
     bool m_modified = false;
+    bool m_undoLeftToHost = false;
     bool m_isReporting = false;                        ///< changes made meanwhile are the host's
     std::optional<QTextOption::WrapMode> m_wrapBefore; ///< while lines are broken anywhere
     QColor m_ground;                                   ///< as it was last taken from the theme

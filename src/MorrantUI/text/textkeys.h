@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QKeyEvent>
+
+namespace ui {
+
+/// Whether a key undoes or redoes.
+inline bool isHistoryKey(const QKeyEvent& key)
+{
+    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+}
+
+} // namespace ui
