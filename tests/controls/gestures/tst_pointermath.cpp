@@ -129,6 +129,32 @@ private Q_SLOTS:
             QCOMPARE(screen.adjusted(-800, -800, 800, 800).contains(pointer.toPoint()), warps);
         }
     }
+
+    void anAbsolutePointerIsFoundOutByItsSecondWarp()
+    {
+        const QRect rect = ui::wrappingRect({0, 0, 1600, 1000});
+        for (const bool echoes : {true, false}) { // of a warp, or the next position replaces it
+            for (const QPointF step : {QPointF(7, -2), QPointF(50, 3), QPointF(-90, 0)}) {
+                const QPointF start(800, 500);
+                ui::WarpedPath path(start);
+                QPointF at = start;
+                for (int i = 0;
+                     i < 600 && rect.adjusted(-300, -200, 300, 200).contains(at.toPoint());
+                     ++i) {
+                    at += step; // wherever it was warped to
+                    path.moveTo(at, at);
+                    QCOMPARE(path.movement(), at - start);
+                    QPointF offset;
+                    wrapPoint(at, rect, &offset);
+                    if (!offset.isNull() && !path.isWarping() && !path.isAbsolute()) {
+                        path.warp(offset);
+                        path.moveTo(echoes ? at + offset : at, at);
+                    }
+                }
+                QCOMPARE(path.isAbsolute(), echoes);
+            }
+        }
+    }
 };
 
 const ui::test::Registration<PointerMathTest> kRegistration;

@@ -35,8 +35,13 @@ void RawDragFilter::dragBegins(const QPointF& /*position*/)
     m_home = morrant::native::pointerPosition();
     m_hasFailed = !m_home.has_value();
     confine();
-    m_byMoves = !m_tracker.startTracking();
-    hideNativeMouse();
+    if (m_tracker.startTracking()) {
+        hideNativeMouse();
+        return;
+    }
+    m_byMoves = true; // and the pointer, which nothing wraps then, stays the user's
+    m_holdsPointer = false;
+    m_confinement.reset();
 }
 
 void RawDragFilter::confine()

@@ -42,6 +42,10 @@ void WarpDragFilter::pointerMoved(const QPointF& position)
 
 void WarpDragFilter::warpFromEdges(QPointF position)
 {
+    if (m_path.isAbsolute() && !m_rect.isEmpty()) {
+        m_rect = {}; // for the rest of the drag the pointer is the user's
+        showNativeMouse();
+    }
     if (m_path.isWarping() || m_rect.isEmpty()) {
         return;
     }

@@ -96,23 +96,60 @@ QPointF absoluteUnit(std::uint16_t flags, QSize primaryScreen, QSize virtualDesk
     return {size.width() / kAbsoluteRange, size.height() / kAbsoluteRange};
 }
 
+namespace {
+
+double distance(QPointF a, QPointF b)
+{
+    return (a - b).manhattanLength();
+}
+
+} // namespace
+
 QPointF WarpedPath::moveTo(QPointF position, QPointF present)
 {
-    const auto distance = [](QPointF a, QPointF b) { return (a - b).manhattanLength(); };
-    QPointF before = position - m_offset;
-    if (isWarping()) {
-        const QPointF behind = before - m_pending;
-        // The two are a warp apart. After a long way neither is near the last position; then it is
-        // the latest one, near to where the pointer is.
-        const bool farAway = std::min(distance(before, m_last), distance(behind, m_last))
-                             > m_pending.manhattanLength() / 4;
-        const QPointF likely = farAway ? present - m_offset - m_pending : m_last;
-        if (distance(behind, likely) < distance(before, likely)) {
-            m_offset += std::exchange(m_pending, {});
-            before = behind;
-        }
+    if (!isWarping()) {
+        takeOut(position);
+        return goTo(position - m_offset);
     }
-    return m_last = before;
+    const QPointF before = position - m_offset;
+    const QPointF behind = before - m_pending;
+    // The two are a warp apart. After a long way neither is near the last position; then it is the
+    // latest one, near to where the pointer is.
+    const bool farAway = std::min(distance(before, m_last), distance(behind, m_last))
+                         > m_pending.manhattanLength() / 4;
+    const QPointF likely = farAway ? present - m_offset - m_pending : m_last;
+    if (distance(behind, likely) >= distance(before, likely)) {
+        return goTo(before);
+    }
+    m_taken = std::exchange(m_pending, {});
+    m_offset += m_taken;
+    return goTo(behind);
+}
+
+QPointF WarpedPath::goTo(QPointF place)
+{
+    const QPointF step = place - m_last;
+    m_step = step.isNull() ? m_step : step;
+    return m_last = place;
+}
+
+/// Undoes the latest warp if the pointer's first step behind it is a small one from where it was
+/// before, more like the last step than one from where the warp led. Where a busy machine has made
+/// one step of many, all are as long.
+void WarpedPath::takeOut(QPointF position)
+{
+    const QPointF step = position - m_offset - m_last;
+    if (m_taken.isNull() || step.isNull()) {
+        return;
+    }
+    const QPointF warp = std::exchange(m_taken, {});
+    const QPointF undone = step + warp;
+    const bool isBack = undone.manhattanLength() < warp.manhattanLength() / 4
+                        && distance(undone, m_step) < distance(step, m_step);
+    m_undone = isBack ? m_undone + 1 : 0;
+    if (isBack) {
+        m_offset -= warp;
+    }
 }
 
 } // namespace ui

@@ -58,9 +58,15 @@ MORRANT_UI_EXPORT std::optional<RawMotion> decodeRawMotion(
 MORRANT_UI_EXPORT QPointF
 absoluteUnit(std::uint16_t flags, QSize primaryScreen, QSize virtualDesktop);
 
+/// As many warps undone in a row tell an absolute pointer; a single one may be a quick hand.
+inline constexpr int kWarpsForProof = 2;
+
 /// Follows a pointer that is warped by whole offsets while it moves, and tells how far it would
 /// have gone without. Positions from before a warp may still arrive after it, and the first one
 /// from behind it may be far from it: each is taken for what makes the more sensible way.
+///
+/// An absolute pointer (of a remote desktop, a virtual machine, a tablet that poses as a mouse) is
+/// back after the warp where it would have been without: then the warp is taken out again.
 class MORRANT_UI_EXPORT WarpedPath
 {
 public:
@@ -78,13 +84,22 @@ public:
     /// Whether no position from behind the latest warp was seen yet.
     bool isWarping() const { return !m_pending.isNull(); }
 
+    /// Whether the pointer has undone warps: it tells positions, and another warp would be in vain.
+    bool isAbsolute() const { return m_undone >= kWarpsForProof; }
+
     QPointF movement() const { return m_last - m_start; }
 
 private:
+    void takeOut(QPointF position);
+    QPointF goTo(QPointF place);
+
     QPointF m_start;
     QPointF m_last;    ///< without the warps
+    QPointF m_step;    ///< the latest one that led anywhere
     QPointF m_offset;  ///< of all warps but the pending one
     QPointF m_pending; ///< null when no warp is
+    QPointF m_taken;   ///< the warp behind which no motion was seen yet, if any
+    int m_undone = 0;  ///< warps in a row
 };
 
 } // namespace ui
