@@ -82,6 +82,7 @@
 #include <MorrantUI/menus/ContextMenuLabel.h>
 #include <MorrantUI/menus/ListView.h>
 #include <MorrantUI/menus/ModalDialog.h>
+#include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/PopoverPanel.h>
 #include <MorrantUI/menus/PopoverSide.h>
 #include <MorrantUI/menus/TreeView.h>

@@ -4,15 +4,8 @@
 #include "editing/DocumentEditor.h"
 
 #include <QHeaderView>
-#include <QMouseEvent>
 
 namespace studio {
-
-namespace {
-
-constexpr int kSwitchWidth = 24; ///< logical pixels
-
-} // namespace
 
 LayerTree::LayerTree(LayerModel& model, QWidget* parent)
     : TreeView(parent)
@@ -23,13 +16,9 @@ LayerTree::LayerTree(LayerModel& model, QWidget* parent)
     setReordering(Reordering::Siblings);
     setKeyRole(LayerModel::kIdentityRole);
     setModel(&model);
-    header()->setStretchLastSection(false);
-    header()->setMinimumSectionSize(kSwitchWidth);
     header()->setSectionResizeMode(LayerModel::Name, QHeaderView::Stretch);
-    for (const int column : {LayerModel::Visibility, LayerModel::Lock}) {
-        header()->setSectionResizeMode(column, QHeaderView::Fixed);
-        header()->resizeSection(column, kSwitchWidth);
-    }
+    setSwitchColumns({LayerModel::Visibility, LayerModel::Lock});
+    connect(this, &TreeView::switchPressed, &model, &LayerModel::toggle);
 }
 
 std::vector<int> LayerTree::selectedLayers() const
@@ -51,30 +40,6 @@ QList<QPersistentModelIndex> LayerTree::moveRows(
     const QList<QPersistentModelIndex> moved(rows.begin(), rows.end()); // they follow their layers
     return m_model.editor()->moveLayers(std::move(layers), row) ? moved
                                                                 : QList<QPersistentModelIndex>();
-}
-
-void LayerTree::mousePressEvent(QMouseEvent* event)
-{
-    if (!pressSwitch(*event)) {
-        TreeView::mousePressEvent(event);
-    }
-}
-
-void LayerTree::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    if (!pressSwitch(*event)) { // the second of two quick clicks is one as well
-        TreeView::mouseDoubleClickEvent(event);
-    }
-}
-
-bool LayerTree::pressSwitch(const QMouseEvent& event)
-{
-    const QModelIndex index = indexAt(event.position().toPoint());
-    const bool isSwitch = index.isValid() && index.column() != LayerModel::Name;
-    if (isSwitch && event.button() == Qt::LeftButton) {
-        m_model.toggle(index);
-    }
-    return isSwitch && event.button() == Qt::LeftButton;
 }
 
 } // namespace studio

@@ -6,7 +6,7 @@ namespace studio {
 
 class LayerModel;
 
-/// The tree over a LayerModel: the columns of switches are clicked, which selects nothing, and rows
+/// The tree over a LayerModel: its columns of switches act on the document, and rows
 /// that are taken elsewhere move in the document, as one step.
 class LayerTree : public TreeView
 {
@@ -22,12 +22,8 @@ public:
 protected:
     QList<QPersistentModelIndex> moveRows(
         const QModelIndexList& rows, const QModelIndex& parent, int row) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    bool pressSwitch(const QMouseEvent& event);
-
     LayerModel& m_model;
 };
 

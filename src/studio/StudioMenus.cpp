@@ -1,7 +1,6 @@
 #include "StudioMenus.h"
 
 #include "DocumentTabs.h"
-#include "NoticeBar.h"
 #include "Player.h"
 #include "StudioWindow.h"
 #include "Viewport.h"
@@ -10,6 +9,7 @@
 #include "editing/DocumentEditor.h"
 #include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/icons.h>
 
@@ -144,7 +144,10 @@ void StudioMenus::buildViewMenu()
              {},
              {Qt::CTRL | Qt::Key_G},
              [this] { m_window.setGalleryShown(!m_isGalleryShown); }},
-            {tr("&Dismiss Notice"), {}, {Qt::Key_Escape}, [this] { m_window.notice().dismiss(); }},
+            {tr("&Dismiss Notice"),
+             {},
+             {Qt::Key_Escape},
+             [this] { m_window.notices().dismissLatest(); }},
             {tr("&Command Palette…"),
              u"search"_qs,
              {Qt::CTRL | Qt::SHIFT | Qt::Key_P},

@@ -7,7 +7,6 @@
 #include "LayerPanel.h"
 #include "MissingPanel.h"
 #include "NotesPanel.h"
-#include "NoticeBar.h"
 #include "Player.h"
 #include "StudioMenus.h"
 #include "TransportBar.h"
@@ -22,6 +21,7 @@
 #include "lottie/reader.h"
 #include "readouts.h"
 #include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/events.h>
@@ -92,7 +92,6 @@ StudioWindow::StudioWindow(QWidget* parent)
     , m_attributes(new AttributePanel(m_documents->current().editor()))
     , m_missing(new MissingPanel)
     , m_notes(new NotesPanel)
-    , m_notice(new NoticeBar)
     , m_pages(new QStackedWidget)
 {
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
@@ -110,9 +109,9 @@ StudioWindow::StudioWindow(QWidget* parent)
     auto* layout = new QVBoxLayout(center);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_notice);
     layout->addWidget(m_pages, 1);
     setCentralWidget(center);
+    m_notices = new NoticeStack(center);
     viewport().setFocus();
     connectPanels();
     showHistory();
@@ -197,7 +196,7 @@ void StudioWindow::connectPanels()
 bool StudioWindow::openFile(const QString& path)
 {
     if (m_documents->showFile(path)) {
-        m_notice->dismiss();
+        m_notices->dismissAll();
         showViewport();
         return true;
     }
@@ -216,7 +215,7 @@ bool StudioWindow::openFile(const QString& path)
 void StudioWindow::openDocument(
     std::shared_ptr<Document> document, const QString& title, const QString& path)
 {
-    m_notice->dismiss();
+    m_notices->dismissAll();
     m_documents->open(std::move(document), title, path);
     showViewport();
 }
@@ -461,7 +460,7 @@ void StudioWindow::chooseFile()
 
 void StudioWindow::fail(const QString& sentence)
 {
-    m_notice->showSentence(sentence);
+    m_notices->add(sentence);
     Q_EMIT failed(sentence);
 }
 

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class NoticeStack;
 class QMimeData;
 class QStackedWidget;
 
@@ -16,7 +17,6 @@ class DocumentTabs;
 class LayerPanel;
 class MissingPanel;
 class NotesPanel;
-class NoticeBar;
 class Player;
 class StudioMenus;
 class TransportBar;
@@ -43,7 +43,7 @@ public:
     ~StudioWindow() override;
 
     /// Opens a file in a tab, or brings its tab to the front. One that cannot be opened changes
-    /// nothing: the notice and failed() say why.
+    /// nothing: a notice and failed() say why.
     bool openFile(const QString& path);
     /// Opens a document in a tab.
     /// @param path where it was read from; empty for a document of no file
@@ -71,7 +71,7 @@ public:
     DocumentEditor& editor();
     Viewport& viewport();
     Player& player() { return *m_player; }
-    NoticeBar& notice() { return *m_notice; }
+    NoticeStack& notices() { return *m_notices; }
     Workspace& workspace() { return *m_workspace; }
     DocumentTabs& documents() { return *m_documents; }
 
@@ -113,7 +113,7 @@ private:
     AttributePanel* m_attributes;
     MissingPanel* m_missing;
     NotesPanel* m_notes;
-    NoticeBar* m_notice;
+    NoticeStack* m_notices = nullptr; ///< over the central widget
     TransportBar* m_transport = nullptr;
     QStackedWidget* m_pages;
     QWidget* m_gallery = nullptr; ///< made when first asked for

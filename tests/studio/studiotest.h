@@ -1,6 +1,5 @@
 #pragma once
 
-#include "NoticeBar.h"
 #include "Player.h"
 #include "StudioWindow.h"
 #include "Viewport.h"
@@ -12,6 +11,7 @@
 #include "support/paths.h"
 #include "support/pixels.h"
 #include "support/themes.h"
+#include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <QTemporaryDir>

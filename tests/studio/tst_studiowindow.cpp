@@ -62,13 +62,13 @@ private Q_SLOTS:
             QCOMPARE(window.player().frame(), 7);
             QCOMPARE(failed.size(), 1);
             const QString sentence = failed.takeFirst().first().toString();
-            QCOMPARE(window.notice().sentence(), sentence);
-            QVERIFY(!window.notice().isHidden());
+            QCOMPARE(window.notices().texts().value(0), sentence);
+            QVERIFY(!window.notices().isEmpty());
             QVERIFY2(sentence.count(name) == 1, qUtf8Printable(sentence));
             QVERIFY(sentence.endsWith(u'.') && !sentence.contains(u'\n'));
         }
         QVERIFY(window.openFile(samplePaths().first()));
-        QVERIFY(window.notice().isHidden());
+        QVERIFY(window.notices().isEmpty());
     }
 
     void onlyOneLocalJsonFileIsDropped()
@@ -84,12 +84,12 @@ private Q_SLOTS:
         for (const QList<QUrl>& urls : {QList{file, file}, {picture}, {remote}}) {
             data.setUrls(urls);
             drop(window, data);
-            QVERIFY(window.notice().sentence().contains(u".json"_qs));
+            QVERIFY(window.notices().texts().value(0).contains(u".json"_qs));
             QCOMPARE(window.document()->width, 200);
         }
         data.setUrls({file});
         drop(window, data);
-        QVERIFY(window.notice().isHidden());
+        QVERIFY(window.notices().isEmpty());
         QVERIFY(window.document()->width != 200);
     }
 
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QVERIFY(!window.player().isPlaying());
         QCOMPARE(window.viewport().mapping().scale, fittedScale);
         QVERIFY(!window.openFile(u":/samples"_qs)); // a notice is seen here too
-        QVERIFY(window.notice().isVisible() && !window.viewport().isVisible());
+        QVERIFY(!window.notices().isEmpty() && !window.viewport().isVisible());
         QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
 
         const auto scaleAfter = [&window](Qt::Key key) {

@@ -226,7 +226,7 @@ private Q_SLOTS:
             QCOMPARE(window.size(), QSize(760, 620));
             QCOMPARE(compact(after), compact(fitted(before, all)));
         }
-        QVERIFY(window.notice().isHidden());
+        QVERIFY(window.notices().isEmpty());
     }
 
     void aBadLayoutFileIsToldOnceAndReplaced()
@@ -240,7 +240,7 @@ private Q_SLOTS:
         QSignalSpy failed(&window, &StudioWindow::failed);
         window.keepLayoutIn(file.fileName());
         QCOMPARE(failed.size(), 1);
-        QCOMPARE(window.notice().sentence(), failed.first().first().toString());
+        QCOMPARE(window.notices().texts().value(0), failed.first().first().toString());
         QCOMPARE(panelsOf(window.arrangement().root), panelsOf(before.root));
         QVERIFY(window.close());
         QVERIFY(readLayoutFile(file.fileName()));

@@ -41,6 +41,8 @@ bool removes(const QKeyEvent& key)
            && (key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace);
 }
 
+constexpr int kSwitchWidth = 24; ///< logical pixels
+
 } // namespace
 
 TreeView::TreeView(QWidget* parent)
@@ -82,8 +84,10 @@ void TreeView::setModel(QAbstractItemModel* newModel)
     if (newModel) { // behind the base's own answer
         m_watches += connect(newModel, &QAbstractItemModel::modelReset, this, [this] {
             m_memory->restore(*this, m_keyRole);
+            fitSwitches();
         });
     }
+    fitSwitches();
 }
 
 void TreeView::setReordering(Reordering reordering)
@@ -95,6 +99,37 @@ void TreeView::setReordering(Reordering reordering)
 bool TreeView::isReordering() const
 {
     return m_drag->state() == RowDrag::State::Dragging;
+}
+
+void TreeView::setSwitchColumns(const QList<int>& columns)
+{
+    m_switches = columns;
+    fitSwitches();
+}
+
+void TreeView::fitSwitches()
+{
+    if (m_switches.contains(header()->count() - 1)) {
+        header()->setStretchLastSection(false);
+    }
+    for (const int column : std::as_const(m_switches)) {
+        if (column >= 0 && column < header()->count()) {
+            header()->setMinimumSectionSize(std::min(header()->minimumSectionSize(), kSwitchWidth));
+            header()->setSectionResizeMode(column, QHeaderView::Fixed);
+            header()->resizeSection(column, kSwitchWidth);
+        }
+    }
+}
+
+/// @return whether it was on a switch; a slot may have deleted this object
+bool TreeView::pressSwitch(const QMouseEvent& event)
+{
+    const QModelIndex index = indexAt(event.position().toPoint());
+    const bool isSwitch = event.button() == Qt::LeftButton && m_switches.contains(index.column());
+    if (isSwitch) {
+        Q_EMIT switchPressed(index);
+    }
+    return isSwitch;
 }
 
 QModelIndexList TreeView::selectedRowsInOrder() const
@@ -279,6 +314,9 @@ void TreeView::mousePressEvent(QMouseEvent* event)
         return; // another button; the drag goes on
     }
     m_drag->cancel(); // one whose release went elsewhere
+    if (pressSwitch(*event)) {
+        return;
+    }
     const QPointer<TreeView> self(this);
     QTreeView::mousePressEvent(event);
     if (!self || !model()) {
@@ -308,6 +346,13 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event)
     const bool dragged = event->button() == Qt::LeftButton && m_drag->release();
     if (!dragged) {
         QTreeView::mouseReleaseEvent(event);
+    }
+}
+
+void TreeView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (!pressSwitch(*event)) { // the second of two quick presses is one as well
+        QTreeView::mouseDoubleClickEvent(event);
     }
 }
 

@@ -51,6 +51,12 @@ public:
     void setKeyRole(int role) { m_keyRole = role; }
     int keyRole() const { return m_keyRole; }
 
+    /// Columns of icons that are switches, such as for what is seen and what is locked: each as
+    /// wide as an icon, and a press of the left button in one tells of its cell by switchPressed(),
+    /// and neither selects nor drags. Columns that the model does not have are ignored.
+    void setSwitchColumns(const QList<int>& columns);
+    QList<int> switchColumns() const { return m_switches; }
+
     /// The selected rows from top to bottom, in the first column, without those that lie in another
     /// selected row.
     QModelIndexList selectedRowsInOrder() const;
@@ -66,6 +72,10 @@ Q_SIGNALS:
 
     /// The user has moved rows, which are the selected ones now.
     void rowsReordered();
+
+    /// A switch was pressed; the host changes what it stands for. Also by the second press of a
+    /// double click.
+    void switchPressed(const QModelIndex& index);
 
     /// Delete or Backspace was pressed. The host removes the rows; while nobody listens, the keys
     /// are left to the window.
@@ -86,6 +96,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event = nullptr) const override;
@@ -93,6 +104,8 @@ protected:
 private:
     friend class RowDrag;
 
+    bool pressSwitch(const QMouseEvent& event);
+    void fitSwitches();
     bool reorder(const QModelIndexList& rows, const QModelIndex& parent, int row);
     QList<QStandardItem*> openItems(const QModelIndexList& rows) const;
     void select(const QList<QPersistentModelIndex>& rows);
@@ -101,6 +114,7 @@ private:
 
     Reordering m_reordering = Reordering::None;
     int m_keyRole = Qt::DisplayRole;
+    QList<int> m_switches; ///< columns
     std::unique_ptr<RowDrag> m_drag;
     std::unique_ptr<TreeMemory> m_memory;
     QList<QMetaObject::Connection> m_watches; ///< of the model
