@@ -37,10 +37,10 @@ QString AccessibleNumberControl::text(QAccessible::Text kind) const
     }
     const QString tip = nameFromToolTip(*widget());
     const QWidget* const whole = widget()->parentWidget();
-    QAccessibleInterface* const outer = tip.isEmpty() && whole != nullptr ? parent() : nullptr;
-    const bool isPart = outer != nullptr
-                        && (whole->focusProxy() == widget()
-                            || dynamic_cast<const AccessibleGrouping*>(outer) != nullptr);
+    QAccessibleInterface* const outer = tip.isEmpty() && whole ? parent() : nullptr;
+    const bool isPart =
+        outer
+        && (whole->focusProxy() == widget() || dynamic_cast<const AccessibleGrouping*>(outer));
     return isPart ? outer->text(kind) : tip;
 }
 
@@ -94,7 +94,7 @@ QAccessibleInterface* AccessibleParts::child(int index) const
 
 int AccessibleParts::indexOfChild(const QAccessibleInterface* child) const
 {
-    auto* const part = child != nullptr ? qobject_cast<QWidget*>(child->object()) : nullptr;
+    auto* const part = child ? qobject_cast<QWidget*>(child->object()) : nullptr;
     return static_cast<int>(parts().indexOf(part));
 }
 

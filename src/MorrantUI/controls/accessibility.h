@@ -19,8 +19,7 @@ void installAccessible()
                 auto* widget = key == QLatin1String(T::staticMetaObject.className())
                                    ? qobject_cast<T*>(object)
                                    : nullptr;
-                return widget != nullptr ? new Interface(widget)
-                                         : nullptr; // QAccessible's cache owns it
+                return widget ? new Interface(widget) : nullptr; // QAccessible's cache owns it
             });
         return true;
     }();

@@ -16,8 +16,8 @@ QString AccessiblePopover::text(QAccessible::Text kind) const
     }
     auto* const anchor = static_cast<PopoverPanel*>(widget())->anchor();
     QAccessibleInterface* const named =
-        anchor != nullptr ? QAccessible::queryAccessibleInterface(anchor) : nullptr;
-    return named != nullptr ? named->text(QAccessible::Name) : QString();
+        anchor ? QAccessible::queryAccessibleInterface(anchor) : nullptr;
+    return named ? named->text(QAccessible::Name) : QString();
 }
 
 } // namespace ui

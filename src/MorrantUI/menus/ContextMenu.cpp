@@ -219,7 +219,7 @@ void ContextMenu::enterStrip()
 {
     followHighlight();
     auto* const item = qobject_cast<ContextMenuItemWidget*>(activeAction());
-    if (item && item->m_row && item->isStrip() && item->m_row->chosenSubAction() == nullptr) {
+    if (item && item->m_row && item->isStrip() && !item->m_row->chosenSubAction()) {
         item->m_row->stepSubAction(1, 0);
     }
 }
@@ -241,7 +241,7 @@ bool ContextMenu::stepSubAction(const QKeyEvent& event)
     default: return false;
     }
     const bool onward = (event.key() == Qt::Key_Right) != rightToLeft;
-    const bool opensMenu = onward && item->menu() != nullptr && !item->m_row->chosenSubAction();
+    const bool opensMenu = onward && item->menu() && !item->m_row->chosenSubAction();
     return !opensMenu && item->m_row->stepSubAction(onward ? 1 : -1, least);
 }
 
@@ -254,8 +254,7 @@ bool ContextMenu::answerMnemonic(const QKeyEvent& event)
     const QList<QAction*> rows = actions();
     const auto meant = std::find_if(rows.begin(), rows.end(), [&typed](const QAction* row) {
         const auto* const item = qobject_cast<const ContextMenuItemWidget*>(row);
-        return item != nullptr && isSelectable(*row)
-               && (!item->hasMainTrigger() || item->menu() != nullptr)
+        return item && isSelectable(*row) && (!item->hasMainTrigger() || item->menu())
                && QKeySequence::mnemonic(item->text()) == typed;
     });
     if (meant == rows.end()) {
@@ -303,8 +302,7 @@ void ContextMenu::triggerActive(QKeyEvent* event)
         return;
     }
     const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);
-    RolloverButton* const chosen =
-        item != nullptr && item->m_row ? item->m_row->chosenSubAction() : nullptr;
+    RolloverButton* const chosen = item && item->m_row ? item->m_row->chosenSubAction() : nullptr;
     if (chosen) {
         if (!event->isAutoRepeat()) {
             chosen->click();
@@ -342,7 +340,7 @@ void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
     if (item && !item->hasMainTrigger()) {
         return;
     }
-    const bool triggers = item != nullptr || (row != nullptr && row->menu() == nullptr);
+    const bool triggers = item || (row && !row->menu());
     if (pressed && triggers && row == activeAction() && isSelectable(*row)) {
         activate(*row);
     } else {

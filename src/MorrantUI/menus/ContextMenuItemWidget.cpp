@@ -136,7 +136,7 @@ int ContextMenuItemWidget::childCount() const
 
 void ContextMenuItemWidget::setContextMenu(ContextMenu* menu)
 {
-    for (const QObject* above = menu; above != nullptr && m_childMenu; above = above->parent()) {
+    for (const QObject* above = menu; above && m_childMenu; above = above->parent()) {
         if (above == m_childMenu) {
             return;
         }

@@ -69,7 +69,7 @@ QLabel& ContextMenuRow::image()
 
 QPixmap ContextMenuRow::picture() const
 {
-    return m_image == nullptr ? QPixmap() : m_image->pixmap(Qt::ReturnByValue);
+    return m_image ? m_image->pixmap(Qt::ReturnByValue) : QPixmap();
 }
 
 QSize ContextMenuRow::pictureSize() const

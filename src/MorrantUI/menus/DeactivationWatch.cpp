@@ -56,10 +56,9 @@ void DeactivationWatch::look()
         return;
     }
     const QWidget* const active = QApplication::activeWindow();
-    const bool isWithin = active != nullptr && belongsTo(active, m_widget->window());
-    const bool isLeft = active != nullptr
-                            ? !isWithin
-                            : QGuiApplication::applicationState() != Qt::ApplicationActive;
+    const bool isWithin = active && belongsTo(active, m_widget->window());
+    const bool isLeft =
+        active ? !isWithin : QGuiApplication::applicationState() != Qt::ApplicationActive;
     m_wasActive = m_wasActive || isWithin;
     if (isLeft && std::exchange(m_wasActive, false)) {
         const auto dismiss = m_dismiss; // which may delete this

@@ -21,8 +21,7 @@ bool isPlainButton(const QWidget* widget)
     }
     const auto* const push = qobject_cast<const QPushButton*>(widget);
     const auto* const tool = qobject_cast<const QToolButton*>(widget);
-    const bool hasMenu = (push != nullptr && push->menu() != nullptr)
-                         || (tool != nullptr && tool->menu() != nullptr);
+    const bool hasMenu = (push && push->menu()) || (tool && tool->menu());
     return !hasMenu; // which the Down key opens
 }
 

@@ -97,7 +97,7 @@ void ModalDialog::setText(const QString& text)
 
 void ModalDialog::setContent(QWidget* content)
 {
-    const bool isShown = content != nullptr && content == m_content;
+    const bool isShown = content && content == m_content;
     if (isShown || (content && ui::encloses(*content, *this))) {
         return;
     }

@@ -97,7 +97,7 @@ bool OutsidePressFilter::isOutside(const QWidget& pressed, QPoint position) cons
     }
     if (belongsTo(&pressed, m_widget)) {
         // A popup gets the presses beside it too.
-        return popup != nullptr && !popup->rect().contains(popup->mapFromGlobal(position));
+        return popup && !popup->rect().contains(popup->mapFromGlobal(position));
     }
     return true;
 }

@@ -132,7 +132,7 @@ void PopoverPanel::open()
     const bool isCircle =
         ui::belongsTo(m_anchor, this); // as of a parent in a panel within this one
     const QWidget* const over = m_anchor && !isCircle ? m_anchor->window() : nullptr;
-    windowHandle()->setTransientParent(over != nullptr ? over->windowHandle() : nullptr);
+    windowHandle()->setTransientParent(over ? over->windowHandle() : nullptr);
     if (isVisible()) {
         follow();
         return;
@@ -212,7 +212,7 @@ void PopoverPanel::giveFocusBack()
     const QPointer<QWidget> window = std::exchange(m_windowBefore, nullptr);
     const QPointer<QWidget> focus = std::exchange(m_focusBefore, nullptr);
     const auto isElsewhere = [this](const QWidget* widget) {
-        return widget != nullptr && !ui::belongsTo(widget, this);
+        return widget && !ui::belongsTo(widget, this);
     };
     const QWidget* const active = QApplication::activeWindow();
     if (isElsewhere(QApplication::focusWidget()) || (active != window && isElsewhere(active))) {

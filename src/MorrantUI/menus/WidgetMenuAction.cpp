@@ -82,7 +82,7 @@ void WidgetMenuAction::followFocusPolicies()
     });
     QWidget* const proxy = first == inside.end() ? nullptr : *first;
     m_holder->setFocusProxy(nullptr); // whose own policy would change with the holder's
-    m_holder->setFocusPolicy(proxy == nullptr ? Qt::NoFocus : Qt::TabFocus);
+    m_holder->setFocusPolicy(proxy ? Qt::TabFocus : Qt::NoFocus);
     m_holder->setFocusProxy(proxy);
 }
 

@@ -29,8 +29,7 @@ bool belongsTo(const QWidget* widget, const QWidget* owner)
 
 QObject* dismissOnOutsidePress(QWidget* widget, OutsidePress dismiss)
 {
-    return widget != nullptr && dismiss ? new OutsidePressFilter(widget, std::move(dismiss))
-                                        : nullptr;
+    return widget && dismiss ? new OutsidePressFilter(widget, std::move(dismiss)) : nullptr;
 }
 
 QObject* dismissOnEscape(QWidget* widget, std::function<void()> dismiss)
@@ -56,8 +55,7 @@ QObject* dismissOnEscape(QWidget* widget, std::function<void()> dismiss)
 
 QObject* dismissOnDeactivation(QWidget* widget, std::function<void()> dismiss)
 {
-    return widget != nullptr && dismiss ? new DeactivationWatch(widget, std::move(dismiss))
-                                        : nullptr;
+    return widget && dismiss ? new DeactivationWatch(widget, std::move(dismiss)) : nullptr;
 }
 
 } // namespace ui

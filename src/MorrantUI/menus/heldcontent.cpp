@@ -20,7 +20,7 @@ bool discardContent(QWidget* content, const QWidget& container)
         return false;
     }
     const QWidget* const focus = QApplication::focusWidget();
-    const bool hadFocus = focus != nullptr && (focus == content || content->isAncestorOf(focus));
+    const bool hadFocus = focus && (focus == content || content->isAncestorOf(focus));
     content->deleteLater(); // first: hiding it runs slots
     content->hide();
     return hadFocus;

@@ -44,7 +44,7 @@ qsizetype focusedIn(const QList<QWidget*>& stops)
 {
     const QWidget* const focus = QApplication::focusWidget();
     const auto has = [focus](const QWidget* stop) {
-        return stop == focus || (focus != nullptr && stop->isAncestorOf(focus));
+        return stop == focus || (focus && stop->isAncestorOf(focus));
     };
     const auto found = std::find_if(stops.rbegin(), stops.rend(), has); // the innermost
     return stops.rend() - found - 1;
@@ -62,7 +62,7 @@ bool giveFocus(QWidget* widget, Qt::FocusReason reason)
 
 FocusWalkFilter* install(QWidget* container, FocusWalk walk)
 {
-    return container != nullptr ? new FocusWalkFilter(container, std::move(walk)) : nullptr;
+    return container ? new FocusWalkFilter(container, std::move(walk)) : nullptr;
 }
 
 bool goToEnd(QWidget* container, int key)
@@ -109,7 +109,7 @@ QList<QWidget*> tabStops(const QWidget* container)
          widget = widget->nextInFocusChain())
     {
         const bool isStop = (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus
-                            && widget->focusProxy() == nullptr && widget->isEnabled();
+                            && !widget->focusProxy() && widget->isEnabled();
         if (isStop && container->isAncestorOf(widget) && widget->isVisibleTo(container)) {
             stops.append(widget);
         }

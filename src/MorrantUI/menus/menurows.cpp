@@ -27,7 +27,7 @@ QList<QWidget*> widgetsOf(const QMenu& menu, const QList<QAction*>& rows)
     QList<QWidget*> widgets;
     for (const QAction* const row : rows) {
         const auto* const action = qobject_cast<const QWidgetAction*>(row);
-        QWidget* const widget = action != nullptr ? action->defaultWidget() : nullptr;
+        QWidget* const widget = action ? action->defaultWidget() : nullptr;
         if (widget && widget->parentWidget() == &menu) {
             widgets << widget;
         }
@@ -64,7 +64,7 @@ QRect freeOfArrows(const QMenu& menu)
 void focusRow(const QAction& row)
 {
     const auto* const action = qobject_cast<const QWidgetAction*>(&row);
-    QWidget* const widget = action != nullptr ? action->defaultWidget() : nullptr;
+    QWidget* const widget = action ? action->defaultWidget() : nullptr;
     if (widget && widget->focusPolicy() != Qt::NoFocus) {
         // Not as by Tab: a field of the window behind would take that as the end of its edit.
         widget->setFocus(Qt::PopupFocusReason);

@@ -79,8 +79,7 @@ void TimeCodeEdit::resizeEvent(QResizeEvent* event)
 
 bool TimeCodeEdit::canInsertFromMimeData(const QMimeData* source) const
 {
-    return source != nullptr && !isRefused(*source)
-           && QPlainTextEdit::canInsertFromMimeData(source);
+    return source && !isRefused(*source) && QPlainTextEdit::canInsertFromMimeData(source);
 }
 
 void TimeCodeEdit::insertFromMimeData(const QMimeData* source)

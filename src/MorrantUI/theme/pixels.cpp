@@ -123,7 +123,7 @@ bool drawPixels(const SkPixmap& pixels, QPainter& painter)
 
 bool canPaint(const QPainter* painter)
 {
-    return painter != nullptr && painter->isActive();
+    return painter && painter->isActive();
 }
 
 } // namespace
@@ -150,7 +150,7 @@ bool copyPixels(const sk_sp<SkImage>& image, QPainter* painter)
         return drawPixels(pixels, *painter);
     }
     const sk_sp<SkImage> raster = image->makeRasterImage(nullptr);
-    return raster != nullptr && raster->peekPixels(&pixels) && drawPixels(pixels, *painter);
+    return raster && raster->peekPixels(&pixels) && drawPixels(pixels, *painter);
 }
 
 QSize renderSizeFromDevice(const QPaintDevice* device)

@@ -104,7 +104,7 @@ QString AccessibleButton::text(QAccessible::Text kind) const
 QString AccessibleButton::labelText() const
 {
     for (const auto& [label, relation] : relations(QAccessible::Label)) {
-        if (qobject_cast<QLabel*>(label->object()) != nullptr) {
+        if (qobject_cast<QLabel*>(label->object())) {
             return label->text(QAccessible::Name);
         }
     }

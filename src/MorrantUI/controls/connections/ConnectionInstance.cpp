@@ -45,7 +45,7 @@ ConnectionInstance* ConnectionInstance::start(
     QWidget* from, QPoint start, QObject* source, const QVariant& userData)
 {
     const QPointer<QWidget> guardedFrom = from;
-    const QPointer<QObject> guardedSource = source != nullptr ? source : from;
+    const QPointer<QObject> guardedSource = source ? source : from;
     if (gCurrent) {
         gCurrent->cancel(); // whose slots may do anything, such as starting one of their own
     }
@@ -96,7 +96,7 @@ ConnectionInstance::~ConnectionInstance()
 
 QPoint ConnectionInstance::startPosition() const
 {
-    return m_from != nullptr ? m_from->mapToGlobal(m_startInFrom) : m_lastStart;
+    return m_from ? m_from->mapToGlobal(m_startInFrom) : m_lastStart;
 }
 
 ConnectionReceiver* ConnectionInstance::receiver() const
@@ -160,7 +160,7 @@ bool ConnectionInstance::eventFilter(QObject* watched, QEvent* event)
 {
     const QPointer<QObject> target = watched;
     const bool isKept = isRunning() && handle(watched, event);
-    return isKept || target == nullptr; // a receiver may have deleted it
+    return isKept || !target; // a receiver may have deleted it
 }
 
 /// @return whether the event is kept from its object
@@ -227,7 +227,7 @@ ConnectionInstance::Lag ConnectionInstance::lagFrom(
     }
     const auto* const moved = static_cast<const QWidget*>(watched);
     const auto carries = [moved](const QWidget* widget) {
-        return widget != nullptr && (moved == widget || moved->isAncestorOf(widget));
+        return widget && (moved == widget || moved->isAncestorOf(widget));
     };
     return carries(m_from) || carries(receiverWidget()) ? Lag::Moved : Lag::None;
 }
@@ -268,7 +268,7 @@ bool ConnectionInstance::route()
     if (self && isRunning() && receiver()) {
         receiver()->onConnectionMove(this);
     }
-    return self != nullptr && isRunning();
+    return self && isRunning();
 }
 
 void ConnectionInstance::enter(QWidget* widget)

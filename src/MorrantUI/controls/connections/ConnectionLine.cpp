@@ -99,7 +99,7 @@ void ConnectionLine::coverWindows()
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         const bool isCovered =
             std::any_of(m_overlays.begin(), m_overlays.end(), [window](const auto& overlay) {
-                return overlay != nullptr && overlay->parentWidget() == window;
+                return overlay && overlay->parentWidget() == window;
             });
         if (!isCovered && ConnectionOverlay::fits(*window) && reach.intersects(window->geometry()))
         {

@@ -18,11 +18,11 @@ public:
     explicit ConnectionTarget(QWidget* widget = nullptr);
 
     ConnectionReceiver* receiver() const { return m_alive.expired() ? nullptr : m_receiver; }
-    QWidget* widget() const { return receiver() != nullptr ? m_widget.data() : nullptr; }
+    QWidget* widget() const { return receiver() ? m_widget.data() : nullptr; }
     /// Whether this is still what a connection above the widget would go to.
     bool is(const QWidget* other) const;
 
-    bool isAccepting() const { return accepts && receiver() != nullptr; }
+    bool isAccepting() const { return accepts && receiver(); }
 
     bool accepts;          ///< a receiver does until it says no
     ConnectionStyle style; ///< how the line should look

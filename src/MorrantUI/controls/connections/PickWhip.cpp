@@ -47,7 +47,7 @@ void PickWhip::setConnected(bool connected)
 
 ConnectionInstance* PickWhip::connection() const
 {
-    return m_connection != nullptr && m_connection->isRunning() ? m_connection.data() : nullptr;
+    return m_connection && m_connection->isRunning() ? m_connection.data() : nullptr;
 }
 
 void PickWhip::mousePressEvent(QMouseEvent* event)

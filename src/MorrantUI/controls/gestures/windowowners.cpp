@@ -30,7 +30,7 @@ const QWidget* ownerOf(const QWidget& widget)
         if (const QWindow* above = widget.windowHandle()->transientParent()) {
             if (const QWidget* owner = widgetOf(above)) {
                 const QWidget* parent = widget.parentWidget();
-                return parent != nullptr && parent->window() == owner ? parent : owner;
+                return parent && parent->window() == owner ? parent : owner;
             }
         }
     }

@@ -128,7 +128,7 @@ QAccessibleInterface* AccessibleJoystickPad::child(int index) const
 
 int AccessibleJoystickPad::indexOfChild(const QAccessibleInterface* child) const
 {
-    for (int i = 0; child != nullptr && i < 2; ++i) {
+    for (int i = 0; child && i < 2; ++i) {
         if (m_axes[i] != 0 && QAccessible::accessibleInterface(m_axes[i]) == child) {
             return i;
         }

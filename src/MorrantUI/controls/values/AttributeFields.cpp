@@ -60,7 +60,7 @@ const AttributeFields::Field* AttributeFields::find(int index) const
         return nullptr;
     }
     const Field& field = m_fields[static_cast<std::size_t>(index)];
-    return field.editor != nullptr ? &field : nullptr;
+    return field.editor ? &field : nullptr;
 }
 
 AttributeFields::Field* AttributeFields::find(int index)
@@ -71,7 +71,7 @@ AttributeFields::Field* AttributeFields::find(int index)
 NumericField* AttributeFields::at(int index) const
 {
     const Field* const field = find(index);
-    return field != nullptr ? field->editor.data() : nullptr;
+    return field ? field->editor.data() : nullptr;
 }
 
 void AttributeFields::setValue(int index, double value)
@@ -93,7 +93,7 @@ void AttributeFields::setDefaultValue(int index, double value)
 bool AttributeFields::areAtDefault() const
 {
     return std::all_of(m_fields.begin(), m_fields.end(), [](const Field& field) {
-        return field.editor == nullptr || shows(*field.editor, field.defaultValue);
+        return !field.editor || shows(*field.editor, field.defaultValue);
     });
 }
 
@@ -118,7 +118,7 @@ std::vector<int> AttributeFields::showDefaults()
 void AttributeFields::commitTyping()
 {
     const QPointer<AttributeFields> self(this);
-    for (int i = 0; self != nullptr && i < count(); ++i) {
+    for (int i = 0; self && i < count(); ++i) {
         NumericField* const editor = at(i);
         if (editor && isBeingEdited(*editor)) {
             editor->enterText(editor->text());
@@ -206,7 +206,7 @@ std::vector<int> AttributeFields::scaleOthers(int index)
 void AttributeFields::commitSteps()
 {
     const QPointer<AttributeFields> self(this);
-    for (int i = 0; self != nullptr && i < count(); ++i) {
+    for (int i = 0; self && i < count(); ++i) {
         Field* const field = find(i);
         if (!field || !field->uncommitted) {
             continue;

@@ -308,7 +308,7 @@ ColorSwatch* AttributeRow::swatch() const
 double AttributeRow::value(int index) const
 {
     const NumericField* const editor = field(index);
-    return editor != nullptr ? editor->value() : 0.0;
+    return editor ? editor->value() : 0.0;
 }
 
 void AttributeRow::setValue(int index, double value)
@@ -319,7 +319,7 @@ void AttributeRow::setValue(int index, double value)
 
 QColor AttributeRow::color() const
 {
-    return m_parts->swatch != nullptr ? m_parts->swatch->value() : QColor();
+    return m_parts->swatch ? m_parts->swatch->value() : QColor();
 }
 
 void AttributeRow::setColor(const QColor& color)
@@ -349,15 +349,14 @@ bool AttributeRow::isAtDefault() const
 {
     const ColorSwatch* const swatch = m_parts->swatch;
     return m_parts->fields->areAtDefault()
-           && (swatch == nullptr || showsColor(*swatch, m_parts->defaultColor));
+           && (!swatch || showsColor(*swatch, m_parts->defaultColor));
 }
 
 void AttributeRow::reset()
 {
     const QPointer<ColorSwatch> recolored =
-        m_parts->swatch != nullptr && !showsColor(*m_parts->swatch, m_parts->defaultColor)
-            ? m_parts->swatch
-            : nullptr;
+        m_parts->swatch && !showsColor(*m_parts->swatch, m_parts->defaultColor) ? m_parts->swatch
+                                                                                : nullptr;
     const std::vector<int> changed = m_parts->fields->showDefaults();
     if (recolored) {
         recolored->setValue(m_parts->defaultColor);
@@ -500,9 +499,8 @@ QList<QWidget*> AttributeRow::parts() const
         stops.append(field(i));
     }
     stops += {m_parts->swatch, m_parts->reset, m_parts->keyframe, m_parts->whip};
-    stops.removeIf([](const QWidget* part) {
-        return part == nullptr || !part->isVisible() || !part->isEnabled();
-    });
+    stops.removeIf(
+        [](const QWidget* part) { return !part || !part->isVisible() || !part->isEnabled(); });
     return stops;
 }
 
@@ -512,7 +510,7 @@ void AttributeRow::updateReset()
     if (!canReset && m_parts->reset->hasFocus()) {
         // Disabling it would pass the focus on to its neighbour, which does something else.
         NumericField* const first = field(0);
-        QWidget* const editor = first != nullptr ? first : static_cast<QWidget*>(swatch());
+        QWidget* const editor = first ? first : static_cast<QWidget*>(swatch());
         if (editor) {
             editor->setFocus(Qt::TabFocusReason);
         }
