@@ -1,6 +1,7 @@
 #include "docking/Desk.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
+#include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/panelnavigation.h>
@@ -110,6 +111,16 @@ private Q_SLOTS:
         walk(u"d1"_qs);
         walk(u"c1"_qs, Qt::ShiftModifier);
         QVERIFY(field->cursorPosition() == 2 && !field->hasSelectedText());
+        // A number field at rest can be typed into, and shows that it has the focus.
+        auto* number = addField<NumericField>(*desk.d, u"number"_qs);
+        for (const QString& other : {u"d1"_qs, u"d2"_qs}) {
+            desk.root().findChild<QWidget*>(other)->setEnabled(false);
+        }
+        number->window()->setAttribute(Qt::WA_KeyboardFocusChange, false);
+        walk(u"number"_qs);
+        QCOMPARE(number->selectedText(), u"0"_qs);
+        QVERIFY(!number->isReadOnly());
+        QVERIFY(number->window()->testAttribute(Qt::WA_KeyboardFocusChange));
     }
 
     void f6LeavesOthersTheirKey()

@@ -1,6 +1,7 @@
 #include "MorrantUI/docking/panelfocus.h"
 
 #include "MorrantUI/docking/docktree.h"
+#include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableHeader.h>
 
@@ -90,11 +91,13 @@ QWidget* focusTarget(const DockableWindow& panel)
 
 void enterPanel(DockableWindow& panel)
 {
-    // Not by the reason of a key: a field would select all of its text.
-    if (QWidget* target = focusTarget(panel)) {
-        target->setFocus(Qt::OtherFocusReason);
-    } else {
-        titleWidget(panel).setFocus(Qt::OtherFocusReason);
+    QWidget* const target = focusTarget(panel);
+    QWidget& entered = target ? *target : titleWidget(panel);
+    // Not by the reason of a key: a field would select all of its text and lose the caret.
+    entered.setFocus(Qt::OtherFocusReason);
+    if (auto* const number = qobject_cast<NumericField*>(target); number && number->isReadOnly()) {
+        number->setReadOnly(false); // or what is typed next would be lost
+        number->selectAll();
     }
 }
 
