@@ -1,5 +1,11 @@
 #include "controls/ControlBench.h"
+#include <MorrantUI/controls/buttons/CheckBox.h>
+#include <MorrantUI/controls/buttons/KeyframeButton.h>
+#include <MorrantUI/controls/buttons/ToggleSwitch.h>
+#include <MorrantUI/controls/values/AnglePad.h>
 #include <MorrantUI/controls/values/AttributeRow.h>
+#include <MorrantUI/controls/values/ColorSwatch.h>
+#include <MorrantUI/controls/values/JoystickPad.h>
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/controls/values/RenamableLabel.h>
 #include <MorrantUI/controls/values/SliderField.h>
@@ -221,6 +227,48 @@ private Q_SLOTS:
             QCOMPARE(slider.control->value(), QByteArray(wanted.shown).toDouble());
             Bench<AttributeRow> row({300, 24}, u"Size"_qs);
             check(row);
+        }
+    }
+
+    void everyValueIsAPropertyThatTells()
+    {
+        const std::tuple<QWidget*, const char*, QVariant> values[] = {
+            {new NumericField(nullptr), "value", 7.0},
+            {new SliderField, "value", 0.5},
+            {new AnglePad, "value", 90.0},
+            {new JoystickPad, "point", QPointF(0.5, -0.25)},
+            {new ColorSwatch, "value", QColor(Qt::red)},
+            {new ToggleSwitch, "checked", true},
+            {new CheckBox, "checkState", QVariant::fromValue(Qt::PartiallyChecked)},
+            {new KeyframeButton, "state", QVariant::fromValue(KeyframeButton::State::Animated)}};
+        for (const auto& [control, name, value] : values) {
+            const std::unique_ptr<QWidget> owner(control);
+            const QMetaObject& type = *control->metaObject();
+            const QMetaProperty property = type.property(type.indexOfProperty(name));
+            QSignalSpy told(control, property.notifySignal());
+            QVERIFY2(control->setProperty(name, value) && control->setProperty(name, value), name);
+            QCOMPARE(control->property(name), value);
+            QCOMPARE(told.size(), 1);
+        }
+    }
+
+    void anEditTellsItsValue()
+    {
+        Bench<SliderField> slider({300, 24});
+        entryOf(*slider.control);
+        QSignalSpy fromSlider(slider.control, &SliderField::edited);
+        slider.play("#0 in =7 Return");
+        QCOMPARE(fromSlider.takeLast(), (QVariantList{7.0, true}));
+        slider.control->setValue(8);
+        QVERIFY(fromSlider.isEmpty());
+        for (const bool deletes : {false, true}) { // the first of all signals may be the last
+            Bench<AnglePad> dial({100, 100});
+            QSignalSpy fromDial(dial.control, &AnglePad::edited);
+            connect(dial.control, &AnglePad::changed, this, [&dial, deletes] {
+                deletes ? delete dial.control.data() : void();
+            });
+            dial.play("Up");
+            QCOMPARE(fromDial.size(), deletes ? 0 : 1);
         }
     }
 };

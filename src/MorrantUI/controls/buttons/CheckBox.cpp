@@ -15,6 +15,7 @@ CheckBox::CheckBox(const QString& text, QWidget* parent)
 {
     ui::installAccessible<CheckBox, ui::AccessibleButtonAs<QAccessible::CheckBox>>();
     ui::keepSpace(*this);
+    connect(this, &QCheckBox::stateChanged, this, &CheckBox::changed);
 }
 
 CheckBox::~CheckBox() = default;

@@ -13,6 +13,7 @@
 class MORRANT_UI_EXPORT CheckBox : public QCheckBox
 {
     Q_OBJECT
+    Q_PROPERTY(Qt::CheckState checkState READ checkState WRITE setCheckState NOTIFY changed)
 
 public:
     explicit CheckBox(QWidget* parent = nullptr);
@@ -26,6 +27,10 @@ public:
     /// Whether the user's clicks go through the mixed state too; off by default.
     void setMixedOffered(bool offered);
     bool isMixedOffered() const { return m_mixedOffered; }
+
+Q_SIGNALS:
+    /// The state is another, by the user or by being set.
+    void changed();
 
 protected:
     void nextCheckState() override;

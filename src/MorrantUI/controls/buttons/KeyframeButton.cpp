@@ -41,6 +41,7 @@ void KeyframeButton::setState(State state)
         m_state = state;
         describeState();
         update();
+        Q_EMIT stateChanged(state);
     }
 }
 

@@ -11,6 +11,7 @@
 class MORRANT_UI_EXPORT KeyframeButton : public RowButton
 {
     Q_OBJECT
+    Q_PROPERTY(State state READ state WRITE setState NOTIFY stateChanged)
 
 public:
     enum class State
@@ -26,8 +27,12 @@ public:
 
     State state() const { return m_state; }
     /// Shows the state and describes it to assistive tools, and in the tool tip unless the host has
-    /// set one of its own. Emits nothing.
+    /// set one of its own.
     void setState(State state);
+
+Q_SIGNALS:
+    /// The host has set another state.
+    void stateChanged(KeyframeButton::State state);
 
 protected:
     void paintMark(QPainter& painter) override;

@@ -170,6 +170,9 @@ AnglePad::AnglePad(QWidget* parent)
     : ValueControl(parent)
 {
     ui::installAccessible<AnglePad, AccessibleAnglePad>();
+    connect(this, &ValueControl::valueChanged, this, [this](bool committed) {
+        Q_EMIT edited(value(), committed);
+    });
 }
 
 AnglePad::~AnglePad() = default;

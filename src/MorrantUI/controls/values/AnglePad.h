@@ -22,6 +22,7 @@ inline constexpr double kDialSnap = 15.0;         ///< degrees
 class MORRANT_UI_EXPORT AnglePad : public ValueControl
 {
     Q_OBJECT
+    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     explicit AnglePad(QWidget* parent = nullptr);
@@ -29,7 +30,7 @@ public:
 
     /// Degrees, whole turns included.
     double value() const { return current().x; }
-    /// Limits to the range and emits nothing. NaN is ignored.
+    /// Limits to the range; only changed() follows. NaN is ignored.
     void setValue(double degrees);
 
     /// The least and the greatest angle, `ui::kDialLimit` to either side unless set. Limits that
@@ -47,6 +48,10 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// What valueChanged() tells, with the value.
+    void edited(double degrees, bool committed);
 
 protected:
     Value limited(const Value& value) const override;

@@ -116,6 +116,10 @@ AttributeRow::AttributeRow(const QString& name, QWidget* parent)
     }
 }
 
+AttributeRow::AttributeRow(QWidget* parent)
+    : AttributeRow(QString(), parent)
+{}
+
 AttributeRow::~AttributeRow()
 {
     // The parts die after us and may end a gesture when they do.

@@ -35,6 +35,7 @@ class MORRANT_UI_EXPORT AttributeRow : public Widget, public ConnectionReceiver
 
 public:
     explicit AttributeRow(const QString& name, QWidget* parent = nullptr);
+    explicit AttributeRow(QWidget* parent);
     ~AttributeRow() override;
 
     /// The name before the fields, cut with an ellipsis where it does not fit. It names the fields

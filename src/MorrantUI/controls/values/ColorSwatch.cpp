@@ -71,6 +71,9 @@ ColorSwatch::ColorSwatch(QWidget* parent)
     setAttribute(Qt::WA_Hover);
     setAcceptDrops(true);
     connect(this, &QAbstractButton::clicked, this, &ColorSwatch::openDialog);
+    connect(this, &ColorSwatch::valueChanged, this, [this](bool committed) {
+        Q_EMIT edited(m_color, committed);
+    });
 }
 
 ColorSwatch::ColorSwatch(const QColor& color, QWidget* parent)
@@ -105,24 +108,24 @@ void ColorSwatch::setValue(const QColor& color)
     if (!wanted.isValid() || wanted == m_color) {
         return; // a host that hands back what was chosen does not touch what Cancel restores
     }
-    show(wanted);
     m_before = wanted;
     if (m_dialog) {
         const QSignalBlocker quiet(m_dialog);
         m_dialog->setCurrentColor(wanted);
     }
+    show(wanted);
 }
 
 void ColorSwatch::setAlphaEnabled(bool enabled)
 {
     m_alphaEnabled = enabled;
     m_before = admitted(m_before); // Cancel still comes back to it, opaque
-    show(admitted(m_color));
     if (m_dialog) {
         const QSignalBlocker quiet(m_dialog);
         m_dialog->setOption(QColorDialog::ShowAlphaChannel, enabled);
-        m_dialog->setCurrentColor(m_color);
+        m_dialog->setCurrentColor(admitted(m_color));
     }
+    show(admitted(m_color));
 }
 
 void ColorSwatch::openDialog()
@@ -186,7 +189,8 @@ QSize ColorSwatch::minimumSizeHint() const
 
 void ColorSwatch::preview(const QColor& color)
 {
-    if (show(admitted(color))) {
+    const QPointer<ColorSwatch> self(this);
+    if (show(admitted(color)) && self) {
         Q_EMIT valueChanged(false);
     }
 }
@@ -195,8 +199,9 @@ void ColorSwatch::preview(const QColor& color)
 void ColorSwatch::commit(const QColor& color)
 {
     const QColor before = m_color;
+    const QPointer<ColorSwatch> self(this);
     setValue(color);
-    if (m_color != before) {
+    if (self && m_color != before) {
         Q_EMIT valueChanged(true);
     }
 }
@@ -210,10 +215,13 @@ void ColorSwatch::finishChoosing(bool accepted)
     if (m_color == m_before) {
         return;
     }
+    const QPointer<ColorSwatch> self(this);
     if (!accepted) {
         show(m_before);
     }
-    Q_EMIT valueChanged(accepted);
+    if (self) {
+        Q_EMIT valueChanged(accepted);
+    }
 }
 
 bool ColorSwatch::show(const QColor& color)
@@ -224,6 +232,7 @@ bool ColorSwatch::show(const QColor& color)
     m_color = color;
     update();
     ui::notifyAccessibleValue(this, ui::colorText(m_color));
+    Q_EMIT changed(); // last: a slot may delete this object
     return true;
 }
 

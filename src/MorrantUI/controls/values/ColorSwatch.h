@@ -24,6 +24,7 @@ struct WidgetState;
 class MORRANT_UI_EXPORT ColorSwatch : public QAbstractButton
 {
     Q_OBJECT
+    Q_PROPERTY(QColor value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     /// Shows opaque black.
@@ -32,8 +33,8 @@ public:
     ~ColorSwatch() override;
 
     QColor value() const { return m_color; }
-    /// Shows a colour, in the dialog as well, where Cancel then comes back to it. Emits nothing. An
-    /// invalid colour is ignored; without alpha it becomes opaque.
+    /// Shows a colour, in the dialog as well, where Cancel then comes back to it; only changed()
+    /// follows. An invalid colour is ignored; without alpha it becomes opaque.
     void setValue(const QColor& color);
 
     /// Whether colours may be translucent; on by default. Turning it off makes the present one
@@ -63,6 +64,10 @@ Q_SIGNALS:
     /// it; true when it is accepted, dropped or pasted. The choice of the colour it was commits
     /// nothing.
     void valueChanged(bool committed);
+    /// The same with the colour.
+    void edited(const QColor& color, bool committed);
+    /// The colour is another, by the user or by being set.
+    void changed();
 
 protected:
     /// Carries the colour away from the pressed swatch, until it is dropped.

@@ -67,6 +67,9 @@ JoystickPad::JoystickPad(QWidget* parent)
     , m_glide(new QVariantAnimation(this))
 {
     ui::installAccessible<JoystickPad, ui::AccessibleJoystickPad>();
+    connect(this, &ValueControl::valueChanged, this, [this](bool committed) {
+        Q_EMIT edited(point(), committed);
+    });
     m_glide->setEasingCurve(QEasingCurve::OutCubic);
     m_glide->setEndValue(QPointF());
     connect(m_glide, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
@@ -86,8 +89,8 @@ void JoystickPad::setRange(const num2<double>& minimum, const num2<double>& maxi
     }
     m_minimum = minimum;
     m_maximum = maximum;
-    assign(value());
     update();
+    assign(value());
 }
 
 void JoystickPad::setStep(double step)

@@ -21,6 +21,7 @@ struct WidgetState;
 class MORRANT_UI_EXPORT JoystickPad : public ValueControl
 {
     Q_OBJECT
+    Q_PROPERTY(QPointF point READ point WRITE setPoint NOTIFY changed USER true)
 
 public:
     /// From -1 to 1 on both axes, in steps of 0.01.
@@ -28,8 +29,11 @@ public:
     ~JoystickPad() override;
 
     num2<double> value() const { return current(); }
-    /// Limits each number to its range and emits nothing. A pair with a NaN is ignored.
+    /// Limits each number to its range; only changed() follows. A pair with a NaN is ignored.
     void setValue(const num2<double>& value);
+    /// The same as a point of the plane in which y grows upwards.
+    QPointF point() const { return {value().x, value().y}; }
+    void setPoint(const QPointF& point) { setValue({point.x(), point.y()}); }
 
     /// The least and the greatest of each number. Limits that are not finite or where one is not
     /// below the other are ignored.
@@ -61,6 +65,10 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// What valueChanged() tells, with the value.
+    void edited(const QPointF& point, bool committed);
 
 protected:
     Value limited(const Value& value) const override;

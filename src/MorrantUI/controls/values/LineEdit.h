@@ -58,6 +58,8 @@ public:
 Q_SIGNALS:
     /// @param committed true once for each edit that is finished and has changed something; false
     ///     at every step before, for classes that have steps, and when Escape takes such steps back
+    /// A slot that takes a number is connected to this without a complaint, and gets 0 or 1: number
+    /// fields have edited() for it.
     void valueChanged(bool committed);
 
 protected:

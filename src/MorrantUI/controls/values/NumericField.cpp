@@ -91,6 +91,10 @@ NumericField::NumericField(double startValue, QWidget* parent)
     , m_data(std::make_unique<Data>())
 {
     ui::installAccessible<NumericField, ui::AccessibleNumericField>();
+    connect(this, &QLineEdit::textChanged, this, &NumericField::changed);
+    connect(this, &LineEdit::valueChanged, this, [this](bool committed) {
+        Q_EMIT edited(value(), committed);
+    });
     setUsePointerLock(themeUsesPointerLock());
     setValue(startValue);
     setStartValue(value());
@@ -106,6 +110,10 @@ NumericField::NumericField(double startValue, QWidget* parent)
     }
     connect(this, &QWidget::customContextMenuRequested, this, &NumericField::cancelForContextMenu);
 }
+
+NumericField::NumericField(QWidget* parent)
+    : NumericField(0.0, parent)
+{}
 
 NumericField::~NumericField()
 {

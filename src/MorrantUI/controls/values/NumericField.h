@@ -33,6 +33,7 @@ class QPointF;
 class MORRANT_UI_EXPORT NumericField : public LineEdit
 {
     Q_OBJECT
+    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     enum FIELD_TYPE
@@ -44,6 +45,7 @@ public:
 
     /// Shows `startValue` rounded to a whole number: set the field type, then the value again.
     explicit NumericField(double startValue = 0.0, QWidget* parent = nullptr);
+    explicit NumericField(QWidget* parent);
     ~NumericField() override;
 
     /// The text as a number, also while it is being typed; 0 for a text that is none. Not limited:
@@ -97,6 +99,10 @@ Q_SIGNALS:
     /// True with the first step of a drag, false at its end. A context menu request sends false
     /// also when there was no drag.
     void dragStateChanged(bool dragging);
+    /// What valueChanged() tells, with the value.
+    void edited(double value, bool committed);
+    /// The text is another, by the user or by being set, and the value with it.
+    void changed();
 
 protected:
     /// Nothing for a text that does not even begin with an expression; its error is logged.

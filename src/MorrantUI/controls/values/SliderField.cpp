@@ -37,6 +37,9 @@ SliderField::SliderField(QWidget* parent)
     connect(m_track, &ValueControl::dragStateChanged, this, &SliderField::dragStateChanged);
     connect(m_field, &LineEdit::valueChanged, this, &SliderField::takeFromField);
     connect(m_field, &NumericField::dragStateChanged, this, &SliderField::takeDragState);
+    connect(this, &SliderField::valueChanged, this, [this](bool committed) {
+        Q_EMIT edited(value(), committed);
+    });
     sizeField();
     applySetup();
 }
@@ -130,7 +133,20 @@ void SliderField::takeFromTrack(bool committed)
     if (committed) {
         m_committed = m_track->value();
     }
-    Q_EMIT valueChanged(committed);
+    if (tellChange()) {
+        Q_EMIT valueChanged(committed);
+    }
+}
+
+/// @return whether this object has outlived it
+bool SliderField::tellChange()
+{
+    const QPointer<SliderField> self(this);
+    if (m_told != m_track->value()) {
+        m_told = m_track->value();
+        Q_EMIT changed();
+    }
+    return !self.isNull();
 }
 
 void SliderField::takeFromField(bool committed)
@@ -143,6 +159,9 @@ void SliderField::takeFromField(bool committed)
     }
     const bool isNew = entered != m_track->value();
     m_track->setValue(entered);
+    if (!tellChange()) {
+        return;
+    }
     if (committed) {
         commit();
     } else if (isNew) {
@@ -194,6 +213,7 @@ void SliderField::show(double value)
     if (!isDragging()) {
         m_committed = m_track->value();
     }
+    tellChange();
 }
 
 double SliderField::admitted(double value) const

@@ -26,6 +26,7 @@ inline constexpr int kMaxSliderDecimals = 3; ///< as many as a number field show
 class MORRANT_UI_EXPORT SliderField : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     /// From 0 to 1 in steps of 0.01, with two decimals.
@@ -33,9 +34,9 @@ public:
     ~SliderField() override;
 
     double value() const;
-    /// Limits to the hard range, rounds to the decimals and emits nothing. NaN is ignored. A text
-    /// that is being typed in the field stays; unless it is committed the field shows the value
-    /// afterwards.
+    /// Limits to the hard range and rounds to the decimals; only changed() follows. NaN is ignored.
+    /// A text that is being typed in the field stays; unless it is committed the field shows the
+    /// value afterwards.
     void setValue(double value);
 
     /// The hard range, which the soft range, the value and the default are kept in. Limits that
@@ -75,7 +76,13 @@ public:
 Q_SIGNALS:
     /// The user has changed the value, with the slider or in the field: false at every step of a
     /// drag, true once when a change is complete.
+    /// A slot that takes a number is connected to this without a complaint, and gets 0 or 1: it
+    /// wants edited().
     void valueChanged(bool committed);
+    /// The same with the value.
+    void edited(double value, bool committed);
+    /// The value is another, by the user or by being set.
+    void changed();
     /// Around a drag of the slider that changes something, and of the field.
     void dragStateChanged(bool dragging);
 
@@ -91,6 +98,7 @@ private:
     void commit();
     void show(double value);
     double admitted(double value) const;
+    bool tellChange();
 
     SliderTrack* m_track; ///< holds the value
     NumericField* m_field;
@@ -98,5 +106,6 @@ private:
     ui::SliderSetup m_setup;
     double m_default = 0.0; ///< as it was set, without limits
     bool m_fieldDragging = false;
+    double m_told = 0.0;      ///< the value that changed() told of last
     double m_committed = 0.0; ///< the value when it was last complete
 };

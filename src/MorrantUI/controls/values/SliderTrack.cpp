@@ -49,8 +49,8 @@ void SliderTrack::setUp(const ui::SliderSetup& setup)
 {
     if (setup != m_setup) {
         m_setup = setup;
-        assign(current());
         update();
+        assign(current());
     }
 }
 

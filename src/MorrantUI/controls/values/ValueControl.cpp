@@ -52,6 +52,7 @@ void ValueControl::assign(const Value& value)
     if (m_value != before) {
         update();
         valueAssigned(before);
+        Q_EMIT changed();
     }
 }
 
@@ -65,8 +66,8 @@ void ValueControl::dragValue(const Value& value)
     if (!m_gesture || limited(value) == m_value) {
         return;
     }
+    const QPointer<ValueControl> self(this);
     if (!m_reported) {
-        const QPointer<ValueControl> self(this);
         m_reported = true;
         Q_EMIT dragStateChanged(true);
         if (!self || !m_gesture) {
@@ -74,14 +75,17 @@ void ValueControl::dragValue(const Value& value)
         }
     }
     assign(value);
-    Q_EMIT valueChanged(false);
+    if (self && m_gesture) {
+        Q_EMIT valueChanged(false);
+    }
 }
 
 void ValueControl::commitValue(const Value& value)
 {
     const Value before = m_value;
+    const QPointer<ValueControl> self(this);
     assign(value);
-    if (m_value != before) {
+    if (self && m_value != before) {
         Q_EMIT valueChanged(true);
     }
 }

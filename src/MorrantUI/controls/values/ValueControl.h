@@ -37,9 +37,13 @@ public:
 
 Q_SIGNALS:
     /// The user has changed the value: false at every step of a drag, true once when it ends with
-    /// another value than it began with, and for every step by key. Setting the value emits
-    /// nothing.
+    /// another value than it began with, and for every step by key. Not when the value is set.
+    /// A slot that takes a number is connected to this without a complaint, and gets 0 or 1: it
+    /// wants edited().
     void valueChanged(bool committed);
+
+    /// The value is another, by the user or by being set. Comes before the other signals.
+    void changed();
 
     /// True before the first change of a drag, false after its end; a press that changes nothing
     /// is not reported.
@@ -50,7 +54,8 @@ protected:
 
     const Value& current() const { return m_value; }
 
-    /// Stores a value and emits nothing. What is not a number is ignored, the rest is limited.
+    /// Stores a value and emits changed() alone, if that. What is not a number is ignored, the rest
+    /// is limited. May delete the control, in a slot: the last thing a setter does.
     void assign(const Value& value);
 
     /// A step of the drag. May delete the control, in a slot: the last thing a handler does.
