@@ -5,6 +5,7 @@
 
 #include <QPointer>
 
+#include <map>
 #include <set>
 
 namespace studio {
@@ -65,7 +66,8 @@ private:
     int m_layer = -1;
     bool m_isDragging = false;
     std::vector<std::optional<KeyAddress>> m_places; ///< of the keys that are dragged
-    ClipTimes m_clipBefore;                          ///< of the clip that is
+    std::map<int, ClipTimes> m_clipsBefore;          ///< of the layers that are
+    std::map<int, ClipTimes> m_clips;                ///< likewise, as they are now
     std::set<int> m_stale;                           ///< layers whose rows show what has been
 };
 
