@@ -1,0 +1,21 @@
+#pragma once
+
+#include <Core/core_export.h>
+
+/// One coordinate of a cubic bezier curve over its parameter from 0 to 1, by its four control
+/// values: the two ends, and between them where the curve is pulled to.
+struct CubicBezier
+{
+    double start = 0.0;
+    double startPull = 0.0;
+    double endPull = 0.0;
+    double end = 0.0;
+
+    MORRANT_CORE_EXPORT double at(double parameter) const;
+    MORRANT_CORE_EXPORT double slopeAt(double parameter) const;
+
+    /// The parameter at which the coordinate has a value, to 1e-12; beyond the ends it is 0 or 1.
+    /// The coordinate must grow from start to end, which it does while both pulls lie between them;
+    /// otherwise one of several solutions is found.
+    MORRANT_CORE_EXPORT double parameterAt(double value) const;
+};
