@@ -67,12 +67,16 @@
 #include <MorrantUI/docking/tabs/tabgeometry.h>
 #include <MorrantUI/docking/tabs/tabnavigation.h>
 #include <MorrantUI/docking/tabs/tabreorder.h>
+#include <MorrantUI/graph/FixedGraphPointWidget.h>
+#include <MorrantUI/graph/FixedGraphScene.h>
+#include <MorrantUI/graph/FixedGraphView.h>
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GeneralGraphView.h>
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
 #include <MorrantUI/graph/GraphCurveWidget.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/graph/PointTransformTool.h>
+#include <MorrantUI/graph/fixedunits.h>
 #include <MorrantUI/graph/graphsegments.h>
 #include <MorrantUI/graph/graphtypes.h>
 #include <MorrantUI/menus/CommandPalette.h>

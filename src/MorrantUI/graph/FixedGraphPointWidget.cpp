@@ -11,6 +11,6 @@ FixedGraphPointWidget::FixedGraphPointWidget(GeneralGraphView* view, QGraphicsWi
 void FixedGraphPointWidget::notifyPointChanged()
 {
     if (auto* const view = qobject_cast<FixedGraphView*>(parentView())) {
-        Q_EMIT view->pointMoved(this);
+        view->tellMoved(this);
     }
 }

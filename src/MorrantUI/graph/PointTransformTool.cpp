@@ -2,10 +2,18 @@
 
 #include <MorrantUI/graph/GeneralGraphView.h>
 
+namespace {
+
+constexpr double kBehindCurves = -1.0; ///< so that points under it can still be pressed
+
+} // namespace
+
 PointTransformTool::PointTransformTool(GeneralGraphView* view, QObject* parent)
     : TransformTool(parent)
     , m_view(view)
-{}
+{
+    setZValue(kBehindCurves);
+}
 
 double PointTransformTool::horizontalScale() const
 {

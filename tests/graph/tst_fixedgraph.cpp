@@ -1,0 +1,252 @@
+#include "GraphDesk.h"
+#include <MorrantUI/graph/FixedGraphView.h>
+
+#include <QAccessible>
+
+#include <random>
+
+using ui::Graph::Interpolation;
+
+namespace {
+
+/// A view with an owner that applies all it is told, as the guide for hosts has it.
+struct Owner
+{
+    explicit Owner(std::initializer_list<num2<double>> keys)
+    {
+        for (const num2<double>& key : keys) {
+            data.add(key.x, key.y);
+        }
+        using View = FixedGraphView;
+        connect(&View::pointAdded, [this](QPointF, GraphPointWidget* point) {
+            const GraphCurveKey key = view->shownKey(point);
+            point->setIndex(data.add(key.time, key.value, key.interpolation));
+        });
+        connect(&View::pointMoved, [this](auto* point) { data.replace(view->shownKey(point)); });
+        connect(&View::pointRemoved, [this](auto index) { data.remove(static_cast<int>(index)); });
+        connect(&View::interpolationChanged, [this](short type) {
+            for (GraphPointWidget* const point : view->utils()->pointItems(true)) {
+                point->setInterpolation(static_cast<Interpolation>(type), false);
+            }
+        });
+        view->resize(424, 424); // forty pixels a unit, which is a tenth of the range
+        view->show();
+        view->fillGraph(true);
+        (void)QTest::qWaitForWindowExposed(view);
+    }
+    ~Owner()
+    {
+        ui::setKeyboardModifiersQuery({});
+        delete view;
+    }
+    template <typename Signal, typename Slot>
+    void connect(Signal signal, Slot&& slot)
+    {
+        QObject::connect(view, signal, view, std::forward<Slot>(slot));
+    }
+    GraphPointWidget* point(int index) const
+    {
+        const auto points = view->utils()->pointItems(false);
+        const auto found = std::ranges::find(points, index, &GraphPointWidget::index);
+        return found != points.end() ? *found : nullptr;
+    }
+    void select(std::initializer_list<int> indices) const
+    {
+        for (const int index : indices) {
+            point(index)->setSelected(true);
+        }
+    }
+    QPoint at(double time, double value) const
+    {
+        return view->mapFromScene(10 * time, 10 - 10 * value);
+    }
+    void drag(QPoint from, QPoint to, int step = 5)
+    {
+        pointer.moveTo(from);
+        pointer.press();
+        pointer.dragTo(to, step);
+    }
+    /// "50,25 100,100": the data in hundredths.
+    QString told() const
+    {
+        QStringList texts;
+        for (const GraphCurveKey& key : data.keys()) {
+            texts << u"%1,%2"_qs.arg(qRound(key.time * 100)).arg(qRound(key.value * 100));
+        }
+        return texts.join(u' ');
+    }
+    /// Chooses in the menu at a place. @return whether it has the row
+    bool choose(QPoint place, const QString& text)
+    {
+        bool found = false;
+        QTimer::singleShot(0, qApp, [&] {
+            const QPointer<QWidget> menu = QApplication::activePopupWidget();
+            const auto rows = menu->findChildren<QAction*>();
+            const auto row = std::ranges::find(rows, text, &QAction::text);
+            found = row != rows.end();
+            if (found) {
+                (*row)->trigger();
+            }
+            if (menu) {
+                menu->close();
+            }
+        });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, view->mapToGlobal(place));
+        QCoreApplication::sendEvent(view->viewport(), &event);
+        return found;
+    }
+
+    GraphCurveData data;
+    QPointer<FixedGraphView> view{new FixedGraphView(&data)};
+    ui::test::FakePointer pointer{view->viewport()};
+    QSignalSpy steps{view, &FixedGraphView::gestureEnded};
+};
+
+} // namespace
+
+class FixedGraphTest : public ui::test::StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keysLieInASquareWithTheValueUpward()
+    {
+        Owner owner({{0.1, 1}, {1, 0}});
+        owner.data.setHandles(0, {}, {0.4, -0.7});
+        owner.data.setInterpolation(0, morrant::KeyInterpolationType::Bezier);
+        owner.view->fillGraph(false); // as many keys: nothing is refreshed
+        QCOMPARE(owner.point(0)->getInterpolation(), Interpolation::Linear);
+        owner.select({1});
+        owner.view->fillGraph(true);
+        QVERIFY(owner.point(1)->isSelected() && !owner.point(0)->isSelected());
+        QVERIFY(owner.point(0)->pos() == QPointF(1, 0) && owner.point(1)->pos() == QPointF(10, 10));
+        GraphBezierHandleItem* const right = owner.point(0)->getRightBezier();
+        QVERIFY(right->pos() == QPointF(4, 7) && right->isVisible());
+        QCOMPARE(right->opposite()->pos(), -right->pos()); // locked, it leaves the point
+        right->setPos(5, -2);
+        const GraphCurveKey key = *owner.data.find(0); // what was not moved keeps its last digit
+        QVERIFY(key.time == 0.1 && key.value == 1.0 && key.rightHandle == num2(0.5, 0.2));
+        owner.view->setRangeRect(QRect(2, 2, 5, 5));
+        owner.view->fitToRect(QRectF(0, 0, qInf(), 1)); // ignored
+        owner.view->resize(300, 500);
+        QVERIFY(std::abs(owner.view->getVisibleRect().width() - 5) < 0.2);
+        owner.data.remove(1);
+        owner.view->fillGraph(false);
+        QVERIFY(!owner.point(1) && !owner.point(0)->getRightBezier()->isVisible());
+    }
+
+    void pointsStopAtTheBorderAndComeBack()
+    {
+        Owner owner({{0, 0}, {0.5, 0.5}, {1, 1}});
+        owner.drag(owner.at(0.5, 0.5), owner.at(0.75, 0.5) - QPoint(0, 400));
+        QCOMPARE(owner.told(), u"0,0 75,100 100,100"_qs);
+        owner.pointer.dragTo(owner.at(0.6, 0.4));
+        owner.pointer.release();
+        QTest::keyClick(owner.view, Qt::Key_Right); // a hundredth
+        QCOMPARE(owner.told(), u"0,0 61,40 100,100"_qs);
+        QCOMPARE(owner.steps.count(), 2);
+        const auto* const spoken = QAccessible::queryAccessibleInterface(owner.view);
+        QCOMPARE(spoken->text(QAccessible::Description), u"Time 0.61, value 0.4"_qs);
+    }
+
+    void theMenuDeletesDownToTheLeastNumberAddsAndTellsTheType()
+    {
+        Owner owner({{0, 0}, {0.5, 0.5}, {1, 1}});
+        owner.select({0, 1});
+        // Neither press of a double click by another button changes the selection.
+        QTest::mouseDClick(owner.view->viewport(), Qt::MiddleButton, {}, {60, 60});
+        owner.select({2});
+        QVERIFY(owner.choose({90, 90}, u"Delete Points"_qs));
+        QCOMPARE(owner.told(), u"100,100"_qs);
+        owner.select({2});
+        QTest::keyClick(owner.view, Qt::Key_Delete);
+        QVERIFY(!owner.choose({90, 90}, u"Delete Point"_qs));
+        QVERIFY(owner.choose(owner.at(-0.02, 0.25), u"Add Point"_qs));
+        owner.point(3)->setSelected(true);
+        QCOMPARE(owner.told(), u"0,25 100,100"_qs);
+        QVERIFY(owner.choose({90, 90}, u"Bézier"_qs));
+        QVERIFY(owner.data.find(3)->rightHandle == num2(0.3, 0.0));
+        QCOMPARE(owner.steps.count(), 3);
+    }
+
+    void theToolMovesAndScalesInTime()
+    {
+        Owner owner({{0.2, 0.2}, {0.4, 0.5}, {0.9, 0.9}});
+        owner.view->setShowTransformTool(true);
+        owner.select({0, 1});
+        const auto* const tool = owner.view->transformTool();
+        const QPoint body = owner.at(0.3, 0.8);
+        const QPoint unit(40, 0);
+        const auto right = [&] {
+            return owner.view->mapFromScene(tool->rect().right(), 1) - QPoint(2, 0);
+        };
+        const auto left = [&] {
+            return owner.view->mapFromScene(tool->rect().left(), 1) + QPoint(2, 0);
+        };
+        owner.drag(body, body - unit * 6, 1); // both are held at the border for a while
+        QCOMPARE(owner.told(), u"0,20 0,50 90,90"_qs);
+        owner.pointer.dragTo(body + unit, 1);
+        owner.pointer.release();
+        QCOMPARE(owner.told(), u"30,20 50,50 90,90"_qs);
+        owner.drag(right(), right() + unit * 2);
+        QVERIFY(tool->isScaling() && tool->cursor().shape() == Qt::SizeHorCursor);
+        QCOMPARE(owner.told(), u"30,20 70,50 90,90"_qs);
+        QTest::keyClick(owner.view, Qt::Key_Escape);
+        QCOMPARE(owner.told(), u"30,20 50,50 90,90"_qs);
+        owner.pointer.release();
+        owner.drag(left(), left() - unit * 2);
+        owner.pointer.release();
+        QCOMPARE(owner.told(), u"10,20 50,50 90,90"_qs);
+        QVERIFY(owner.steps.count() == 3 && !owner.steps.at(1).at(0).toBool());
+        QCOMPARE(owner.view->utils()->pointItems(true).size(), 2U);
+    }
+
+    void aGraphUnderManyHandsStaysWhole()
+    {
+        std::mt19937 random(qEnvironmentVariableIntValue("MORRANT_MONKEY_SEED"));
+        const auto below = [&](int limit) { return static_cast<int>(random() % limit); };
+        for (int left = std::max(20, qEnvironmentVariableIntValue("MORRANT_MONKEY_ROUNDS"));
+             left > 0;
+             --left)
+        {
+            Owner owner({{0, 0}, {0.3, 0.8}, {1, 1}});
+            owner.view->setShowTransformTool(true);
+            const std::function<void()> acts[] = {
+                [&] { delete owner.view; },
+                [&] { owner.view->setData(nullptr); },
+                [&] { owner.view->scene()->clear(); },
+                [&] { owner.view->fillGraph(true); }};
+            const auto act = [&] { below(40) == 0 ? acts[below(4)]() : void(); };
+            owner.connect(&FixedGraphView::gestureStarted, act);
+            owner.connect(&FixedGraphView::pointMoved, act);
+            owner.connect(&FixedGraphView::pointAdded, act);
+            owner.connect(&FixedGraphView::pointRemoved, act);
+            const auto place = [&] {
+                const GraphPointWidget* const point = owner.point(below(8));
+                const QPoint empty = owner.at(0.1 * below(12), 0.1 * below(12));
+                return point ? owner.view->mapFromScene(point->pos()) : empty;
+            };
+            const QString rows[] = {u"Add Point"_qs, u"Delete Points"_qs, u"Bézier"_qs};
+            constexpr Qt::Key kKeys[] = {Qt::Key_Delete, Qt::Key_Escape, Qt::Key_Z, Qt::Key_Up};
+            for (int step = 0; step < 60 && owner.view; ++step) {
+                const Qt::KeyboardModifiers held(QFlag(below(8) << 25));
+                ui::setKeyboardModifiersQuery([held] { return held; });
+                owner.pointer.setModifiers(held);
+                switch (below(6)) {
+                case 0: owner.drag(place(), place(), 40); break;
+                case 1: owner.pointer.dragTo(place(), 40); break;
+                case 2: owner.pointer.release(); break;
+                case 3: QTest::keyPress(owner.view, kKeys[below(4)]); break;
+                case 4: owner.choose(place(), rows[below(3)]); break;
+                default: owner.view->setData(&owner.data); break;
+                }
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                QVERIFY(owner.data.count() >= 1);
+            }
+        }
+    }
+};
+
+const ui::test::Registration<FixedGraphTest> kRegistration;
+
+#include "tst_fixedgraph.moc"
