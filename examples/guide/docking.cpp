@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "guide.h"
-
 #include <MorrantUI/MorrantUI.h>
 
 #include <QCoreApplication>
@@ -17,7 +16,7 @@ QWidget* dockingChapter()
     DockableGroup& root = *window;
     // [docking]
     root.setAttribute(Qt::WA_DeleteOnClose, false);
-    gMainWindow = &root;                              // before any other dockable window is made
+    gMainWindow = &root; // before any other dockable window is made
 
     auto* layers = new DockableWindow(new LayerList); // takes the content
     layers->setObjectName(QStringLiteral("layers"));  // an id of yours, for saving the layout

@@ -8,6 +8,7 @@ class QWidget;
 QWidget* dockingChapter();
 QWidget* timeEditorChapter();
 QWidget* timeRulerChapter();
+QWidget* fixedGraphChapter();
 QWidget* undoChapter();
 
 /// The menu of the menus' chapter, filled but not shown.

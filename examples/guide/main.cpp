@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "guide.h"
-
 #include <MorrantUI/MorrantUI.h>
 
 #include <QApplication>
@@ -15,7 +14,9 @@ int main(int argc, char** argv)
     theme.applyAppStyle();
 
     bool drawn = ui::version() >= MORRANT_UI_VERSION;
-    for (const auto chapter : {dockingChapter, timeEditorChapter, timeRulerChapter, undoChapter}) {
+    for (const auto chapter :
+         {dockingChapter, timeEditorChapter, timeRulerChapter, fixedGraphChapter, undoChapter})
+    {
         const std::unique_ptr<QWidget> window(chapter());
         window->resize(640, 400);
         window->show();

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "guide.h"
-
 #include <MorrantUI/MorrantUI.h>
 
 #include <vector>

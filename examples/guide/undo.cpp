@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "guide.h"
-
 #include <MorrantUI/MorrantUI.h>
 
 #include <QUndoCommand>
@@ -30,7 +29,8 @@ private:
 
 // [undo]
 /// Makes one step of each change of a field. A typed entry and the keys Up and Down commit once; a
-/// scrub reports each of its movements and commits nothing, so that the end of the drag is its step.
+/// scrub reports each of its movements and commits nothing, so that the end of the drag is its
+/// step.
 class NumberSteps : public QObject
 {
 public:
