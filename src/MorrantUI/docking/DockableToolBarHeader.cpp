@@ -14,6 +14,7 @@ DockableToolBarHeader::DockableToolBarHeader(Direction direction)
     , m_grip(new QLabel(this))
 {
     const bool horizontal = direction == Direction::Horizontal;
+    setFocusPolicy(Qt::NoFocus); // Tab goes to what the panel holds; F6 and a menu find the grip
     m_grip->setContentsMargins(-2, 0, 0, 0);
     m_grip->setFixedSize(horizontal ? kGripSize : kGripSize.transposed());
     m_grip->setAttribute(Qt::WA_TransparentForMouseEvents);
