@@ -6,7 +6,6 @@
 #include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
 
-#include <QApplication>
 #include <QMouseEvent>
 #include <QPointingDevice>
 #include <QtTest>
@@ -72,20 +71,6 @@ struct DragStage
         QMouseEvent event(
             type, at, at, global, button, Qt::LeftButton, Qt::NoModifier, source, device);
         QCoreApplication::sendEvent(target, &event);
-    }
-    /// As the system tells of a move when a release has got lost.
-    void moveReleased()
-    {
-        const QPointF at(30, 30);
-        QMouseEvent move(
-            QEvent::MouseMove,
-            at,
-            target->mapToGlobal(at),
-            Qt::NoButton,
-            Qt::NoButton,
-            Qt::NoModifier);
-        QSpontaneKeyEvent::setSpontaneous(&move);
-        qApp->notify(target, &move);
     }
     /// Without the pointer having come there before, as when a release got lost.
     void pressAtOnce(QPoint at) { send(QEvent::MouseButtonPress, target->mapToGlobal(at)); }

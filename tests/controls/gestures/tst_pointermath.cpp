@@ -132,20 +132,16 @@ private Q_SLOTS:
 
     void anAbsolutePointerIsFoundOutByItsSecondWarp()
     {
-        const QRect rect = ui::wrappingRect({0, 0, 1600, 1000});
+        const QRect screen(0, 0, 1600, 1000);
         for (const bool echoes : {true, false}) { // of a warp, or the next position replaces it
             for (const QPointF step : {QPointF(7, -2), QPointF(50, 3), QPointF(-90, 0)}) {
-                const QPointF start(800, 500);
-                ui::WarpedPath path(start);
-                QPointF at = start;
-                for (int i = 0;
-                     i < 600 && rect.adjusted(-300, -200, 300, 200).contains(at.toPoint());
-                     ++i) {
-                    at += step; // wherever it was warped to
-                    path.moveTo(at, at);
-                    QCOMPARE(path.movement(), at - start);
+                QPointF at(800, 500);
+                ui::WarpedPath path(at);
+                while (screen.contains(at.toPoint())) {
+                    path.moveTo(at += step, at); // wherever it was warped to
+                    QCOMPARE(path.movement(), at - QPointF(800, 500));
                     QPointF offset;
-                    wrapPoint(at, rect, &offset);
+                    wrapPoint(at, ui::wrappingRect(screen), &offset);
                     if (!offset.isNull() && !path.isWarping() && !path.isAbsolute()) {
                         path.warp(offset);
                         path.moveTo(echoes ? at + offset : at, at);

@@ -244,31 +244,18 @@ private Q_SLOTS:
         for (const auto& [control, name, value] : values) {
             const std::unique_ptr<QWidget> owner(control);
             const QMetaObject& type = *control->metaObject();
-            const QMetaProperty property = type.property(type.indexOfProperty(name));
-            QSignalSpy told(control, property.notifySignal());
+            QSignalSpy told(control, type.property(type.indexOfProperty(name)).notifySignal());
             QVERIFY2(control->setProperty(name, value) && control->setProperty(name, value), name);
-            QCOMPARE(control->property(name), value);
-            QCOMPARE(told.size(), 1);
+            QVERIFY(control->property(name) == value && told.size() == 1);
         }
-    }
-
-    void anEditTellsItsValue()
-    {
-        Bench<SliderField> slider({300, 24});
-        entryOf(*slider.control);
-        QSignalSpy fromSlider(slider.control, &SliderField::edited);
-        slider.play("#0 in =7 Return");
-        QCOMPARE(fromSlider.takeLast(), (QVariantList{7.0, true}));
-        slider.control->setValue(8);
-        QVERIFY(fromSlider.isEmpty());
         for (const bool deletes : {false, true}) { // the first of all signals may be the last
             Bench<AnglePad> dial({100, 100});
-            QSignalSpy fromDial(dial.control, &AnglePad::edited);
+            QSignalSpy edited(dial.control, &AnglePad::edited);
             connect(dial.control, &AnglePad::changed, this, [&dial, deletes] {
                 deletes ? delete dial.control.data() : void();
             });
             dial.play("Up");
-            QCOMPARE(fromDial.size(), deletes ? 0 : 1);
+            QCOMPARE(edited.value(0), deletes ? QVariantList() : QVariantList({1.0, true}));
         }
     }
 };

@@ -197,14 +197,12 @@ private Q_SLOTS:
         const QShortcut right(Qt::Key_Right, panel.window.get());
         QSignalSpy activated(&up, &QShortcut::activated);
         QSignalSpy stepped(&right, &QShortcut::activated);
-        for (const auto& [reason, steps] :
-             {std::pair(Qt::OtherFocusReason, 1), {Qt::TabFocusReason, 1}}) {
-            panel.control->setFocus(reason); // at rest it has no caret to move
-            QTest::keyClick(panel.window->windowHandle(), Qt::Key_Right);
-            QCOMPARE(stepped.size(), steps);
-            panel.play("out");
-        }
-        panel.play("in");
+        panel.control->setFocus(Qt::OtherFocusReason); // at rest it has no caret to move
+        QTest::keyClick(panel.window->windowHandle(), Qt::Key_Right);
+        panel.play("out in");
+        QTest::keyClick(panel.window->windowHandle(), Qt::Key_Right);
+        QCOMPARE(stepped.size(), 1);
+        panel.control->selectAll();
         QTest::keyClick(panel.window->windowHandle(), Qt::Key_Up);
         QCOMPARE(activated.size(), 0);
         QCOMPARE(panel.control->selectedText(), u"100.5"_qs);
