@@ -5,11 +5,15 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <vector>
 
 using ui::bench::Report;
@@ -161,6 +165,78 @@ void benchArrows(Report& report, const QStringList& texts)
     report.judge(name, ratio, "x-QMenu", 1.5);
 }
 
+/// When a widget has been painted first.
+class FirstPaint : public QObject
+{
+public:
+    explicit FirstPaint(QWidget& widget) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_time) {
+            m_time = Clock::now();
+        }
+        return false;
+    }
+
+    using Clock = std::chrono::steady_clock;
+
+    double waitSince(Clock::time_point start)
+    {
+        while (!m_time) {
+            QCoreApplication::processEvents();
+        }
+        return std::chrono::duration<double, std::milli>(*m_time - start).count();
+    }
+
+private:
+    std::optional<Clock::time_point> m_time;
+};
+
+QWidget* makeList(int rows)
+{
+    auto* const list = new QListWidget;
+    for (int row = 0; row < rows; ++row) {
+        list->addItem(QStringLiteral("Layer %1 of a Composition").arg(row));
+    }
+    return list;
+}
+
+/// Milliseconds from the click, which asks for the content, to the panel on the screen.
+double timeToOpen(QWidget& anchor, int rows)
+{
+    PopoverPanel panel(&anchor);
+    FirstPaint paint(panel);
+    const auto click = FirstPaint::Clock::now();
+    panel.setContentMaker([rows] { return makeList(rows); }, QSize(260, 400));
+    panel.openAt(&anchor);
+    const double time = paint.waitSince(click);
+    while (!panel.content()) {
+        QCoreApplication::processEvents();
+    }
+    return time;
+}
+
+void benchPopover(Report& report)
+{
+    if (!report.wants("popover-open-10000")) {
+        return;
+    }
+    QPushButton anchor;
+    anchor.show();
+    std::vector<double> times, ratios;
+    timeToOpen(anchor, 1);
+    for (int run = 0; run < ui::bench::kRuns; ++run) {
+        const bool floorFirst = run % 2 == 0;
+        double floor = floorFirst ? timeToOpen(anchor, 1) : 0.0;
+        times.push_back(timeToOpen(anchor, 10 * kRows));
+        floor = floorFirst ? floor : timeToOpen(anchor, 1);
+        ratios.push_back(times.back() / floor);
+    }
+    report.judge("popover-open-10000", ui::bench::median(ratios), "x-one-row", 1.5);
+    report.state("popover-open-10000-time", ui::bench::median(times), "ms");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -171,5 +247,6 @@ int main(int argc, char** argv)
         benchTyping(report, texts, "menu-key-1000", QStringLiteral("z"));
         benchTyping(report, texts, "menu-key-found-1000", QStringLiteral("e"));
         benchArrows(report, texts);
+        benchPopover(report);
     });
 }
