@@ -201,9 +201,11 @@ private:
         if (std::exchange(m_changed, false)) {
             read(); // the host knows what it has done itself
         }
-        m_editor.pointer.moveTo(m_editor.pointer.position()); // the release may have gone elsewhere
         if (m_editor.scene->mouseGrabberItem()) {
-            fprintf(stderr,"DBG int %d mode %d vis %d type %s pos %d %d under %d\n", m_editor.view->isInteractive(), m_editor.view->dragMode(), m_editor.view->isVisible(), typeid(*m_editor.scene->mouseGrabberItem()).name(), m_editor.pointer.position().x(),m_editor.pointer.position().y(), m_editor.view->viewport()->underMouse()); return u"the mouse is still somebody's"_qs;
+            m_editor.pointer.moveTo({300, 170}); // the release may have gone elsewhere
+        }
+        if (m_editor.scene->mouseGrabberItem()) {
+            return u"the mouse is still somebody's"_qs;
         }
         for (const auto& [address, known] : m_keys) {
             const auto& [key, frame] = known;

@@ -84,6 +84,13 @@ private Q_SLOTS:
         QCOMPARE(editor.selection(), u"30"_qs);
         QTest::keyRelease(editor.view, Qt::Key_Space);
         QCOMPARE(editor.view->dragMode(), QGraphicsView::RubberBandDrag);
+        QTest::keyPress(editor.view, Qt::Key_Space);
+        editor.press(place);
+        QTest::keyRelease(editor.view, Qt::Key_Space); // before the button
+        editor.pointer.release();
+        const QPoint key = editor.at(editor.key(0, 0));
+        editor.drag(key, key + QPoint(100, 0));
+        QVERIFY(editor.frames(0) != u"30"_qs);
     }
 
     void theOverrideCursorNeverOutlivesItsGesture()

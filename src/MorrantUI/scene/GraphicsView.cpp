@@ -51,6 +51,9 @@ void GraphicsView::startHandPan()
 void GraphicsView::endHandPan()
 {
     setInteractive(true);
+    if (dragMode() == ScrollHandDrag) {
+        setDragMode(NoDrag); // which alone makes Qt forget a pan whose release it has not seen
+    }
     setDragMode(RubberBandDrag);
 }
 

@@ -3,6 +3,7 @@
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
 
 #include <QGraphicsScene>
+#include <QSignalBlocker>
 
 #include <cmath>
 
@@ -56,7 +57,11 @@ void KeyDrag::start()
     if (!scene) {
         return;
     }
-    m_pressed->setSelected(true);
+    if (!m_pressed->isSelected()) {
+        const QSignalBlocker quiet(scene); // a slot must not end the drag that begins
+        m_pressed->setSelected(true);
+        QMetaObject::invokeMethod(scene, &QGraphicsScene::selectionChanged, Qt::QueuedConnection);
+    }
     for (QGraphicsItem* const item : scene->selectedItems()) {
         auto* const movable = dynamic_cast<TimeEditorBaseItem*>(item);
         const QGraphicsItem* const parent = item->parentItem();

@@ -28,6 +28,7 @@ constexpr double kLeastForText = 28.0; ///< pixels
 constexpr double kOffScreen = 1e6;     ///< pixels; farther ends are drawn there
 constexpr int kRestingDark = 150;      ///< percent
 constexpr int kGripLight = 165;        ///< percent
+constexpr int kLightGround = 140;      ///< of 255; above it a text is dark
 
 double heldOnScreen(double x)
 {
@@ -215,7 +216,8 @@ void TimeEditorClipItem::paintArea(QPainter& painter, const QTransform& world, i
     const bool selected = area.isSelected();
     const QColor color = getColor();
     painter.setPen(selected ? QPen(ui::colorQt(QStringLiteral("Accent1")), 1.0) : QPen(Qt::NoPen));
-    painter.setBrush(selected ? color : color.darker(kRestingDark));
+    const QColor fill = selected ? color : color.darker(kRestingDark);
+    painter.setBrush(fill);
     painter.drawRoundedRect(bar.adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
     const auto paintGrip = [&](EndPointHover end, double left) {
         const bool held = (index == m_dragIndex && end == m_dragPart)
@@ -233,7 +235,8 @@ void TimeEditorClipItem::paintArea(QPainter& painter, const QTransform& world, i
         const QRectF room =
             bar.adjusted(kTextInset, 0.0, -kTextInset, 0.0)
                 .intersected(QRectF(kTextInset, bar.top(), kOffScreen, bar.height()));
-        painter.setPen(ui::colorQt(QStringLiteral("Text")));
+        const bool light = qGray(fill.rgb()) > kLightGround;
+        painter.setPen(ui::colorQt(light ? QStringLiteral("WindowBase") : QStringLiteral("Text")));
         painter.drawText(
             room,
             Qt::AlignLeft | Qt::AlignVCenter,

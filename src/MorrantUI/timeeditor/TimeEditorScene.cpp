@@ -1,6 +1,7 @@
 #include "MorrantUI/timeeditor/TimeEditorScene.h"
 
 #include "MorrantUI/timeeditor/RowHover.h"
+#include "MorrantUI/timeeditor/SelectionTold.h"
 #include "MorrantUI/timeeditor/beatgrid.h"
 #include "MorrantUI/timeeditor/rowpass.h"
 #include <MorrantUI/scene/framemath.h>
@@ -293,6 +294,7 @@ TimeEditorBaseItem* TimeEditorScene::itemUnder(const QRectF& place) const
 
 void TimeEditorScene::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
+    const ui::SelectionTold told(*this);
     const QPointer<TimeEditorScene> alive(this);
     const bool grabbed = mouseGrabberItem() != nullptr;
     TimeEditorKeyframeItem* const key = grabbed ? nullptr : keyUnder(pixelAt(event->scenePos()));
@@ -396,6 +398,7 @@ void TimeEditorScene::keyPressEvent(QKeyEvent* event)
 
 void TimeEditorScene::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 {
+    const ui::SelectionTold told(*this);
     const QPointer<TimeEditorScene> alive(this);
     const QPointer<TimeEditorKeyframeItem> key = m_pressedKey;
     if (!key || mouseGrabberItem() != key || event->buttons() != Qt::NoButton) {

@@ -135,7 +135,7 @@ private:
     QPointer<TimeEditorKeyframeItem> m_pressedKey; ///< has the mouse until its release
     const QGraphicsItem* m_pressGrabber = nullptr; ///< took the mouse with a press; only compared
     std::unique_ptr<ui::RowHover> m_hover;
-    bool m_qtHovers = false; ///< Qt may have told items that they are hovered
+    bool m_qtHovers = false;        ///< Qt may have told items that they are hovered
     bool m_selectionUntold = false; ///< something selected has died since the last event
     std::set<TimeEditorCurveItem*> m_curves;
     std::set<TimeEditorClipItem*> m_clips;

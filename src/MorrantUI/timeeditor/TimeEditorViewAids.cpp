@@ -176,7 +176,11 @@ bool TimeEditorView::walkKeys(const QKeyEvent& event)
         key->sceneBoundingRect(), kWalkMargin, 0); // whoever hears of it may delete the key
     if (alive && m_walkedKey && chooses && held & Qt::ControlModifier) {
         m_walkAnchor = m_walkedKey;
-        m_walkedKey->setSelected(!m_walkedKey->isSelected());
+        {
+            const QSignalBlocker quiet(m_scene); // Qt looks at the key after telling of it
+            m_walkedKey->setSelected(!m_walkedKey->isSelected());
+        }
+        Q_EMIT m_scene->selectionChanged();
     } else if (alive && m_walkedKey && (chooses || !(held & Qt::ControlModifier))) {
         selectWalked(*m_walkedKey, walks && held & Qt::ShiftModifier);
     }

@@ -2,6 +2,7 @@
 
 #include "MorrantUI/controls/gestures/cursors.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
+#include "MorrantUI/timeeditor/SelectionTold.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
@@ -55,6 +56,7 @@ void TimeEditorView::mousePressEvent(QMouseEvent* event)
     if (isBesideDrag(*event)) {
         return;
     }
+    const ui::SelectionTold told(*m_scene);
     const QPoint position = rounded(event->position());
     const QPointF place = mapToScene(position);
     TimeEditorBaseItem* const pressed = itemUnder(position);
