@@ -324,8 +324,14 @@ void TimeEditorScene::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
     const QPointer<TimeEditorScene> alive(this);
     const bool released = event->buttons() == Qt::NoButton;
-    if (released && mouseGrabberItem() && mouseGrabberItem() == m_pressGrabber) {
-        mouseGrabberItem()->ungrabMouse(); // elsewhere
+    const auto isLost = [this] {
+        return mouseGrabberItem() && mouseGrabberItem() == m_pressGrabber;
+    };
+    if (released && isLost() && m_view) {
+        m_view->finishDrags();
+    }
+    if (released && alive && isLost()) {
+        mouseGrabberItem()->ungrabMouse();
     }
     if (!alive) {
         return;

@@ -220,6 +220,7 @@ private:
     void startKeyDrag(TimeEditorKeyframeItem* key, double sceneX);
     bool dragKeys(double sceneX);
     void finishKeyDrag();
+    void finishDrags();
     double moveSelectedKeys(double distance);
     void restoreEdit();
     void finishEdit();

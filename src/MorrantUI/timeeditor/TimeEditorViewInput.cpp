@@ -307,9 +307,26 @@ void TimeEditorView::abandonGesture()
     m_pressedKey = nullptr;
     endKeyScaling();
     endDragAids();
-    GraphicsView::abandonGesture();
+    finishDrags();
+    if (alive) {
+        GraphicsView::abandonGesture();
+    }
     if (alive) {
         onAltPressed(false);
+    }
+}
+
+/// Before anything loses the mouse: Qt goes on with an item after it has told it of that, and
+/// whoever hears of the edit may delete the item.
+void TimeEditorView::finishDrags()
+{
+    const QPointer<TimeEditorView> alive(this);
+    auto* const clip =
+        dynamic_cast<TimeEditorClipItem*>(m_scene ? m_scene->mouseGrabberItem() : nullptr);
+    if (clip) {
+        clip->finishDrag();
+    }
+    if (alive) {
         finishKeyDrag();
     }
     if (alive) {
