@@ -54,8 +54,16 @@ public:
                 return u"step %1: %2"_qs.arg(i).arg(fault);
             }
         }
-        m_editor.view->hide();
-        return QGuiApplication::overrideCursor() ? u"a cursor is left"_qs : check();
+        switch (m_random.bounded(3)) { // whatever is under way
+        case 0: delete m_editor.scene; break;
+        case 1: delete std::exchange(m_editor.view, nullptr); break;
+        default: break;
+        }
+        m_editor.pointer.dragTo({300, 30}, 100);
+        m_editor.pointer.release();
+        QCoreApplication::processEvents();
+        delete std::exchange(m_editor.view, nullptr);
+        return QGuiApplication::overrideCursor() ? u"a cursor is left"_qs : QString();
     }
 
 private:
@@ -169,15 +177,9 @@ private:
                 Qt::Key_Return};
             QTest::keyClick(m_editor.view, any(kClicked));
         } else if (what < 30) {
-            QWheelEvent wheel(
-                place,
-                m_editor.view->mapToGlobal(place),
-                {},
-                {m_random.bounded(400) - 200, 60},
-                {},
-                {},
-                {},
-                false);
+            const QPoint global = m_editor.view->mapToGlobal(place);
+            const QPoint turned(place.x() - 500, 60);
+            QWheelEvent wheel(place, global, {}, turned, {}, {}, {}, false);
             QCoreApplication::sendEvent(m_editor.view->viewport(), &wheel);
         } else if (what == 30) {
             change();
@@ -261,8 +263,6 @@ private Q_SLOTS:
     }
 };
 
-namespace {
 const ui::test::Registration<TimeEditorMonkeyTest> kRegistration;
-} // namespace
 
 #include "tst_timeeditormonkey.moc"

@@ -174,8 +174,6 @@ private Q_SLOTS:
     }
 };
 
-namespace {
 const ui::test::Registration<TimeEditorRulesTest> kRegistration;
-} // namespace
 
 #include "tst_timeeditorrules.moc"

@@ -245,10 +245,7 @@ private Q_SLOTS:
         auto* const behind = new QGraphicsRectItem(0, 0, 5, 5, editor.curves[0]);
         behind->setFlag(QGraphicsItem::ItemStacksBehindParent);
         editor.scene->addItem(hidden);
-        editor.press(editor.at(editor.key(0, 0)));
         editor.scene->clearScene();
-        editor.pointer.moveTo({300, 10});
-        editor.pointer.release();
         editor.curves.clear();
         QCOMPARE(editor.scene->items().size(), 2); // tool and stack
         editor.addRow({5});
@@ -350,8 +347,6 @@ private Q_SLOTS:
     }
 };
 
-namespace {
 const ui::test::Registration<TimeEditorViewTest> kRegistration;
-} // namespace
 
 #include "tst_timeeditorview.moc"
