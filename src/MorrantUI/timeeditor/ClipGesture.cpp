@@ -86,14 +86,25 @@ void ClipGesture::dragBy(double frames)
 
 void ClipGesture::cancel()
 {
+    apply(spansAtPress());
+}
+
+void ClipGesture::restore()
+{
+    set(spansAtPress());
+}
+
+std::vector<ClipSpan> ClipGesture::spansAtPress() const
+{
     std::vector<ClipSpan> spans;
     for (const Area& entry : m_areas) {
         spans.push_back(entry.held.atPress);
     }
-    apply(spans);
+    return spans;
 }
 
-void ClipGesture::apply(const std::vector<ClipSpan>& spans)
+/// @return the areas that have changed
+std::vector<ClipGesture::Area> ClipGesture::set(const std::vector<ClipSpan>& spans)
 {
     std::vector<Area> changed;
     for (std::size_t i = 0; i < m_areas.size(); ++i) {
@@ -105,7 +116,12 @@ void ClipGesture::apply(const std::vector<ClipSpan>& spans)
             changed.push_back(m_areas.at(i));
         }
     }
-    for (const Area& entry : changed) {
+    return changed;
+}
+
+void ClipGesture::apply(const std::vector<ClipSpan>& spans)
+{
+    for (const Area& entry : set(spans)) {
         const int index = entry.clip ? entry.clip->indexOf(entry.area.lock().get()) : -1;
         if (index >= 0) {
             Q_EMIT entry.clip->clipChanging(index);

@@ -40,6 +40,8 @@ public:
     void dragBy(double frames);
     /// Puts everything back, as far as it lives.
     void cancel();
+    /// The same without a word.
+    void restore();
     ClipMoves moves() const;
 
 private:
@@ -51,7 +53,9 @@ private:
     };
 
     void takeAlong(TimeEditorClipItem& clip, int index);
+    std::vector<Area> set(const std::vector<ClipSpan>& spans);
     void apply(const std::vector<ClipSpan>& spans);
+    std::vector<ClipSpan> spansAtPress() const;
 
     std::vector<Area> m_areas; ///< the pressed one first
     EndPointHover m_part;

@@ -47,7 +47,12 @@ TimeEditorClipItem::TimeEditorClipItem(TimeEditorView* view, QGraphicsItem* pare
     setParentItem(parent);
 }
 
-TimeEditorClipItem::~TimeEditorClipItem() = default;
+TimeEditorClipItem::~TimeEditorClipItem()
+{
+    if (m_drag) {
+        m_drag->restore(); // nobody would tell of what went along
+    }
+}
 
 VisClip* TimeEditorClipItem::addClipArea(int start, int end)
 {

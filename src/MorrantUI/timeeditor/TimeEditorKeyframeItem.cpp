@@ -162,7 +162,9 @@ void TimeEditorKeyframeItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
 
 void TimeEditorKeyframeItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
-    if (!m_view || !m_view->dragKeys(event->scenePos().x())) {
+    if (m_view) {
+        m_view->dragKeys(event->scenePos().x()); // Qt's own moving would be told to nobody
+    } else {
         TimeEditorBaseItem::mouseMoveEvent(event);
     }
 }

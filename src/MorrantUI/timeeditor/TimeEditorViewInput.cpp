@@ -56,6 +56,11 @@ void TimeEditorView::mousePressEvent(QMouseEvent* event)
     if (isBesideDrag(*event)) {
         return;
     }
+    const QPointer<TimeEditorView> alive(this);
+    finishDrags(); // whose release went elsewhere
+    if (!alive || !m_scene) {
+        return;
+    }
     const ui::SelectionTold told(*m_scene);
     const QPoint position = rounded(event->position());
     const QPointF place = mapToScene(position);
