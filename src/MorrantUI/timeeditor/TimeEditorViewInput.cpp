@@ -326,6 +326,7 @@ void TimeEditorView::abandonGesture()
 void TimeEditorView::finishDrags()
 {
     const QPointer<TimeEditorView> alive(this);
+    endKeyScaling(); // what the tool still asks for moves nothing
     auto* const clip =
         dynamic_cast<TimeEditorClipItem*>(m_scene ? m_scene->mouseGrabberItem() : nullptr);
     if (clip) {
