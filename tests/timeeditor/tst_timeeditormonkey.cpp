@@ -203,9 +203,7 @@ private:
         if (std::exchange(m_changed, false)) {
             read(); // the host knows what it has done itself
         }
-        if (m_editor.scene->mouseGrabberItem()) {
-            m_editor.pointer.moveTo({300, 170}); // the release may have gone elsewhere
-        }
+        m_editor.pointer.moveTo({300, 170}); // the release may have gone elsewhere
         if (m_editor.scene->mouseGrabberItem()) {
             return u"the mouse is still somebody's"_qs;
         }

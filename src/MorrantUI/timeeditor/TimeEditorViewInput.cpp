@@ -161,7 +161,10 @@ void TimeEditorView::mouseMoveEvent(QMouseEvent* event)
     if (event->buttons() == Qt::NoButton && std::exchange(m_panning, false)) {
         endHandPan(); // the release went elsewhere
     }
-    if (!snapsDrag(*event)) {
+    if (event->buttons() == Qt::NoButton && (m_keyDrag || !m_edit->isEmpty())) {
+        finishDrags(); // and so did this one's
+    }
+    if (alive && !snapsDrag(*event)) {
         GraphicsView::mouseMoveEvent(event);
     }
     if (!alive) {
