@@ -361,6 +361,65 @@ private Q_SLOTS:
         QCOMPARE(tree["b"]->size(), size);
     }
 
+    void aDoubleClickFloatsAWindowAndDocksItBack()
+    {
+        for (const auto& [start, afloat, back] :
+             {std::tuple("H(a=200 x=200 b=200)", "H(a=303 b=303) x", "H(a=200 x=200 b=200)"),
+              {"H(a V(b x) c)", "H(a b c) x", "H(a V(b x) c)"},
+              {"H(a V(x b) c)", "H(a b c) x", "H(a V(x b) c)"},
+              {"H(a T(b x) c)", "H(a b c) x", "H(a T(b x) c)"},
+              {"H(a T(b x d) c)", "H(a T(b d) c) x", "H(a T(b x d) c)"},
+              {"H(x)", "H() x", "H(x)"}})
+        {
+            DockTree tree(QString::fromLatin1(start));
+            DockableWindow& x = *tree["x"];
+            const bool sized = QByteArray(start).contains('=');
+            const auto text = [&] {
+                settle();
+                return sized && x.isFloating() ? tree.sizes() + u" x"_qs
+                       : sized                 ? tree.sizes()
+                                               : tree.text();
+            };
+            x.toggleFloating();
+            QCOMPARE(text(), QString::fromLatin1(afloat));
+            x.move(300, 260);
+            x.resize(180, 140);
+            x.toggleFloating();
+            QCOMPARE(text(), QString::fromLatin1(back));
+            x.toggleFloating(); // where it last was
+            settle();
+            QCOMPARE(QRect(x.pos(), x.size()), QRect(300, 260, 180, 140));
+        }
+    }
+
+    void theMainWindowAsksAllBeforeItCloses()
+    {
+        DockTree tree(u"H(a)"_qs);
+        auto* stubborn = new StubbornPanel;
+        stubborn->show();
+        QVERIFY(!tree.root().close() && !tree.root().mayClose());
+        tree.play(u"dock s a center, select a, settle"_qs);
+        QVERIFY(!tree.root().close() && tree.root().isVisible());
+        QCOMPARE(tree.text(), u"H(T(a s))"_qs); // all are still there
+        stubborn->stays = false;
+        QVERIFY(tree.root().mayClose() && !stubborn->isClosing());
+        QVERIFY(tree.root().close());
+        QCOMPARE(DockTree::text(tree.root()), u"H(T(a s))"_qs);
+    }
+
+    void aDoubleClickOnAHandleMakesItsNeighboursEqual()
+    {
+        DockTree tree(u"H(a=100 b=300 c=200)"_qs);
+        auto* splitter = tree.root().findChild<QSplitter*>();
+        QTest::mouseDClick(splitter->handle(1), Qt::LeftButton);
+        QCOMPARE(tree.sizes(), u"H(a=200 b=200 c=200)"_qs);
+        tree["b"]->hide();
+        settle();
+        tree.root().setSizes({100, 0, 400});
+        QTest::mouseDClick(splitter->handle(2), Qt::LeftButton);
+        QCOMPARE(tree["a"]->width(), tree["c"]->width());
+    }
+
     void leftIsLeftInARightToLeftApplication()
     {
         QApplication::setLayoutDirection(Qt::RightToLeft);

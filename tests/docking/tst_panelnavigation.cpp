@@ -182,13 +182,27 @@ private Q_SLOTS:
         walk(u"d1"_qs);
     }
 
+    void aClickFocusesWhatTheHeaderOrTabStandsFor()
+    {
+        Desk desk;
+        QTest::mouseClick(desk.d->header(), Qt::LeftButton);
+        QTRY_COMPARE(Desk::focused(), u"d1"_qs);
+        QTest::mouseClick(desk.rowOfTabs->tabAt(1), Qt::LeftButton);
+        QTRY_COMPARE(Desk::focused(), u"c1"_qs);
+        desk.focus(u"c2"_qs);
+        QTest::mouseClick(desk.rowOfTabs->tabAt(1), Qt::LeftButton); // it is there already
+        settle();
+        QCOMPARE(Desk::focused(), u"c2"_qs);
+        desk.c->content()->setParent(desk.e->content()); // whose panel it no longer is
+        QVERIFY(ui::focusPanel(desk.c));
+        QTRY_COMPARE(Desk::focused(), u"(DockableTabWidget)"_qs);
+    }
+
     void headersTakeTheFocusFromKeysOnly()
     {
         Desk desk;
         DockableHeader& header = *desk.d->header();
         const auto edge = [&] { return pixelAt(renderWidget(header), QPoint(1, 12)); };
-        QTest::mouseClick(&header, Qt::LeftButton);
-        QCOMPARE(Desk::focused(), u"a1"_qs);
         const QColor bare = edge();
         desk.focus(u"d1"_qs);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);

@@ -2,6 +2,7 @@
 
 #include "MorrantUI/docking/DragOrigin.h"
 #include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/panelkeys.h"
 #include "MorrantUI/platform/windowsystem.h"
 #include <MorrantUI/docking/DockableGroup.h>
@@ -58,8 +59,8 @@ bool DockableDragHandler::eventFilter(QObject* watched, QEvent* event)
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: // a press soon after a click
-        if (isEnabled() && static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
-            startGesture();
+        if (static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
+            pressed(event->type() == QEvent::MouseButtonDblClick);
         }
         return false;
     default: return QObject::eventFilter(watched, event);
@@ -87,11 +88,23 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
         return;
     }
     if (chosen == undock) {
-        window->undock(true);
+        window->floatAgain();
     } else if (chosen == show) {
         window->show();
     } else if (chosen == close) {
         window->undockAndClose();
+    }
+}
+
+void DockableDragHandler::pressed(bool again)
+{
+    if (m_window) { // later, when a tab has brought its page forward
+        const auto enter = [window = m_window.data()] { ui::docking::enterByClick(*window); };
+        QMetaObject::invokeMethod(m_window, enter, Qt::QueuedConnection);
+    }
+    if (isEnabled()) {
+        m_pressedAgain = again;
+        startGesture();
     }
 }
 
@@ -178,6 +191,9 @@ bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& eve
         return false;
     }
     const bool byWindow = watched->isWindowType();
+    if (m_state == State::Pressed && m_pressedAgain && m_window) {
+        QMetaObject::invokeMethod(m_window, &DockableWindow::toggleFloating, Qt::QueuedConnection);
+    }
     const QPointer<QObject> receiver(watched);
     const QPointer<DockableDragHandler> self(this);
     finish(Ending::Drop); // where a slot may wait for other clicks, in a dialog
@@ -315,13 +331,13 @@ DockableWindow* DockableDragHandler::windowUnderMouse()
     if (!m_window) {
         return nullptr;
     }
+    // For one that floats the system is not asked: it looks through a window, but not through the
+    // frame that a window manager has put around it.
     const QPoint cursor = QCursor::pos();
     m_window->setAttribute(Qt::WA_TransparentForMouseEvents, true);
-    QWidget* widget = qtutils::findWidgetAt(cursor);
+    QWidget* widget =
+        m_window->isWindow() ? widgetBelow(*m_window, cursor) : qtutils::findWidgetAt(cursor);
     m_window->setAttribute(Qt::WA_TransparentForMouseEvents, false);
-    if (!widget && m_window->isWindow() && !morrant::native::system::looksThroughWindows()) {
-        widget = widgetBelow(*m_window, cursor);
-    }
 
     DockableWindow* window = DockableWindow::findDockableParent(widget);
     while (window && window->isBorderHidden()) {
@@ -340,7 +356,9 @@ void DockableDragHandler::updateHoverWindow()
     }
     m_hoverWindow = window;
     if (window) {
-        window->updateIndicators(m_window->sideDockingDisabled, m_window->verticalDockingDisabled);
+        const bool refused = !window->canTake(m_window);
+        window->updateIndicators(
+            refused || m_window->sideDockingDisabled, refused || m_window->verticalDockingDisabled);
     }
 }
 

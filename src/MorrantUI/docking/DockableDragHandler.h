@@ -21,8 +21,9 @@ class DragOrigin;
 /// A press starts a gesture, which follows the mouse through a filter on the application until any
 /// button is released. Past the system's drag distance the window is half transparent, the window
 /// under the pointer shows its drop zones, and a docked window is torn out as soon as the pointer
-/// leaves the top-level window it is in. The release docks it in the highlighted zone; Escape puts
-/// it back where it came from, with the sizes around it, and is passed on.
+/// leaves the top-level window it is in. A click gives the window the focus, a double click makes
+/// it float or docks it back. The release docks it in the highlighted zone; Escape puts it back
+/// where it came from, with the sizes around it, and is passed on.
 ///
 /// The operations below are the steps of that gesture. They read the global cursor position, and
 /// do nothing once the window is gone.
@@ -88,6 +89,7 @@ private:
     bool applicationEvent(QObject* watched, QEvent* event);
     bool mouseMoved(const QMouseEvent& event);
     bool mouseReleased(QObject* watched, const QMouseEvent& event);
+    void pressed(bool again);
     void startGesture();
     void finish(Ending ending, State rest = State::Idle);
     void tearOut();
@@ -97,6 +99,7 @@ private:
 
     QPointer<DockableWindow> m_window;
     State m_state = State::Idle;
+    bool m_pressedAgain = false;                       ///< a double click, so far
     QPoint m_startPosition;                            ///< in the window
     std::unique_ptr<ui::docking::DragOrigin> m_origin; ///< of the last drag
     QPointer<QObject> m_hoverWindow; ///< a dockable window, unless it is being destroyed

@@ -12,6 +12,7 @@
 #include <MorrantUI/theme/screens.h>
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QCursor>
 #include <QScreen>
 #include <QStyle>
@@ -483,10 +484,36 @@ bool DockableGroup::isAwaited()
     });
 }
 
+bool DockableGroup::mayClose()
+{
+    std::vector<QPointer<DockableWindow>> panels; // which may do anything when they are asked
+    for (DockableWindow* window : findChildren<DockableWindow*>()) {
+        if (window->windowMode() == WindowMode::Panel && !window->isClosing()) {
+            panels.emplace_back(window);
+        }
+    }
+    return std::all_of(panels.begin(), panels.end(), [](const QPointer<DockableWindow>& panel) {
+        if (!panel) {
+            return true;
+        }
+        QCloseEvent question;
+        panel->m_asked = true;
+        QCoreApplication::sendEvent(panel, &question);
+        if (panel) {
+            panel->m_asked = false;
+        }
+        return question.isAccepted();
+    });
+}
+
 void DockableGroup::closeEvent(QCloseEvent* event)
 {
     if (isMainWindow(*this)) {
-        DockableWindow::closeEvent(event);
+        if (mayClose()) {
+            DockableWindow::closeEvent(event);
+        } else {
+            event->ignore();
+        }
         return;
     }
     const QPointer<DockableGroup> self(this); // they may do anything

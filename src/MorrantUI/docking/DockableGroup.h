@@ -63,6 +63,11 @@ public:
     /// Nothing happens to gMainWindow.
     void collapseGroup();
 
+    /// Asks every panel in and above this group, by a close event, whether it may be closed. None
+    /// is. For a host that is about to close the main window; gMainWindow itself asks when it is.
+    /// @return false as soon as one refuses
+    bool mayClose();
+
     /// Shows the top-level window, out of its minimised state, above the others and active.
     void bringToFront();
 

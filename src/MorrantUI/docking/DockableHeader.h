@@ -7,7 +7,7 @@
 
 /// The title row of a dockable window, and what the user grabs to move it.
 ///
-/// It gets the keyboard focus by the Tab key, never by a click: that leaves the focus where it is.
+/// It gets the keyboard focus by the Tab key, never by a click: that gives it to the content.
 class MORRANT_UI_EXPORT DockableHeader : public Widget
 {
     Q_OBJECT

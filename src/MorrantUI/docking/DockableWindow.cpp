@@ -3,6 +3,7 @@
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/docking/AccessibleDocking.h"
 #include "MorrantUI/docking/DockOperation.h"
+#include "MorrantUI/docking/DragOrigin.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
@@ -17,9 +18,14 @@
 #include <MorrantUI/docking/DropIndicatorMain.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/theme/palettes.h>
+#include <MorrantUI/theme/screens.h>
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QScreen>
+
+#include <algorithm>
+#include <utility>
 
 using ui::docking::groupOf;
 using ui::docking::isMainWindow;
@@ -296,7 +302,7 @@ bool DockableWindow::event(QEvent* event)
         ui::docking::LayoutChange change(ui::docking::LayoutChange::Report::Later);
         const QPointer<DockableWindow> self(this);
         const bool handled = Widget::event(event);
-        if (self && event->isAccepted() && !isMainWindow(*this)) {
+        if (self && event->isAccepted() && !isMainWindow(*this) && !m_asked) {
             m_closing |= testAttribute(Qt::WA_DeleteOnClose);
             change.noteLayout();
             leaveClosing();
@@ -404,6 +410,9 @@ void DockableWindow::dropNativeWindow()
     if (windowOpacity() < 1.0) { // of one in mid-drag, and docked it could not be set
         setWindowOpacity(1.0);
     }
+    if (isWindow() && isVisible() && windowState() == Qt::WindowNoState) {
+        m_floatPlace = QRect(pos(), size());
+    }
     if (isWindow() && windowHandle()) {
         hide();
         if (!ui::docking::holdsWindow(*this)) { // which would be destroyed along; Qt sees to it
@@ -448,11 +457,13 @@ struct Leaving
         : window(&leaver)
     {
         change.note(leaver);
+        home = std::make_unique<ui::docking::DragOrigin>(leaver);
     }
 
     ui::docking::LayoutChange change;
     ui::docking::FocusKeeper focus;
     QPointer<DockableWindow> window;
+    std::unique_ptr<ui::docking::DragOrigin> home;
 };
 
 } // namespace
@@ -463,7 +474,8 @@ void DockableWindow::undock(bool collapse)
     if (!parent) {
         return;
     }
-    const Leaving leaving(*this);
+    Leaving leaving(*this);
+    m_home = std::move(leaving.home);
     removeFromParent(parent);
     if (parent && collapse && parent->childCount() < 2) {
         parent->collapseGroup();
@@ -478,7 +490,8 @@ void DockableWindow::undockAndClose()
     if (!parent) {
         return;
     }
-    const Leaving leaving(*this);
+    Leaving leaving(*this);
+    m_home = std::move(leaving.home);
     undockUnseen(*parent); // a window on its way out need not be seen on its own
     makeFloating();
     if (parent && parent->childCount() > 1) {
@@ -491,6 +504,33 @@ void DockableWindow::undockAndClose()
     }
 }
 
+void DockableWindow::floatAgain()
+{
+    const QRect place = m_floatPlace;
+    const QPointer<DockableWindow> self(this);
+    undock(true);
+    const QScreen* screen = getClosestScreenAt(place.center());
+    const QRect room = screen ? screen->availableGeometry() : QRect();
+    if (self && isFloating() && place.isValid() && room.contains(place.center())) {
+        resize(place.size().boundedTo(room.size()));
+        move(
+            std::max(std::min(place.x(), room.x() + room.width() - width()), room.x()),
+            std::max(std::min(place.y(), room.y() + room.height() - height()), room.y()));
+    }
+}
+
+void DockableWindow::dockAgain()
+{
+    if (const auto home = std::exchange(m_home, nullptr)) {
+        home->dockAgain(*this);
+    }
+}
+
+void DockableWindow::toggleFloating()
+{
+    isFloating() ? dockAgain() : floatAgain();
+}
+
 /// Has accepted its closing: hidden and afloat it waits for its end or, kept by the host, for being
 /// shown again.
 void DockableWindow::leaveClosing()
@@ -500,7 +540,8 @@ void DockableWindow::leaveClosing()
         return;
     }
     const QSize before = isHidden() && m_seenSize.isValid() ? m_seenSize : size();
-    const Leaving leaving(*this);
+    Leaving leaving(*this);
+    m_home = std::move(leaving.home);
     undockUnseen(*parent);
     makeFloating();
     resize(before);

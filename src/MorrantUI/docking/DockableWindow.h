@@ -80,6 +80,13 @@ public:
     /// Undocks the window, dissolves a group left with fewer than two children, and closes the
     /// window. One that floats is left open (deliberate); one that refuses to close floats.
     void undockAndClose();
+    /// undock(true), and the window is where it last floated, if that is still on a screen.
+    void floatAgain();
+    /// Docks a window that floats where it was docked last, or as near to that as can be. Does
+    /// nothing for one that never was.
+    void dockAgain();
+    /// What a double click on its header or tab does: floatAgain(), or dockAgain() if it floats.
+    void toggleFloating();
     /// undock(false) for a drag: the group is remembered until cleanupOldParent().
     void mouseUndock();
     /// Ends what mouseUndock() began: dissolves the remembered group if it is left with fewer than
@@ -209,9 +216,12 @@ private:
     bool m_borderHidden = false;
     bool m_inactive = false;
     bool m_closing = false;
+    bool m_asked = false;               ///< whether it may close, no more
     bool m_directionHandedDown = false; ///< the layout direction is the group's, not the host's
     QPointer<WindowLayout> m_layout;
     QPointer<QWidget> m_content;
     QString m_text;
-    QSize m_seenSize; ///< when it was last seen in a group
+    QSize m_seenSize;   ///< when it was last seen in a group
+    QRect m_floatPlace; ///< its last one: position with, size without the frame
+    std::unique_ptr<ui::docking::DragOrigin> m_home; ///< where it was docked last
 };

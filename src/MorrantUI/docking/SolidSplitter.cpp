@@ -4,6 +4,7 @@
 #include "MorrantUI/docking/AccessibleDocking.h"
 #include <MorrantUI/theme/colors.h>
 
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace {
@@ -19,6 +20,24 @@ public:
     }
 
 protected:
+    /// The windows on both sides become equal, as far as their limits let them.
+    void mouseDoubleClickEvent(QMouseEvent* event) override
+    {
+        const int index = splitter()->indexOf(this);
+        int before = index - 1;
+        while (before >= 0 && splitter()->widget(before)->isHidden()) {
+            --before;
+        }
+        if (event->button() != Qt::LeftButton || before < 0) {
+            return;
+        }
+        const QRect first = splitter()->widget(before)->geometry();
+        const QRect both = first.united(splitter()->widget(index)->geometry());
+        const bool upright = splitter()->orientation() == Qt::Vertical;
+        moveSplitter(
+            upright ? both.y() + (both.height() - height()) / 2
+                    : both.x() + (both.width() - width()) / 2);
+    }
     void paintEvent(QPaintEvent* /*event*/) override
     {
         const QString name =

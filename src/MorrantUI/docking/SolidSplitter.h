@@ -7,7 +7,7 @@
 /// A splitter whose handles are solid bars that light up under the pointer.
 ///
 /// Always laid out from left to right, whatever the application's direction: the first child is the
-/// left one. Children are not collapsible.
+/// left one. Children are not collapsible. A double click on a handle makes its neighbours equal.
 class MORRANT_UI_EXPORT SolidSplitter : public QSplitter
 {
     Q_OBJECT

@@ -101,6 +101,17 @@ void enterPanel(DockableWindow& panel)
     }
 }
 
+void enterByClick(DockableWindow& window)
+{
+    QList<DockableWindow*> panels;
+    TreeAccess::listPanels(window, panels);
+    const QWidget* focus = QApplication::focusWidget();
+    const bool inside = focus && window.isAncestorOf(focus);
+    if (!inside && !panels.isEmpty() && !QApplication::activePopupWidget()) {
+        enterPanel(*panels.first());
+    }
+}
+
 void offerFocus(DockableWindow& panel)
 {
     if (panel.isActiveWindow() || panel.window()->focusWidget()) {

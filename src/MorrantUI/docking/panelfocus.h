@@ -19,6 +19,10 @@ QWidget* focusTarget(const DockableWindow& panel);
 /// Moves the focus to the focusTarget(), or else to what shows the title.
 void enterPanel(DockableWindow& panel);
 
+/// After a click on the window's header or tab: what is seen of it gets the focus, unless it is
+/// there already.
+void enterByClick(DockableWindow& window);
+
 /// To be called when a panel shows: if its window is not active yet and nothing there is to have
 /// the focus then, the content of the panel is. Qt would choose what the Tab key comes to first, a
 /// header or tab.

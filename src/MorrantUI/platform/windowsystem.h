@@ -21,8 +21,4 @@ void setAlwaysOnTop(QWindow& window, bool on);
 /// system does not tell.
 QWindowList windowsFromTop();
 
-/// Whether Qt finds what lies below a window that is transparent for the mouse: it cuts a hole into
-/// that window for the moment, and asks the system again.
-bool looksThroughWindows();
-
 } // namespace morrant::native::system

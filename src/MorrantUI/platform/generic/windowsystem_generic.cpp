@@ -172,16 +172,58 @@ void setAlwaysOnTop(QWindow& window, bool on)
     x11.setAtoms(property, states);
 }
 
+namespace {
+
+/// The windows on the X server as they lie, the lowest first: as the window manager tells, or
+/// without one as the root window has them.
+std::vector<xcb_window_t> stackedWindows(xcb_connection_t* connection)
+{
+    constexpr std::string_view kStacking = "_NET_CLIENT_LIST_STACKING";
+    constexpr uint32_t kMaxWindows = 4096;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    const ReplyPointer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+        connection,
+        xcb_intern_atom(connection, 1, static_cast<uint16_t>(kStacking.size()), kStacking.data()),
+        nullptr));
+    if (atom && atom->atom != XCB_ATOM_NONE) {
+        const ReplyPointer<xcb_get_property_reply_t> list(xcb_get_property_reply(
+            connection,
+            xcb_get_property(connection, 0, root, atom->atom, XCB_ATOM_WINDOW, 0, kMaxWindows),
+            nullptr));
+        if (list && list->format == 32 && list->value_len > 0) {
+            const auto* first =
+                static_cast<const xcb_window_t*>(xcb_get_property_value(list.get()));
+            return {first, first + list->value_len};
+        }
+    }
+    const ReplyPointer<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, root), nullptr));
+    if (!tree) {
+        return {};
+    }
+    const xcb_window_t* first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
+}
+
+} // namespace
+
 QWindowList windowsFromTop()
 {
     QWindowList windows = QGuiApplication::topLevelWindows();
     std::reverse(windows.begin(), windows.end());
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11 || QGuiApplication::platformName() != u"xcb") { // off screen Qt may know a server too
+        return windows;
+    }
+    const std::vector<xcb_window_t> stacked = stackedWindows(x11->connection());
+    const auto height = [&stacked](const QWindow* window) {
+        const auto id = window->handle() ? static_cast<xcb_window_t>(window->winId()) : 0;
+        return std::find(stacked.rbegin(), stacked.rend(), id) - stacked.rbegin();
+    };
+    std::stable_sort(windows.begin(), windows.end(), [&](const QWindow* a, const QWindow* b) {
+        return height(a) < height(b);
+    });
     return windows;
-}
-
-bool looksThroughWindows()
-{
-    return QGuiApplication::platformName() == u"xcb"; // off screen Qt may know an X server too
 }
 
 } // namespace morrant::native::system

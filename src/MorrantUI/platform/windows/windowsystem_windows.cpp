@@ -106,9 +106,4 @@ QWindowList windowsFromTop()
     return windows;
 }
 
-bool looksThroughWindows()
-{
-    return false; // the window at a point is asked for without regard to holes
-}
-
 } // namespace morrant::native::system
