@@ -382,13 +382,13 @@ private Q_SLOTS:
             };
             x.toggleFloating();
             QCOMPARE(text(), QString::fromLatin1(afloat));
-            x.move(300, 260);
+            x.move(150, 200);
             x.resize(180, 140);
             x.toggleFloating();
             QCOMPARE(text(), QString::fromLatin1(back));
             x.toggleFloating(); // where it last was
             settle();
-            QCOMPARE(QRect(x.pos(), x.size()), QRect(300, 260, 180, 140));
+            QCOMPARE(QRect(x.pos(), x.size()), QRect(150, 200, 180, 140));
         }
     }
 

@@ -372,6 +372,25 @@ private Q_SLOTS:
         QCOMPARE(tree.text(), u"H(V(b a))"_qs);
     }
 
+    void aTabGroupIsMovedByItsStrip()
+    {
+        DockTree tree(u"H(a=200 T(b c)=300)"_qs, {500, 300});
+        Gestures gestures(tree);
+        DockableTabGroup& tabs = *tree.tabs("^b");
+        QWidget& strip = *tabs.tabAt(0)->parentWidget()->parentWidget();
+        const auto grab = [&] { tree.hand.press(strip, {strip.width() - 6, 8}); };
+        grab();
+        gestures.perform(u"to out, drop"_qs);
+        QCOMPARE(tree.text(), u"H(a) T(b c)"_qs);
+        for (const QString& title : {u"c"_qs, u"b"_qs}) {
+            tree.play(u"select "_qs + title);
+            QCOMPARE(tabs.windowTitle(), title);
+        }
+        grab();
+        gestures.perform(u"to a:left, drop"_qs);
+        QCOMPARE(tree.text(), u"H(H(T(b c) a))"_qs);
+    }
+
     void aDialogEndsTheDrag()
     {
         DockTree tree(u"H(a V(b x))"_qs, {400, 300});

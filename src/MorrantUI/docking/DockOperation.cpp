@@ -1,7 +1,10 @@
 #include "MorrantUI/docking/DockOperation.h"
 
+#include "MorrantUI/docking/GroupSplitter.h"
+#include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
+#include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/theme/FrozenUpdates.h"
 #include <MorrantUI/docking/DockableTabGroup.h>
@@ -31,6 +34,9 @@ DockableWindow* DockOperation::run()
     if (DockableGroup* group = m_target.takeIn(m_window, m_area)) {
         return group;
     }
+    if (isMainWindow(m_target)) {
+        return splitRoot(static_cast<DockableGroup&>(m_target));
+    }
     DockableGroup* parent = groupOf(m_target);
     DockableGroup* group = parent ? splitInGroup(*parent) : splitFloating();
     m_target.updateGeometry();
@@ -43,6 +49,61 @@ DockableGroup* DockOperation::makeGroup() const
     auto* group = m_area == DockableArea::Center ? new DockableTabGroup : new DockableGroup;
     group->setLayoutMode(DockableGroup::layoutModeOf(m_area));
     return group;
+}
+
+/// All children move into a new group, which then lies across the newcomer.
+DockableGroup* DockOperation::splitRoot(DockableGroup& root)
+{
+    const int room = isVertical(m_area) ? root.m_splitter->height() : root.m_splitter->width();
+    const QList<int> shares = SplitterSizes::sharesFor(room, m_window.extentAlong(m_area), m_area);
+    DockableGroup* inner = moveChildrenDown(root, m_area);
+    {
+        const Rearranging rearranging;
+        root.insertChild(insertIndex(m_area), &m_window);
+    }
+    if (root.isVisible()) {
+        root.applySizes(shares);
+    }
+    // A lone group in a group: without this every newcomer that comes and goes would add one.
+    DockableWindow* lone = inner->childCount() == 1 ? inner->getChild(0) : nullptr;
+    if (lone && lone->windowMode() == DockableWindow::WindowMode::Group) {
+        inner->collapseGroup();
+        return &root;
+    }
+    inner->updateGeometry();
+    m_window.updateGeometry();
+    inner->show();
+    m_window.show();
+    return &root;
+}
+
+/// Moves all children, and how they share the room, into a new group, by trading splitters. That
+/// group becomes the root's only child.
+DockableGroup* DockOperation::moveChildrenDown(DockableGroup& root, DockableArea area)
+{
+    LayoutChange change;
+    const Rearranging rearranging;
+    for (const auto& child : root.childWindows()) {
+        change.note(*child);
+    }
+    auto* inner = new DockableGroup;
+    inner->m_layoutMode = root.m_layoutMode;
+    GroupSplitter* full = root.m_splitter;
+    GroupSplitter* empty = inner->m_splitter;
+    full->disconnect(&root);
+    empty->disconnect(inner);
+    root.m_layout->removeWidget(full);
+    inner->m_layout->removeWidget(empty);
+    inner->m_splitter.clear();
+    root.adoptSplitter(empty);
+    empty->show();
+    root.setLayoutMode(DockableGroup::layoutModeOf(area));
+    root.appendChild(inner); // before its children, so that these stay in this window
+    inner->adoptSplitter(full);
+    full->settleLimits();
+    empty->settleLimits();
+    inner->m_splitterSizes->takeMemoryOf(*root.m_splitterSizes);
+    return inner;
 }
 
 /// The target's place in its group goes to a new group of it and the newcomer.

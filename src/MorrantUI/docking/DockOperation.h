@@ -23,6 +23,8 @@ public:
 private:
     /// A new group for target and newcomer.
     DockableGroup* makeGroup() const;
+    DockableGroup* splitRoot(DockableGroup& root);
+    static DockableGroup* moveChildrenDown(DockableGroup& root, DockableArea area);
     DockableGroup* splitInGroup(DockableGroup& parent);
     DockableGroup* splitFloating();
 

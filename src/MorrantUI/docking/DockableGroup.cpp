@@ -205,6 +205,14 @@ QString DockableGroup::shownTitle()
     return title;
 }
 
+/// A floating group without a text of its own goes by what is in front.
+void DockableGroup::showTitles()
+{
+    if (isFloating() && getText().isEmpty()) {
+        setWindowTitle(shownTitle());
+    }
+}
+
 void DockableGroup::listPanels(QList<DockableWindow*>& panels)
 {
     if (!isVisible() || isClosing()) {
@@ -254,28 +262,7 @@ ui::docking::Limits DockableGroup::limits()
     if (!m_splitter || (childCount() == 0 && Rearranging::active())) {
         return {}; // not known yet
     }
-    const bool upright = m_layoutMode == LayoutMode::Vertical;
-    const QSize beside = minimumSizeHint() - m_splitter->minimumSizeHint(); // border and header
-    ui::docking::Limits all{{0, 0}, {0, 0}};
-    int handles = -1;
-    for (const auto& child : childWindows()) {
-        if (child->isHidden()) {
-            continue;
-        }
-        const ui::docking::Limits one = TreeAccess::limitsOf(*child);
-        const QSize row = all.most + one.most;
-        all.most = all.most.expandedTo(one.most);
-        upright ? all.most.setHeight(row.height()) : all.most.setWidth(row.width());
-        all.stretch = all.stretch.expandedTo(one.stretch);
-        ++handles;
-    }
-    if (handles >= 0) {
-        all.most += beside;
-        const int thickness = handles * m_splitter->handleWidth();
-        all.most += upright ? QSize(0, thickness) : QSize(thickness, 0);
-    }
-    all.most = all.most.boundedTo({QLAYOUTSIZE_MAX, QLAYOUTSIZE_MAX});
-    return all;
+    return m_splitter->limits(minimumSizeHint() - m_splitter->minimumSizeHint());
 }
 
 void DockableGroup::setLimits(const ui::docking::Limits& limits, Qt::Orientations lifted)
@@ -580,13 +567,10 @@ bool DockableGroup::hasAt(DockableWindow& window, DockableArea area)
 
 DockableGroup* DockableGroup::takeIn(DockableWindow& window, DockableArea area)
 {
-    if (takesDirectly(area)) {
-        insertDirectly(window, area);
-    } else if (isMainWindow(*this)) {
-        dockInRoot(window, area);
-    } else {
+    if (!takesDirectly(area)) {
         return nullptr;
     }
+    insertDirectly(window, area);
     return this;
 }
 
@@ -599,61 +583,6 @@ void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
     bringForward(window);
     updateGeometry();
     window.updateGeometry();
-}
-
-/// All children move into a new group, which then lies across the newcomer.
-void DockableGroup::dockInRoot(DockableWindow& window, DockableArea area)
-{
-    const int room = ui::docking::isVertical(area) ? m_splitter->height() : m_splitter->width();
-    const QList<int> shares =
-        ui::docking::SplitterSizes::sharesFor(room, window.extentAlong(area), area);
-    DockableGroup* inner = moveChildrenDown(layoutModeOf(area));
-    {
-        const Rearranging rearranging;
-        insertChild(ui::docking::insertIndex(area), &window);
-    }
-    if (isVisible()) {
-        applySizes(shares);
-    }
-    // A lone group in a group: without this every newcomer that comes and goes would add one.
-    DockableWindow* lone = inner->childCount() == 1 ? inner->getChild(0) : nullptr;
-    if (lone && lone->windowMode() == WindowMode::Group) {
-        inner->collapseGroup();
-        return;
-    }
-    inner->updateGeometry();
-    window.updateGeometry();
-    inner->show();
-    window.show();
-}
-
-/// Moves all children, and how they share the room, into a new group, by trading splitters. That
-/// group becomes this one's only child, which is laid out the other way from now on.
-DockableGroup* DockableGroup::moveChildrenDown(LayoutMode mode)
-{
-    ui::docking::LayoutChange change;
-    const Rearranging rearranging;
-    for (const auto& child : childWindows()) {
-        change.note(*child);
-    }
-    auto* inner = new DockableGroup;
-    inner->m_layoutMode = m_layoutMode;
-    GroupSplitter* full = m_splitter;
-    GroupSplitter* empty = inner->m_splitter;
-    full->disconnect(this);
-    empty->disconnect(inner);
-    m_layout->removeWidget(full);
-    inner->m_layout->removeWidget(empty);
-    inner->m_splitter.clear();
-    adoptSplitter(empty);
-    empty->show();
-    setLayoutMode(mode);
-    appendChild(inner); // before its children, so that these stay in this window
-    inner->adoptSplitter(full);
-    full->settleLimits();
-    m_splitter->settleLimits();
-    inner->m_splitterSizes->takeMemoryOf(*m_splitterSizes);
-    return inner;
 }
 
 std::vector<QPointer<DockableWindow>> DockableGroup::childWindows()

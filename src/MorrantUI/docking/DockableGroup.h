@@ -117,7 +117,7 @@ private:
     /// Where a child floats that is where it was on screen.
     virtual QPoint floatPlaceOf(const DockableWindow& child) const;
     virtual QSize floatSizeOf(const DockableWindow& child) const;
-    virtual void showTitles() {}
+    virtual void showTitles();
     /// Before a child moves to another group.
     virtual void handOver(DockableWindow& child);
     /// Tells the host if another child is active.
@@ -126,8 +126,6 @@ private:
 
     static LayoutMode layoutModeOf(DockableArea area);
     void insertDirectly(DockableWindow& window, DockableArea area);
-    void dockInRoot(DockableWindow& window, DockableArea area);
-    DockableGroup* moveChildrenDown(LayoutMode mode);
     void handChildrenTo(DockableGroup& parent);
     void floatChildren();
     void closeEmptied();

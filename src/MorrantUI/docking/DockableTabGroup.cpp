@@ -32,6 +32,7 @@ DockableTabGroup::DockableTabGroup()
     below->addWidget(m_strip);
     below->addWidget(m_stack, 1);
     m_layout->addLayout(below, 1);
+    m_strip->installEventFilter(&m_dragHandler); // where no tab is
     connect(m_strip, &DockTabStrip::chosen, this, &DockableTabGroup::setActiveIndex);
     connect(m_stack, &QStackedWidget::widgetRemoved, this, &DockableTabGroup::forgetTab);
 }
@@ -325,6 +326,7 @@ QSize DockableTabGroup::floatSizeOf(const DockableWindow& child) const
 /// A tab keeps a text that it was given until the title of its child is another.
 void DockableTabGroup::showTitles()
 {
+    DockableGroup::showTitles();
     for (int i = 0; i < childCount(); ++i) {
         DockableWindow* child = getChild(i);
         QString title = child ? child->shownTitle() : QString();

@@ -18,7 +18,9 @@ class PageStack;
 /// The first child becomes active when it comes, and again whenever a child is taken out; a window
 /// that is docked at the centre becomes active. Only the active child has a say in how large the
 /// group is: the others' size policies are ignored meanwhile, and given back when they leave. A
-/// panel shows no header here, since its tab has the title; dragging the tab tears it out.
+/// panel shows no header here, since its tab has the title; dragging the tab tears it out. Where
+/// the strip has no tab it is the handle of the whole group. A floating group without a text has
+/// the window title of its active child.
 ///
 /// Left and Right walk between tabs, Home and End go to the outermost, while a tab has the keyboard
 /// focus; the Menu key opens the window's menu there.

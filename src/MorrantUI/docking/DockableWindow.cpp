@@ -18,13 +18,10 @@
 #include <MorrantUI/docking/DropIndicatorMain.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/theme/palettes.h>
-#include <MorrantUI/theme/screens.h>
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QScreen>
 
-#include <algorithm>
 #include <utility>
 
 using ui::docking::groupOf;
@@ -419,11 +416,7 @@ void DockableWindow::dropNativeWindow()
             destroy();
         }
     }
-    if (isWindow() && windowState() != Qt::WindowNoState) { // nor is it so when it floats again
-        const QSize usual = normalGeometry().size();
-        overrideWindowState(Qt::WindowNoState);
-        resize(usual.isEmpty() ? size() : usual);
-    }
+    ui::docking::makeUsualSize(*this);
 }
 
 /// undock(false) without showing anything.
@@ -509,13 +502,8 @@ void DockableWindow::floatAgain()
     const QRect place = m_floatPlace;
     const QPointer<DockableWindow> self(this);
     undock(true);
-    const QScreen* screen = getClosestScreenAt(place.center());
-    const QRect room = screen ? screen->availableGeometry() : QRect();
-    if (self && isFloating() && place.isValid() && room.contains(place.center())) {
-        resize(place.size().boundedTo(room.size()));
-        move(
-            std::max(std::min(place.x(), room.x() + room.width() - width()), room.x()),
-            std::max(std::min(place.y(), room.y() + room.height() - height()), room.y()));
+    if (self && isFloating()) {
+        ui::docking::placeOnScreen(*self, place);
     }
 }
 

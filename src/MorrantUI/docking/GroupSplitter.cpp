@@ -69,6 +69,31 @@ void GroupSplitter::give(const QList<int>& sizes)
     fill();
 }
 
+Limits GroupSplitter::limits(QSize beside) const
+{
+    const bool upright = orientation() == Qt::Vertical;
+    Limits all{{0, 0}, {0, 0}};
+    int handles = -1;
+    for (int i = 0; i < count(); ++i) {
+        auto* child = qobject_cast<DockableWindow*>(widget(i));
+        if (!child || child->isHidden()) {
+            continue;
+        }
+        const Limits one = TreeAccess::limitsOf(*child);
+        const QSize row = all.most + one.most;
+        all.most = all.most.expandedTo(one.most);
+        upright ? all.most.setHeight(row.height()) : all.most.setWidth(row.width());
+        all.stretch = all.stretch.expandedTo(one.stretch);
+        ++handles;
+    }
+    if (handles >= 0) {
+        const int thickness = handles * handleWidth();
+        all.most += beside + (upright ? QSize(0, thickness) : QSize(thickness, 0));
+    }
+    all.most = all.most.boundedTo({QLAYOUTSIZE_MAX, QLAYOUTSIZE_MAX});
+    return all;
+}
+
 void GroupSplitter::liftLimits(QWidget& child)
 {
     if (auto* window = qobject_cast<DockableWindow*>(&child)) {

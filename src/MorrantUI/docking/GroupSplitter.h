@@ -25,6 +25,8 @@ public:
     /// Shares the room in these proportions, as far as limits let it.
     void share(const QList<int>& sizes);
 
+    /// Those of the children that are seen together, and of what lies beside the splitter.
+    ui::docking::Limits limits(QSize beside) const;
     /// Before a newcomer comes in: its own limit would shrink all of them for a moment.
     static void liftLimits(QWidget& child);
     /// After children or their limits have changed: they share the room anew.
