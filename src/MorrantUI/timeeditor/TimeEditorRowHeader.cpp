@@ -192,7 +192,7 @@ void TimeEditorRowHeader::paintEvent(QPaintEvent* event)
         }
     }
     painter.setClipping(false);
-    if (m_showsFocus) {
+    if (hasFocus()) {
         ui::drawFocusRing(painter, rect(), 0.0);
     }
 }
@@ -305,18 +305,4 @@ void TimeEditorRowHeader::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Right: fold(false, event->modifiers()); break;
     default: Widget::keyPressEvent(event); break;
     }
-}
-
-void TimeEditorRowHeader::focusInEvent(QFocusEvent* event)
-{
-    const Qt::FocusReason reason = event->reason();
-    m_showsFocus = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
-                   || reason == Qt::ShortcutFocusReason;
-    Widget::focusInEvent(event);
-}
-
-void TimeEditorRowHeader::focusOutEvent(QFocusEvent* event)
-{
-    m_showsFocus = false;
-    Widget::focusOutEvent(event);
 }

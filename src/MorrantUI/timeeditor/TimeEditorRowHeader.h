@@ -73,8 +73,6 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     struct Entry
@@ -96,5 +94,4 @@ private:
     QPointer<TimeEditorView> m_view;
     std::vector<Entry> m_entries; ///< in the order in which they came; rows may have died
     QPointer<TimeEditorBaseItem> m_current;
-    bool m_showsFocus = false; ///< it came by the keyboard
 };

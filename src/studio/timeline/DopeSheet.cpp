@@ -88,10 +88,6 @@ DopeSheet::DopeSheet(Player& player, QWidget* parent)
     m_view->setUtils(m_edits);
     m_ruler->setEditor(m_view);
     m_header->setAccessibleName(tr("Layers and their properties"));
-    for (QGraphicsView* view : std::initializer_list<QGraphicsView*>{m_view, m_ruler}) {
-        view->setAcceptDrops(false); // which scenes would swallow
-        view->viewport()->setAcceptDrops(false);
-    }
     buildMenu();
     buildLayout();
     connectViews();
@@ -154,11 +150,8 @@ void DopeSheet::connectViews()
     connect(m_view, &DopeSheetView::zoomWanted, m_ruler, &TimelineView::zoomAt);
     connect(m_view, &DopeSheetView::gestureEnded, this, &DopeSheet::chooseLayer);
     connect(m_edits, &DopeSheetEdits::dragStarted, &m_player, &Player::pause);
-    connect(m_view->getEditorScene(), &QGraphicsScene::selectionChanged, this, [this] {
-        m_view->getEditorScene()
-            ->update(); // a key that is left would keep the look of a selected one
-        showActions();
-    });
+    connect(
+        m_view->getEditorScene(), &QGraphicsScene::selectionChanged, this, &DopeSheet::showActions);
     const auto keepVisible = [this] {
         if (m_state) {
             const QRectF seen = m_view->getVisibleRect();
@@ -280,7 +273,7 @@ void DopeSheet::addViewCommands()
                  m_view->setShowTransformTool(m_tool->isChecked());
                  m_view->selectionChanged();
              }},
-            {tr("Follow Play&head"), u"timeline"_qs, {}, [this] { showFrame(m_player.frame()); }},
+            {tr("Follow Play&head"), u"loop"_qs, {}, [this] { showFrame(m_player.frame()); }},
             {tr("Open Sou&nd…"), u"audioLayer"_qs, {}, [this] { chooseSound(); }},
             {tr("Remo&ve Sound"),
              {},

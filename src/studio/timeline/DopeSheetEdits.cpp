@@ -116,14 +116,11 @@ void DopeSheetEdits::followClip(int layer, const ClipFrames& from, const ClipFra
     if (!times) {
         return;
     }
-    begin(nameOf(from, to));
-    const auto before = m_clipsBefore.insert({layer, *times}).first; // unless it is there
-    m_clips[layer] = editedTimes(before->second, from, to);
-    std::vector<ClipChange> changes; // several may go along, and tell one by one
-    for (const auto& [each, now] : m_clips) {
-        changes.push_back({each, now});
+    if (!m_isDragging) {
+        m_clipBefore = *times;
     }
-    m_editor->setClips(changes);
+    begin(nameOf(from, to));
+    m_editor->setClips({{layer, editedTimes(m_clipBefore, from, to)}});
 }
 
 void DopeSheetEdits::finish()
@@ -132,8 +129,6 @@ void DopeSheetEdits::finish()
         return;
     }
     m_editor->commit();
-    m_clipsBefore.clear();
-    m_clips.clear();
     m_stale.clear();
     m_rows.refreshLayers(); // also where the document has refused something
     std::vector<KeyAddress> keys;

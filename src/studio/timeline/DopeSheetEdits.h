@@ -5,7 +5,6 @@
 
 #include <QPointer>
 
-#include <map>
 #include <set>
 
 namespace studio {
@@ -66,8 +65,7 @@ private:
     int m_layer = -1;
     bool m_isDragging = false;
     std::vector<std::optional<KeyAddress>> m_places; ///< of the keys that are dragged
-    std::map<int, ClipTimes> m_clipsBefore;          ///< of the layers that are
-    std::map<int, ClipTimes> m_clips;                ///< likewise, as they are now
+    ClipTimes m_clipBefore;                          ///< of the clip that is
     std::set<int> m_stale;                           ///< layers whose rows show what has been
 };
 
