@@ -14,7 +14,6 @@ class AttributePanel;
 class DocumentEditor;
 class DocumentPage;
 class DocumentTabs;
-class DopeSheet;
 class LayerPanel;
 class MissingPanel;
 class NotesPanel;
@@ -75,7 +74,6 @@ public:
     NoticeStack& notices() { return *m_notices; }
     Workspace& workspace() { return *m_workspace; }
     DocumentTabs& documents() { return *m_documents; }
-    DopeSheet& dopeSheet() { return *m_dopeSheet; }
 
     /// Selects a layer by its place in the main composition, -1 for none.
     void selectLayer(int layer);
@@ -116,7 +114,6 @@ private:
     MissingPanel* m_missing;
     NotesPanel* m_notes;
     NoticeStack* m_notices = nullptr; ///< over the central widget
-    DopeSheet* m_dopeSheet;
     TransportBar* m_transport = nullptr;
     QStackedWidget* m_pages;
     QWidget* m_gallery = nullptr; ///< made when first asked for

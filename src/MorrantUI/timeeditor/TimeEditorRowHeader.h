@@ -15,8 +15,8 @@ class TimeEditorView;
 /// What stands beside a row of a time editor.
 struct TimeRowLabel
 {
-    QString text = {};
-    QIcon icon = {};       ///< may be null
+    QString text;
+    QIcon icon;            ///< may be null
     int depth = 0;         ///< levels that the label is indented by
     bool foldable = false; ///< with an arrow before it
     bool folded = false;
