@@ -132,6 +132,7 @@
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
 #include <MorrantUI/timeeditor/TimeEditorLayoutContainer.h>
+#include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 #include <MorrantUI/timeeditor/TimeEditorSoundItem.h>
 #include <MorrantUI/timeeditor/TimeEditorUtils.h>
@@ -139,6 +140,7 @@
 #include <MorrantUI/timeeditor/TranslateScaleTool.h>
 #include <MorrantUI/timeeditor/VisClip.h>
 #include <MorrantUI/timeeditor/clipmoves.h>
+#include <MorrantUI/timeeditor/framefollowing.h>
 #include <MorrantUI/timeeditor/keymoves.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
 #include <MorrantUI/timeline/PlaybackBookend.h>
