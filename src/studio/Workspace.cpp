@@ -70,7 +70,11 @@ void Workspace::reset()
 
 void Workspace::setLayout(const Layout& layout)
 {
-    const Layout wanted = fitted(layout, ids());
+    Layout known = layout; // by a program that had fewer panels
+    for (const QString& id : ids()) {
+        known = withPanel(std::move(known), id, m_default.root);
+    }
+    const Layout wanted = fitted(known, ids());
     buildTree(wanted, *m_root, [this](const QString& id) { return makeWindow(id); });
     if (!isVisible()) {
         m_unshown = wanted;

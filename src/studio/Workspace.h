@@ -48,7 +48,9 @@ public:
     void setDefaultLayout(const Layout& layout);
     void reset();
 
-    /// Replaces the arrangement. Window size, position and state are the main window's affair.
+    /// Replaces the arrangement. Panels that it does not mention, as one of an older program, come
+    /// to their places in the default layout. Window size, position and state are the main window's
+    /// affair.
     void setLayout(const Layout& layout);
     /// What there is, panels that are closed included.
     Layout layout() const;

@@ -176,6 +176,27 @@ private Q_SLOTS:
         }
     }
 
+    void aPanelThatALayoutDoesNotKnowComesToItsPlace()
+    {
+        const LayoutNode a = panel(u"a"_qs);
+        const LayoutNode b = panel(u"b"_qs);
+        const LayoutNode c = panel(u"c"_qs);
+        const LayoutNode n = panel(u"new"_qs);
+        const LayoutNode home = column({row({tabs({a, b}, 0), c}), n});
+        const std::tuple<LayoutNode, const char*, QList<int>> cases[] = {
+            {column({row({a, b, c}), panel(u"x"_qs)}, {100, 20}),
+             "column(row(a b c) new x)",
+             {68, 32, 20}},
+            {row({a, column({b, c})}, {5, 6}), "column(row(a column(b c)) new)", {}},
+            {row({c, tabs({a, panel(u"x"_qs)}, 0)}), "column(row(c tabs(*a x)) new)", {}},
+            {row({n, a}), "row(new a)", {}}};
+        for (const auto& [root, expected, sizes] : cases) {
+            const Layout layout = withPanel(layoutOf(root), u"new"_qs, home);
+            QCOMPARE(text(layout.root), QLatin1String(expected));
+            QCOMPARE(layout.root.sizes, sizes);
+        }
+    }
+
     void windowsAreBroughtBackOntoTheScreen()
     {
         const QRect screen(-100, 50, 800, 600);

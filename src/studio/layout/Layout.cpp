@@ -12,6 +12,8 @@ namespace {
 
 using Kind = LayoutNode::Kind;
 
+constexpr double kNewcomersShare = 0.32; ///< of its neighbour's room
+
 bool hasSizes(Kind kind)
 {
     return kind == Kind::Row || kind == Kind::Column;
@@ -70,6 +72,47 @@ bool findPath(const LayoutNode& node, const QString& panel, std::vector<const La
     return false;
 }
 
+bool mentions(const Layout& layout, const QString& panel)
+{
+    return panelsOf(layout.root).contains(panel) || layout.closed.contains(panel)
+           || std::any_of(
+               layout.floating.begin(), layout.floating.end(), [&panel](const auto& window) {
+                   return panelsOf(window.root).contains(panel);
+               });
+}
+
+/// The nodes from a tree's root down to the smallest one that holds some panels.
+std::vector<LayoutNode*> pathToHolder(LayoutNode& root, const QStringList& panels)
+{
+    std::vector<LayoutNode*> path{&root};
+    for (;;) {
+        auto& children = path.back()->children;
+        const auto holder =
+            std::find_if(children.begin(), children.end(), [&panels](const LayoutNode& child) {
+                const QStringList own = panelsOf(child);
+                return std::all_of(panels.begin(), panels.end(), [&own](const QString& panel) {
+                    return own.contains(panel);
+                });
+            });
+        if (holder == children.end()) {
+            return path;
+        }
+        path.push_back(&*holder);
+    }
+}
+
+/// Adds a panel beside one of a row's children, which gives it a part of its room.
+void insertBeside(LayoutNode& row, std::ptrdiff_t child, bool after, const LayoutNode& panel)
+{
+    if (!row.sizes.isEmpty()) {
+        int& size = row.sizes[child];
+        const int own = static_cast<int>(size * kNewcomersShare);
+        size -= own;
+        row.sizes.insert(child + (after ? 1 : 0), own);
+    }
+    row.children.insert(row.children.begin() + child + (after ? 1 : 0), panel);
+}
+
 } // namespace
 
 QStringList panelsOf(const LayoutNode& node)
@@ -111,6 +154,43 @@ Layout fitted(Layout layout, const QStringList& panels)
         if (missing.contains(panel)) {
             append(layout.root, panel);
         }
+    }
+    return layout;
+}
+
+Layout withPanel(Layout layout, const QString& panel, const LayoutNode& home)
+{
+    if (mentions(layout, panel)) {
+        return layout;
+    }
+    const LayoutNode own{Kind::Panel, panel, {}, 0, {}};
+    const QStringList there = panelsOf(layout.root);
+    for (const Neighbour& place : neighboursOf(home, panel)) {
+        QStringList beside;
+        std::copy_if(
+            place.panels.begin(),
+            place.panels.end(),
+            std::back_inserter(beside),
+            [&there](const QString& other) { return there.contains(other); });
+        if (beside.isEmpty()) {
+            continue;
+        }
+        auto path = pathToHolder(layout.root, beside);
+        while (path.size() > 1 && path[path.size() - 2]->kind == Kind::Tabs) {
+            path.pop_back(); // beside all tabs of a group
+        }
+        LayoutNode& holder = *path.back();
+        LayoutNode* row = path.size() > 1 ? path[path.size() - 2] : nullptr;
+        if (row && row->kind == place.kind) {
+            insertBeside(*row, &holder - row->children.data(), place.isBefore, own);
+        } else {
+            LayoutNode pair{place.kind, {}, {}, 0, {std::move(holder), own}};
+            if (!place.isBefore) {
+                std::swap(pair.children.front(), pair.children.back());
+            }
+            holder = std::move(pair);
+        }
+        return layout;
     }
     return layout;
 }

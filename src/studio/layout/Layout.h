@@ -61,6 +61,10 @@ QStringList panelsOf(const LayoutNode& node);
 /// mention come at the end of the main window. Its root is a row or a column.
 Layout fitted(Layout layout, const QStringList& panels);
 
+/// The layout with a panel that it does not mention, beside its neighbours of another layout; as it
+/// is where those are not in its main window.
+Layout withPanel(Layout layout, const QString& panel, const LayoutNode& home);
+
 /// Where a panel stands among others.
 struct Neighbour
 {
