@@ -36,10 +36,22 @@ void Player::setTrack(FrameRange range, double rate)
 {
     pause();
     m_range = range;
+    m_loop = range;
     m_rate = rate > 0 ? rate : 0;
     m_dropped = 0;
     Q_EMIT trackChanged();
     setFrame(range.first);
+}
+
+void Player::setLoop(FrameRange loop)
+{
+    loop = {m_range.clamped(loop.first), m_range.clamped(loop.last)};
+    if (m_loop != loop && loop.first <= loop.last) {
+        m_loop = loop;
+        if (m_playing) {
+            startClock();
+        }
+    }
 }
 
 void Player::play()
@@ -48,6 +60,9 @@ void Player::play()
         return;
     }
     m_dropped = 0;
+    if (m_loop.clamped(m_frame) != m_frame) {
+        setFrame(m_loop.first);
+    }
     startClock();
     setPlaying(true);
 }
@@ -81,7 +96,7 @@ void Player::step(int frames)
 void Player::startClock()
 {
     m_startTime = m_clock();
-    m_startFrame = m_frame;
+    m_startFrame = m_frame; // counts as the nearest one that is played
     m_passed = 0;
     scheduleNextFrame(0);
 }
@@ -93,7 +108,7 @@ void Player::advance()
     m_dropped += qMax<qint64>(0, passed - m_passed - 1);
     m_passed = passed;
     scheduleNextFrame(elapsed);
-    setFrame(frameAt(elapsed, m_rate, m_range, m_startFrame));
+    setFrame(frameAt(elapsed, m_rate, m_loop, m_startFrame));
 }
 
 void Player::scheduleNextFrame(double elapsed)

@@ -21,11 +21,16 @@ public:
     explicit Player(QObject* parent = nullptr);
     Player(Clock clock, QObject* parent);
 
-    /// Pauses, takes over range and rate and goes to the first frame.
+    /// Pauses, takes over range and rate, plays all of it and goes to the first frame.
     /// @param rate frames a second; a rate that is not above 0 never leaves a frame
     void setTrack(FrameRange range, double rate);
 
+    /// Plays only these of its frames, over and over; frames out of range are held at its ends.
+    /// Playing goes on from where it is, or begins with the first of them.
+    void setLoop(FrameRange loop);
+
     FrameRange range() const { return m_range; }
+    FrameRange loop() const { return m_loop; }
     double rate() const { return m_rate; }
     int frame() const { return m_frame; }
     bool isPlaying() const { return m_playing; }
@@ -55,6 +60,7 @@ private:
     Clock m_clock;
     QTimer m_timer;
     FrameRange m_range;
+    FrameRange m_loop;
     double m_rate = 0;
     int m_frame = 0;
     bool m_playing = false;

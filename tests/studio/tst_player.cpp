@@ -119,6 +119,20 @@ private Q_SLOTS:
         QCOMPARE(rateText(29.9700012207031, german), u"29,97 fps"_qs);
         QCOMPARE(zoomText(0.0666, english), u"6.7 %"_qs);
     }
+
+    void aPartIsPlayedOverAndOver()
+    {
+        DrivenPlayer driven;
+        Player& player = driven.player;
+        player.setLoop({20, 29});
+        player.seek(95);
+        player.play(); // outside: from its beginning
+        driven.passTo(0.9);
+        driven.passTo(1.0);
+        QCOMPARE(driven.shown, (QList<int>{95, 20, 29, 20}));
+        player.setLoop({-5, 300}); // held within the track
+        QCOMPARE(player.loop(), player.range());
+    }
 };
 
 const ui::test::Registration<PlayerTest> kRegistration;
