@@ -47,6 +47,7 @@ void DocumentPage::setDocument(
     m_fingerprint = studio::fingerprint(document->bytes);
     m_notDrawn = document->missing;
     layer = -1;
+    dopeSheet = {};
     m_viewport->setFrame(frameRange(document->inPoint, document->outPoint).first);
     m_editor->setDocument(std::move(document));
     m_viewport->setDocument(m_editor->document());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lottie/Document.h"
+#include "timeline/DopeSheetState.h"
 
 #include <QWidget>
 
@@ -39,6 +40,8 @@ public:
 
     /// The layer to be selected while the page is in front; -1 for none.
     int layer = -1;
+    /// How it is seen over time while the page is in front.
+    DopeSheetState dopeSheet;
     /// What is not drawn: as read, and found while drawing.
     const std::vector<MissingFeature>& notDrawn() const { return m_notDrawn; }
 

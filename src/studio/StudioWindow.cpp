@@ -20,6 +20,7 @@
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
+#include "timeline/DopeSheet.h"
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
@@ -92,12 +93,14 @@ StudioWindow::StudioWindow(QWidget* parent)
     , m_attributes(new AttributePanel(m_documents->current().editor()))
     , m_missing(new MissingPanel)
     , m_notes(new NotesPanel)
+    , m_dopeSheet(new DopeSheet(*m_player))
     , m_pages(new QStackedWidget)
 {
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
     setAcceptDrops(true);
 
     m_menus = new StudioMenus(*this);
+    m_menus->addMenu(*m_dopeSheet->menu());
     m_menus->addMenu(*m_layers->menu());
     m_transport = new TransportBar(*m_player, m_menus->playback(), m_menus->zooms().mid(0, 3));
     addPanels();
@@ -133,6 +136,7 @@ void StudioWindow::addPanels()
     m_workspace->addPanel(u"notes"_qs, m_notes);
     m_workspace->addPanel(u"viewport"_qs, m_documents);
     m_workspace->addPanel(u"attributes"_qs, m_attributes);
+    m_workspace->addPanel(u"dopeSheet"_qs, m_dopeSheet);
     m_workspace->addPanel(u"transport"_qs, m_transport, Workspace::Header::Grip);
 }
 
@@ -158,6 +162,8 @@ void StudioWindow::offerMenus()
     ui::offerContextMenu(
         *m_missing, [this](ContextMenu& menu, QPoint) { m_missing->fillMenu(menu); });
     add(*m_notes, [this](ContextMenu& menu, QPoint) { m_notes->fillMenu(menu); });
+    add(*m_dopeSheet,
+        [this](ContextMenu& menu, QPoint point) { m_dopeSheet->fillMenu(menu, point); });
     add(*m_attributes,
         [this](ContextMenu& menu, QPoint point) { m_attributes->fillMenu(menu, point); });
 }
@@ -172,7 +178,10 @@ void StudioWindow::connectPanels()
     connect(m_layers, &LayerPanel::layerSelected, this, [this](int layer) {
         page().layer = layer;
         m_attributes->setLayer(layer);
+        m_dopeSheet->setLayer(layer);
     });
+    connect(m_dopeSheet, &DopeSheet::layerChosen, this, &StudioWindow::selectLayer);
+    connect(m_dopeSheet, &DopeSheet::failed, this, &StudioWindow::fail);
     connect(m_layers, &LayerPanel::wanted, this, [this] {
         m_workspace->setPanelOpen(u"layers"_qs, true);
     });
@@ -240,6 +249,7 @@ void StudioWindow::showDocument()
     m_notes->setEditor(shown.editor());
     m_player->setTrack(frameRange(document.inPoint, document.outPoint), document.frameRate);
     m_player->seek(frame);
+    m_dopeSheet->setDocument(shown.editor(), shown.dopeSheet);
     m_attributes->setFrame(frame);
     m_transport->setZoom(shown.viewport().mapping().scale);
     selectLayer(layer);
@@ -436,6 +446,7 @@ void StudioWindow::finishEditing()
 {
     m_attributes->finishEditing();
     m_notes->finishEditing();
+    m_dopeSheet->finishEditing();
 }
 
 void StudioWindow::showHistory()

@@ -14,6 +14,7 @@ class AttributePanel;
 class DocumentEditor;
 class DocumentPage;
 class DocumentTabs;
+class DopeSheet;
 class LayerPanel;
 class MissingPanel;
 class NotesPanel;
@@ -74,6 +75,7 @@ public:
     NoticeStack& notices() { return *m_notices; }
     Workspace& workspace() { return *m_workspace; }
     DocumentTabs& documents() { return *m_documents; }
+    DopeSheet& dopeSheet() { return *m_dopeSheet; }
 
     /// Selects a layer by its place in the main composition, -1 for none.
     void selectLayer(int layer);
@@ -114,6 +116,7 @@ private:
     MissingPanel* m_missing;
     NotesPanel* m_notes;
     NoticeStack* m_notices = nullptr; ///< over the central widget
+    DopeSheet* m_dopeSheet;
     TransportBar* m_transport = nullptr;
     QStackedWidget* m_pages;
     QWidget* m_gallery = nullptr; ///< made when first asked for

@@ -238,7 +238,7 @@ private Q_SLOTS:
 
         window.openFile(path); // a file of two tabs would be the last one's
         QVERIFY(!window.saveAs());
-        QVERIFY(window.notice().sentence().endsWith(u"it is open in another tab."_qs));
+        QVERIFY(window.notices().texts().value(0).endsWith(u"it is open in another tab."_qs));
 #ifdef Q_OS_UNIX
         const QString link = folder.filePath(u"link.json"_qs);
         QVERIFY(QFile::link(path, link));
@@ -287,10 +287,10 @@ private Q_SLOTS:
         const QString inFile = path + u"/x.json"_qs;
         for (const QString& bad : {inFile, folder.path(), folder.filePath(u"none/x.json"_qs)}) {
             window.documents().saver().setChoosePath([&bad](const QString&) { return bad; });
-            window.notice().dismiss();
+            window.notices().dismissAll();
             QVERIFY(!window.saveAs());
             const QString start = u"“%1” was not saved: "_qs.arg(QDir::toNativeSeparators(bad));
-            QVERIFY(window.notice().sentence().startsWith(start));
+            QVERIFY(window.notices().texts().value(0).startsWith(start));
             QVERIFY(window.isWindowModified());
             QCOMPARE(window.documents().current().path(), path);
         }

@@ -1,0 +1,477 @@
+#include "timeline/DopeSheet.h"
+
+#include "Player.h"
+#include "commands.h"
+#include "editing/DocumentEditor.h"
+#include "timeline/DopeSheetEdits.h"
+#include "timeline/DopeSheetRows.h"
+#include "timeline/DopeSheetState.h"
+#include "timeline/DopeSheetView.h"
+#include "timeline/soundfile.h"
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/theme/OverrideCursor.h>
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/events.h>
+#include <MorrantUI/theme/icons.h>
+#include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
+#include <MorrantUI/timeeditor/TimeEditorScene.h>
+#include <MorrantUI/timeeditor/framefollowing.h>
+#include <MorrantUI/timeline/TimelineScene.h>
+#include <MorrantUI/timeline/TimelineView.h>
+
+#include <QDir>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QSplitter>
+#include <QToolButton>
+
+#include <cmath>
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+constexpr QSize kUsualSize(900, 260); ///< logical pixels
+constexpr int kHeaderWidth = 220;
+constexpr int kBigNudge = 10; ///< frames
+
+TimelineMarkers markersOf(const Document& document)
+{
+    TimelineMarkers markers;
+    for (const Marker& marker : document.markers) {
+        const auto frame = [](double time) { return static_cast<int>(std::lround(time)); };
+        markers.push_back({0, frame(marker.time), frame(marker.duration), marker.comment, {}});
+    }
+    return markers;
+}
+
+std::pair<double, double> visibleFrames(const GraphicsView& view)
+{
+    const QRectF seen = view.getVisibleRect();
+    return {seen.left(), seen.right()};
+}
+
+QWidget* column(QWidget* top, QWidget* bottom)
+{
+    auto* widget = new QWidget;
+    auto* layout = new QVBoxLayout(widget);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(top);
+    layout->addWidget(bottom, 1);
+    return widget;
+}
+
+} // namespace
+
+QString droppedSound(const QMimeData& data)
+{
+    const QList<QUrl> urls = data.urls();
+    const QString path = urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    return path.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive) ? path : QString();
+}
+
+DopeSheet::DopeSheet(Player& player, QWidget* parent)
+    : Widget(parent)
+    , m_player(player)
+    , m_view(new DopeSheetView)
+    , m_ruler(new TimelineView)
+    , m_header(new TimeEditorRowHeader(m_view))
+    , m_rows(new DopeSheetRows(*m_view, *m_header, this))
+    , m_edits(new DopeSheetEdits(*m_view, *m_rows))
+    , m_menu(new QMenu(tr("&Keys"), this))
+{
+    m_edits->setParent(this);
+    setWindowTitle(tr("Dope Sheet"));
+    setAccessibleName(tr("Dope Sheet"));
+    setAcceptDrops(true);
+    m_view->setup(new TimeEditorScene(m_view, QRect(0, 0, 1, 1)));
+    m_view->setUtils(m_edits);
+    m_ruler->setEditor(m_view);
+    m_header->setAccessibleName(tr("Layers and their properties"));
+    for (QGraphicsView* view : std::initializer_list<QGraphicsView*>{m_view, m_ruler}) {
+        view->setAcceptDrops(false); // which scenes would swallow
+        view->viewport()->setAcceptDrops(false);
+    }
+    buildMenu();
+    buildLayout();
+    connectViews();
+    showActions();
+}
+
+DopeSheet::~DopeSheet()
+{
+    m_view->disconnect(this); // it outlives what is a dope sheet of this object
+    m_view->getEditorScene()->disconnect(this);
+}
+
+void DopeSheet::buildLayout()
+{
+    auto* corner = new QWidget;
+    auto* buttons = new QHBoxLayout(corner);
+    buttons->setContentsMargins(4, 0, 4, 0);
+    buttons->setSpacing(2);
+    for (QAction* action : {m_tool, m_follow}) {
+        auto* button = new QToolButton;
+        button->setDefaultAction(action);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        buttons->addWidget(button);
+    }
+    buttons->addStretch(1);
+    corner->setFixedHeight(m_ruler->minimumSizeHint().height());
+
+    auto* splitter = new QSplitter;
+    splitter->addWidget(column(corner, m_header));
+    splitter->addWidget(column(m_ruler, m_view));
+    splitter->setSizes({kHeaderWidth, kUsualSize.width() - kHeaderWidth});
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+    setFocusProxy(m_view);
+}
+
+void DopeSheet::connectViews()
+{
+    connect(&m_player, &Player::frameChanged, this, &DopeSheet::showFrame);
+    connect(m_ruler, &TimelineView::frameChanged, &m_player, &Player::seek);
+    connect(m_ruler, &TimelineView::scrubbingChanged, &m_player, [this](bool scrubbing) {
+        if (scrubbing) {
+            m_player.pause();
+        }
+    });
+    const TimelineScene* scene = m_ruler->getTimelineScene();
+    connect(scene, &TimelineScene::playbackRangeChanged, this, &DopeSheet::keepLoop);
+    connect(scene, &TimelineScene::markersChanged, this, [this] {
+        if (shownState()) {
+            m_state->markers = m_ruler->getTimelineScene()->markers();
+        }
+    });
+
+    connect(m_view, &DopeSheetView::tapped, &m_player, &Player::toggle);
+    connect(m_view, &DopeSheetView::zoomWanted, m_ruler, &TimelineView::zoomAt);
+    connect(m_view, &DopeSheetView::gestureEnded, this, &DopeSheet::chooseLayer);
+    connect(m_edits, &DopeSheetEdits::dragStarted, &m_player, &Player::pause);
+    connect(m_view->getEditorScene(), &QGraphicsScene::selectionChanged, this, [this] {
+        m_view->getEditorScene()
+            ->update(); // a key that is left would keep the look of a selected one
+        showActions();
+    });
+    const auto keepVisible = [this] {
+        if (shownState()) {
+            m_state->visible = visibleFrames(*m_view);
+        }
+    };
+    connect(m_view, &TimeEditorView::scaleChanged, this, keepVisible);
+    connect(m_view, &TimeEditorView::rescale, this, keepVisible);
+    ui::installEventFilter(
+        m_view->viewport(),
+        [this](QObject*, QEvent* event) {
+            if (event->type() == QEvent::Resize) {
+                fitUnlessZoomed();
+            }
+            return false;
+        },
+        this);
+
+    connect(
+        m_header,
+        &TimeEditorRowHeader::foldRequested,
+        this,
+        [this](TimeEditorBaseItem* row, bool folded, bool all) {
+            finishEditing();
+            m_rows->setFolded(row, folded, all);
+        });
+    connect(
+        m_header, &TimeEditorRowHeader::currentRowChosen, this, [this](TimeEditorBaseItem* row) {
+            if (m_rows->layerOf(row) >= 0) {
+                Q_EMIT layerChosen(m_rows->layerOf(row));
+            }
+        });
+}
+
+void DopeSheet::buildMenu()
+{
+    addKeyCommands();
+    m_menu->addSeparator();
+    addSelectionCommands();
+    m_menu->addSeparator();
+    addViewCommands();
+    for (QAction* action : m_menu->actions()) {
+        // Keys as short as these are the panel's alone.
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        addAction(action);
+    }
+}
+
+void DopeSheet::addKeyCommands()
+{
+    const auto edit = [this](void (DopeSheetEdits::*operation)()) {
+        return [this, operation] { (m_edits->*operation)(); };
+    };
+    const auto nudge = [this](int frames) { return [this, frames] { m_edits->nudge(frames); }; };
+    constexpr auto kFar = Qt::ALT | Qt::SHIFT;
+    m_keyActions = addCommands(
+        *m_menu,
+        {
+            {tr("Cu&t"), u"cut"_qs, {QKeySequence::Cut}, edit(&DopeSheetEdits::onCutKeyframes)},
+            {tr("&Copy"), u"copy"_qs, {QKeySequence::Copy}, edit(&DopeSheetEdits::onCopyKeyframes)},
+        });
+    addCommands(
+        *m_menu,
+        {{tr("&Paste"),
+          u"paste"_qs,
+          {QKeySequence::Paste},
+          edit(&DopeSheetEdits::onPasteKeyframes)}});
+    m_keyActions += addCommands(
+        *m_menu,
+        {
+            {tr("D&uplicate"), {}, {Qt::CTRL | Qt::Key_D}, edit(&DopeSheetEdits::duplicate)},
+            {tr("&Delete"),
+             u"delete"_qs,
+             {QKeySequence::Delete},
+             [this] { m_edits->onDeleteKeyframes({}); }},
+            {tr("Nudge &Left"), {}, {Qt::ALT | Qt::Key_Left}, nudge(-1)},
+            {tr("Nudge &Right"), {}, {Qt::ALT | Qt::Key_Right}, nudge(1)},
+            {tr("Nudge Left by Ten"), {}, {kFar | Qt::Key_Left}, nudge(-kBigNudge)},
+            {tr("Nudge Right by Ten"), {}, {kFar | Qt::Key_Right}, nudge(kBigNudge)},
+        });
+    addCommands(
+        *m_menu,
+        {
+            {tr("Trim &Start to Playhead"),
+             {},
+             {Qt::ALT | Qt::Key_BracketLeft},
+             [this] { m_edits->trim(true); }},
+            {tr("Trim &End to Playhead"),
+             {},
+             {Qt::ALT | Qt::Key_BracketRight},
+             [this] { m_edits->trim(false); }},
+        });
+}
+
+void DopeSheet::addSelectionCommands()
+{
+    addCommands(
+        *m_menu,
+        {
+            {tr("Select &All Keys"),
+             {},
+             {QKeySequence::SelectAll},
+             [this] { m_edits->selectAll(); }},
+            {tr("Select C&olumn"), {}, {Qt::Key_K}, [this] { m_edits->selectColumn(); }},
+            {tr("Select up to Playhead"),
+             {},
+             {Qt::Key_BracketLeft},
+             [this] { m_edits->selectUpTo(m_player.frame()); }},
+            {tr("Select from Playhead"),
+             {},
+             {Qt::Key_BracketRight},
+             [this] { m_edits->selectFrom(m_player.frame()); }},
+        });
+}
+
+void DopeSheet::addViewCommands()
+{
+    const auto actions = addCommands(
+        *m_menu,
+        {
+            {tr("Trans&form Tool"),
+             u"fit"_qs,
+             {Qt::Key_T},
+             [this] {
+                 m_view->setShowTransformTool(m_tool->isChecked());
+                 m_view->selectionChanged();
+             }},
+            {tr("Follow Play&head"), u"timeline"_qs, {}, [this] { showFrame(m_player.frame()); }},
+            {tr("Open Sou&nd…"), u"audioLayer"_qs, {}, [this] { chooseSound(); }},
+            {tr("Remo&ve Sound"),
+             {},
+             {},
+             [this] {
+                 m_state->sound.reset();
+                 m_rows->refreshSound();
+                 showActions();
+             }},
+        });
+    m_tool = actions.at(0);
+    m_follow = actions.at(1);
+    m_removeSound = actions.at(3);
+    m_tool->setCheckable(true);
+    m_follow->setCheckable(true);
+    m_follow->setChecked(true);
+}
+
+void DopeSheet::setDocument(DocumentEditor& editor, DopeSheetState& state)
+{
+    finishEditing();
+    if (shownState() && m_state->visible) {
+        m_state->visible = visibleFrames(*m_view); // it may have been scrolled
+    }
+    m_state = nullptr; // until all is in place
+    m_editor = &editor;
+    m_edits->setEditor(editor);
+    m_rows->setDocument(editor, state);
+    const Document* document = editor.document().get();
+    if (document && !state.isShown) {
+        state.isShown = true;
+        state.markers = markersOf(*document);
+    }
+    const FrameRange track = m_player.range();
+    m_ruler->setFrameRange(track.first, track.last);
+    m_ruler->getTimelineScene()->setFramesPerSecond(m_player.rate());
+    m_view->getEditorScene()->setFps(static_cast<float>(m_player.rate()));
+    m_ruler->getTimelineScene()->setMarkers(state.markers);
+    const FrameRange loop = state.loop.value_or(track);
+    m_ruler->setPlaybackRange(loop.first, loop.last);
+    m_state = &state;
+    keepLoop();
+    if (state.visible) {
+        const auto [left, right] = *state.visible;
+        m_view->fitRect({left, 0, right - left, 1});
+    }
+    fitUnlessZoomed();
+    showFrame(m_player.frame());
+    showActions();
+}
+
+void DopeSheet::setLayer(int layer)
+{
+    m_layer = layer;
+    m_edits->setLayer(layer);
+    if (layer < 0 || m_rows->layerOf(m_header->currentRow()) != layer) {
+        TimeEditorBaseItem* row = m_rows->rowOfLayer(layer);
+        m_header->setCurrentRow(row);
+        m_header->showRow(row);
+    }
+}
+
+void DopeSheet::finishEditing()
+{
+    m_ruler->finishGesture();
+    m_view->finishGesture();
+}
+
+/// The layer whose keys or clip the mouse has just taken up.
+void DopeSheet::chooseLayer()
+{
+    const auto layers = m_rows->selectedLayers();
+    if (layers.size() == 1 && layers.front() != m_layer) {
+        Q_EMIT layerChosen(layers.front());
+    }
+}
+
+void DopeSheet::keepLoop()
+{
+    if (!shownState()) {
+        return;
+    }
+    const TimelineScene& scene = *m_ruler->getTimelineScene();
+    const FrameRange loop{scene.getPlaybackStartFrame(), scene.getPlaybackEndFrame()};
+    m_state->loop = loop;
+    m_player.setLoop(loop);
+    m_view->setBackgroundRegion(loop.first, loop.last);
+}
+
+void DopeSheet::showFrame(int frame)
+{
+    m_ruler->setCurrentFrame(frame);
+    m_view->setCurrentFrame(frame);
+    if (m_follow->isChecked() && !m_ruler->isScrubbing()) {
+        ui::followFrame(m_view, frame);
+    }
+}
+
+void DopeSheet::showActions()
+{
+    const bool hasKeys = !m_view->getEditorScene()->selectedItems().isEmpty();
+    for (QAction* action : std::as_const(m_keyActions)) {
+        action->setEnabled(hasKeys);
+    }
+    m_removeSound->setEnabled(shownState() && m_state->sound);
+}
+
+void DopeSheet::fitUnlessZoomed()
+{
+    if (shownState() && !m_state->visible) {
+        m_ruler->fitFrameRange();
+    }
+}
+
+void DopeSheet::chooseSound()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open Sound"), {}, tr("WAV sounds (*.wav);;All files (*)"));
+    if (!path.isEmpty()) {
+        openSound(path);
+    }
+}
+
+void DopeSheet::openSound(const QString& path)
+{
+    const ui::OverrideCursor busy(Qt::WaitCursor);
+    if (!shownState()) {
+        return;
+    }
+    SoundResult result = readSoundFile(path);
+    if (!result.sound) {
+        Q_EMIT failed(tr("The sound “%1” cannot be used: %2.")
+                          .arg(QDir::toNativeSeparators(path), result.error));
+        return;
+    }
+    m_state->sound = std::move(result.sound);
+    m_rows->refreshSound();
+    showActions();
+}
+
+void DopeSheet::fillMenu(ContextMenu& menu, QPoint point)
+{
+    const QPoint place(0, m_header->mapFrom(this, point).y());
+    if (const PropertyAddress* address = m_rows->addressOf(m_header->rowAt(place))) {
+        menu.addAction(
+            ui::getCachedIcon(u"icons:keyframeAdd.png"_qs),
+            tr("Add &Key at Playhead"),
+            this,
+            [this, property = *address] { m_edits->addKey(property); });
+        menu.addSeparator();
+    }
+    menu.addActions(m_menu->actions());
+}
+
+QSize DopeSheet::sizeHint() const
+{
+    return kUsualSize;
+}
+
+void DopeSheet::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), ui::colorQt(QStringLiteral("Window")));
+}
+
+void DopeSheet::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (droppedSound(*event->mimeData()).isEmpty()) {
+        event->ignore(); // the window may take it
+    } else {
+        event->setDropAction(Qt::CopyAction); // whoever offers to move a file must not delete it
+        event->accept();
+    }
+}
+
+void DopeSheet::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    openSound(droppedSound(*event->mimeData()));
+}
+
+} // namespace studio

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "playback.h"
+#include "timeline/doperows.h"
+#include <MorrantUI/timeline/markers.h>
+
+#include <memory>
+#include <optional>
+
+namespace studio {
+
+struct Sound;
+
+/// How the user sees a document in the dope sheet. No part of the document: nothing of it is undone
+/// or saved.
+struct DopeSheetState
+{
+    std::optional<FoldedLayers> folded; ///< none before the document was first shown
+    bool isShown = false;               ///< whether it was shown before
+    std::optional<FrameRange> loop;     ///< what is played; none for all of it
+    TimelineMarkers markers;
+    std::shared_ptr<const Sound> sound; ///< null for none
+    std::optional<std::pair<double, double>>
+        visible; ///< frames from edge to edge; none to fit them
+};
+
+} // namespace studio

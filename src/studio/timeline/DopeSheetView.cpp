@@ -1,0 +1,131 @@
+#include "timeline/DopeSheetView.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+constexpr double kZoomStep = 1.25; ///< a notch of the wheel, or a key
+constexpr double kNotch = 120.0;   ///< eighths of a degree
+
+/// Keys that belong to the sheet while it has the focus, although the window's menus have them too.
+bool isOwnKey(const QKeyEvent& event)
+{
+    const bool isPlain = !(event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+    switch (event.key()) {
+    case Qt::Key_Space:
+    case Qt::Key_F:
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+    case Qt::Key_Minus:
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace: return isPlain;
+    case Qt::Key_C:
+    case Qt::Key_X:
+    case Qt::Key_V: return event.modifiers() == Qt::ControlModifier;
+    case Qt::Key_Escape: return QGuiApplication::mouseButtons() != Qt::NoButton;
+    default: return false;
+    }
+}
+
+} // namespace
+
+DopeSheetView::DopeSheetView(QWidget* parent)
+    : TimeEditorView(parent)
+{
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // always: the ruler's width must not change
+    setContextMenuPolicy(Qt::NoContextMenu);           // the panel's is the one to open
+    setAccessibleName(tr("Keys over frames"));
+}
+
+void DopeSheetView::abandonGesture()
+{
+    m_isTap = false;
+    m_panned.reset();
+    TimeEditorView::abandonGesture();
+    Q_EMIT gestureEnded();
+}
+
+bool DopeSheetView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isOwnKey(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return TimeEditorView::event(event);
+}
+
+void DopeSheetView::mousePressEvent(QMouseEvent* event)
+{
+    m_isTap = false;
+    if (event->button() == Qt::MiddleButton && event->buttons() == Qt::MiddleButton) {
+        m_panned = event->position().toPoint();
+        return;
+    }
+    TimeEditorView::mousePressEvent(event);
+}
+
+void DopeSheetView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (m_panned && event->buttons().testFlag(Qt::MiddleButton)) {
+        const QPoint now = event->position().toPoint();
+        const QPoint step = now - *std::exchange(m_panned, now);
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - step.x());
+        verticalScrollBar()->setValue(verticalScrollBar()->value() - step.y());
+        return;
+    }
+    TimeEditorView::mouseMoveEvent(event);
+}
+
+void DopeSheetView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::MiddleButton) {
+        m_panned.reset();
+        return;
+    }
+    TimeEditorView::mouseReleaseEvent(event);
+    Q_EMIT gestureEnded();
+}
+
+void DopeSheetView::wheelEvent(QWheelEvent* event)
+{
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        TimeEditorView::wheelEvent(event);
+        return;
+    }
+    const double notches = event->angleDelta().y() / kNotch;
+    Q_EMIT zoomWanted(std::pow(kZoomStep, notches), event->position().toPoint().x());
+    event->accept();
+}
+
+void DopeSheetView::keyPressEvent(QKeyEvent* event)
+{
+    m_isTap = event->key() == Qt::Key_Space && (m_isTap || !event->isAutoRepeat());
+    const int playhead = mapFromScene(frameNumber(), 0.0).x();
+    switch (event->key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: Q_EMIT zoomWanted(kZoomStep, playhead); return;
+    case Qt::Key_Minus: Q_EMIT zoomWanted(1.0 / kZoomStep, playhead); return;
+    default: TimeEditorView::keyPressEvent(event); break;
+    }
+}
+
+void DopeSheetView::keyReleaseEvent(QKeyEvent* event)
+{
+    const bool isTap =
+        event->key() == Qt::Key_Space && !event->isAutoRepeat() && std::exchange(m_isTap, false);
+    TimeEditorView::keyReleaseEvent(event);
+    if (isTap) {
+        Q_EMIT tapped();
+    }
+}
+
+} // namespace studio

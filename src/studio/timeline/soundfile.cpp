@@ -1,0 +1,217 @@
+#include "timeline/soundfile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+constexpr int kPcm = 1; ///< format tags
+constexpr int kFloat = 3;
+constexpr int kExtensible = 0xFFFE;
+constexpr qint64 kFormatBytes = 16;     ///< of the least "fmt " chunk
+constexpr qint64 kExtensibleBytes = 40; ///< of one with a format behind it
+constexpr int kSubFormat = 24;          ///< where that begins; the tag are its first two bytes
+constexpr qint64 kFramesAtOnce = 16384;
+constexpr int kMostChunks = 1000; ///< before the sound
+
+/// What follows the tag in the names of all formats that have one.
+constexpr std::array<unsigned char, 14> kSubFormatTail = {
+    0x00, 0x00, 0x00, 0x00, 0x10, 0x00, 0x80, 0x00, 0x00, 0xaa, 0x00, 0x38, 0x9b, 0x71};
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("studio::Sound", text);
+}
+
+struct Format
+{
+    int tag = 0;
+    int channels = 0;
+    int bits = 0; ///< of a sample
+    quint32 rate = 0;
+
+    int sampleBytes() const { return bits / 8; }
+    int frameBytes() const { return sampleBytes() * channels; }
+};
+
+template <typename Number>
+Number at(const QByteArray& bytes, int offset)
+{
+    return qFromLittleEndian<Number>(bytes.constData() + offset);
+}
+
+/// @return what is wrong with a format; empty for one that can be read
+QString complaint(const Format& format, int blockAlign)
+{
+    const bool isPcm =
+        format.tag == kPcm
+        && (format.bits == 8 || format.bits == 16 || format.bits == 24 || format.bits == 32);
+    const bool isFloat = format.tag == kFloat && (format.bits == 32 || format.bits == 64);
+    if (!isPcm && !isFloat) {
+        return tr("its samples are neither PCM nor floating point numbers");
+    }
+    if (format.channels < 1 || format.channels > kMostChannels) {
+        return tr("it has %1 channels").arg(format.channels);
+    }
+    if (format.rate < 1 || format.rate > kMostSampleRate) {
+        return tr("it has %1 samples a second").arg(format.rate);
+    }
+    return blockAlign == format.frameBytes() ? QString() : tr("its format contradicts itself");
+}
+
+/// One sample, -1 to 1 for whole numbers.
+float sampleAt(const char* bytes, const Format& format)
+{
+    constexpr float kScale = 1.0F / 2147483648.0F; // of 32 bits
+    if (format.tag == kFloat) {
+        return format.bits == 32 ? qFromLittleEndian<float>(bytes)
+                                 : static_cast<float>(qFromLittleEndian<double>(bytes));
+    }
+    if (format.bits == 8) {
+        return (static_cast<float>(static_cast<unsigned char>(*bytes)) - 128.0F) / 128.0F;
+    }
+    std::array<char, 4> widened{}; // the sample's bytes are the highest
+    const auto size = static_cast<std::size_t>(format.sampleBytes());
+    std::memcpy(widened.data() + widened.size() - size, bytes, size);
+    return static_cast<float>(qFromLittleEndian<qint32>(widened.data())) * kScale;
+}
+
+class WavReader
+{
+public:
+    explicit WavReader(QIODevice& device)
+        : m_device(device)
+    {}
+
+    WavResult read()
+    {
+        const QByteArray head = m_device.read(12);
+        if (head.size() < 12 || !head.startsWith("RIFF") || head.mid(8) != "WAVE") {
+            return refused(tr("it is no WAV file"));
+        }
+        for (int chunks = 0; chunks < kMostChunks; ++chunks) {
+            const QByteArray chunk = m_device.read(8);
+            if (chunk.size() < 8) {
+                break;
+            }
+            const auto size = qint64(at<quint32>(chunk, 4));
+            if (chunk.startsWith("fmt ")) {
+                const QString error = readFormat(size);
+                if (!error.isEmpty()) {
+                    return refused(error);
+                }
+            } else if (chunk.startsWith("data")) {
+                return readSamples(size);
+            } else {
+                skip(size + size % 2);
+            }
+        }
+        return refused(tr("it holds no sound"));
+    }
+
+private:
+    static WavResult refused(const QString& error) { return {{}, 0, error}; }
+
+    void skip(qint64 bytes)
+    {
+        m_device.skip(bytes); // at the end of the file the next chunk is missing
+    }
+
+    QString readFormat(qint64 size)
+    {
+        const QByteArray bytes = m_device.read(std::min(size, kExtensibleBytes));
+        if (bytes.size() < kFormatBytes) {
+            return tr("its format is incomplete");
+        }
+        Format format{
+            at<quint16>(bytes, 0),
+            at<quint16>(bytes, 2),
+            at<quint16>(bytes, 14),
+            at<quint32>(bytes, 4)};
+        if (format.tag == kExtensible && bytes.size() >= kExtensibleBytes
+            && std::memcmp(
+                   bytes.constData() + kSubFormat + 2, kSubFormatTail.data(), kSubFormatTail.size())
+                   == 0)
+        {
+            format.tag = at<quint16>(bytes, kSubFormat);
+        }
+        skip(size + size % 2 - bytes.size());
+        m_format = format;
+        return complaint(format, at<quint16>(bytes, 12));
+    }
+
+    WavResult readSamples(qint64 size)
+    {
+        if (!m_format) {
+            return refused(tr("its format comes too late"));
+        }
+        // What is written while it is recorded has a size that means nothing.
+        const qint64 there = m_device.isSequential() ? size : m_device.size() - m_device.pos();
+        const qint64 frames = std::min(size, there) / m_format->frameBytes();
+        if (frames > kMostSamples) {
+            return refused(tr("it is too long"));
+        }
+        WavResult result{{}, static_cast<double>(m_format->rate), {}};
+        result.samples.reserve(static_cast<std::size_t>(std::max<qint64>(0, frames)));
+        for (qint64 left = frames; left > 0;) {
+            const qint64 wanted = std::min(left, kFramesAtOnce);
+            const QByteArray block = m_device.read(wanted * m_format->frameBytes());
+            const qint64 got = block.size() / m_format->frameBytes();
+            mix(block, got, result.samples);
+            left = got == wanted ? left - got : 0;
+        }
+        return result.samples.empty() ? refused(tr("it holds no sound")) : std::move(result);
+    }
+
+    void mix(const QByteArray& block, qint64 frames, std::vector<float>& samples) const
+    {
+        const char* bytes = block.constData();
+        for (qint64 i = 0; i < frames; ++i) {
+            float sum = 0.0F;
+            for (int channel = 0; channel < m_format->channels; ++channel) {
+                sum += sampleAt(bytes, *m_format);
+                bytes += m_format->sampleBytes();
+            }
+            samples.push_back(sum / static_cast<float>(m_format->channels));
+        }
+    }
+
+    QIODevice& m_device;
+    std::optional<Format> m_format;
+};
+
+} // namespace
+
+WavResult readWav(QIODevice& device)
+{
+    return WavReader(device).read();
+}
+
+SoundResult readSoundFile(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        return {nullptr, tr("it cannot be opened")};
+    }
+    WavResult wav = readWav(file);
+    if (!wav.error.isEmpty()) {
+        return {nullptr, wav.error};
+    }
+    auto peaks = std::make_shared<const ui::SoundPeaks>(std::move(wav.samples));
+    return {
+        std::make_shared<const Sound>(
+            Sound{QFileInfo(path).completeBaseName(), wav.rate, std::move(peaks)}),
+        {}};
+}
+
+} // namespace studio

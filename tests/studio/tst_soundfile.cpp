@@ -1,0 +1,129 @@
+#include "support/TestCase.h"
+#include "timeline/soundfile.h"
+
+#include <QBuffer>
+#include <QtEndian>
+
+#include <cmath>
+
+using namespace studio;
+
+namespace {
+
+template <typename Number>
+QByteArray bytesOf(std::initializer_list<Number> numbers)
+{
+    QByteArray bytes;
+    for (const Number number : numbers) {
+        const Number little = qToLittleEndian(number);
+        bytes.append(reinterpret_cast<const char*>(&little), sizeof little);
+    }
+    return bytes;
+}
+
+QByteArray chunk(const char* name, const QByteArray& content)
+{
+    const QByteArray size = bytesOf<quint32>({quint32(content.size())});
+    return name + size + content + QByteArray(content.size() % 2, '\0');
+}
+
+QByteArray format(quint16 tag, quint16 channels, quint16 bits, quint32 rate = 8000)
+{
+    const auto align = quint16(channels * bits / 8);
+    return bytesOf<quint16>({tag, channels}) + bytesOf<quint32>({rate, rate * align})
+           + bytesOf<quint16>({align, bits});
+}
+
+QByteArray extensible(const QByteArray& plain, quint16 tag, char last = '\x71')
+{
+    QByteArray wide = bytesOf<quint16>({0xFFFE}) + plain.mid(2) + bytesOf<quint16>({22, 24});
+    return wide + bytesOf<quint32>({4}) + bytesOf<quint16>({tag})
+           + QByteArray("\0\0\0\0\x10\0\x80\0\0\xaa\0\x38\x9b", 13) + last;
+}
+
+QByteArray wav(const QByteArray& format, const QByteArray& data)
+{
+    const QByteArray chunks = chunk("LIST", "odd") + chunk("fmt ", format) + chunk("data", data);
+    return "RIFF" + bytesOf<quint32>({quint32(chunks.size() + 4)}) + "WAVE" + chunks;
+}
+
+WavResult readBytes(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return readWav(buffer);
+}
+
+} // namespace
+
+class SoundFileTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyFormatIsReadAsOneChannel()
+    {
+        const QByteArray wide = bytesOf<qint16>({-32768, 0, 16384, 0});
+        const auto floats = bytesOf<float>({-1.0F, 0.5F});
+        const std::pair<QByteArray, std::vector<float>> cases[] = {
+            {wav(format(1, 1, 8), QByteArray("\x00\x80\xc0", 3)), {-1.0F, 0.0F, 0.5F}},
+            {wav(format(1, 1, 16), wide), {-1.0F, 0.0F, 0.5F, 0.0F}},
+            {wav(format(1, 2, 16), wide), {-0.5F, 0.25F}},
+            {wav(format(1, 1, 24), QByteArray("\0\0\x80\0\0\x40", 6)), {-1.0F, 0.5F}},
+            {wav(format(1, 1, 32), bytesOf<qint32>({-2147483647 - 1, 1 << 30})), {-1.0F, 0.5F}},
+            {wav(format(3, 1, 32), floats), {-1.0F, 0.5F}},
+            {wav(format(3, 2, 64), bytesOf<double>({1.0, 0.0})), {0.5F}},
+            {wav(extensible(format(1, 2, 16), 1), wide), {-0.5F, 0.25F}},
+            {wav(extensible(format(3, 1, 32), 3), floats), {-1.0F, 0.5F}},
+            {wav(format(1, 1, 16), wide).chopped(3), {-1.0F, 0.0F}}}; // cut off in a sample
+        for (const auto& [bytes, samples] : cases) {
+            const WavResult result = readBytes(bytes);
+            QCOMPARE(result.error, QString());
+            QVERIFY(result.samples == samples);
+            QCOMPARE(result.rate, 8000.0);
+        }
+    }
+
+    void whatIsDamagedIsRefusedInASentence()
+    {
+        const QByteArray good = wav(format(1, 1, 16), bytesOf<qint16>({1, 2}));
+        const QByteArray endless = wav(format(1, 1, 16), {}).chopped(4) + "\xff\xff\xff\xff";
+        std::vector<QByteArray> cases = {
+            {},
+            good.left(40),
+            endless,
+            wav(extensible(format(1, 1, 16), 1, 'x'), "ab"),
+            "RIFF\1\0\0\0WAVE" + QByteArray(64 << 10, '\0')};
+        for (const char* name : {"WAVE", "data", "fmt "}) {
+            cases.push_back(QByteArray(good).replace(name, "what"));
+        }
+        const std::tuple<int, int, int, quint32> formats[] = {
+            {2, 1, 16, 1},
+            {1, 0, 16, 1},
+            {1, 99, 16, 1},
+            {1, 1, 12, 1},
+            {3, 1, 16, 1},
+            {1, 1, 16, 0},
+            {1, 1, 16, 4'000'000'000}};
+        for (const auto& [tag, channels, bits, rate] : formats) {
+            const auto bad = format(quint16(tag), quint16(channels), quint16(bits), rate);
+            cases.push_back(wav(bad, "abcd"));
+        }
+        for (const QByteArray& bytes : cases) {
+            const WavResult result = readBytes(bytes);
+            QVERIFY2(!result.error.isEmpty() && result.samples.empty(), bytes.left(64).toHex());
+        }
+        // Whatever a byte says: nothing but samples that are there.
+        for (int i = 0; i < good.size(); ++i) {
+            for (const char byte : {'\x00', '\x01', '\x7f', '\xff'}) {
+                QByteArray bytes = good;
+                bytes[i] = byte;
+                QVERIFY(readBytes(bytes).samples.size() <= 4);
+            }
+        }
+    }
+};
+
+const ui::test::Registration<SoundFileTest> kRegistration;
+
+#include "tst_soundfile.moc"
