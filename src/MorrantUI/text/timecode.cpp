@@ -1,9 +1,11 @@
 #include "MorrantUI/text/timecode.h"
 
+#include "MorrantUI/text/wholerate.h"
+
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 
 namespace ui {
@@ -17,16 +19,6 @@ constexpr std::size_t kMostFields = 4;
 
 /// More than any frame, and far from where sums of fields in 64 bits would overflow.
 constexpr std::int64_t kMostCounted = std::int64_t(1) << 32;
-
-/// Frames in a second; none for what is not a rate.
-std::optional<std::int64_t> wholeRate(double framesPerSecond)
-{
-    if (!std::isfinite(framesPerSecond) || framesPerSecond <= 0.0) {
-        return std::nullopt;
-    }
-    const double most = std::numeric_limits<int>::max();
-    return static_cast<std::int64_t>(std::clamp(std::round(framesPerSecond), 1.0, most));
-}
 
 QString padded(std::int64_t number, qsizetype digits)
 {
@@ -89,29 +81,29 @@ std::int64_t carried(std::int64_t a, std::int64_t factor, std::int64_t b)
 
 QString timeCode(int frame, double framesPerSecond)
 {
-    const auto rate = wholeRate(framesPerSecond);
-    if (!rate) {
+    const std::int64_t rate = wholeRate(framesPerSecond);
+    if (rate == 0) {
         return {};
     }
     const std::int64_t frames = std::abs(std::int64_t(frame));
-    const std::int64_t seconds = frames / *rate;
+    const std::int64_t seconds = frames / rate;
     const std::int64_t minutes = seconds / kSecondsInMinute;
     const qsizetype frameDigits =
-        std::max<qsizetype>(kFieldDigits, QString::number(*rate - 1).size());
+        std::max<qsizetype>(kFieldDigits, QString::number(rate - 1).size());
     return QStringLiteral("%1%2:%3:%4:%5")
         .arg(
             frame < 0 ? QStringLiteral("-") : QString(),
             padded(minutes / kMinutesInHour, kFieldDigits),
             padded(minutes % kMinutesInHour, kFieldDigits),
             padded(seconds % kSecondsInMinute, kFieldDigits),
-            padded(frames % *rate, frameDigits));
+            padded(frames % rate, frameDigits));
 }
 
 std::optional<int> framesFromTimeCode(const QString& text, double framesPerSecond)
 {
-    const auto rate = wholeRate(framesPerSecond);
+    const std::int64_t rate = wholeRate(framesPerSecond);
     const QList<uint> characters = text.trimmed().toUcs4();
-    if (!rate || characters.isEmpty()) {
+    if (rate == 0 || characters.isEmpty()) {
         return std::nullopt;
     }
     const bool isNegative = isMinus(characters.first());
@@ -121,7 +113,7 @@ std::optional<int> framesFromTimeCode(const QString& text, double framesPerSecon
     }
     const auto& [hours, minutes, seconds, frames] = *fields;
     const std::int64_t total = carried(
-        carried(carried(hours, kMinutesInHour, minutes), kSecondsInMinute, seconds), *rate, frames);
+        carried(carried(hours, kMinutesInHour, minutes), kSecondsInMinute, seconds), rate, frames);
     constexpr std::int64_t kLeast = std::numeric_limits<int>::min();
     constexpr std::int64_t kMost = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(isNegative ? -total : total, kLeast, kMost));

@@ -1,6 +1,7 @@
 #include "MorrantUI/timeline/rulerpaint.h"
 
 #include "MorrantUI/theme/style/pixelgrid.h"
+#include "MorrantUI/theme/style/shades.h"
 #include "MorrantUI/theme/style/shapes.h"
 #include "MorrantUI/timeline/playbackrange.h"
 #include <MorrantUI/text/timecode.h>
@@ -20,6 +21,7 @@ namespace {
 
 using style::PainterState;
 using style::PixelGrid;
+using style::translucent;
 
 constexpr double kFontShare = 0.85; ///< of the widget's font
 constexpr double kLabelTick = 8.0;  ///< pixels high
@@ -42,12 +44,6 @@ constexpr double kFlagPoint = 4.0; ///< of the height
 QColor named(const char* name)
 {
     return colorQt(QString::fromLatin1(name));
-}
-
-QColor faded(QColor color, double strength)
-{
-    color.setAlphaF(static_cast<float>(color.alphaF() * strength));
-    return color;
 }
 
 /// Dark or light text, whichever can be read on a ground of any colour.
@@ -131,7 +127,7 @@ void paintTicks(QPainter& painter, const RulerPicture& picture)
 
     const QColor strong = named("HelperHints");
     const QColor weak = named("Grey");
-    const QColor outside = faded(strong, kOutsideStrength);
+    const QColor outside = translucent(strong, kOutsideStrength);
     const double bottom = geometry.bands.range;
     const PixelGrid grid(painter);
     LineBrush lines(painter, grid);
@@ -175,7 +171,7 @@ void paintRange(QPainter& painter, const RulerPicture& picture)
         geometry, band.top() + kRangeInset, band.bottom() - kRangeInset, geometry.playback);
     if (!body.isEmpty()) {
         const double strength = picture.isRangeLit ? kLitStrength : kRangeStrength;
-        fillSharp(painter, body, faded(named("Accent1"), strength));
+        fillSharp(painter, body, translucent(named("Accent1"), strength));
     }
     const double start = geometry.x(geometry.playback.first);
     const double end = geometry.x(geometry.playback.second);

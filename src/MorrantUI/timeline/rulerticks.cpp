@@ -1,5 +1,7 @@
 #include "MorrantUI/timeline/rulerticks.h"
 
+#include "MorrantUI/text/wholerate.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -14,17 +16,6 @@ constexpr std::int64_t kSecondsInHour = 3600;
 constexpr double kMostTicks = 100'000.0; ///< no ruler is as wide
 
 using Steps = std::vector<std::int64_t>;
-
-/// Frames in a second of a time code; 0 where there are none.
-std::int64_t wholeRate(const RulerScale& scale)
-{
-    if (!scale.timeCode || !std::isfinite(scale.framesPerSecond) || !(scale.framesPerSecond > 0.0))
-    {
-        return 0;
-    }
-    const double most = std::numeric_limits<int>::max();
-    return static_cast<std::int64_t>(std::clamp(std::round(scale.framesPerSecond), 1.0, most));
-}
 
 /// 1, 2, 5, 10, 20 ... units.
 void appendDecades(Steps& steps, std::int64_t unit)
@@ -51,7 +42,7 @@ void appendDivisors(Steps& steps, std::int64_t rate)
 Steps ladder(const RulerScale& scale)
 {
     Steps steps;
-    const std::int64_t rate = wholeRate(scale);
+    const std::int64_t rate = scale.timeCode ? wholeRate(scale.framesPerSecond) : 0;
     if (rate == 0) {
         appendDecades(steps, 1);
         return steps;
