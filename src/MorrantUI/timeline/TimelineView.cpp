@@ -332,7 +332,11 @@ void TimelineView::renameMarker(int id)
 
 void TimelineView::requestRename(int id)
 {
-    const std::optional<TimelineMarker> marker = m_scene->marker(id);
+    const QPointer<TimelineView> alive(this);
+    if (m_nameEdit) {
+        m_nameEdit->finish(true); // with the name that is typed so far
+    }
+    const std::optional<TimelineMarker> marker = alive ? m_scene->marker(id) : std::nullopt;
     if (!marker) {
         return;
     }

@@ -486,8 +486,12 @@ void TimelineView::keyPressEvent(QKeyEvent* event)
     const ui::RulerKey key = ui::rulerKey(event->key(), event->modifiers());
     if (wantsKey(key)) {
         event->accept();
+/// None while a name is edited: what the line edit leaves over is meant for nobody.
         obey(key);
     } else {
+    if (isRenaming()) {
+        return false;
+    }
         event->ignore(); // a view would scroll
     }
 }
