@@ -414,6 +414,47 @@ private Q_SLOTS:
         }
     }
 
+    void slotsMayEndADragOrDeleteTheRuler()
+    {
+        Ruler ruler;
+        ruler.view.zoomAt(2.0, 0);
+        connect(&ruler.view, &TimelineView::viewRectChanged, &ruler.view, [&ruler] {
+            ruler.view.finishGesture();
+        });
+        ruler.drag(ruler.at(2, ruler.kLabels), QPoint(1060, 5)); // beyond the edge
+        QTRY_VERIFY(!ruler.view.isScrubbing());
+        const std::pair<Qt::Key, Qt::KeyboardModifier> keys[] = {
+            {Qt::Key_Right, Qt::NoModifier},
+            {Qt::Key_Right, Qt::ControlModifier},
+            {Qt::Key_Right, Qt::AltModifier},
+            {Qt::Key_M, Qt::NoModifier},
+            {Qt::Key_Delete, Qt::NoModifier},
+            {Qt::Key_I, Qt::NoModifier}};
+        int deleted = 0;
+        for (const auto& [key, modifiers] : keys) {
+            for (int signal = 0; signal < 5; ++signal) {
+                const QPointer<TimelineView> view(new TimelineView);
+                TimelineScene* const scene = view->getTimelineScene();
+                scene->setPlaybackRange(20, 60);
+                scene->addMarker(20);
+                scene->setSelectedMarker(scene->addMarker(40));
+                const auto close = [view] { delete view.data(); };
+                switch (signal) {
+                case 0: connect(view, &TimelineView::frameChanged, qApp, close); break;
+                case 1: connect(view, &TimelineView::markerEdited, qApp, close); break;
+                case 2: connect(scene, &TimelineScene::markersChanged, qApp, close); break;
+                case 3: connect(scene, &TimelineScene::selectedMarkerChanged, qApp, close); break;
+                default: connect(scene, &TimelineScene::playbackRangeChanged, qApp, close); break;
+                }
+                QKeyEvent press(QEvent::KeyPress, key, modifiers);
+                QCoreApplication::sendEvent(view, &press);
+                deleted += view ? 0 : 1;
+                delete view.data();
+            }
+        }
+        QCOMPARE(deleted, 12);
+    }
+
     void aHundredTicksPaintOnceAndRestPaintsNothing()
     {
         Ruler ruler;
@@ -437,6 +478,7 @@ private Q_SLOTS:
                 picture, QPointF(x + (share < 0.9 ? 2 : 0), share * ruler.view.height()));
         };
         QCOMPARE(colorAt(50, 0.95), ui::colorQt(u"Accent5"_qs));
+        QCOMPARE(colorAt(50, 0.4), ui::colorQt(u"Accent5"_qs)); // the thumb
         QCOMPARE(colorAt(10, 0.95), ui::colorQt(u"WindowBase"_qs));
         QCOMPARE(colorAt(20, ruler.kRange), ui::colorQt(u"Accent1"_qs));
         QVERIFY(colorAt(40, ruler.kRange) != colorAt(80, ruler.kRange));

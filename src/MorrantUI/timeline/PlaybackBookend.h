@@ -37,6 +37,7 @@ public:
     int grabSize() const { return m_grabSize; }
 
 Q_SIGNALS:
+    /// setFrame() has moved it; the scene has the frame by then.
     void changedTime(int frame);
 
 private:

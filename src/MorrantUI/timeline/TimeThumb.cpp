@@ -46,6 +46,14 @@ void TimeThumb::setCurrentFrame(int frame)
     }
 }
 
+void TimeThumb::moveTo(int frame)
+{
+    if (frame != m_frame) {
+        setCurrentFrame(frame);
+        Q_EMIT timeChangedSignal(frame);
+    }
+}
+
 void TimeThumb::externalTimeChangeSlot(double time)
 {
     if (std::isfinite(time)) {

@@ -25,6 +25,9 @@ public:
     int getCurrentFrame() const { return m_frame; }
     /// Moves the thumb without a report.
     void setCurrentFrame(int frame);
+    /// Moves the thumb as a drag does: timeChangedSignal() follows if it was at another frame. The
+    /// thumb is there by then, and a slot may delete it.
+    void moveTo(int frame);
 
     /// Shapes the thumb for a zoom, in pixels a scene unit; as painting does, which may be too late
     /// where the thumb is out of sight. Scales that are 0 or not finite are ignored.

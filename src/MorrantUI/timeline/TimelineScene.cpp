@@ -1,5 +1,6 @@
 #include "MorrantUI/timeline/TimelineScene.h"
 
+#include "MorrantUI/theme/style/shapes.h"
 #include "MorrantUI/timeline/rulerpaint.h"
 #include <MorrantUI/timeline/PlaybackBookend.h>
 #include <MorrantUI/timeline/TimeThumb.h>
@@ -8,9 +9,12 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
+
+using ui::style::PainterState;
 
 bool isEarlier(const TimelineMarker& a, const TimelineMarker& b)
 {
@@ -75,9 +79,9 @@ void TimelineScene::setPlaybackEndFrame(int frame)
 
 void TimelineScene::setFramesPerSecond(double framesPerSecond)
 {
-    const bool isSame = framesPerSecond == m_framesPerSecond;
-    m_framesPerSecond = framesPerSecond;
-    if (!isSame) {
+    const bool areNone = std::isnan(framesPerSecond) && std::isnan(m_framesPerSecond);
+    if (framesPerSecond != m_framesPerSecond && !areNone) {
+        m_framesPerSecond = framesPerSecond;
         update();
         Q_EMIT labelsChanged();
     }
@@ -112,11 +116,14 @@ void TimelineScene::takeMarkers(TimelineMarkers markers)
         return;
     }
     m_markers = std::move(markers);
+    update();
+    const QPointer<TimelineScene> alive(this);
     if (m_selectedMarker != 0 && !marker(m_selectedMarker)) {
         setSelectedMarker(0);
     }
-    update();
-    Q_EMIT markersChanged();
+    if (alive) {
+        Q_EMIT markersChanged();
+    }
 }
 
 /// Ids are not used again, unless there are no others left.
@@ -257,6 +264,7 @@ void TimelineScene::drawBackground(QPainter* painter, const QRectF& /*exposed*/)
     picture.isRangeLit = m_rangeHovered;
     picture.start = lookOf(m_start, m_rangeHovered);
     picture.end = lookOf(m_end, m_rangeHovered);
+    const PainterState state(*painter);
     useViewUnits(*painter);
     ui::paintRuler(*painter, picture);
 }
@@ -265,6 +273,7 @@ void TimelineScene::drawForeground(QPainter* painter, const QRectF& /*exposed*/)
 {
     if (m_thumb) {
         const ui::RulerGeometry place = geometry(painter->worldTransform(), widthOf(*this));
+        const PainterState state(*painter);
         useViewUnits(*painter);
         ui::paintPlayhead(*painter, place, font(), frameText(place.current));
     }

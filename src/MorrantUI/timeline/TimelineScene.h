@@ -74,6 +74,7 @@ Q_SIGNALS:
     /// By the host or by the user, at every step.
     void playbackRangeChanged(int first, int last);
     void markersChanged();
+    /// Goes before markersChanged() where the selected one is gone.
     void selectedMarkerChanged(int id);
     /// Rate or kind of the labels.
     void labelsChanged();

@@ -277,7 +277,7 @@ int TimelineView::currentFrame() const
 
 void TimelineView::seek(int frame)
 {
-    m_thumb->setX(ui::frameWithin(frame, frames()));
+    m_thumb->moveTo(ui::frameWithin(frame, frames()));
 }
 
 void TimelineView::noteFrame()
@@ -295,19 +295,28 @@ int TimelineView::addMarker(int frame)
             return marker.id;
         }
     }
+    const QPointer<TimelineView> alive(this);
     const int id = m_scene->addMarker(frame);
-    m_scene->setSelectedMarker(id);
-    Q_EMIT markerEdited({std::nullopt, m_scene->marker(id)});
+    if (alive) {
+        m_scene->setSelectedMarker(id);
+    }
+    const std::optional<TimelineMarker> added = alive ? m_scene->marker(id) : std::nullopt;
+    if (added) {
+        Q_EMIT markerEdited({std::nullopt, added});
+    }
     return id;
 }
 
 bool TimelineView::removeMarker(int id)
 {
     const std::optional<TimelineMarker> before = m_scene->marker(id);
+    const QPointer<TimelineView> alive(this);
     if (!m_scene->removeMarker(id)) {
         return false;
     }
-    Q_EMIT markerEdited({before, std::nullopt});
+    if (alive) {
+        Q_EMIT markerEdited({before, std::nullopt});
+    }
     return true;
 }
 
@@ -317,16 +326,22 @@ bool TimelineView::changeMarker(const TimelineMarker& marker)
     if (!before || *before == marker) {
         return false;
     }
+    const QPointer<TimelineView> alive(this);
     m_scene->changeMarker(marker);
-    Q_EMIT markerEdited({before, marker});
+    if (alive) {
+        Q_EMIT markerEdited({before, marker});
+    }
     return true;
 }
 
 void TimelineView::renameMarker(int id)
 {
+    const QPointer<TimelineView> alive(this);
     if (m_scene->marker(id)) {
         m_scene->setSelectedMarker(id);
-        requestRename(id);
+        if (alive) {
+            requestRename(id);
+        }
     }
 }
 

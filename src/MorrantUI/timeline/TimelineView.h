@@ -78,15 +78,17 @@ public:
     /// Zooms so that the frame at a place of the viewport stays there, the editor's ends allowing.
     /// What is not a factor above 0 is ignored.
     void zoomAt(double factor, int x);
-    /// Positive distances show later frames.
+    /// Positive distances, in logical pixels, show later frames.
     void scrollBy(int pixels);
-    /// Shows the whole frame range.
+    /// Shows the whole frame range. Without an editor it stays so, whatever the range and the size,
+    /// until the ruler is scrolled or zoomed.
     void fitFrameRange();
 
     /// Adds a marker as the user does and selects it; markerEdited() follows. Where there is one
     /// already, that one is selected.
     /// @return its id
     int addMarker(int frame);
+    /// Removes a marker as the user does; markerEdited() follows. @return whether there was one
     bool removeMarker(int id);
     /// Opens a line edit on the marker, or whatever the host has made of requestRename().
     void renameMarker(int id);

@@ -252,8 +252,11 @@ void TimelineView::scrollAtEdge()
     const bool isAtEnd =
         x < 0.0 ? frameAt(0.0) <= frames().first : frameAt(width) >= frames().second;
     if (!isAtEnd) {
+        const QPointer<TimelineView> alive(this);
         scrollBy(ui::nearestFrame(std::clamp(beyond, -kMostEdgeScroll, kMostEdgeScroll)));
-        dragHeld(m_gesture->last, QGuiApplication::keyboardModifiers());
+        if (alive && m_gesture) {
+            dragHeld(m_gesture->last, QGuiApplication::keyboardModifiers());
+        }
     }
 }
 
@@ -311,7 +314,7 @@ void TimelineView::endGesture(Outcome outcome)
 void TimelineView::takeBack(const ui::TimelineGesture& gesture)
 {
     if (movesPlayhead(gesture.hit)) {
-        m_thumb->setX(gesture.frame);
+        m_thumb->moveTo(gesture.frame);
     } else if (movesPlayback(gesture.hit)) {
         const QPointer<TimelineView> alive(this);
         applyPlayback(gesture.playback);
@@ -410,7 +413,11 @@ void TimelineView::mouseDoubleClickEvent(QMouseEvent* event)
         playAllFrames();
     } else if (hit.grip == ui::RulerGrip::Ruler && event->position().y() >= bands.markers) {
         const int frame = ui::nearestFrame(frameAt(event->position().x()));
-        renameMarker(addMarker(ui::frameWithin(frame, frames())));
+        const QPointer<TimelineView> alive(this);
+        const int added = addMarker(ui::frameWithin(frame, frames()));
+        if (alive) {
+            renameMarker(added);
+        }
     } else {
         mousePressEvent(event);
     }
@@ -469,8 +476,12 @@ bool TimelineView::event(QEvent* event)
     return GraphicsView::event(event);
 }
 
+/// None while a name is edited: what the line edit leaves over is meant for nobody.
 bool TimelineView::wantsKey(const ui::RulerKey& key) const
 {
+    if (isRenaming()) {
+        return false;
+    }
     switch (key.command) {
     case ui::RulerCommand::None: return false;
     case ui::RulerCommand::Cancel: return m_gesture != nullptr;
@@ -486,12 +497,8 @@ void TimelineView::keyPressEvent(QKeyEvent* event)
     const ui::RulerKey key = ui::rulerKey(event->key(), event->modifiers());
     if (wantsKey(key)) {
         event->accept();
-/// None while a name is edited: what the line edit leaves over is meant for nobody.
         obey(key);
     } else {
-    if (isRenaming()) {
-        return false;
-    }
         event->ignore(); // a view would scroll
     }
 }
@@ -547,8 +554,11 @@ void TimelineView::goToMarker(bool forward)
         --found;
     }
     const int frame = found->frame;
+    const QPointer<TimelineView> alive(this);
     m_scene->setSelectedMarker(found->id);
-    seek(frame);
+    if (alive) {
+        seek(frame);
+    }
 }
 
 void TimelineView::focusInEvent(QFocusEvent* event)

@@ -50,7 +50,11 @@ void TimelineView::contextMenuEvent(QContextMenuEvent* event)
         const double x = std::clamp<double>(frame * pixelsPerFrame() - m_scroll, 0.0, width());
         place = viewport()->mapToGlobal(QPoint(static_cast<int>(x), viewport()->height()));
     } else if (marker != 0) {
+        const QPointer<TimelineView> alive(this);
         m_scene->setSelectedMarker(marker);
+        if (!alive) {
+            return;
+        }
     }
     auto* const menu = new ContextMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -95,8 +99,10 @@ void TimelineView::addMarkerRows(QMenu* menu, int marker)
     }
     menu->addMenu(colors);
     menu->addAction(tr("Move Marker to Current Frame"), this, [this, marker] {
-        m_scene->setSelectedMarker(marker);
-        moveSelectedMarker(currentFrame());
+        if (std::optional<TimelineMarker> changed = m_scene->marker(marker)) {
+            changed->frame = ui::frameWithin(currentFrame(), frames());
+            changeMarker(*changed);
+        }
     });
     menu->addAction(tr("Remove Marker"), this, [this, marker] { removeMarker(marker); });
 }
