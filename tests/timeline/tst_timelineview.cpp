@@ -410,7 +410,16 @@ private Q_SLOTS:
             QVERIFY(QGuiApplication::overrideCursor());
             open(ruler);
             QVERIFY(!QGuiApplication::overrideCursor());
+            QVERIFY(!ruler.view.getLeftBookend()->isHovered());
             QCOMPARE(ruler.takeTold(), u"20-60 to 30-60"_qs);
+        }
+        Ruler ruler;
+        for (const int door : {1, 0}) { // nor does the light stay where nothing is dragged
+            ruler.view.setEnabled(true);
+            ruler.pointer.moveTo(ruler.at(20, ruler.kRange) + QPoint(door, 0));
+            QVERIFY(ruler.view.getLeftBookend()->isHovered());
+            doors[door](ruler);
+            QVERIFY(!ruler.view.getLeftBookend()->isHovered());
         }
     }
 

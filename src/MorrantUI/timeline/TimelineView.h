@@ -156,6 +156,7 @@ private:
     void noteFrame();
 
     ui::RulerHit hitAt(QPointF position) const;
+    ui::RulerHit hoverAt(QPointF position) const;
     double frameAt(double x) const;
     Range frames() const;
     Range playback() const;

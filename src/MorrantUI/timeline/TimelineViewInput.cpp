@@ -110,6 +110,12 @@ ui::RulerHit TimelineView::hitAt(QPointF position) const
     return m_scene->hitTest(position, viewportTransform(), viewport()->width());
 }
 
+/// What is under the pointer: nothing, once it has left.
+ui::RulerHit TimelineView::hoverAt(QPointF position) const
+{
+    return QRectF(viewport()->rect()).contains(position) ? hitAt(position) : ui::RulerHit{};
+}
+
 bool TimelineView::isScrubbing() const
 {
     return m_gesture && movesPlayhead(m_gesture->hit);
@@ -177,7 +183,7 @@ void TimelineView::mouseMoveEvent(QMouseEvent* event)
     event->accept();
     if (!m_gesture) {
         if (event->buttons() == Qt::NoButton) {
-            showHover(hitAt(event->position()));
+            showHover(hoverAt(event->position()));
         }
         return;
     }
@@ -282,12 +288,12 @@ std::vector<int> TimelineView::snapFrames(const ui::TimelineGesture& gesture) co
 void TimelineView::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
+    const QPointer<TimelineView> alive(this);
     if (m_gesture && event->button() == m_gesture->button) {
-        const QPointer<TimelineView> alive(this);
         endGesture(Outcome::Keep);
-        if (alive) {
-            showHover(hitAt(event->position()));
-        }
+    }
+    if (alive && !m_gesture) {
+        showHover(hoverAt(event->position()));
     }
 }
 
@@ -300,6 +306,7 @@ void TimelineView::endGesture(Outcome outcome)
     }
     m_edgeTimer.stop();
     restoreMouse();
+    showHover({});
     const QPointer<TimelineView> alive(this);
     if (outcome == Outcome::TakeBack) {
         takeBack(*gesture);
@@ -472,6 +479,9 @@ bool TimelineView::event(QEvent* event)
             event->accept();
             return true;
         }
+    }
+    if (event->type() == QEvent::Hide || event->type() == QEvent::EnabledChange) {
+        showHover({}); // the pointer need not leave
     }
     return GraphicsView::event(event);
 }
