@@ -15,6 +15,7 @@ MarkerNameEdit::MarkerNameEdit(TimelineView* view, int marker, const QString& na
 {
     setAccessibleName(tr("Marker name"));
     setText(name);
+    m_shown = text();
     selectAll();
     setCursor(Qt::IBeamCursor);
 }
@@ -63,7 +64,7 @@ void MarkerNameEdit::finish(bool takesName)
     }
     hide();
     std::optional<TimelineMarker> marker = m_view->getTimelineScene()->marker(m_marker);
-    if (takesName && marker) {
+    if (takesName && marker && text() != m_shown) {
         marker->name = text().trimmed();
         m_view->changeMarker(*marker);
     }

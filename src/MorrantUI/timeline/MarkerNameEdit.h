@@ -4,8 +4,8 @@
 
 class TimelineView;
 
-/// A marker's name while it is edited on the ruler. Return and the loss of the focus take the name,
-/// Escape leaves the old one; then it deletes itself.
+/// A marker's name while it is edited on the ruler. Return and the loss of the focus take what
+/// the user has typed, Escape leaves the old one; then it deletes itself.
 class MarkerNameEdit : public LineEdit
 {
     Q_OBJECT
@@ -27,5 +27,6 @@ protected:
 private:
     TimelineView* m_view; ///< an ancestor
     int m_marker;
+    QString m_shown; ///< at first: the name, cut and in one line if need be
     bool m_isFinished = false;
 };
