@@ -313,7 +313,12 @@ private Q_SLOTS:
         QTest::keyClicks(QApplication::focusWidget(), u"Run"_qs);
         ruler.view.renameMarker(left); // what was typed counts
         QCOMPARE(ruler.takeTold(), u"@5 to Run@5"_qs);
-        ruler.scene->setMarkers({}); // by the host, meanwhile
+        ruler.scene->setMarkers({{left, 5, 0, u" two\nlines "_qs, {}}}); // by the host, meanwhile
+        ruler.view.renameMarker(left);
+        ruler.view.finishGesture(); // nothing was typed
+        QVERIFY(ruler.takeTold().isEmpty());
+        ruler.view.renameMarker(left);
+        ruler.scene->setMarkers({});
         QVERIFY(!ruler.view.isRenaming());
         ruler.scene->setMarkers({{3, 7, 0, {}, {}}, {3, 1, 0, {}, {}}, {kMost, 9, 0, {}, {}}});
         QCOMPARE(ruler.scene->addMarker(4), 2);
@@ -515,19 +520,23 @@ private Q_SLOTS:
         const auto any = [&](int most) { return static_cast<int>(random() % unsigned(most)); };
         const int frames[] = {kLeast, kLeast + 1, -7, 0, 1, 100, 1'000'000, kMost - 1, kMost};
         const double numbers[] = {0.0, -24.0, qQNaN(), qInf(), 1e-300, 24.0, 29.97, 1e12};
+        const QString endless(3'000'000, u'x');
         const Qt::Key keys[] = {Qt::Key_Left, Qt::Key_I, Qt::Key_O, Qt::Key_M, Qt::Key_Escape};
         const auto frame = [&] { return frames[any(std::size(frames))]; };
         const auto number = [&] { return numbers[any(std::size(numbers))]; };
         const auto place = [&] { return QPoint(any(1100) - 50, any(ruler.view.height())); };
         for (int step = 0; step < 1500; ++step) {
             switch (any(12)) {
-            case 0: ruler.view.setFrameRange(frame(), frame()); break;
+            case 0:
+                ruler.view.setFrameRange(frame(), frame());
+                ruler.view.fitFrameRange();
+                break;
             case 1: ruler.view.setPlaybackRange(frame(), frame()); break;
             case 2: ruler.view.setCurrentFrame(frame()); break;
             case 3: ruler.scene->setFramesPerSecond(number()); break;
             case 4: ruler.scene->setShowsTimeCode(any(2) == 0); break;
             case 5: ruler.view.zoomAt(any(2) == 0 ? number() : 0.5 + any(3), any(1000)); break;
-            case 6: ruler.scene->addMarker(frame(), u"a name"_qs); break;
+            case 6: ruler.scene->addMarker(frame(), any(9) ? u"a\nname"_qs : endless); break;
             case 7: ruler.drag(place(), place()); break;
             case 8: ruler.pointer.dragTo(place(), 400); break;
             case 9: ruler.pointer.release(); break;

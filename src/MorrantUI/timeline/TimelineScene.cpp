@@ -16,6 +16,11 @@ namespace {
 
 using ui::style::PainterState;
 
+auto hasId(int id)
+{
+    return [id](const TimelineMarker& marker) { return marker.id == id; };
+}
+
 bool isEarlier(const TimelineMarker& a, const TimelineMarker& b)
 {
     return a.frame < b.frame;
@@ -105,8 +110,7 @@ QString TimelineScene::frameText(int frame) const
 
 TimelineMarkers::iterator TimelineScene::find(int id)
 {
-    return std::find_if(
-        m_markers.begin(), m_markers.end(), [id](const auto& each) { return each.id == id; });
+    return std::find_if(m_markers.begin(), m_markers.end(), hasId(id));
 }
 
 void TimelineScene::takeMarkers(TimelineMarkers markers)
@@ -159,7 +163,7 @@ void TimelineScene::setMarkers(TimelineMarkers markers)
 
 std::optional<TimelineMarker> TimelineScene::marker(int id) const
 {
-    const auto found = const_cast<TimelineScene*>(this)->find(id);
+    const auto found = std::find_if(m_markers.begin(), m_markers.end(), hasId(id));
     return found == m_markers.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -191,7 +195,7 @@ bool TimelineScene::changeMarker(const TimelineMarker& marker)
 bool TimelineScene::removeMarker(int id)
 {
     TimelineMarkers markers = m_markers;
-    const auto gone = std::erase_if(markers, [id](const auto& each) { return each.id == id; });
+    const auto gone = std::erase_if(markers, hasId(id));
     takeMarkers(std::move(markers));
     return gone > 0;
 }

@@ -9,6 +9,7 @@
 #include "MorrantUI/timeline/playbackrange.h"
 #include "MorrantUI/timeline/rulergesture.h"
 #include "MorrantUI/timeline/rulerkeys.h"
+#include "MorrantUI/timeline/rulerpaint.h"
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
@@ -455,8 +456,8 @@ bool TimelineView::viewportEvent(QEvent* event)
     const auto& help = *static_cast<QHelpEvent*>(event);
     const std::optional<TimelineMarker> marker = m_scene->marker(hitAt(help.pos()).marker);
     const QString frame = marker ? m_scene->frameText(marker->frame) : QString();
-    const QString text =
-        marker && !marker->name.isEmpty() ? tr("%1 at %2").arg(marker->name, frame) : frame;
+    const QString name = marker ? ui::shownName(marker->name) : QString();
+    const QString text = name.isEmpty() ? frame : tr("%1 at %2").arg(name, frame);
     return ui::answerWithWholeText(*viewport(), event, text, {})
            || GraphicsView::viewportEvent(event);
 }

@@ -39,7 +39,8 @@ constexpr double kDarkText = 0.45; ///< brightness from which on a ground wants 
 constexpr double kFlagTop = 2.0;   ///< below the marker band's upper edge
 constexpr double kFlagHalf = 4.5;
 constexpr double kFlagHeight = 11.0;
-constexpr double kFlagPoint = 4.0; ///< of the height
+constexpr double kFlagPoint = 4.0;   ///< of the height
+constexpr int kMostNameChars = 1000; ///< more than a ruler is wide
 
 QColor named(const char* name)
 {
@@ -235,7 +236,7 @@ void paintMarkers(QPainter& painter, const RulerPicture& picture)
     for (const MarkerSpot& spot : picture.spots) {
         if (!spot.name.isEmpty()) {
             const QString text =
-                metrics.elidedText(spot.marker->name, Qt::ElideRight, spot.name.width());
+                metrics.elidedText(shownName(spot.marker->name), Qt::ElideRight, spot.name.width());
             const double baseline =
                 baselineOf(picture.font, spot.name.top(), spot.name.height() - kBarHeight);
             painter.drawText(QPointF(std::round(spot.name.left()), baseline), text);
@@ -272,9 +273,14 @@ LabelMetrics labelMetrics(const QFont& font)
     return widths;
 }
 
+QString shownName(const QString& name)
+{
+    return name.left(kMostNameChars).simplified();
+}
+
 double nameWidth(const QFont& font, const QString& name)
 {
-    return QFontMetricsF(font).horizontalAdvance(name);
+    return QFontMetricsF(font).horizontalAdvance(shownName(name));
 }
 
 QString rulerLabel(int frame, const RulerScale& scale)

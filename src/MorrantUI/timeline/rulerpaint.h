@@ -39,6 +39,9 @@ QFont rulerFont(const QFont& widgetFont);
 /// Whole pixels of a line in it.
 double labelHeight(const QFont& font);
 LabelMetrics labelMetrics(const QFont& font);
+/// What is shown of a marker's name: one line, and no more than a screen is wide.
+QString shownName(const QString& name);
+/// Of what is shown.
 double nameWidth(const QFont& font, const QString& name);
 
 /// A frame as the ruler writes it: without a rate as its number.
