@@ -51,6 +51,7 @@
 #include <MorrantUI/docking/DropIndicatorMain.h>
 #include <MorrantUI/docking/SolidSplitter.h>
 #include <MorrantUI/docking/WindowDimmer.h>
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/dropzones.h>
 #include <MorrantUI/docking/layouts/CollapsibleSection.h>
 #include <MorrantUI/docking/layouts/FlowLayout.h>

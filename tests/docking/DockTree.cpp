@@ -282,7 +282,7 @@ SeenMenu DockTree::menuDuring(const std::function<void()>& action, const QString
         seen.place = menu->pos();
         seen.texts.clear();
         for (QAction* entry : menu->actions()) {
-            seen.texts << entry->text();
+            seen.texts << (entry->isEnabled() ? QString() : u"-"_qs) + entry->text();
             if (entry->text() == choice) {
                 menu->setActiveAction(entry);
             }

@@ -23,7 +23,7 @@ enum class Moment
 /// What a menu showed.
 struct SeenMenu
 {
-    QStringList texts;
+    QStringList texts; ///< "-" is before one that is off
     QPoint place;
 };
 

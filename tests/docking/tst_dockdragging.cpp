@@ -4,6 +4,7 @@
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/theme/events.h>
 
 #include <QtWidgets>
@@ -389,6 +390,24 @@ private Q_SLOTS:
         grab();
         gestures.perform(u"to a:left, drop"_qs);
         QCOMPARE(tree.text(), u"H(H(T(b c) a))"_qs);
+    }
+
+    void aLockedLayoutStaysAsItIs()
+    {
+        DockTree tree(u"H(a=200 b=300)"_qs);
+        Gestures gestures(tree);
+        ui::setLayoutLocked(true);
+        gestures.perform(u"grab a, to b:left, drop"_qs);
+        QCOMPARE(gestures.choose(*tree["a"], u"none"_qs), u"-Undock,Show,-Close"_qs);
+        auto* handle = tree.root().findChild<QSplitter*>()->handle(1);
+        tree.hand.press(*handle, handle->rect().center());
+        tree.hand.moveTo(QCursor::pos() + QPoint(50, 0), 2);
+        tree.hand.release();
+        QTest::mouseDClick(handle, Qt::LeftButton);
+        ui::setLayoutLocked(false);
+        QCOMPARE(tree.sizes(), u"H(a=200 b=300)"_qs);
+        gestures.perform(u"choose b Undock"_qs);
+        QCOMPARE(tree.text(), u"H(a) b"_qs);
     }
 
     void aDialogEndsTheDrag()

@@ -4,6 +4,7 @@
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/panelnavigation.h>
 
 using namespace ui::test;
@@ -196,6 +197,35 @@ private Q_SLOTS:
         desk.c->content()->setParent(desk.e->content()); // whose panel it no longer is
         QVERIFY(ui::focusPanel(desk.c));
         QTRY_COMPARE(Desk::focused(), u"(DockableTabWidget)"_qs);
+    }
+
+    void aPanelIsMaximisedAndBack()
+    {
+        Desk desk;
+        desk.play(u"dock x d top, settle"_qs);
+        const QString sizes = desk.sizes();
+        const QSize all = desk.root().size() - QSize(12, 12);
+        for (const auto& [field, operation] : // and what ends it
+             {std::pair("a1", ""), {"d1", ""}, {"b1", ""}, {"a1", "undock e"}, {"d1", "delete d"}})
+        {
+            desk.focus(QString::fromLatin1(field));
+            DockableWindow* panel = DockableWindow::findDockableParent(QApplication::focusWidget());
+            Desk::press(Qt::Key_F10, Qt::ControlModifier);
+            settle();
+            QCOMPARE(ui::maximizedPanel(), panel);
+            QWidget* seen = panel == desk.b ? desk.rowOfTabs : panel;
+            QCOMPARE(seen->size(), all);
+            if (*operation) {
+                desk.play(u"dock e a left, "_qs + QLatin1String(operation) + u", settle"_qs);
+            } else {
+                Desk::press(Qt::Key_F10, Qt::ControlModifier);
+            }
+            QVERIFY(!ui::maximizedPanel());
+            settle();
+            QCOMPARE(desk.sizes(), operation == QByteArray("delete d") ? desk.sizes() : sizes);
+            QVERIFY(!desk.a->isHidden() && !desk["x"]->isHidden());
+        }
+        QVERIFY(!ui::maximizePanel(nullptr) && !ui::maximizePanel(desk.c));
     }
 
     void headersTakeTheFocusFromKeysOnly()

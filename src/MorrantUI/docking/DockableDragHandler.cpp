@@ -6,6 +6,7 @@
 #include "MorrantUI/docking/panelkeys.h"
 #include "MorrantUI/platform/windowsystem.h"
 #include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/screens.h>
 
@@ -75,9 +76,11 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
     // The window may die while its menu is open, and the menu with it.
     const QPointer<DockableWindow> window = m_window;
     const QPointer<QMenu> menu = new QMenu(window);
-    const QAction* undock = menu->addAction(tr("Undock"));
+    QAction* undock = menu->addAction(tr("Undock"));
     const QAction* show = menu->addAction(tr("Show"));
-    const QAction* close = menu->addAction(tr("Close"));
+    QAction* close = menu->addAction(tr("Close"));
+    undock->setDisabled(ui::isLayoutLocked());
+    close->setDisabled(ui::isLayoutLocked());
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const QAction* chosen =
         menu->exec(byKey ? ui::docking::menuPlace(*window) : event->globalPos());
@@ -102,7 +105,7 @@ void DockableDragHandler::pressed(bool again)
         const auto enter = [window = m_window.data()] { ui::docking::enterByClick(*window); };
         QMetaObject::invokeMethod(m_window, enter, Qt::QueuedConnection);
     }
-    if (isEnabled()) {
+    if (isEnabled() && !ui::isLayoutLocked()) {
         m_pressedAgain = again;
         startGesture();
     }
@@ -281,6 +284,7 @@ bool DockableDragHandler::beginDragging()
     if (way.manhattanLength() < QApplication::startDragDistance()) {
         return false;
     }
+    ui::restorePanels();
     m_hoverWindow.clear();
     m_state = State::Dragging;
     m_origin = std::make_unique<ui::docking::DragOrigin>(*m_window);

@@ -16,6 +16,7 @@
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/theme/palettes.h>
 
@@ -337,7 +338,9 @@ void DockableWindow::resizeEvent(QResizeEvent* event)
 /// Keys that nothing inside has a use for.
 void DockableWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (!ui::docking::walkPanels(*event) && !ui::docking::askForMenu(*event)) {
+    if (!ui::docking::walkPanels(*event) && !ui::docking::askForMenu(*event)
+        && !ui::docking::maximizeByKey(*event, *this))
+    {
         Widget::keyPressEvent(event);
     }
 }
@@ -449,6 +452,7 @@ struct Leaving
     explicit Leaving(DockableWindow& leaver)
         : window(&leaver)
     {
+        ui::restorePanels();
         change.note(leaver);
         home = std::make_unique<ui::docking::DragOrigin>(leaver);
     }
@@ -594,6 +598,7 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
         groupOf(*window)->bringForward(*window);
         return this;
     }
+    ui::restorePanels();
     QPointer<DockableWindow> result; // slots that hear of it may delete it
     {
         ui::docking::LayoutChange change;

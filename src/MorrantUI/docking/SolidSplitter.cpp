@@ -2,6 +2,7 @@
 
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/docking/AccessibleDocking.h"
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QMouseEvent>
@@ -20,6 +21,12 @@ public:
     }
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        if (!ui::isLayoutLocked()) {
+            QSplitterHandle::mousePressEvent(event);
+        }
+    }
     /// The windows on both sides become equal, as far as their limits let them.
     void mouseDoubleClickEvent(QMouseEvent* event) override
     {
@@ -28,7 +35,7 @@ protected:
         while (before >= 0 && splitter()->widget(before)->isHidden()) {
             --before;
         }
-        if (event->button() != Qt::LeftButton || before < 0) {
+        if (event->button() != Qt::LeftButton || before < 0 || ui::isLayoutLocked()) {
             return;
         }
         const QRect first = splitter()->widget(before)->geometry();

@@ -8,6 +8,7 @@
 ///
 /// Always laid out from left to right, whatever the application's direction: the first child is the
 /// left one. Children are not collapsible. A double click on a handle makes its neighbours equal.
+/// While ui::isLayoutLocked() handles stay where they are.
 class MORRANT_UI_EXPORT SolidSplitter : public QSplitter
 {
     Q_OBJECT

@@ -91,6 +91,11 @@ bool TreeAccess::reportActive(DockableGroup& group)
     return group.reportActive();
 }
 
+void TreeAccess::applySizes(DockableGroup& group, const QList<int>& sizes)
+{
+    group.applySizes(sizes);
+}
+
 Limits TreeAccess::limitsOf(DockableWindow& window)
 {
     return window.limits();

@@ -50,6 +50,8 @@ public:
     /// Tells the host if another child is active.
     /// @return whether there was anything to tell
     static bool reportActive(DockableGroup& group);
+    /// DockableGroup::setSizes(), but newcomers that leave still give back what they took.
+    static void applySizes(DockableGroup& group, const QList<int>& sizes);
     /// Of what is in the window; of a group those of its children together.
     static Limits limitsOf(DockableWindow& window);
     /// Lets a docked window have these, but for those that are lifted.

@@ -1,7 +1,9 @@
 #include "MorrantUI/docking/panelkeys.h"
 
+#include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include <MorrantUI/docking/DockableWindow.h>
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/panelnavigation.h>
 
 #include <QApplication>
@@ -26,6 +28,22 @@ bool walkPanels(const QKeyEvent& key)
         return focusNextPanel();
     }
     return isKey(key, Qt::Key_F6, Qt::ShiftModifier) && focusPreviousPanel();
+}
+
+bool maximizeByKey(const QKeyEvent& key, DockableWindow& window)
+{
+    DockableWindow* front = TreeAccess::frontChild(window);
+    DockableWindow* panel = front ? front : &window;
+    if (!isKey(key, Qt::Key_F10, Qt::ControlModifier)
+        || panel->windowMode() != DockableWindow::WindowMode::Panel)
+    {
+        return false;
+    }
+    if (maximizedPanel()) {
+        restorePanels();
+        return true;
+    }
+    return maximizePanel(panel);
 }
 
 bool requestMenu(QWidget& widget, const QPoint& position)

@@ -12,6 +12,11 @@ namespace ui::docking {
 /// @return whether it did
 bool walkPanels(const QKeyEvent& key);
 
+/// Maximises the panel in a window, or the one in front there, or restores what that has hidden, if
+/// that is what the key means.
+/// @return whether it did
+bool maximizeByKey(const QKeyEvent& key, DockableWindow& window);
+
 /// Asks a widget for its menu, as the Menu key does.
 /// @param position in the widget
 /// @return whether it had one
