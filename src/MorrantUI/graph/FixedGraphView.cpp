@@ -174,7 +174,6 @@ void FixedGraphView::makeHandles(GraphPointWidget* point, const GraphCurveKey& k
     if (!point->getLeftBezier() && !point->getRightBezier()) {
         for (const Side side : {Side::Left, Side::Right}) {
             auto* const handle = new GraphBezierHandleItem(side, point, point);
-            handle->hide(); // as the first point's left one stays, which bends nothing
             connect(handle, &GraphBezierHandleItem::bezierDataChange, this, [this, point] {
                 tellMoved(point);
             });

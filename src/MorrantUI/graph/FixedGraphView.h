@@ -62,8 +62,8 @@ public:
     /// case when forced. Points of the indices that were selected are selected again; the transform
     /// tool stays, hidden. Keys with numbers that are not finite are left out.
     void fillGraph(bool force);
-    /// Shows the handles of Bezier points where there are two or more points; not those that point
-    /// away from all others.
+    /// Shows the handles of Bezier points where there are two or more points, by the rules of
+    /// GraphBezierHandleItem::showHandle().
     void updateBezierVisibility();
 
     /// What a point shows, in data units and with its index: the key as the data should hold it.
