@@ -257,16 +257,17 @@ void GraphCurveWidget::paintSolid(QPainter& painter, std::size_t first, std::siz
     }
 }
 
-/// What lies beyond the first and the last point.
+/// What lies beyond the first and the last point; nothing beyond one at which the curve ends early.
 void GraphCurveWidget::paintEnds(QPainter& painter, double period) const
 {
     const ui::CurveKnots& all = knots();
     const QPointF first = all.knots().front().point->pos();
     const QPointF last = all.knots().at(all.drawnCount() - 1).point->pos();
+    const double right = all.drawnCount() == all.knots().size() ? m_limits.right : last.x();
     const QRectF seen = painter.worldTransform().inverted().mapRect(QRectF(painter.window()));
     for (const QLineF& line : {
              QLineF(QPointF(m_limits.left, first.y()), first),
-             QLineF(last, QPointF(m_limits.right, last.y())),
+             QLineF(last, QPointF(right, last.y())),
          })
     {
         const QLineF part = dottedPart(line, seen.left() - period, seen.right(), period);
