@@ -11,6 +11,5 @@ class MORRANT_UI_EXPORT FixedGraphPointWidget : public GraphPointWidget
 public:
     FixedGraphPointWidget(GeneralGraphView* view, QGraphicsWidget* parent);
 
-protected:
     void notifyPointChanged() override;
 };

@@ -77,15 +77,15 @@ public:
     void updateRect() override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
+    /// Interpolation or handles have changed by more than their place.
+    virtual void notifyPointChanged() {}
+
 Q_SIGNALS:
     /// It is somewhere else. During the user's gestures it comes once a step, when all points have
     /// moved. Do not delete the point in it when the host itself moves it: Qt is still at it.
     void pointDataChange();
 
 protected:
-    /// Interpolation or handles have changed by more than their place.
-    virtual void notifyPointChanged() {}
-
     bool collidesWithPath(const QPainterPath& path, Qt::ItemSelectionMode mode) const override;
     QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
