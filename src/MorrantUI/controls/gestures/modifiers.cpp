@@ -25,6 +25,12 @@ Qt::KeyboardModifiers queryKeyboardModifiers()
     return query ? query() : QGuiApplication::queryKeyboardModifiers();
 }
 
+Qt::KeyboardModifiers eventKeyboardModifiers()
+{
+    const KeyboardModifiersQuery& query = replacedQuery();
+    return query ? query() : QGuiApplication::keyboardModifiers();
+}
+
 void setKeyboardModifiersQuery(KeyboardModifiersQuery query)
 {
     replacedQuery() = std::move(query);

@@ -12,10 +12,13 @@ namespace ui {
 /// while another program has the focus.
 MORRANT_UI_EXPORT Qt::KeyboardModifiers queryKeyboardModifiers();
 
+/// Those held as of the last event that has been delivered, which a drag goes by.
+MORRANT_UI_EXPORT Qt::KeyboardModifiers eventKeyboardModifiers();
+
 using KeyboardModifiersQuery = std::function<Qt::KeyboardModifiers()>;
 
-/// Makes queryKeyboardModifiers() ask `query` instead of the system; an empty one asks the system
-/// again. For tests and for hosts that replay input.
+/// Makes both ask `query` instead of the system; an empty one asks the system again. For tests and
+/// for hosts that replay input.
 MORRANT_UI_EXPORT void setKeyboardModifiersQuery(KeyboardModifiersQuery query);
 
 /// How much faster or slower the user wants a value to change: 0.1 with Control, which wins, 10
