@@ -197,7 +197,10 @@ private Q_SLOTS:
         graph.point(3)->setSelected(true);
         graph.setupKeyScaling({50, 0}, false); // a selection without length
         graph.scaleKeys({60, 0});
+        graph.endKeyScaling();
+        graph.utils()->scaleKeys(0, 9, {{0, nullptr}}, {{0, nullptr}}, true);
         QCOMPARE(frames(), u"-5 5 20 50 80"_qs);
+        QCOMPARE(graph.edits.join(u' '), u"start same start changed start same"_qs);
     }
     void theToolFollowsTheSelection()
     {

@@ -35,11 +35,14 @@ double GeneralGraphUtils::drange(
 void GeneralGraphUtils::scaleKeys(
     int from, int to, ScaledPoints scaled, ScaledPoints others, bool side)
 {
+    for (ScaledPoints* const points : {&scaled, &others}) {
+        std::erase_if(*points, [](const auto& each) { return !each.second; });
+    }
     if (scaled.empty() || !m_view) {
         return;
     }
     const ui::ChangeBatch batch(m_view); // nobody is told, and nothing dies, before all have moved
-    const bool alt = ui::queryKeyboardModifiers().testFlag(Qt::AltModifier);
+    const bool alt = ui::eventKeyboardModifiers().testFlag(Qt::AltModifier);
     const std::pair<int, int> range = m_view->getScaleRange();
     std::stable_sort(scaled.begin(), scaled.end(), [](const auto& a, const auto& b) {
         return a.first < b.first;

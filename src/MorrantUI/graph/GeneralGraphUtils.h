@@ -31,7 +31,7 @@ public:
     /// stays, and points land on whole frames. With Alt held, those of `others` that lie outside
     /// the view's scale range on the dragged side go along; without it, they return. These move by
     /// their scene x alone, whatever their parent's position (deliberate). A step to a place that
-    /// is not finite is dropped.
+    /// is not finite is dropped, and so are null points.
     /// @param side false for the left edge, true for the right one
     void scaleKeys(int from, int to, ScaledPoints scaled, ScaledPoints others, bool side);
 

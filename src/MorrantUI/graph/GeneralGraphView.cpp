@@ -148,16 +148,30 @@ void GeneralGraphView::scaleKeys(QPoint position)
 
 void GeneralGraphView::endKeyScaling()
 {
-    m_scaledKeys.clear();
     m_rippleKeys.clear();
     setDoneRippleEdit(false);
+    const bool scaled = !std::exchange(m_scaledKeys, {}).empty();
+    if (scaled && scene() && !scene()->mouseGrabberItem()) {
+        finishGesture(); // else the release does
+    }
 }
 
 void GeneralGraphView::cancelKeyScaling()
 {
-    const ui::ChangeBatch batch(this);
-    m_toolEdit->restore();
-    endKeyScaling();
+    const QPointer<GeneralGraphView> alive(this);
+    {
+        const ui::ChangeBatch batch(this);
+        m_toolEdit->restore();
+    }
+    if (alive) {
+        endKeyScaling();
+    }
+}
+
+void GeneralGraphView::startToolDrag()
+{
+    *m_toolEdit = {};
+    m_toolDistance = 0.0;
 }
 
 double GeneralGraphView::moveSelectedPoints(double distance)
@@ -167,8 +181,8 @@ double GeneralGraphView::moveSelectedPoints(double distance)
     }
     const ui::ChangeBatch batch(this);
     if (m_toolEdit->isEmpty()) {
+        startToolDrag();
         beginEdit(false);
-        m_toolDistance = 0.0;
         for (GraphPointWidget* const point : m_utils->pointItems(true)) {
             m_toolEdit->add(point);
         }
@@ -299,7 +313,7 @@ void GeneralGraphView::editEnded(bool /*changed*/)
 
 Qt::KeyboardModifiers GeneralGraphView::heldModifiers(const GeneralGraphView* view)
 {
-    return view && view->m_nudging ? Qt::KeyboardModifiers() : ui::queryKeyboardModifiers();
+    return view && view->m_nudging ? Qt::KeyboardModifiers() : ui::eventKeyboardModifiers();
 }
 
 // Telling the host

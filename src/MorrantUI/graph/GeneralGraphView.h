@@ -90,7 +90,8 @@ public:
     TransformTool* transformTool() const;
 
     /// Scaling of the selected points in time, as the transform tool drives it; the view's release
-    /// of the mouse ends it. @param anchor scene units @param side false for the left edge
+    /// of the mouse ends it, or a host that scales by itself. @param anchor scene units @param side
+    /// false for the left edge
     void setupKeyScaling(QPoint anchor, bool side);
     void scaleKeys(QPoint position);
     void endKeyScaling();
@@ -152,6 +153,7 @@ protected:
 private:
     friend class GraphBezierHandleItem;
     friend class GraphPointWidget;
+    friend class PointTransformTool;
     friend class ui::ChangeBatch;
 
     enum class Edit
@@ -165,6 +167,7 @@ private:
     void startDrag(TimeEditorBaseItem* item, QPointF scenePosition);
     bool dragTo(QPointF scenePosition);
     void finishGesture();
+    void startToolDrag();
     /// Of a gesture that ends with the release. @param changed already
     void beginEdit(bool changed);
     void finishEdit();

@@ -58,7 +58,7 @@ void GeneralGraphView::mousePressEvent(QMouseEvent* event)
 {
     const ui::ChangeBatch batch(this);
     m_pressPosition = rounded(event->position());
-    *m_toolEdit = {};
+    startToolDrag();
     m_bandSelection.clear();
     for (QGraphicsItem* const item : scene() ? scene()->selectedItems() : QList<QGraphicsItem*>()) {
         if (auto* const selected = dynamic_cast<TimeEditorBaseItem*>(item)) {
@@ -74,7 +74,7 @@ void GeneralGraphView::mouseMoveEvent(QMouseEvent* event)
     m_axisSnapping = ui::Graph::lockedAxis(
         {.press = m_pressPosition.toPoint(),
          .position = rounded(event->position()),
-         .shift = ui::queryKeyboardModifiers().testFlag(Qt::ShiftModifier),
+         .shift = ui::eventKeyboardModifiers().testFlag(Qt::ShiftModifier),
          .startDistance = QApplication::startDragDistance(),
          .present = m_axisSnapping});
     GraphicsView::mouseMoveEvent(event);
@@ -88,6 +88,9 @@ void GeneralGraphView::mouseReleaseEvent(QMouseEvent* event)
     const QPointer<GeneralGraphView> alive(this);
     m_axisSnapping = ui::Graph::AxisSnappingMode::None;
     endKeyScaling();
+    if (!alive) {
+        return;
+    }
     const QRectF bounds = selectedBounds();
     setScaleRange({ui::frameOf(bounds.left()), ui::frameOf(bounds.left() + bounds.width())});
     {
@@ -157,6 +160,9 @@ void GeneralGraphView::abandonGesture()
     m_zHeld = false;
     m_axisSnapping = ui::Graph::AxisSnappingMode::None;
     endKeyScaling();
+    if (!alive) {
+        return;
+    }
     const DragMode mode = dragMode();
     {
         const ui::ChangeBatch batch(this);

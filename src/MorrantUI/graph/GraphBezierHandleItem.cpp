@@ -1,5 +1,6 @@
 #include "MorrantUI/graph/GraphBezierHandleItem.h"
 
+#include "MorrantUI/graph/GraphDrag.h"
 #include "MorrantUI/graph/graphmoves.h"
 #include "MorrantUI/scene/glyphs.h"
 #include "MorrantUI/theme/style/shapes.h"
@@ -249,6 +250,7 @@ QPointF GraphBezierHandleItem::acceptedPosition(QPointF wanted)
     m_horizontalOnly = isSelected() && shift && !alt;
     m_slideAlongDirection = shift && alt;
     GraphBezierHandleItem* const other = opposite();
+    const bool dragged = view() && view()->m_drag; // and what was found at the press counts
     const ui::Graph::HandleMove move = ui::Graph::handleMove(
         {.proposed = wanted,
          .current = pos(),
@@ -257,8 +259,8 @@ QPointF GraphBezierHandleItem::acceptedPosition(QPointF wanted)
          .locked = m_parentPoint && m_parentPoint->hasLockedBeziers(),
          .flat = m_horizontalOnly,
          .slide = m_slideAlongDirection,
-         .direction = m_direction,
-         .ratio = m_ratio});
+         .direction = dragged ? m_direction : QPointF(),
+         .ratio = dragged ? m_ratio : 1.0});
     if (!ui::Graph::isFinite(move.position)) {
         return pos();
     }

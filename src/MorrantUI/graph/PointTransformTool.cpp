@@ -2,6 +2,8 @@
 
 #include <MorrantUI/graph/GeneralGraphView.h>
 
+#include <QGraphicsSceneMouseEvent>
+
 namespace {
 
 constexpr double kBehindCurves = -1.0; ///< so that points under it can still be pressed
@@ -44,6 +46,15 @@ void PointTransformTool::cancelScaling()
     if (m_view) {
         m_view->cancelKeyScaling();
     }
+}
+
+/// Whoever sends the press: other views show the scene, too.
+void PointTransformTool::mousePressEvent(QGraphicsSceneMouseEvent* event)
+{
+    if (m_view && event->button() == Qt::LeftButton) {
+        m_view->startToolDrag();
+    }
+    TransformTool::mousePressEvent(event);
 }
 
 double PointTransformTool::moveSelection(double distance)

@@ -30,6 +30,7 @@ protected:
     void scaleTo(QPoint position) override;
     void cancelScaling() override;
     double moveSelection(double distance) override;
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
     QPointer<GeneralGraphView> m_view;
