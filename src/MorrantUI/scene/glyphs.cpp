@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kPhases = 4;           ///< places within a device pixel, on either axis
 constexpr int kMostLooks = 256;      ///< a colour animation makes a new one for each of its steps
+constexpr double kFarthest = 1e9;    ///< device pixels, beyond whatever is painted on
 constexpr double kHaloWidth = 2.0;   ///< pixels
 constexpr double kHaloGrowth = 1.45; ///< the halo's size, times the glyph's
 
@@ -214,7 +215,7 @@ void GlyphPass::draw(QPointF point, const Glyph& glyph)
 {
     const QPointF place = m_world.map(point);
     const QPointF device = m_device.map(point);
-    if (!std::isfinite(device.x()) || !std::isfinite(device.y())) {
+    if (!(std::abs(device.x()) < kFarthest && std::abs(device.y()) < kFarthest)) {
         return;
     }
     if (m_direct) {
