@@ -13,6 +13,7 @@
 
 #include <QtWidgets>
 
+#include <functional>
 #include <limits>
 
 namespace ui::test {
@@ -64,11 +65,16 @@ public:
         new GraphBezierHandleItem(Graph::Side::Left, point, point);
         new GraphBezierHandleItem(Graph::Side::Right, point, point);
         point->setInterpolation(Graph::Interpolation(bezier ? 0 : 1), false);
-        connect(point, &GraphPointWidget::pointDataChange, this, [this] { ++pointChanges; });
+        connect(point, &GraphPointWidget::pointDataChange, this, [this, point] {
+            ++pointChanges;
+            told(point);
+        });
         for (GraphBezierHandleItem* const each : {point->getLeftBezier(), point->getRightBezier()})
         {
-            connect(
-                each, &GraphBezierHandleItem::bezierDataChange, this, [this] { ++handleChanges; });
+            connect(each, &GraphBezierHandleItem::bezierDataChange, this, [this, each] {
+                ++handleChanges;
+                told(each);
+            });
         }
         return point;
     }
@@ -112,7 +118,8 @@ public:
     FakePointer pointer;
     int pointChanges = 0;
     int handleChanges = 0;
-    QStringList edits; ///< "start", "changed", "same"
+    std::function<void(QObject*)> told = [](QObject*) {}; ///< what else a host does
+    QStringList edits;                                    ///< "start", "changed", "same"
 
 protected:
     void editStarted() override { edits << QStringLiteral("start"); }

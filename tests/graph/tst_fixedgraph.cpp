@@ -122,7 +122,7 @@ private Q_SLOTS:
         QVERIFY(owner.point(0)->pos() == QPointF(1, 0) && owner.point(1)->pos() == QPointF(10, 10));
         GraphBezierHandleItem* const right = owner.point(0)->getRightBezier();
         QVERIFY(right->pos() == QPointF(4, 7) && right->isVisible());
-        QVERIFY(right->opposite()->isVisible()); // though it leads away from the others
+        QVERIFY(right->opposite()->isVisible());           // though it leads away from the others
         QCOMPARE(right->opposite()->pos(), -right->pos()); // locked, it leaves the point
         right->setPos(5, -2);
         const GraphCurveKey key = *owner.data.find(0); // what was not moved keeps its last digit

@@ -242,25 +242,6 @@ private Q_SLOTS:
         QVERIFY(graph.getVisibleRect().contains(QRectF(20, 20, 40, 20)));
         QVERIFY(graph.transform().m11() < 20.0);
     }
-    void anythingMayDieInASlot()
-    {
-        for (int deed = 0; deed < 8; ++deed) {
-            GraphDesk graph({{20, 20}, {60, 20}, {90, 20}}, true);
-            const QList<QObject*> victims{graph.point(1), graph.left(1), graph.curve, graph.desk};
-            const QPointer<QObject> victim = victims.at(deed / 2);
-            const auto kill = [&] { delete victim.data(); };
-            connect(graph.point(1), &GraphPointWidget::pointDataChange, this, kill);
-            connect(graph.left(1), &GraphBezierHandleItem::bezierDataChange, this, kill);
-            graph.dragBy(
-                deed % 2 ? static_cast<QGraphicsItem*>(graph.left(1)) : graph.point(1), {4, 3});
-            QVERIFY(!victim);
-            graph.pointer.moveTo(graph.pointer.position() + QPoint(9, 9));
-            QTest::keyClick(&graph, Qt::Key_Escape);
-            graph.pointer.release();
-            graph.viewport()->grab();
-            QCOMPARE(graph.edits.size(), 2);
-        }
-    }
     void aMonkeyLeavesNothingBehind()
     {
         const int steps = qEnvironmentVariableIntValue("MORRANT_MONKEY_STEPS");
@@ -268,6 +249,8 @@ private Q_SLOTS:
         graph.setShowTransformTool(true);
         std::mt19937 random(2026);
         const auto upTo = [&](int most) { return static_cast<int>(random() % unsigned(most)); };
+        bool pushed = false; // by the host itself, which has to keep it then
+        graph.told = [&](QObject* item) { delete (!pushed && upTo(40) == 0 ? item : nullptr); };
         for (int step = 0; step < std::max(steps, 400); ++step) {
             switch (upTo(15)) {
             case 0: graph.hold(Qt::KeyboardModifiers(upTo(8) << 25)); break;
@@ -287,7 +270,9 @@ private Q_SLOTS:
             case 10: graph.addPoint(graph.curve, QPointF(upTo(100), upTo(100)), upTo(2)); break;
             case 11:
                 if (graph.curve->pointCount() > 0 && graph.left(0)) {
+                    pushed = true;
                     graph.left(0)->setPos(-std::pow(10, upTo(308)), std::pow(10, upTo(308)));
+                    pushed = false;
                     graph.viewport()->grab();
                 }
                 break;
@@ -311,8 +296,6 @@ private Q_SLOTS:
     }
 };
 
-namespace {
 const ui::test::Registration<GraphGesturesTest> kRegistration;
-} // namespace
 
 #include "tst_graphgestures.moc"

@@ -39,7 +39,6 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(graph.curve->valueAt(-90), graph.point(0)->y());
-        QCOMPARE(graph.curve->valueAt(90), graph.point(2)->y());
     }
     void whatIsNoPointWithHandlesEndsACurve()
     {
@@ -107,15 +106,12 @@ private Q_SLOTS:
             const QImage image = graph.viewport()->grab().toImage();
             return pixelAt(image, graph.mapFromScene(item->scenePos()) + offset);
         };
-        const QColor light = ui::colorQt(u"Light"_qs);
-        const QColor accent = ui::colorQt(u"Accent1"_qs);
-        QVERIFY(closeTo(colorAt(graph.point(1), {0, -4}), light));
-        QVERIFY(!closeTo(colorAt(graph.point(1), {5, -5}), light, 30)); // a corner of its square
-        QVERIFY(closeTo(colorAt(graph.right(0), {0, 3}), light));
-        graph.point(1)->setSelected(true);
-        graph.right(0)->setSelected(true);
-        QVERIFY(closeTo(colorAt(graph.point(1), {0, -3}), accent));
-        QVERIFY(closeTo(colorAt(graph.right(0), {0, 2.5}), accent));
+        for (const QString& name : {u"Light"_qs, u"Accent1"_qs}) {
+            QVERIFY(closeTo(colorAt(graph.point(1), {0, -3}), ui::colorQt(name)));
+            QVERIFY(closeTo(colorAt(graph.right(0), {0, 2.5}), ui::colorQt(name)));
+            graph.select({1});
+            graph.right(0)->setSelected(true);
+        }
         const auto between = [&] { return colorAt(graph.point(0), {80, 0}); };
         QVERIFY(closeTo(between(), ui::colorQt(u"Text"_qs), 40));
         graph.curve->setColor(Qt::green);
@@ -132,6 +128,7 @@ private Q_SLOTS:
         QVERIFY2(dots > 4 && dots < 36, qPrintable(QString::number(dots)));
         graph.point(1)->setHolding(true);
         QVERIFY(colorAt(graph.point(1), {78, 0}) != ground); // up to the next point, and there down
+        graph.left(1)->placeSilently({-3e307, 0}); // whose quarters of a pixel nobody can count
         QVERIFY(colorAt(graph.point(2), {0, -80}) != ground);
     }
     void nothingIsPaintedWithoutNeed()
@@ -165,8 +162,6 @@ private Q_SLOTS:
     }
 };
 
-namespace {
 const ui::test::Registration<GraphItemsTest> kRegistration;
-} // namespace
 
 #include "tst_graphitems.moc"

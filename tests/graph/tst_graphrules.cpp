@@ -131,8 +131,6 @@ private Q_SLOTS:
     }
 };
 
-namespace {
 const ui::test::Registration<GraphRulesTest> kRegistration;
-} // namespace
 
 #include "tst_graphrules.moc"
