@@ -178,12 +178,9 @@ private Q_SLOTS:
         const auto* const tool = owner.view->transformTool();
         const QPoint body = owner.at(0.3, 0.8);
         const QPoint unit(40, 0);
-        const auto right = [&] {
-            return owner.view->mapFromScene(tool->rect().right(), 1) - QPoint(2, 0);
-        };
-        const auto left = [&] {
-            return owner.view->mapFromScene(tool->rect().left(), 1) + QPoint(2, 0);
-        };
+        const auto edge = [&](double x) { return owner.view->mapFromScene(x, 1); };
+        const auto right = [&] { return edge(tool->rect().right()) - QPoint(2, 0); };
+        const auto left = [&] { return edge(tool->rect().left()) + QPoint(2, 0); };
         owner.drag(body, body - unit * 6, 1); // both are held at the border for a while
         QCOMPARE(owner.told(), u"0,20 0,50 90,90"_qs);
         owner.pointer.dragTo(body + unit, 1);

@@ -85,11 +85,10 @@ private Q_SLOTS:
         point->setLockedBeziers(true, false); // both lie on the point
         QCOMPARE(graph.left(0)->pos(), QPointF());
         graph.right(0)->placeSilently({4, 3});
-        point->setLockedBeziers(true, true);
-        QCOMPARE(graph.left(0)->pos(), QPointF());
-        point->setLockedBeziers(true, false);
-        QCOMPARE(graph.left(0)->pos(), QPointF(-4, -3));
-        QCOMPARE(graph.left(0)->dataPosition(), QPointF(-4, 3));
+        for (const bool silent : {true, false}) {
+            point->setLockedBeziers(true, silent);
+            QCOMPARE(graph.left(0)->dataPosition(), silent ? QPointF() : QPointF(-4, 3));
+        }
         graph.left(0)->setPos(-8, -6);
         QCOMPARE(graph.right(0)->pos(), QPointF(8, 6));
         graph.left(0)->setPos(std::nan(""), 0);
@@ -155,9 +154,7 @@ private Q_SLOTS:
         QVERIFY(curve->paints > 0);
         curve->paints = 0;
         graph.zoomAt({1.1, 0.7}, {300, 300});
-        QTest::qWait(60);
-        QCOMPARE(curve->paints, 1);
-        QTest::qWait(120);
+        QTest::qWait(180);
         QCOMPARE(curve->paints, 1);
     }
 };
