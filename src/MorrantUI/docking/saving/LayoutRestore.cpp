@@ -3,7 +3,6 @@
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/docktree.h"
-#include "MorrantUI/theme/FrozenUpdates.h"
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/theme/screens.h>
@@ -28,12 +27,9 @@ QScreen* screenFor(const SavedWindow& saved)
     return named != screens.end() ? *named : getClosestScreenAt(saved.geometry.center());
 }
 
-/// Behind the scenes windows belong to nobody.
-void setFloating(DockableWindow& window, DockableGroup& root)
+DockableGroup* makeGroup(Kind kind)
 {
-    if (window.parentWidget() != &root || !window.isWindow()) {
-        window.setParent(&root, window.windowFlags() | Qt::Window);
-    }
+    return kind == Kind::Tabs ? new DockableTabGroup : new DockableGroup;
 }
 
 /// Gives the keyboard focus back to who had it, once everything has its place.
@@ -82,11 +78,11 @@ void LayoutRestore::run(const PanelForName& panelForName)
     }
     const LayoutChange change;
     const FocusReturn focus;
-    const FrozenUpdates frozen{m_root};
     sortOutOthers();
+    closeUnwanted();
+    const std::vector<QPointer<DockableGroup>> before = groupsNow();
     {
         const Rearranging rearranging;
-        takeApart();
         fill(*m_root, m_layout.root);
         for (const QPointer<DockableWindow>& window : m_others) {
             if (window) {
@@ -94,11 +90,11 @@ void LayoutRestore::run(const PanelForName& panelForName)
             }
         }
     }
-    applySizes(*m_root, m_layout.root);
     for (const SavedWindow& window : m_layout.floating) {
         floatWindow(window);
     }
-    closeUnwanted();
+    deleteEmptied(before);
+    applySizes(*m_root, m_layout.root);
 }
 
 /// Who comes where is known before anything moves, since the host may do whatever it likes when it
@@ -149,20 +145,26 @@ void LayoutRestore::sortOutOthers()
     }
 }
 
-void LayoutRestore::takeApart()
+std::vector<QPointer<DockableGroup>> LayoutRestore::groupsNow() const
 {
-    for (DockableWindow* window : allPanels()) {
-        if (DockableGroup* group = groupOf(*window)) {
-            group->takeChild(group->indexOfChild(window));
-        }
+    std::vector<QPointer<DockableGroup>> groups;
+    for (DockableGroup* group : m_root->findChildren<DockableGroup*>()) {
+        groups.emplace_back(group);
     }
-    while (m_root->childCount() > 0) {
-        delete m_root->takeChild(0); // groups without panels
-    }
-    for (DockableWindow* window : floatingWindows()) {
-        if (window->windowMode() != DockableWindow::WindowMode::Panel) {
-            delete window;
+    return groups;
+}
+
+/// Of the former groups, from which all panels have moved to their new places.
+void LayoutRestore::deleteEmptied(const std::vector<QPointer<DockableGroup>>& groups)
+{
+    for (const QPointer<DockableGroup>& group : groups) {
+        if (!group) {
+            continue; // it lay in another one
         }
+        if (DockableGroup* parent = groupOf(*group)) {
+            parent->takeChild(parent->indexOfChild(group));
+        }
+        delete group;
     }
 }
 
@@ -192,7 +194,7 @@ DockableWindow* LayoutRestore::assemble(const LayoutNode& node)
         }
         return window;
     }
-    DockableGroup* group = node.kind == Kind::Tabs ? new DockableTabGroup : new DockableGroup;
+    DockableGroup* const group = makeGroup(node.kind);
     fill(*group, node);
     return group;
 }
@@ -200,14 +202,20 @@ DockableWindow* LayoutRestore::assemble(const LayoutNode& node)
 void LayoutRestore::floatWindow(const SavedWindow& saved)
 {
     QPointer<DockableWindow> window;
-    {
-        const Rearranging rearranging;
+    if (saved.root.kind == Kind::Panel) {
         window = assemble(saved.root);
+        if (DockableGroup* parent = window ? groupOf(*window) : nullptr) {
+            parent->takeChild(parent->indexOfChild(window));
+        }
+    } else {
+        DockableGroup* const group = makeGroup(saved.root.kind);
+        const Rearranging rearranging;
+        fill(*group, saved.root);
+        window = group;
     }
     if (!window) {
         return;
     }
-    setFloating(*window, *m_root);
     if (!saved.geometry.isEmpty()) {
         const QScreen* const screen = screenFor(saved);
         window->setWindowState(
@@ -227,12 +235,13 @@ void LayoutRestore::floatWindow(const SavedWindow& saved)
 void LayoutRestore::closeUnwanted()
 {
     for (const QPointer<DockableWindow>& window : m_unwanted) {
-        if (!window) {
-            continue;
+        if (window && window->isFloating()) {
+            window->close();
+        } else if (window) {
+            window->undockAndClose();
         }
-        setFloating(*window, *m_root);
-        if (!window->close() && window) {
-            m_root->appendChild(window);
+        if (window && !window->isClosing() && !window->isHidden()) {
+            m_others.push_back(window);
         }
     }
 }

@@ -13,8 +13,9 @@ class DockableWindow;
 
 namespace ui::docking {
 
-/// Brings the panels in and above the main window into a saved arrangement. Everything is taken
-/// apart and put together again behind the scenes, so that no window is seen at another place.
+/// Brings the panels in and above the main window into a saved arrangement. Each moves straight
+/// from its old group into its new one, so that none is seen at another place or leaves its window
+/// without need.
 class LayoutRestore
 {
 public:
@@ -31,7 +32,8 @@ private:
 
     void claim(const PanelForName& panelForName);
     void sortOutOthers();
-    void takeApart();
+    std::vector<QPointer<DockableGroup>> groupsNow() const;
+    static void deleteEmptied(const std::vector<QPointer<DockableGroup>>& groups);
     void fill(DockableGroup& group, const LayoutNode& node);
     DockableWindow* assemble(const LayoutNode& node);
     void floatWindow(const SavedWindow& saved);
