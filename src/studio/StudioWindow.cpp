@@ -16,7 +16,6 @@
 #include "discarding.h"
 #include "editing/DocumentEditor.h"
 #include "gallery/GalleryPage.h"
-#include "layout/layoutjson.h"
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
@@ -27,15 +26,16 @@
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
-#include <MorrantUI/theme/screens.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMenu>
 #include <QMimeData>
-#include <QScreen>
+#include <QSaveFile>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -45,11 +45,18 @@ namespace studio {
 
 namespace {
 
-constexpr QSize kWindowSize(1440, 900); ///< unless the default layout has another one
+constexpr QSize kWindowSize(1440, 900); ///< until the user has given it another one
 
 QString titleOf(const Document& document, const QString& path)
 {
     return document.name.isEmpty() ? QFileInfo(path).completeBaseName() : document.name;
+}
+
+/// Empty for what cannot be read.
+QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// In a title that tells whether there are changes, these three signs have a meaning.
@@ -278,13 +285,11 @@ Viewport& StudioWindow::viewport()
 
 void StudioWindow::showDefaultLayout()
 {
-    const LayoutResult read = readLayoutFile(u"style:layout.json"_qs);
-    const Layout layout = read.layout.value_or(Layout());
-    m_workspace->setDefaultLayout(layout);
-    m_workspace->reset();
-    resize(layout.windowSize.isEmpty() ? kWindowSize : layout.windowSize);
-    if (!read) {
-        const QString sentence = tr("The default layout cannot be used: %1.").arg(read.error);
+    m_workspace->setDefaultLayout(contentsOf(u"style:layout.json"_qs));
+    const QString error = m_workspace->reset();
+    resize(kWindowSize);
+    if (!error.isEmpty()) {
+        const QString sentence = tr("The default layout cannot be used: %1.").arg(error);
         QMetaObject::invokeMethod(
             this, [this, sentence] { fail(sentence); }, Qt::QueuedConnection); // once we are heard
     }
@@ -296,43 +301,29 @@ void StudioWindow::keepLayoutIn(const QString& path)
     if (!QFileInfo::exists(path)) {
         return;
     }
-    const LayoutResult saved = readLayoutFile(path);
-    if (!saved) {
+    const QByteArray saved = contentsOf(path);
+    const QString error = m_workspace->setLayout(saved);
+    if (!error.isEmpty()) {
         const QString kept = path + u".bad"_qs; // a new one will be written in its place
         QFile::remove(kept);
         QFile::copy(path, kept);
         fail(tr("The layout in “%1” cannot be used: %2.")
-                 .arg(QDir::toNativeSeparators(path), saved.error));
+                 .arg(QDir::toNativeSeparators(path), error));
         return;
     }
-    m_workspace->setLayout(*saved.layout);
-    restoreWindow(*saved.layout);
-}
-
-void StudioWindow::restoreWindow(const Layout& layout)
-{
-    const QRect wanted(layout.windowPosition.value_or(pos()), layout.windowSize);
-    const QScreen* screen = getClosestScreenAt(wanted.center());
-    if (!layout.windowSize.isEmpty() && screen) {
-        const QRect place = within(wanted, screen->availableGeometry());
-        resize(place.size());
-        if (layout.windowPosition) {
-            move(place.topLeft());
-        }
-    }
-    setWindowState(windowState().setFlag(Qt::WindowMaximized, layout.maximized));
+    const QString window = QJsonDocument::fromJson(saved)[u"window"].toString();
+    restoreGeometry(QByteArray::fromBase64(window.toLatin1()));
 }
 
 void StudioWindow::saveLayout()
 {
-    Layout layout = m_workspace->layout();
-    layout.maximized = isMaximized();
-    layout.windowSize = layout.maximized ? normalGeometry().size() : size();
-    const QPoint frame = geometry().topLeft() - pos();
-    layout.windowPosition = layout.maximized ? normalGeometry().topLeft() - frame : pos();
-    const QString error = writeLayoutFile(layout, m_layoutFile);
-    if (!error.isEmpty()) {
-        fail(tr("The layout was not saved: %1.").arg(error));
+    QJsonObject layout = m_workspace->layout();
+    layout[u"window"] = QString::fromLatin1(saveGeometry().toBase64());
+    const QByteArray json = QJsonDocument(layout).toJson();
+    QDir().mkpath(QFileInfo(m_layoutFile).path());
+    QSaveFile file(m_layoutFile);
+    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
+        fail(tr("The layout was not saved: %1.").arg(file.errorString()));
     }
 }
 

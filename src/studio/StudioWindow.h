@@ -24,7 +24,6 @@ class TransportBar;
 class Viewport;
 class Workspace;
 struct Document;
-struct Layout;
 
 /// The file that a drop brings: the one local .json file; empty for anything else.
 QString droppedFile(const QMimeData& data);
@@ -98,7 +97,6 @@ private:
     void connectPanels();
     void offerMenus();
     void showDefaultLayout();
-    void restoreWindow(const Layout& layout);
     void saveLayout();
     DocumentPage& page() const;
     void showDocument();

@@ -1,11 +1,13 @@
 #include "Workspace.h"
 
 #include "PanelWindow.h"
-#include "layout/layouttree.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/DockableToolBarHeader.h>
+#include <MorrantUI/docking/saving/savedlayouts.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -47,7 +49,9 @@ Workspace::Workspace(QWidget* parent)
 
 Workspace::~Workspace()
 {
-    clearTree(*m_root); // while it can still give up what floats above it
+    for (DockableWindow* panel : ui::allPanels()) {
+        delete panel; // while its content can still go to the shelf
+    }
     m_root.reset();
     gMainWindow = m_previousRoot;
 }
@@ -58,39 +62,58 @@ void Workspace::addPanel(const QString& id, QWidget* content, Header header)
     content->setParent(m_shelf);
 }
 
-void Workspace::setDefaultLayout(const Layout& layout)
+void Workspace::setDefaultLayout(const QByteArray& layout)
 {
-    m_default = fitted(layout, ids());
+    m_default = layout;
 }
 
-void Workspace::reset()
+QString Workspace::reset()
 {
-    setLayout(m_default);
+    return setLayout(m_default);
 }
 
-void Workspace::setLayout(const Layout& layout)
+QString Workspace::setLayout(const QByteArray& layout)
 {
-    Layout known = layout; // by a program that had fewer panels
-    for (const QString& id : ids()) {
-        known = withPanel(std::move(known), id, m_default.root);
+    QString error;
+    const auto panelFor = [this](const QString& id) {
+        DockableWindow* const open = windowOf(id);
+        return open || !find(id) ? open : makeWindow(id);
+    };
+    if (!ui::restoreLayout(layout, panelFor, &error)) {
+        return error;
     }
-    const Layout wanted = fitted(known, ids());
-    buildTree(wanted, *m_root, [this](const QString& id) { return makeWindow(id); });
-    if (!isVisible()) {
-        m_unshown = wanted;
-    }
-}
-
-Layout Workspace::layout() const
-{
-    // Before it is first shown nothing has a size that could be read.
-    Layout layout = m_unshown ? *m_unshown : layoutOf(*m_root);
-    layout.closed.clear();
+    const QJsonArray closed = QJsonDocument::fromJson(layout)[u"closed"].toArray();
+    m_unplaced.clear();
     for (const Panel& panel : m_panels) {
-        if (!isPanelOpen(panel.id)) {
-            layout.closed.append(panel.id);
+        if (!isPanelOpen(panel.id) && !closed.contains(panel.id)) {
+            m_unplaced.append(panel.id);
         }
     }
+    if (isVisible()) {
+        placeUnplaced();
+    }
+    return {};
+}
+
+void Workspace::placeUnplaced()
+{
+    for (const QString& id : std::exchange(m_unplaced, {})) {
+        if (!isPanelOpen(id)) {
+            ui::dockAsInLayout(makeWindow(id), m_default);
+        }
+    }
+}
+
+QJsonObject Workspace::layout() const
+{
+    QJsonObject layout = QJsonDocument::fromJson(ui::saveLayout()).object();
+    QJsonArray closed;
+    for (const Panel& panel : m_panels) {
+        if (!isPanelOpen(panel.id) && !m_unplaced.contains(panel.id)) {
+            closed.append(panel.id);
+        }
+    }
+    layout[u"closed"] = closed;
     return layout;
 }
 
@@ -102,7 +125,7 @@ void Workspace::setPanelOpen(const QString& id, bool open)
     } else if (open && find(id)) {
         DockableWindow* const shown = window ? window : makeWindow(id);
         if (!window) {
-            dockAtHome(*shown, m_default.root, *m_root);
+            ui::dockAsInLayout(shown, m_default);
         }
         bringForward(*shown);
     }
@@ -121,31 +144,26 @@ DockableWindow* Workspace::windowOf(const QString& id) const
 void Workspace::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    for (DockableWindow* window : floatingWindows(*m_root)) {
-        window->show();
+    for (const QPointer<DockableWindow>& window : std::exchange(m_hidden, {})) {
+        if (window) {
+            window->show();
+        }
     }
-    if (const auto layout = std::exchange(m_unshown, std::nullopt)) {
-        applySizes(*layout, *m_root);
-    }
+    placeUnplaced();
 }
 
 void Workspace::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    if (!event->spontaneous()) {
-        for (DockableWindow* window : floatingWindows(*m_root)) {
+    if (event->spontaneous()) {
+        return;
+    }
+    for (DockableWindow* window : ui::floatingWindows()) {
+        if (window->isVisible()) {
             window->hide();
+            m_hidden.emplace_back(window);
         }
     }
-}
-
-QStringList Workspace::ids() const
-{
-    QStringList ids;
-    for (const Panel& panel : m_panels) {
-        ids.append(panel.id);
-    }
-    return ids;
 }
 
 const Workspace::Panel* Workspace::find(const QString& id) const

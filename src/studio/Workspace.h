@@ -1,7 +1,6 @@
 #pragma once
 
-#include "layout/Layout.h"
-
+#include <QJsonObject>
 #include <QPointer>
 #include <QWidget>
 
@@ -45,15 +44,16 @@ public:
     const std::vector<Panel>& panels() const { return m_panels; }
 
     /// The layout that reset() brings and that says where a closed panel belongs; none at first.
-    void setDefaultLayout(const Layout& layout);
-    void reset();
+    void setDefaultLayout(const QByteArray& layout);
+    QString reset(); ///< as setLayout()
 
-    /// Replaces the arrangement. Panels that it does not mention, as one of an older program, come
-    /// to their places in the default layout. Window size, position and state are the main window's
+    /// Replaces the arrangement. A panel that it does not know, as one of an older program, comes
+    /// to its place in the default layout. Window size, position and state are the main window's
     /// affair.
-    void setLayout(const Layout& layout);
+    /// @return what is wrong with it, the rest of a sentence; empty for nothing
+    QString setLayout(const QByteArray& layout);
     /// What there is, panels that are closed included.
-    Layout layout() const;
+    QJsonObject layout() const;
 
     bool isPanelOpen(const QString& id) const { return windowOf(id) != nullptr; }
     /// Shows a panel, at its place in the default layout if it was closed, or closes it.
@@ -68,7 +68,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    QStringList ids() const;
+    void placeUnplaced();
     const Panel* find(const QString& id) const;
     DockableWindow* makeWindow(const QString& id);
 
@@ -76,8 +76,10 @@ private:
     std::unique_ptr<DockableGroup> m_root;  ///< dies while this is still a whole widget
     QWidget* m_shelf;                       ///< holds the contents of closed panels, never shown
     std::vector<Panel> m_panels;
-    Layout m_default;
-    std::optional<Layout> m_unshown; ///< set while nobody had a size yet
+    QByteArray m_default;
+    QStringList
+        m_unplaced; ///< panels that no layout has placed, until there is room to place them in
+    std::vector<QPointer<DockableWindow>> m_hidden; ///< that floated
 };
 
 } // namespace studio

@@ -228,6 +228,7 @@ void LayoutRestore::floatWindow(const SavedWindow& saved)
             saved.state == SavedState::Maximized ? Qt::WindowMaximized : Qt::WindowMinimized);
     }
     window->setVisible(m_root->isVisible());
+    m_floated.push_back(window);
     applySizes(*window, saved.root);
 }
 

@@ -26,6 +26,8 @@ public:
 
     /// What of the layout could be had, after run().
     const SavedLayout& layout() const { return m_layout; }
+    /// The windows that float for it, hidden while the main window is.
+    const std::vector<QPointer<DockableWindow>>& floated() const { return m_floated; }
 
 private:
     using Windows = std::vector<QPointer<DockableWindow>>;
@@ -44,6 +46,7 @@ private:
     QHash<QString, QPointer<DockableWindow>> m_panels; ///< by the layout's names
     Windows m_others;                                  ///< not in the layout, and to be seen
     Windows m_unwanted;                                ///< to be closed
+    Windows m_floated;
 };
 
 /// Gives the groups below a window the sizes of a layout, as far as they have the same children.

@@ -24,10 +24,11 @@ using Kind = LayoutNode::Kind;
 class UnshownLayout : public QObject
 {
 public:
-    UnshownLayout(DockableGroup& root, SavedLayout restored)
+    UnshownLayout(DockableGroup& root, const LayoutRestore& restore)
         : QObject(&root)
-        , layout(std::move(restored))
+        , layout(restore.layout())
         , m_root(root)
+        , m_floating(restore.floated())
     {
         delete of(root);
         setObjectName(kName);
@@ -46,8 +47,10 @@ public:
             m_root.removeEventFilter(this);
             setObjectName({}); // at work no more, also for saveLayout() in a slot
             deleteLater();
-            for (DockableWindow* window : floatingWindows()) {
-                window->show();
+            for (const QPointer<DockableWindow>& window : m_floating) {
+                if (window) {
+                    window->show();
+                }
             }
             applySizes(m_root, layout.root);
         }
@@ -60,6 +63,7 @@ private:
     inline static const QString kName = QStringLiteral("unshownLayout");
 
     DockableGroup& m_root;
+    std::vector<QPointer<DockableWindow>> m_floating;
 };
 
 Kind kindOf(const DockableWindow& window)
@@ -275,7 +279,7 @@ bool restoreLayout(const QByteArray& json, const PanelForName& panelForName, QSt
     LayoutRestore restore(*root, *layout);
     restore.run(panelForName);
     if (alive && !alive->isVisible()) {
-        new UnshownLayout(*alive, restore.layout());
+        new UnshownLayout(*alive, restore);
     }
     return true;
 }
