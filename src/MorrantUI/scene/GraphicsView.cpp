@@ -109,7 +109,7 @@ bool GraphicsView::event(QEvent* event)
 void GraphicsView::watchDoors()
 {
     if (!m_doors.isWatching()) {
-        const GestureHold hold{Qt::NoButton, true, true};
+        const GestureHold hold{.button = Qt::NoButton, .focus = true};
         m_doors.watch(
             this,
             [this](GestureDoors::Door door) {
