@@ -59,12 +59,17 @@ private Q_SLOTS:
         Editor editor({{20}});
         editor.view->setScale(0.3);
         QScrollBar* const bar = editor.view->horizontalScrollBar();
-        bar->setValue(bar->minimum());
         const QTransform before = editor.view->transform();
         const QPoint place(300, 20);
-        QWheelEvent wheel(place, editor.view->mapToGlobal(place), {}, {-250, 0}, {}, {}, {}, false);
-        QCoreApplication::sendEvent(editor.view->viewport(), &wheel);
-        QCOMPARE(bar->value() - bar->minimum(), static_cast<int>(2.5 * bar->singleStep()));
+        for (const int turn : {250, 1}) { // a wheel of notches, and a fine one
+            bar->setValue(bar->minimum());
+            for (int i = 0; i < 250; i += turn) {
+                const QPoint at = editor.view->mapToGlobal(place);
+                QWheelEvent wheel(place, at, {}, {-turn, 0}, {}, {}, {}, false);
+                QCoreApplication::sendEvent(editor.view->viewport(), &wheel);
+            }
+            QVERIFY(std::abs(bar->value() - bar->minimum() - 2.5 * bar->singleStep()) <= 1.0);
+        }
         QCOMPARE(editor.view->transform(), before);
     }
 
@@ -106,8 +111,10 @@ private Q_SLOTS:
         };
         QTest::keyPress(editor->view, Qt::Key_Shift);
         doors[0]();
+        editor->view->setDragMode(QGraphicsView::NoDrag);
         doors[1](); // though the pointer had left before
         QVERIFY(!editor->view->getSnapping());
+        QCOMPARE(editor->view->dragMode(), QGraphicsView::NoDrag);
         for (const auto& door : doors) {
             editor->view->setEnabled(true);
             QTest::keyPress(editor->view, Qt::Key_Space);

@@ -211,6 +211,10 @@ private Q_SLOTS:
         QCOMPARE(ruler.view.mapFromScene(frame, 0.0).x(), 700);
         wheel(10, {0, -120}, Qt::NoModifier);
         QCOMPARE(ruler.view.mapFromScene(frame, 0.0).x(), 652);
+        for (int i = 0; i < 120; ++i) {
+            wheel(10, {0, 1}, Qt::NoModifier); // a fine one gets as far
+        }
+        QCOMPARE(ruler.view.mapFromScene(frame, 0.0).x(), 700);
         for (const double factor : {0.0, -1.0, qQNaN(), qInf(), 1e300, 1e300, 1e-300}) {
             ruler.view.zoomAt(factor, 0);
             QVERIFY(ruler.view.pixelsPerFrame() > 0.0 && ruler.view.pixelsPerFrame() <= 1e6);
@@ -467,6 +471,44 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(deleted, 12);
+    }
+
+    void slotsMayDeleteTheRulerThatScrolls()
+    {
+        using Living = QPointer<TimelineView>;
+        const std::function<void(const Living&, TimeEditorView&)> moves[] = {
+            [](auto& ruler, auto&) { ruler->zoomAt(2.0, 10); },
+            [](auto& ruler, auto&) { ruler->scrollBy(50); },
+            [](auto& ruler, auto&) { ruler->resize(700, 50); },
+            [](auto& ruler, auto&) {
+                ruler->setFrameRange(0, 500); // fits at once without an editor
+                if (ruler) {
+                    ruler->fitFrameRange();
+                }
+            },
+            [](auto&, TimeEditorView& editor) { editor.setScale(0.8); },
+            [](auto&, TimeEditorView& editor) {
+                const QSignalBlocker quiet(&editor); // only its picture tells
+                editor.setTransform(QTransform::fromScale(17.0, 1.0));
+                editor.viewport()->grab();
+            }};
+        for (std::size_t i = 0; i < std::size(moves) + 4; ++i) {
+            const bool follows = i < std::size(moves);
+            TimeEditorView editor;
+            editor.setup(new TimeEditorScene(&editor, QRect(0, 0, 100, 44)));
+            editor.resize(1000, 100);
+            editor.setFrameRange(0, 100);
+            editor.setPlaybackRange(0, 100);
+            editor.setScale(0.5);
+            const Living ruler(new TimelineView);
+            ruler->resize(500, 50);
+            ruler->show();
+            ruler->setEditor(follows ? &editor : nullptr);
+            QCoreApplication::processEvents();
+            connect(ruler, &TimelineView::viewRectChanged, qApp, [ruler] { delete ruler.data(); });
+            moves[i % std::size(moves)](ruler, editor);
+            QTRY_VERIFY(!ruler);
+        }
     }
 
     void aHundredTicksPaintOnceAndRestPaintsNothing()

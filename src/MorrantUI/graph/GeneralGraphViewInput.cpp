@@ -163,13 +163,9 @@ void GeneralGraphView::abandonGesture()
     if (!alive) {
         return;
     }
-    const DragMode mode = dragMode();
     {
         const ui::ChangeBatch batch(this);
         GraphicsView::abandonGesture();
-    }
-    if (alive && mode != ScrollHandDrag) {
-        setDragMode(mode); // the base goes to the rubber band
     }
     if (alive) {
         finishGesture();

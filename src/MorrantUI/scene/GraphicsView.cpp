@@ -10,6 +10,9 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include <cstdlib>
+#include <utility>
+
 GraphicsView::GraphicsView(QWidget* parent)
     : QGraphicsView(parent)
 {
@@ -43,6 +46,9 @@ void GraphicsView::restoreMouse()
 
 void GraphicsView::startHandPan()
 {
+    if (!m_beforePan) {
+        m_beforePan = BeforePan{dragMode(), isInteractive()};
+    }
     setDragMode(ScrollHandDrag);
     // An interactive view would hand the press to the item below the pointer.
     setInteractive(false);
@@ -50,7 +56,9 @@ void GraphicsView::startHandPan()
 
 void GraphicsView::endHandPan()
 {
-    setInteractive(true);
+    if (const auto before = std::exchange(m_beforePan, std::nullopt)) {
+        setInteractive(before->isInteractive);
+    }
     if (dragMode() == ScrollHandDrag) {
         setDragMode(NoDrag); // which alone makes Qt forget a pan whose release it has not seen
     }
@@ -74,11 +82,16 @@ void GraphicsView::stopEdgeScroll()
 
 void GraphicsView::scrollByShare(const QWheelEvent& event, double share)
 {
+    // The longer side is what scrolls, which rounding may not change.
+    const auto along = [](QPoint delta) {
+        const bool isWide = std::abs(delta.x()) > std::abs(delta.y());
+        return isWide ? QPoint(delta.x(), 0) : QPoint(0, delta.y());
+    };
     QWheelEvent scaled(
         event.position(),
         event.globalPosition(),
-        ui::wheelShare(event.pixelDelta(), share),
-        ui::wheelShare(event.angleDelta(), share),
+        ui::wheelSteps(along(event.pixelDelta()), share, m_pixelRest),
+        ui::wheelSteps(along(event.angleDelta()), share, m_angleRest),
         event.buttons(),
         event.modifiers(),
         event.phase(),
@@ -91,7 +104,9 @@ void GraphicsView::abandonGesture()
     m_doors.stop();
     stopEdgeScroll();
     restoreMouse();
+    const DragMode mode = m_beforePan ? m_beforePan->mode : dragMode();
     endHandPan();
+    setDragMode(mode);
     if (scene() && scene()->mouseGrabberItem()) {
         scene()->mouseGrabberItem()->ungrabMouse();
     }

@@ -5,8 +5,10 @@
 
 #include <QCursor>
 #include <QGraphicsView>
+#include <QPointF>
 
 #include <memory>
+#include <optional>
 
 namespace ui {
 class OverrideCursor;
@@ -39,7 +41,8 @@ protected:
 
     /// Lets the coming press pan the view, even when it is on an item that would take it.
     void startHandPan();
-    /// Back to the rubber band. Without a pan it only sets the mode.
+    /// Back to the rubber band, and to what the view gave its items before. Without a pan it only
+    /// sets the mode.
     void endHandPan();
 
     /// Scrolls by itself while something is dragged at the viewport's edge or beyond it: the
@@ -50,19 +53,29 @@ protected:
     void scrollAtEdge(const QMouseEvent& event, Qt::Orientations directions);
     void stopEdgeScroll();
 
-    /// Hands a wheel event to QGraphicsView with a share of its distance.
+    /// Hands a wheel event to QGraphicsView with a share of its distance, 0..1. What is less than
+    /// Qt's least distance adds up.
     void scrollByShare(const QWheelEvent& event, double share);
 
     /// The mouse or the keyboard is lost in mid-gesture: everything held ends here. An override
-    /// calls this one, which gives back cursor, pan and grab.
+    /// calls this one, which gives back cursor, pan and grab. The drag mode is that of before.
     virtual void abandonGesture();
 
     bool event(QEvent* event) override;
 
 private:
+    struct BeforePan
+    {
+        DragMode mode;
+        bool isInteractive;
+    };
+
     void watchDoors();
 
     std::unique_ptr<ui::OverrideCursor> m_cursor;
     GestureDoors m_doors;
+    std::optional<BeforePan> m_beforePan; ///< while a pan has its own mode
+    QPointF m_pixelRest;                  ///< of the wheel's distances, not scrolled yet
+    QPointF m_angleRest;
     EdgeScroller* m_edgeScroller = nullptr; ///< a child, made when first needed
 };

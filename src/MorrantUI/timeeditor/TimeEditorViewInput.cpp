@@ -1,6 +1,7 @@
 // What the user does with mouse and keyboard: the half of TimeEditorView that takes events.
 
 #include "MorrantUI/controls/gestures/cursors.h"
+#include "MorrantUI/scene/wheel.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/SelectionTold.h"
 #include "MorrantUI/timeeditor/clipselection.h"
@@ -25,8 +26,6 @@
 #include <utility>
 
 namespace {
-
-constexpr double kWheelShare = 0.4;
 
 QPoint rounded(QPointF position)
 {
@@ -280,7 +279,7 @@ void TimeEditorView::mouseReleaseEvent(QMouseEvent* event)
 
 void TimeEditorView::wheelEvent(QWheelEvent* event)
 {
-    scrollByShare(*event, kWheelShare);
+    scrollByShare(*event, ui::kWheelShare);
     event->accept();
 }
 

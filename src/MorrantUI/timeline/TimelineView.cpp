@@ -15,6 +15,7 @@
 
 #include <QPainter>
 #include <QScrollBar>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <chrono>
@@ -103,7 +104,12 @@ bool TimelineView::eventFilter(QObject* watched, QEvent* event)
 {
     const bool mayHaveChanged = event->type() == QEvent::Paint || event->type() == QEvent::Resize;
     if (mayHaveChanged && m_editor && watched == m_editor->viewport()) {
+        const QPointer<TimelineView> alive(this);
+        const QPointer<QObject> receiver(watched);
         followEditor();
+        if (!alive || !receiver) {
+            return !receiver; // nobody is left to go on to
+        }
     }
     return GraphicsView::eventFilter(watched, event);
 }
@@ -194,9 +200,14 @@ void TimelineView::zoomAt(double factor, int x)
         // What the editor shows, also after a fit that its own scale does not know.
         const double span = ui::frameSpan(m_editor->getFrameRange()) + ui::kFramesBeyondEnd;
         const double room = m_editor->viewport()->width() - ui::kFitMargin;
+        const QPointer<TimelineView> alive(this);
         m_editor->setScaleAt(room / (wanted * span), x);
-        followEditor();
-        scrollBy(ui::nearestFrame(frame * pixelsPerFrame() - m_scroll - x));
+        if (alive) {
+            followEditor();
+        }
+        if (alive) {
+            scrollBy(ui::nearestFrame(frame * pixelsPerFrame() - m_scroll - x));
+        }
     } else {
         showAt(wanted, frame * wanted - x);
     }
@@ -218,9 +229,12 @@ void TimelineView::scrollBy(int pixels)
 {
     m_fitsRange = false;
     if (m_editor) {
+        const QPointer<TimelineView> alive(this);
         QScrollBar* const bar = m_editor->horizontalScrollBar();
         bar->setValue(ui::movedFrame(bar->value(), pixels)); // saturates
-        followEditor();
+        if (alive) {
+            followEditor();
+        }
     } else {
         showAt(pixelsPerFrame(), m_scroll + pixels);
     }
@@ -231,8 +245,11 @@ void TimelineView::fitFrameRange()
     m_fitsRange = true;
     const QRectF rect = ui::framedRange(frames(), 1.0, QRectF(0.0, 0.0, 1.0, 1.0));
     if (m_editor) {
+        const QPointer<TimelineView> alive(this);
         m_editor->fitRect(rect);
-        followEditor();
+        if (alive) {
+            followEditor();
+        }
     } else if (const auto scale = ui::horizontalFit(rect, viewport()->size())) {
         showAt(*scale, rect.left() * *scale - ui::kFitMargin / 2.0);
     }
@@ -392,9 +409,13 @@ void TimelineView::changeEvent(QEvent* event)
 void TimelineView::resizeEvent(QResizeEvent* event)
 {
     GraphicsView::resizeEvent(event);
-    followRange();
-    arrange();
-    Q_EMIT viewRectChanged();
+    {
+        const QSignalBlocker quiet(this);
+        followRange();
+        arrange();
+    }
+    // Not before whoever lays out the view is through: a slot may delete it.
+    QMetaObject::invokeMethod(this, &TimelineView::viewRectChanged, Qt::QueuedConnection);
 }
 
 void TimelineView::paintEvent(QPaintEvent* event)

@@ -4,6 +4,7 @@
 #include <MorrantUI/scene/GraphicsView.h>
 #include <MorrantUI/timeline/markers.h>
 
+#include <QPointF>
 #include <QPointer>
 #include <QTimer>
 
@@ -107,7 +108,8 @@ Q_SIGNALS:
     void playbackRangeEdited(std::pair<int, int> before, std::pair<int, int> after);
     /// The user has changed a marker: once for a whole drag, and not after Escape.
     void markerEdited(const MarkerEdit& edit);
-    /// Scroll, zoom or size have changed.
+    /// Scroll, zoom or size have changed; the size is told of with the next turn of the event loop.
+    /// A slot may delete the ruler.
     void viewRectChanged();
 
 protected:
@@ -195,5 +197,6 @@ private:
     double m_zoomFrame = 0.0;  ///< and what was to stay there
     bool m_fitsRange = true;   ///< shows all frames until the user zooms or scrolls
     bool m_showsFocus = false; ///< came by the keyboard
+    QPointF m_wheelRest;       ///< of a pixel that the wheel has not scrolled yet
     QTimer m_edgeTimer;        ///< while a drag is beyond an edge
 };

@@ -33,7 +33,6 @@
 
 namespace {
 
-constexpr double kWheelShare = 0.4;
 constexpr double kWheelZoom = 1.2;       ///< for a notch
 constexpr double kWheelNotch = 120.0;    ///< of the angle's eighths of a degree
 constexpr double kMostEdgeScroll = 60.0; ///< pixels at a time
@@ -444,7 +443,8 @@ void TimelineView::wheelEvent(QWheelEvent* event)
     }
     const QPoint pixels = event->pixelDelta();
     const int fine = std::abs(pixels.x()) > std::abs(pixels.y()) ? pixels.x() : pixels.y();
-    scrollBy(-ui::wheelShare({fine != 0 ? fine : notches, 0}, kWheelShare).x());
+    const QPoint distance(fine != 0 ? fine : notches, 0);
+    scrollBy(-ui::wheelSteps(distance, ui::kWheelShare, m_wheelRest).x());
 }
 
 /// A marker's name may be cut short, or have no room at all.
