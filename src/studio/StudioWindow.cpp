@@ -16,6 +16,7 @@
 #include "discarding.h"
 #include "editing/DocumentEditor.h"
 #include "gallery/GalleryPage.h"
+#include "graph/GraphEditor.h"
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
@@ -101,6 +102,7 @@ StudioWindow::StudioWindow(QWidget* parent)
     , m_missing(new MissingPanel)
     , m_notes(new NotesPanel)
     , m_dopeSheet(new DopeSheet(*m_player))
+    , m_graph(new GraphEditor(*m_player))
     , m_pages(new QStackedWidget)
 {
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
@@ -144,6 +146,7 @@ void StudioWindow::addPanels()
     m_workspace->addPanel(u"viewport"_qs, m_documents);
     m_workspace->addPanel(u"attributes"_qs, m_attributes);
     m_workspace->addPanel(u"dopeSheet"_qs, m_dopeSheet);
+    m_workspace->addPanel(u"graph"_qs, m_graph);
     m_workspace->addPanel(u"transport"_qs, m_transport, Workspace::Header::Grip);
 }
 
@@ -171,6 +174,7 @@ void StudioWindow::offerMenus()
     add(*m_notes, [this](ContextMenu& menu, QPoint) { m_notes->fillMenu(menu); });
     add(*m_dopeSheet,
         [this](ContextMenu& menu, QPoint point) { m_dopeSheet->fillMenu(menu, point); });
+    add(*m_graph, [this](ContextMenu& menu, QPoint) { m_graph->fillMenu(menu); });
     add(*m_attributes,
         [this](ContextMenu& menu, QPoint point) { m_attributes->fillMenu(menu, point); });
 }
@@ -186,8 +190,11 @@ void StudioWindow::connectPanels()
         page().layer = layer;
         m_attributes->setLayer(layer);
         m_dopeSheet->setLayer(layer);
+        m_graph->setLayer(layer);
     });
     connect(m_dopeSheet, &DopeSheet::layerChosen, this, &StudioWindow::selectLayer);
+    connect(m_dopeSheet, &DopeSheet::keysChosen, m_graph, &GraphEditor::selectKeys);
+    connect(m_graph, &GraphEditor::keysChosen, m_dopeSheet, &DopeSheet::selectKeys);
     connect(m_dopeSheet, &DopeSheet::failed, this, &StudioWindow::fail);
     connect(m_layers, &LayerPanel::wanted, this, [this] {
         m_workspace->setPanelOpen(u"layers"_qs, true);
@@ -257,6 +264,7 @@ void StudioWindow::showDocument()
     m_player->setTrack(frameRange(document.inPoint, document.outPoint), document.frameRate);
     m_player->seek(frame);
     m_dopeSheet->setDocument(shown.editor(), shown.dopeSheet);
+    m_graph->setDocument(shown.editor());
     m_attributes->setFrame(frame);
     m_transport->setZoom(shown.viewport().mapping().scale);
     selectLayer(layer);
@@ -438,6 +446,7 @@ void StudioWindow::finishEditing()
     m_attributes->finishEditing();
     m_notes->finishEditing();
     m_dopeSheet->finishEditing();
+    m_graph->finishEditing();
 }
 
 void StudioWindow::showHistory()

@@ -15,6 +15,7 @@ class DocumentEditor;
 class DocumentPage;
 class DocumentTabs;
 class DopeSheet;
+class GraphEditor;
 class LayerPanel;
 class MissingPanel;
 class NotesPanel;
@@ -75,6 +76,7 @@ public:
     Workspace& workspace() { return *m_workspace; }
     DocumentTabs& documents() { return *m_documents; }
     DopeSheet& dopeSheet() { return *m_dopeSheet; }
+    GraphEditor& graph() { return *m_graph; }
 
     /// Selects a layer by its place in the main composition, -1 for none.
     void selectLayer(int layer);
@@ -115,6 +117,7 @@ private:
     NotesPanel* m_notes;
     NoticeStack* m_notices = nullptr; ///< over the central widget
     DopeSheet* m_dopeSheet;
+    GraphEditor* m_graph;
     TransportBar* m_transport = nullptr;
     QStackedWidget* m_pages;
     QWidget* m_gallery = nullptr; ///< made when first asked for

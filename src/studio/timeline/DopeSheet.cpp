@@ -26,6 +26,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QSplitter>
 #include <QToolButton>
 
@@ -164,6 +165,9 @@ void DopeSheet::connectViews()
         m_view->getEditorScene()
             ->update(); // a key that is left would keep the look of a selected one
         showActions();
+        if (!m_isFollowing) {
+            Q_EMIT keysChosen(m_rows->selectedKeys());
+        }
     });
     const auto keepVisible = [this] {
         if (shownState()) {
@@ -352,6 +356,12 @@ void DopeSheet::setLayer(int layer)
         m_header->setCurrentRow(row);
         m_header->showRow(row);
     }
+}
+
+void DopeSheet::selectKeys(const std::vector<KeyAddress>& keys)
+{
+    const QScopedValueRollback following(m_isFollowing, true);
+    m_edits->select(keys);
 }
 
 void DopeSheet::finishEditing()

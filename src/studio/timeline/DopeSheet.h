@@ -1,8 +1,11 @@
 #pragma once
 
+#include "editing/PropertyAddress.h"
 #include <MorrantUI/theme/Widget.h>
 
 #include <QPointer>
+
+#include <vector>
 
 class ContextMenu;
 class QAction;
@@ -39,6 +42,8 @@ public:
     void setDocument(DocumentEditor& editor, DopeSheetState& state);
     /// Marks a layer, unless one of its properties is marked; -1 for none.
     void setLayer(int layer);
+    /// Selects keys that were selected elsewhere.
+    void selectKeys(const std::vector<KeyAddress>& keys);
     /// Ends a drag, so that the document is complete.
     void finishEditing();
 
@@ -59,6 +64,8 @@ public:
 Q_SIGNALS:
     /// The user has chosen a layer, by itself or by what is in its rows.
     void layerChosen(int layer);
+    /// The user has selected other keys.
+    void keysChosen(const std::vector<studio::KeyAddress>& keys);
     /// One sentence for the user.
     void failed(const QString& sentence);
 
@@ -96,6 +103,7 @@ private:
     QPointer<DocumentEditor> m_editor;
     DopeSheetState* m_state = nullptr; ///< lives as long as the editor
     int m_layer = -1;
+    bool m_isFollowing = false; ///< the selection of others
 };
 
 } // namespace studio

@@ -41,6 +41,8 @@ public:
     /// To the current frame, or right behind what is copied where that begins there.
     void duplicate();
     void nudge(int frames);
+    /// Selects these keys and nothing else; with none, all stays as it is.
+    void select(const std::vector<KeyAddress>& keys);
     void selectAll();
     /// The keys at the frames of those that are selected; without any, at the current frame.
     void selectColumn();
@@ -58,7 +60,6 @@ private:
     void begin(const QString& text);
     void noteEdit(int layer);
     void showEdits();
-    void select(const std::vector<KeyAddress>& keys);
 
     DopeSheetView& m_view;
     DopeSheetRows& m_rows;

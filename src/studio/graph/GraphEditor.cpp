@@ -1,0 +1,413 @@
+#include "graph/GraphEditor.h"
+
+#include "Player.h"
+#include "commands.h"
+#include "editing/keyrows.h"
+#include "graph/EasingEditor.h"
+#include "graph/KeyFields.h"
+#include "graph/ValueGraphView.h"
+#include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/theme/colors.h>
+
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QMenu>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace studio {
+
+namespace {
+
+constexpr QSize kUsualSize(900, 260); ///< logical pixels
+constexpr int kListWidth = 200;
+constexpr int kEasingWidth = 220;
+constexpr int kMargin = 4;
+constexpr double kColorStep = 0.01; ///< for a pixel, of a channel from 0 to 1
+
+} // namespace
+
+GraphEditor::GraphEditor(Player& player, QWidget* parent)
+    : Widget(parent)
+    , m_player(player)
+    , m_view(new ValueGraphView)
+    , m_curves(new ValueCurves(*m_view))
+    , m_easing(new EasingEditor)
+    , m_fields(new KeyFields)
+    , m_list(new QListWidget)
+    , m_menu(new QMenu(tr("&Graph"), this))
+{
+    setWindowTitle(tr("Graph Editor"));
+    setAccessibleName(tr("Graph Editor"));
+    m_list->setAccessibleName(tr("Animated properties"));
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
+    buildMenu();
+    buildLayout();
+    connectParts();
+}
+
+GraphEditor::~GraphEditor()
+{
+    for (QObject* part :
+         std::initializer_list<QObject*>{m_curves, m_view, m_easing, m_fields, m_list}) {
+        part->disconnect(this); // they outlive what is a graph editor of this object
+    }
+}
+
+void GraphEditor::buildMenu()
+{
+    const auto actions = addCommands(
+        *m_menu,
+        {
+            {tr("Fit &Selection"), {}, {}, [this] { m_view->fitSelected(); }},
+            {tr("Fit &All"), u"home"_qs, {}, [this] { m_view->fitAll(); }},
+            {tr("Trans&form Tool"),
+             u"fit"_qs,
+             {Qt::Key_T},
+             [this] {
+                 m_view->setShowTransformTool(m_tool->isChecked());
+                 m_view->updateTransformTool();
+             }},
+        });
+    m_tool = actions.at(2);
+    m_tool->setCheckable(true);
+    for (QAction* action : actions) {
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // the panel's alone
+        addAction(action);
+    }
+}
+
+void GraphEditor::buildLayout()
+{
+    auto* side = new QWidget;
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(kMargin, 0, kMargin, 0);
+    for (QAction* action : m_menu->actions().mid(1)) {
+        auto* button = new QToolButton;
+        button->setDefaultAction(action);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        buttons->addWidget(button);
+    }
+    buttons->addStretch(1);
+    column->addLayout(buttons);
+    column->addWidget(m_list, 1);
+    column->addWidget(m_fields);
+
+    auto* splitter = new QSplitter;
+    splitter->addWidget(side);
+    splitter->addWidget(m_view);
+    splitter->addWidget(m_easing);
+    splitter->setSizes({kListWidth, kUsualSize.width() - kListWidth - kEasingWidth, kEasingWidth});
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    splitter->setStretchFactor(2, 0);
+    splitter->setChildrenCollapsible(false);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+    setFocusProxy(m_view);
+}
+
+void GraphEditor::connectParts()
+{
+    connect(&m_player, &Player::frameChanged, this, [this](int frame) {
+        m_view->setFrame(frame);
+        showEasing();
+    });
+    connect(m_view, &ValueGraphView::tapped, &m_player, &Player::toggle);
+    connect(m_curves, &ValueCurves::editingStarted, &m_player, &Player::pause);
+    connect(m_curves, &ValueCurves::selectionChanged, this, &GraphEditor::chooseKeys);
+    connect(m_list, &QListWidget::itemSelectionChanged, this, &GraphEditor::showProperties);
+
+    connect(m_easing, &EasingEditor::editStarted, this, [this] { begin(tr("Change Easing")); });
+    connect(m_easing, &EasingEditor::easingEdited, this, &GraphEditor::editEasing);
+    connect(m_easing, &EasingEditor::editEnded, this, &GraphEditor::end);
+
+    connect(m_fields, &KeyFields::editingStarted, &m_player, &Player::pause);
+    connect(m_fields, &KeyFields::frameEdited, this, [this](double frame, bool committed) {
+        editKey({.time = std::round(frame)}, committed);
+    });
+    connect(m_fields, &KeyFields::valueEdited, this, [this](double value, bool committed) {
+        const auto keys = m_isEditing ? m_edited : m_curves->selection();
+        const auto* key = m_editor && !keys.empty() ? m_editor->keyAt(keys.front().key) : nullptr;
+        if (key) {
+            KeyChange change{.value = key->value};
+            const EntryKey& edited = keys.front();
+            (*change.value)[edited.entry] = allowedValue(edited.key.property.attribute, value);
+            editKey(change, committed);
+        }
+    });
+    connect(m_fields, &KeyFields::dragEnded, this, [this] { end(true); });
+}
+
+// What is shown
+
+void GraphEditor::setDocument(DocumentEditor& editor)
+{
+    finishEditing();
+    if (m_editor) {
+        m_editor->disconnect(this);
+    }
+    m_editor = &editor;
+    m_layer = -1;
+    m_wanted.clear();
+    connect(&editor, &DocumentEditor::edited, this, &GraphEditor::noteEdit);
+    connect(&editor, &DocumentEditor::layersChanged, this, &GraphEditor::noteEdit);
+    connect(&editor, &DocumentEditor::layersAboutToChange, this, &GraphEditor::finishEditing);
+    m_view->setFrame(m_player.frame());
+    listProperties();
+}
+
+void GraphEditor::setLayer(int layer)
+{
+    finishEditing();
+    m_layer = layer;
+    listProperties();
+    selectKeys(std::exchange(m_wanted, {}));
+}
+
+/// Many properties may change together: they are shown once.
+void GraphEditor::noteEdit()
+{
+    if (!std::exchange(m_isStale, true)) {
+        QMetaObject::invokeMethod(this, &GraphEditor::refresh, Qt::QueuedConnection);
+    }
+}
+
+void GraphEditor::refresh()
+{
+    m_isStale = false;
+    listProperties();
+    m_curves->refresh();
+    showEasing();
+    showKey();
+}
+
+/// Keeps what is chosen, where it is still there.
+void GraphEditor::listProperties()
+{
+    const auto document = m_editor ? m_editor->document() : nullptr;
+    std::vector<PropertyAddress> rows;
+    QStringList names;
+    for (const KeyRow& row : document ? keyRowsOf(*document, m_layer) : std::vector<KeyRow>()) {
+        if (row.address) {
+            rows.push_back(*row.address);
+            names.append(row.name);
+        }
+    }
+    if (rows == m_rows && m_list->count() == names.size()) {
+        return;
+    }
+    const std::vector<PropertyAddress> chosen = m_curves->properties();
+    m_rows = rows;
+    {
+        const QSignalBlocker quiet(m_list);
+        m_list->clear();
+        m_list->addItems(names);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const bool isChosen = std::find(chosen.begin(), chosen.end(), rows[i]) != chosen.end();
+            m_list->item(static_cast<int>(i))->setSelected(isChosen);
+        }
+        if (!rows.empty() && m_list->selectedItems().isEmpty()) {
+            m_list->setCurrentRow(0);
+        }
+    }
+    showProperties();
+}
+
+/// Those that are chosen in the list.
+void GraphEditor::showProperties()
+{
+    std::vector<PropertyAddress> chosen;
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        if (m_list->item(static_cast<int>(i))->isSelected()) {
+            chosen.push_back(m_rows[i]);
+        }
+    }
+    finishEditing();
+    m_curves->show(m_editor, chosen);
+    showEasing();
+    showKey();
+}
+
+void GraphEditor::showEasing()
+{
+    if (m_isEditing) {
+        return;
+    }
+    m_segment.reset();
+    std::optional<SegmentEasing> easing;
+    const auto& shown = m_curves->properties();
+    const auto* property = m_editor && !shown.empty() ? m_editor->property(shown.front()) : nullptr;
+    const auto segment = property ? segmentAt(*property, m_player.frame()) : std::nullopt;
+    if (segment && !m_editor->isLocked(m_layer)) {
+        m_segment = KeyAddress{shown.front(), *segment};
+        easing = easingOf(property->keys[*segment]);
+    }
+    m_easing->setEasing(easing);
+}
+
+/// Its frame where one key is selected, and its value where that is one number.
+void GraphEditor::showKey()
+{
+    if (m_isEditing) {
+        return;
+    }
+    const auto keys = m_curves->selection();
+    const bool isOne = !keys.empty() && std::all_of(keys.begin(), keys.end(), [&](const auto& key) {
+        return key.key == keys.front().key;
+    });
+    if (!isOne) {
+        m_fields->setKey(std::nullopt, std::nullopt);
+        return;
+    }
+    const bool isColor = keys.front().key.property.attribute == Attribute::ShapeColor;
+    m_fields->value().setDragMultiplier(isColor ? kColorStep : 1);
+    const QPointF place = m_curves->placeOf(keys.front());
+    m_fields->setKey(place.x(), keys.size() == 1 ? std::optional(0.0 - place.y()) : std::nullopt);
+}
+
+void GraphEditor::chooseKeys()
+{
+    showKey();
+    if (m_isFollowing || m_isEditing) {
+        return;
+    }
+    std::vector<KeyAddress> keys;
+    for (const EntryKey& key : m_curves->selection()) {
+        if (std::find(keys.begin(), keys.end(), key.key) == keys.end()) {
+            keys.push_back(key.key);
+        }
+    }
+    Q_EMIT keysChosen(keys);
+}
+
+void GraphEditor::selectKeys(const std::vector<KeyAddress>& keys)
+{
+    if (m_isEditing || m_curves->isDragging()) {
+        return;
+    }
+    const QScopedValueRollback following(m_isFollowing, true);
+    const bool isElsewhere = !keys.empty() && keys.front().property.layer != m_layer;
+    m_wanted = isElsewhere ? keys : std::vector<KeyAddress>();
+    if (isElsewhere) {
+        return;
+    }
+    refresh();
+    const auto isShown = [&](const PropertyAddress& address) {
+        const auto& shown = m_curves->properties();
+        return std::find(shown.begin(), shown.end(), address) != shown.end();
+    };
+    const bool areShown = std::all_of(
+        keys.begin(), keys.end(), [&](const KeyAddress& key) { return isShown(key.property); });
+    if (!areShown) {
+        {
+            const QSignalBlocker quiet(m_list);
+            for (std::size_t i = 0; i < m_rows.size(); ++i) {
+                const bool isWanted = std::any_of(keys.begin(), keys.end(), [&](const auto& key) {
+                    return key.property == m_rows[i];
+                });
+                m_list->item(static_cast<int>(i))->setSelected(isWanted);
+            }
+        }
+        showProperties();
+    }
+    m_curves->selectKeys(keys);
+}
+
+// What the user does
+
+void GraphEditor::begin(const QString& text)
+{
+    if (!m_isEditing && m_editor) {
+        m_player.pause();
+        m_isEditing = true;
+        m_edited = m_curves->selection();
+        m_editor->beginGesture(text);
+    }
+}
+
+void GraphEditor::end(bool changed)
+{
+    if (!m_isEditing) {
+        return;
+    }
+    if (m_editor && m_editor->isInGesture()) { // which another edit may have ended
+        changed ? m_editor->commit() : m_editor->cancel();
+    }
+    m_curves->refresh();
+    const auto now = std::exchange(m_editedNow, std::nullopt);
+    if (now) { // the key may have passed others
+        for (EntryKey& key : m_edited) {
+            key.key = *now;
+        }
+        m_curves->select(m_edited);
+    }
+    m_isEditing = false;
+    m_edited.clear();
+    showEasing();
+    chooseKeys();
+}
+
+void GraphEditor::editEasing(const SegmentEasing& easing)
+{
+    if (m_editor && m_isEditing && m_segment) {
+        m_editor->changeKeys(easingChanges(m_segment->property, m_segment->key, easing));
+    }
+}
+
+void GraphEditor::editKey(const KeyChange& change, bool committed)
+{
+    begin(tr("Change Key"));
+    if (!m_isEditing || m_edited.empty()) {
+        end(false);
+        return;
+    }
+    const KeyAddress& edited = m_edited.front().key;
+    PropertyKeyChange whole{edited.property, change};
+    whole.change.key = edited.key;
+    const auto places = m_editor->changeKeys({whole});
+    m_editedNow = places.empty() ? std::nullopt : places.front();
+    if (committed) {
+        end(true);
+    }
+}
+
+void GraphEditor::finishEditing()
+{
+    m_fields->finishEditing();
+    m_easing->finishGesture();
+    m_view->finishGesture();
+    end(true);
+}
+
+void GraphEditor::fillMenu(ContextMenu& menu)
+{
+    menu.addActions(m_menu->actions());
+}
+
+QSize GraphEditor::sizeHint() const
+{
+    return kUsualSize;
+}
+
+void GraphEditor::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), ui::colorQt(QStringLiteral("Window")));
+}
+
+} // namespace studio

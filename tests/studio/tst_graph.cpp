@@ -1,0 +1,309 @@
+#include "graph/EasingEditor.h"
+#include "graph/GraphEditor.h"
+#include "graph/KeyFields.h"
+#include "graph/ValueGraphView.h"
+#include "studiotest.h"
+#include "timeline/DopeSheet.h"
+#include "timeline/DopeSheetView.h"
+#include <MorrantUI/controls/buttons/SegmentedButton.h>
+#include <MorrantUI/controls/gestures/modifiers.h>
+#include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/graph/FixedGraphView.h>
+#include <MorrantUI/graph/GeneralGraphUtils.h>
+#include <MorrantUI/graph/GraphBezierHandleItem.h>
+#include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
+
+#include <QAbstractButton>
+#include <QGraphicsScene>
+#include <QRandomGenerator>
+
+#include <array>
+#include <map>
+
+using namespace studio;
+
+namespace {
+
+EasingHandle handle(std::initializer_list<double> x, std::initializer_list<double> y)
+{
+    EasingHandle made;
+    made.count = static_cast<int>(x.size());
+    for (std::size_t i = 0; i < made.x.size(); ++i) {
+        made.x[i] = i < x.size() ? x.begin()[i] : x.begin()[0];
+        made.y[i] = i < y.size() ? y.begin()[i] : y.begin()[0];
+    }
+    return made;
+}
+
+/// A layer that turns, eased, from 0 at 10 to 100 at 50 and stops at 70, with opacity below.
+Document turning()
+{
+    QByteArray text = "'ty':3,'nm':'A','ks':{'r':{'a':1,'k':["
+                      "{'t':10,'s':[0],'o':{'x':[0.5],'y':[0]},'i':{'x':[0.5],'y':[1]}},"
+                      "{'t':50,'s':[100]},{'t':70,'s':[100]}]},"
+                      "'o':{'a':1,'k':[{'t':0,'s':[0]},{'t':20,'s':[100]}]}}";
+    return studio::test::documentOf(studio::test::layer(text.replace("'", "\"")));
+}
+
+struct Graph : StudioWindow
+{
+    Graph()
+    {
+        openDocument(std::make_shared<Document>(turning()), u"turning"_qs);
+        resize(1300, 1000);
+        workspace().setPanelOpen(u"graph"_qs, true);
+        studio::test::showActive(*this);
+        selectLayer(0);
+        studio::test::settle();
+    }
+    ~Graph() override { ui::setKeyboardModifiersQuery({}); }
+
+    ValueGraphView& view() { return graph().view(); }
+    QPoint at(double frame, double value) { return view().mapFromScene(frame, -value); }
+    void drag(QPoint from, QPoint to)
+    {
+        pointer.moveTo(from);
+        pointer.press();
+        pointer.dragTo(to, 3);
+    }
+    void drop()
+    {
+        pointer.release();
+        studio::test::settle();
+    }
+    /// Frames and values, with what leaves and enters where it is eased.
+    QString rotation()
+    {
+        QStringList texts;
+        for (const auto& key : editor().property({0, Attribute::Rotation})->keys) {
+            QString text = u"%1:%2"_qs.arg(key.time).arg(std::round(key.value[0]));
+            if (key.easeOut.count > 0) {
+                for (const EasingHandle& ease : {key.easeOut, key.easeIn}) {
+                    text += u" %1,%2"_qs.arg(ease.x[0], 0, 'f', 1).arg(ease.y[0], 0, 'f', 1);
+                }
+            }
+            texts.append(text + (key.hold ? u" hold"_qs : QString()));
+        }
+        return texts.join(u" | ");
+    }
+    /// The same as the points show it.
+    QString shown()
+    {
+        std::map<double, QString> texts;
+        for (const GraphPointWidget* point : view().utils()->pointItems(false)) {
+            texts[point->x()] = u"%1:%2"_qs.arg(point->x()).arg(std::round(0 - point->y()));
+        }
+        QStringList all;
+        for (const auto& [x, text] : texts) {
+            all.append(text);
+        }
+        return all.join(u" | ");
+    }
+
+    ui::test::FakePointer pointer{view().viewport()};
+};
+
+const QString kStart = u"10:0 0.5,0.0 0.5,1.0 | 50:100 | 70:100"_qs;
+
+} // namespace
+
+/// The graph editor: values and easings as curves, and what becomes of keys under the user's hands.
+class GraphTest : public studio::test::StudioTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void easingIsHandlesAndBack()
+    {
+        struct Case
+        {
+            EasingHandle easing;
+            std::size_t entry;
+            KeyDistance distance;
+            HandleOffset out, in;
+        };
+        const Case cases[] = {
+            {handle({0.25}, {0.5}), 0, {40, 200}, {10, 100}, {-30, -100}},
+            {handle({0.25}, {1.5}), 1, {40, -200}, {10, -300}, {-30, -100}}, // overshoots
+            {handle({0.5, 0.75}, {0, -1}), 1, {8, 2}, {6, -2}, {-2, -4}},
+            {handle({0.5}, {0.3}), 0, {8, 0}, {4, 0}, {-4, 0}}, // no change: its share stays
+            {handle({0.5}, {0.25}), 0, {0, 4}, {0, 1}, {0, -3}}};
+        for (const auto& [easing, entry, distance, out, in] : cases) {
+            QCOMPARE(outOffset(easing, entry, distance), out);
+            QCOMPARE(inOffset(easing, entry, distance), in);
+            QCOMPARE(outEasing(easing, entry, out, distance), easing);
+            QCOMPARE(inEasing(easing, entry, in, distance), easing);
+        }
+        // One for all entries stays that; of several only one changes; time stays in the segment.
+        const KeyDistance whole{10, 100};
+        QCOMPARE(outEasing(handle({0.5}, {0}), 1, {12, 20}, whole), handle({1}, {0.2}));
+        EasingHandle wanted = handle({0.5, 0.5}, {1, 1});
+        wanted.x[1] = 0.9;
+        wanted.y[1] = 1.5;
+        QCOMPARE(inEasing(handle({0.5, 0.5}, {1, 1}), 1, {-1, 50}, whole), wanted);
+        for (const auto& [least, step] :
+             {std::pair(0.7, 1.0), {1.0, 1.0}, {1.2, 2.0}, {30.0, 50.0}, {0.06, 0.1}, {-1.0, 1.0}})
+        {
+            QCOMPARE(axisStep(least), step);
+        }
+    }
+
+    void presetsComeBackFromTheirCurves()
+    {
+        for (int i = 0; i <= static_cast<int>(Preset::Hold); ++i) {
+            const auto preset = static_cast<Preset>(i);
+            QVERIFY(presetOf(easingOf(curveOf(easingOf(preset)))) == preset);
+        }
+        const SegmentEasing own{false, handle({0.1}, {0.9}), handle({0.9}, {0.1})};
+        QVERIFY(!presetOf(own));
+        const Document document = turning();
+        const NumberProperty& rotation = document.main.layers[0].transform.rotation;
+        for (const auto& [frame, segment] :
+             {std::pair(0, 0), {10, 0}, {49, 0}, {50, 1}, {70, 1}, {99, 1}}) {
+            QCOMPARE(segmentAt(rotation, frame), std::size_t(segment));
+        }
+    }
+
+    void aPointIsDraggedByWholeFramesInOneStep()
+    {
+        Graph window;
+        QCOMPARE(window.rotation(), kStart);
+        QCOMPARE(window.shown(), u"10:0 | 50:100 | 70:100"_qs);
+        window.drag(window.at(50, 100), window.at(40.2, 60));
+        QVERIFY(window.rotation().startsWith(u"10:0 0.5,0.0 0.5,1.0 | 40:60"_qs)); // meanwhile
+        QTest::keyClick(&window.view(), Qt::Key_Escape);
+        QCOMPARE(window.rotation(), kStart);
+        window.drop();
+        QVERIFY(!window.editor().canUndo());
+
+        window.drag(window.at(50, 100), window.at(80.3, 60)); // past another, which keeps its place
+        window.drop();
+        QCOMPARE(window.shown(), u"10:0 | 70:100 | 80:60"_qs);
+        const auto selected = window.dopeSheet().view().selectedKeyframes();
+        QCOMPARE(selected.size(), std::size_t(1));
+        QCOMPARE((*selected.begin())->x(), 80.0);
+        QCOMPARE(window.graph().fields().frame().value(), 80.0);
+        QVERIFY(std::abs(window.graph().fields().value().value() - 60) < 1);
+
+        NumericField& value = window.graph().fields().value();
+        value.setFocus(Qt::TabFocusReason);
+        value.selectAll();
+        QTest::keyClicks(&value, u"25"_qs);
+        QTest::keyClick(&value, Qt::Key_Return);
+        studio::test::settle();
+        QCOMPARE(window.shown(), u"10:0 | 70:100 | 80:25"_qs);
+        window.undo();
+        window.undo();
+        studio::test::settle();
+        QCOMPARE(window.rotation(), kStart);
+        QCOMPARE(window.shown(), u"10:0 | 50:100 | 70:100"_qs);
+        QVERIFY(!window.editor().canUndo());
+
+        window.editor().setLocked({0}, true);
+        studio::test::settle();
+        window.drag(window.at(50, 100), window.at(40, 60));
+        window.drop();
+        QCOMPARE(window.rotation(), kStart);
+    }
+
+    void handlesAndPresetsEditTheEasing()
+    {
+        Graph window;
+        window.drag(window.at(30, 0), window.at(26, 40));
+        window.drop();
+        QCOMPARE(window.rotation(), u"10:0 0.4,0.4 0.5,1.0 | 50:100 | 70:100"_qs);
+
+        // The fixed graph shows it, and its own handle goes the other way.
+        FixedGraphView& fixed = window.graph().easing().view();
+        GraphBezierHandleItem* out = nullptr;
+        for (GraphPointWidget* point : fixed.utils()->pointItems(false)) {
+            out = point->x() == 0 ? point->getRightBezier() : out;
+        }
+        QVERIFY(out && std::abs(out->x() - 4) < 0.2 && std::abs(out->y() + 2) < 0.2);
+        ui::test::FakePointer pointer(fixed.viewport());
+        pointer.moveTo(fixed.mapFromScene(out->scenePos()));
+        pointer.press();
+        pointer.dragTo(fixed.mapFromScene(2, 6.5), 3);
+        pointer.release();
+        studio::test::settle();
+        QCOMPARE(window.rotation(), u"10:0 0.2,0.2 0.5,1.0 | 50:100 | 70:100"_qs);
+
+        auto& presets = window.graph().easing().presets();
+        QCOMPARE(presets.currentIndex(), -1);
+        presets.segment(static_cast<int>(Preset::Hold))->click();
+        QVERIFY(window.rotation().contains(u"hold"_qs));
+        studio::test::settle();
+        QCOMPARE(presets.currentIndex(), static_cast<int>(Preset::Hold));
+        presets.segment(static_cast<int>(Preset::Linear))->click();
+        QCOMPARE(window.rotation(), u"10:0 | 50:100 | 70:100"_qs);
+        for (int step = 0; step < 4; ++step) {
+            window.undo();
+        }
+        QCOMPARE(window.rotation(), kStart);
+    }
+
+    void whateverIsDoneIsShownAndUndone()
+    {
+        Graph window;
+        const auto rotation = [&] { return *window.editor().property({0, Attribute::Rotation}); };
+        const NumberProperty before = rotation();
+        QRandomGenerator random(5);
+        const auto pick = [&](auto... choices) {
+            const std::array all{choices...};
+            return all.at(random.bounded(static_cast<quint32>(all.size())));
+        };
+        for (int i = 0; i < 300; ++i) {
+            const auto items = window.view().scene()->items();
+            const QPointF place = items.at(random.bounded(int(items.size())))->scenePos();
+            const QPoint from = window.view().mapFromScene(place);
+            if (!window.view().viewport()->rect().contains(from)) {
+                window.view().fitAll();
+                continue;
+            }
+            const Qt::KeyboardModifiers held =
+                pick(Qt::NoModifier, Qt::AltModifier, Qt::ShiftModifier);
+            switch (random.bounded(10)) {
+            case 0: window.undo(); break;
+            case 1: window.redo(); break;
+            case 2: window.graph().easing().presets().segment(random.bounded(6))->click(); break;
+            case 3: window.player().seek(random.bounded(100)); break;
+            case 4: window.view().setShowTransformTool(random.bounded(2) == 0); break;
+            case 5:
+                QTest::keyClick(&window.view(), pick(Qt::Key_Left, Qt::Key_Up, Qt::Key_F));
+                break;
+            default:
+                window.pointer.setModifiers(held);
+                ui::setKeyboardModifiersQuery([held] { return held; });
+                window.drag(from, from + QPoint(random.bounded(-90, 90), random.bounded(-40, 40)));
+                switch (random.bounded(8)) {
+                case 0: QTest::keyClick(&window.view(), Qt::Key_Escape); break;
+                case 1: window.undo(); break;
+                case 2: window.selectLayer(pick(-1, 0)); break;
+                default: break;
+                }
+                window.drop();
+                window.selectLayer(0);
+            }
+            studio::test::settle();
+            std::map<double, QString> texts;
+            for (const auto& key : rotation().keys) {
+                texts[key.time] = u"%1:%2"_qs.arg(key.time).arg(std::round(key.value[0]));
+            }
+            QStringList all;
+            for (const auto& [time, text] : texts) {
+                all.append(text);
+            }
+            QCOMPARE(window.shown(), all.join(u" | "));
+        }
+        QVERIFY(!(rotation() == before));
+        while (window.editor().canUndo()) {
+            window.undo();
+        }
+        QVERIFY(rotation() == before);
+    }
+};
+
+const ui::test::Registration<GraphTest> kRegistration;
+
+#include "tst_graph.moc"
