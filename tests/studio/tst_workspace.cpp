@@ -168,9 +168,9 @@ private Q_SLOTS:
         OpenWindow window;
         QJsonObject former = window.arrangement();
         QByteArray json = QJsonDocument(former).toJson(QJsonDocument::Compact);
-        QVERIFY(json.contains(",{\"panel\":\"dopeSheet\",\"type\":\"panel\"}"));
-        json.replace(",{\"panel\":\"dopeSheet\",\"type\":\"panel\"}", "");
-        window.workspace().setPanelOpen(u"dopeSheet"_qs, false);
+        QVERIFY(json.contains(",{\"panel\":\"attributes\",\"type\":\"panel\"}"));
+        json.replace(",{\"panel\":\"attributes\",\"type\":\"panel\"}", "");
+        window.workspace().setPanelOpen(u"attributes"_qs, false);
         settle();
         QCOMPARE(window.workspace().setLayout(json), QString());
         settle();
