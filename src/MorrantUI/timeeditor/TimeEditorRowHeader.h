@@ -2,6 +2,7 @@
 
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/theme/Widget.h>
+#include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
 
 #include <QIcon>
 #include <QPointer>
@@ -10,7 +11,6 @@
 #include <vector>
 
 class QPainter;
-class TimeEditorBaseItem;
 class TimeEditorView;
 
 /// What stands beside a row of a time editor.
