@@ -98,6 +98,7 @@ protected:
 private:
     friend class DockableWindow;
     friend class DockableTabGroup;
+    friend class ui::docking::Departure;
     friend class ui::docking::DockOperation;
     friend class ui::docking::DragOrigin;
     friend class ui::docking::SplitterSizes;

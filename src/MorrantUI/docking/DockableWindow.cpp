@@ -2,11 +2,11 @@
 
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/docking/AccessibleDocking.h"
+#include "MorrantUI/docking/Departure.h"
 #include "MorrantUI/docking/DockOperation.h"
 #include "MorrantUI/docking/DragOrigin.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
-#include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/WindowOverlays.h"
 #include "MorrantUI/docking/carryover.h"
@@ -303,7 +303,9 @@ bool DockableWindow::event(QEvent* event)
         if (self && event->isAccepted() && !isMainWindow(*this) && !m_asked) {
             m_closing |= testAttribute(Qt::WA_DeleteOnClose);
             change.noteLayout();
-            leaveClosing();
+            if (DockableGroup* group = groupOf(*this)) {
+                ui::docking::Departure(*this, *group).closed();
+            }
         }
         return handled;
     }
@@ -422,19 +424,6 @@ void DockableWindow::dropNativeWindow()
     ui::docking::makeUsualSize(*this);
 }
 
-/// undock(false) without showing anything.
-void DockableWindow::undockUnseen(DockableGroup& group)
-{
-    const QPointer<DockableGroup> left(&group);
-    {
-        const Rearranging rearranging;
-        removeFromParent(left);
-    }
-    if (left) {
-        left->m_splitterSizes->giveBack(*this);
-    }
-}
-
 /// Shows it, unless it lies behind another tab.
 void DockableWindow::showInGroup()
 {
@@ -444,60 +433,17 @@ void DockableWindow::showInGroup()
     }
 }
 
-namespace {
-
-/// The scope in which a window leaves its group, perhaps for good.
-struct Leaving
-{
-    explicit Leaving(DockableWindow& leaver)
-        : window(&leaver)
-    {
-        ui::restorePanels();
-        change.note(leaver);
-        home = std::make_unique<ui::docking::DragOrigin>(leaver);
-    }
-
-    ui::docking::LayoutChange change;
-    ui::docking::FocusKeeper focus;
-    QPointer<DockableWindow> window;
-    std::unique_ptr<ui::docking::DragOrigin> home;
-};
-
-} // namespace
-
 void DockableWindow::undock(bool collapse)
 {
-    const QPointer<DockableGroup> parent = groupOf(*this);
-    if (!parent) {
-        return;
-    }
-    Leaving leaving(*this);
-    m_home = std::move(leaving.home);
-    removeFromParent(parent);
-    if (parent && collapse && parent->childCount() < 2) {
-        parent->collapseGroup();
-    } else if (parent && !Rearranging::active()) {
-        parent->showInGroup();
+    if (DockableGroup* group = groupOf(*this)) {
+        ui::docking::Departure(*this, *group).undock(collapse);
     }
 }
 
 void DockableWindow::undockAndClose()
 {
-    const QPointer<DockableGroup> parent = groupOf(*this);
-    if (!parent) {
-        return;
-    }
-    Leaving leaving(*this);
-    m_home = std::move(leaving.home);
-    undockUnseen(*parent); // a window on its way out need not be seen on its own
-    makeFloating();
-    if (parent && parent->childCount() > 1) {
-        parent->showInGroup();
-    } else if (parent) {
-        parent->collapseGroup();
-    }
-    if (leaving.window && !leaving.window->close() && leaving.window) {
-        leaving.window->show();
+    if (DockableGroup* group = groupOf(*this)) {
+        ui::docking::Departure(*this, *group).close();
     }
 }
 
@@ -521,25 +467,6 @@ void DockableWindow::dockAgain()
 void DockableWindow::toggleFloating()
 {
     isFloating() ? dockAgain() : floatAgain();
-}
-
-/// Has accepted its closing: hidden and afloat it waits for its end or, kept by the host, for being
-/// shown again.
-void DockableWindow::leaveClosing()
-{
-    const QPointer<DockableGroup> parent = groupOf(*this);
-    if (!parent) {
-        return;
-    }
-    const QSize before = isHidden() && m_seenSize.isValid() ? m_seenSize : size();
-    Leaving leaving(*this);
-    m_home = std::move(leaving.home);
-    undockUnseen(*parent);
-    makeFloating();
-    resize(before);
-    if (parent && !parent->m_askingToClose) {
-        parent->collapseIfNeedless();
-    }
 }
 
 void DockableWindow::mouseUndock()
@@ -608,7 +535,7 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
         window->settleLimits();
         const QPointer<DockableGroup> old = groupOf(*window);
         if (old) {
-            window->undockUnseen(*old);
+            ui::docking::Departure::takeOut(*window, *old);
         }
         const QPointer<DockableWindow> newcomer(window);
         result = operation.run();

@@ -17,6 +17,7 @@ class DockableHeader;
 class WindowLayout;
 
 namespace ui::docking {
+class Departure;
 class DockOperation;
 class TreeAccess;
 struct Limits;
@@ -167,6 +168,7 @@ private:
     friend class DockableDragHandler;
     friend class DockableGroup;
     friend class DockableTabGroup;
+    friend class ui::docking::Departure;
     friend class ui::docking::DockOperation;
     friend class ui::docking::DragOrigin;
     friend class ui::docking::TreeAccess;
@@ -199,8 +201,6 @@ private:
     void makeFloating();
     void settleLimits();
     void dropNativeWindow();
-    void leaveClosing();
-    void undockUnseen(DockableGroup& group);
     void showInGroup();
     bool canTake(DockableWindow* window);
     int extentAlong(DockableArea area) const;
