@@ -358,6 +358,10 @@ private Q_SLOTS:
             x.toggleFloating(); // where it last was
             settle();
             QCOMPARE(QRect(x.pos(), x.size()), QRect(150, 200, 180, 140));
+            x.toggleFloating();
+            const QPoint seen = x.mapToGlobal(QPoint());
+            x.undock(true); // does not go there
+            QCOMPARE(x.pos(), seen);
         }
     }
 

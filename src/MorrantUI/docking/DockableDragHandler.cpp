@@ -61,7 +61,7 @@ bool DockableDragHandler::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: // a press soon after a click
         if (static_cast<QMouseEvent*>(event)->buttons() == Qt::LeftButton) {
-            pressed(event->type() == QEvent::MouseButtonDblClick);
+            pressed(*static_cast<QMouseEvent*>(event));
         }
         return false;
     default: return QObject::eventFilter(watched, event);
@@ -91,7 +91,7 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
         return;
     }
     if (chosen == undock) {
-        window->floatAgain();
+        window->undock(true);
     } else if (chosen == show) {
         window->show();
     } else if (chosen == close) {
@@ -99,14 +99,15 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
     }
 }
 
-void DockableDragHandler::pressed(bool again)
+void DockableDragHandler::pressed(const QMouseEvent& event)
 {
     if (m_window) { // later, when a tab has brought its page forward
         const auto enter = [window = m_window.data()] { ui::docking::enterByClick(*window); };
         QMetaObject::invokeMethod(m_window, enter, Qt::QueuedConnection);
     }
     if (isEnabled() && !ui::isLayoutLocked()) {
-        m_pressedAgain = again;
+        m_pressedAgain = event.type() == QEvent::MouseButtonDblClick;
+        m_replayed = !event.spontaneous();
         startGesture();
     }
 }
@@ -153,7 +154,9 @@ bool DockableDragHandler::applicationEvent(QObject* watched, QEvent* event)
 bool DockableDragHandler::mouseMoved(const QMouseEvent& event)
 {
     if (event.buttons() == Qt::NoButton) {
-        finish(Ending::Leave); // the release went elsewhere
+        if (event.spontaneous() != m_replayed) {
+            finish(Ending::Leave); // the release went elsewhere
+        }
         return false;
     }
     if (event.buttons() != Qt::LeftButton || !beginDragging()) {

@@ -89,7 +89,7 @@ private:
     bool applicationEvent(QObject* watched, QEvent* event);
     bool mouseMoved(const QMouseEvent& event);
     bool mouseReleased(QObject* watched, const QMouseEvent& event);
-    void pressed(bool again);
+    void pressed(const QMouseEvent& event);
     void startGesture();
     void finish(Ending ending, State rest = State::Idle);
     void tearOut();
@@ -99,8 +99,9 @@ private:
 
     QPointer<DockableWindow> m_window;
     State m_state = State::Idle;
-    bool m_pressedAgain = false;                       ///< a double click, so far
-    QPoint m_startPosition;                            ///< in the window
+    bool m_pressedAgain = false; ///< a double click, so far
+    bool m_replayed = false;     ///< the press, by a host; the system's moves know nothing of it
+    QPoint m_startPosition;      ///< in the window
     std::unique_ptr<ui::docking::DragOrigin> m_origin; ///< of the last drag
     QPointer<QObject> m_hoverWindow; ///< a dockable window, unless it is being destroyed
     QPointer<QObject> m_gesture;     ///< the application filter, from press to release

@@ -61,13 +61,16 @@ void DragOrigin::dockAgain(DockableWindow& window) const
     if (!window.isFloating() || m_floats) {
         return;
     }
+    const QPointer<DockableWindow> self(&window); // what is in it may do anything when it is shown
     const QRect place(window.pos(), window.size());
     const LayoutChange change;
     const FocusKeeper focus;
     auto* neighbour = qobject_cast<DockableWindow*>(m_neighbour.data());
     if (const QPointer<DockableGroup> group = this->group(window)) {
         group->insertChild(m_index, &window);
-        group->bringForward(window);
+        if (group && self) {
+            group->bringForward(window);
+        }
         if (group && group->sizes().size() == m_sizes.sizes.size()) {
             group->applySizes(m_sizes.sizes);
         }
@@ -77,7 +80,9 @@ void DragOrigin::dockAgain(DockableWindow& window) const
         there ? neighbour->dockInArea(&window, m_area)
               : main->dockInArea(&window, DockableArea::Right);
     }
-    window.m_floatPlace = place;
+    if (self) {
+        self->m_floatPlace = place;
+    }
 }
 
 /// If it still exists and takes the window.

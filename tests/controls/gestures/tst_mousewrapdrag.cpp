@@ -50,6 +50,14 @@ private Q_SLOTS:
         QVERIFY(!MouseWrapDragFilter::Make(nullptr) && !MouseWrapDragFilter::MakeDummy(nullptr));
     }
 
+    void movesOfTheSystemLeaveAReplayedPressAlone()
+    {
+        DragStage stage(true);
+        stage.pressAtOnce({50, 50});
+        moveWithoutButton(stage);
+        QCOMPARE(stage.story, u"s"_qs);
+    }
+
     /// The doors are GestureDoorsTest's; these are the filter's own ends, and one door.
     void everyEndGivesThePointerBack()
     {

@@ -122,7 +122,11 @@ void MouseWrapDragFilter::beginDrag(const QMouseEvent& press)
     m_pointerGoesBack = true;
     m_startPosition = wholePixels(press);
     m_class = m_target->metaObject();
-    m_doors.watch(m_target, [this](GestureDoors::Door door) { leaveBy(door); }, {.replays = true});
+    // A press that a host replays is no business of the system's moves.
+    m_doors.watch(
+        m_target,
+        [this](GestureDoors::Door door) { leaveBy(door); },
+        {.moves = press.spontaneous(), .replays = true});
     dragBegins(m_startPosition);
     Q_EMIT started();
 }
