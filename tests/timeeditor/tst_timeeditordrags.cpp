@@ -112,7 +112,7 @@ private Q_SLOTS:
         editor.view->setScale(0.5); // twenty pixels a frame: a pixel is less than half a frame
         editor.view->centerOn(40, 0);
         editor.selectRow(0);
-        const QPoint place = editor.at(33, 4);
+        const QPoint place = editor.at(33, 18); // within the row, also below the keys
         editor.press(place);
         editor.pointer.dragTo(place + QPoint(100, 0), 1);
         QCOMPARE(editor.frames(0), u"35 45"_qs);
@@ -176,7 +176,7 @@ private Q_SLOTS:
         Editor editor({{30, 40}});
         editor.view->setShowTransformTool(true);
         editor.selectRow(0);
-        editor.click(editor.at(34, 2));
+        editor.click(editor.at(34, 12));
         QCOMPARE(editor.selection(), u"30 40"_qs);
     }
 

@@ -28,6 +28,7 @@
 namespace {
 
 constexpr double kToolZ = 100.0;
+constexpr double kKeyMiddle = 6.0; ///< below a key's y
 
 bool isHeld(Qt::KeyboardModifier modifier)
 {
@@ -103,6 +104,7 @@ void TimeEditorView::setup(TimeEditorScene* scene)
     m_tool = new TranslateScaleTool(this, nullptr);
     m_tool->setVisible(false);
     m_tool->setZValue(kToolZ);
+    m_tool->setY(kKeyMiddle); // its rectangle is about the keys' positions, which are above them
     scene->addItem(m_tool);
     scene->setBackgroundRegionColor(ui::colorQt(QStringLiteral("Base")));
     connect(scene, &QGraphicsScene::selectionChanged, this, &TimeEditorView::selectionChanged);

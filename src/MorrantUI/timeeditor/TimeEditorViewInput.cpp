@@ -43,7 +43,11 @@ bool isBesideDrag(const QMouseEvent& event)
 TimeEditorBaseItem* TimeEditorView::itemUnder(QPoint position) const
 {
     const QRectF pixel = mapToScene(QRect(position, QSize(1, 1))).boundingRect();
-    return m_scene ? m_scene->itemUnder(pixel) : nullptr;
+    TimeEditorBaseItem* const item = m_scene ? m_scene->itemUnder(pixel) : nullptr;
+    return item && !item->isEnabled() && !item->acceptedMouseButtons()
+               ? dynamic_cast<TimeEditorBaseItem*>(
+                   item->parentItem()) // which is to be seen through
+               : item;
 }
 
 void TimeEditorView::mousePressEvent(QMouseEvent* event)

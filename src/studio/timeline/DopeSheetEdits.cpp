@@ -103,10 +103,11 @@ void DopeSheetEdits::followKeys()
     if (!m_isDragging) {
         showEdits();
     }
-    const auto changes = m_rows.movedKeys();
-    if (!changes.empty() || m_isDragging) {
-        begin(changes.size() == 1 ? tr("Move Key") : tr("Move Keys"));
-        m_places = m_editor->changeKeys(changes);
+    const DopeSheetRows::DraggedKeys keys = m_rows.draggedKeys();
+    if (keys.moved > 0 || m_isDragging) {
+        begin(keys.moved == 1 ? tr("Move Key") : tr("Move Keys"));
+        m_places = m_editor->changeKeys(keys.changes);
+        m_places.resize(keys.selected);
     }
 }
 

@@ -66,7 +66,7 @@ private:
     QPointer<DocumentEditor> m_editor;
     int m_layer = -1;
     bool m_isDragging = false;
-    std::vector<std::optional<KeyAddress>> m_places; ///< of the keys that are dragged
+    std::vector<std::optional<KeyAddress>> m_places; ///< of the selected keys, during a drag
     std::map<int, ClipTimes> m_clipsBefore;          ///< of the layers that are
     std::map<int, ClipTimes> m_clips;                ///< likewise, as they are now
     std::set<int> m_stale;                           ///< layers whose rows show what has been

@@ -288,6 +288,9 @@ void DopeSheetRows::showMarks(Line& line)
         const bool isOpen = line.row.isOpen && !key.keys.empty();
         if (mark.isEnabled() != isOpen) {
             mark.setEnabled(isOpen);
+            // A clip can still be taken by an end where a closed mark lies.
+            mark.setAcceptedMouseButtons(isOpen ? Qt::AllButtons : Qt::NoButton);
+            mark.setAcceptHoverEvents(isOpen);
         }
     }
 }
@@ -399,24 +402,30 @@ std::vector<int> DopeSheetRows::selectedLayers() const
     return {layers.begin(), layers.end()};
 }
 
-std::vector<PropertyKeyChange> DopeSheetRows::movedKeys() const
+DopeSheetRows::DraggedKeys DopeSheetRows::draggedKeys() const
 {
-    std::vector<PropertyKeyChange> changes;
+    DraggedKeys keys;
+    std::vector<PropertyKeyChange> others;
     for (const Line& line : m_lines) {
         for (std::size_t i = 0; i < line.marks.size(); ++i) {
             const DopeKey& key = line.row.keys[i];
             const double distance = line.marks[i]->x() - key.time;
+            const bool isSelected = line.marks[i]->isSelected();
             for (const KeyAddress& address : key.keys) {
-                const auto* before = distance != 0.0 ? m_editor->keyAt(address) : nullptr;
+                const auto* before =
+                    isSelected || distance != 0.0 ? m_editor->keyAt(address) : nullptr;
                 if (before) {
                     PropertyKeyChange change{address.property, {address.key}};
                     change.change.time = before->time + distance;
-                    changes.push_back(std::move(change));
+                    (isSelected ? keys.changes : others).push_back(std::move(change));
+                    keys.moved += distance != 0.0 ? 1 : 0;
                 }
             }
         }
     }
-    return changes;
+    keys.selected = keys.changes.size();
+    std::move(others.begin(), others.end(), std::back_inserter(keys.changes));
+    return keys;
 }
 
 int DopeSheetRows::layerOf(LayerId id) const

@@ -55,8 +55,15 @@ public:
     /// The layers of selected keys and clips, upwards.
     std::vector<int> selectedLayers() const;
 
-    /// The keys that have been taken away from their frames on the screen, as changes.
-    std::vector<PropertyKeyChange> movedKeys() const;
+    struct DraggedKeys
+    {
+        std::vector<PropertyKeyChange> changes; ///< first those of selected keys, moved or not
+        std::size_t selected = 0;               ///< how many these are
+        std::size_t moved = 0;
+    };
+    /// The keys that are selected, and others that have been taken away from their frames on the
+    /// screen, as with a scaling that ripples.
+    DraggedKeys draggedKeys() const;
 
     /// The layer of a row, -1 for none.
     int layerOf(const TimeEditorBaseItem* row) const;

@@ -13,8 +13,8 @@ namespace studio {
 
 namespace {
 
-constexpr double kZoomStep = 1.25; ///< a notch of the wheel, or a key
-constexpr double kNotch = 120.0;   ///< eighths of a degree
+constexpr double kZoomStep = 1.2; ///< a notch of the wheel, as on the ruler, or a key
+constexpr double kNotch = 120.0;  ///< eighths of a degree
 
 /// Keys that belong to the sheet while it has the focus, although the window's menus have them too.
 bool isOwnKey(const QKeyEvent& event)
