@@ -212,14 +212,6 @@ private Q_SLOTS:
         sheet.pointer.release();
         settle();
         QCOMPARE(sheet.shown(), u"10 40 | 10 20 30.5 | 20 50"_qs);
-
-        // Scaling leaves what it is about selected, and what it ripples not.
-        sheet.view().setShowTransformTool(true);
-        sheet.drag(sheet.at(6, 2) + QPoint(0, 5), sheet.at(22, 2));
-        ui::setKeyboardModifiersQuery([] { return Qt::KeyboardModifiers(Qt::AltModifier); });
-        sheet.drag(sheet.at(20, 2), sheet.at(25, 2));
-        QCOMPARE(sheet.shown(), u"10 40 | 10 25 35.5 | 20 50"_qs);
-        QCOMPARE(sheet.selection(), u"10 25"_qs);
     }
 
     void clipsAreMovedAndTrimmed()
