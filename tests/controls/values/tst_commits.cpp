@@ -233,7 +233,7 @@ private Q_SLOTS:
     void everyValueIsAPropertyThatTells()
     {
         const std::tuple<QWidget*, const char*, QVariant> values[] = {
-            {new NumericField(nullptr), "value", 7.0},
+            {new NumericField, "value", 7.0},
             {new SliderField, "value", 0.5},
             {new AnglePad, "value", 90.0},
             {new JoystickPad, "point", QPointF(0.5, -0.25)},

@@ -78,7 +78,7 @@ private Q_SLOTS:
 
     void limitsAndKindMayComeInAnyOrder()
     {
-        NumericField field;
+        NumericField field(0); // the value, not a parent
         const ui::test::SignalRecord record(&field);
         field.setMin(-1e12);
         QCOMPARE(field.getMin(), -2147483648.0);

@@ -111,10 +111,6 @@ NumericField::NumericField(double startValue, QWidget* parent)
     connect(this, &QWidget::customContextMenuRequested, this, &NumericField::cancelForContextMenu);
 }
 
-NumericField::NumericField(QWidget* parent)
-    : NumericField(0.0, parent)
-{}
-
 NumericField::~NumericField()
 {
     if (m_data->dragFilter) {

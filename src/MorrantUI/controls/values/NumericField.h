@@ -3,6 +3,7 @@
 #include <MorrantUI/controls/values/LineEdit.h>
 #include <MorrantUI/morrantui_export.h>
 
+#include <concepts>
 #include <memory>
 
 class QPointF;
@@ -45,7 +46,11 @@ public:
 
     /// Shows `startValue` rounded to a whole number: set the field type, then the value again.
     explicit NumericField(double startValue = 0.0, QWidget* parent = nullptr);
-    explicit NumericField(QWidget* parent);
+    /// With the value 0, as forms make it. A template, so that NumericField(0) means the value.
+    template <std::derived_from<QWidget> Parent>
+    explicit NumericField(Parent* parent)
+        : NumericField(0.0, parent)
+    {}
     ~NumericField() override;
 
     /// The text as a number, also while it is being typed; 0 for a text that is none. Not limited:
