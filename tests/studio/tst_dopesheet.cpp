@@ -214,6 +214,17 @@ private Q_SLOTS:
         QCOMPARE(sheet.shown(), u"10 40 | 10 20 30.5 | 20 50"_qs);
     }
 
+    void scalingKeepsWhatItIsAboutSelectedAndNotWhatItRipples()
+    {
+        Sheet sheet;
+        sheet.key(Qt::Key_T);
+        sheet.drag(sheet.at(6, 2) + QPoint(0, 5), sheet.at(22, 2));
+        ui::setKeyboardModifiersQuery([] { return Qt::KeyboardModifiers(Qt::AltModifier); });
+        sheet.drag(sheet.at(20, 2) - QPoint(2, 0), sheet.at(25, 2));
+        QCOMPARE(sheet.shown(), u"10 40 | 10 25 35 | 20 50"_qs);
+        QCOMPARE(sheet.selection(), u"10 25"_qs);
+    }
+
     void clipsAreMovedAndTrimmed()
     {
         Sheet sheet;
