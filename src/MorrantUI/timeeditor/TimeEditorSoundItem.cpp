@@ -105,6 +105,8 @@ void TimeEditorSoundItem::paint(
     if (!m_text.isEmpty()) {
         painter->setPen(ui::colorQt(QStringLiteral("Text")));
         const QRectF room = world.mapRect(bar()).adjusted(kTextInset, 1.0, -kTextInset, 0.0);
+        const QRectF name = painter->boundingRect(room, Qt::AlignLeft | Qt::AlignTop, m_text);
+        painter->fillRect(name.adjusted(-2.0, 0.0, 2.0, 0.0), getColor().darker(kBarDark));
         painter->drawText(room, Qt::AlignLeft | Qt::AlignTop, m_text);
     }
     painter->restore();
