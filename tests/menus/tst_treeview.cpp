@@ -265,6 +265,7 @@ private Q_SLOTS:
     void lettersFindRowsBeforeTheyAreShortcuts()
     {
         Garden garden(u"abc"_qs);
+        QVERIFY(QTest::qWaitForWindowActive(&garden.tree)); // shortcuts are of the active window
         QString shortcuts;
         for (const auto key : {Qt::Key_C, Qt::Key_Space, Qt::Key_Delete}) {
             auto* const shortcut = new QShortcut(key, &garden.tree);
