@@ -171,8 +171,8 @@ QRect TimeEditorRowHeader::foldRect(const Entry& entry) const
 
 bool TimeEditorRowHeader::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool moves = event->type() == QEvent::Resize || event->type() == QEvent::Move;
-    if (m_view && watched == m_view->viewport() && moves) {
+    // Only the viewport is watched, and its last events come when its view is none any more.
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move) {
         update();
     }
     return Widget::eventFilter(watched, event);
