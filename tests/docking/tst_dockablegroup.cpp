@@ -148,14 +148,19 @@ private Q_SLOTS:
         row("H(a T(b c) e)", "delete c, delete b, settle", "H(a e)");
         row("H(a T(b c) e)", "delete ^b, settle", "H(a e)");
         // No room is left empty, not in another size either.
-        // Bars are 54 pixels high with their headers; the root is 412, its row 400.
-        row("V(a bar)", "settle", "V(a=340 bar=54)");
-        row("V(H(bar) a)", "settle", "V(H(bar=600)=54 a=340)");
-        row("V(H(bar1 bar2) V(bar3) a)",
-            "settle",
-            "V(H(bar1=297 bar2=297)=54 V(bar3=54)=54 a=280)");
-        row("V(T(bar1 bar2) a)", "settle", "V(T(bar1 bar2)=58 a=336)");
-        row("V(bar1 bar2)", "settle", "V(bar1=340 bar2=54)"); // nobody else is there
+        // Bars are 30 pixels high without their headers; the root is 412, its row 400.
+        const std::unique_ptr<DockableWindow> one(DockTree::panel());
+        const int bar = 30 + one->header()->sizeHint().height();
+        const auto rowOf = [](const char* start, const QString& end) {
+            QTest::newRow(qPrintable(u"%1: settle"_qs.arg(QLatin1String(start))))
+                << QString::fromLatin1(start) << u"settle"_qs << end;
+        };
+        rowOf("V(a bar)", u"V(a=%1 bar=%2)"_qs.arg(394 - bar).arg(bar));
+        rowOf("V(H(bar) a)", u"V(H(bar=600)=%2 a=%1)"_qs.arg(394 - bar).arg(bar));
+        rowOf(
+            "V(H(bar1 bar2) V(bar3) a)",
+            u"V(H(bar1=297 bar2=297)=%2 V(bar3=%2)=%2 a=%1)"_qs.arg(388 - 2 * bar).arg(bar));
+        rowOf("V(bar1 bar2)", u"V(bar1=%1 bar2=%2)"_qs.arg(394 - bar).arg(bar)); // nobody else
         row("V(bar1 a)", "close a, settle", "V(bar1=400)");
         row("H(a b)", "dock bar b top, undock b, settle", "H(a=494 bar=100)");
         row("H(V(bar x) b)", "hide x, settle", "H(V(bar=400 x=0)=494 b=100)");
@@ -278,13 +283,13 @@ private Q_SLOTS:
     void whatTheHostKeepsLeavesAsItCloses()
     {
         for (const auto& [start, close, end] :
-             {std::tuple("H(a x=200 b)", "close x", "H(a b)"),
-              {"H(a x=200 b)", "shut x", "H(a b)"},
-              {"H(a V(b x) c)", "shut x", "H(a b c)"},
-              {"H(a T(b x) c)", "select x, shut x", "H(a b c)"},
+             {std::tuple("H(a=190 x=200 b=198)", "close x", "H(a b)"),
+              {"H(a=190 x=200 b=198)", "shut x", "H(a b)"},
+              {"H(a=190 V(b x)=200 c=198)", "shut x", "H(a b c)"},
+              {"H(a=190 T(b x)=200 c=198)", "select x, shut x", "H(a b c)"},
               {"H(a) V(f x)", "shut ^x, settle", "H(a)"},
               {"H(a) T(x f)", "shut ^x, settle", "H(a)"},
-              {"H(a V(b x) c)", "hide x, shut x", "H(a b c)"},
+              {"H(a=190 V(b x)=200 c=198)", "hide x, shut x", "H(a b c)"},
               {"H(a) x=200x150", "shut x", "H(a)"}})
         {
             DockTree tree(QString::fromLatin1(start));

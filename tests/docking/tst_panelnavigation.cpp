@@ -210,7 +210,7 @@ private Q_SLOTS:
         {
             desk.focus(QString::fromLatin1(field));
             DockableWindow* panel = DockableWindow::findDockableParent(QApplication::focusWidget());
-            Desk::press(Qt::Key_F10, Qt::ControlModifier);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10, Qt::ControlModifier);
             settle();
             QCOMPARE(ui::maximizedPanel(), panel);
             QWidget* seen = panel == desk.b ? desk.rowOfTabs : panel;
@@ -218,7 +218,7 @@ private Q_SLOTS:
             if (*operation) {
                 desk.play(u"dock e a left, "_qs + QLatin1String(operation) + u", settle"_qs);
             } else {
-                Desk::press(Qt::Key_F10, Qt::ControlModifier);
+                QTest::keyClick(panel->content(), Qt::Key_F10, Qt::ControlModifier);
             }
             QVERIFY(!ui::maximizedPanel());
             settle();

@@ -184,6 +184,7 @@ private Q_SLOTS:
     void aTimeCodeIsEnteredAsAFrameAndUndoIsTheHosts()
     {
         Form form;
+        QVERIFY(QTest::qWaitForWindowActive(&form)); // whose the shortcut is
         const QShortcut shortcut(QKeySequence::Undo, &form);
         QSignalSpy undone(&shortcut, &QShortcut::activated);
         form.field->setUndoLeftToHost(true);

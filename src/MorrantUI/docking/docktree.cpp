@@ -59,6 +59,7 @@ void letKeptLeave(DockableGroup& dying, DockableGroup* heir)
         const bool kept = !window->isClosing() && !window->testAttribute(Qt::WA_DeleteOnClose);
         if (above && kept) {
             const QSize size = window->size();
+            TreeAccess::dropNativeWindow(*window); // Windows destroys what a dying window owns
             window->setParent(heir, Qt::Window);
             window->resize(size);
         }
@@ -68,6 +69,11 @@ void letKeptLeave(DockableGroup& dying, DockableGroup* heir)
 void TreeAccess::listPanels(DockableWindow& window, QList<DockableWindow*>& panels)
 {
     window.listPanels(panels);
+}
+
+void TreeAccess::dropNativeWindow(DockableWindow& window)
+{
+    window.dropNativeWindow();
 }
 
 DockableWindow* TreeAccess::frontChild(DockableWindow& window)

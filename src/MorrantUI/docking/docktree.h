@@ -41,6 +41,8 @@ class TreeAccess
 public:
     /// Those of its panels that can be seen, in the order of the tree; itself, if it is one.
     static void listPanels(DockableWindow& window, QList<DockableWindow*>& panels);
+    /// Hides a window that floats, and gives its window of the system back.
+    static void dropNativeWindow(DockableWindow& window);
     /// Of a tab group the active child; null where no child lies behind another.
     static DockableWindow* frontChild(DockableWindow& window);
     /// The tab that has the window's title; null where it is in none.
