@@ -243,7 +243,8 @@ private Q_SLOTS:
         QCOMPARE(window.rotation(), kStart);
     }
 
-#ifndef Q_OS_WIN // under Wine an undo in mid-drag crashes now and then inside Qt, not understood yet
+#ifndef Q_OS_WIN // under Wine an undo in mid-drag crashes now and then inside Qt, not understood
+                 // yet
     void whateverIsDoneIsShownAndUndone()
     {
         Graph window;
