@@ -9,7 +9,7 @@ class QDBusPendingCallWatcher;
 namespace morrant::native {
 
 /// Notifications by the desktop's own service, `org.freedesktop.Notifications` on the session bus
-/// (Desktop Notifications Specification 1.2). Every call is sent and not waited for.
+/// (the freedesktop.org protocol, version 1.2). Every call is sent and not waited for.
 class DesktopNotifier : public QObject
 {
     Q_OBJECT
