@@ -16,6 +16,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <memory>
 
 using ui::Graph::Interpolation;
 using ui::Graph::Side;
@@ -389,7 +390,8 @@ void ValueCurves::finish(bool changed)
     if (m_editor->isInGesture()) { // which another edit may have ended
         changed ? m_editor->commit() : m_editor->cancel();
     }
-    for (Curve& curve : m_curves) { // the points go on with their keys
+    std::vector<std::unique_ptr<GraphPointWidget>> covered; // by another key
+    for (Curve& curve : m_curves) {                         // the points go on with their keys
         const Places places = placesOf(curve.address);
         const NumberProperty* property = m_editor->property(curve.address);
         if (!changed || !property || places.size() != curve.points.size()) {
@@ -400,7 +402,7 @@ void ValueCurves::finish(bool changed)
             if (places[i] && places[i]->key < points.size()) {
                 points[places[i]->key] = curve.points[i];
             } else {
-                delete curve.points[i];
+                covered.emplace_back(curve.points[i]);
             }
         }
         points.erase(std::remove(points.begin(), points.end(), nullptr), points.end());
@@ -408,6 +410,11 @@ void ValueCurves::finish(bool changed)
     }
     m_changes.clear();
     m_places.clear();
+    {
+        // A point that was selected tells of it as it dies, when the others are no whole list yet.
+        const QSignalBlocker quiet(m_view.scene());
+        covered.clear();
+    }
     refresh();
     Q_EMIT selectionChanged();
 }
