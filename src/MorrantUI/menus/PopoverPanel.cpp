@@ -162,6 +162,12 @@ void PopoverPanel::open()
 void PopoverPanel::takeFocus()
 {
     activateWindow();
+    focusContent();
+}
+
+/// While the window system has not made the panel active yet, this is what the activation finds.
+void PopoverPanel::focusContent()
+{
     QWidget* target = focusWidget(); // where it was when the panel was last open
     if (!target || target == this || !target->isVisible() || !target->isEnabled()) {
         target = ui::tabStops(this).value(0);
@@ -297,9 +303,8 @@ void PopoverPanel::makeContent()
         return;
     }
     setContent(content);
-    const QWidget* const focus = QApplication::focusWidget();
-    if (isActiveWindow() && (!focus || focus == this)) {
-        takeFocus();
+    if (const QWidget* const focus = focusWidget(); !focus || focus == this) {
+        focusContent();
     }
 }
 

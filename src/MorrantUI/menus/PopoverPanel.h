@@ -94,6 +94,7 @@ private:
     void applyPlacement();
     void makeContent();
     void takeFocus();
+    void focusContent();
     void giveFocusBack();
     void passDialog(const QEvent& event);
     bool isAnchor(const QWidget& pressed, QPoint position) const;
