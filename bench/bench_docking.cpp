@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// Docking beside a bare tree of splitters with the same panels, in one process and in turns.
 #include "Report.h"
 #include "docktrees.h"

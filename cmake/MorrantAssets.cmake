@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The asset folder that a host ships: style files, icons rendered from SVG at 1x and 2x, and fonts.
 # After this file MORRANT_ASSETS_DIR names the folder and the target `assets` fills it.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Fills TARGET_DIR from SOURCE_DIR: cmake -DSOURCE_DIR= -DTARGET_DIR= -DRSVG_CONVERT= -DFONTS= -P
 # Only what is older than its source is made again, and what has lost its source is removed.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # What holds for every target of our own and for none of a host's.
 
 set(CMAKE_CXX_STANDARD 20)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The libraries that MorrantUI stands on. scripts/setup installs or builds each of them.
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets)

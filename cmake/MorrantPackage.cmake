@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The installed package: `find_package(MorrantUI)` gives a host Morrant::UI and Morrant::Core. Skia is
 # part of the public interface and of no distribution, so the package carries the one that set-up
 # built.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Windows finds a program's libraries beside it, so a cross build gathers there what it links to.
 
 # What this GCC's programs need of its own libraries.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Builds for 64-bit Windows with what scripts/setup --windows made: the compilers, and the libraries
 # in the cache. Test programs run under Wine.
 include("${CMAKE_CURRENT_LIST_DIR}/../scripts/windows/mingw64.cmake")

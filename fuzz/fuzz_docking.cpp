@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes as a session of docking, four to a step: no session breaks the tree, leaks a window or
 // makes Qt warn.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes as a Lottie file: reading gives a document or a sentence, never both and never neither;
 // what was read can be drawn, every place it remembers lies within the file, and it is written as
 // it was, or with an edit so that it can be read again.

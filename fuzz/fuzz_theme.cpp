@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes as a theme file: construction, both contrasts and look-ups never fail and never warn.
 
 #include <MorrantUI/theme/VisualDesignDark.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Shared by the project's scripts; sourced, not run.
 # shellcheck shell=bash
 
@@ -39,6 +40,9 @@ as_root() {
         sudo env DEBIAN_FRONTEND=noninteractive "$@"
     fi
 }
+
+# recipe_key FILE...: what names a build by these recipes. Their licence line is no part of them.
+recipe_key() { cat "$@" | sed '/SPDX-License-Identifier/d' | sha256sum | cut -c1-12; }
 
 # compile BUILD_DIR [NINJA_ARGS...]: runs ninja, shows how far it is in tenths, and what failed.
 compile() {

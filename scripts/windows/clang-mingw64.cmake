@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # clang for 64-bit Windows, on the headers and libraries of the GCC in mingw64.cmake: what it builds
 # links with what that GCC builds. For Skia, whose pipeline is vectorised only under clang.
 set(CMAKE_SYSTEM_NAME Windows)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Compilers for 64-bit Windows: Debian's mingw-w64 with POSIX threads, on which std::thread and
 # std::mutex stand. This file is part of each library's cache key: whatever only our own targets need
 # belongs into cmake/toolchain-mingw64.cmake.

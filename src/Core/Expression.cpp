@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Expression.h"
 
 // Windows builds of Qt define it; muParser would take it as a wish for wide strings, which its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "fontmanager.h"
 
 #include <include/ports/SkFontMgr_fontconfig.h>

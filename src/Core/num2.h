@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 /// A pair of numbers: a point, a size, or the two radii of a corner.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "NotesPanel.h"
 
 #include "editing/DocumentEditor.h"

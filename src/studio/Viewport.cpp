@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Viewport.h"
 
 #include "lottie/Document.h"

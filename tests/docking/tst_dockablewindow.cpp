@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "docking/DockTree.h"
 #include "support/FakeClock.h"
 #include "support/TestCase.h"

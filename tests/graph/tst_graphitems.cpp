@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "GraphDesk.h"
 #include "support/TestCase.h"
 #include <MorrantUI/theme/colors.h>

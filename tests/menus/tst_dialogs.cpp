@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/menus/presetnames.h"
 #include "MorrantUI/menus/weblinks.h"
 #include "controls/StyledApplication.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/menus/popovergeometry.h"
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"

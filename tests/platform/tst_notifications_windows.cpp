@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "RegistryKey.h"
 #include "com.h"
 #include "faketoast/FakeToast.h"

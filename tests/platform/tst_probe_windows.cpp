@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "RegistryKey.h"
 #include "faketoast/FakeToast.h"
 #include "support/TestCase.h"

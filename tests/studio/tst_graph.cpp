@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "graph/EasingEditor.h"
 #include "graph/GraphEditor.h"
 #include "graph/KeyFields.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "lottietexts.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "lottie/easing.h"
 #include "lottie/evaluate.h"
 #include "lottie/spatial.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Player.h"
 #include "readouts.h"
 #include "support/FakeClock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "FrameSlider.h"
 #include "MissingPanel.h"
 #include "controls/PaintCounter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
 #include <MorrantUI/text/PlainTextEdit.h>
 #include <MorrantUI/text/TimeCodeEdit.h>

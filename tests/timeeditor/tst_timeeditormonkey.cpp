@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Editor.h"
 #include "support/FakeClock.h"
 #include "support/TestCase.h"

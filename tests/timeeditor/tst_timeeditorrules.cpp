@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/scene/dragreadout.h"
 #include "MorrantUI/scene/edgescroll.h"
 #include "MorrantUI/scene/viewfit.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeline/playbackrange.h"
 #include "MorrantUI/timeline/rulerlayout.h"
 #include "MorrantUI/timeline/rulerticks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "controls/PaintCounter.h"
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"

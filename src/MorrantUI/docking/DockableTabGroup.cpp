@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/DockableTabGroup.h"
 
 #include "MorrantUI/docking/DockTabStrip.h"

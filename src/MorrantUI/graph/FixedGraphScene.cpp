@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/FixedGraphScene.h"
 
 #include <MorrantUI/graph/graphtypes.h>

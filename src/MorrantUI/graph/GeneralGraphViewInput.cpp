@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the user does with mouse, wheel and keyboard: the half of GeneralGraphView that takes
 // events, and how it zooms.
 

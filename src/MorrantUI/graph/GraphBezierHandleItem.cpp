@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/GraphBezierHandleItem.h"
 
 #include "MorrantUI/graph/GraphDrag.h"

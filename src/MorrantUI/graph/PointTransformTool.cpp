@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/PointTransformTool.h"
 
 #include <MorrantUI/graph/GeneralGraphView.h>

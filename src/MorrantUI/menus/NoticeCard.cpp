@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/menus/NoticeCard.h"
 
 #include "MorrantUI/controls/accessibility.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/text/TimeCodeField.h"
 
 #include "MorrantUI/text/textkeys.h"

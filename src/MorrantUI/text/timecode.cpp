@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/text/timecode.h"
 
 #include "MorrantUI/text/wholerate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/theme/themesettings.h"
 
 #include "MorrantUI/theme/currenttheme.h"

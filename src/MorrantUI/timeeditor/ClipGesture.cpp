@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/ClipGesture.h"
 
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>

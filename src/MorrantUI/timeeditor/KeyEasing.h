@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 /// How the value goes from a key to the next one of its row, as far as the time editor shows it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/TimeEditorSoundItem.h"
 
 #include <MorrantUI/theme/colors.h>

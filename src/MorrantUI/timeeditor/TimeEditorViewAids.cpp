@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the view does beside an edit: what it shows at the pointer, how it scrolls along, where the
 // keyboard is among the keys.
 

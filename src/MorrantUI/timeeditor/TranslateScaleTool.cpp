@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/TranslateScaleTool.h"
 
 #include <MorrantUI/timeeditor/TimeEditorView.h>

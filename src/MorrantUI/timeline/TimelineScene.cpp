@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeline/TimelineScene.h"
 
 #include "MorrantUI/theme/style/shapes.h"

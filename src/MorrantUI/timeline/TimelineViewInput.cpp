@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the user does with mouse and keyboard: the half of TimelineView that takes events.
 
 #include "MorrantUI/controls/gestures/cursors.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The ruler's context menu.
 
 #include "MorrantUI/scene/framemath.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeline/rulerticks.h"
 
 #include "MorrantUI/text/wholerate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "editing/DocumentEditor.h"
 
 #include "editing/PropertyDelta.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "editing/keyclipboard.h"
 
 #include "lottie/evaluate.h"

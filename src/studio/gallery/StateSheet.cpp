@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gallery/StateSheet.h"
 
 #include "gallery/sections.h"

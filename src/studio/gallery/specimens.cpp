@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gallery/specimens.h"
 
 #include <MorrantUI/controls/buttons/CheckBox.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "graph/KeyFields.h"
 
 #include <MorrantUI/controls/values/NumericField.h>

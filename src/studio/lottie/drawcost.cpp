@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "lottie/drawcost.h"
 
 #include <include/core/SkPath.h>

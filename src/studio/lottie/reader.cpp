@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "lottie/reader.h"
 
 #include "lottie/readproperties.h"

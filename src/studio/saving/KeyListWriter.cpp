@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "saving/KeyListWriter.h"
 
 #include "saving/numbertexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/connections/connectiongeometry.h"
 #include "controls/KthSignal.h"
 #include "support/FakeClock.h"

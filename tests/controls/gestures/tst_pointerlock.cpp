@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "DragStage.h"
 #include "support/RealPointer.h"
 #include <MorrantUI/controls/gestures/PointerLock.h>

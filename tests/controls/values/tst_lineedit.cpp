@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
 #include <MorrantUI/controls/values/LineEdit.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
 #include "support/FakePointerSystem.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>

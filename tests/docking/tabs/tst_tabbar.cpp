@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
 #include "docking/tabs/TabBench.h"
 #include "support/FakePointer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "FakeToast.h"
 
 #include "MorrantUI/platform/windows/toastinterfaces.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "../com.h"
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/platform/notifications.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/buttons/segmentgeometry.h"
 
 #include <MorrantUI/theme/painting.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/connections/ConnectionOverlay.h"
 
 #include "MorrantUI/controls/connections/connectiongeometry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/connections/ConnectionReceiver.h"
 
 #include <MorrantUI/controls/gestures/GestureDoors.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/connections/ConnectionTarget.h"
 
 #include <MorrantUI/controls/connections/ConnectionReceiver.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/connections/PickWhip.h"
 
 #include "MorrantUI/controls/buttons/buttonlook.h"

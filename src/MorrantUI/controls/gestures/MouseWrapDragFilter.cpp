@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/gestures/MouseWrapDragFilter.h"
 
 #include "MorrantUI/controls/gestures/RawDragFilter.h"

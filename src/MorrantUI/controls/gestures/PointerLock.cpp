@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/gestures/PointerLock.h"
 
 #include "MorrantUI/platform/PointerConfinement.h"

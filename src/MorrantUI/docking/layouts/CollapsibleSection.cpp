@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/layouts/CollapsibleSection.h"
 
 #include "MorrantUI/docking/layouts/FoldLayout.h"

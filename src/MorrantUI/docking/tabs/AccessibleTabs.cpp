@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/tabs/AccessibleTabs.h"
 
 #include "MorrantUI/docking/tabs/TabCloseButton.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/tabs/TabHover.h"
 
 #include "MorrantUI/docking/tabs/TabRow.h"

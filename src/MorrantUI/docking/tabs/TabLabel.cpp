@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/tabs/TabLabel.h"
 
 #include "MorrantUI/controls/values/elidedtext.h"

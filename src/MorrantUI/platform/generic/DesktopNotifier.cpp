@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/platform/generic/DesktopNotifier.h"
 
 #include "MorrantUI/log.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/platform/windows/Apartment.h"
 
 #include "MorrantUI/platform/windows/winrt.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/log.h"
 #include "MorrantUI/platform/windows/ActivatorRegistration.h"
 #include "MorrantUI/platform/windows/systemlibrary.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/theme/style/elements.h"
 #include "MorrantUI/theme/style/shades.h"
 #include "MorrantUI/theme/style/shapes.h"

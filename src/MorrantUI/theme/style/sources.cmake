@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The pictures of the application style; private to the library.
 set(morrantStyleParts
     buttons.cpp
