@@ -22,7 +22,7 @@ export CCACHE_DIR=${CCACHE_DIR:-$MORRANT_CACHE/ccache}
 export CCACHE_BASEDIR=$MORRANT_ROOT
 export CCACHE_NOHASHDIR=1
 export CCACHE_SLOPPINESS=pch_defines,time_macros
-export CCACHE_MAXSIZE=${CCACHE_MAXSIZE:-5G}
+export CCACHE_MAXSIZE=${CCACHE_MAXSIZE:-12G}
 
 # quietly LOG COMMAND...: runs a command with its output in a log, whose end is shown when it fails.
 quietly() {
