@@ -130,6 +130,17 @@ private Q_SLOTS:
         QVERIFY(colorAt(graph.point(1), {78, 0}) != ground); // up to the next point, and there down
         graph.left(1)->placeSilently({-3e307, 0}); // whose quarters of a pixel nobody can count
         QVERIFY(colorAt(graph.point(2), {0, -80}) != ground);
+
+        GraphDesk level({{20, 20}, {60, 20}});
+        level.curve->setLimits({-qInf(), -qInf(), qInf(), qInf()});
+        const QImage image = level.viewport()->grab().toImage();
+        for (const QPointF& range : {QPointF(0, 15), QPointF(25, 55), QPointF(65, 100)}) {
+            int painted = 0;
+            for (double x = range.x(); x < range.y(); x += 0.25) {
+                painted += pixelAt(image, level.mapFromScene(x, 20)) != ground ? 1 : 0;
+            }
+            QVERIFY2(painted > (range.x() == 25 ? 110 : 10), qPrintable(QString::number(painted)));
+        }
     }
     void nothingIsPaintedWithoutNeed()
     {

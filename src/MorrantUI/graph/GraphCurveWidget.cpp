@@ -24,11 +24,13 @@ constexpr std::size_t kPieceLength = 32;        ///< segments that are drawn as 
 constexpr double kShapeReach = 0.5;             ///< scene units, of a default stroker's width
 
 /// The part of a level line that lies in a stretch, with its dots where the whole line has them.
+/// One that begins nowhere has them where its end has.
 QLineF dottedPart(const QLineF& line, double left, double right, double period)
 {
     QLineF part = line;
     if (line.x1() < left) {
-        part.setP1({line.x1() + std::floor((left - line.x1()) / period) * period, line.y1()});
+        const double dot = std::isinf(line.x1()) ? line.x2() : line.x1();
+        part.setP1({dot + std::floor((left - dot) / period) * period, line.y1()});
     }
     part.setP2({std::min(line.x2(), right), line.y2()});
     return part;
@@ -232,8 +234,11 @@ void GraphCurveWidget::paint(
         return;
     }
     const ui::style::PainterState state(*painter);
+    // Qt finds nothing exposed of bounds without a height, which are those of a level curve.
     const double margin = kLineWidth / scale;
-    const QRectF exposed = option->exposedRect.adjusted(-margin, 0.0, margin, 0.0);
+    const QRectF bounds = boundingRect();
+    const QRectF exposed =
+        (bounds.height() > 0.0 ? option->exposedRect : bounds).adjusted(-margin, 0.0, margin, 0.0);
     QPen pen(lineColor(), kLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     pen.setCosmetic(true);
     painter->setRenderHint(QPainter::Antialiasing);
