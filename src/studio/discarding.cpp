@@ -13,7 +13,7 @@ namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("studio::Discarding", text);
+    return QCoreApplication::translate("studio", text);
 }
 
 } // namespace

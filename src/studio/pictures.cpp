@@ -26,12 +26,14 @@ constexpr int kFrames = 5; ///< pictures of the animation, from the first frame 
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("pictures", text);
+    return QCoreApplication::translate("studio", text);
 }
 
 /// Writes widgets into a folder and remembers the first failure.
 class PictureFolder
 {
+    Q_DECLARE_TR_FUNCTIONS(studio)
+
 public:
     explicit PictureFolder(const QString& path)
         : m_folder(path)

@@ -9,7 +9,7 @@ namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("studio::Attribute", text);
+    return QCoreApplication::translate("studio", text);
 }
 
 const ShapeItem* findItem(const Layer& layer, const std::vector<std::size_t>& places)

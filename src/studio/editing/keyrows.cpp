@@ -11,7 +11,7 @@ namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("studio::Attribute", text);
+    return QCoreApplication::translate("studio", text);
 }
 
 template <typename Value>
@@ -28,6 +28,8 @@ std::vector<double> timesOf(const Property<Value>& property)
 /// Lists what of shapes moves and cannot be edited.
 class ReadOnlyRows
 {
+    Q_DECLARE_TR_FUNCTIONS(studio)
+
 public:
     explicit ReadOnlyRows(std::vector<KeyRow>& rows)
         : m_rows(rows)

@@ -3,20 +3,9 @@
 
 #include "lottie/reader.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 namespace studio {
-
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio::Reader", text);
-}
-
-} // namespace
 
 void ReadContext::fail(const QString& sentence)
 {

@@ -4,12 +4,16 @@
 #include "lottie/Document.h"
 #include "lottie/JsonTree.h"
 
+#include <QCoreApplication>
+
 namespace studio {
 
 /// What the parts of the reader share: the first error, the layer that is being read, and the ways
 /// to take a value that may be absent (its default) or of the wrong type (an error).
 class ReadContext
 {
+    Q_DECLARE_TR_FUNCTIONS(studio)
+
 public:
     explicit ReadContext(Document& document)
         : m_document(document)

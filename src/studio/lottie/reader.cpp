@@ -18,7 +18,7 @@ namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("studio::Reader", text);
+    return QCoreApplication::translate("studio", text);
 }
 
 // What the layers of one list name each other and the assets by, until both can be looked up.
@@ -32,6 +32,8 @@ struct LayerReferences
 
 class Reader
 {
+    Q_DECLARE_TR_FUNCTIONS(studio)
+
 public:
     explicit Reader(Document& document)
         : m_document(document)

@@ -9,7 +9,7 @@ namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("studio::Reader", text);
+    return QCoreApplication::translate("studio", text);
 }
 
 EasingHandle readHandle(ReadContext& context, const JsonValue& value)
@@ -69,7 +69,7 @@ struct PathValue
     {
         const JsonValue outline = value.isList() ? value.first() : value;
         if (outline.exists() && !outline.isObject()) {
-            context.failType(value, tr("an outline"));
+            context.failType(value, QCoreApplication::translate("studio", "an outline"));
         }
         BezierPath path;
         readPoints(context, outline, "v", path.vertices);

@@ -31,7 +31,7 @@ constexpr std::array<unsigned char, 14> kSubFormatTail = {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("studio::Sound", text);
+    return QCoreApplication::translate("studio", text);
 }
 
 struct Format
@@ -89,6 +89,8 @@ float sampleAt(const char* bytes, const Format& format)
 
 class WavReader
 {
+    Q_DECLARE_TR_FUNCTIONS(studio)
+
 public:
     explicit WavReader(QIODevice& device)
         : m_device(device)
