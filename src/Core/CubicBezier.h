@@ -12,8 +12,8 @@ struct CubicBezier
     double endPull = 0.0;
     double end = 0.0;
 
-    MORRANT_CORE_EXPORT double at(double parameter) const;
-    MORRANT_CORE_EXPORT double slopeAt(double parameter) const;
+    MORRANT_CORE_EXPORT double at(double parameter) const;      ///< the value at 0..1
+    MORRANT_CORE_EXPORT double slopeAt(double parameter) const; ///< the derivative there
 
     /// The parameter at which the coordinate has a value, to 1e-12; beyond the ends it is 0 or 1.
     /// The coordinate must grow from start to end, which it does while both pulls lie between them;

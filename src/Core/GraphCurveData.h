@@ -70,11 +70,13 @@ public:
     MORRANT_CORE_EXPORT bool replace(const GraphCurveKey& key);
     /// A key stays before or behind those of its new time, as it was before the move.
     MORRANT_CORE_EXPORT bool move(int index, double time, double value);
+    /// Both are offsets from the key.
     MORRANT_CORE_EXPORT bool setHandles(int index, num2<double> left, num2<double> right);
-    MORRANT_CORE_EXPORT bool setHandlesLocked(int index, bool locked);
+    MORRANT_CORE_EXPORT bool setHandlesLocked(int index, bool locked); ///< the handles stay
+    /// The handles stay.
     MORRANT_CORE_EXPORT bool setInterpolation(
         int index, morrant::KeyInterpolationType interpolation);
-    MORRANT_CORE_EXPORT bool remove(int index);
+    MORRANT_CORE_EXPORT bool remove(int index); ///< the other indices stay
 
     /// The value of the curve at a time, as an editor draws it. From one key to the next it is a
     /// cubic bezier, whose inner points are the keys' handles, or the keys themselves where they

@@ -55,7 +55,7 @@ public:
     /// Begins the drag once the pointer has moved the system's drag distance from the start.
     /// @return whether a drag is in progress now
     bool beginDragging();
-    void endDragging();
+    void endDragging(); ///< the window stays where it is
     /// Half while dragging, full otherwise.
     void updateWindowOpacity();
 

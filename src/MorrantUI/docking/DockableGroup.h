@@ -48,7 +48,7 @@ public:
     /// group grows by the window's size, towards the top or the left for index 0. A window that is
     /// in another group leaves that one.
     virtual void insertChild(int index, DockableWindow* window);
-    virtual void appendChild(DockableWindow* window);
+    virtual void appendChild(DockableWindow* window); ///< at the end
 
     /// Other values than the two are stored but leave the children as they are.
     void setLayoutMode(LayoutMode mode);

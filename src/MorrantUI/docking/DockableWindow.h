@@ -61,7 +61,7 @@ public:
     /// of that header may call this. Null leaves the window without one.
     void setHeader(DockableHeader* header);
     DockableHeader* header() const;
-    void setHeaderVisible(bool visible);
+    void setHeaderVisible(bool visible); ///< a hidden one takes no room
     /// Where the header sits: from it to the content in this direction.
     void setHeaderDirection(QBoxLayout::Direction direction);
 
@@ -122,7 +122,7 @@ public:
     /// Shows the zones for a dragged window with these restrictions, and highlights the one under
     /// the cursor; see DropIndicatorMain.
     void updateIndicators(bool sidesDisabled, bool topBottomDisabled);
-    void hideIndicators();
+    void hideIndicators(); ///< of this window
     /// The zone that was last highlighted.
     DockableArea dropArea() const;
 
@@ -140,12 +140,12 @@ public:
     /// To be called when the application gains or loses activation: floating windows lie above
     /// other applications only while this one is active.
     void onApplicationActivate();
-    void onApplicationDeactivate();
+    void onApplicationDeactivate(); ///< see onApplicationActivate()
 
     bool event(QEvent* event) override;
 
 Q_SIGNALS:
-    void textChanged(const QString& text);
+    void textChanged(const QString& text); ///< the title is another
     /// The window is in another group than before. Comes when the operation is over.
     void docked(DockableGroup* group);
     /// The window left its group and floats. Comes when the operation is over.
@@ -163,7 +163,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
-    void setWindowMode(WindowMode mode) { m_windowMode = mode; }
+    void setWindowMode(WindowMode mode) { m_windowMode = mode; } ///< for subclasses
 
 private:
     friend class DockableDragHandler;

@@ -44,7 +44,7 @@ public:
     ~GeneralGraphView() override;
 
     bool isGridSnapping() const { return m_gridSnapping; }
-    void setGridSnapping(bool on) { m_gridSnapping = on; }
+    void setGridSnapping(bool on) { m_gridSnapping = on; } ///< off at first
     /// Graph units between the grid's lines on both axes. Not checked: with 0 nothing moves.
     int getGridSnappingValue() const { return m_gridSnappingValue; }
     void setGridSnappingValue(int units) { m_gridSnappingValue = units; }
@@ -77,7 +77,7 @@ public:
     const std::pair<int, int>& getScaleRange() { return m_scaleRange; }
     void setScaleRange(std::pair<int, int> range) { m_scaleRange = range; }
 
-    GeneralGraphUtils* utils() { return m_utils; }
+    GeneralGraphUtils* utils() { return m_utils; } ///< owned by the view
 
     /// Around all selected points in the scene; null without any.
     QRectF getSelectionRect();
@@ -94,8 +94,8 @@ public:
     /// of the mouse ends it, or a host that scales by itself. @param anchor scene units @param side
     /// false for the left edge
     void setupKeyScaling(QPoint anchor, bool side);
-    void scaleKeys(QPoint position);
-    void endKeyScaling();
+    void scaleKeys(QPoint position); ///< scene units
+    void endKeyScaling();            ///< keeps what was scaled
     /// Puts all points back to where they were when the scaling began, and ends it.
     void cancelKeyScaling();
 

@@ -32,7 +32,7 @@ public:
     GraphBezierHandleItem(ui::Graph::Side side, GraphPointWidget* point, QGraphicsItem* parent);
     ~GraphBezierHandleItem() override;
 
-    void setup() {}
+    void setup() {} ///< nothing to do; kept for subclasses
     /// Kept with the handle; what is drawn has sizes of its own.
     int handleSize() const { return m_handleSize; }
 
@@ -44,7 +44,7 @@ public:
     /// The distance from the point, y upward, times the view scale. That is scene units: in a fixed
     /// graph, divide by ui::Graph::kFixedScale for data units.
     QPointF dataPosition() const;
-    void setInitialPosition(QPointF data);
+    void setInitialPosition(QPointF data); ///< as dataPosition()
     /// Makes the view scale 1 and keeps the data position, in silence.
     void handleViewScaleChange();
 

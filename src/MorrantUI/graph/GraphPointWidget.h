@@ -51,11 +51,11 @@ public:
 
     /// Whether both coordinates stay from 0 to ui::Graph::kFixedScale.
     bool clippingPosition() const { return m_clipPosition; }
-    void setClipPosition(bool clip) { m_clipPosition = clip; }
+    void setClipPosition(bool clip) { m_clipPosition = clip; } ///< off at first
 
     /// Null for both unless it has exactly two children, and both are handles.
     GraphBezierHandleItem* getLeftBezier();
-    GraphBezierHandleItem* getRightBezier();
+    GraphBezierHandleItem* getRightBezier(); ///< see getLeftBezier()
 
     /// Whether the handles move as a pair, opposite each other.
     bool hasLockedBeziers() const { return m_lockedBeziers; }

@@ -29,6 +29,7 @@ inline QPointF fixedOffset(num2<double> data)
     return {kFixedScale * data.x, -kFixedScale * data.y};
 }
 
+/// The same the other way round.
 inline num2<double> fixedDataOffset(QPointF offset)
 {
     return {offset.x() / kFixedScale, -offset.y() / kFixedScale};

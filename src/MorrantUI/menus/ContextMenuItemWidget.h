@@ -64,7 +64,7 @@ public:
     /// Adds a row to the end of the row's child menu, which is made for the first one and belongs
     /// to this row. A menu that the host has set is no longer the row's then.
     ContextMenuItemWidget* addToChildMenu(QString text);
-    void addSeparatorToChildMenu();
+    void addSeparatorToChildMenu(); ///< at its end
     /// How many rows the child menu has, separators left out.
     int childCount() const;
 

@@ -35,7 +35,7 @@ public:
 Q_SIGNALS:
     /// The pointer.
     void mouseEntered();
-    void mouseLeft();
+    void mouseLeft(); ///< the same
 
 protected:
     bool event(QEvent* event) override;

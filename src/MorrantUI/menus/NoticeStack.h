@@ -55,8 +55,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 public Q_SLOTS:
-    void dismissLatest();
-    void dismissAll();
+    void dismissLatest(); ///< nothing without one
+    void dismissAll();    ///< dismissed() for each
 
 Q_SIGNALS:
     /// A notice has gone, by the user, by time, by dismiss(), or for later ones.

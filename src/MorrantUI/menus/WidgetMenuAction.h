@@ -35,7 +35,7 @@ public:
 
     /// By the menu: the row becomes, or no longer is, the active one. Twice the same is once.
     void highlightEnter();
-    void highlightLeave();
+    void highlightLeave(); ///< the same
     bool isHighlighted() const { return m_highlighted; }
 
 protected:

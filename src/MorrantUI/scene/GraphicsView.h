@@ -52,7 +52,7 @@ protected:
     /// it, too.
     /// @param event whose buttons are those of the drag
     void scrollAtEdge(const QMouseEvent& event, Qt::Orientations directions);
-    void stopEdgeScroll();
+    void stopEdgeScroll(); ///< does nothing when none runs
 
     /// Hands a wheel event to QGraphicsView with a share of its distance, 0..1. What is less than
     /// Qt's least distance adds up.

@@ -45,7 +45,7 @@ protected:
     virtual QRectF selectionRect() const = 0;
     /// An edge was pressed. @param position scene units, rounded; @param right which edge
     virtual void startScaling(QPoint position, bool right) = 0;
-    virtual void scaleTo(QPoint position) = 0;
+    virtual void scaleTo(QPoint position) = 0; ///< the edge is dragged here
     /// Puts the keys back to where they were at startScaling().
     virtual void cancelScaling() = 0;
     /// Moves the selected keys in time and returns by how much they moved, which may be less or

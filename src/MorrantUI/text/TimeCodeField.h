@@ -31,7 +31,7 @@ public:
     QString code() const;
 
 public Q_SLOTS:
-    void setFrame(int frame);
+    void setFrame(int frame); ///< waits for what is being typed
     /// Takes back what has been typed.
     void cancel();
 

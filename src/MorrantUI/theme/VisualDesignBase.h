@@ -48,8 +48,8 @@ public:
     /// Adds or replaces a named colour. An invalid colour is stored as it is.
     void setColor(const QString& name, const QColor& color);
 
-    QColor color(QPalette::ColorRole role) const;
-    QColor color(QPalette::ColorGroup group, QPalette::ColorRole role) const;
+    QColor color(QPalette::ColorRole role) const; ///< of the active group
+    QColor color(QPalette::ColorGroup group, QPalette::ColorRole role) const; ///< of the palette
     QPalette getPalette() const;
 
     /// The application font, in the large size as long as the size override is not 0.
@@ -85,7 +85,7 @@ public:
     /// The icon's pixmap in the file's own size, with the pixels of the application's device ratio.
     /// The file's size is kept in QPixmapCache, so it may be read again.
     QPixmap getCachedPixmap(const QString& path);
-    bool iconExists(const QString& path) const;
+    bool iconExists(const QString& path) const; ///< as a file
 
 Q_SIGNALS:
     /// After every setUsePointerLock().
@@ -96,8 +96,8 @@ protected:
     void setColor(QPalette::ColorRole role, const QColor& color);
     void setColor(QPalette::ColorGroup group, QPalette::ColorRole role, const QColor& color);
 
-    void setFont(QFont font);
-    void setLargeFontSize(int pixels);
+    void setFont(QFont font);          ///< shows with the next applyAppStyle()
+    void setLargeFontSize(int pixels); ///< see setFontSizeOverride()
 
     /// The root object of the theme file.
     const QJsonObject& preferences() const;

@@ -49,7 +49,7 @@ public:
 
     /// Draws a border inside the widget's rectangle. With radii per corner the corners cut into it.
     void setBorder(const QPen& pen);
-    void clearBorder();
+    void clearBorder(); ///< the default
 
     /// Whether a bordered rectangle is moved onto pixel centres, which keeps thin lines sharp; on
     /// by default. Without a border it changes nothing.

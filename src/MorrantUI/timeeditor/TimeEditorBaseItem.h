@@ -50,7 +50,7 @@ public:
     /// while it runs still ends on the colour that the first one started from.
     void animateFeedbackColor(QColor flash);
     QColor animatingColor() const { return m_animatingColor; }
-    void setAnimatingColor(QColor color);
+    void setAnimatingColor(QColor color); ///< by the animation
     bool isAnimating() const;
 
     /// Subclasses compute their rectangle here, when the view's zoom has changed.
@@ -58,9 +58,9 @@ public:
 
     /// A connection being dragged is over the item, or has been let go over it.
     virtual void onConnectionEnter(ConnectionInstance* connection);
-    virtual void onConnectionMove(ConnectionInstance* connection);
-    virtual void onConnectionLeave(ConnectionInstance* connection);
-    virtual void onConnectionDrop(ConnectionInstance* connection);
+    virtual void onConnectionMove(ConnectionInstance* connection);  ///< over it
+    virtual void onConnectionLeave(ConnectionInstance* connection); ///< no longer
+    virtual void onConnectionDrop(ConnectionInstance* connection);  ///< let go over it
 
     // QGraphicsLayoutItem
     void setGeometry(const QRectF& rect) override;

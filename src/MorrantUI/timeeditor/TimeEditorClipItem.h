@@ -36,7 +36,7 @@ public:
 
     /// Adds an area, which belongs to the clip.
     VisClip* addClipArea(int start, int end);
-    void removeClipArea(int index);
+    void removeClipArea(int index); ///< and deletes it
     /// In the order of their making. The host changes them and calls refresh().
     std::vector<VisClip*> getClipAreas() const;
     /// The areas were changed from outside.
@@ -48,7 +48,7 @@ public:
 
     /// Selects the item and all its areas.
     void selectItemAndClips();
-    void clearSelectedClipAreas();
+    void clearSelectedClipAreas(); ///< the item stays as it is
 
     /// Marks an area as being dragged by a part of it; -1 for none.
     void setDragClipIndex(int index, EndPointHover part);

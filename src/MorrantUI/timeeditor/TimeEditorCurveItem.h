@@ -51,7 +51,7 @@ public:
     void setText(const QString& text) { m_text = text; }
 
     ColorMode colorMode() const { return m_colorMode; }
-    void setColorMode(ColorMode mode);
+    void setColorMode(ColorMode mode); ///< repaints
 
     /// The key in front at a place, in the row's coordinates; null where there is none.
     TimeEditorKeyframeItem* keyAt(const QRectF& place) const;

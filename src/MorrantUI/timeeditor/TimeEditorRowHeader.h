@@ -45,7 +45,7 @@ public:
     void setLabel(TimeEditorBaseItem* row, const TimeRowLabel& label);
     /// Null for a row without one.
     const TimeRowLabel* label(const TimeEditorBaseItem* row) const;
-    void clear();
+    void clear(); ///< takes all labels away
 
     /// The row that is marked, null for none. A row without a label is none. Nothing is reported.
     void setCurrentRow(TimeEditorBaseItem* row);

@@ -66,16 +66,16 @@ public:
 
     /// Both only store; the view repaints.
     void setBackgroundRegion(int first, int last);
-    void setBackgroundRegionColor(QColor color);
+    void setBackgroundRegionColor(QColor color); ///< see setBackgroundRegion()
     const std::pair<int, int>& getBackgroundRegion() const { return m_region; }
 
     /// The beat grid. Each repaints the scene. There is none while rate, beats a bar or the
     /// distance of the lines on screen are 0 or less; a BPM below 1 counts as 1.
     void setEnableBeatMarkers(bool enable);
-    void setBPM(float bpm);
-    void setFps(float framesPerSecond);
-    void setBeatBars(int beatsPerBar);
-    void setBeatOffset(float frame);
+    void setBPM(float bpm);             ///< beats a minute
+    void setFps(float framesPerSecond); ///< the rate
+    void setBeatBars(int beatsPerBar);  ///< every so many beats a stronger line
+    void setBeatOffset(float frame);    ///< where the first beat lies
 
     /// The time editor's item in front at a place, in scene units; null where there is none, and
     /// below what is none.

@@ -34,7 +34,7 @@ public:
     void setAudibleRange(double start, double end);
 
     QString text() const { return m_text; }
-    void setText(const QString& text);
+    void setText(const QString& text); ///< drawn over the wave form
 
     QColor getColor() const override;
     QRectF boundingRect() const override;

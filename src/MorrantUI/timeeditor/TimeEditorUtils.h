@@ -37,11 +37,11 @@ public:
     /// Fills the context menu and returns the menu to show.
     /// @param curves what the menu is about: the curve that was clicked, else the selected ones
     virtual QMenu* populateMenu(QMenu* menu, std::set<TimeEditorCurveItem*> curves);
-    virtual void onCutKeyframes();
-    virtual void onCopyKeyframes();
-    virtual void onPasteKeyframes();
-    virtual void onAddKeyframe();
-    virtual void onDeleteKeyframes(std::set<TimeEditorKeyframeItem*> keys);
+    virtual void onCutKeyframes();   ///< those that are selected
+    virtual void onCopyKeyframes();  ///< the same
+    virtual void onPasteKeyframes(); ///< at the current frame
+    virtual void onAddKeyframe();    ///< at the current frame
+    virtual void onDeleteKeyframes(std::set<TimeEditorKeyframeItem*> keys); ///< the selected ones
 
     /// Builds the menu for a place in the view through populateMenu(). It belongs to the view, and
     /// whoever shows it decides where.
@@ -64,7 +64,7 @@ Q_SIGNALS:
     /// For the host's subclass to emit and connect to; the library emits neither.
     void modifyKeySignal(TimeEditorKeyframeItem* item, int newFrame);
     void modifyEndPoint(
-        TimeEditorClipItem* item, int oldFrame, int newFrame, bool start, bool move);
+        TimeEditorClipItem* item, int oldFrame, int newFrame, bool start, bool move); ///< likewise
 
 private:
     void ripple(const FrameKeys& others, double distance, bool right);

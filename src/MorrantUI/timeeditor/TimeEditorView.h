@@ -92,7 +92,7 @@ public:
 
     /// Both only store; nothing is redrawn.
     void setFrameRange(int first, int last) { m_frameRange = {first, last}; }
-    void setPlaybackRange(int first, int last) { m_playbackRange = {first, last}; }
+    void setPlaybackRange(int first, int last) { m_playbackRange = {first, last}; } ///< only stored
     const std::pair<int, int>& getFrameRange() const { return m_frameRange; }
     const std::pair<int, int>& getPlaybackRange() const { return m_playbackRange; }
 
@@ -104,36 +104,36 @@ public:
 
     /// The scene's current frame; 0 without a scene.
     int frameNumber() const;
-    void setCurrentFrame(int frame);
-    void setBackgroundRegion(int first, int last);
-    void setBackgroundRegionColor(QColor color);
+    void setCurrentFrame(int frame);               ///< the scene's; repaints
+    void setBackgroundRegion(int first, int last); ///< the scene's; repaints
+    void setBackgroundRegionColor(QColor color);   ///< the scene's
 
     /// Zooms and scrolls horizontally so that a rectangle of the scene fills the viewport. A
     /// rectangle without width, and a viewport narrower than five pixels, leave it unscaled.
     void fitRect(const QRectF& rect);
     /// The playback range, or with Shift held the frame range, with a little room.
     void fitTimelineInView();
-    void fitSelectedItemsInView();
+    void fitSelectedItemsInView(); ///< rescale() follows
 
     /// Bounds of the selected keys' positions; empty at the origin without any.
     QRectF getTranslateToolRect() const;
-    void clearSelection();
+    void clearSelection(); ///< of the scene
 
     /// Scaling of the selected keys in time, as the transform tool drives it.
     /// @param origin scene units @param flag whether the right edge is dragged
     void setupKeyScaling(QPoint origin, bool flag);
-    void scaleKeys(QPoint current);
-    void endKeyScaling();
+    void scaleKeys(QPoint current); ///< scene units
+    void endKeyScaling();           ///< keeps what was scaled
 
-    void setSnapping(bool on) { m_snapping = on; }
+    void setSnapping(bool on) { m_snapping = on; } ///< as Shift does, until the gesture ends
     bool getSnapping() const { return m_snapping; }
-    void setGhosting(bool on) { m_ghosting = on; }
+    void setGhosting(bool on) { m_ghosting = on; } ///< stored for the host
     bool getGhosting() const { return m_ghosting; }
-    void setShowTransformTool(bool show) { m_showTransformTool = show; }
+    void setShowTransformTool(bool show) { m_showTransformTool = show; } ///< over two or more keys
     bool getShowTransformTool() const { return m_showTransformTool; }
-    void setDoneRippleEdit(bool done) { m_doneRippleEdit = done; }
+    void setDoneRippleEdit(bool done) { m_doneRippleEdit = done; } ///< of the scaling under way
     bool getDoneRippleEdit() const { return m_doneRippleEdit; }
-    void setMarqueeSelectionMode(SelectionMode mode) { m_marqueeMode = mode; }
+    void setMarqueeSelectionMode(SelectionMode mode) { m_marqueeMode = mode; } ///< for bands
     SelectionMode getMarqueeSelectionMode() const { return m_marqueeMode; }
     /// Also shows or clears the clips' feedback at their ends.
     void setEndPointSnapping(bool on);
@@ -164,7 +164,7 @@ Q_SIGNALS:
     void rescale(QRectF newRect);
     /// The horizontal scroll bar's value or range has changed.
     void viewRectChanged();
-    void scaleChanged();
+    void scaleChanged(); ///< the zoom is another
     /// Keys are being dragged or scaled and have moved by a step.
     void keysMoving();
     /// A drag or a scaling of keys is complete: what changed, once. Nothing for a click, or after

@@ -14,7 +14,7 @@ public:
 
     int getStart() const { return m_start; }
     int getEnd() const { return m_end; }
-    void setRange(int start, int end);
+    void setRange(int start, int end); ///< the item has to be told to repaint
 
     /// Frames by which the contents begin later than the area.
     int slip() const { return m_slip; }
@@ -24,7 +24,7 @@ public:
     /// The item has to be told to repaint.
     void setSelected(bool selected) { m_selected = selected; }
 
-    bool isWithinRange(int frame) const { return frame >= m_start && frame < m_end; }
+    bool isWithinRange(int frame) const { return frame >= m_start && frame < m_end; } ///< half open
 
 private:
     int m_start = 0;

@@ -41,8 +41,8 @@ public:
     /// The frames that are played, 0 to 0 at first; stored as they are. playbackRangeChanged()
     /// follows a change.
     void setPlaybackRange(int first, int last);
-    void setPlaybackStartFrame(int frame);
-    void setPlaybackEndFrame(int frame);
+    void setPlaybackStartFrame(int frame); ///< as setPlaybackRange()
+    void setPlaybackEndFrame(int frame);   ///< as setPlaybackRange()
     int getPlaybackStartFrame() const { return m_playback.first; }
     int getPlaybackEndFrame() const { return m_playback.second; }
 
@@ -59,22 +59,22 @@ public:
     /// change, here as below.
     void setMarkers(TimelineMarkers markers);
     const TimelineMarkers& markers() const { return m_markers; }
-    std::optional<TimelineMarker> marker(int id) const;
+    std::optional<TimelineMarker> marker(int id) const; ///< none for an unknown id
     /// @return the new marker's id
     int addMarker(int frame, const QString& name = {}, const QColor& color = {});
     /// Replaces the marker of the same id. @return whether there is one
     bool changeMarker(const TimelineMarker& marker);
-    bool removeMarker(int id);
+    bool removeMarker(int id); ///< whether there was one
 
     /// The marker that keys and menus act on; 0 for none.
     void setSelectedMarker(int id);
     int selectedMarker() const { return m_selectedMarker; }
 
 Q_SIGNALS:
-    void frameRangeChanged(int first, int last);
+    void frameRangeChanged(int first, int last); ///< by the host
     /// By the host or by the user, at every step.
     void playbackRangeChanged(int first, int last);
-    void markersChanged();
+    void markersChanged(); ///< the same
     /// Goes before markersChanged() where the selected one is gone.
     void selectedMarkerChanged(int id);
     /// Rate or kind of the labels.

@@ -59,7 +59,7 @@ public:
 
     /// The same as the scene's, which see.
     void setFrameRange(int first, int last);
-    void setPlaybackRange(int first, int last);
+    void setPlaybackRange(int first, int last); ///< the scene's
 
     /// The time has changed elsewhere: nothing is reported. Any number of calls in one turn of the
     /// event loop paint once. Any frame will do, also one outside the range.

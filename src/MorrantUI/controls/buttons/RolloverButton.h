@@ -44,7 +44,7 @@ public:
     void setIcons(const Icons& icons);
     Icons icons() const { return m_names; }
 
-    void setTints(const Tints& tints);
+    void setTints(const Tints& tints); ///< repaints
     Tints tints() const { return m_tints; }
 
     QSize sizeHint() const override;

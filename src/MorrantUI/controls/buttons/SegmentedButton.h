@@ -49,7 +49,7 @@ public:
     /// Switches this segment on and all others off; -1 switches all off.
     void setCurrentIndex(int index);
 
-    bool isChecked(int index) const;
+    bool isChecked(int index) const; ///< false out of range
     /// Switches one segment; in an exclusive group the others follow.
     void setChecked(int index, bool checked);
 

@@ -46,8 +46,8 @@ public:
     /// The connection has come over the widget. ConnectionInstance::setAccepted() and
     /// setDrawStyle() are for here and for onConnectionMove().
     virtual void onConnectionEnter(ConnectionInstance* connection);
-    virtual void onConnectionMove(ConnectionInstance* connection);
-    virtual void onConnectionLeave(ConnectionInstance* connection);
+    virtual void onConnectionMove(ConnectionInstance* connection);  ///< over it
+    virtual void onConnectionLeave(ConnectionInstance* connection); ///< after every enter
     /// The connection was let go over the widget while accepted. The drag is over already: a dialog
     /// may be opened, and the next connection started.
     virtual void onConnectionDrop(ConnectionInstance* connection);

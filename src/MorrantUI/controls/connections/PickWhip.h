@@ -36,7 +36,7 @@ public:
     ConnectionInstance* connection() const;
 
 Q_SIGNALS:
-    void connectionStarted(ConnectionInstance* connection);
+    void connectionStarted(ConnectionInstance* connection); ///< once for each drag
     /// After the receiver's part; comes once for each start.
     void connectionFinished(ConnectionInstance::State state);
 

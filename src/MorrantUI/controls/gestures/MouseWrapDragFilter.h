@@ -59,8 +59,8 @@ public:
     void commitDrag(const QPointF& a, const QPointF& movement);
 
 Q_SIGNALS:
-    void started();
-    void ended();
+    void started(); ///< before the first dragged()
+    void ended();   ///< once for each started()
 
     /// @param current     the global position that the pointer would have on an endless screen; of
     ///                    raw input, the sum of its motions in device units

@@ -28,7 +28,7 @@ public:
     /// @return false when the system has no raw input, refuses it, or the widget's window has no
     ///         native window
     bool startTracking();
-    void stopTracking();
+    void stopTracking(); ///< does nothing when it is not tracking
     bool isTracking() const { return m_tracking; }
 
     /// The pointer's position on the desktop in physical pixels; (0, 0) when the system does not

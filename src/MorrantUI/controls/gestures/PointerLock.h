@@ -35,7 +35,7 @@ public:
     /// dialog, the application is not the active one, or the window has no native window or is
     /// smaller than its margins; locked() tells.
     void lock();
-    void unlock();
+    void unlock(); ///< does nothing without a lock
     bool locked() const;
 
     /// Where the pointer was last confined to, in physical pixels of the desktop; empty before the

@@ -78,7 +78,7 @@ public:
 
     /// What the reset button returns to; not finite or an index that does not exist is ignored.
     void setDefaultValue(int index, double value);
-    void setDefaultColor(const QColor& color);
+    void setDefaultColor(const QColor& color); ///< for the swatch
     /// Whether everything shows its default. The reset button is enabled only when not.
     bool isAtDefault() const;
     /// As the reset button does, with its signals; nothing happens at the default.
@@ -88,7 +88,7 @@ public:
     PickWhip* pickWhip() const;
     /// Both are shown by default. A hidden one keeps its place, so that rows stay aligned.
     void setKeyframesShown(bool shown);
-    void setPickWhipShown(bool shown);
+    void setPickWhipShown(bool shown); ///< see setKeyframesShown()
 
     /// Shows a chain at the end of the name with which the user locks the fields together: a change
     /// of one then scales the others by the same factor. A field that starts from 0 has no factor
@@ -111,10 +111,10 @@ Q_SIGNALS:
     /// complete, at the end of a drag as well. Fields that follow a locked one report in the same
     /// way.
     void valueChanged(int index, bool committed);
-    void colorChanged(bool committed);
+    void colorChanged(bool committed); ///< the swatch, likewise
     /// A field is being dragged: true before its first change, false after the last. Alternates.
     void dragStateChanged(int index, bool dragging);
-    void renamed(const QString& name);
+    void renamed(const QString& name); ///< by the user
     /// The keyframe button was pressed; the host sets the key and then the button's state.
     void keyframeToggled();
     /// The reset button was pressed. The row shows the defaults already and has emitted

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#pragma once
+#pragma once // internal: hosts have no use for it
 
 #include <MorrantUI/morrantui_export.h>
 

@@ -27,7 +27,7 @@ public:
     explicit CollapsibleSection(const QString& title = QString(), QWidget* parent = nullptr);
     ~CollapsibleSection() override;
 
-    void setTitle(const QString& title);
+    void setTitle(const QString& title); ///< in the header
     QString title() const;
 
     /// Takes the content and owns it. The one before is hidden and deleted as soon as its own code
@@ -43,7 +43,7 @@ public:
     /// Folds or unfolds, moving while the section is visible. The content unfolds to the height it
     /// had, unless it wants another one by now.
     void setExpanded(bool expanded);
-    void toggle();
+    void toggle(); ///< folds what is unfolded, and back
 
     /// Milliseconds that folding takes; negative, the default, as the style says in
     /// SH_Widget_Animation_Duration. 0 folds at once.

@@ -37,7 +37,7 @@ public:
     /// Between items of a row and between rows. Negative means as the style has it, which is the
     /// default; setSpacing() sets both.
     void setHorizontalSpacing(int spacing);
-    void setVerticalSpacing(int spacing);
+    void setVerticalSpacing(int spacing); ///< between rows
     int horizontalSpacing() const;
     int verticalSpacing() const;
     void setSpacing(int spacing) override;

@@ -22,7 +22,7 @@ public:
     Qt::Orientation orientation() const;
     /// Fixes the orientation, whatever the bar is in; followLayout() lets it follow again.
     void setOrientation(Qt::Orientation orientation);
-    void followLayout();
+    void followLayout(); ///< the default
 
     /// The named colour of the line, "Midlight" unless set; an empty name draws no line.
     void setColorName(const QString& name);

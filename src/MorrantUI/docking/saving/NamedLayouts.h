@@ -25,7 +25,7 @@ public:
     bool save(const QString& name) const;
     /// As restoreLayout(); false when there is no such layout.
     bool restore(const QString& name, const PanelForName& panelForName) const;
-    bool remove(const QString& name) const;
+    bool remove(const QString& name) const; ///< whether there was one
 
 private:
     QString path(const QString& name) const;

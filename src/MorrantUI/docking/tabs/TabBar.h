@@ -43,17 +43,17 @@ public:
 
     /// Selects a tab, unless it is disabled.
     void setTab(int index);
-    void renameTab(int index, const QString& text);
+    void renameTab(int index, const QString& text); ///< by the program: nothing is emitted
     /// Takes a tab and its page out at once and deletes both later, so that their own slots may ask
     /// for it. If the tab was current, its neighbour takes its place.
     void removeTab(int index);
-    void clear();
+    void clear(); ///< removeTab() for each
 
     int count() const;
     /// -1 without tabs.
     int activeTab() const;
 
-    TabBarHeader* getHeader();
+    TabBarHeader* getHeader(); ///< owned by the bar
     /// Null without one.
     GroupButton* addButton();
 

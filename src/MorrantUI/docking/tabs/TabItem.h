@@ -102,7 +102,7 @@ protected:
     /// Lets the tab ask for a name once the click in progress is over, as a double click on a
     /// renamable tab does. A press, hiding and stopTimer() take that back.
     void startTimer();
-    void stopTimer();
+    void stopTimer(); ///< no name is asked for
 
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
