@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Document.h"
+
+#include <QMainWindow>
+#include <QSettings>
+
+#include <memory>
+
+class DockableGroup;
+class DockableWindow;
+class RosettePanel;
+class RosetteView;
+
+/// The window of the sketchpad: drawing, attributes and history, which the user arranges as he
+/// likes. The arrangement is kept between runs.
+class SketchWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    SketchWindow();
+    ~SketchWindow() override;
+
+    Document& document() { return m_document; }
+    RosettePanel& panel() { return *m_panel; }
+    RosetteView& view() { return *m_view; }
+
+    /// Asks for another name.
+    void rename();
+    /// Writes the drawing as a PNG file and notifies the user, who may be in another program.
+    void exportTo(const QString& path);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    DockableWindow* addPanel(const QString& id, const QString& title, QWidget* content);
+    void addPanels();
+    void addMenus();
+    void followActivation(Qt::ApplicationState state);
+    void chooseExport();
+
+    QSettings m_settings;
+    Document m_document;
+    std::unique_ptr<DockableGroup> m_root; ///< goes before the window around it
+    RosettePanel* m_panel = nullptr;
+    RosetteView* m_view = nullptr;
+};
