@@ -339,42 +339,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>gradient fill</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>gradient stroke</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>offset path</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>pucker and bloat</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>rounded corners</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>repeater</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>twist</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>zig-zag</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>shape of kind “%1”</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The folder %1 could not be made.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1212,6 +1176,49 @@
     <name>studio::Panel</name>
     <message>
         <source>%1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>studio::Reader</name>
+    <message>
+        <source>gradient fill</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>gradient stroke</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>offset path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>pucker and bloat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rounded corners</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>repeater</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>twist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>zig-zag</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shape of kind “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>blend mode</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
