@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/DockTree.h"
+#include "support/FakeClock.h"
 #include "support/TestCase.h"
 #include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/NamedLayouts.h>
 
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+
+#include <functional>
 
 using ui::test::DockTree;
 using ui::test::settle;
@@ -190,6 +194,29 @@ private Q_SLOTS:
         QVERIFY(ui::restoreLayout(far));
         QVERIFY(floating->screen()->availableGeometry().contains(floating->geometry()));
         QCOMPARE(floating->size(), QSize(180, 120));
+    }
+
+    void whatChangesIsToldOnceItIsAtRest()
+    {
+        DockTree tree(u"H(a b) f=180x120"_qs);
+        QWidget* const window = tree.root().window();
+        LayoutWatch watch(window);
+        QSignalSpy settled(&watch, &LayoutWatch::settled);
+        const std::function<void()> changes[] = {
+            [&] { tree["f"]->move(90, 80); },
+            [&] { window->resize(window->size() + QSize(30, 20)); },
+            [&] { tree.play(u"dock f a left"_qs); },
+            [&] { tree["b"]->undock(true); },
+            [&] { tree["b"]->resize(170, 130); }};
+        for (const auto& change : changes) {
+            settle();
+            watch.forget();
+            change();
+            settle();
+            settled.clear();
+            ui::test::FakeClock(&watch).fireTimers(ui::kLayoutRest);
+            QCOMPARE(settled.size(), 1);
+        }
     }
 
     void aPanelIsAskedForOnceAndMayBeNew()
