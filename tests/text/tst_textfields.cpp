@@ -68,6 +68,9 @@ private Q_SLOTS:
         form.press(Qt::Key_Return); // the breaks were an edit
         QCOMPARE(form.reports.count(), 2);
         form.press(Qt::Key_Z, Qt::ControlModifier); // undone after the report
+        const QString undone = form.field->toPlainText();
+        form.press(Qt::Key_Y, Qt::ControlModifier);
+        QVERIFY(form.field->toPlainText() != undone);
         form.other->setFocus();
         QCOMPARE(form.reports.count(), 3);
 
@@ -121,6 +124,7 @@ private Q_SLOTS:
             {Qt::Key_Tab, {}, "\t", true},
             {Qt::Key_F5, {}, "", false},
             {Qt::Key_S, ctrl, "\x13", false}, // Save
+            {Qt::Key_Y, ctrl, "\x19", true},
             {Qt::Key_Z, ctrl, "\x1a", false}, // the base keeps these two while it can be edited
             {Qt::Key_Z, ctrl | Qt::ShiftModifier, "\x1a", false}};
         for (const auto& [key, held, text, isKept] : cases) {

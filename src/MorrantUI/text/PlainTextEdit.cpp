@@ -188,9 +188,9 @@ bool PlainTextEdit::event(QEvent* event)
             event->accept();
             return true;
         }
-        if (m_undoLeftToHost && ui::isHistoryKey(key)) {
-            event->ignore();
-            return false;
+        if (ui::isHistoryKey(key)) {
+            event->setAccepted(!m_undoLeftToHost && !isReadOnly());
+            return event->isAccepted();
         }
     }
     return QPlainTextEdit::event(event);
@@ -215,6 +215,10 @@ void PlainTextEdit::focusOutEvent(QFocusEvent* event)
 
 void PlainTextEdit::keyPressEvent(QKeyEvent* event)
 {
+    if (ui::isRedoKey(*event) && !isReadOnly() && !m_undoLeftToHost) {
+        redo();
+        return;
+    }
     if (!m_modified || !isReturn(*event) || event->modifiers().testFlag(Qt::ShiftModifier)) {
         QPlainTextEdit::keyPressEvent(event);
         return;

@@ -51,6 +51,17 @@ void processEvents()
     QCoreApplication::processEvents();
 }
 
+QList<QKeySequence> redoKeys()
+{
+    QList<QKeySequence> keys{QKeySequence::Redo};
+    for (const QKeySequence key : {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y}) {
+        if (!keys.contains(key)) {
+            keys.append(key);
+        }
+    }
+    return keys;
+}
+
 QString ctrlKeyName()
 {
     return QStringLiteral("CTRL");

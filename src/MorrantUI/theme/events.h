@@ -3,6 +3,8 @@
 
 #include <MorrantUI/morrantui_export.h>
 
+#include <QKeySequence>
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -27,6 +29,10 @@ MORRANT_UI_EXPORT QObject* installEventFilter(
 /// Lets pending events run, so that what listens to a signal through the queue has its turn.
 /// Objects may die meanwhile: guard what is used afterwards.
 MORRANT_UI_EXPORT void processEvents();
+
+/// The keys that redo: the platform's own, and those that people bring along from others (Ctrl+Y,
+/// Ctrl+Shift+Z). Each is there once, so that an action can have them all.
+MORRANT_UI_EXPORT QList<QKeySequence> redoKeys();
 
 /// What the Control key is called in texts for the user.
 MORRANT_UI_EXPORT QString ctrlKeyName();

@@ -193,6 +193,8 @@ private Q_SLOTS:
         commits(line);
         Bench<NumericField> number({120, 24}, 0.0);
         commits(number);
+        number.play("in =8.0 Return Ctrl+Z Ctrl+Y");
+        QCOMPARE(number.control->text(), u"8.0"_qs);
         line.play("in =two Return"); // which takes as many steps as the first edit did
         QCOMPARE(line.said(), QByteArray("C"));
     }

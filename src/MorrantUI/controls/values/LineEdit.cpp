@@ -2,6 +2,7 @@
 #include "MorrantUI/controls/values/LineEdit.h"
 
 #include "MorrantUI/controls/buttons/buttonlook.h"
+#include "MorrantUI/text/textkeys.h"
 #include "MorrantUI/theme/style/shades.h"
 #include <MorrantUI/theme/colors.h>
 
@@ -224,7 +225,7 @@ bool LineEdit::event(QEvent* event)
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool leaves = !isCommitted() || (hasFocus() && !m_keepsFocus);
         const bool isOurs = ui::isReturn(*key) || (key->key() == Qt::Key_Escape && leaves);
-        if (!isReadOnly() && isOurs && !ui::hasModifier(*key)) {
+        if (!isReadOnly() && ((isOurs && !ui::hasModifier(*key)) || ui::isRedoKey(*key))) {
             event->accept();
             return true;
         }
@@ -241,6 +242,8 @@ void LineEdit::keyPressEvent(QKeyEvent* event)
         commitByKey(event);
     } else if (event->key() == Qt::Key_Escape) {
         takeBackByKey(event);
+    } else if (ui::isRedoKey(*event) && !isReadOnly()) {
+        redo();
     } else {
         QLineEdit::keyPressEvent(event);
     }

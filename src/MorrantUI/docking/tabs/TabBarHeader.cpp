@@ -251,6 +251,15 @@ void TabBarHeader::selectNeighbour(int step)
     selectFrom(m_currentIndex + direction, direction);
 }
 
+void TabBarHeader::selectInTurn(int step)
+{
+    const int before = m_currentIndex;
+    selectNeighbour(step);
+    if (m_currentIndex == before) {
+        step < 0 ? selectFrom(count() - 1, -1) : selectFrom(0, 1);
+    }
+}
+
 void TabBarHeader::selectFrom(int index, int step)
 {
     while (index >= 0 && index < count()) {

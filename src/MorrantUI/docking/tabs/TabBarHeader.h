@@ -59,6 +59,8 @@ public:
     /// Selects the nearest enabled tab in reading direction, or against it for a negative `step`.
     /// At the ends nothing happens.
     void selectNeighbour(int step);
+    /// The same going round: after the last comes the first.
+    void selectInTurn(int step);
 
     /// Moves a tab to another place and selects it, then emits tabMoved(). Nothing happens when the
     /// places are the same or one is out of range.
