@@ -80,7 +80,7 @@ void TimelineView::addMarkerRows(QMenu* menu, int marker)
 {
     menu->addAction(tr("Rename Marker"), this, [this, marker] { renameMarker(marker); });
     auto* const colors = new ContextMenu(menu);
-    colors->setTitle(tr("Marker Color"));
+    colors->setTitle(tr("Marker Colour"));
     const std::array<std::pair<QString, const char*>, 6> kChoices{
         {{tr("Default"), nullptr},
          {tr("Red"), "Red"},

@@ -76,6 +76,9 @@ private Q_SLOTS:
         panel.choose(Qt::green);
         QCOMPARE(panel.control->value(), QColor(Qt::green));
         QVERIFY(!panel.dialog()->isModal());
+        for (const auto* part : panel.dialog()->findChildren<QWidget*>()) {
+            QVERIFY(!part->property("text").toString().contains(u"color", Qt::CaseInsensitive));
+        }
         QCOMPARE(panel.said(), QByteArray("s"));
         QPointer<QColorDialog> dialog = panel.dialog();
         panel.control->click(); // brings it to the front

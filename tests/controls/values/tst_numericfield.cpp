@@ -77,6 +77,19 @@ private Q_SLOTS:
         StyledTestCase::cleanup();
     }
 
+    void aSuffixStandsBehindTheNumberAndIsNoneOfItsText()
+    {
+        NumericField field(50.0);
+        field.resize(120, 24);
+        const auto rightHalf = [&field] { return field.grab(QRect(40, 2, 60, 20)).toImage(); };
+        const QImage bare = rightHalf();
+        field.setSuffix(u" of a hundred"_qs);
+        QVERIFY(rightHalf() != bare);
+        QCOMPARE(field.value(), 50.0);
+        field.enterText(u"20+5 of a hundred "_qs);
+        QCOMPARE(field.text(), u"25"_qs);
+    }
+
     void limitsAndKindMayComeInAnyOrder()
     {
         NumericField field(0); // the value, not a parent

@@ -20,11 +20,32 @@
 #include <QPainter>
 #include <QWindow>
 
+#include <utility>
+
 namespace {
 
 constexpr double kEdge = 0.22;      ///< of the text colour, in the edge
 constexpr double kHoverEdge = 0.55; ///< the same under the pointer
 constexpr double kRingGap = 3.0;    ///< from the focus ring to the colour
+
+/// Gives the dialog's own words our spelling, unless they are translated.
+void spellAsWeDo(const QColorDialog& dialog)
+{
+    const std::pair<const char*, QString> words[] = {
+        {"&Basic colors", ColorSwatch::tr("&Basic colours")},
+        {"&Custom colors", ColorSwatch::tr("&Custom colours")},
+        {"&Add to Custom Colors", ColorSwatch::tr("&Add to Custom Colours")},
+        {"&Pick Screen Color", ColorSwatch::tr("&Pick Screen Colour")}};
+    const auto parts = dialog.findChildren<QWidget*>();
+    for (QWidget* const part : parts) { // labels and buttons
+        const QString shown = part->property("text").toString();
+        for (const auto& [theirs, ours] : words) {
+            if (shown == QLatin1String(theirs)) {
+                part->setProperty("text", ours);
+            }
+        }
+    }
+}
 
 /// A button whose value is a colour, read and set as text.
 class AccessibleSwatch : public ui::AccessibleButton, public QAccessibleValueInterface
@@ -144,12 +165,14 @@ void ColorSwatch::openDialog()
     // The system's dialogs neither follow the theme nor tell of a choice before it is accepted.
     m_dialog->setOption(QColorDialog::DontUseNativeDialog);
     m_dialog->setOption(QColorDialog::ShowAlphaChannel, m_alphaEnabled);
-    m_dialog->setWindowTitle(accessibleName().isEmpty() ? tr("Color") : accessibleName());
+    m_dialog->setWindowTitle(accessibleName().isEmpty() ? tr("Colour") : accessibleName());
+    spellAsWeDo(*m_dialog);
     connect(m_dialog, &QColorDialog::currentColorChanged, this, &ColorSwatch::preview);
     connect(m_dialog, &QDialog::finished, this, [this](int result) {
         finishChoosing(result == QDialog::Accepted);
     });
     m_dialog->show();
+    m_dialog->activateWindow(); // where no window manager does
 }
 
 QColorDialog* ColorSwatch::dialog() const

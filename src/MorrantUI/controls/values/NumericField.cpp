@@ -5,6 +5,7 @@
 #include "MorrantUI/controls/buttons/buttonlook.h"
 #include "MorrantUI/controls/gestures/cursors.h"
 #include "MorrantUI/controls/values/AccessibleNumericField.h"
+#include "MorrantUI/controls/values/suffixes.h"
 #include "MorrantUI/controls/values/typednumber.h"
 #include "MorrantUI/log.h"
 #include "MorrantUI/theme/currenttheme.h"
@@ -77,7 +78,8 @@ struct NumericField::Data
     double dragMultiplier = 1.0;
     double startValue = 0.0;
     int cursorPosition = 0; ///< in the text, under the last press
-    QString textBefore;     ///< a drag's first step, which Escape brings back
+    QString suffix;
+    QString textBefore; ///< a drag's first step, which Escape brings back
 
     bool dragging = false;
     bool draggingReported = false; ///< what dragStateChanged() said last
@@ -203,6 +205,18 @@ void NumericField::setFieldType(FIELD_TYPE type)
     m_data->range.isInteger = type == Integer;
 }
 
+void NumericField::setSuffix(const QString& suffix)
+{
+    m_data->suffix = suffix;
+    ui::reserveSuffix(*this, suffix);
+    update();
+}
+
+QString NumericField::suffix() const
+{
+    return m_data->suffix;
+}
+
 void NumericField::setUsePointerLock(bool use)
 {
     const QPointer<NumericField> self(this);
@@ -250,7 +264,7 @@ void NumericField::fixup(QString& text)
 
 std::optional<QString> NumericField::entryOf(const QString& typed)
 {
-    const QString text = ui::withoutGrouping(typed);
+    const QString text = ui::withoutGrouping(ui::withoutSuffix(typed, m_data->suffix));
     const Evaluation whole = evaluate(text);
     // A value in spite of an error is that of a beginning; 0 may stand for none.
     const bool hasValue = text.isEmpty() || whole.error.empty() || whole.value != 0.0
@@ -413,6 +427,20 @@ bool NumericField::event(QEvent* event)
         m_data->dragFilter->setEnabled(isReadOnly());
     }
     return LineEdit::event(event);
+}
+
+void NumericField::changeEvent(QEvent* event)
+{
+    LineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_data && !m_data->suffix.isEmpty()) {
+        ui::reserveSuffix(*this, m_data->suffix);
+    }
+}
+
+void NumericField::paintEvent(QPaintEvent* event)
+{
+    LineEdit::paintEvent(event);
+    ui::paintSuffix(*this, m_data->suffix);
 }
 
 /// At rest there is no caret to move: such keys are left to the window.

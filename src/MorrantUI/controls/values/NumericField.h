@@ -89,6 +89,11 @@ public:
     /// Later values are shown so; the present text and limits stay.
     void setFieldType(FIELD_TYPE type);
 
+    /// A unit, or another text that is shown behind the number and is none of its text (" %");
+    /// empty at first. Typed behind a number it counts for nothing ("75 %").
+    void setSuffix(const QString& suffix);
+    QString suffix() const;
+
     /// Whether drags pin the pointer. Ends a drag in progress. The next change of the theme's
     /// usePointerLock() sets it again.
     void setUsePointerLock(bool use);
@@ -115,6 +120,8 @@ protected:
     std::optional<QString> entryOf(const QString& text) override;
     bool isAcceptable(const QString& text) const override;
 
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <MorrantUI/morrantui_export.h>
+
 #include <QObject>
 
 #include <optional>
 
 class NumericField;
 
-/// Shows values in a number field that is a part of a control, but never in place of what is being
-/// typed: then the last one waits, and shows once the typing has come to nothing.
-class PendingValue : public QObject
+/// Shows values of the host's, or of a control around it, in a number field, but never in place of
+/// what is being typed: then the last one waits, and shows once the typing has come to nothing.
+class MORRANT_UI_EXPORT PendingValue : public QObject
 {
     Q_OBJECT
 
 public:
-    /// A child of the field.
+    /// @param field must not be null; owns this object
     explicit PendingValue(NumericField* field);
     ~PendingValue() override;
 
