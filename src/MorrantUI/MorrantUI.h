@@ -32,6 +32,7 @@
 #include <MorrantUI/controls/values/JoystickPad.h>
 #include <MorrantUI/controls/values/LineEdit.h>
 #include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/controls/values/PendingValue.h>
 #include <MorrantUI/controls/values/RenamableLabel.h>
 #include <MorrantUI/controls/values/RolloverLabel.h>
 #include <MorrantUI/controls/values/SliderField.h>
@@ -56,9 +57,11 @@
 #include <MorrantUI/docking/dropzones.h>
 #include <MorrantUI/docking/layouts/CollapsibleSection.h>
 #include <MorrantUI/docking/layouts/FlowLayout.h>
+#include <MorrantUI/docking/layouts/ScrollContainer.h>
 #include <MorrantUI/docking/layouts/SpacerBar.h>
 #include <MorrantUI/docking/layouts/flowmath.h>
 #include <MorrantUI/docking/panelnavigation.h>
+#include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/NamedLayouts.h>
 #include <MorrantUI/docking/saving/savedlayouts.h>
 #include <MorrantUI/docking/tabs/TabBar.h>
@@ -100,6 +103,7 @@
 #include <MorrantUI/menus/keyboardnavigation.h>
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/platform/RawMouseRecord.h>
+#include <MorrantUI/platform/TerminationWatch.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/platform/notifications.h>
 #include <MorrantUI/scene/GraphicsView.h>
