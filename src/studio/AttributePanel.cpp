@@ -7,13 +7,13 @@
 #include <MorrantUI/controls/values/ColorSwatch.h>
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/layouts/CollapsibleSection.h>
+#include <MorrantUI/docking/layouts/ScrollContainer.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/theme/icons.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
-#include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -82,15 +82,6 @@ KeyframeButton::State toButton(KeyState state)
     return KeyframeButton::State::None;
 }
 
-QLabel* hint(const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setAlignment(Qt::AlignCenter);
-    label->setWordWrap(true);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
-}
-
 } // namespace
 
 AttributePanel::AttributePanel(DocumentEditor& editor, QWidget* parent)
@@ -106,13 +97,8 @@ AttributePanel::AttributePanel(DocumentEditor& editor, QWidget* parent)
     layout->addWidget(m_transform);
     layout->addWidget(m_colors);
     layout->addStretch(1);
-    auto* scroller = new QScrollArea;
-    scroller->setFrameShape(QFrame::NoFrame);
-    scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroller->setWidgetResizable(true);
-    scroller->setWidget(sections);
-    m_pages->addWidget(hint(tr("Select a layer to edit its attributes")));
-    m_pages->addWidget(scroller);
+    m_pages->addWidget(makeHint(tr("Select a layer to edit its attributes")));
+    m_pages->addWidget(new ScrollContainer(sections));
     setContent(m_pages);
 
     follow(editor);
@@ -201,7 +187,7 @@ QWidget* AttributePanel::buildRows(const std::vector<PropertyAddress>& addresses
     }
     if (count < addresses.size()) {
         const auto more = static_cast<int>(addresses.size() - count);
-        layout->addWidget(hint(tr("and %n more", nullptr, more)));
+        layout->addWidget(makeHint(tr("and %n more", nullptr, more)));
     }
     return rows;
 }

@@ -65,6 +65,12 @@ void DocumentPage::setSaved(const QString& path, const QByteArray& fingerprint)
     Q_EMIT saved();
 }
 
+void DocumentPage::setUnsaved(const QByteArray& fingerprint)
+{
+    m_fingerprint = fingerprint;
+    m_editor->setUnsaved();
+}
+
 const Document* DocumentPage::document() const
 {
     return m_editor->document().get();

@@ -35,6 +35,8 @@ public:
     /// The document is now what a file holds, and no longer modified. Another file than before
     /// gives it its name.
     void setSaved(const QString& path, const QByteArray& fingerprint);
+    /// The document has changes that are not in its file, whose contents were others than it is.
+    void setUnsaved(const QByteArray& fingerprint);
     DocumentEditor& editor() { return *m_editor; }
     /// Its frame is the document's.
     Viewport& viewport() { return *m_viewport; }

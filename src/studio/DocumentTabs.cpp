@@ -6,6 +6,8 @@
 #include "Viewport.h"
 #include "discarding.h"
 #include "editing/DocumentEditor.h"
+#include "saving/Recovery.h"
+#include "saving/documentwriter.h"
 #include <MorrantUI/controls/buttons/GroupButton.h>
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/docking/tabs/TabItem.h>
@@ -116,14 +118,29 @@ void DocumentTabs::setBackdrop(Backdrop backdrop)
     }
 }
 
-bool DocumentTabs::hasChanges()
+QStringList DocumentTabs::changedTitles()
 {
+    QStringList titles;
     for (int i = 0; i < count(); ++i) {
         if (page(i)->editor().isModified()) {
-            return true;
+            titles.append(page(i)->title());
         }
     }
-    return false;
+    return titles;
+}
+
+std::vector<UnsavedDocument> DocumentTabs::unsaved()
+{
+    std::vector<UnsavedDocument> documents;
+    for (int i = 0; i < count(); ++i) {
+        DocumentPage& shown = *page(i);
+        shown.editor().commit();
+        const auto bytes = shown.editor().isModified() ? write(*shown.document()) : std::nullopt;
+        if (bytes) {
+            documents.push_back({shown.title(), shown.path(), shown.fingerprint(), *bytes});
+        }
+    }
+    return documents;
 }
 
 DocumentPage* DocumentTabs::page(int index)

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include <memory>
+#include <vector>
 
 namespace studio {
 
@@ -13,6 +14,7 @@ class DocumentPage;
 class DocumentSaver;
 enum class Backdrop;
 struct Document;
+struct UnsavedDocument;
 
 /// The open documents, each on a page of its own behind a tab. There is always a page: before the
 /// first document it is empty and shows how to open one, and the last one cannot be closed.
@@ -44,8 +46,10 @@ public:
 
     /// Of all pages.
     void setBackdrop(Backdrop backdrop);
-    /// Whether any document differs from its file.
-    bool hasChanges();
+    /// The titles of the documents that differ from their files.
+    QStringList changedTitles();
+    /// The same documents as they are.
+    std::vector<UnsavedDocument> unsaved();
 
 Q_SIGNALS:
     /// Another page is in front, or it has another document.

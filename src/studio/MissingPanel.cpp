@@ -10,7 +10,9 @@
 #include <QGuiApplication>
 #include <QHash>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLocale>
+#include <QStackedWidget>
 #include <QTreeWidget>
 
 namespace studio {
@@ -34,7 +36,9 @@ std::vector<MissingOfLayer> byLayer(const std::vector<MissingFeature>& missing)
 
 MissingPanel::MissingPanel(QWidget* parent)
     : Panel(tr("Not drawn"), parent)
+    , m_hint(makeHint())
     , m_tree(new QTreeWidget)
+    , m_pages(new QStackedWidget)
 {
     m_tree->setFrameShape(QFrame::NoFrame);
     m_tree->setColumnCount(2);
@@ -44,7 +48,9 @@ MissingPanel::MissingPanel(QWidget* parent)
     m_tree->header()->setSectionResizeMode(QHeaderView::Stretch);
     m_tree->setAccessibleName(tr("What is not drawn, by layer"));
     writeInNamedColors(m_tree);
-    setContent(m_tree);
+    m_pages->addWidget(m_hint);
+    m_pages->addWidget(m_tree);
+    setContent(m_pages);
 }
 
 void MissingPanel::setMissing(const std::vector<MissingFeature>& missing)
@@ -60,6 +66,8 @@ void MissingPanel::setMissing(const std::vector<MissingFeature>& missing)
         rows.append(row);
     }
     m_tree->addTopLevelItems(rows);
+    m_hint->setText(tr("Everything in this document is drawn"));
+    m_pages->setCurrentWidget(missing.empty() ? static_cast<QWidget*>(m_hint) : m_tree);
     setRemark(missing.empty() ? QString() : QLocale().toString(missing.size()));
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 class ContextMenu;
+class QStackedWidget;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -41,7 +42,9 @@ public:
 private:
     QString textOf(const QList<QTreeWidgetItem*>& rows) const;
 
+    QLabel* m_hint;
     QTreeWidget* m_tree;
+    QStackedWidget* m_pages;
 };
 
 } // namespace studio

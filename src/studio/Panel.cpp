@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPainter>
 #include <QStyledItemDelegate>
 
@@ -49,6 +50,15 @@ Panel::Panel(const QString& title, QWidget* parent)
 void Panel::setContent(QWidget* content)
 {
     m_layout->addWidget(content);
+}
+
+QLabel* Panel::makeHint(const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
 }
 
 void Panel::setRemark(const QString& text)

@@ -5,6 +5,7 @@
 
 class QAbstractItemView;
 class QHBoxLayout;
+class QLabel;
 
 namespace studio {
 
@@ -26,6 +27,8 @@ public:
 protected:
     /// Takes over `content`, which fills the panel.
     void setContent(QWidget* content);
+    /// A text in the middle that says why there is nothing to see. Owned by the caller.
+    static QLabel* makeHint(const QString& text = {});
     /// Adds a remark to the title, such as a count; empty for none.
     void setRemark(const QString& text);
 

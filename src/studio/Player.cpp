@@ -55,13 +55,24 @@ void Player::setLoop(FrameRange loop)
     }
 }
 
+void Player::setLooping(bool loops)
+{
+    if (m_loops != loops) {
+        m_loops = loops;
+        if (m_playing) {
+            startClock();
+        }
+        Q_EMIT loopingChanged(loops);
+    }
+}
+
 void Player::play()
 {
     if (m_playing) {
         return;
     }
     m_dropped = 0;
-    if (m_loop.clamped(m_frame) != m_frame) {
+    if (m_loop.clamped(m_frame) != m_frame || (!m_loops && m_frame == m_loop.last)) {
         setFrame(m_loop.first);
     }
     startClock();
@@ -108,8 +119,13 @@ void Player::advance()
     const qint64 passed = framesPassed(elapsed, m_rate);
     m_dropped += qMax<qint64>(0, passed - m_passed - 1);
     m_passed = passed;
-    scheduleNextFrame(elapsed);
-    setFrame(frameAt(elapsed, m_rate, m_loop, m_startFrame));
+    const int frame = frameAt(elapsed, m_rate, m_loop, m_startFrame, m_loops);
+    if (!m_loops && frame == m_loop.last) {
+        pause();
+    } else {
+        scheduleNextFrame(elapsed);
+    }
+    setFrame(frame);
 }
 
 void Player::scheduleNextFrame(double elapsed)

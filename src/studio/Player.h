@@ -10,8 +10,8 @@
 
 namespace studio {
 
-/// Plays frames by real elapsed time, looping: a slow repaint drops frames and never slows down.
-/// Its timer runs only while it plays.
+/// Plays frames by real elapsed time, looping unless told to stop at the end: a slow repaint drops
+/// frames and never slows down. Its timer runs only while it plays.
 class Player : public QObject
 {
     Q_OBJECT
@@ -26,9 +26,13 @@ public:
     /// @param rate frames a second; a rate that is not above 0 never leaves a frame
     void setTrack(FrameRange range, double rate);
 
-    /// Plays only these of its frames, over and over; frames out of range are held at its ends.
+    /// Plays only these of its frames; frames out of range are held at its ends.
     /// Playing goes on from where it is, or begins with the first of them.
     void setLoop(FrameRange loop);
+
+    /// Whether what is played begins again behind its last frame, as at first, or pauses there.
+    void setLooping(bool loops);
+    bool isLooping() const { return m_loops; }
 
     FrameRange range() const { return m_range; }
     FrameRange loop() const { return m_loop; }
@@ -38,6 +42,7 @@ public:
     /// Frames that were not shown since play() because their time had passed.
     qint64 droppedFrames() const { return m_dropped; }
 
+    /// From where it is; without looping, from the first frame when it is at the last.
     void play();
     void pause();
     void toggle();
@@ -50,6 +55,7 @@ Q_SIGNALS:
     void trackChanged();
     void frameChanged(int frame);
     void playingChanged(bool playing);
+    void loopingChanged(bool loops);
 
 private:
     void startClock();
@@ -64,6 +70,7 @@ private:
     FrameRange m_loop;
     double m_rate = 0;
     int m_frame = 0;
+    bool m_loops = true;
     bool m_playing = false;
 
     double m_startTime = 0; ///< on the clock

@@ -8,10 +8,12 @@
 #include "Workspace.h"
 #include "commands.h"
 #include "editing/DocumentEditor.h"
+#include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
+#include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
 
 #include <QActionGroup>
@@ -52,7 +54,7 @@ void StudioMenus::buildFileMenu()
 {
     QMenu& menu = *m_window.menuBar()->addMenu(tr("&File"));
     addCommands(menu, {{tr("&Open…"), u"open"_qs, {QKeySequence::Open}, [this] {
-                            m_window.chooseFile();
+                            m_window.chooseFiles();
                         }}});
     QMenu* samples = menu.addMenu(tr("Open &Sample"));
     for (const QString& path : samplePaths()) {
@@ -82,7 +84,7 @@ void StudioMenus::buildEditMenu()
         *m_window.menuBar()->addMenu(tr("&Edit")),
         {
             {tr("&Undo"), u"undo"_qs, {QKeySequence::Undo}, [this] { m_window.undo(); }},
-            {tr("&Redo"), u"redo"_qs, {QKeySequence::Redo}, [this] { m_window.redo(); }},
+            {tr("&Redo"), u"redo"_qs, ui::redoKeys(), [this] { m_window.redo(); }},
         });
     m_history.at(0)->setObjectName(u"undo"_qs);
     m_history.at(1)->setObjectName(u"redo"_qs);
@@ -108,7 +110,15 @@ void StudioMenus::buildPlaybackMenu()
              u"toEnd"_qs,
              {Qt::Key_End},
              [&player] { player.seek(player.range().last); }},
+            {tr("L&oop"),
+             u"loop"_qs,
+             {Qt::SHIFT | Qt::Key_L},
+             [&player] { player.setLooping(!player.isLooping()); }},
         });
+    QAction* const loop = m_playback.at(5);
+    loop->setCheckable(true);
+    loop->setChecked(player.isLooping());
+    connect(&player, &Player::loopingChanged, loop, &QAction::setChecked);
     m_playAction = m_playback.at(2);
     m_editorActions += m_playback;
 }
@@ -137,6 +147,19 @@ void StudioMenus::buildViewMenu()
     m_panels = menu.addMenu(tr("&Panels"));
     connect(m_panels, &QMenu::aboutToShow, this, &StudioMenus::showPanels);
     m_editorActions.append(m_panels->menuAction());
+    m_editorActions += addCommands(
+        menu,
+        {
+            {tr("&Next Document"),
+             {},
+             {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown},
+             [this] { m_window.documents().getHeader()->selectInTurn(1); }},
+            {tr("Pre&vious Document"),
+             {},
+             {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp},
+             [this] { m_window.documents().getHeader()->selectInTurn(-1); }},
+        });
+    menu.addSeparator();
     const QList<QAction*> others = addCommands(
         menu,
         {

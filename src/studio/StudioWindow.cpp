@@ -21,7 +21,9 @@
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
+#include "saving/Recovery.h"
 #include "timeline/DopeSheet.h"
+#include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
@@ -76,11 +78,17 @@ void acceptCopy(QDropEvent& event)
 
 } // namespace
 
-QString droppedFile(const QMimeData& data)
+QStringList droppedFiles(const QMimeData& data)
 {
+    QStringList paths;
     const QList<QUrl> urls = data.urls();
-    const QString path = urls.size() == 1 ? urls.first().toLocalFile() : QString();
-    return path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive) ? path : QString();
+    for (const QUrl& url : urls) {
+        const QString path = url.toLocalFile();
+        if (path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive)) {
+            paths.append(path);
+        }
+    }
+    return paths;
 }
 
 QStringList samplePaths()
@@ -205,7 +213,10 @@ void StudioWindow::connectPanels()
     connect(m_documents, &DocumentTabs::historyChanged, this, &StudioWindow::showHistory);
     connect(m_documents, &DocumentTabs::restored, this, &StudioWindow::selectLayer);
     connect(m_documents, &DocumentTabs::scaleChanged, m_transport, &TransportBar::setZoom);
-    connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFile);
+    connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFiles);
+    connect(m_transport, &TransportBar::zoomEntered, this, [this](double scale) {
+        viewport().zoomBy(scale / viewport().mapping().scale);
+    });
     connect(m_documents, &DocumentTabs::closing, this, &StudioWindow::finishEditing);
     connect(&m_documents->saver(), &DocumentSaver::failed, this, &StudioWindow::fail);
     // Its panel may float, where drops do not reach this window.
@@ -219,21 +230,39 @@ void StudioWindow::connectPanels()
 
 bool StudioWindow::openFile(const QString& path)
 {
+    return openFiles({path});
+}
+
+bool StudioWindow::openFiles(const QStringList& paths)
+{
+    const ui::OverrideCursor busy(Qt::WaitCursor);
+    QStringList errors;
+    for (const QString& path : paths) {
+        errors.append(tryToOpen(path));
+    }
+    errors.removeAll(QString());
+    for (const QString& error : std::as_const(errors)) { // seen last, as opening dismisses notices
+        fail(error);
+    }
+    return errors.isEmpty();
+}
+
+/// @return one sentence for the user; empty when it is open
+QString StudioWindow::tryToOpen(const QString& path)
+{
     if (m_documents->showFile(path)) {
         m_notices->dismissAll();
         showViewport();
-        return true;
+        return {};
     }
-    const ui::OverrideCursor busy(Qt::WaitCursor);
     ReadResult result = readFile(path);
     if (!result) {
-        fail(result.error);
-        return false;
+        return result.error;
     }
     auto document = std::make_shared<Document>(*std::move(result.document));
     const QString title = titleOf(*document, path);
     openDocument(std::move(document), title, path);
-    return true;
+    return {};
 }
 
 void StudioWindow::openDocument(
@@ -307,6 +336,9 @@ void StudioWindow::showDefaultLayout()
 void StudioWindow::keepLayoutIn(const QString& path)
 {
     m_layoutFile = path;
+    m_layoutWatch = new LayoutWatch(this);
+    connect(m_layoutWatch, &LayoutWatch::settled, this, &StudioWindow::saveLayout);
+    connect(m_player, &Player::loopingChanged, this, &StudioWindow::saveLayout);
     if (!QFileInfo::exists(path)) {
         return;
     }
@@ -320,19 +352,62 @@ void StudioWindow::keepLayoutIn(const QString& path)
                  .arg(QDir::toNativeSeparators(path), error));
         return;
     }
-    const QString window = QJsonDocument::fromJson(saved)[u"window"].toString();
-    restoreGeometry(QByteArray::fromBase64(window.toLatin1()));
+    const QJsonDocument kept = QJsonDocument::fromJson(saved);
+    restoreGeometry(QByteArray::fromBase64(kept[u"window"].toString().toLatin1()));
+    m_player->setLooping(kept[u"loop"].toBool(true));
+}
+
+bool StudioWindow::keepUnsavedIn(const QString& folder)
+{
+    m_recovery = std::make_unique<Recovery>(folder);
+    QStringList titles;
+    for (UnsavedDocument& unsaved : m_recovery->take()) {
+        ReadResult result = read(std::move(unsaved.bytes));
+        if (result) {
+            openDocument(
+                std::make_shared<Document>(*std::move(result.document)),
+                unsaved.title,
+                unsaved.path);
+            page().setUnsaved(unsaved.fingerprint);
+            titles.append(unsaved.title);
+        }
+    }
+    if (!titles.isEmpty()) {
+        const QString sentence =
+            tr("The studio had to end before changes were saved. They are here again.");
+        const auto tell = [this, sentence] {
+            m_notices->add(sentence, NoticeStack::Kind::Information);
+        };
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection); // behind what opens now
+    }
+    return !titles.isEmpty();
+}
+
+void StudioWindow::putAway()
+{
+    finishEditing();
+    if (!m_layoutFile.isEmpty()) {
+        saveLayout();
+    }
+    const QString error = m_recovery ? m_recovery->keep(m_documents->unsaved()) : QString();
+    if (!error.isEmpty()) {
+        fail(error);
+    }
 }
 
 void StudioWindow::saveLayout()
 {
+    m_layoutWatch->forget();
     QJsonObject layout = m_workspace->layout();
     layout[u"window"] = QString::fromLatin1(saveGeometry().toBase64());
+    layout[u"loop"] = m_player->isLooping();
     const QByteArray json = QJsonDocument(layout).toJson();
     QDir().mkpath(QFileInfo(m_layoutFile).path());
     QSaveFile file(m_layoutFile);
     if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
-        fail(tr("The layout was not saved: %1.").arg(file.errorString()));
+        if (!std::exchange(m_toldLayoutError, true)) { // it is tried again with every change
+            fail(tr("The layout was not saved: %1.").arg(file.errorString()));
+        }
     }
 }
 
@@ -346,19 +421,19 @@ void StudioWindow::closeEvent(QCloseEvent* event)
     if (!m_layoutFile.isEmpty()) {
         saveLayout();
     }
+    if (m_recovery) {
+        m_recovery->forget();
+    }
     QMainWindow::closeEvent(event);
 }
 
 bool StudioWindow::mayQuit()
 {
-    if (!m_documents->hasChanges()) {
+    const QStringList changed = m_documents->changedTitles();
+    if (changed.isEmpty()) {
         return true;
     }
-    switch (askToLeave(
-        tr("Quit the studio?"),
-        tr("Changes of the open documents that are not saved will be lost."),
-        this))
-    {
+    switch (askToLeave(tr("Quit the studio?"), unsavedText(changed), this)) {
     case Leaving::Save: return m_documents->saveAll();
     case Leaving::Discard: return true;
     case Leaving::Stay: break;
@@ -409,12 +484,13 @@ bool StudioWindow::takeDrop(QEvent& event)
 void StudioWindow::dropEvent(QDropEvent* event)
 {
     acceptCopy(*event);
-    const QString path = droppedFile(*event->mimeData());
-    if (path.isEmpty()) {
-        fail(tr("Drop one Lottie file, with the extension .json, from this computer."));
-        return;
+    const QStringList paths = droppedFiles(*event->mimeData());
+    openFiles(paths);
+    if (paths.isEmpty()) {
+        fail(tr("Drop Lottie files, with the extension .json, from this computer."));
+    } else if (paths.size() < event->mimeData()->urls().size()) {
+        fail(tr("Only what has the extension .json and is on this computer was opened."));
     }
-    openFile(path);
 }
 
 /// What is being typed counts: it is what the user sees.
@@ -461,13 +537,10 @@ void StudioWindow::showHistory()
     setWindowModified(history.isModified());
 }
 
-void StudioWindow::chooseFile()
+void StudioWindow::chooseFiles()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open"), {}, tr("Lottie animations (*.json);;All files (*)"));
-    if (!path.isEmpty()) {
-        openFile(path);
-    }
+    openFiles(QFileDialog::getOpenFileNames(
+        this, tr("Open"), {}, tr("Lottie animations (*.json);;All files (*)")));
 }
 
 void StudioWindow::fail(const QString& sentence)

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class LayoutWatch;
 class NoticeStack;
 class QMimeData;
 class QStackedWidget;
@@ -21,14 +22,15 @@ class LayerPanel;
 class MissingPanel;
 class NotesPanel;
 class Player;
+class Recovery;
 class StudioMenus;
 class TransportBar;
 class Viewport;
 class Workspace;
 struct Document;
 
-/// The file that a drop brings: the one local .json file; empty for anything else.
-QString droppedFile(const QMimeData& data);
+/// The local .json files that a drop brings.
+QStringList droppedFiles(const QMimeData& data);
 
 /// The bundled animations, the one to open by default first.
 QStringList samplePaths();
@@ -47,13 +49,16 @@ public:
     /// Opens a file in a tab, or brings its tab to the front. One that cannot be opened changes
     /// nothing: a notice and failed() say why.
     bool openFile(const QString& path);
+    /// Opens files in tabs, the last one that can be opened in front.
+    /// @return whether all could
+    bool openFiles(const QStringList& paths);
     /// Opens a document in a tab.
     /// @param path where it was read from; empty for a document of no file
     void openDocument(
         std::shared_ptr<Document> document, const QString& title, const QString& path = {});
 
-    /// Asks for a file and opens it.
-    void chooseFile();
+    /// Asks for files and opens them.
+    void chooseFiles();
 
     /// Saves the document in front with what is being typed, see DocumentSaver.
     bool save();
@@ -63,9 +68,16 @@ public:
     void undo();
     void redo();
 
-    /// Restores the arrangement that is saved in a file, if there is one, and saves it there when
-    /// the window closes.
+    /// Restores the arrangement that is saved in a file, if there is one, and whether playback
+    /// loops. Both are saved there once they have changed and are at rest, and when the window
+    /// closes.
     void keepLayoutIn(const QString& path);
+    /// Opens the changed documents that a run which had to end has left in a folder, and leaves
+    /// those of this one there in putAway().
+    /// @return whether there were any
+    bool keepUnsavedIn(const QString& folder);
+    /// For an end of the program about which nobody can be asked: nothing is lost by it.
+    void putAway();
 
     /// The document in front; null until one was opened.
     const Document* document() const;
@@ -101,6 +113,7 @@ private:
     void offerMenus();
     void showDefaultLayout();
     void saveLayout();
+    QString tryToOpen(const QString& path);
     DocumentPage& page() const;
     void showDocument();
     void showHistory();
@@ -123,7 +136,10 @@ private:
     QStackedWidget* m_pages;
     QWidget* m_gallery = nullptr; ///< made when first asked for
     StudioMenus* m_menus = nullptr;
+    std::unique_ptr<Recovery> m_recovery; ///< null: changed documents are not kept
+    LayoutWatch* m_layoutWatch = nullptr;
     QString m_layoutFile; ///< empty: the layout is not kept
+    bool m_toldLayoutError = false;
 };
 
 } // namespace studio

@@ -7,6 +7,8 @@ class ContextMenu;
 class QAction;
 class QHBoxLayout;
 class QLabel;
+class NumericField;
+class PendingValue;
 class TimeCodeField;
 
 namespace studio {
@@ -35,12 +37,18 @@ public:
     /// Adds the rows of the context menu that are about the time code.
     void fillMenu(ContextMenu& menu);
 
+Q_SIGNALS:
+    /// The user has entered a zoom, or scrubs it.
+    void zoomEntered(double scale);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void addButtons(const QList<QAction*>& actions);
     QLabel* addReadout(const QString& hint, const QString& widest);
+    void connectFields();
+    NumericField* addField(const QString& hint, const QString& widest);
     void scrub(int frame);
     void showTrack();
     void showFrame();
@@ -50,10 +58,12 @@ private:
     FrameSlider* m_slider;
     TimeCodeField* m_code;
     QLabel* m_time = nullptr;
-    QLabel* m_frame = nullptr;
+    NumericField* m_frame = nullptr;
+    PendingValue* m_shownFrame = nullptr;
     QLabel* m_rate = nullptr;
     QLabel* m_dropped = nullptr;
-    QLabel* m_zoom = nullptr;
+    NumericField* m_zoom = nullptr;
+    PendingValue* m_shownZoom = nullptr;
 };
 
 } // namespace studio

@@ -16,7 +16,32 @@ QString tr(const char* text)
     return QCoreApplication::translate("studio", text);
 }
 
+constexpr qsizetype kMostNamed = 8;
+constexpr qsizetype kLongestTitle = 60; ///< characters
+
+QString shortened(const QString& title)
+{
+    const QString line = title.simplified();
+    return line.size() > kLongestTitle ? line.left(kLongestTitle) + u'…' : line;
+}
+
 } // namespace
+
+QString unsavedText(const QStringList& titles)
+{
+    if (titles.size() == 1) {
+        return tr("“%1” has changes that are not saved.").arg(shortened(titles.first()));
+    }
+    QString text = tr("These documents have changes that are not saved:");
+    for (const QString& title : titles.mid(0, kMostNamed)) {
+        text += u'\n' + tr("• %1").arg(shortened(title));
+    }
+    const auto more = static_cast<int>(titles.size() - kMostNamed);
+    return more > 0 ? text + u'\n'
+                          + QCoreApplication::translate(
+                              "studio::Discarding", "and %n more", nullptr, more)
+                    : text;
+}
 
 Leaving askToLeave(const QString& question, const QString& text, QWidget* parent)
 {

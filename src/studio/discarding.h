@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-class QString;
+#include <QStringList>
+
 class QWidget;
 
 namespace studio {
@@ -16,6 +17,9 @@ enum class Leaving
 
 /// Asks what is to become of changes. Whoever dismisses the question stays.
 Leaving askToLeave(const QString& question, const QString& text, QWidget* parent);
+
+/// Says which documents have changes that are not saved.
+QString unsavedText(const QStringList& titles);
 
 /// What to do with a file that is not what it was when it was read.
 enum class Overwriting

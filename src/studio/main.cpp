@@ -4,6 +4,7 @@
 #include "assetsfolder.h"
 #include "commandline.h"
 #include "pictures.h"
+#include <MorrantUI/platform/TerminationWatch.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/events.h>
 
@@ -37,13 +38,23 @@ void quitAfterFirstFrame(studio::StudioWindow& window)
     ui::installEventFilter(&window, quit, &window);
 }
 
+/// A file or folder of this program's own.
+QString ownPath(QStandardPaths::StandardLocation place, const QString& name)
+{
+    return QStandardPaths::writableLocation(place) + u'/' + name;
+}
+
 /// @return the program's exit code
 int run(const studio::CommandLine& wanted)
 {
     studio::StudioWindow window;
     QObject::connect(&window, &studio::StudioWindow::failed, &window, complain);
+    const bool isKept = wanted.picturesFolder.isEmpty() && !wanted.quitAfterFirstFrame;
+    const bool isRestored = isKept
+                            && window.keepUnsavedIn(ownPath(
+                                QStandardPaths::AppLocalDataLocation, QStringLiteral("unsaved")));
     const QString file = wanted.file.isEmpty() ? studio::samplePaths().value(0) : wanted.file;
-    const bool opened = window.openFile(file);
+    const bool opened = (isRestored && wanted.file.isEmpty()) || window.openFile(file);
 
     if (!wanted.picturesFolder.isEmpty()) {
         const bool written = opened && studio::writePictures(window, wanted.picturesFolder);
@@ -51,11 +62,14 @@ int run(const studio::CommandLine& wanted)
     }
     if (wanted.quitAfterFirstFrame) {
         quitAfterFirstFrame(window);
-    } else {
-        window.keepLayoutIn(
-            QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
-            + QStringLiteral("/layout.json"));
     }
+    if (isKept) {
+        window.keepLayoutIn(
+            ownPath(QStandardPaths::AppConfigLocation, QStringLiteral("layout.json")));
+    }
+    const morrant::TerminationWatch watch;
+    QObject::connect(
+        &watch, &morrant::TerminationWatch::requested, &window, &studio::StudioWindow::putAway);
     window.setGalleryShown(wanted.gallery);
     window.show();
     if (!wanted.gallery && !wanted.quitAfterFirstFrame) {

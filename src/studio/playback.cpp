@@ -27,10 +27,12 @@ qint64 framesPassed(double seconds, double rate)
                                                : 0;
 }
 
-int frameAt(double seconds, double rate, FrameRange range, int startFrame)
+int frameAt(double seconds, double rate, FrameRange range, int startFrame, bool loops)
 {
     const qint64 fromFirst = range.clamped(startFrame) - range.first + framesPassed(seconds, rate);
-    return range.first + static_cast<int>(fromFirst % range.count());
+    const qint64 shown =
+        loops ? fromFirst % range.count() : std::min<qint64>(fromFirst, range.count() - 1);
+    return range.first + static_cast<int>(shown);
 }
 
 } // namespace studio

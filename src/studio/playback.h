@@ -24,7 +24,8 @@ FrameRange frameRange(double in, double out);
 /// Negative or non-finite times count as none.
 qint64 framesPassed(double seconds, double rate);
 
-/// The frame shown so many seconds after `startFrame`, looping over the range.
-int frameAt(double seconds, double rate, FrameRange range, int startFrame);
+/// The frame shown so many seconds after `startFrame`: looping over the range, or staying at its
+/// end.
+int frameAt(double seconds, double rate, FrameRange range, int startFrame, bool loops);
 
 } // namespace studio

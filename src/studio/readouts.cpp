@@ -28,12 +28,6 @@ QString twoDigits(const QLocale& locale, qint64 value)
 
 } // namespace
 
-QString frameText(int frame, int last, const QLocale& locale)
-{
-    const QLocale plain = ungrouped(locale);
-    return tr("%1 / %2").arg(plain.toString(frame), plain.toString(last));
-}
-
 QString timeText(int frame, double rate, const QLocale& locale)
 {
     const qint64 hundredths = rate > 0 ? std::llround(std::abs(frame) / rate * 100.0) : 0;
@@ -47,12 +41,6 @@ QString rateText(double rate, const QLocale& locale)
 {
     const QLocale plain = ungrouped(locale);
     return tr("%1 fps").arg(plain.toString(std::round(rate * 1000.0) / 1000.0, 'g', 7));
-}
-
-QString zoomText(double scale, const QLocale& locale)
-{
-    const double percent = scale * 100.0;
-    return tr("%1 %").arg(ungrouped(locale).toString(percent, 'f', percent < 10 ? 1 : 0));
 }
 
 QString sizeText(int width, int height, const QLocale& locale)

@@ -8,10 +8,8 @@ namespace studio {
 
 /// Numbers as the user reads them, in the user's own format.
 
-QString frameText(int frame, int last, const QLocale& locale = {});   ///< "12 / 90"
 QString timeText(int frame, double rate, const QLocale& locale = {}); ///< "1:02.50"
 QString rateText(double rate, const QLocale& locale = {});            ///< "29.97 fps"
-QString zoomText(double scale, const QLocale& locale = {});           ///< "150 %"
 QString sizeText(int width, int height, const QLocale& locale = {});  ///< "1920 × 1080"
 
 } // namespace studio

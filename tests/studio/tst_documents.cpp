@@ -3,6 +3,8 @@
 #include "DocumentSaver.h"
 #include "DocumentTabs.h"
 #include "LayerTree.h"
+#include "discarding.h"
+#include "saving/Recovery.h"
 #include "saving/documentfile.h"
 #include "studiotest.h"
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
@@ -12,6 +14,8 @@
 #include <QFile>
 #include <QPushButton>
 #include <QTimer>
+
+#include <tuple>
 
 using namespace studio;
 
@@ -332,6 +336,58 @@ private Q_SLOTS:
         Answer discard(QDialogButtonBox::Discard);
         QVERIFY(widget.close());
         QCOMPARE(discard.asked, 1);
+        const QString named = unsavedText({u"A\nB"_qs, QString(99, u'c')});
+        QVERIFY(named.contains(u"\n• A B\n• ccc"_qs) && named.endsWith(u"c…"_qs));
+        QVERIFY(unsavedText(QStringList(10, u"d"_qs)).endsWith(u"\nand 2 more"_qs));
+    }
+
+    void changesOutliveAnEndThatAsksNobody()
+    {
+        const QTemporaryDir folder;
+        const QString kept = folder.filePath(u"kept"_qs);
+        QString path;
+        {
+            OpenWindow window(1);
+            QVERIFY(!window.keepUnsavedIn(kept));
+            path = window.editFile(folder);
+            window.putAway();
+            QVERIFY(Recovery(kept).take().empty()); // of a run that goes on
+        }
+        {
+            OpenWindow window(0);
+            QVERIFY(window.keepUnsavedIn(kept));
+            QVERIFY(window.isWindowModified());
+            window.putAway(); // and once more
+        }
+        OpenWindow window(0);
+        QVERIFY(window.keepUnsavedIn(kept));
+        QCOMPARE(window.tabs().size(), 1);
+        QVERIFY(window.tabs().first().endsWith(u'*'));
+        QCOMPARE(window.documents().current().path(), path);
+        QVERIFY(!contents(path).contains("12"));
+        QVERIFY(window.save()); // over the very file, without a question
+        QVERIFY(contents(path).contains("12"));
+        QVERIFY(static_cast<QWidget&>(window).close());
+        QVERIFY(QDir(kept).isEmpty());
+    }
+
+    void documentsAreTurnedThroughByKeys()
+    {
+        OpenWindow window(3);
+        studio::test::showActive(window);
+        const std::tuple<Qt::Key, Qt::KeyboardModifiers, int> keys[] = {
+            {Qt::Key_Tab, Qt::ControlModifier, 0},
+            {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 2},
+            {Qt::Key_PageUp, Qt::ControlModifier, 1},
+            {Qt::Key_PageDown, Qt::ControlModifier, 2}};
+        for (const auto& [key, modifiers, shown] : keys) {
+            QTest::keyClick(&window, key, modifiers);
+            QCOMPARE(window.documents().activeTab(), shown);
+        }
+        window.edit();
+        window.undo();
+        QTest::keyClick(&window, Qt::Key_Y, Qt::ControlModifier);
+        QVERIFY(window.isWindowModified());
     }
 };
 

@@ -57,7 +57,7 @@ private Q_SLOTS:
             {-5, 60, range, 3, 3},
             {std::nan(""), 60, range, 3, 3}};
         for (const auto& [seconds, rate, frames, start, expected] : cases) {
-            QCOMPARE(frameAt(seconds, rate, frames, start), expected);
+            QCOMPARE(frameAt(seconds, rate, frames, start, true), expected);
         }
         QCOMPARE(frameRange(-2.5, 89.5), (FrameRange{-2, 89}));
         QCOMPARE(frameRange(0.5, 3), (FrameRange{1, 2}));
@@ -114,11 +114,9 @@ private Q_SLOTS:
     {
         const QLocale english(QLocale::English, QLocale::UnitedStates);
         const QLocale german(QLocale::German, QLocale::Germany);
-        QCOMPARE(frameText(1200, 86400, english), u"1200 / 86400"_qs);
         QCOMPARE(timeText(3661 * 25 + 1, 25, german), u"61:01,04"_qs);
         QCOMPARE(timeText(-1, 1, english), u"-0:01.00"_qs);
         QCOMPARE(rateText(29.9700012207031, german), u"29,97 fps"_qs);
-        QCOMPARE(zoomText(0.0666, english), u"6.7 %"_qs);
     }
 
     void aPartIsPlayedOverAndOver()
@@ -131,6 +129,12 @@ private Q_SLOTS:
         driven.passTo(0.9);
         driven.passTo(1.0);
         QCOMPARE(driven.shown, (QList<int>{95, 20, 29, 20}));
+        player.setLooping(false);
+        driven.passTo(2.5);
+        QCOMPARE(player.frame(), 29);
+        QVERIFY(!player.isPlaying() && !driven.timerRuns());
+        player.play(); // at the end: from the beginning
+        QCOMPARE(player.frame(), 20);
         player.setLoop({-5, 300}); // held within the track
         QCOMPARE(player.loop(), player.range());
     }

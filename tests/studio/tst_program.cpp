@@ -37,17 +37,22 @@ QStringList withoutQt(const QStringList& lines)
     return ours;
 }
 
-Ended runStudio(const QStringList& arguments)
+QProcessEnvironment studioEnvironment()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"MORRANT_ASSETS"_qs, ui::test::assetsPath());
+    return environment;
+}
+
+Ended runStudio(const QStringList& arguments)
+{
     // Files, not pipes, whose reader under Wine misses what comes after a pause of some seconds;
     // and beside the program, where nobody has to delete them while the studio still closes them.
     const QDir folder(QCoreApplication::applicationDirPath());
     const QString output = folder.filePath(u"studio-output.txt"_qs);
     const QString errors = folder.filePath(u"studio-errors.txt"_qs);
     QProcess process;
-    process.setProcessEnvironment(environment);
+    process.setProcessEnvironment(studioEnvironment());
     process.setStandardOutputFile(output);
     process.setStandardErrorFile(errors);
     process.start(folder.filePath(u"studio"_qs), arguments);
@@ -92,6 +97,27 @@ private Q_SLOTS:
             const QImage twice(QDir(pictures).filePath(name + u"@2x.png"_qs));
             QVERIFY2(!once.isNull() && twice.size() == once.size() * 2, qPrintable(name));
         }
+    }
+
+    void whoeverIsToldToEndLosesNothing()
+    {
+#ifdef Q_OS_UNIX
+        const QTemporaryDir home;
+        QProcessEnvironment environment = studioEnvironment();
+        environment.insert(u"HOME"_qs, home.path());
+        environment.insert(u"XDG_CONFIG_HOME"_qs, home.path());
+        environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
+        QProcess studio;
+        studio.setProcessEnvironment(environment);
+        studio.start(QCoreApplication::applicationDirPath() + u"/studio"_qs, {});
+        QFile layout(home.filePath(u"Morrant/studio/layout.json"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(layout.exists(), 60'000); // the window has come to rest
+        QVERIFY(layout.remove());
+        studio.terminate();
+        QVERIFY(studio.waitForFinished(60'000));
+        QVERIFY(studio.exitStatus() == QProcess::NormalExit && studio.exitCode() == 0);
+        QVERIFY(layout.exists());
+#endif
     }
 
     void failuresAreOneLine()

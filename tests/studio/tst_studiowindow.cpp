@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "DocumentTabs.h"
 #include "FrameSlider.h"
 #include "MissingPanel.h"
 #include "controls/PaintCounter.h"
 #include "studiotest.h"
+#include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/DockableWindow.h>
 #include <MorrantUI/theme/colors.h>
 
+#include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <functional>
 
 using namespace studio;
@@ -72,26 +76,33 @@ private Q_SLOTS:
         QVERIFY(window.notices().isEmpty());
     }
 
-    void onlyOneLocalJsonFileIsDropped()
+    void everyLocalJsonFileOfADropOpens()
     {
         const QTemporaryDir folder;
-        const QString path = folder.filePath(u"a b.JSON"_qs);
-        QVERIFY(QFile::copy(samplePaths().first(), path));
+        QList<QUrl> files;
+        for (const QString& name : {u"a b.JSON"_qs, u"c.json"_qs}) {
+            QVERIFY(QFile::copy(samplePaths().first(), folder.filePath(name)));
+            files.append(QUrl::fromLocalFile(folder.filePath(name)));
+        }
         OpenWindow window;
         QMimeData data;
-        const QUrl file = QUrl::fromLocalFile(path);
         const QUrl picture(u"file:///a.png"_qs);
         const QUrl remote(u"https://example.org/b.json"_qs);
-        for (const QList<QUrl>& urls : {QList{file, file}, {picture}, {remote}}) {
+        for (const QList<QUrl>& urls : {QList{picture}, {remote, picture}}) {
             data.setUrls(urls);
             drop(window, data);
             QVERIFY(window.notices().texts().value(0).contains(u".json"_qs));
             QCOMPARE(window.document()->width, 200);
         }
-        data.setUrls({file});
+        data.setUrls(files);
         drop(window, data);
         QVERIFY(window.notices().isEmpty());
+        QCOMPARE(window.documents().count(), 3);
         QVERIFY(window.document()->width != 200);
+        data.setUrls({picture, files.first()}); // which comes to the front
+        drop(window, data);
+        QCOMPARE(window.documents().activeTab(), 1);
+        QCOMPARE(window.notices().texts().size(), 1);
     }
 
     void missingFeaturesAreListedByLayer()
@@ -100,6 +111,11 @@ private Q_SLOTS:
         const MissingOfLayer first{u"A"_qs, {u"x"_qs, u"z"_qs}};
         const MissingOfLayer second{u"B"_qs, {u"y"_qs}};
         QCOMPARE(layers, (std::vector{first, second}));
+        OpenWindow window; // where all is drawn, which the panel says
+        const auto hints = window.findChildren<QLabel*>();
+        QVERIFY(std::any_of(hints.begin(), hints.end(), [](const QLabel* hint) {
+            return hint->text() == u"Everything in this document is drawn"_qs;
+        }));
     }
 
     void keysPlayStepZoomAndShowTheGallery()
@@ -136,6 +152,30 @@ private Q_SLOTS:
         QCOMPARE(scaleAfter(Qt::Key_Plus), 1.25);
         QCOMPARE(scaleAfter(Qt::Key_Minus), 1.0);
         QCOMPARE(scaleAfter(Qt::Key_F), fittedScale);
+    }
+
+    void readOutsCanBeTypedInto()
+    {
+        OpenWindow window;
+        const auto enter = [&window](const QString& name, const QString& typed, Qt::Key end) {
+            for (auto* field : window.findChildren<NumericField*>()) {
+                if (field->accessibleName() == name) {
+                    field->setFocus(Qt::TabFocusReason);
+                    QTest::keyClicks(field, typed);
+                    QTest::keyClick(field, end);
+                    return field->text();
+                }
+            }
+            return QString();
+        };
+        const auto scale = [&window] { return window.viewport().mapping().scale; };
+        QCOMPARE(enter(u"Zoom"_qs, u"50*3 %"_qs, Qt::Key_Return), u"150.0"_qs);
+        QCOMPARE(scale(), 1.5);
+        QCOMPARE(enter(u"Zoom"_qs, u"20"_qs, Qt::Key_Escape), u"150.0"_qs);
+        QCOMPARE(enter(u"Zoom"_qs, u"1e9"_qs, Qt::Key_Return), u"6400.0"_qs);
+        QCOMPARE(scale(), 64.0);
+        QCOMPARE(enter(u"Current frame"_qs, u"7 / 19"_qs, Qt::Key_Return), u"7"_qs);
+        QCOMPARE(window.player().frame(), 7);
     }
 
     void shortcutsRestWhileAMenuIsOpenAndWorkInFloatingPanels()

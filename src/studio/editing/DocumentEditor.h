@@ -112,6 +112,8 @@ public:
     bool isModified() const;
     /// The document is what its file holds. Steps before can still be undone.
     void setSaved();
+    /// The document has changes that its file does not have and no step takes back.
+    void setUnsaved() { m_steps.resetClean(); }
 
 public Q_SLOTS:
     void undo();

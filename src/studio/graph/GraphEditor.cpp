@@ -8,6 +8,7 @@
 #include "graph/KeyFields.h"
 #include "graph/ValueGraphView.h"
 #include <MorrantUI/controls/values/NumericField.h>
+#include <MorrantUI/docking/layouts/ScrollContainer.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -118,7 +119,7 @@ void GraphEditor::buildLayout()
     splitter->setChildrenCollapsible(false);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(splitter);
+    layout->addWidget(new ScrollContainer(splitter));
     setFocusProxy(m_view);
 }
 

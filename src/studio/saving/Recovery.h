@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QByteArray>
+#include <QLockFile>
+#include <QString>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace studio {
+
+/// A document with changes that no file has.
+struct UnsavedDocument
+{
+    QString title;
+    QString path;           ///< of its file; empty for none
+    QByteArray fingerprint; ///< of what that file held, see stateOf()
+    std::string bytes;      ///< what the file would hold
+
+    bool operator==(const UnsavedDocument&) const = default;
+};
+
+/// Keeps changed documents on disk where a program has to end without asking, for its next start.
+/// Each run keeps its own in a folder of its own, so that several at a time do not meet.
+class Recovery
+{
+public:
+    /// @param folder of all runs, made when it is first needed
+    explicit Recovery(const QString& folder);
+    ~Recovery();
+
+    /// What runs that are over have left, which is this run's from now on and stays on disk until
+    /// forget() or keep().
+    std::vector<UnsavedDocument> take();
+
+    /// Replaces what this run has taken or kept.
+    /// @return what went wrong, a sentence for the user, and then what was there stays; empty when
+    ///     all went well
+    QString keep(const std::vector<UnsavedDocument>& documents);
+
+    /// Nothing needs to be recovered any more.
+    void forget();
+
+private:
+    struct Taken
+    {
+        QString folder;
+        std::unique_ptr<QLockFile> lock;
+    };
+
+    void drop(std::vector<Taken> taken);
+
+    QString m_folder;
+    std::vector<Taken> m_taken;
+};
+
+} // namespace studio
