@@ -41,7 +41,7 @@ ScrollContainer::~ScrollContainer() = default;
 
 QSize ScrollContainer::sizeHint() const
 {
-    return widget() ? widget()->sizeHint().expandedTo(neededBy(*widget())) + barRoom() : QSize();
+    return widget() ? widget()->sizeHint().expandedTo(neededBy(*widget())) + m_barRoom : QSize();
 }
 
 QSize ScrollContainer::minimumSizeHint() const
@@ -49,7 +49,7 @@ QSize ScrollContainer::minimumSizeHint() const
     if (!widget()) {
         return {};
     }
-    QSize smallest = neededBy(*widget()) + barRoom();
+    QSize smallest = neededBy(*widget()) + m_barRoom;
     if (m_scrolled.testFlag(Qt::Horizontal)) {
         smallest.setWidth(qMin(smallest.width(), kSmallest));
     }
@@ -74,7 +74,10 @@ QSize ScrollContainer::barRoom() const
 
 void ScrollContainer::followRoom()
 {
-    const QSize before = std::exchange(m_barRoom, widget() ? barRoom() : QSize(0, 0));
+    if (!isVisible() || !widget()) {
+        return; // no size of its own so far
+    }
+    const QSize before = std::exchange(m_barRoom, barRoom());
     if (before != m_barRoom) {
         updateGeometry();
     }
@@ -84,8 +87,8 @@ bool ScrollContainer::eventFilter(QObject* watched, QEvent* event)
 {
     const bool filtered = QScrollArea::eventFilter(watched, event);
     if (event->type() == QEvent::LayoutRequest && watched == widget()) {
-        m_barRoom = barRoom();
         updateGeometry();
+        followRoom();
     }
     return filtered;
 }
@@ -93,6 +96,12 @@ bool ScrollContainer::eventFilter(QObject* watched, QEvent* event)
 void ScrollContainer::resizeEvent(QResizeEvent* event)
 {
     QScrollArea::resizeEvent(event);
+    followRoom();
+}
+
+void ScrollContainer::showEvent(QShowEvent* event)
+{
+    QScrollArea::showEvent(event);
     followRoom();
 }
 

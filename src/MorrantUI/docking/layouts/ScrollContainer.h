@@ -33,6 +33,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -40,5 +41,5 @@ private:
     void followRoom();
 
     Qt::Orientations m_scrolled;
-    QSize m_barRoom{0, 0}; ///< as told to the layout last
+    QSize m_barRoom{0, 0}; ///< that a scroll bar takes, as layouts have been told
 };
