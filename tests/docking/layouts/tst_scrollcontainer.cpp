@@ -13,13 +13,12 @@ private Q_SLOTS:
     {
         QWidget window;
         auto* column = new QVBoxLayout(&window);
-        column->setContentsMargins(0, 0, 0, 0);
+        column->setContentsMargins({});
         auto* content = new QWidget;
         auto* row = new QHBoxLayout(content);
-        row->setContentsMargins(0, 0, 0, 0);
-        QPushButton* last = nullptr;
+        row->setContentsMargins({});
         for (int i = 0; i < 5; ++i) {
-            row->addWidget(last = new QPushButton(u"Button"_qs));
+            row->addWidget(new QPushButton(u"Button"_qs));
         }
         content->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
         auto* bar = new ScrollContainer(content, Qt::Horizontal);
@@ -29,17 +28,12 @@ private Q_SLOTS:
 
         window.resize(900, 100);
         window.show();
-        QApplication::setActiveWindow(&window);
         QTRY_VERIFY(bar->size() == QSize(900, height) && content->size() == bar->size());
         window.resize(200, 100);
         QTRY_VERIFY(bar->horizontalScrollBar()->isVisible());
         QTRY_COMPARE(content->height(), height); // all of it is seen above the scroll bar
         QTRY_COMPARE(bar->viewport()->height(), height);
         QCOMPARE(content->width(), content->minimumSizeHint().width());
-        row->itemAt(3)->widget()->setFocus();
-        QTest::keyClick(row->itemAt(3)->widget(), Qt::Key_Tab);
-        QVERIFY(last->hasFocus());
-        QVERIFY(bar->viewport()->rect().contains(last->mapTo(bar->viewport(), QPoint(5, 5))));
         window.resize(900, 100);
         QTRY_COMPARE(bar->height(), height);
     }
