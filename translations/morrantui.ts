@@ -52,7 +52,23 @@
 <context>
     <name>ColorSwatch</name>
     <message>
-        <source>Color</source>
+        <source>&amp;Basic colours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Custom colours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add to Custom Colours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Pick Screen Colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Colour</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -333,7 +349,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Marker Color</source>
+        <source>Marker Colour</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

@@ -59,6 +59,18 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>“%1” has changes that are not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These documents have changes that are not saved:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>• %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Save &amp;As…</source>
         <translation type="unfinished"></translation>
     </message>
@@ -355,15 +367,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 / %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 fps</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 %</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -616,6 +620,15 @@
     <message>
         <source>Group box</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>studio::Discarding</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1149,6 +1162,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Everything in this document is drawn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Copy</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1316,6 +1333,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>L&amp;oop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;View</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1341,6 +1362,14 @@
     </message>
     <message>
         <source>&amp;Panels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Next Document</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious Document</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1403,6 +1432,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>The studio had to end before changes were saved. They are here again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>The layout was not saved: %1.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1411,11 +1444,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Changes of the open documents that are not saved will be lost.</source>
+        <source>Drop Lottie files, with the extension .json, from this computer.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Drop one Lottie file, with the extension .json, from this computer.</source>
+        <source>Only what has the extension .json and is on this computer was opened.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1438,7 +1471,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Current frame and the last frame</source>
+        <source>Current frame</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1466,7 +1499,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Current frame</source>
+        <source> %</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1475,6 +1508,10 @@
     </message>
     <message>
         <source>&amp;Edit Time Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> / %1</source>
         <translation type="unfinished"></translation>
     </message>
     <message numerus="yes">
