@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
+#include "support/ReaderEvents.h"
 #include <MorrantUI/controls/buttons/CheckBox.h>
 #include <MorrantUI/controls/buttons/GroupButton.h>
 #include <MorrantUI/controls/buttons/IconButton.h>
+#include <MorrantUI/controls/buttons/KeyframeButton.h>
 #include <MorrantUI/controls/buttons/PushButton.h>
 #include <MorrantUI/controls/buttons/RolloverButton.h>
 #include <MorrantUI/controls/buttons/SegmentedButton.h>
@@ -17,6 +19,9 @@
 #include <MorrantUI/controls/values/RolloverLabel.h>
 #include <MorrantUI/controls/values/SliderField.h>
 #include <MorrantUI/controls/values/ValueControl.h>
+#include <MorrantUI/controls/values/colortext.h>
+
+#include <functional>
 
 using ui::test::accessible;
 using ui::test::kNaN;
@@ -124,7 +129,9 @@ private Q_SLOTS:
         add("swatch",
             new ColorSwatch(Qt::red),
             {u"#00ff0080"_qs, 12},
-            {u"#ff0000"_qs, u"#00ff0080"_qs, u"#00ff0080"_qs});
+            {u"red: 255, 0, 0"_qs,
+             u"green: 0, 255, 0, 50 % opaque"_qs,
+             u"green: 0, 255, 0, 50 % opaque"_qs});
     }
     void valuesAreReadAndSetAsTheUserWould()
     {
@@ -171,6 +178,87 @@ private Q_SLOTS:
         text.setSelection(0, 1, 3);
         QCOMPARE(bench.control->selectedText(), text.text(1, 3));
         QCOMPARE(text.offsetAtPoint(text.characterRect(0).center() - QPoint(1, 0)), 0);
+    }
+
+    void eachNewValueOfANumberIsToldOnceWhereverItComesFrom()
+    {
+        ui::test::Bench<NumericField> bench({100, 24}, 5.0);
+        auto* const text = accessible(bench.control).editableTextInterface();
+        ui::test::ReaderEvents events;
+        const std::pair<std::function<void()>, int> rows[] = {
+            {[&] { bench.control->setValue(7); }, 1},
+            {[&] { bench.control->setValue(7); }, 0},
+            {[&] { text->replaceText(0, 1, u"4*3"_qs); }, 1}, // entered, as nobody edits it
+            {[&] { text->insertText(2, u"0"_qs); }, 1},
+            {[&] {
+                 bench.play("@20,10 ~35,10"); // becomes a drag
+                 events.take();
+                 bench.play("~60,10");
+             },
+             1},
+            {[&] { bench.play("~60,10 up"); }, 0},
+            {[&] { bench.play("in Up Up"); }, 2},
+            {[&] { bench.play("=1+2"); }, 1}, // 1; what follows is no number yet
+            {[&] { bench.play("Return"); }, 1},
+            {[&] { bench.play("Ctrl+Z"); }, 1},
+            {[&] { text->deleteText(0, -1); }, 0},
+            {[&] { bench.play("8 Escape"); }, 2}}; // 8, and 3 again
+        for (const auto& [change, told] : rows) {
+            const bool isAtRest = bench.control->isReadOnly();
+            change();
+            const auto types = events.takeOf(bench.control);
+            QCOMPARE(types.count(QAccessible::ValueChanged), events.heard(told));
+            const bool wasEdited = !isAtRest || !bench.control->isReadOnly();
+            QVERIFY(wasEdited || types.size() == events.heard(told)); // and of its text nothing
+        }
+        bench.control->hide();
+        bench.control->setValue(99);
+        QVERIFY(!events.takeOf(bench.control).contains(QAccessible::ValueChanged));
+        bench.control->setEnabled(false);
+        text->insertText(0, u"1"_qs);
+        QCOMPARE(bench.control->value(), 99.0);
+    }
+
+    void aKeyframeButtonIsACheckBoxThatTheHostSets()
+    {
+        ui::test::Bench<KeyframeButton> bench({24, 24});
+        const QAccessibleInterface& seen = accessible(bench.control);
+        QCOMPARE(seen.role(), QAccessible::CheckBox);
+        using State = KeyframeButton::State;
+        ui::test::ReaderEvents events;
+        for (const auto& [state, on, mixed] :
+             {std::tuple(State::KeyAtFrame, true, false),
+              {State::Animated, false, true},
+              {State::None, false, false}})
+        {
+            bench.control->setState(state);
+            bench.control->setState(state);
+            QVERIFY(seen.state().checked == on && seen.state().checkStateMixed == mixed);
+            QCOMPARE(
+                events.takeOf(bench.control).count(QAccessible::StateChanged), events.heard(1));
+        }
+    }
+
+    void coloursAreToldInWords()
+    {
+        for (const auto& [color, name] :
+             {std::pair(u"#000000", u"black"),
+              {u"#141210", u"black"},
+              {u"#808080", u"grey"},
+              {u"#f0f0f4", u"white"},
+              {u"#ff8000", u"orange"},
+              {u"#000080", u"dark blue"},
+              {u"#ffc0cb", u"light red"},
+              {u"#708090", u"greyish blue"},
+              {u"#ff00fe", u"magenta"}})
+        {
+            const QString words = ui::colorWords(QColor(QString::fromUtf16(color)));
+            QCOMPARE(words.section(u':', 0, 0), QString::fromUtf16(name));
+        }
+        QCOMPARE(ui::colorWords(QColor()), QString());
+        ColorSwatch swatch(QColor(1, 2, 3));
+        swatch.setToolTip(u"<b>Fill</b>"_qs);
+        QCOMPARE(accessible(&swatch).text(QAccessible::Description), u"black: 1, 2, 3"_qs);
     }
 
     void aPadIsAGroupOfTwoSliders()

@@ -4,6 +4,7 @@
 #include <QTextDocumentFragment>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -32,6 +33,9 @@ void* AccessibleNumberControl::interface_cast(QAccessible::InterfaceType type)
 
 QString AccessibleNumberControl::text(QAccessible::Text kind) const
 {
+    if (kind == QAccessible::Description) {
+        return plainDescription(*widget(), text(QAccessible::Name));
+    }
     const QString own = QAccessibleWidget::text(kind);
     if (kind != QAccessible::Name || !own.isEmpty()) {
         return own;
@@ -73,12 +77,11 @@ QVariant AccessibleNumberControl::minimumStepSize() const
     return m_number.step();
 }
 
-AccessibleGrouping::AccessibleGrouping(QWidget* group)
-    : QAccessibleWidget(group, QAccessible::Grouping)
-{}
-
-QString AccessibleGrouping::text(QAccessible::Text kind) const
+QString AccessibleNamed::text(QAccessible::Text kind) const
 {
+    if (kind == QAccessible::Description) {
+        return plainDescription(*widget(), text(QAccessible::Name));
+    }
     const QString own = QAccessibleWidget::text(kind);
     return kind == QAccessible::Name && own.isEmpty() ? nameFromToolTip(*widget()) : own;
 }
@@ -99,10 +102,27 @@ int AccessibleParts::indexOfChild(const QAccessibleInterface* child) const
     return static_cast<int>(parts().indexOf(part));
 }
 
+QString AccessibleParts::text(QAccessible::Text kind) const
+{
+    return kind == QAccessible::Description ? plainDescription(*widget(), text(QAccessible::Name))
+                                            : QAccessibleWidget::text(kind);
+}
+
+QString plainText(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+}
+
 QString nameFromToolTip(const QWidget& widget)
 {
-    const QString tip = widget.toolTip();
-    return Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip;
+    return plainText(widget.toolTip());
+}
+
+QString plainDescription(const QWidget& widget, const QString& name)
+{
+    const QString own = plainText(widget.accessibleDescription());
+    const QString text = own.isEmpty() ? nameFromToolTip(widget) : own;
+    return text == name ? QString() : text;
 }
 
 void notifyAccessible(QObject* object, QAccessible::Event what)
@@ -115,11 +135,77 @@ void notifyAccessible(QObject* object, QAccessible::Event what)
 
 void notifyAccessibleValue(QObject* object, const QVariant& value)
 {
-    if (!QAccessible::isActive()) {
+    const auto* const widget = qobject_cast<const QWidget*>(object);
+    if (!QAccessible::isActive() || (widget && !widget->isVisible())) {
         return;
     }
     QAccessibleValueChangeEvent event(object, value);
     QAccessible::updateAccessibility(&event);
+}
+
+void notifyAccessibleCheck(QWidget* box)
+{
+    if (!QAccessible::isActive() || !box->isVisible()) {
+        return;
+    }
+    QAccessible::State changed;
+    changed.checked = true;
+    changed.checkStateMixed = true;
+    QAccessibleStateChangeEvent event(box, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
+namespace {
+
+QuietReaders* gQuiet = nullptr;                    ///< the innermost that lives
+std::optional<QAccessible::UpdateHandler> gBefore; ///< where events go on to, while one listens
+
+} // namespace
+
+QuietReaders::QuietReaders(const QObject* object, std::initializer_list<QAccessible::Event> types)
+    : m_object(object)
+    , m_types(types)
+    , m_outer(gQuiet)
+{
+    gQuiet = this;
+    if (m_object && !gBefore && QAccessible::isActive()) {
+        m_isInstalled = true;
+        gBefore = QAccessible::installUpdateHandler(&QuietReaders::pass);
+    }
+}
+
+QuietReaders::~QuietReaders()
+{
+    gQuiet = m_outer;
+    if (m_isInstalled) {
+        QAccessible::installUpdateHandler(*gBefore);
+        gBefore.reset();
+    }
+}
+
+bool QuietReaders::keeps(const QAccessibleEvent& event) const
+{
+    if (std::count(m_types.begin(), m_types.end(), event.type()) == 0) {
+        return false;
+    }
+    const QObject* told = event.object();
+    while (told && told != m_object) {
+        told = told->parent();
+    }
+    return told != nullptr;
+}
+
+void QuietReaders::pass(QAccessibleEvent* event)
+{
+    for (const QuietReaders* each = gQuiet; each; each = each->m_outer) {
+        if (each->keeps(*event)) {
+            return;
+        }
+    }
+    // Qt lets nobody else hand an event to the system.
+    QAccessible::installUpdateHandler(gBefore.value_or(nullptr));
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(&QuietReaders::pass);
 }
 
 } // namespace ui

@@ -16,14 +16,6 @@ namespace {
 
 constexpr int kStripeWidth = 3; ///< logical pixels, at the leading edge
 
-class AccessibleNotice final : public QAccessibleWidget
-{
-public:
-    explicit AccessibleNotice(QWidget* card)
-        : QAccessibleWidget(card, QAccessible::AlertMessage)
-    {}
-};
-
 QString stripeColor(NoticeStack::Kind kind)
 {
     switch (kind) {
@@ -43,7 +35,7 @@ NoticeCard::NoticeCard(int number, const QString& text, NoticeStack::Kind kind, 
     , m_text(new QLabel(text, this))
     , m_timer(new QTimer(this))
 {
-    ui::installAccessible<NoticeCard, AccessibleNotice>();
+    ui::installAccessible<NoticeCard, ui::AccessibleAs<QAccessible::AlertMessage>>();
     setAccessibleName(text);
     const bool informs = kind == NoticeStack::Kind::Information;
     auto* const icon = new QLabel(this);

@@ -87,6 +87,9 @@ QAccessible::State AccessibleButton::state() const
 
 QString AccessibleButton::text(QAccessible::Text kind) const
 {
+    if (kind == QAccessible::Description) {
+        return plainDescription(*button(), text(QAccessible::Name));
+    }
     if (kind != QAccessible::Name || !button()->accessibleName().isEmpty()) {
         return QAccessibleWidget::text(kind);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/buttons/KeyframeButton.h"
 
+#include "MorrantUI/controls/buttons/AccessibleButton.h"
 #include "MorrantUI/controls/buttons/buttonlook.h"
 #include "MorrantUI/theme/style/pixelgrid.h"
 #include "MorrantUI/theme/style/shades.h"
@@ -26,11 +27,53 @@ QPainterPath diamond(const QPointF& center, double reach)
     return path;
 }
 
+/// The state is the host's to set: what a tool switches is a wish.
+class AccessibleKeyframe : public ui::AccessibleButton
+{
+public:
+    explicit AccessibleKeyframe(KeyframeButton* button)
+        : AccessibleButton(button, QAccessible::CheckBox)
+    {}
+
+    QAccessible::State state() const override
+    {
+        const KeyframeButton::State shown = button()->state();
+        QAccessible::State state = AccessibleButton::state();
+        state.checkable = true;
+        state.checked = shown == KeyframeButton::State::KeyAtFrame;
+        state.checkStateMixed = shown == KeyframeButton::State::Animated;
+        return state;
+    }
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Description || !button()->accessibleDescription().isEmpty()) {
+            return AccessibleButton::text(kind);
+        }
+        switch (button()->state()) {
+        case KeyframeButton::State::None: break;
+        case KeyframeButton::State::Animated: return KeyframeButton::tr("Animated");
+        case KeyframeButton::State::KeyAtFrame: return KeyframeButton::tr("Keyframe at this frame");
+        }
+        return KeyframeButton::tr("Not animated");
+    }
+    QStringList actionNames() const override
+    {
+        QStringList names = AccessibleButton::actionNames();
+        names.replaceInStrings(pressAction(), toggleAction());
+        return names;
+    }
+
+private:
+    KeyframeButton* button() const { return static_cast<KeyframeButton*>(object()); }
+};
+
 } // namespace
 
 KeyframeButton::KeyframeButton(QWidget* parent)
     : RowButton(parent)
 {
+    ui::installAccessible<KeyframeButton, AccessibleKeyframe>();
+    setAccessibleName(tr("Keyframe"));
     describeState();
 }
 
@@ -42,6 +85,7 @@ void KeyframeButton::setState(State state)
         m_state = state;
         describeState();
         update();
+        ui::notifyAccessibleCheck(this);
         Q_EMIT stateChanged(state);
     }
 }
@@ -83,10 +127,5 @@ void KeyframeButton::describeState()
     if (toolTip() == m_ownToolTip) {
         m_ownToolTip = action;
         setToolTip(action);
-    }
-    switch (m_state) {
-    case State::None: setAccessibleDescription(tr("Not animated")); break;
-    case State::Animated: setAccessibleDescription(tr("Animated")); break;
-    case State::KeyAtFrame: setAccessibleDescription(tr("Keyframe at this frame")); break;
     }
 }

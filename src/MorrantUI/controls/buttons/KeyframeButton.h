@@ -27,8 +27,8 @@ public:
     ~KeyframeButton() override;
 
     State state() const { return m_state; }
-    /// Shows the state and describes it to assistive tools, and in the tool tip unless the host has
-    /// set one of its own.
+    /// Shows the state, and what a click does in the tool tip unless the host has set one of its
+    /// own. To assistive tools it is a check box: on for a key at the frame, mixed while animated.
     void setState(State state);
 
 Q_SIGNALS:

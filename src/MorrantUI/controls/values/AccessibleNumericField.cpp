@@ -7,6 +7,7 @@
 #include <QStyle>
 #include <QStyleOptionFrame>
 
+#include <algorithm>
 #include <cmath>
 
 namespace ui {
@@ -15,12 +16,19 @@ namespace {
 
 constexpr int kAllDigits = 17; ///< enough to write any double exactly
 
+/// Nobody edits it: the value's event says it all.
+void enter(NumericField& field, const QString& text)
+{
+    const QuietReaders quiet(&field, kTextChanges);
+    field.enterText(text);
+}
+
 AccessibleNumber numberOf(NumericField* field)
 {
     return {
         .value = [field] { return field->value(); },
         .setValue =
-            [field](double value) { field->enterText(QString::number(value, 'g', kAllDigits)); },
+            [field](double value) { enter(*field, QString::number(value, 'g', kAllDigits)); },
         .minimum = [field] { return field->getMin(); },
         .maximum = [field] { return field->getMax(); },
         .step = [field] { return std::abs(field->dragMultiplier()); }};
@@ -41,6 +49,9 @@ void* AccessibleNumericField::interface_cast(QAccessible::InterfaceType type)
 {
     if (type == QAccessible::TextInterface) {
         return static_cast<QAccessibleTextInterface*>(this);
+    }
+    if (type == QAccessible::EditableTextInterface) {
+        return static_cast<QAccessibleEditableTextInterface*>(this);
     }
     return AccessibleNumberControl::interface_cast(type);
 }
@@ -142,6 +153,32 @@ QString AccessibleNumericField::attributes(int, int* startOffset, int* endOffset
     *startOffset = 0;
     *endOffset = characterCount();
     return {};
+}
+
+void AccessibleNumericField::deleteText(int startOffset, int endOffset)
+{
+    replaceText(startOffset, endOffset, {});
+}
+
+void AccessibleNumericField::insertText(int offset, const QString& text)
+{
+    replaceText(offset, offset, text);
+}
+
+void AccessibleNumericField::replaceText(int startOffset, int endOffset, const QString& text)
+{
+    if (!field().isEnabled()) {
+        return;
+    }
+    const int start = std::clamp(startOffset, 0, characterCount());
+    const int end =
+        endOffset < 0 ? characterCount() : std::clamp(endOffset, start, characterCount());
+    if (field().isReadOnly()) {
+        enter(field(), field().text().replace(start, end - start, text));
+    } else {
+        field().setSelection(start, end - start);
+        field().insert(text);
+    }
 }
 
 } // namespace ui

@@ -7,8 +7,11 @@ class NumericField;
 
 namespace ui {
 
-/// A number field as a spin box, whose text can be read as it is typed.
-class AccessibleNumericField : public AccessibleNumberControl, public QAccessibleTextInterface
+/// A number field as a spin box, whose text can be read and changed as it is typed. At rest, what
+/// changes the text enters it.
+class AccessibleNumericField : public AccessibleNumberControl,
+                               public QAccessibleTextInterface,
+                               public QAccessibleEditableTextInterface
 {
 public:
     explicit AccessibleNumericField(NumericField* field);
@@ -31,6 +34,10 @@ public:
     int offsetAtPoint(const QPoint& point) const override;
     void scrollToSubstring(int startIndex, int endIndex) override;
     QString attributes(int offset, int* startOffset, int* endOffset) const override;
+
+    void deleteText(int startOffset, int endOffset) override;
+    void insertText(int offset, const QString& text) override;
+    void replaceText(int startOffset, int endOffset, const QString& text) override;
 
 private:
     NumericField& field() const;

@@ -92,6 +92,7 @@ AttributeRow::AttributeRow(const QString& name, QWidget* parent)
     , m_parts(std::make_unique<Parts>())
 {
     ui::installAccessible<AttributeRow, ui::AccessibleGrouping>();
+    const ui::QuietReaders quiet(this, ui::kStateChanges); // nobody sees it yet
     m_parts->nameColumn = new QWidget(this);
     m_parts->label = new RenamableLabel(name, m_parts->nameColumn);
     m_parts->label->setRenamable(false);
@@ -189,6 +190,7 @@ void AttributeRow::connectParts()
 /// Tells assistive tools which attribute each part belongs to.
 void AttributeRow::nameParts()
 {
+    const ui::QuietReaders quiet(isVisible() ? nullptr : this, ui::kStateChanges);
     setAccessibleName(name());
     const int count = fieldCount();
     for (int i = 0; i < count; ++i) {
@@ -520,6 +522,7 @@ void AttributeRow::updateReset()
             editor->setFocus(Qt::TabFocusReason);
         }
     }
+    const ui::QuietReaders quiet(isVisible() ? nullptr : this, ui::kStateChanges);
     m_parts->reset->setEnabled(canReset);
 }
 

@@ -63,8 +63,16 @@ public:
     }
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? ui::colorText(m_swatch->value())
-                                          : AccessibleButton::text(kind);
+        if (kind == QAccessible::Value) {
+            return ui::colorWords(m_swatch->value());
+        }
+        const QString text = AccessibleButton::text(kind);
+        if (kind != QAccessible::Description) {
+            return text;
+        }
+        // Where values are numbers alone, the colour is heard from here.
+        const QString color = ui::colorWords(m_swatch->value());
+        return text.isEmpty() ? color : ColorSwatch::tr("%1. %2").arg(color, text);
     }
 
     QVariant currentValue() const override { return ui::colorText(m_swatch->value()); }

@@ -77,6 +77,7 @@ struct NumericField::Data
     double softMax = std::numeric_limits<double>::max();
     double dragMultiplier = 1.0;
     double startValue = 0.0;
+    double toldValue = 0.0; ///< what assistive tools know
     int cursorPosition = 0; ///< in the text, under the last press
     QString suffix;
     QString textBefore; ///< a drag's first step, which Escape brings back
@@ -94,6 +95,7 @@ NumericField::NumericField(double startValue, QWidget* parent)
     , m_data(std::make_unique<Data>())
 {
     ui::installAccessible<NumericField, ui::AccessibleNumericField>();
+    connect(this, &QLineEdit::textChanged, this, &NumericField::tellReaders);
     connect(this, &QLineEdit::textChanged, this, &NumericField::changed);
     connect(this, &LineEdit::valueChanged, this, [this](bool committed) {
         Q_EMIT edited(value(), committed);
@@ -246,9 +248,22 @@ QString NumericField::textOf(double value) const
 
 void NumericField::showText(const QString& text)
 {
-    if (text != this->text()) {
-        setText(text);
-        ui::notifyAccessibleValue(this, value());
+    if (text == this->text()) {
+        return;
+    }
+    // Of a number that nobody edits the value's event says it all.
+    const ui::QuietReaders quiet(hasFocus() ? nullptr : this, ui::kTextChanges);
+    setText(text);
+}
+
+/// Once for each value that the text says, whoever has changed it; what is half typed says none.
+void NumericField::tellReaders()
+{
+    bool isNumber = false;
+    const double number = text().toDouble(&isNumber);
+    if (isNumber && number != m_data->toldValue) {
+        m_data->toldValue = number;
+        ui::notifyAccessibleValue(this, number);
     }
 }
 
@@ -472,7 +487,6 @@ void NumericField::keyPressEvent(QKeyEvent* event)
     if (!self) {
         return;
     }
-    ui::notifyAccessibleValue(this, value());
     if (isWhole) {
         selectAll();
     } else if (length > 0) {

@@ -141,6 +141,7 @@ private:
     bool takeFocus(Qt::FocusReason reason);
     bool enterEditMode();
     void leaveEditMode();
+    void tellReaders();
     void showText(const QString& text);
     QString textOf(double value) const;
 

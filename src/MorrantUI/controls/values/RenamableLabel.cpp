@@ -106,7 +106,6 @@ void RenamableLabel::setText(const QString& text)
         QAccessibleEvent event(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&event);
     }
-    ui::notifyAccessibleValue(this, m_text);
 }
 
 void RenamableLabel::rename(const QString& text)

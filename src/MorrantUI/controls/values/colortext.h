@@ -18,6 +18,10 @@ namespace ui {
 /// an invalid colour.
 MORRANT_UI_EXPORT QString colorText(const QColor& color);
 
+/// What is read out for a colour: its name and its channels from 0 to 255, "dark blue: 0, 0, 128",
+/// and how opaque it is when that is not wholly so. Empty for an invalid colour.
+MORRANT_UI_EXPORT QString colorWords(const QColor& color);
+
 /// Reads #rgb, #rrggbb or #rrggbbaa, in either case, with or without the '#', white space around it
 /// allowed. Nothing for any other text.
 MORRANT_UI_EXPORT std::optional<QColor> colorFromText(const QString& text);

@@ -21,14 +21,6 @@ constexpr double kMarginShare = 1.0 / 3.0; ///< of the font size, on either side
 constexpr int kLine = 1;                   ///< thickness, logical pixels
 constexpr int kEndInset = 2;               ///< of the line at both ends
 
-class AccessibleBar : public QAccessibleWidget
-{
-public:
-    explicit AccessibleBar(QWidget* bar)
-        : QAccessibleWidget(bar, QAccessible::Separator)
-    {}
-};
-
 /// The box layout that holds a widget, in or below `layout`; null without one.
 const QBoxLayout* boxAround(const QWidget* widget, QLayout* layout)
 {
@@ -57,7 +49,7 @@ SpacerBar::SpacerBar(QWidget* parent)
     : QWidget(parent)
     , m_colorName(QStringLiteral("Midlight"))
 {
-    ui::installAccessible<SpacerBar, AccessibleBar>();
+    ui::installAccessible<SpacerBar, ui::AccessibleAs<QAccessible::Separator>>();
     setAttribute(Qt::WA_TransparentForMouseEvents);
     applyPolicy();
 }
