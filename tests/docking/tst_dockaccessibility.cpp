@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/Desk.h"
+#include "support/ReaderEvents.h"
 #include "support/TestCase.h"
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/arrangement.h>
 
 #include <QAccessible>
 
@@ -43,9 +45,10 @@ private Q_SLOTS:
         Desk desk;
         QCOMPARE(
             described(*QAccessible::queryAccessibleInterface(&desk.root())),
-            QStringLiteral("Window(Splitter(Pane:a(TitleBar:a content) Grip "
-                           "Pane(PageTabList(PageTab:b PageTab:c) LayeredPane(Pane:b(content) "
-                           "Pane:c(content))) Grip Pane:d(TitleBar:d content)))"));
+            QStringLiteral(
+                "Window(Grouping(Pane:a(TitleBar:a content) Splitter:Between a and b "
+                "Pane(PageTabList(PageTab:b PageTab:c) LayeredPane(Pane:b(content) "
+                "Pane:c(content))) Splitter:Between b and d Pane:d(TitleBar:d content)))"));
         QCOMPARE(
             described(*QAccessible::queryAccessibleInterface(desk.e)),
             u"Window:e(TitleBar:e content)"_qs);
@@ -69,6 +72,25 @@ private Q_SLOTS:
         desk.rowOfTabs->setActiveIndex(1);
         QVERIFY(seen(tab)->state().selected && seen(tab)->state().focusable);
         QVERIFY(!seen(desk.rowOfTabs->tabAt(0))->state().selected);
+    }
+
+    void aSplitterTellsWhereItIsAndGoesThere()
+    {
+        Desk desk;
+        auto* const handle = desk.root().findChild<QSplitter*>()->handle(1);
+        auto* const place = QAccessible::queryAccessibleInterface(handle)->valueInterface();
+        const int width = desk.a->width();
+        QCOMPARE(place->currentValue().toInt(), width);
+        ReaderEvents events;
+        place->setCurrentValue(width + 40);
+        QCOMPARE(desk.a->width(), width + 40);
+        QCOMPARE(events.takeOf(handle).count(QAccessible::ValueChanged), ReaderEvents::heard(1));
+        place->setCurrentValue(1e9);
+        QCOMPARE(handle->x(), place->maximumValue().toInt());
+        ui::setLayoutLocked(true);
+        place->setCurrentValue(width);
+        ui::setLayoutLocked(false);
+        QCOMPARE(handle->x(), place->maximumValue().toInt());
     }
 
     void assistiveToolsActAsTheUserDoes()

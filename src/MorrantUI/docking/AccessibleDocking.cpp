@@ -6,7 +6,6 @@
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DockableWindow.h>
-#include <MorrantUI/docking/SolidSplitter.h>
 
 #include <QLayout>
 
@@ -50,21 +49,10 @@ QWidgetList AccessibleDockable::parts() const
     return shown;
 }
 
-AccessibleDockSplitter::AccessibleDockSplitter(SolidSplitter* splitter)
-    : AccessibleParts(splitter, QAccessible::Splitter)
-{}
-
-QWidgetList AccessibleDockSplitter::parts() const
+QString AccessibleGrip::text(QAccessible::Text kind) const
 {
-    QWidgetList inOrder;
-    const auto* splitter = static_cast<SolidSplitter*>(widget());
-    for (int i = 0; i < splitter->count(); ++i) {
-        if (!splitter->handle(i)->isHidden()) { // that of the first child always is
-            inOrder.append(splitter->handle(i));
-        }
-        inOrder.append(splitter->widget(i));
-    }
-    return inOrder;
+    return kind == QAccessible::Description ? plainDescription(*widget(), text(QAccessible::Name))
+                                            : QAccessibleWidget::text(kind);
 }
 
 QStringList AccessibleGrip::actionNames() const

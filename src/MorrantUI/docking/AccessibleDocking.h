@@ -7,7 +7,6 @@ class DockTabStrip;
 class DockableHeader;
 class DockableTabWidget;
 class DockableWindow;
-class SolidSplitter;
 
 /// Dockable windows, their headers and their tabs as assistive tools see them.
 namespace ui {
@@ -26,16 +25,6 @@ protected:
     QWidgetList parts() const override;
 };
 
-/// The children of a group as they lie, with the handles between them.
-class AccessibleDockSplitter : public AccessibleParts
-{
-public:
-    explicit AccessibleDockSplitter(SolidSplitter* splitter);
-
-protected:
-    QWidgetList parts() const override;
-};
-
 /// What the user grabs a window by. Its menu opens through the event queue, since it waits for an
 /// answer.
 class AccessibleGrip : public QAccessibleWidget
@@ -43,6 +32,7 @@ class AccessibleGrip : public QAccessibleWidget
 public:
     using QAccessibleWidget::QAccessibleWidget;
 
+    QString text(QAccessible::Text kind) const override;
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
 };

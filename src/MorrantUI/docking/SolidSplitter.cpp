@@ -2,7 +2,7 @@
 #include "MorrantUI/docking/SolidSplitter.h"
 
 #include "MorrantUI/controls/accessibility.h"
-#include "MorrantUI/docking/AccessibleDocking.h"
+#include "MorrantUI/docking/AccessibleSplitter.h"
 #include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -59,7 +59,8 @@ protected:
 SolidSplitter::SolidSplitter(QWidget* parent)
     : QSplitter(parent)
 {
-    ui::installAccessible<SolidSplitter, ui::AccessibleDockSplitter>();
+    ui::installAccessible<QSplitter, ui::AccessibleSplitter>(); // and for others, too
+    ui::installAccessible<QSplitterHandle, ui::AccessibleSplitHandle>();
     setLayoutDirection(Qt::LeftToRight);
     setChildrenCollapsible(false);
 }
