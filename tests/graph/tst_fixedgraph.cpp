@@ -149,6 +149,9 @@ private Q_SLOTS:
         QCOMPARE(owner.steps.count(), 2);
         const auto* const spoken = QAccessible::queryAccessibleInterface(owner.view);
         QCOMPARE(spoken->text(QAccessible::Description), u"Time 0.61, value 0.4"_qs);
+        const auto* const point = spoken->child(0)->child(1);
+        QCOMPARE(point->text(QAccessible::Name), u"Keyframe 2: Time 0.61, value 0.4"_qs);
+        QVERIFY(point->state().selected && point->parent()->parent() == spoken);
     }
 
     void theMenuDeletesDownToTheLeastNumberAddsAndTellsTheType()

@@ -229,6 +229,24 @@ private Q_SLOTS:
         QCOMPARE(editor.selection(), u"12"_qs);
     }
 
+    void assistiveToolsFindKeysInTheirRows()
+    {
+        Editor editor{{5}, {12, 30, 20}};
+        QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(editor.view);
+        QAccessibleInterface* const row = seen->child(1);
+        QAccessibleInterface* const key = row->child(1);
+        QVERIFY(
+            row->childCount() == 3 && row->indexOfChild(key) == 1 && seen->indexOfChild(row) == 1);
+        QVERIFY(key->parent() == row && row->parent() == seen);
+        QCOMPARE(key->text(QAccessible::Name), u"Keyframe 2: frame 20"_qs);
+        const QRect screen(
+            editor.view->viewport()->mapToGlobal(QPoint()), editor.view->viewport()->size());
+        QVERIFY(screen.contains(key->rect()) && !key->state().offscreen);
+        key->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(editor.selection(), u"20"_qs);
+        QVERIFY(key->state().selected && !row->child(0)->state().selected);
+    }
+
     void rowsStackAndComeAgainAfterClearing()
     {
         Editor editor;

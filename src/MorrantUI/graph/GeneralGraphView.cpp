@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/GeneralGraphView.h"
 
+#include "MorrantUI/graph/AccessiblePoints.h"
 #include "MorrantUI/graph/ChangeBatch.h"
 #include "MorrantUI/graph/GraphDrag.h"
 #include "MorrantUI/scene/framemath.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
+#include <MorrantUI/graph/GraphCurveWidget.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/graph/PointTransformTool.h>
 #include <MorrantUI/scene/TransformTool.h>
@@ -29,6 +31,8 @@ GeneralGraphView::GeneralGraphView(QWidget* parent)
     , m_toolEdit(std::make_unique<ui::GraphEdit>())
 {
     setAccessibleName(tr("Graph editor"));
+    ui::installAccessible<GraphCurveWidget, ui::AccessibleCurve>();
+    ui::installAccessible<GraphPointWidget, ui::AccessiblePoint>();
 }
 
 GeneralGraphView::~GeneralGraphView()

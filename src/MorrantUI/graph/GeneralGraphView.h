@@ -125,6 +125,11 @@ public:
     /// painted next. The operations above do so themselves.
     void updateItemRects();
 
+    /// How a screen reader is told of a point.
+    virtual QString pointText(const GraphPointWidget& point) const;
+    /// The curves, those in front first.
+    QObjectList listsForReaders() const override;
+
 protected:
     /// Zooms about the pointer: with Control both axes, with Shift too the values', with Alt too
     /// the time's. @return whether the event was one for zooming
@@ -134,9 +139,6 @@ protected:
     virtual QSizeF nudgeStep() const;
     /// Makes the transform tool, which becomes the scene's. By default a PointTransformTool.
     virtual TransformTool* createTransformTool();
-    /// How a screen reader is told of a point that is selected.
-    virtual QString pointText(const GraphPointWidget& point) const;
-
     /// Around what the user changes in one go: a drag, a key, a click that changes points.
     virtual void editStarted() {}
     /// @param changed whether anything is different from before; not after Escape

@@ -11,10 +11,12 @@
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GeneralGraphView.h>
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
+#include <MorrantUI/graph/GraphCurveWidget.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/scene/TransformTool.h>
 
 #include <QApplication>
+#include <QGraphicsScene>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -241,6 +243,19 @@ QString GeneralGraphView::pointText(const GraphPointWidget& point) const
 {
     const QPointF place = point.scenePos();
     return tr("Point at time %1, value %2").arg(place.x()).arg(0.0 - place.y());
+}
+
+QObjectList GeneralGraphView::listsForReaders() const
+{
+    QObjectList curves;
+    const QList<QGraphicsItem*> items = scene() ? scene()->items() : QList<QGraphicsItem*>();
+    for (QGraphicsItem* const item : items) {
+        auto* const curve = dynamic_cast<GraphCurveWidget*>(item);
+        if (curve && curve->isVisible()) {
+            curves.append(curve);
+        }
+    }
+    return curves;
 }
 
 void GeneralGraphView::describeSelection()

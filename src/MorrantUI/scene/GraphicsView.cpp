@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/scene/GraphicsView.h"
 
+#include "MorrantUI/scene/AccessibleView.h"
 #include "MorrantUI/scene/EdgeScroller.h"
 #include "MorrantUI/scene/wheel.h"
 #include <MorrantUI/theme/OverrideCursor.h>
@@ -19,6 +20,7 @@ GraphicsView::GraphicsView(QWidget* parent)
 {
     setFrameShape(QFrame::NoFrame);
     setFrameShadow(QFrame::Plain);
+    ui::installAccessible<GraphicsView, ui::AccessibleView>();
 }
 
 GraphicsView::~GraphicsView() = default;

@@ -6,6 +6,7 @@
 
 #include <QCursor>
 #include <QGraphicsView>
+#include <QObjectList>
 #include <QPointF>
 
 #include <memory>
@@ -32,6 +33,10 @@ public:
 
     /// What of the scene the viewport covers, in scene units.
     QRectF getVisibleRect() const;
+
+    /// What assistive tools find in the scene, in the order in which it is read: rows of keys,
+    /// curves of points.
+    virtual QObjectList listsForReaders() const { return {}; }
 
 protected:
     /// Installs the application's override cursor, or changes the one that is installed.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/TimeEditorRowHeader.h"
 
+#include "MorrantUI/controls/accessibility.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/drawing.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
@@ -30,6 +31,7 @@ TimeEditorRowHeader::TimeEditorRowHeader(TimeEditorView* view, QWidget* parent)
     , m_view(view)
 {
     setFocusPolicy(Qt::StrongFocus);
+    ui::installAccessible<TimeEditorRowHeader, ui::AccessibleAs<QAccessible::List>>();
     setAccessibleName(tr("Rows"));
     if (!view) {
         return;
@@ -75,7 +77,10 @@ void TimeEditorRowHeader::setCurrentRow(TimeEditorBaseItem* row)
     TimeEditorBaseItem* const wanted = find(row) ? row : nullptr;
     if (m_current != wanted) {
         m_current = wanted;
-        setAccessibleDescription(wanted ? label(wanted)->text : QString());
+        const QString text = wanted ? label(wanted)->text : QString();
+        if (text != accessibleDescription()) { // of rows that were filled anew
+            setAccessibleDescription(text);
+        }
         update();
     }
 }

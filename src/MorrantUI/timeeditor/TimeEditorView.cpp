@@ -3,6 +3,7 @@
 
 #include "MorrantUI/scene/DragOverlay.h"
 #include "MorrantUI/scene/viewfit.h"
+#include "MorrantUI/timeeditor/AccessibleKeys.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/marqueefilter.h"
@@ -81,6 +82,8 @@ void TimeEditorView::configure()
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAccessibleName(tr("Time editor"));
+    ui::installAccessible<TimeEditorCurveItem, ui::AccessibleKeyRow>();
+    ui::installAccessible<TimeEditorKeyframeItem, ui::AccessibleKey>();
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
     setRenderHints(

@@ -119,6 +119,9 @@ public:
     QRectF getTranslateToolRect() const;
     void clearSelection(); ///< of the scene
 
+    /// The rows of keys, from the top.
+    QObjectList listsForReaders() const override;
+
     /// Scaling of the selected keys in time, as the transform tool drives it.
     /// @param origin scene units @param flag whether the right edge is dragged
     void setupKeyScaling(QPoint origin, bool flag);

@@ -24,6 +24,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -225,6 +227,24 @@ void TimeEditorView::describeWalkedKey()
                              ? tr("%1, key at frame %2").arg(row->text(), frame)
                              : tr("Key at frame %1").arg(frame);
     setAccessibleDescription(m_walkedKey->isSelected() ? tr("%1, selected").arg(text) : text);
+}
+
+QObjectList TimeEditorView::listsForReaders() const
+{
+    std::vector<std::pair<double, TimeEditorCurveItem*>> rows;
+    if (m_scene) {
+        for (TimeEditorCurveItem* const row : m_scene->curves()) {
+            if (row->isVisible()) {
+                rows.emplace_back(row->scenePos().y(), row);
+            }
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    QObjectList lists;
+    for (const auto& [y, row] : rows) {
+        lists.append(row);
+    }
+    return lists;
 }
 
 void TimeEditorView::rememberWalk(TimeEditorKeyframeItem* pressed)
