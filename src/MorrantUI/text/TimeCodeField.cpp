@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/text/TimeCodeField.h"
 
+#include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/text/textkeys.h"
 #include <MorrantUI/text/timecode.h>
 
@@ -130,8 +131,25 @@ void TimeCodeField::showText(const QString& text)
         return;
     }
     const bool wasSelected = textCursor().hasSelection();
-    setPlainText(text);
-    if (wasSelected && hasFocus()) {
+    const QPointer<TimeCodeField> self(this);
+    setTextTellingOnce(text);
+    if (self && wasSelected && hasFocus()) {
         selectAll(); // what is typed next still replaces it
+    }
+}
+
+/// A code that nobody edits changes with every frame: assistive tools need no more than one event.
+void TimeCodeField::setTextTellingOnce(const QString& text)
+{
+    const bool tellsOnce = !hasFocus() && QAccessible::isActive();
+    const QString before = toPlainText();
+    const QPointer<TimeCodeField> self(this);
+    {
+        const ui::QuietReaders quiet(tellsOnce ? this : nullptr, ui::kTextChanges);
+        setPlainText(text);
+    }
+    if (self && tellsOnce) {
+        QAccessibleTextUpdateEvent event(this, 0, before, text);
+        QAccessible::updateAccessibility(&event);
     }
 }

@@ -51,6 +51,7 @@ protected:
 private:
     void enter();
     void showText(const QString& text);
+    void setTextTellingOnce(const QString& text);
 
     int m_frame = 0;
     double m_rate = 0.0;

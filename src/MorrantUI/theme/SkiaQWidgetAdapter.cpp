@@ -5,6 +5,8 @@
 
 #include <Core/ShapeRendering.h>
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QPainter>
 
 #include <include/core/SkCanvas.h>
@@ -17,9 +19,24 @@
 
 namespace ui {
 
+namespace {
+
+/// To assistive tools it is a canvas, which the host names.
+QAccessibleInterface* accessibleCanvas(const QString& key, QObject* object)
+{
+    auto* const widget = key == QLatin1String(SkiaQWidgetAdapter::staticMetaObject.className())
+                             ? qobject_cast<SkiaQWidgetAdapter*>(object)
+                             : nullptr;
+    return widget ? new QAccessibleWidget(widget, QAccessible::Canvas) : nullptr;
+}
+
+} // namespace
+
 SkiaQWidgetAdapter::SkiaQWidgetAdapter(QWidget* parent)
     : Widget(parent)
-{}
+{
+    QAccessible::installFactory(accessibleCanvas); // once, however often
+}
 
 SkiaQWidgetAdapter::~SkiaQWidgetAdapter() = default;
 

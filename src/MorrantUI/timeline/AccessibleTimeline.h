@@ -15,6 +15,7 @@ public:
     explicit AccessibleTimeline(TimelineView* view);
 
     QString text(QAccessible::Text kind) const override;
+    int childCount() const override { return 0; } ///< the viewport is the slider
 };
 
 } // namespace ui
