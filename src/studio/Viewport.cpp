@@ -60,6 +60,7 @@ sk_sp<SkShader> chequer(QPointF corner)
 Viewport::Viewport(QWidget* parent)
     : SkiaQWidgetAdapter(parent)
 {
+    setAccessibleName(tr("Composition"));
     setMinimumSize(160, 120);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true); // so that a pan whose release got lost ends with the next move

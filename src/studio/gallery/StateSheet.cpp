@@ -4,6 +4,7 @@
 #include "gallery/sections.h"
 #include <MorrantUI/controls/values/RenamableLabel.h>
 
+#include <QAccessible>
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -31,14 +32,25 @@ QString nameOf(gallery::State state)
     return StateSheet::tr("At rest");
 }
 
+/// What can have the focus is called as its row is, unless it says what it is.
+void nameParts(QWidget& whole, const QString& name)
+{
+    for (QWidget* part : QWidgetList{&whole} + whole.findChildren<QWidget*>()) {
+        const QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(part);
+        if (part->focusPolicy() != Qt::NoFocus && seen->text(QAccessible::Name).isEmpty()) {
+            part->setAccessibleName(name);
+        }
+    }
+}
+
 } // namespace
 
 StateSheet::StateSheet(QWidget* parent)
     : QWidget(parent)
     , m_grid(new QGridLayout(this))
-    , m_focus(new QWidget(this))
+    , m_focus(new QLabel(this))
 {
-    m_focus->setFocusPolicy(Qt::TabFocus);
+    m_focus->setAccessibleName(tr("Focus of the controls in these pictures"));
     m_grid->setContentsMargins({});
     addHeadings();
     int line = 1;
@@ -76,6 +88,7 @@ void StateSheet::addRow(int line, const gallery::SpecimenRow& row)
     int column = 1;
     for (const gallery::State state : gallery::kStates) {
         if (const auto [widget, part] = row.make(state); widget) {
+            nameParts(*widget, row.name);
             addCell(line, column, widget);
             if (state != gallery::State::Rest) {
                 widget->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -87,6 +100,7 @@ void StateSheet::addRow(int line, const gallery::SpecimenRow& row)
     }
     if (row.other) {
         QWidget* other = row.other();
+        nameParts(*other, row.name);
         addCell(line, kOtherColumn, other);
         m_grid->addWidget(gallery::caption(row.otherName), line, kOtherColumn + 1);
         m_renamed = m_renamed ? m_renamed.data() : qobject_cast<RenamableLabel*>(other);

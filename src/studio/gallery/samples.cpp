@@ -59,10 +59,19 @@ QWidget* row(std::initializer_list<QWidget*> widgets, bool stretch = true)
     return line;
 }
 
-QToolButton* toolButton(const QString& name, bool checkable = false, bool checked = false)
+template <class Control>
+Control* named(Control* control, const QString& name)
+{
+    control->setAccessibleName(name);
+    return control;
+}
+
+QToolButton* toolButton(
+    const QString& name, const QString& text, bool checkable = false, bool checked = false)
 {
     auto* button = new QToolButton;
     button->setIcon(icon(name));
+    button->setText(text); // which the icon stands for
     button->setAutoRaise(true);
     button->setCheckable(checkable);
     button->setChecked(checked);
@@ -71,20 +80,20 @@ QToolButton* toolButton(const QString& name, bool checkable = false, bool checke
 
 QWidget* toolButtons()
 {
-    auto* withMenu = toolButton(QStringLiteral("keyframeAdd"));
+    auto* withMenu = toolButton(QStringLiteral("keyframeAdd"), tr("Add key"));
     withMenu->setPopupMode(QToolButton::MenuButtonPopup);
     auto* menu = new QMenu(withMenu);
     menu->addAction(tr("Add key"));
     withMenu->setMenu(menu);
     return row(
-        {toolButton(QStringLiteral("toStart")),
-         toolButton(QStringLiteral("stepBack")),
-         toolButton(QStringLiteral("play")),
-         toolButton(QStringLiteral("stepForward")),
-         toolButton(QStringLiteral("toEnd")),
-         toolButton(QStringLiteral("loop"), true, true),
-         toolButton(QStringLiteral("autoKey"), true),
-         toolButton(QStringLiteral("snap"), true, true),
+        {toolButton(QStringLiteral("toStart"), tr("First frame")),
+         toolButton(QStringLiteral("stepBack"), tr("Step back")),
+         toolButton(QStringLiteral("play"), tr("Play")),
+         toolButton(QStringLiteral("stepForward"), tr("Step forward")),
+         toolButton(QStringLiteral("toEnd"), tr("Last frame")),
+         toolButton(QStringLiteral("loop"), tr("Loop"), true, true),
+         toolButton(QStringLiteral("autoKey"), tr("Set keys by itself"), true),
+         toolButton(QStringLiteral("snap"), tr("Snap"), true, true),
          withMenu});
 }
 
@@ -246,7 +255,7 @@ QWidget* menuBar()
 
 QTreeWidget* layerTree()
 {
-    auto* tree = new QTreeWidget;
+    auto* tree = named(new QTreeWidget, tr("Layers"));
     tree->setHeaderLabels({tr("Layer"), tr("Mode"), tr("Keys")});
     tree->setAlternatingRowColors(true);
     const auto add = [](auto* parent, const QStringList& texts, const QString& iconName) {
@@ -272,7 +281,7 @@ QTreeWidget* layerTree()
 
 QTableWidget* keyTable()
 {
-    auto* table = new QTableWidget(5, 3);
+    auto* table = named(new QTableWidget(5, 3), tr("Keys"));
     table->setHorizontalHeaderLabels({tr("Frame"), tr("Value"), tr("Easing")});
     for (int line = 0; line < table->rowCount(); ++line) {
         table->setItem(
@@ -291,7 +300,7 @@ QTableWidget* keyTable()
 
 QListWidget* presetList()
 {
-    auto* list = new QListWidget;
+    auto* list = named(new QListWidget, tr("Presets"));
     for (const QString& text :
          {tr("Fade in"),
           tr("Pop"),
@@ -324,16 +333,17 @@ QWidget* fields()
     search->addAction(icon(QStringLiteral("search")), QLineEdit::LeadingPosition);
     auto* locked = new QLineEdit(tr("Read from the file"));
     locked->setEnabled(false);
-    auto* rate = new QDoubleSpinBox;
+    auto* rate = named(new QDoubleSpinBox, tr("Frame rate"));
     rate->setValue(29.97);
     rate->setSuffix(tr(" fps"));
-    auto* frames = new QSpinBox;
+    auto* frames = named(new QSpinBox, tr("Frames"));
     frames->setMaximum(9999);
     frames->setValue(240);
-    auto* mode = new QComboBox;
+    auto* mode = named(new QComboBox, tr("Blend mode"));
     mode->addItems({tr("Normal"), tr("Multiply"), tr("Screen"), tr("Overlay")});
-    auto* size = new QComboBox;
+    auto* size = named(new QComboBox, tr("Size"));
     size->setEditable(true);
+    named(size->lineEdit(), tr("Size"));
     size->addItems({QStringLiteral("1920 × 1080"), QStringLiteral("1080 × 1080")});
     form->addRow(tr("Name"), name);
     form->addRow(tr("Search"), search);
@@ -356,10 +366,10 @@ QWidget* ranges()
     auto* ticked = slider(70);
     ticked->setTickPosition(QSlider::TicksBelow);
     ticked->setTickInterval(10);
-    auto* dial = new QDial;
+    auto* dial = named(new QDial, tr("Rotation"));
     dial->setValue(65);
     dial->setFixedSize(52, 52);
-    auto* disabledDial = new QDial;
+    auto* disabledDial = named(new QDial, tr("Rotation, disabled"));
     disabledDial->setValue(30);
     disabledDial->setFixedSize(52, 52);
     disabledDial->setEnabled(false);
@@ -394,7 +404,7 @@ QWidget* views()
     split->addWidget(presetList());
     split->setSizes({320, 150});
     tabs->addTab(split, tr("Layers"));
-    auto* notes = new QPlainTextEdit(tr("Keys are rounded to whole frames."));
+    auto* notes = named(new QPlainTextEdit(tr("Keys are rounded to whole frames.")), tr("Notes"));
     tabs->addTab(notes, tr("Notes"));
     tabs->addTab(new QWidget, tr("Graph"));
     tabs->setTabEnabled(2, false);

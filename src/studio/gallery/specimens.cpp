@@ -27,6 +27,8 @@
 #include <QCoreApplication>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace studio::gallery {
 
 namespace {
@@ -293,8 +295,10 @@ QWidget* flow()
         layout->addWidget(new PushButton(name));
     }
     layout->addWidget(new SpacerBar);
-    for (const char* icon : {"undo", "redo"}) {
-        layout->addWidget(new IconButton(QStringLiteral("icons:%1.png").arg(QLatin1String(icon))));
+    for (const auto& [icon, name] : {std::pair("undo", tr("Undo")), {"redo", tr("Redo")}}) {
+        auto* button = new IconButton(QStringLiteral("icons:%1.png").arg(QLatin1String(icon)));
+        button->setToolTip(name);
+        layout->addWidget(button);
     }
     layout->addWidget(new SpacerBar);
     layout->addWidget(new ToggleSwitch(tr("Preview")));
