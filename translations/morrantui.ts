@@ -68,6 +68,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>%1. %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Colour</source>
         <translation type="unfinished"></translation>
     </message>
@@ -166,6 +170,14 @@
 <context>
     <name>GeneralGraphView</name>
     <message>
+        <source>Curve</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keyframe %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Graph editor</source>
         <translation type="unfinished"></translation>
     </message>
@@ -192,11 +204,11 @@
 <context>
     <name>KeyframeButton</name>
     <message>
-        <source>Remove the keyframe at this frame</source>
+        <source>Animated</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Set a keyframe at this frame</source>
+        <source>Keyframe at this frame</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -204,11 +216,15 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Animated</source>
+        <source>Keyframe</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Keyframe at this frame</source>
+        <source>Remove the keyframe at this frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set a keyframe at this frame</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -248,6 +264,17 @@
     <name>RenamableLabel</name>
     <message>
         <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SolidSplitter</name>
+    <message>
+        <source>Splitter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Between %1 and %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -317,6 +344,14 @@
 </context>
 <context>
     <name>TimeEditorView</name>
+    <message>
+        <source>Keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keyframe %1: frame %2</source>
+        <translation type="unfinished"></translation>
+    </message>
     <message>
         <source>Time editor</source>
         <translation type="unfinished"></translation>
@@ -449,6 +484,65 @@
     </message>
     <message>
         <source>There is a preset named “%1”. What is in it will be lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ui::colorWords</name>
+    <message>
+        <source>black</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>dark grey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>grey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>light grey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>white</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>red</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>orange</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>yellow</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>lime</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>green</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cyan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>blue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>violet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>magenta</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

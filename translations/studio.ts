@@ -1265,6 +1265,10 @@
         <source>At rest</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Focus of the controls in these pictures</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>studio::StudioMenus</name>
@@ -1550,6 +1554,10 @@
 <context>
     <name>studio::Viewport</name>
     <message>
+        <source>Composition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Drop a Lottie file here, or open one with Ctrl+O</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1562,6 +1570,38 @@
     <name>studio::gallery</name>
     <message>
         <source>Add key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>First frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Step back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Step forward</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set keys by itself</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1661,6 +1701,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Layers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Layer</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1753,11 +1797,27 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Frame rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source> fps</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blend mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Overlay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1789,6 +1849,14 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Rotation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rotation, disabled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Opacity</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1801,10 +1869,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Rotation</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Waiting</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1814,10 +1878,6 @@
     </message>
     <message>
         <source>Add a key at the current frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Layers</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1849,19 +1909,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Snap</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Show in folder</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Ease out</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Loop</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1890,6 +1942,14 @@
     </message>
     <message>
         <source>Elastic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
