@@ -5,23 +5,38 @@
 #include <MorrantUI/docking/DockableTabGroup.h>
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include <vector>
+#include <cmath>
+#include <cstdint>
+#include <random>
 
 namespace ui::bench {
 
 namespace {
 
-constexpr QSize kWindow(1600, 1000); // logical pixels
+constexpr QSize kWindow(1600, 1000); // logical pixels, for kPanels
 constexpr int kLabels = 20;          // in each panel
+constexpr int kHandle = 6;           // logical pixels, as in our tree, whatever the style's
+
+QString contentName()
+{
+    return QStringLiteral("content");
+}
+
+QSize windowFor(std::size_t panels)
+{
+    return kWindow * std::sqrt(static_cast<double>(panels) / static_cast<double>(kPanels));
+}
 
 QWidget* makeContent()
 {
     auto* content = new QWidget;
+    content->setObjectName(contentName());
     auto* rows = new QVBoxLayout(content);
     for (int i = 0; i < kLabels; ++i) {
         auto* label = new QLabel(QStringLiteral("Label %1").arg(i));
@@ -39,12 +54,12 @@ QString titleOf(std::size_t panel)
 class OurTree final : public Tree
 {
 public:
-    explicit OurTree(Shape shape)
+    OurTree(Shape shape, std::size_t panels)
     {
         gMainWindow = &m_root;
         m_root.setAttribute(Qt::WA_DeleteOnClose, false);
-        m_root.resize(kWindow);
-        for (std::size_t i = 0; i < kPanels; ++i) {
+        m_root.resize(windowFor(panels));
+        for (std::size_t i = 0; i < panels; ++i) {
             auto* panel = new DockableWindow(makeContent());
             panel->setText(titleOf(i));
             m_panels.push_back(panel);
@@ -98,13 +113,14 @@ private:
 class BareTree final : public Tree
 {
 public:
-    explicit BareTree(Shape shape)
-        : m_root(new QSplitter)
+    BareTree(Shape shape, std::size_t panels)
+        : m_root(makeSplitter(Qt::Horizontal))
     {
         auto* layout = new QVBoxLayout(&m_window);
+        layout->setContentsMargins(kHandle, kHandle, kHandle, kHandle);
         layout->addWidget(m_root);
-        m_window.resize(kWindow);
-        for (std::size_t i = 0; i < kPanels; ++i) {
+        m_window.resize(windowFor(panels));
+        for (std::size_t i = 0; i < panels; ++i) {
             m_panels.push_back(makePanel(i, shape));
             place(i, shape);
         }
@@ -156,9 +172,8 @@ public:
             parent->setSizes(sizes);
             return;
         }
-        auto* splitter =
-            new QSplitter(ui::docking::isVertical(area) ? Qt::Vertical : Qt::Horizontal);
-        splitter->setChildrenCollapsible(false);
+        QSplitter* splitter =
+            makeSplitter(ui::docking::isVertical(area) ? Qt::Vertical : Qt::Horizontal);
         splitter->addWidget(target);
         splitter->insertWidget(ui::docking::insertIndex(area), m_panels[number]);
         parent->insertWidget(index, splitter);
@@ -173,6 +188,13 @@ public:
     }
 
 private:
+    static QSplitter* makeSplitter(Qt::Orientation orientation)
+    {
+        auto* splitter = new QSplitter(orientation);
+        splitter->setChildrenCollapsible(false);
+        splitter->setHandleWidth(kHandle);
+        return splitter;
+    }
     static QTabWidget* tabsOf(QWidget* panel)
     {
         QWidget* stack = panel->parentWidget();
@@ -230,14 +252,54 @@ private:
 
 } // namespace
 
-std::unique_ptr<Tree> makeOurTree(Shape shape)
+std::unique_ptr<Tree> makeOurTree(Shape shape, std::size_t panels)
 {
-    return std::make_unique<OurTree>(shape);
+    return std::make_unique<OurTree>(shape, panels);
 }
 
-std::unique_ptr<Tree> makeBareTree(Shape shape)
+std::unique_ptr<Tree> makeBareTree(Shape shape, std::size_t panels)
 {
-    return std::make_unique<BareTree>(shape);
+    return std::make_unique<BareTree>(shape, panels);
+}
+
+void setLabelGaps(QWidget& window, int margin, int gap)
+{
+    for (QWidget* content : window.findChildren<QWidget*>(contentName())) {
+        content->layout()->setContentsMargins(margin, margin, margin, margin);
+        content->layout()->setSpacing(gap);
+    }
+}
+
+std::vector<Move> seededMoves(unsigned seed, Shape shape, std::size_t panels, std::size_t count)
+{
+    std::mt19937 random(seed);
+    std::vector<Move> moves;
+    while (moves.size() < count) {
+        const std::uint32_t bits = random();
+        const Move move{
+            bits % panels,
+            (bits >> 8U) % panels,
+            shape == Shape::Tabs ? DockableArea::Center
+                                 : static_cast<DockableArea>(1 + (bits >> 16U) % 4)};
+        if (move.panel != move.target) {
+            moves.push_back(move);
+        }
+    }
+    return moves;
+}
+
+ContentEvents::ContentEvents()
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool ContentEvents::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool counts = event->type() == QEvent::Resize || event->type() == QEvent::Paint;
+    if (counts && watched->isWidgetType() && watched->objectName() == contentName()) {
+        event->type() == QEvent::Resize ? ++resizes : ++paints;
+    }
+    return false;
 }
 
 std::size_t targetOf(std::size_t panel, Shape shape)

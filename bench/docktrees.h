@@ -3,17 +3,18 @@
 
 #include <MorrantUI/docking/DockableArea.h>
 
-#include <QList>
+#include <QObject>
 
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 class QWidget;
 
-/// The same fifty panels in our tree and in a bare one of Qt's splitters and tabs.
+/// The same panels in our tree and in a bare one of Qt's splitters and tabs.
 namespace ui::bench {
 
-inline constexpr std::size_t kPanels = 50;
+inline constexpr std::size_t kPanels = 50; ///< unless told otherwise
 inline constexpr std::size_t kTabsInGroup = 5;
 
 enum class Shape
@@ -42,13 +43,39 @@ public:
     virtual void switchTabs(int index) = 0;
 };
 
-/// Built, shown and laid out. There can be only one of ours.
-std::unique_ptr<Tree> makeOurTree(Shape shape);
-std::unique_ptr<Tree> makeBareTree(Shape shape);
+/// Built, shown and laid out, in a window in which a panel is as large however many there are.
+/// There can be only one of ours.
+std::unique_ptr<Tree> makeOurTree(Shape shape, std::size_t panels = kPanels);
+std::unique_ptr<Tree> makeBareTree(Shape shape, std::size_t panels = kPanels);
+/// The margins around, and the gaps between, the labels of all panels, instead of the style's.
+void setLabelGaps(QWidget& window, int margin, int gap);
 
 /// Where the panels of a shape go, but for the first; those of a row as in Shape::Splits.
 std::size_t targetOf(std::size_t panel, Shape shape);
 DockableArea areaOf(std::size_t panel, Shape shape);
+
+struct Move
+{
+    std::size_t panel = 0;
+    std::size_t target = 0;
+    DockableArea area = DockableArea::Right;
+};
+
+/// Who goes where: the same for both trees.
+std::vector<Move> seededMoves(unsigned seed, Shape shape, std::size_t panels, std::size_t count);
+
+/// Counts what the contents of all panels go through while it lives.
+class ContentEvents : public QObject
+{
+public:
+    ContentEvents();
+
+    int resizes = 0;
+    int paints = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
 
 /// Runs deferred deletes and everything else that is due.
 void drain();

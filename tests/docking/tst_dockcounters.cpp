@@ -26,14 +26,19 @@ public:
     QList<QWidget*> appeared; ///< top-level windows, as often as shown
     QWidget* leftOut = nullptr;
     DockableWindow* tornOut = nullptr;
-    int parents = 0; ///< given to what is torn out
-    int headers = 0; ///< shown of it
+    int parents = 0;     ///< given to what is torn out
+    int headers = 0;     ///< shown of it
+    QStringList resized; ///< panels with contents that were, as often
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         auto* widget = qobject_cast<QWidget*>(watched);
         parents += widget && widget == tornOut && event->type() == QEvent::ParentChange;
         headers += tornOut && watched == tornOut->header() && event->type() == QEvent::ShowToParent;
+        auto* panel = widget ? qobject_cast<DockableWindow*>(widget->parentWidget()) : nullptr;
+        if (panel && panel->content() == widget && event->type() == QEvent::Resize) {
+            resized << panel->getText();
+        }
         if (widget && event->type() == QEvent::Show && widget->isWindow()) {
             appeared << widget;
         }
@@ -177,6 +182,23 @@ private Q_SLOTS:
             tree.play(QString::fromLatin1(operation) + u", settle"_qs);
             QCOMPARE(
                 operation + QByteArray::number(bystanders.disturbed), operation + QByteArray("0"));
+        }
+    }
+
+    void whoseRoomChangesIsResizedOnceAndNobodyElse()
+    {
+        for (const auto& [start, operation, resized] :
+             {std::tuple("H(a V(b x) c)", "undock x", "b"),
+              {"H(a b c) x", "dock x b bottom", "b x"},
+              {"H(a b c) x", "dock x root top", "a b c x"},
+              {"H(a V(b H(c x)))", "undock x", "c"}})
+        {
+            DockTree tree(QString::fromLatin1(start));
+            Counter counter;
+            tree.play(QString::fromLatin1(operation) + u", settle"_qs);
+            counter.resized.sort();
+            const QString claim = QString::fromLatin1(operation) + u": "_qs;
+            QCOMPARE(claim + counter.resized.join(u' '), claim + QString::fromLatin1(resized));
         }
     }
 

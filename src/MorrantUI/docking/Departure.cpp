@@ -2,6 +2,7 @@
 #include "MorrantUI/docking/Departure.h"
 
 #include "MorrantUI/docking/DragOrigin.h"
+#include "MorrantUI/docking/GroupSplitter.h"
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
 #include <MorrantUI/docking/DockableGroup.h>
@@ -78,6 +79,7 @@ void Departure::takeOut(DockableWindow& window, DockableGroup& group)
 {
     const QPointer<DockableWindow> leaver(&window);
     const QPointer<DockableGroup> left(&group);
+    const GroupSplitter::Pause pause(group.m_splitter);
     {
         const Rearranging rearranging;
         window.removeFromParent(left);

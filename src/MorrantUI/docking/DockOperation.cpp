@@ -59,11 +59,12 @@ DockableGroup* DockOperation::splitRoot(DockableGroup& root)
     const QList<int> shares = SplitterSizes::sharesFor(room, m_window.extentAlong(m_area), m_area);
     DockableGroup* inner = moveChildrenDown(root, m_area);
     {
+        const GroupSplitter::Pause pause(root.m_splitter);
         const Rearranging rearranging;
         root.insertChild(insertIndex(m_area), &m_window);
-    }
-    if (root.isVisible()) {
-        root.applySizes(shares);
+        if (root.isVisible()) {
+            root.applySizes(shares);
+        }
     }
     // A lone group in a group: without this every newcomer that comes and goes would add one.
     DockableWindow* lone = inner->childCount() == 1 ? inner->getChild(0) : nullptr;
@@ -121,9 +122,16 @@ DockableGroup* DockOperation::splitInGroup(DockableGroup& parent)
     const int index = parent.indexOfChild(&m_target);
     const bool inFront = parent.isInFront(m_target);
 
+    const GroupSplitter::Pause pause(parent.m_splitter);
+    const GroupSplitter::Pause pausePair(group->m_splitter);
+
     // The target moves into the group in its own place, so that it never leaves the window that
     // both are in.
     parent.insertChild(index, group);
+    if (parent.m_splitter) { // which shows it when it is laid out, too late for that
+        group->setGeometry(m_target.geometry());
+        group->show();
+    }
     group->appendChild(&m_target);
     if (inFront) {
         parent.bringForward(*group);

@@ -82,6 +82,7 @@ DockableWindow* DockableGroup::takeChild(int index)
     if (child) {
         ui::docking::LayoutChange change; // slots that hear of it may delete the child
         change.note(*child);
+        const GroupSplitter::Pause pause(m_splitter);
         release(*child);
         if (!Rearranging::active()) {
             m_splitterSizes->giveBack(*child);
@@ -137,22 +138,14 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
 
     window->dropNativeWindow();
     GroupSplitter::liftLimits(*window);
-    ui::docking::carryOver(*window, *m_splitter);
-    const bool carried = window->parentWidget() == m_splitter;
-    if (!carried) {
-        // The splitter shall show it at once, and its handle with it, even if it was hidden on
-        // purpose.
-        window->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
-    }
-    m_splitter->insertWidget(place, window);
-    handDownDirection(*window);
-    if (!carried) {
-        window->show();
-    }
-    m_splitter->settleLimits();
-
-    if (!Rearranging::active()) {
-        m_splitterSizes->shareAfter(arrival, place);
+    {
+        const GroupSplitter::Pause pause(m_splitter);
+        m_splitter->put(place, *window);
+        handDownDirection(*window);
+        m_splitter->settleLimits();
+        if (!Rearranging::active()) {
+            m_splitterSizes->shareAfter(arrival, place);
+        }
     }
     tidyAfterReceiving(old);
 }
@@ -366,6 +359,8 @@ void DockableGroup::collapseGroup()
 void DockableGroup::handChildrenTo(DockableGroup& parent)
 {
     const Rearranging rearranging;
+    const GroupSplitter::Pause pause(parent.m_splitter);
+    const GroupSplitter::Pause leaving(m_splitter);
     const QList<int> neighbours = parent.sizes();
     const int place = parent.indexOfChild(this);
     const bool inFront = parent.isInFront(*this);

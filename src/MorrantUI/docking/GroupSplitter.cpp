@@ -2,6 +2,7 @@
 #include "MorrantUI/docking/GroupSplitter.h"
 
 #include "MorrantUI/docking/SplitterSizes.h"
+#include "MorrantUI/docking/carryover.h"
 #include <MorrantUI/docking/DockableWindow.h>
 
 #include <QCoreApplication>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 using ui::docking::Cell;
 using ui::docking::Limits;
@@ -25,6 +27,90 @@ GroupSplitter::GroupSplitter()
 }
 
 GroupSplitter::~GroupSplitter() = default;
+
+GroupSplitter::Pause::Pause(GroupSplitter* splitter)
+    : m_splitter(splitter)
+{
+    if (m_splitter) {
+        ++m_splitter->m_pauses;
+    }
+}
+
+GroupSplitter::Pause::~Pause()
+{
+    if (m_splitter && --m_splitter->m_pauses == 0 && m_splitter->m_stale) {
+        m_splitter->settle();
+    }
+}
+
+/// Qt lays a splitter out whenever a child comes or goes, as long as the splitter is visible: each
+/// time all of them would be resized, and painted, for sizes that hold until the next step.
+template <typename Work>
+void GroupSplitter::withoutLayout(Work&& work)
+{
+    const bool paused = isPaused();
+    m_stale = m_stale || paused;
+    if (paused) {
+        setAttribute(Qt::WA_WState_Visible, false);
+    }
+    work();
+    if (paused) {
+        setAttribute(Qt::WA_WState_Visible, true);
+    }
+}
+
+void GroupSplitter::put(int index, QWidget& window)
+{
+    const Pause pause(this);
+    ui::docking::carryOver(window, *this);
+    const bool carried = window.parentWidget() == this;
+    if (!carried) {
+        // It is to be seen, and its handle with it, even if it was hidden on purpose.
+        window.setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+        window.setParent(this);
+    }
+    withoutLayout([&] { insertWidget(index, &window); });
+    if (!carried && isVisible()) {
+        window.setAttribute(Qt::WA_WState_Hidden, false); // it counts, but is not seen yet
+        m_newcomers.emplace_back(&window);
+    } else if (!carried) {
+        window.show();
+    }
+}
+
+/// What a pause has put off.
+void GroupSplitter::settle()
+{
+    m_stale = false;
+    readLimits();
+    applyLimits();
+    showHandles();
+    const QList<int> sizes = std::exchange(m_awaited, {});
+    if (sizes.size() == count()) {
+        setSizes(sizes);
+    }
+    refresh();
+    fill();
+    for (const QPointer<QWidget>& window : std::exchange(m_newcomers, {})) {
+        if (window && !window->isHidden()) { // what is in the others may do anything when shown
+            window->show();
+        }
+    }
+}
+
+/// As Qt does it, which has not shown those that it was asked to show in a pause.
+void GroupSplitter::showHandles()
+{
+    bool seen = false; // none before the first window
+    for (int i = 0; isVisible() && i < count(); ++i) {
+        const bool wanted = seen && !widget(i)->isHidden();
+        if (wanted != handle(i)->isVisible()) {
+            handle(i)->hide();
+            handle(i)->setVisible(wanted);
+        }
+        seen = seen || !widget(i)->isHidden();
+    }
+}
 
 int GroupSplitter::room() const
 {
@@ -64,6 +150,11 @@ void GroupSplitter::share(const QList<int>& sizes)
 
 void GroupSplitter::give(const QList<int>& sizes)
 {
+    if (isPaused()) {
+        m_awaited = sizes;
+        m_stale = true;
+        return;
+    }
     readLimits();
     applyLimits();
     setSizes(sizes);
@@ -104,6 +195,10 @@ void GroupSplitter::liftLimits(QWidget& child)
 
 void GroupSplitter::settleLimits()
 {
+    if (isPaused()) {
+        m_stale = true;
+        return;
+    }
     readLimits();
     if (applyLimits()) {
         refresh();
@@ -114,6 +209,10 @@ void GroupSplitter::settleLimits()
 bool GroupSplitter::event(QEvent* event)
 {
     const bool layOut = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show;
+    if (isPaused() && event->type() == QEvent::LayoutRequest) {
+        m_stale = true;
+        return true;
+    }
     if (layOut) {
         readLimits();
         applyLimits();
@@ -136,8 +235,9 @@ void GroupSplitter::resizeEvent(QResizeEvent* event)
 
 void GroupSplitter::childEvent(QChildEvent* event)
 {
-    SolidSplitter::childEvent(event);
-    if (event->removed()) { // perhaps by its death: the others may have to yield now
+    const bool awaited = isPaused();
+    withoutLayout([&] { SolidSplitter::childEvent(event); });
+    if (event->removed() && !awaited) { // by its death: the others may have to yield now
         QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
     }
 }
@@ -182,17 +282,22 @@ bool GroupSplitter::applyLimits()
 /// Gives out what Qt has left over: it lets no child but those with a stretch grow.
 void GroupSplitter::fill()
 {
-    if (!isVisible() || static_cast<int>(m_cells.size()) != count()) {
+    if (!isVisible() || isPaused() || static_cast<int>(m_cells.size()) != count()) {
         return;
     }
     const bool upright = orientation() == Qt::Vertical;
     QList<int> used;
+    used.reserve(count());
     for (int i = 0; i < count(); ++i) {
         Cell& cell = m_cells[static_cast<std::size_t>(i)];
         cell.seen = !widget(i)->isHidden();
         used << (!cell.seen ? 0 : upright ? widget(i)->height() : widget(i)->width());
     }
-    QList<int> filled = ui::docking::filled(used, m_cells, room());
+    const int all = room();
+    if (std::accumulate(used.begin(), used.end(), 0) >= all) {
+        return;
+    }
+    QList<int> filled = ui::docking::filled(used, m_cells, all);
     if (filled != used) {
         const QList<int> before = sizes();
         for (int i = 0; i < count(); ++i) {

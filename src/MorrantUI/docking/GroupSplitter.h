@@ -5,6 +5,8 @@
 #include "MorrantUI/docking/shares.h"
 #include <MorrantUI/docking/SolidSplitter.h>
 
+#include <QPointer>
+
 #include <vector>
 
 /// The splitter of a group: its children leave none of its room empty.
@@ -17,8 +19,25 @@ class GroupSplitter : public SolidSplitter
     Q_OBJECT
 
 public:
+    /// While one lives children come and go, and sizes are given, without anybody being laid out.
+    /// When the last one ends everybody is, once, and newcomers are shown.
+    class Pause
+    {
+    public:
+        explicit Pause(GroupSplitter* splitter); ///< null: there is nothing to lay out
+        ~Pause();
+        Q_DISABLE_COPY_MOVE(Pause)
+
+    private:
+        QPointer<GroupSplitter> m_splitter;
+    };
+
     GroupSplitter();
     ~GroupSplitter() override;
+
+    /// Takes a window in before the child of that index. One that is seen in the same top-level
+    /// window stays so all the time; any other one is shown when it has its place.
+    void put(int index, QWidget& window);
 
     /// The room of the children, without the handles between those that are seen.
     int room() const;
@@ -39,6 +58,11 @@ protected:
     void childEvent(QChildEvent* event) override;
 
 private:
+    bool isPaused() const { return m_pauses > 0 && isVisible(); }
+    template <typename Work>
+    void withoutLayout(Work&& work);
+    void settle();
+    void showHandles();
     void readLimits();
     bool applyLimits();
     void fill();
@@ -46,4 +70,8 @@ private:
     std::vector<ui::docking::Limits> m_limits; ///< of all children
     std::vector<ui::docking::Cell> m_cells;    ///< the same along the splitter
     bool m_limited = false;                    ///< one of them cannot have all of the room
+    int m_pauses = 0;
+    bool m_stale = false;                       ///< something has changed in the pause
+    QList<int> m_awaited;                       ///< the sizes given in it; none: Qt's choice
+    std::vector<QPointer<QWidget>> m_newcomers; ///< that are shown after it
 };

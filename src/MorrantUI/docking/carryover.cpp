@@ -17,10 +17,13 @@ void carryOver(QWidget& widget, QWidget& parent)
     if (!stays || widget.parentWidget() == &parent) {
         return;
     }
+    const QWidget* window = widget.window();
+    const QPoint place = parent.mapFrom(window, widget.mapTo(window, QPoint()));
     // What is hidden Qt moves without a word to what is in it.
     widget.setAttribute(Qt::WA_WState_Hidden, true);
     widget.setAttribute(Qt::WA_WState_ExplicitShowHide, true);
     widget.setParent(&parent);
+    widget.move(place); // or what lies where it seems to be would be painted with it
     widget.setAttribute(Qt::WA_WState_Created, true);
     widget.setAttribute(Qt::WA_WState_Visible, true);
     widget.setAttribute(Qt::WA_WState_Hidden, false);

@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace ui::docking {
 
 namespace {
@@ -24,6 +26,20 @@ bool isIn(const QWidget& content, const QWidget& widget)
 bool takesFocus(const QWidget& widget, const QWidget& content)
 {
     return widget.isEnabled() && widget.isVisibleTo(content.parentWidget());
+}
+
+bool isStop(const QWidget& widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+}
+
+/// Asked first: the way round the focus chain leads through the whole window.
+bool hasStops(const QWidget& content)
+{
+    const auto inside = content.findChildren<QWidget*>();
+    return isStop(content) || std::any_of(inside.begin(), inside.end(), [](const QWidget* w) {
+               return isStop(*w);
+           });
 }
 
 void noteFocus(QWidget* now)
@@ -79,10 +95,12 @@ QWidget* focusTarget(const DockableWindow& panel)
     if (last && isIn(*content, *last) && takesFocus(*last, *content)) {
         return last;
     }
+    if (!hasStops(*content)) {
+        return nullptr;
+    }
     QWidget* widget = content;
     do {
-        const bool isStop = (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
-        if (isStop && isIn(*content, *widget) && takesFocus(*widget, *content)) {
+        if (isStop(*widget) && isIn(*content, *widget) && takesFocus(*widget, *content)) {
             return widget;
         }
         widget = widget->nextInFocusChain();

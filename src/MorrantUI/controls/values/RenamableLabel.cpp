@@ -244,7 +244,9 @@ bool RenamableLabel::takeEditorKey(const QKeyEvent& event)
 
 bool RenamableLabel::event(QEvent* event)
 {
-    return ui::answerWithWholeText(*this, event, m_text, shownText()) || QWidget::event(event);
+    const bool asks = event->type() == QEvent::ToolTip; // else nothing is measured
+    return (asks && ui::answerWithWholeText(*this, event, m_text, shownText()))
+           || QWidget::event(event);
 }
 
 void RenamableLabel::changeEvent(QEvent* event)

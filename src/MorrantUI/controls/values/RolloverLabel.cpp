@@ -65,15 +65,29 @@ QSize RolloverLabel::minimumSizeHint() const
     return {std::min(shortest, whole.width()), whole.height()};
 }
 
-QString RolloverLabel::shownText() const
+const RolloverLabel::Shown& RolloverLabel::shown() const
 {
     const int room = width() - 2 * kPadding;
-    return fontMetrics().elidedText(text(), Qt::ElideRight, room, Qt::TextShowMnemonic);
+    const bool fresh = m_shown.room == room && m_shown.dotsPerInch == logicalDpiY()
+                       && m_shown.whole == text() && m_shown.font == font();
+    if (!fresh) {
+        const QFontMetrics metrics = fontMetrics();
+        const QString text =
+            metrics.elidedText(this->text(), Qt::ElideRight, room, Qt::TextShowMnemonic);
+        m_shown = {
+            this->text(),
+            font(),
+            logicalDpiY(),
+            room,
+            text,
+            metrics.size(Qt::TextShowMnemonic, text)};
+    }
+    return m_shown;
 }
 
 QRect RolloverLabel::linkRect() const
 {
-    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, shownText());
+    const QSize text = shown().size;
     const QSize link(std::min(width(), text.width() + 2 * kPadding), text.height() + 4);
     return QStyle::alignedRect(layoutDirection(), m_alignment, link, rect());
 }
@@ -108,10 +122,12 @@ bool RolloverLabel::event(QEvent* event)
     }
     case QEvent::HoverLeave: setHovered(false); return true;
     case QEvent::EnabledChange: setHovered(false); break;
-    default:
-        if (ui::answerWithWholeText(*this, event, text(), shownText())) {
+    case QEvent::ToolTip:
+        if (ui::answerWithWholeText(*this, event, text(), shown().text)) {
             return true;
         }
+        break;
+    default: break;
     }
     return QAbstractButton::event(event);
 }
@@ -132,7 +148,7 @@ void RolloverLabel::paintEvent(QPaintEvent*)
     painter.setPen(color);
     const bool underlines = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
     const int flags = underlines ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
-    painter.drawText(link, flags | Qt::AlignCenter | Qt::TextSingleLine, shownText());
+    painter.drawText(link, flags | Qt::AlignCenter | Qt::TextSingleLine, shown().text);
     if (state.keyboard) {
         ui::style::drawFocusRing(painter, link, ui::style::kSmallRadius);
     }

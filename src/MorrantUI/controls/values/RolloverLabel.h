@@ -4,6 +4,7 @@
 #include <MorrantUI/morrantui_export.h>
 
 #include <QAbstractButton>
+#include <QFont>
 
 /// A text that can be clicked, like a link: underlined and brighter under the pointer. Empty space
 /// beside the text is not part of it.
@@ -38,7 +39,17 @@ protected:
     bool hitButton(const QPoint& position) const override;
 
 private:
-    QString shownText() const;
+    /// What fits of the text, and for what it was measured, which takes long.
+    struct Shown
+    {
+        QString whole;
+        QFont font;
+        int dotsPerInch = 0;
+        int room = 0; ///< logical pixels
+        QString text;
+        QSize size;
+    };
+    const Shown& shown() const;
     QRect linkRect() const;
     void setHovered(bool hovered);
 
@@ -46,4 +57,5 @@ private:
     QString m_restColor;
     QString m_hoverColor;
     bool m_hovered = false;
+    mutable Shown m_shown;
 };
