@@ -68,6 +68,7 @@ void GroupSplitter::put(int index, QWidget& window)
         // It is to be seen, and its handle with it, even if it was hidden on purpose.
         window.setAttribute(Qt::WA_WState_ExplicitShowHide, false);
         window.setParent(this);
+        window.setAttribute(Qt::WA_WState_ExplicitShowHide, false); // a stack hides who leaves it
     }
     withoutLayout([&] { insertWidget(index, &window); });
     if (!carried && isVisible()) {

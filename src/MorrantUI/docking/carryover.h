@@ -7,8 +7,8 @@ class QWidget;
 namespace ui::docking {
 
 /// Gives a widget that is seen another parent that is, in the same window, without hiding it: Qt
-/// would hide it and show it again, which makes a video, or a window in it, blink. It stays where it
-/// is on screen. Any other widget is left alone.
+/// would hide it and show it again, which makes a video, or a window in it, blink. It stays where
+/// it is on screen. Any other widget is left alone.
 void carryOver(QWidget& widget, QWidget& parent);
 
 /// A window that is off the screen is minimised or maximised no more.
