@@ -2,10 +2,11 @@
 #include "Core/CubicBezier.h"
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
-constexpr double kPrecision = 1e-12; ///< of the parameter
+constexpr double kLastBits = 4.0 * std::numeric_limits<double>::epsilon(); ///< of a parameter
 
 } // namespace
 
@@ -26,8 +27,9 @@ double CubicBezier::slopeAt(double parameter) const
               + t * t * (end - endPull));
 }
 
-// Newton's steps inside a bracket. Where a step leaves the bracket, or is not half as long as the
-// one before, the bracket is halved instead: near a level stretch Newton's method crawls.
+// Newton's steps inside a bracket, until they are none, or no double lies between. Where a step
+// leaves the bracket, or is not half as long as the one before, the bracket is halved instead: near
+// a level stretch Newton's method crawls.
 double CubicBezier::parameterAt(double value) const
 {
     if (!(value > start)) {
@@ -40,22 +42,34 @@ double CubicBezier::parameterAt(double value) const
     double high = 1.0;
     double t = (value - start) / (end - start);
     double lastStep = 1.0;
-    while (high - low > kPrecision) {
+    while (true) {
         const double error = at(t) - value;
         if (error == 0.0) {
-            break;
+            return t;
         }
         (error > 0.0 ? high : low) = t;
-        const double slope = slopeAt(t);
-        double next = slope > 0.0 ? t - error / slope : -1.0;
+        double next = t - error / slopeAt(t);
+        if (std::abs(next - t) <= kLastBits * t) {
+            return t;
+        }
         if (!(next > low && next < high) || std::abs(next - t) > lastStep / 2.0) {
-            next = (low + high) / 2.0;
+            next = low + (high - low) / 2.0;
+        }
+        if (next <= low || next >= high) {
+            return t;
         }
         lastStep = std::abs(next - t);
         t = next;
-        if (lastStep < kPrecision) {
-            break;
-        }
     }
-    return t;
+}
+
+std::pair<CubicBezier, CubicBezier> CubicBezier::splitAt(double parameter) const
+{
+    const double a = std::lerp(start, startPull, parameter);
+    const double b = std::lerp(startPull, endPull, parameter);
+    const double c = std::lerp(endPull, end, parameter);
+    const double ab = std::lerp(a, b, parameter);
+    const double bc = std::lerp(b, c, parameter);
+    const double middle = std::lerp(ab, bc, parameter);
+    return {{start, a, ab, middle}, {middle, bc, c, end}};
 }

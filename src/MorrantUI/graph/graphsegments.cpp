@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/graphsegments.h"
 
+#include <Core/CubicBezier.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -8,45 +10,28 @@ namespace ui::Graph {
 
 namespace {
 
-constexpr int kMostSteps = 200; ///< more than the bits of a double can be halved
-
-/// A cubic of one coordinate in Bernstein form.
-struct Cubic
-{
-    double at(double t) const
-    {
-        const double u = 1.0 - t;
-        return u * u * u * a + 3.0 * u * u * t * b + 3.0 * u * t * t * c + t * t * t * d;
-    }
-    double slope(double t) const
-    {
-        const double u = 1.0 - t;
-        return 3.0 * (u * u * (b - a) + 2.0 * u * t * (c - b) + t * t * (d - c));
-    }
-
-    double a = 0.0;
-    double b = 0.0;
-    double c = 0.0;
-    double d = 0.0;
-};
-
-Cubic cubicX(const Segment& s)
+CubicBezier cubicX(const Segment& s)
 {
     return {s.start.x(), s.firstControl.x(), s.secondControl.x(), s.end.x()};
 }
 
-Cubic cubicY(const Segment& s)
+CubicBezier cubicY(const Segment& s)
 {
     return {s.start.y(), s.firstControl.y(), s.secondControl.y(), s.end.y()};
 }
 
-QPointF between(QPointF a, QPointF b, double t)
+Segment segmentOf(const CubicBezier& x, const CubicBezier& y)
 {
-    return a * (1.0 - t) + b * t;
+    return {
+        {x.start, y.start},
+        {x.startPull, y.startPull},
+        {x.endPull, y.endPull},
+        {x.end, y.end},
+        false};
 }
 
 /// Widens a range by the values at the inner extremes of a cubic.
-void widen(const Cubic& cubic, double& least, double& most)
+void widen(const CubicBezier& cubic, double& least, double& most)
 {
     const auto take = [&](double t) {
         if (t > 0.0 && t < 1.0) {
@@ -56,9 +41,10 @@ void widen(const Cubic& cubic, double& least, double& most)
         }
     };
     // The slope as p t^2 + q t + r.
-    const double r = cubic.b - cubic.a;
-    const double q = 2.0 * (cubic.c - 2.0 * cubic.b + cubic.a);
-    const double p = cubic.d - 3.0 * cubic.c + 3.0 * cubic.b - cubic.a;
+    const auto& [a, b, c, d] = cubic;
+    const double r = b - a;
+    const double q = 2.0 * (c - 2.0 * b + a);
+    const double p = d - 3.0 * c + 3.0 * b - a;
     const double root = std::sqrt(std::max(q * q - 4.0 * p * r, 0.0));
     const double half = -0.5 * (q + std::copysign(root, q)); // without cancellation
     if (p != 0.0) {
@@ -88,30 +74,7 @@ Segment limited(const Segment& segment, const CurveLimits& limits)
 
 double parameterAt(const Segment& segment, double x)
 {
-    const Cubic cubic = cubicX(segment);
-    if (!(x > cubic.a)) {
-        return 0.0;
-    }
-    if (x >= cubic.d) {
-        return 1.0;
-    }
-    // Newton's steps where they stay between the bounds, else the middle of these.
-    double before = 0.0;
-    double after = 1.0;
-    double t = (x - cubic.a) / (cubic.d - cubic.a);
-    for (int step = 0; step < kMostSteps; ++step) {
-        const double error = cubic.at(t) - x;
-        (error < 0.0 ? before : after) = t;
-        double next = t - error / cubic.slope(t);
-        if (!(next > before && next < after)) {
-            next = before + (after - before) / 2.0;
-        }
-        if (error == 0.0 || next == t || next <= before || next >= after) {
-            break;
-        }
-        t = next;
-    }
-    return t;
+    return cubicX(segment).parameterAt(x);
 }
 
 QPointF pointAt(const Segment& segment, double parameter)
@@ -149,13 +112,9 @@ std::pair<Segment, Segment> splitAt(const Segment& segment, double x)
             {middle, middle, segment.end, segment.end, true}};
     }
     const double t = parameterAt(segment, x);
-    const QPointF a = between(segment.start, segment.firstControl, t);
-    const QPointF b = between(segment.firstControl, segment.secondControl, t);
-    const QPointF c = between(segment.secondControl, segment.end, t);
-    const QPointF ab = between(a, b, t);
-    const QPointF bc = between(b, c, t);
-    const QPointF middle = between(ab, bc, t);
-    return {{segment.start, a, ab, middle, false}, {middle, bc, c, segment.end, false}};
+    const auto [leftX, rightX] = cubicX(segment).splitAt(t);
+    const auto [leftY, rightY] = cubicY(segment).splitAt(t);
+    return {segmentOf(leftX, leftY), segmentOf(rightX, rightY)};
 }
 
 } // namespace ui::Graph
