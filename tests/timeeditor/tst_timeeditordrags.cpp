@@ -124,61 +124,38 @@ private Q_SLOTS:
         QCOMPARE(editor.selection(), u"33 43"_qs);
     }
 
-    void theToolScalesAboutTheOppositeEnd()
+    void theToolScalesAboutTheOppositeEndAndRipplesWithAlt()
     {
-        for (const bool right : {true, false}) {
-            Editor editor({{20, 30, 40}});
-            editor.view->setShowTransformTool(true);
-            editor.selectRow(0);
-            const QPoint edge = toolEdge(editor, right);
-            editor.drag(edge, edge + QPoint(right ? 200 : -100, 0));
-            QCOMPARE(editor.frames(0), right ? u"20 40 60"_qs : u"10 25 40"_qs);
-            QCOMPARE(editor.told, QList<int>{2});
+        Editor editor({{10, 20, 23, 40, 60}});
+        editor.view->setShowTransformTool(true);
+        for (const std::size_t index : {1U, 2U, 3U}) {
+            editor.key(0, index)->setSelected(true);
         }
-    }
-
-    void scalingThroughTheEndAndBackRestores()
-    {
-        Editor editor({{20, 23, 40}});
-        editor.view->setShowTransformTool(true);
-        editor.selectRow(0);
-        const QPoint edge = toolEdge(editor, true);
-        editor.press(edge);
-        editor.pointer.dragTo(edge - QPoint(200, 0));
-        QCOMPARE(editor.frames(0), u"20 20 20"_qs);
-        editor.pointer.dragTo(edge);
-        QCOMPARE(editor.frames(0), u"20 23 40"_qs);
-        editor.pointer.dragTo(edge + QPoint(77, 0));
-        QTest::keyClick(editor.view, Qt::Key_Escape);
-        QCOMPARE(editor.frames(0), u"20 23 40"_qs);
-        editor.pointer.release();
-        QVERIFY(editor.told.isEmpty());
-    }
-
-    void rippleComesAndGoesWithAlt()
-    {
-        Editor editor({{10, 20, 30, 50}});
-        editor.key(0, 1)->setSelected(true);
-        editor.key(0, 2)->setSelected(true);
-        editor.view->setScaleRange({20, 30});
-        editor.view->setupKeyScaling({30, 0}, true);
-        editor.hold(Qt::AltModifier);
-        editor.view->scaleKeys({34, 0});
-        QCOMPARE(editor.frames(0), u"10 20 34 54"_qs);
-        editor.hold({});
-        editor.view->scaleKeys({36, 0});
-        QCOMPARE(editor.frames(0), u"10 20 36 50"_qs);
-        editor.view->endKeyScaling();
-        QVERIFY(!editor.view->getDoneRippleEdit());
-    }
-
-    void aClickOnTheToolLeavesTheSelection()
-    {
-        Editor editor({{30, 40}});
-        editor.view->setShowTransformTool(true);
-        editor.selectRow(0);
-        editor.click(editor.at(34, 12));
-        QCOMPARE(editor.selection(), u"30 40"_qs);
+        editor.click(editor.at(30, 12));
+        QCOMPARE(editor.selection(), u"20 23 40"_qs); // which a click on the tool leaves alone
+        const QString before = editor.frames(0);
+        QPoint edge;
+        const auto dragTo = [&](int pixels, Qt::KeyboardModifiers held, const QString& frames) {
+            editor.hold(held);
+            editor.pointer.dragTo(edge + QPoint(pixels, 0));
+            QCOMPARE(editor.frames(0), frames);
+        };
+        for (const bool right : {false, true}) {
+            edge = toolEdge(editor, right);
+            editor.press(edge);
+            const int out = right ? 1 : -1;
+            dragTo(out * 100, {}, right ? u"10 20 25 50 60"_qs : u"10 10 15 40 60"_qs);
+            dragTo(out * -200, {}, right ? u"10 20 20 20 60"_qs : u"10 40 40 40 60"_qs);
+            dragTo(out * 40, Qt::AltModifier, right ? u"10 20 24 44 64"_qs : u"6 16 20 40 60"_qs);
+            dragTo(0, {}, before); // through the end, and from a ripple
+            editor.pointer.dragTo(edge + QPoint(77, 0));
+            QTest::keyClick(editor.view, Qt::Key_Escape);
+            editor.pointer.release();
+            QCOMPARE(editor.frames(0), before);
+            QVERIFY(editor.told.isEmpty() && !editor.view->getDoneRippleEdit());
+        }
+        editor.drag(edge, edge + QPoint(100, 0));
+        QCOMPARE(editor.told, QList<int>{2});
     }
 
     void clipsTrimMoveAndSlip()

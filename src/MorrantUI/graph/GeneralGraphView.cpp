@@ -5,6 +5,7 @@
 #include "MorrantUI/graph/ChangeBatch.h"
 #include "MorrantUI/graph/GraphDrag.h"
 #include "MorrantUI/scene/framemath.h"
+#include "MorrantUI/timeeditor/keyscaling.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
@@ -129,25 +130,13 @@ void GeneralGraphView::setupKeyScaling(QPoint anchor, bool side)
     }
 }
 
-std::vector<std::pair<int, GraphPointWidget*>> GeneralGraphView::living(const Points& points)
-{
-    std::vector<std::pair<int, GraphPointWidget*>> alive;
-    alive.reserve(points.size());
-    for (const auto& [frame, point] : points) {
-        if (point) {
-            alive.emplace_back(frame, point);
-        }
-    }
-    return alive;
-}
-
 void GeneralGraphView::scaleKeys(QPoint position)
 {
     m_utils->scaleKeys(
         m_scaleAnchor.x(),
         position.x(),
-        living(m_scaledKeys),
-        living(m_rippleKeys),
+        ui::living(m_scaledKeys),
+        ui::living(m_rippleKeys),
         m_keyScalingSide);
 }
 
@@ -253,10 +242,12 @@ bool GeneralGraphView::dragTo(QPointF scenePosition)
         return false;
     }
     const ui::ChangeBatch batch(this);
-    if (m_drag->state() == ui::GraphDrag::State::Pressed) {
+    if (m_drag->state() == ui::DragState::Pressed) {
         beginEdit(false);
     }
-    m_drag->dragTo(scenePosition);
+    if (m_drag) { // else the host has taken the mouse away from it
+        m_drag->dragTo(scenePosition);
+    }
     return true;
 }
 
@@ -278,7 +269,7 @@ bool GeneralGraphView::cancelGesture()
     const QPointer<GeneralGraphView> alive(this);
     {
         const ui::ChangeBatch batch(this);
-        if (m_drag && m_drag->state() == ui::GraphDrag::State::Dragging) {
+        if (m_drag && m_drag->state() == ui::DragState::Dragging) {
             m_drag->cancel();
         } else if (m_transformTool && m_transformTool->isDragging()) {
             m_transformTool->cancelDrag();

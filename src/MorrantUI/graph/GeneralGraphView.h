@@ -187,7 +187,6 @@ private:
     void describeSelection();
     /// What an item that is moved goes by: none while the arrow keys move it.
     static Qt::KeyboardModifiers heldModifiers(const GeneralGraphView* view);
-    static std::vector<std::pair<int, GraphPointWidget*>> living(const Points& points);
 
     bool m_doneRippleEdit = false;
     std::pair<int, int> m_scaleRange{0, 0};

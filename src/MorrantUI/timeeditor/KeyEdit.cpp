@@ -10,36 +10,13 @@
 
 namespace ui {
 
-void KeyEdit::add(TimeEditorBaseItem* item)
-{
-    m_entries.push_back({item, item->pos(), item->scenePos().x()});
-}
-
-void KeyEdit::moveBy(double frames)
-{
-    for (const Entry& entry : m_entries) {
-        if (entry.item) {
-            entry.item->setPos(entry.start.x() + frames, entry.start.y());
-        }
-    }
-}
-
-void KeyEdit::restore()
-{
-    for (const Entry& entry : m_entries) {
-        if (entry.item) {
-            entry.item->forceMove(entry.start); // also between frames
-        }
-    }
-}
-
 KeyMoves KeyEdit::moves() const
 {
     KeyMoves moves;
     for (const Entry& entry : m_entries) {
         auto* const key = qobject_cast<TimeEditorKeyframeItem*>(entry.item.data());
-        if (key && key->scenePos().x() != entry.startFrame) {
-            moves.push_back({key, entry.startFrame, key->scenePos().x()});
+        if (key && key->scenePos().x() != entry.startX) {
+            moves.push_back({key, entry.startX, key->scenePos().x()});
         }
     }
     return moves;
@@ -53,7 +30,7 @@ KeyDrag::KeyDrag(TimeEditorKeyframeItem* pressed, double sceneX)
 
 void KeyDrag::start()
 {
-    m_state = State::Dragging;
+    m_state = DragState::Dragging;
     QGraphicsScene* const scene = m_pressed ? m_pressed->scene() : nullptr;
     if (!scene) {
         return;
@@ -63,14 +40,8 @@ void KeyDrag::start()
         m_pressed->setSelected(true);
         QMetaObject::invokeMethod(scene, &QGraphicsScene::selectionChanged, Qt::QueuedConnection);
     }
-    for (QGraphicsItem* const item : scene->selectedItems()) {
-        auto* const movable = dynamic_cast<TimeEditorBaseItem*>(item);
-        const QGraphicsItem* const parent = item->parentItem();
-        const bool goesWithParent = parent != nullptr && parent->isSelected()
-                                    && (parent->flags() & QGraphicsItem::ItemIsMovable);
-        if (movable && (item->flags() & QGraphicsItem::ItemIsMovable) && !goesWithParent) {
-            m_edit.add(movable);
-        }
+    for (TimeEditorBaseItem* const item : draggedItems(*m_pressed)) {
+        m_edit.add(item);
     }
 }
 
@@ -86,24 +57,24 @@ bool KeyDrag::snapTo(int frame)
 
 bool KeyDrag::moveBy(double frames)
 {
-    if (m_state == State::Pressed && m_pressed) {
+    if (m_state == DragState::Pressed && m_pressed) {
         start();
     }
-    if (m_state != State::Dragging || !std::isfinite(frames) || frames == m_moved) {
+    if (m_state != DragState::Dragging || !std::isfinite(frames) || frames == m_moved) {
         return false;
     }
     m_moved = frames;
     if (m_pressed && m_pressed->scene()) {
         m_pressed->scene()->update(); // once for all of them
     }
-    m_edit.moveBy(frames);
+    m_edit.moveBy({frames, 0.0});
     return true;
 }
 
 void KeyDrag::cancel()
 {
     m_edit.restore();
-    m_state = State::Cancelled;
+    m_state = DragState::Cancelled;
 }
 
 KeyMoves KeyDrag::moves() const

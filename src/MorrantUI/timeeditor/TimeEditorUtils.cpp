@@ -10,8 +10,6 @@
 
 #include <QMenu>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 TimeEditorUtils::TimeEditorUtils(TimeEditorView* view)
@@ -67,39 +65,8 @@ double TimeEditorUtils::drange(
 
 void TimeEditorUtils::scaleKeys(int from, int to, FrameKeys selected, FrameKeys others, bool right)
 {
-    if (selected.empty() || !m_view) {
-        return;
-    }
-    std::stable_sort(selected.begin(), selected.end(), [](const auto& a, const auto& b) {
-        return a.first < b.first;
-    });
-    const ui::KeyScale scale{
-        static_cast<double>(from),
-        static_cast<double>(to),
-        selected.front().second->scenePos().x(),
-        selected.back().second->scenePos().x(),
-        right};
-    for (const auto& [frame, key] : selected) {
-        const double x = std::round(ui::scaledFrame(scale, frame));
-        const double parentX = key->parentItem() != nullptr ? key->parentItem()->x() : 0.0;
-        if (std::isfinite(x)) {
-            key->setPos(x - parentX, key->y());
-        }
-    }
-    if (ui::queryKeyboardModifiers() & Qt::AltModifier) {
-        m_view->setDoneRippleEdit(true);
-        ripple(others, static_cast<double>(to) - from, right);
-    } else if (m_view->getDoneRippleEdit()) {
-        ripple(others, 0.0, right);
-    }
-}
-
-void TimeEditorUtils::ripple(const FrameKeys& others, double distance, bool right)
-{
-    const std::pair<int, int> scaled = m_view->getScaleRange();
-    for (const auto& [frame, key] : others) {
-        if (right ? frame > scaled.second : frame < scaled.first) {
-            key->setPos(frame + distance, key->y());
-        }
+    if (m_view) {
+        const bool ripples = ui::queryKeyboardModifiers().testFlag(Qt::AltModifier);
+        ui::scaleKeys(*m_view, {from, to, right, ripples}, std::move(selected), others);
     }
 }

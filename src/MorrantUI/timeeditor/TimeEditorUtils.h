@@ -67,7 +67,5 @@ Q_SIGNALS:
         TimeEditorClipItem* item, int oldFrame, int newFrame, bool start, bool move); ///< likewise
 
 private:
-    void ripple(const FrameKeys& others, double distance, bool right);
-
     QPointer<TimeEditorView> m_view;
 };

@@ -6,6 +6,8 @@
 #include "MorrantUI/timeeditor/AccessibleKeys.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/clipselection.h"
+#include "MorrantUI/timeeditor/keylook.h"
+#include "MorrantUI/timeeditor/keyscaling.h"
 #include "MorrantUI/timeeditor/marqueefilter.h"
 #include <MorrantUI/controls/connections/ConnectionInstance.h>
 #include <MorrantUI/controls/gestures/modifiers.h>
@@ -418,18 +420,6 @@ std::set<TimeEditorCurveItem*> TimeEditorView::curvesForMenu(QPoint position) co
 
 // Scaling
 
-TimeEditorUtils::FrameKeys TimeEditorView::living(const ScalingKeys& keys)
-{
-    TimeEditorUtils::FrameKeys alive;
-    alive.reserve(keys.size());
-    for (const auto& [frame, key] : keys) {
-        if (key) {
-            alive.emplace_back(frame, key);
-        }
-    }
-    return alive;
-}
-
 void TimeEditorView::setupKeyScaling(QPoint origin, bool flag)
 {
     m_scalingOrigin = origin;
@@ -461,8 +451,8 @@ void TimeEditorView::scaleKeys(QPoint current)
         m_utils->scaleKeys(
             m_scalingOrigin.x(),
             current.x(),
-            living(m_scalingKeys),
-            living(m_scalingCurveKeys),
+            ui::living(m_scalingKeys),
+            ui::living(m_scalingCurveKeys),
             m_scalingFlag);
         Q_EMIT keysMoving();
     }

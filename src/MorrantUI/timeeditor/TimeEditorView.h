@@ -241,7 +241,6 @@ private:
     void onAltPressed(bool on);
     void handleShortcut(int key);
     void releaseSpace();
-    static TimeEditorUtils::FrameKeys living(const ScalingKeys& keys);
 
     int m_trackHeight = ui::kTrackHeight;
     double m_scale = 1.0;

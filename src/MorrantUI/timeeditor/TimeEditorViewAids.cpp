@@ -69,7 +69,7 @@ void TimeEditorView::scrollContentsBy(int dx, int dy)
 
 std::optional<ui::DragProgress> TimeEditorView::dragProgress() const
 {
-    if (m_keyDrag && m_keyDrag->state() == ui::KeyDrag::State::Dragging) {
+    if (m_keyDrag && m_keyDrag->state() == ui::DragState::Dragging) {
         const TimeEditorKeyframeItem* const key = m_keyDrag->pressedKey();
         return key ? std::optional<ui::DragProgress>(
                    {m_keyDrag->moved(), key->scenePos().x(), m_snapFrame})

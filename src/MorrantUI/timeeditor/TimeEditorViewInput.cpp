@@ -291,7 +291,7 @@ void TimeEditorView::wheelEvent(QWheelEvent* event)
 bool TimeEditorView::cancelGesture()
 {
     endDragAids();
-    if (m_keyDrag && m_keyDrag->state() == ui::KeyDrag::State::Dragging) {
+    if (m_keyDrag && m_keyDrag->state() == ui::DragState::Dragging) {
         m_keyDrag->cancel();
         m_pressedKey = nullptr;
         Q_EMIT keysMoving();
