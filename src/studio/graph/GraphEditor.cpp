@@ -10,12 +10,10 @@
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/layouts/ScrollContainer.h>
 #include <MorrantUI/menus/ContextMenu.h>
-#include <MorrantUI/theme/colors.h>
 
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QMenu>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -29,7 +27,6 @@ namespace studio {
 
 namespace {
 
-constexpr QSize kUsualSize(900, 260); ///< logical pixels
 constexpr int kListWidth = 200;
 constexpr int kEasingWidth = 220;
 constexpr int kMargin = 4;
@@ -38,7 +35,7 @@ constexpr double kColorStep = 0.01; ///< for a pixel, of a channel from 0 to 1
 } // namespace
 
 GraphEditor::GraphEditor(Player& player, QWidget* parent)
-    : Widget(parent)
+    : EditorPane(tr("Graph Editor"), parent)
     , m_player(player)
     , m_view(new ValueGraphView)
     , m_curves(new ValueCurves(*m_view))
@@ -47,8 +44,6 @@ GraphEditor::GraphEditor(Player& player, QWidget* parent)
     , m_list(new QListWidget)
     , m_menu(new QMenu(tr("&Graph"), this))
 {
-    setWindowTitle(tr("Graph Editor"));
-    setAccessibleName(tr("Graph Editor"));
     m_list->setAccessibleName(tr("Animated properties"));
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
@@ -399,17 +394,6 @@ void GraphEditor::finishEditing()
 void GraphEditor::fillMenu(ContextMenu& menu)
 {
     menu.addActions(m_menu->actions());
-}
-
-QSize GraphEditor::sizeHint() const
-{
-    return kUsualSize;
-}
-
-void GraphEditor::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), ui::colorQt(QStringLiteral("Window")));
 }
 
 } // namespace studio

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "EditorPane.h"
 #include "graph/ValueCurves.h"
-#include <MorrantUI/theme/Widget.h>
 
 #include <optional>
 
@@ -23,7 +23,7 @@ class ValueGraphView;
 /// value of the selected key, the graph of their values, and the easing of the segment under the
 /// playhead of the first one chosen. What the user does goes to the document at once; a drag, or
 /// what is typed or chosen, is one undo step.
-class GraphEditor : public Widget
+class GraphEditor : public EditorPane
 {
     Q_OBJECT
 
@@ -49,14 +49,9 @@ public:
     KeyFields& fields() const { return *m_fields; }
     QListWidget& properties() const { return *m_list; }
 
-    QSize sizeHint() const override;
-
 Q_SIGNALS:
     /// The user has selected other keys.
     void keysChosen(const std::vector<studio::KeyAddress>& keys);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void buildMenu();

@@ -11,7 +11,6 @@
 #include "timeline/soundfile.h"
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/theme/OverrideCursor.h>
-#include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
@@ -26,7 +25,6 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QToolButton>
@@ -38,7 +36,6 @@ namespace studio {
 
 namespace {
 
-constexpr QSize kUsualSize(900, 260); ///< logical pixels
 constexpr int kHeaderWidth = 220;
 constexpr int kBigNudge = 10; ///< frames
 
@@ -79,7 +76,7 @@ QString droppedSound(const QMimeData& data)
 }
 
 DopeSheet::DopeSheet(Player& player, QWidget* parent)
-    : Widget(parent)
+    : EditorPane(tr("Dope Sheet"), parent)
     , m_player(player)
     , m_view(new DopeSheetView)
     , m_ruler(new TimelineView)
@@ -89,8 +86,6 @@ DopeSheet::DopeSheet(Player& player, QWidget* parent)
     , m_menu(new QMenu(tr("&Keys"), this))
 {
     m_edits->setParent(this);
-    setWindowTitle(tr("Dope Sheet"));
-    setAccessibleName(tr("Dope Sheet"));
     setAcceptDrops(true);
     m_view->setup(new TimeEditorScene(m_view, QRect(0, 0, 1, 1)));
     m_view->setUtils(m_edits);
@@ -455,17 +450,6 @@ void DopeSheet::fillMenu(ContextMenu& menu, QPoint point)
         menu.addSeparator();
     }
     menu.addActions(m_menu->actions());
-}
-
-QSize DopeSheet::sizeHint() const
-{
-    return kUsualSize;
-}
-
-void DopeSheet::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), ui::colorQt(QStringLiteral("Window")));
 }
 
 void DopeSheet::dragEnterEvent(QDragEnterEvent* event)

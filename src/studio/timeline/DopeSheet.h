@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "EditorPane.h"
 #include "editing/PropertyAddress.h"
-#include <MorrantUI/theme/Widget.h>
 
 #include <QPointer>
 
@@ -30,7 +30,7 @@ QString droppedSound(const QMimeData& data);
 /// The layers of a document over time: when each is shown and, below it or folded into it, the keys
 /// of its animated properties; a sound to go by; and the ruler above, whose bookends bound what is
 /// played.
-class DopeSheet : public Widget
+class DopeSheet : public EditorPane
 {
     Q_OBJECT
 
@@ -60,8 +60,6 @@ public:
     TimelineView& ruler() const { return *m_ruler; }
     TimeEditorRowHeader& header() const { return *m_header; }
 
-    QSize sizeHint() const override;
-
 Q_SIGNALS:
     /// The user has chosen a layer, by itself or by what is in its rows.
     void layerChosen(int layer);
@@ -71,7 +69,6 @@ Q_SIGNALS:
     void failed(const QString& sentence);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
