@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QPointer>
 #include <QTimer>
@@ -23,6 +25,37 @@ inline void answerDialog(std::function<void(QDialog&)> answer)
             }
         }
     });
+}
+
+/// Asks for a widget's menu and chooses in it, whether it runs modally or not; where none opens,
+/// nothing is chosen. @return whether it had the row
+inline bool chooseInMenu(QWidget* widget, QPoint place, const QString& text)
+{
+    bool found = false;
+    QTimer answer;
+    answer.setSingleShot(true);
+    const auto choose = [&] {
+        const QPointer<QWidget> menu = QApplication::activePopupWidget();
+        for (QAction* const row : menu ? menu->findChildren<QAction*>() : QList<QAction*>()) {
+            if (!found && row->text() == text) {
+                found = true;
+                row->trigger();
+                break;
+            }
+        }
+        if (menu) {
+            menu->close();
+        }
+    };
+    QObject::connect(&answer, &QTimer::timeout, qApp, choose);
+    answer.start(0);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
+    QCoreApplication::sendEvent(widget, &event);
+    if (answer.isActive()) {
+        answer.stop();
+        choose();
+    }
+    return found;
 }
 
 } // namespace ui::test

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/PaintCounter.h"
 #include "controls/StyledApplication.h"
+#include "menus/answers.h"
 #include "support/FakePointer.h"
 #include "support/pixels.h"
 #include <MorrantUI/menus/ContextMenu.h>
@@ -334,30 +335,18 @@ private Q_SLOTS:
         Ruler ruler;
         const int id = ruler.scene->addMarker(40, u"Jump"_qs);
         const auto choose = [&](QPoint place, const QString& text) {
-            QContextMenuEvent event(
-                QContextMenuEvent::Mouse, place, ruler.view.viewport()->mapToGlobal(place));
-            QCoreApplication::sendEvent(ruler.view.viewport(), &event);
-            auto* const menu = ruler.view.findChild<ContextMenu*>();
-            for (QAction* const row : menu->findChildren<QAction*>()) {
-                if (row->text() == text) {
-                    row->trigger();
-                    break;
-                }
-            }
-            menu->close();
-            QTRY_VERIFY(!ruler.view.findChild<ContextMenu*>());
+            return chooseInMenu(ruler.view.viewport(), place, text);
         };
         const QPoint marker = ruler.at(40, ruler.kMarkers);
-        choose(marker, u"Green"_qs);
+        QVERIFY(choose(marker, u"Green"_qs));
         QCOMPARE(ruler.scene->marker(id)->color, ui::colorQt(u"Green"_qs));
-        choose(ruler.at(70, ruler.kLabels), u"End Playback Here"_qs);
+        QVERIFY(choose(ruler.at(70, ruler.kLabels), u"End Playback Here"_qs));
         QCOMPARE(ruler.playback(), u"20-70"_qs);
-        choose(ruler.at(70, ruler.kLabels), u"Remove Marker"_qs); // not offered there
-        QVERIFY(ruler.scene->marker(id));
-        choose(marker, u"Remove Marker"_qs);
-        QVERIFY(!ruler.scene->marker(id));
-        choose(marker, u"Show Time Code"_qs);
+        QVERIFY(!choose(ruler.at(70, ruler.kLabels), u"Remove Marker"_qs)); // not offered there
+        QVERIFY(choose(marker, u"Remove Marker"_qs) && !ruler.scene->marker(id));
+        QVERIFY(choose(marker, u"Show Time Code"_qs));
         QCOMPARE(ruler.scene->frameText(31), u"00:00:01:01"_qs);
+        QTRY_VERIFY(!ruler.view.findChild<ContextMenu*>());
     }
 
     void keysStepJumpAndSetTheRange()
@@ -495,6 +484,12 @@ private Q_SLOTS:
             move(*ruler, editor);
             QTRY_VERIFY(!ruler);
         }
+        const QPointer<TimeEditorView> closing(new TimeEditorView);
+        connect(closing, &TimeEditorView::scaleChanged, qApp, [closing] { delete closing.data(); });
+        TimelineView left;
+        left.setEditor(closing);
+        left.zoomAt(2.0, 10);
+        QVERIFY(!closing && left.pixelsPerFrame() > 0.0);
     }
 
     void aHundredTicksPaintOnceAndRestPaintsNothing()

@@ -49,13 +49,16 @@ void TransformTool::cancelDrag()
     if (!m_dragging) {
         return;
     }
+    const QPointer<TransformTool> alive(this);
     m_dragging = false;
     if (std::exchange(m_scaling, false)) {
         cancelScaling();
     } else {
         moveSelection(-m_moved);
     }
-    setRect(selectionRect());
+    if (alive) {
+        setRect(selectionRect());
+    }
 }
 
 void TransformTool::paint(
@@ -150,9 +153,12 @@ void TransformTool::moveBody(QPointF to)
         m_remainder = 0.0;
         return;
     }
+    const QPointer<TransformTool> alive(this);
     const double moved = moveSelection(distance);
-    m_remainder = distance - moved;
-    m_moved += moved;
+    if (alive) {
+        m_remainder = distance - moved;
+        m_moved += moved;
+    }
 }
 
 void TransformTool::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)

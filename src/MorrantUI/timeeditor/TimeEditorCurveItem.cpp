@@ -21,7 +21,6 @@
 
 namespace {
 
-constexpr double kKeyMiddle = 6.0;    ///< below a key's y
 constexpr double kBarReach = 3.0;     ///< pixels above and below the middle that take presses
 constexpr double kBarHeight = 2.0;    ///< pixels
 constexpr double kHoldHeight = 8.0;   ///< pixels
@@ -64,7 +63,7 @@ TimeEditorKeyframeItem* TimeEditorCurveItem::addKeyframe(int frame)
 
 double TimeEditorCurveItem::keyY() const
 {
-    return rect().center().y() - kKeyMiddle;
+    return rect().center().y() - ui::kKeyMiddle;
 }
 
 std::vector<TimeEditorKeyframeItem*> TimeEditorCurveItem::keyframes() const
@@ -159,7 +158,7 @@ QRectF TimeEditorCurveItem::bar() const
     if (keys.size() < 2) {
         return {};
     }
-    const double middle = keyY() + kKeyMiddle;
+    const double middle = keyY() + ui::kKeyMiddle;
     return {
         QPointF(keys.front().x, middle - kBarReach), QPointF(keys.back().x, middle + kBarReach)};
 }
@@ -228,7 +227,7 @@ void TimeEditorCurveItem::paintSegments(
     QPainter& painter, const QRectF& exposed, const QColor& color)
 {
     const std::vector<RowKey>& keys = sortedKeys();
-    const double middle = keyY() + kKeyMiddle;
+    const double middle = keyY() + ui::kKeyMiddle;
     const bool byEasing = m_colorMode == ColorMode::Easing;
     for (std::size_t i = 0; i + 1 < keys.size() && keys.at(i).x <= exposed.right();) {
         const KeyEasing easing = byEasing ? keys.at(i).key->easing() : KeyEasing::Linear;

@@ -32,7 +32,6 @@
 namespace {
 
 constexpr double kToolZ = 100.0;
-constexpr double kKeyMiddle = 6.0; ///< below a key's y
 
 bool isHeld(Qt::KeyboardModifier modifier)
 {
@@ -110,7 +109,8 @@ void TimeEditorView::setup(TimeEditorScene* scene)
     m_tool = new TranslateScaleTool(this, nullptr);
     m_tool->setVisible(false);
     m_tool->setZValue(kToolZ);
-    m_tool->setY(kKeyMiddle); // its rectangle is about the keys' positions, which are above them
+    m_tool->setY(
+        ui::kKeyMiddle); // its rectangle is about the keys' positions, which are above them
     scene->addItem(m_tool);
     scene->setBackgroundRegionColor(ui::colorQt(QStringLiteral("Base")));
     connect(scene, &QGraphicsScene::selectionChanged, this, &TimeEditorView::selectionChanged);
@@ -185,7 +185,11 @@ double TimeEditorView::getMinScale() const
 void TimeEditorView::setScaleAt(double scale, int x)
 {
     const double frame = mapToScene(x, 0).x();
+    const QPointer<TimeEditorView> alive(this);
     setScale(scale);
+    if (!alive) {
+        return;
+    }
     const int moved = mapFromScene(frame, 0.0).x() - x;
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved);
 }

@@ -7,6 +7,9 @@
 
 namespace ui {
 
+/// Scene units, which are pixels downward, from a key's y to the middle of its diamond.
+inline constexpr double kKeyMiddle = 6.0;
+
 /// The named colours that keys are drawn with, fetched once for all keys of a pass.
 struct KeyColors
 {
