@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/graphmoves.h"
+#include "MorrantUI/scene/transformzones.h"
 #include "support/TestCase.h"
 #include <MorrantUI/graph/graphsegments.h>
 
@@ -103,6 +104,13 @@ private Q_SLOTS:
             const double splitValue = valueAt(other < x ? first : second, other);
             QVERIFY(std::abs(splitValue - valueAt(segment, other)) < 1e-6);
         }
+    }
+    void theToolsCornersAreRoundOnEitherAxis()
+    {
+        const auto edge = ui::TransformZone::LeftEdge;
+        const QPainterPath bar = ui::transformBar({0, 0, 40, 100}, {4, 20}, edge);
+        QVERIFY(bar.contains(QPointF(3, 1)) && bar.contains(QPointF(0.1, 25)));
+        QVERIFY(!bar.contains(QPointF(0.1, 8)) && !bar.contains(QPointF(5, 50)));
     }
     void aHeldSegmentSteps()
     {

@@ -64,11 +64,11 @@ void TransformTool::cancelDrag()
 void TransformTool::paint(
     QPainter* painter, const QStyleOptionGraphicsItem* /*option*/, QWidget* /*widget*/)
 {
-    const double scale = painter->worldTransform().m11();
-    if (!(std::abs(scale) > 0.0)) {
+    const QTransform& zoom = painter->worldTransform();
+    const QSizeF edge(ui::kTransformEdge / zoom.m11(), ui::kTransformEdge / zoom.m22());
+    if (!std::isfinite(edge.width()) || !std::isfinite(edge.height())) {
         return;
     }
-    const double edge = ui::kTransformEdge / scale;
     const QColor blue = ui::colorQt(QStringLiteral("Blue"));
     const auto paintBar = [&](ui::TransformZone side) {
         const bool hovered = m_hoverZone == static_cast<int>(side);

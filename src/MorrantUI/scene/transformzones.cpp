@@ -19,15 +19,15 @@ QRectF transformRect(const QRectF& selection)
     return selection.adjusted(0.0, -kTransformReach, 0.0, kTransformReach);
 }
 
-QPainterPath transformBar(const QRectF& tool, double edge, TransformZone side)
+QPainterPath transformBar(const QRectF& tool, QSizeF edge, TransformZone side)
 {
     const bool left = side == TransformZone::LeftEdge;
-    const QRectF bar(left ? tool.left() : tool.right() - edge, tool.top(), edge, tool.height());
+    const double width = edge.width();
+    const QRectF bar(left ? tool.left() : tool.right() - width, tool.top(), width, tool.height());
     QPainterPath round;
-    // The radius across is in scene units, the one down in pixels of a scale of 1.
-    round.addRoundedRect(bar, edge, kTransformEdge);
+    round.addRoundedRect(bar, width, edge.height());
     QPainterPath inner;
-    inner.addRect(bar.adjusted(left ? edge / 2.0 : 0.0, 0.0, left ? 0.0 : -edge / 2.0, 0.0));
+    inner.addRect(bar.adjusted(left ? width / 2.0 : 0.0, 0.0, left ? 0.0 : -width / 2.0, 0.0));
     return round.united(inner);
 }
 

@@ -26,7 +26,7 @@ TransformZone transformZone(double x, const QRectF& tool, double scale);
 QRectF transformRect(const QRectF& selection);
 
 /// An edge's bar, with its outer corners round. Units are those of the rectangle.
-/// @param edge the bar's width and the corners' radius
-QPainterPath transformBar(const QRectF& tool, double edge, TransformZone side);
+/// @param edge the corners' radii across and down; the bar is as wide as the first
+QPainterPath transformBar(const QRectF& tool, QSizeF edge, TransformZone side);
 
 } // namespace ui
