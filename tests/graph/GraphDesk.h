@@ -4,7 +4,6 @@
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"
 #include "support/pixels.h"
-#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GeneralGraphView.h>
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
@@ -16,8 +15,34 @@
 
 #include <functional>
 #include <limits>
+#include <random>
 
 namespace ui::test {
+
+/// A user who does anything. MORRANT_MONKEY_SEED makes it another one.
+class Monkey
+{
+public:
+    int below(int limit) { return static_cast<int>(m_random() % unsigned(limit)); }
+    /// One thing with mouse or keyboard, which the view may not outlive.
+    void act(GeneralGraphView& view, FakePointer& pointer, QPoint place)
+    {
+        constexpr Qt::Key kKeys[] = {
+            Qt::Key_Delete, Qt::Key_Escape, Qt::Key_Z, Qt::Key_Up, Qt::Key_Right};
+        const auto button = below(6) == 0 ? Qt::MiddleButton : Qt::LeftButton;
+        switch (below(8)) {
+        case 0: pointer.hold(Qt::KeyboardModifiers(below(8) << 25)); break;
+        case 1: pointer.release(button); break;
+        case 2: QTest::keyPress(&view, kKeys[below(5)]); break;
+        case 3: QTest::keyRelease(&view, Qt::Key_Z); break;
+        case 4: pointer.dragTo(place, 40); break;
+        default: pointer.moveTo(place); pointer.press(button);
+        }
+    }
+
+private:
+    std::mt19937 m_random{unsigned(qEnvironmentVariableIntValue("MORRANT_MONKEY_SEED"))};
+};
 
 /// Values from 0 to 100 over as many frames, four pixels a unit, one curve without limits on y.
 class GraphDesk : public GeneralGraphView
@@ -42,7 +67,6 @@ public:
         (void)QTest::qWaitForWindowExposed(this);
         viewport()->grab();
     }
-    ~GraphDesk() override { setKeyboardModifiersQuery({}); }
 
     GraphCurveWidget* addCurve(const QPolygonF& places, bool bezier)
     {
@@ -91,27 +115,21 @@ public:
             point(index)->setSelected(true);
         }
     }
-    /// Holds modifiers for events and for those who ask the keyboard.
-    void hold(Qt::KeyboardModifiers modifiers)
-    {
-        pointer.setModifiers(modifiers);
-        setKeyboardModifiersQuery([modifiers] { return modifiers; });
-    }
-    void press(const QGraphicsItem* item)
+    /// In one step. @param distance scene units
+    void moveBy(QPointF distance) { pointer.moveTo(pointer.position() + (distance * 4).toPoint()); }
+    /// The button stays down. @param held from the press on
+    void dragBy(const QGraphicsItem* item, QPointF distance, Qt::KeyboardModifiers held = {})
     {
         pointer.moveTo(at(item));
         pointer.press();
+        pointer.hold(held);
+        moveBy(distance);
     }
-    /// In one step; the button stays down. @param distance scene units
-    void dragBy(const QGraphicsItem* item, QPointF distance)
+    void click(const QGraphicsItem* item, Qt::KeyboardModifiers held = {})
     {
-        press(item);
-        pointer.moveTo(pointer.position() + (distance * 4).toPoint());
-    }
-    void click(const QGraphicsItem* item)
-    {
-        press(item);
-        pointer.release();
+        pointer.hold(held);
+        pointer.click(at(item));
+        pointer.hold({});
     }
 
     QGraphicsScene* desk;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "GraphDesk.h"
+#include "menus/answers.h"
 #include <MorrantUI/graph/FixedGraphView.h>
 
 #include <QAccessible>
-
-#include <random>
 
 using ui::Graph::Interpolation;
 
@@ -35,11 +34,7 @@ struct Owner
         view->fillGraph(true);
         (void)QTest::qWaitForWindowExposed(view);
     }
-    ~Owner()
-    {
-        ui::setKeyboardModifiersQuery({});
-        delete view;
-    }
+    ~Owner() { delete view; }
     template <typename Signal, typename Slot>
     void connect(Signal signal, Slot&& slot)
     {
@@ -76,25 +71,10 @@ struct Owner
         }
         return texts.join(u' ');
     }
-    /// Chooses in the menu at a place. @return whether it has the row
-    bool choose(QPoint place, const QString& text)
+    /// @return whether the menu has the row
+    bool choose(QPoint place, const QString& text) const
     {
-        bool found = false;
-        QTimer::singleShot(0, qApp, [&] {
-            const QPointer<QWidget> menu = QApplication::activePopupWidget();
-            const auto rows = menu->findChildren<QAction*>();
-            const auto row = std::ranges::find(rows, text, &QAction::text);
-            found = row != rows.end();
-            if (found) {
-                (*row)->trigger();
-            }
-            if (menu) {
-                menu->close();
-            }
-        });
-        QContextMenuEvent event(QContextMenuEvent::Mouse, place, view->mapToGlobal(place));
-        QCoreApplication::sendEvent(view->viewport(), &event);
-        return found;
+        return ui::test::chooseInMenu(view->viewport(), place, text);
     }
 
     GraphCurveData data;
@@ -205,8 +185,8 @@ private Q_SLOTS:
 
     void aGraphUnderManyHandsStaysWhole()
     {
-        std::mt19937 random(qEnvironmentVariableIntValue("MORRANT_MONKEY_SEED"));
-        const auto below = [&](int limit) { return static_cast<int>(random() % limit); };
+        ui::test::Monkey monkey;
+        const auto below = [&](int limit) { return monkey.below(limit); };
         for (int left = std::max(20, qEnvironmentVariableIntValue("MORRANT_MONKEY_ROUNDS"));
              left > 0;
              --left)
@@ -229,18 +209,11 @@ private Q_SLOTS:
                 return point ? owner.view->mapFromScene(point->pos()) : empty;
             };
             const QString rows[] = {u"Add Point"_qs, u"Delete Points"_qs, u"Bézier"_qs};
-            constexpr Qt::Key kKeys[] = {Qt::Key_Delete, Qt::Key_Escape, Qt::Key_Z, Qt::Key_Up};
             for (int step = 0; step < 60 && owner.view; ++step) {
-                const Qt::KeyboardModifiers held(QFlag(below(8) << 25));
-                ui::setKeyboardModifiersQuery([held] { return held; });
-                owner.pointer.setModifiers(held);
-                switch (below(6)) {
-                case 0: owner.drag(place(), place(), 40); break;
-                case 1: owner.pointer.dragTo(place(), 40); break;
-                case 2: owner.pointer.release(); break;
-                case 3: QTest::keyPress(owner.view, kKeys[below(4)]); break;
-                case 4: owner.choose(place(), rows[below(3)]); break;
-                default: owner.view->setData(&owner.data); break;
+                switch (below(7)) {
+                case 0: owner.choose(place(), rows[below(3)]); break;
+                case 1: owner.view->setData(&owner.data); break;
+                default: monkey.act(*owner.view, owner.pointer, place()); break;
                 }
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 QVERIFY(owner.data.count() >= 1);

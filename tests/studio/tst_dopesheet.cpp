@@ -5,7 +5,6 @@
 #include "timeline/DopeSheet.h"
 #include "timeline/DopeSheetView.h"
 #include "timeline/doperows.h"
-#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
@@ -78,7 +77,6 @@ struct Sheet : StudioWindow
         studio::test::showActive(*this);
         settle();
     }
-    ~Sheet() override { ui::setKeyboardModifiersQuery({}); }
 
     DopeSheetView& view() { return dopeSheet().view(); }
     QPoint at(double frame, int row) { return view().mapFromScene(frame, 22 * row + 11); }
@@ -96,9 +94,9 @@ struct Sheet : StudioWindow
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         view().setFocus();
-        ui::setKeyboardModifiersQuery([modifiers] { return modifiers; });
+        pointer.hold(modifiers);
         QTest::keyClick(&view(), Qt::Key(key), modifiers);
-        ui::setKeyboardModifiersQuery({});
+        pointer.hold({});
         settle();
     }
 
@@ -220,7 +218,7 @@ private Q_SLOTS:
         Sheet sheet;
         sheet.key(Qt::Key_T);
         sheet.drag(sheet.at(6, 2) + QPoint(0, 5), sheet.at(22, 2));
-        ui::setKeyboardModifiersQuery([] { return Qt::KeyboardModifiers(Qt::AltModifier); });
+        sheet.pointer.hold(Qt::AltModifier);
         sheet.drag(sheet.at(20, 2) - QPoint(2, 0), sheet.at(25, 2));
         QCOMPARE(sheet.shown(), u"10 40 | 10 25 35 | 20 50"_qs);
         QCOMPARE(sheet.selection(), u"10 25"_qs);

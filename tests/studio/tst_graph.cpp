@@ -7,7 +7,6 @@
 #include "timeline/DopeSheet.h"
 #include "timeline/DopeSheetView.h"
 #include <MorrantUI/controls/buttons/SegmentedButton.h>
-#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/graph/FixedGraphView.h>
 #include <MorrantUI/graph/GeneralGraphUtils.h>
@@ -58,7 +57,6 @@ struct Graph : StudioWindow
         selectLayer(0);
         studio::test::settle();
     }
-    ~Graph() override { ui::setKeyboardModifiersQuery({}); }
 
     ValueGraphView& view() { return graph().view(); }
     QPoint at(double frame, double value) { return view().mapFromScene(frame, -value); }
@@ -292,8 +290,7 @@ private Q_SLOTS:
                 QTest::keyClick(&window.view(), pick(Qt::Key_Left, Qt::Key_Up, Qt::Key_F));
                 break;
             default:
-                window.pointer.setModifiers(held);
-                ui::setKeyboardModifiersQuery([held] { return held; });
+                window.pointer.hold(held);
                 window.drag(from, from + QPoint(random.bounded(-90, 90), random.bounded(-40, 40)));
                 switch (random.bounded(8)) {
                 case 0: QTest::keyClick(&window.view(), Qt::Key_Escape); break;

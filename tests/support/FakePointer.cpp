@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/FakePointer.h"
 
+#include <MorrantUI/controls/gestures/modifiers.h>
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QWindow>
@@ -13,6 +15,20 @@ namespace ui::test {
 FakePointer::FakePointer(QWidget* widget)
     : m_widget(widget)
 {}
+
+FakePointer::~FakePointer()
+{
+    if (m_holds) {
+        ui::setKeyboardModifiersQuery({});
+    }
+}
+
+void FakePointer::hold(Qt::KeyboardModifiers modifiers)
+{
+    m_holds = true;
+    m_modifiers = modifiers;
+    ui::setKeyboardModifiersQuery([modifiers] { return modifiers; });
+}
 
 void FakePointer::moveTo(QPoint position)
 {

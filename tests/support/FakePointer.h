@@ -15,6 +15,7 @@ class FakePointer
 public:
     /// The widget must be shown; it may die while the pointer is in use, which ends all delivery.
     explicit FakePointer(QWidget* widget);
+    ~FakePointer();
 
     void moveTo(QPoint position);
     void press(Qt::MouseButton button = Qt::LeftButton);
@@ -27,6 +28,8 @@ public:
     void dragTo(QPoint position, int step = 5);
 
     void setModifiers(Qt::KeyboardModifiers modifiers) { m_modifiers = modifiers; }
+    /// The same, also for those who ask the keyboard while the pointer lives.
+    void hold(Qt::KeyboardModifiers modifiers);
     QPoint position() const { return m_position; }
 
 private:
@@ -36,6 +39,7 @@ private:
     QPoint m_position;
     Qt::MouseButtons m_buttons;
     Qt::KeyboardModifiers m_modifiers;
+    bool m_holds = false;
 };
 
 /// Clicks the middle of a widget.

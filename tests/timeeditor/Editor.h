@@ -4,7 +4,6 @@
 #include "controls/StyledApplication.h"
 #include "support/FakePointer.h"
 #include "support/pixels.h"
-#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
@@ -72,11 +71,7 @@ public:
             told << static_cast<int>(moves.size());
         });
     }
-    ~Editor()
-    {
-        setKeyboardModifiersQuery({});
-        delete view;
-    }
+    ~Editor() { delete view; }
     Q_DISABLE_COPY_MOVE(Editor)
 
     TimeEditorCurveItem* addRow(const std::vector<int>& frames)
@@ -142,12 +137,7 @@ public:
         return pixelAt(view->viewport()->grab().toImage(), at(frame, y));
     }
 
-    /// Holds modifiers for events and for those who ask the keyboard.
-    void hold(Qt::KeyboardModifiers modifiers)
-    {
-        pointer.setModifiers(modifiers);
-        setKeyboardModifiersQuery([modifiers] { return modifiers; });
-    }
+    void hold(Qt::KeyboardModifiers modifiers) { pointer.hold(modifiers); }
     void press(QPoint place)
     {
         pointer.moveTo(place);

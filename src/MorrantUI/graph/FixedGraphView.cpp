@@ -480,6 +480,9 @@ void FixedGraphView::mouseMoveEvent(QMouseEvent* event)
 void FixedGraphView::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
+    if ((scene() && scene()->mouseGrabberItem()) || rubberBandRect().isValid()) {
+        return; // in mid-drag
+    }
     const QPointer<ContextMenu> menu = new ContextMenu(this);
     fillMenu(menu, mapToScene(viewport()->mapFromGlobal(event->globalPos())));
     menu->exec(event->globalPos());

@@ -94,9 +94,9 @@ void GeneralGraphView::updateTransformTool()
     const bool wanted = m_showTransformTool && m_utils->pointItems(true).size() >= 2;
     if (wanted && !m_transformTool) {
         m_transformTool = createTransformTool();
-        if (m_transformTool) {
-            scene()->addItem(m_transformTool);
-        }
+    }
+    if (wanted && m_transformTool && m_transformTool->scene() != scene()) {
+        scene()->addItem(m_transformTool);
     }
     if (m_transformTool) {
         m_transformTool->setVisible(wanted);

@@ -139,7 +139,8 @@ protected:
     virtual QSizeF nudgeStep() const;
     /// Makes the transform tool, which becomes the scene's. By default a PointTransformTool.
     virtual TransformTool* createTransformTool();
-    /// Around what the user changes in one go: a drag, a key, a click that changes points.
+    /// Around what the user changes in one go: a drag, a key, a click that changes points. When it
+    /// starts, nothing may be deleted: Qt is in the middle of the event.
     virtual void editStarted() {}
     /// @param changed whether anything is different from before; not after Escape
     virtual void editEnded(bool changed);
@@ -149,6 +150,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

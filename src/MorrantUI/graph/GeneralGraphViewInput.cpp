@@ -59,6 +59,9 @@ double fitFactor(double room, double length, double zoom)
 
 void GeneralGraphView::mousePressEvent(QMouseEvent* event)
 {
+    if (isBesideDrag(*event)) {
+        return;
+    }
     const ui::ChangeBatch batch(this);
     m_pressPosition = rounded(event->position());
     startToolDrag();
@@ -69,6 +72,16 @@ void GeneralGraphView::mousePressEvent(QMouseEvent* event)
         }
     }
     GraphicsView::mousePressEvent(event);
+}
+
+void GeneralGraphView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (isBesideDrag(*event)) {
+        return;
+    }
+    const ui::ChangeBatch batch(this);
+    m_pressPosition = rounded(event->position());
+    GraphicsView::mouseDoubleClickEvent(event);
 }
 
 void GeneralGraphView::mouseMoveEvent(QMouseEvent* event)
@@ -88,6 +101,9 @@ void GeneralGraphView::mouseMoveEvent(QMouseEvent* event)
 
 void GeneralGraphView::mouseReleaseEvent(QMouseEvent* event)
 {
+    if (isBesideDrag(*event)) {
+        return;
+    }
     const QPointer<GeneralGraphView> alive(this);
     m_axisSnapping = ui::Graph::AxisSnappingMode::None;
     endKeyScaling();

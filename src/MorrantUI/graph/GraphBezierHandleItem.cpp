@@ -316,6 +316,12 @@ void GraphBezierHandleItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
     }
 }
 
+/// As a point's.
+void GraphBezierHandleItem::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
 void GraphBezierHandleItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
     m_horizontalOnly = event->modifiers().testFlag(Qt::ShiftModifier);

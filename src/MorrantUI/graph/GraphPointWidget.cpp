@@ -283,6 +283,12 @@ void GraphPointWidget::mousePressEvent(QGraphicsSceneMouseEvent* event)
     }
 }
 
+/// The second of two quick presses is one like any other, which a drag may follow.
+void GraphPointWidget::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
 void GraphPointWidget::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
     if (!m_view || !m_view->dragTo(event->scenePos())) {

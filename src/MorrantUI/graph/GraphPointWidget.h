@@ -90,6 +90,7 @@ protected:
     bool collidesWithPath(const QPainterPath& path, Qt::ItemSelectionMode mode) const override;
     QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:

@@ -30,6 +30,11 @@ QRectF GraphicsView::getVisibleRect() const
     return mapToScene(QRect(QPoint(0, 0), viewport()->size())).boundingRect();
 }
 
+bool GraphicsView::isBesideDrag(const QMouseEvent& event)
+{
+    return event.button() != Qt::LeftButton && event.buttons().testFlag(Qt::LeftButton);
+}
+
 void GraphicsView::changeMouse(const QCursor& cursor)
 {
     watchDoors();

@@ -51,6 +51,10 @@ protected:
     /// sets the mode.
     void endHandPan();
 
+    /// Whether another button comes or goes while the left one holds a gesture, which it does not
+    /// concern.
+    static bool isBesideDrag(const QMouseEvent& event);
+
     /// Scrolls by itself while something is dragged at the viewport's edge or beyond it: the
     /// farther the faster, up to the scene's rectangle. A mouse movement is sent after each step,
     /// so that the drag follows. To be called with every movement of a drag; abandonGesture() ends

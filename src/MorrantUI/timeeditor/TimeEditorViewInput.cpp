@@ -33,12 +33,6 @@ QPoint rounded(QPointF position)
     return {ui::nearestFrame(position.x()), ui::nearestFrame(position.y())};
 }
 
-/// Another button comes or goes while the left one holds a gesture, which it does not concern.
-bool isBesideDrag(const QMouseEvent& event)
-{
-    return event.button() != Qt::LeftButton && event.buttons().testFlag(Qt::LeftButton);
-}
-
 } // namespace
 
 TimeEditorBaseItem* TimeEditorView::itemUnder(QPoint position) const
