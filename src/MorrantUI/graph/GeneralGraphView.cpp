@@ -236,10 +236,10 @@ void GeneralGraphView::startDrag(TimeEditorBaseItem* item, QPointF scenePosition
     });
 }
 
-bool GeneralGraphView::dragTo(QPointF scenePosition)
+void GeneralGraphView::dragTo(QPointF scenePosition)
 {
     if (!m_drag) {
-        return false;
+        return;
     }
     const ui::ChangeBatch batch(this);
     if (m_drag->state() == ui::DragState::Pressed) {
@@ -248,7 +248,6 @@ bool GeneralGraphView::dragTo(QPointF scenePosition)
     if (m_drag) { // else the host has taken the mouse away from it
         m_drag->dragTo(scenePosition);
     }
-    return true;
 }
 
 /// However it ends.

@@ -170,7 +170,7 @@ private:
     using Points = std::vector<std::pair<int, QPointer<GraphPointWidget>>>;
 
     void startDrag(TimeEditorBaseItem* item, QPointF scenePosition);
-    bool dragTo(QPointF scenePosition);
+    void dragTo(QPointF scenePosition);
     void finishGesture();
     void startToolDrag();
     /// Of a gesture that ends with the release. @param changed already

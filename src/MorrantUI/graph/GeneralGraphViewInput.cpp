@@ -298,6 +298,7 @@ void GeneralGraphView::focusInEvent(QFocusEvent* event)
 
 void GeneralGraphView::zoomAt(QPointF factors, QPointF place)
 {
+    const ui::ChangeBatch batch(this); // in mid-drag Qt repeats the last movement meanwhile
     const QTransform before = transform();
     const double x = allowedFactor(factors.x(), before.m11());
     const double y = allowedFactor(factors.y(), before.m22());
@@ -312,6 +313,7 @@ void GeneralGraphView::zoomAt(QPointF factors, QPointF place)
 
 void GeneralGraphView::panBy(QPoint distance)
 {
+    const ui::ChangeBatch batch(this);
     QScrollBar* const horizontal = horizontalScrollBar();
     horizontal->setValue(horizontal->value() + (isRightToLeft() ? distance.x() : -distance.x()));
     verticalScrollBar()->setValue(verticalScrollBar()->value() - distance.y());
@@ -319,6 +321,7 @@ void GeneralGraphView::panBy(QPoint distance)
 
 void GeneralGraphView::fitSceneRect(const QRectF& rect)
 {
+    const ui::ChangeBatch batch(this);
     const QRectF wanted = rect.normalized();
     const QTransform now = transform();
     const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2.0 * kFitRoom, 2.0 * kFitRoom);

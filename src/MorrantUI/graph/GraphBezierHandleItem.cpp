@@ -325,8 +325,9 @@ void GraphBezierHandleItem::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* even
 void GraphBezierHandleItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
     m_horizontalOnly = event->modifiers().testFlag(Qt::ShiftModifier);
-    GeneralGraphView* const owner = view();
-    if (!owner || !owner->dragTo(event->scenePos())) {
+    if (GeneralGraphView* const owner = view()) {
+        owner->dragTo(event->scenePos());
+    } else {
         TimeEditorBaseItem::mouseMoveEvent(event);
     }
 }

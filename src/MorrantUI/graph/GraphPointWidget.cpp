@@ -291,7 +291,9 @@ void GraphPointWidget::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
 
 void GraphPointWidget::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
-    if (!m_view || !m_view->dragTo(event->scenePos())) {
+    if (m_view) {
+        m_view->dragTo(event->scenePos()); // Qt's own moving would be no edit
+    } else {
         TimeEditorBaseItem::mouseMoveEvent(event);
     }
 }
