@@ -10,6 +10,7 @@
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QWheelEvent>
 
 #include <cstdlib>
@@ -118,6 +119,16 @@ void GraphicsView::abandonGesture()
     if (scene() && scene()->mouseGrabberItem()) {
         scene()->mouseGrabberItem()->ungrabMouse();
     }
+}
+
+bool GraphicsView::viewportEvent(QEvent* event)
+{
+    const QPointer<GraphicsView> alive(this);
+    const bool taken = QGraphicsView::viewportEvent(event);
+    if (!alive) {
+        event->accept();
+    }
+    return taken || !alive;
 }
 
 bool GraphicsView::event(QEvent* event)

@@ -72,6 +72,8 @@ protected:
     virtual void abandonGesture();
 
     bool event(QEvent* event) override;
+    /// Takes an event whose slots have deleted the view, so that Qt does not go on to its parents.
+    bool viewportEvent(QEvent* event) override;
 
 private:
     struct BeforePan
