@@ -4,9 +4,12 @@
 #include "docking/DockTree.h"
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
+#include <MorrantUI/docking/arrangement.h>
+#include <MorrantUI/docking/panelnavigation.h>
 
 #include <QtWidgets>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <memory>
@@ -17,12 +20,24 @@ namespace ui::test {
 
 namespace {
 
-/// A panel with something in it; some refuse to close.
+/// What the session deletes on purpose goes with all in it.
+class Deleting
+{
+public:
+    Deleting() { ++depth; }
+    ~Deleting() { --depth; }
+    Q_DISABLE_COPY_MOVE(Deleting)
+
+    static inline int depth = 0;
+    static inline int lost = 0; ///< panels that died without being closed or deleted
+};
+
+/// A panel with something in it; some refuse to close, and some are kept when they do.
 class FuzzedPanel : public DockableWindow
 {
 public:
     explicit FuzzedPanel(int number)
-        : DockableWindow(new QLineEdit)
+        : DockableWindow(number % 2 == 0 ? static_cast<QWidget*>(new QLineEdit) : new QListView)
         , m_refuses(number % 5 == 4)
     {
         setText(u"p%1"_qs.arg(number));
@@ -31,11 +46,25 @@ public:
         content()->setMinimumSize(number % 3 == 1 ? 40 + 10 * number % 90 : 0, 30);
         if (number % 6 == 2) {
             content()->setMaximumSize(120, 90);
+        } else if (number % 6 == 5) {
+            content()->setFixedHeight(40);
         }
+        setAttribute(Qt::WA_DeleteOnClose, number % 4 != 3);
     }
+    ~FuzzedPanel() override { Deleting::lost += isClosing() || Deleting::depth > 0 ? 0 : 1; }
+    Q_DISABLE_COPY_MOVE(FuzzedPanel)
+
+    void setRefuses(bool refuses) { m_refuses = refuses; }
+    std::function<void()> onClose;
 
 protected:
-    void closeEvent(QCloseEvent* event) override { event->setAccepted(!m_refuses); }
+    void closeEvent(QCloseEvent* event) override
+    {
+        event->setAccepted(!m_refuses);
+        if (onClose) {
+            std::exchange(onClose, nullptr)();
+        }
+    }
 
 private:
     bool m_refuses;
@@ -62,14 +91,25 @@ public:
         : m_tree({}, QSize(1200, 800))
     {
         while (m_panels < 12) {
-            new FuzzedPanel(m_panels++);
+            makePanel();
         }
         for (int i = 0; i < 6; ++i) {
             m_tree.root().dockInArea(window(i + 1), areaAt(1 + i % 4));
         }
         m_tree.root().show();
         settle();
+        Deleting::lost = 0;
     }
+    ~DockSession()
+    {
+        ui::setLayoutLocked(false);
+        const Deleting deleting;
+        m_tree.destroy();
+        for (const auto& panel : m_kept) { // which belong to nobody now
+            delete panel;
+        }
+    }
+    Q_DISABLE_COPY_MOVE(DockSession)
 
     QString play(const DockStep& step)
     {
@@ -82,7 +122,15 @@ public:
     {
         m_hand.release();
         settleAll({});
-        return broken();
+        const QString found = broken();
+        const auto living = [this] {
+            return std::count_if(
+                m_kept.begin(), m_kept.end(), [](const auto& panel) { return !panel.isNull(); });
+        };
+        const auto before = living();
+        const Deleting deleting;
+        m_tree.destroy();
+        return found.isEmpty() && living() != before ? u"kept panels go with the root"_qs : found;
     }
 
 private:
@@ -95,6 +143,16 @@ private:
                               : settled       ? Moment::Settled
                                               : Moment::Unsettled;
         QStringList found = brokenInvariants(moment);
+        if (Deleting::lost > 0) {
+            found << u"%1 panels are lost"_qs.arg(Deleting::lost);
+        }
+        for (DockableWindow* window : all<DockableWindow>()) {
+            const DockableGroup* group = window->findDockableParentGroup();
+            const bool behind = qobject_cast<const DockableTabGroup*>(group);
+            if (settled && group && !behind && window->isHidden() && !ui::maximizedPanel()) {
+                found << window->getText() + u" is hidden in its group"_qs;
+            }
+        }
         if (settled && mouseEventsAreKept()) {
             found << u"mouse events are kept"_qs;
         }
@@ -121,6 +179,11 @@ private:
     Window* some(int number)
     {
         const auto windows = all<Window>();
+        return some(number, windows);
+    }
+    template <typename Window>
+    static Window* some(int number, const QList<Window*>& windows)
+    {
         return windows.isEmpty() ? nullptr : windows.at(number % windows.size());
     }
     static DockableArea areaAt(int number) { return static_cast<DockableArea>(number % 7); }
@@ -163,6 +226,7 @@ private:
     static void remove(DockableWindow* window)
     {
         if (window != gMainWindow) {
+            const Deleting deleting;
             delete window;
         }
     }
@@ -202,7 +266,14 @@ private:
     void addPanel(const DockStep& /*step*/)
     {
         if (all<DockableWindow>().size() < 30) {
-            new FuzzedPanel(m_panels++);
+            makePanel();
+        }
+    }
+    void makePanel()
+    {
+        auto* panel = new FuzzedPanel(m_panels++);
+        if (!panel->testAttribute(Qt::WA_DeleteOnClose)) {
+            m_kept.emplace_back(panel);
         }
     }
     void settleAll(const DockStep& /*step*/)
@@ -248,30 +319,59 @@ private:
         }
     }
 
-    /// By whatever a window can be grabbed.
-    void press(const DockStep& s)
+    struct Grip
     {
-        QList<std::pair<QWidget*, DockableWindow*>> grips;
+        QWidget* widget;
+        DockableWindow* window;
+        bool atTheEnd = false; ///< a strip of tabs is a handle where it has none
+    };
+    /// By whatever a window can be grabbed.
+    QList<Grip> grips()
+    {
+        QList<Grip> found;
         for (DockableWindow* window : all<DockableWindow>()) {
-            grips.append({window->header(), window});
+            found.append({window->header(), window});
             auto* tabs = qobject_cast<DockableTabGroup*>(window);
             for (int i = 0; tabs && i < tabs->childCount(); ++i) {
-                grips.append({tabs->tabAt(i), tabs->getChild(i)});
+                found.append({tabs->tabAt(i), tabs->getChild(i)});
+            }
+            if (tabs && tabs->childCount() > 0) {
+                found.append({tabs->tabAt(0)->parentWidget()->parentWidget(), tabs, true});
             }
         }
-        grips.removeIf([](const auto& grip) {
-            return !grip.first || !grip.first->isVisible() || !grip.first->window()->windowHandle();
+        found.removeIf([](const Grip& grip) {
+            return !grip.widget || !grip.widget->isVisible()
+                   || !grip.widget->window()->windowHandle();
         });
+        return found;
+    }
+    void press(const DockStep& s) { take(s, &Hand::press); }
+    void doubleClick(const DockStep& s)
+    {
+        if (s.c % 4 != 0) {
+            take(s, &Hand::doubleClick);
+            return;
+        }
+        const auto handles = m_tree.root().findChildren<QSplitterHandle*>();
+        QSplitterHandle* handle = handles.value(s.a % (handles.size() + 1));
+        if (handle && handle->isVisible() && !m_hand.isDown()) {
+            m_hand.doubleClick(*handle, handle->rect().center());
+        }
+    }
+    void take(const DockStep& s, void (Hand::*how)(QWidget&, QPoint, Qt::MouseButton))
+    {
+        const QList<Grip> grips = this->grips();
         if (m_hand.isDown() || grips.isEmpty()) {
             return;
         }
-        const auto& [grip, window] = grips.at(s.a % grips.size());
-        const QPoint point(4 + s.b % 20, 4 + s.b % 8);
-        if (grip->mapToGlobal(point) == reachable(grip->mapToGlobal(point))) {
-            m_grabbed = window;
+        const Grip& grip = grips.at(s.a % grips.size());
+        const int end = grip.widget->width() - 2;
+        const QPoint point(grip.atTheEnd ? end : 4 + s.b % 20, 4 + s.b % 8);
+        if (grip.widget->mapToGlobal(point) == reachable(grip.widget->mapToGlobal(point))) {
+            m_grabbed = grip.window;
             m_grabbed->sideDockingDisabled = s.c % 8 == 1;
             m_grabbed->verticalDockingDisabled = s.c % 16 == 2;
-            m_hand.press(*grip, point);
+            (m_hand.*how)(*grip.widget, point, Qt::LeftButton);
         }
     }
     /// Onto a zone or the middle of a window, or away from them all.
@@ -332,6 +432,52 @@ private:
             m_hand.moveTo(reachable(QCursor::pos() + QPoint(1, 0)));
         }
     }
+    /// The button stays down.
+    void escape(const DockStep& /*step*/)
+    {
+        if (m_hand.isDown()) {
+            m_hand.pressEscape();
+        }
+    }
+    void toggleFloating(const DockStep& s)
+    {
+        if (some(s.a) != gMainWindow) {
+            some(s.a)->toggleFloating();
+        }
+    }
+    void maximize(const DockStep& s)
+    {
+        if (s.b % 3 == 0) {
+            ui::restorePanels();
+        } else {
+            ui::maximizePanel(some(s.a, ui::panelsInOrder()));
+        }
+    }
+    void lockLayout(const DockStep& s) { ui::setLayoutLocked(s.a % 4 == 0); }
+    /// Of a window that floats, or the main window.
+    void changeState(const DockStep& s)
+    {
+        QWidget* top = some(s.a)->window();
+        if (top->isVisible()) {
+            const std::array states{
+                Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowMinimized, Qt::WindowNoState};
+            top->setWindowState(states[s.b % 4U]);
+        }
+    }
+    void showClosed(const DockStep& s)
+    {
+        DockableWindow& window = *some(s.a);
+        if (window.isFloating() && !window.isClosing()) {
+            window.show();
+        }
+    }
+    void changeMind(const DockStep& s)
+    {
+        if (auto* panel = dynamic_cast<FuzzedPanel*>(some(s.a))) {
+            panel->setRefuses(s.b % 2 == 0);
+        }
+    }
+    void askAll(const DockStep& /*step*/) { m_tree.root().mayClose(); }
     void lockDrag(const DockStep& s) { some(s.a)->setDragEnabled(s.b % 3 != 0); }
     /// What may happen to those that take part in a drag.
     void incident(const DockStep& s)
@@ -371,6 +517,11 @@ private:
         for (DockableWindow* window : all<DockableWindow>()) {
             spring(window, &DockableWindow::docked);
             spring(window, &DockableWindow::undocked);
+            if (auto* panel = dynamic_cast<FuzzedPanel*>(window)) {
+                panel->onClose = [trap = QPointer<Trap>(m_trap.get())] {
+                    trap ? trap->spring() : void();
+                };
+            }
             if (auto* tabs = qobject_cast<DockableTabGroup*>(window)) {
                 spring(tabs, &DockableTabGroup::activeIndexChanged);
                 for (int i = 0; i < tabs->childCount(); ++i) {
@@ -380,34 +531,51 @@ private:
         }
     }
 
-    static const std::array<Step, 48> kSteps;
+    static const std::array<Step, 64> kSteps;
 
     DockTree m_tree;
     Hand& m_hand = m_tree.hand;
     std::unique_ptr<Trap> m_trap;
-    QPointer<DockableWindow> m_grabbed; ///< at the last press
+    QPointer<DockableWindow> m_grabbed;           ///< at the last press
+    std::vector<QPointer<DockableWindow>> m_kept; ///< when they are closed
     int m_panels = 0;
     bool m_settled = false; ///< by the last step
 };
 
 // What users do most stands in here most often.
-const std::array<DockSession::Step, 48> DockSession::kSteps{
-    &DockSession::dock,           &DockSession::dock,           &DockSession::dock,
-    &DockSession::dock,           &DockSession::undock,         &DockSession::undock,
-    &DockSession::undockAndClose, &DockSession::mouseUndock,    &DockSession::cleanup,
-    &DockSession::collapse,       &DockSession::takeAndInsert,  &DockSession::insertStolen,
-    &DockSession::changeHeader,   &DockSession::changeLook,     &DockSession::destroyWindow,
-    &DockSession::resizeWindow,   &DockSession::moveHandles,    &DockSession::closeWindow,
-    &DockSession::activation,     &DockSession::settleAll,      &DockSession::settleAll,
-    &DockSession::addPanel,       &DockSession::focusSomething, &DockSession::processSome,
-    &DockSession::dockAsTab,      &DockSession::dockAsTab,      &DockSession::dockAsTab,
-    &DockSession::setActive,      &DockSession::setActive,      &DockSession::setTabText,
-    &DockSession::takeTab,        &DockSession::insertTab,      &DockSession::insertTab,
-    &DockSession::drag,           &DockSession::drag,           &DockSession::drag,
-    &DockSession::drag,           &DockSession::reactToNext,    &DockSession::press,
-    &DockSession::press,          &DockSession::moveHand,       &DockSession::moveHand,
-    &DockSession::release,        &DockSession::endOtherwise,   &DockSession::lockDrag,
-    &DockSession::incident,       &DockSession::reactToNext,    &DockSession::processDeaths};
+const std::array<DockSession::Step, 64> DockSession::kSteps{
+    &DockSession::dock,           &DockSession::dock,
+    &DockSession::dock,           &DockSession::dock,
+    &DockSession::undock,         &DockSession::undock,
+    &DockSession::undockAndClose, &DockSession::mouseUndock,
+    &DockSession::cleanup,        &DockSession::collapse,
+    &DockSession::takeAndInsert,  &DockSession::insertStolen,
+    &DockSession::changeHeader,   &DockSession::changeLook,
+    &DockSession::destroyWindow,  &DockSession::resizeWindow,
+    &DockSession::moveHandles,    &DockSession::closeWindow,
+    &DockSession::activation,     &DockSession::settleAll,
+    &DockSession::settleAll,      &DockSession::addPanel,
+    &DockSession::focusSomething, &DockSession::processSome,
+    &DockSession::dockAsTab,      &DockSession::dockAsTab,
+    &DockSession::dockAsTab,      &DockSession::setActive,
+    &DockSession::setActive,      &DockSession::setTabText,
+    &DockSession::takeTab,        &DockSession::insertTab,
+    &DockSession::insertTab,      &DockSession::drag,
+    &DockSession::drag,           &DockSession::drag,
+    &DockSession::drag,           &DockSession::reactToNext,
+    &DockSession::press,          &DockSession::press,
+    &DockSession::moveHand,       &DockSession::moveHand,
+    &DockSession::release,        &DockSession::endOtherwise,
+    &DockSession::lockDrag,       &DockSession::incident,
+    &DockSession::reactToNext,    &DockSession::processDeaths,
+    &DockSession::doubleClick,    &DockSession::doubleClick,
+    &DockSession::doubleClick,    &DockSession::escape,
+    &DockSession::escape,         &DockSession::toggleFloating,
+    &DockSession::maximize,       &DockSession::maximize,
+    &DockSession::lockLayout,     &DockSession::changeState,
+    &DockSession::showClosed,     &DockSession::showClosed,
+    &DockSession::changeMind,     &DockSession::askAll,
+    &DockSession::settleAll,      &DockSession::drag};
 
 } // namespace
 

@@ -25,6 +25,14 @@
 
 namespace ui::test {
 
+/// That a window manager may give it.
+static void waitForFrame(QWidget& window)
+{
+    if (!QTest::qWaitForWindowExposed(&window)) {
+        QTest::qFail("a window does not show", __FILE__, __LINE__);
+    }
+}
+
 DockTree::DockTree(const QString& notation, QSize size)
 {
     // Before the first window, which looks the colour of all focus frames up.
@@ -41,12 +49,14 @@ DockTree::DockTree(const QString& notation, QSize size)
     QStringView rest = QStringView(notation).mid(1);
     m_root->show();
     buildChildren(rest, *m_root);
+    waitForFrame(*m_root);
     settle();
     while (!rest.isEmpty()) {
         rest = rest.mid(1); // the space
         DockableWindow* floating = build(rest);
         floating->move(m_root->geometry().bottomLeft() + QPoint(0, 40));
         floating->show();
+        waitForFrame(*floating);
     }
     settle();
 }
@@ -363,6 +373,14 @@ bool isFrontOrNoTab(DockableWindow& window)
     return !tabs || tabs->activeChild() == &window;
 }
 
+constexpr int kHighestHeader = 60;
+
+bool isEmptyShell(DockableWindow& window)
+{
+    auto* group = qobject_cast<DockableGroup*>(&window);
+    return group && &window != gMainWindow && group->isVisible() && group->childCount() == 0;
+}
+
 bool hasOwnSizePolicy(const DockableWindow& window)
 {
     const QSizePolicy policy = window.sizePolicy();
@@ -388,9 +406,15 @@ public:
         const int expected = m_moment == Moment::Dragging ? 1 : 0;
         check(m_faint <= expected, *gMainWindow, "windows are not opaque");
         check(m_indicators <= expected, *gMainWindow, "windows show drop zones");
-        const QWidget* focus = QApplication::focusWidget();
+        QWidget* focus = QApplication::focusWidget();
         const bool seen = m_moment != Moment::Settled || !focus || focus->isVisible();
-        check(seen, *gMainWindow, "a hidden widget has the focus");
+        DockableWindow* hidden = seen ? nullptr : DockableWindow::findDockableParent(focus);
+        const QString where =
+            seen ? QString()
+                 : QLatin1String(focus->metaObject()->className())
+                       + (hidden ? u" in "_qs + DockTree::text(*hidden) : QString());
+        const QString claim = u"a hidden widget has the focus: "_qs + where;
+        check(seen, *gMainWindow, qPrintable(claim));
         return m_broken;
     }
 
@@ -422,6 +446,8 @@ private:
             check(window.isFloating(), window, "neither docked nor floating");
             check(window.parentWidget() == gMainWindow, window, "is not the main window's");
         }
+        const bool mayBeEmpty = parent || m_moment != Moment::Settled;
+        check(mayBeEmpty || !isEmptyShell(window), window, "floats without children");
         if (auto* group = qobject_cast<DockableGroup*>(&window)) {
             auto* tabs = qobject_cast<DockableTabGroup*>(group);
             tabs ? inspectTabs(*tabs) : inspectGroup(*group, parent != nullptr);
@@ -485,6 +511,29 @@ private:
         const int length = upright ? splitter.height() : splitter.width();
         const QString claim = u"does not fill %1: "_qs.arg(length) + DockTree::text(group, true);
         check(used < 0 || (used == length && across), group, qPrintable(claim));
+        inspectLimits(group, upright);
+    }
+
+    /// Nobody is larger than it should be as long as there is a panel that may be.
+    void inspectLimits(DockableGroup& group, bool upright)
+    {
+        bool beyond = false;
+        bool boundless = false;
+        for (int i = 0; i < group.childCount(); ++i) {
+            const DockableWindow& child = *group.getChild(i);
+            const QWidget* content = child.content();
+            if (content && child.isVisible() && content->parentWidget() == &child) {
+                const QSize most = content->maximumSize();
+                const QSizePolicy policy = content->sizePolicy();
+                const int grows = upright ? policy.verticalPolicy() : policy.horizontalPolicy();
+                boundless |= (upright ? most.height() : most.width()) == QWIDGETSIZE_MAX
+                             && (grows & QSizePolicy::GrowFlag);
+                beyond |= upright ? child.height() > most.height() + kHighestHeader
+                                  : child.width() > most.width() + kHighestHeader;
+            }
+        }
+        const QString claim = u"limits do not hold: "_qs + DockTree::text(group, true);
+        check(!beyond || !boundless, group, qPrintable(claim));
     }
 
     Moment m_moment;

@@ -35,11 +35,15 @@ void Hand::pointAt(QPoint global)
 void Hand::press(QWidget& widget, QPoint position, Qt::MouseButton button)
 {
     const QPointer<QWidget> pressed(&widget);
-    pointAt(widget.mapToGlobal(position));
-    QCoreApplication::processEvents();
-    if (!pressed) {
-        return; // something was still due
-    }
+    QPoint place;
+    do { // a window manager may be about to put it elsewhere
+        place = widget.mapToGlobal(position);
+        pointAt(place);
+        QCoreApplication::processEvents();
+        if (!pressed) {
+            return; // something was still due
+        }
+    } while (widget.mapToGlobal(position) != place);
     m_buttons = button;
     if (m_real) {
         m_real->press(button);
@@ -47,6 +51,22 @@ void Hand::press(QWidget& widget, QPoint position, Qt::MouseButton button)
     }
     m_window = widget.window()->windowHandle();
     send(QEvent::MouseButtonPress, button);
+}
+
+void Hand::doubleClick(QWidget& widget, QPoint position, Qt::MouseButton button)
+{
+    const QPointer<QWidget> pressed(&widget);
+    press(widget, position, button);
+    release();
+    if (m_real && pressed) {
+        press(widget, position, button);
+    } else if (pressed && m_window) {
+        m_buttons = button;
+        send(QEvent::MouseButtonDblClick, button);
+    }
+    if (isDown()) {
+        release();
+    }
 }
 
 void Hand::moveTo(QPoint global, int steps)

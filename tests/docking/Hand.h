@@ -26,6 +26,7 @@ public:
 
     /// The widget must be visible.
     void press(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton);
+    void doubleClick(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton);
     /// Moves in one step, or in several.
     void moveTo(QPoint global, int steps = 1);
     void release();

@@ -287,16 +287,17 @@ private Q_SLOTS:
             tree.hand.press(Gestures::gripOf(panel), Gestures::kGrip);
             tree.hand.moveTo(gestures.out(), 3);
             QVERIFY(panel.isFloating() && panel.header()->isVisible());
-            const QPoint place = panel.pos() - QCursor::pos();
+            const auto placeNow = [&] { return panel.mapToGlobal(QPoint()) - QCursor::pos(); };
+            const QPoint place = placeNow();
             QVERIFY(panel.header()->rect().contains(panel.header()->mapFromGlobal(QCursor::pos())));
             for (int i = 1; i <= 20; ++i) {
                 tree.hand.moveTo(gestures.out() + QPoint(2 * i, i));
-                QCOMPARE(panel.pos() - QCursor::pos(), place);
+                QCOMPARE(placeNow(), place);
             }
             tree.hand.release();
             settle();
             tree.hand.moveTo(gestures.out()); // it has let go
-            QCOMPARE(panel.pos() - QCursor::pos(), place + QPoint(40, 20));
+            QCOMPARE(placeNow(), place + QPoint(40, 20));
             panel.move(600, 20);
         }
         QCOMPARE(tree.text(), u"H(b) a c"_qs);
@@ -409,6 +410,72 @@ private Q_SLOTS:
         QCOMPARE(tree.sizes(), u"H(a=200 b=300)"_qs);
         gestures.perform(u"choose b Undock"_qs);
         QCOMPARE(tree.text(), u"H(a) b"_qs);
+    }
+
+    void showBringsAWindowToTheFrontAndFlashes()
+    {
+        DockTree tree(u"H(a b) f=200x150"_qs);
+        Gestures gestures(tree);
+        tree.root().activateWindow();
+        QTRY_VERIFY(tree.root().isActiveWindow());
+        for (const char* const title : {"f", "a"}) {
+            DockableWindow& window = *tree[title];
+            gestures.choose(window, u"Show"_qs);
+            QTRY_VERIFY(window.isActiveWindow());
+            QVERIFY(window.focusFrameVisible());
+        }
+        tree["a"]->setFocusFrameVisible(true); // the host's from now on
+        QTRY_VERIFY(!tree["f"]->focusFrameVisible());
+        QVERIFY(tree["a"]->focusFrameVisible());
+    }
+
+    void aMaximizedWindowTakesItsUsualSizeUnderThePointer()
+    {
+        DockTree tree(u"H(a b) f=200x150"_qs);
+        Gestures gestures(tree);
+        DockableWindow& f = *tree["f"];
+        const QPoint before = f.pos();
+        f.setWindowState(Qt::WindowMaximized);
+        QTRY_VERIFY(f.width() > 400);
+        settle();
+        const QSize full = f.size();
+        const auto drag = [&] {
+            tree.hand.press(*f.header(), {f.width() / 2, 9});
+            tree.hand.moveTo(gestures.out(), 4);
+        };
+        drag();
+        QTRY_COMPARE(f.size(), QSize(200, 150));
+        QTRY_COMPARE(f.mapFromGlobal(QCursor::pos()), QPoint(100, 9));
+        tree.hand.pressEscape();
+        tree.hand.release();
+        settle();
+        QTRY_VERIFY(f.isMaximized() && f.size() == full);
+        drag();
+        tree.hand.release();
+        settle();
+        QTRY_VERIFY(!f.isMaximized() && f.pos() != before);
+        QCOMPARE(f.size(), QSize(200, 150));
+    }
+
+    void whatIsTornOutLiesOnItsScreenWhole()
+    {
+        DockTree tree(u"H(a=200 b=200)"_qs, {412, 300});
+        Gestures gestures(tree);
+        const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+        DockableWindow& b = *tree["b"];
+        const auto isWhole = [&] { return room.contains(b.frameGeometry()); };
+        gestures.perform(u"grab b, to out"_qs);
+        tree.hand.moveTo(room.bottomRight() - QPoint(30, 20), 3);
+        QVERIFY(!isWhole());
+        tree.hand.release();
+        QTRY_VERIFY(isWhole());
+        for (const bool menu : {true, false}) {
+            tree.play(u"dock b a right"_qs);
+            tree.root().move(room.width() - 300, room.height() - 200);
+            settle();
+            menu ? void(gestures.choose(b, u"Undock"_qs)) : b.toggleFloating();
+            QTRY_VERIFY(isWhole());
+        }
     }
 
     void aDialogEndsTheDrag()

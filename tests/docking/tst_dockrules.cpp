@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/arrivals.h"
+#include "MorrantUI/docking/placing.h"
 #include "MorrantUI/docking/shares.h"
 #include "MorrantUI/docking/tabs/tabkeys.h"
 #include "docking/DockTree.h"
@@ -78,6 +79,19 @@ private:
     }
 
 private Q_SLOTS:
+    void windowsComeToLieOnTheirScreen()
+    {
+        const QRect room(-800, 20, 800, 600);
+        const auto placed = [&](const QRect& frame) { return placeWithin(frame, room); };
+        QCOMPARE(placed({-700, 30, 100, 100}), QPoint(-700, 30));
+        QCOMPARE(placed({-50, 590, 100, 100}), QPoint(-100, 520));
+        QCOMPARE(placed({-900, 0, 100, 100}), QPoint(-800, 20));
+        QCOMPARE(placed({-300, 500, 900, 700}), QPoint(-800, 20)); // of a large one the title
+        QCOMPARE(gripAfter({600, 9}, {800, 500}, {200, 100}), QPoint(150, 9));
+        QCOMPARE(gripAfter({799, 400}, {800, 500}, {200, 100}), QPoint(199, 99));
+        QCOMPARE(gripAfter({5, 5}, {0, 0}, {0, 0}), QPoint(0, 0));
+    }
+
     void zonesAreHitWhereTheyArePainted()
     {
         // Width, height, header: usual, without a header, narrow, flat.

@@ -2,9 +2,12 @@
 #include "MorrantUI/docking/DockableDragHandler.h"
 
 #include "MorrantUI/docking/DragOrigin.h"
+#include "MorrantUI/docking/WindowOverlays.h"
+#include "MorrantUI/docking/afloat.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/docking/panelkeys.h"
+#include "MorrantUI/docking/placing.h"
 #include "MorrantUI/platform/windowsystem.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/arrangement.h>
@@ -93,8 +96,15 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
     }
     if (chosen == undock) {
         window->undock(true);
+        if (window && window->isFloating()) {
+            ui::docking::keepOnScreen(*window, window->geometry().center());
+        }
     } else if (chosen == show) {
         window->show();
+        if (window) { // what is in it may do anything when it is shown
+            ui::docking::bringToFront(*window->window());
+            window->m_overlays->callAttention();
+        }
     } else if (chosen == close) {
         window->undockAndClose();
     }
@@ -201,6 +211,11 @@ bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& eve
     if (m_state == State::Pressed && m_pressedAgain && m_window) {
         QMetaObject::invokeMethod(m_window, &DockableWindow::toggleFloating, Qt::QueuedConnection);
     }
+    if (isDragging() && m_hoverIsNew && !m_replayed) {
+        // A busy system hands many moves over as one, and no zone is lit by the first over a
+        // target.
+        updateHoverWindow();
+    }
     const QPointer<QObject> receiver(watched);
     const QPointer<DockableDragHandler> self(this);
     finish(Ending::Drop); // where a slot may wait for other clicks, in a dialog
@@ -222,6 +237,8 @@ void DockableDragHandler::finish(Ending ending, State rest)
         m_gesture.clear();
     }
     const bool engaged = isDragging() || m_hoverWindow;
+    const bool tornOut = m_origin && !m_origin->floats();
+    const QPointer<DockableDragHandler> self(this);
     endDragging();
     m_state = isEnabled() ? rest : m_state;
     switch (ending) {
@@ -239,7 +256,10 @@ void DockableDragHandler::finish(Ending ending, State rest)
         leaveHoverWindow();
         // Not now, when Qt is dealing with a key of the window whose native one is to go.
         QMetaObject::invokeMethod(this, &DockableDragHandler::takeBack, Qt::QueuedConnection);
-        break;
+        return;
+    }
+    if (self && m_window && tornOut && m_window->isFloating()) {
+        ui::docking::keepOnScreen(*m_window, QCursor::pos());
     }
 }
 
@@ -362,6 +382,7 @@ void DockableDragHandler::updateHoverWindow()
     if (DockableWindow* before = hoverWindow(); before && before != window) {
         before->hideIndicators();
     }
+    m_hoverIsNew = m_hoverWindow != window;
     m_hoverWindow = window;
     if (window) {
         const bool refused = !window->canTake(m_window);
@@ -382,6 +403,10 @@ void DockableDragHandler::moveIfFloating()
     }
     if (window && window->isWindow() && isDragging())
     { // unless a slot of the tearing has dropped it
+        const QSize filling = window->size();
+        if (ui::docking::shrinkToUsualSize(*window)) {
+            m_startPosition = ui::docking::gripAfter(m_startPosition, filling, window->size());
+        }
         const QPoint origin = window->mapToGlobal(QPoint());
         window->move(QCursor::pos() + window->pos() - (m_startPosition + origin));
         window->show();

@@ -24,7 +24,9 @@ class DragOrigin;
 /// under the pointer shows its drop zones, and a docked window is torn out as soon as the pointer
 /// leaves the top-level window it is in. A click gives the window the focus, a double click makes
 /// it float or docks it back. The release docks it in the highlighted zone; Escape puts it back
-/// where it came from, with the sizes around it, and is passed on.
+/// where it came from, with the sizes around it, and is passed on. A maximised window that is moved
+/// takes its usual size under the pointer; one that was torn out ends up as a whole on the screen
+/// that the pointer is on.
 ///
 /// The operations below are the steps of that gesture. They read the global cursor position, and
 /// do nothing once the window is gone.
@@ -104,6 +106,7 @@ private:
     bool m_replayed = false;     ///< the press, by a host; the system's moves know nothing of it
     QPoint m_startPosition;      ///< in the window
     std::unique_ptr<ui::docking::DragOrigin> m_origin; ///< of the last drag
+    bool m_hoverIsNew = false;       ///< only the last move came to the hover window
     QPointer<QObject> m_hoverWindow; ///< a dockable window, unless it is being destroyed
     QPointer<QObject> m_gesture;     ///< the application filter, from press to release
 };

@@ -6,6 +6,7 @@
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/WindowLayout.h"
+#include "MorrantUI/docking/afloat.h"
 #include "MorrantUI/docking/carryover.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
@@ -79,7 +80,7 @@ int DockableGroup::indexOfChild(DockableWindow* window)
 DockableWindow* DockableGroup::takeChild(int index)
 {
     const QPointer<DockableWindow> child = getChild(index);
-    if (child) {
+    if (ui::docking::restoreBefore(*this, child) && indexOfChild(child) >= 0) {
         ui::docking::LayoutChange change; // slots that hear of it may delete the child
         change.note(*child);
         const GroupSplitter::Pause pause(m_splitter);
@@ -125,7 +126,7 @@ void DockableGroup::appendChild(DockableWindow* window)
 
 void DockableGroup::insertChild(int index, DockableWindow* window)
 {
-    if (!m_splitter || !canTake(window)) {
+    if (!ui::docking::restoreBefore(*this, window) || !m_splitter || !canTake(window)) {
         return;
     }
     ui::docking::LayoutChange change;
@@ -279,11 +280,7 @@ QList<int> DockableGroup::sizes() const
 
 void DockableGroup::bringToFront()
 {
-    QWidget* top = window();
-    top->setWindowState((top->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
-    top->show();
-    top->raise();
-    top->activateWindow();
+    ui::docking::bringToFront(*window());
 }
 
 void DockableGroup::setBorderVisible(bool visible)

@@ -73,7 +73,7 @@ void DockableTabGroup::appendChild(DockableWindow* window)
 
 void DockableTabGroup::insertChild(int index, DockableWindow* window)
 {
-    if (!canTake(window)) {
+    if (!ui::docking::restoreBefore(*this, window) || !canTake(window)) {
         return;
     }
     ui::docking::LayoutChange change;
@@ -137,7 +137,7 @@ bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
 DockableWindow* DockableTabGroup::takeChild(int index)
 {
     const QPointer<DockableWindow> child = getChild(index);
-    if (child) {
+    if (ui::docking::restoreBefore(*this, child) && indexOfChild(child) >= 0) {
         ui::docking::LayoutChange change; // slots that hear of it may delete the child
         change.note(*child);
         takeOut(*child);

@@ -10,6 +10,7 @@
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/WindowOverlays.h"
+#include "MorrantUI/docking/afloat.h"
 #include "MorrantUI/docking/carryover.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
@@ -455,6 +456,7 @@ void DockableWindow::floatAgain()
     undock(true);
     if (self && isFloating()) {
         ui::docking::placeOnScreen(*self, place);
+        ui::docking::keepOnScreen(*self, self->geometry().center());
     }
 }
 

@@ -82,7 +82,8 @@ public:
     /// Undocks the window, dissolves a group left with fewer than two children, and closes the
     /// window. One that floats is left open (deliberate); one that refuses to close floats.
     void undockAndClose();
-    /// undock(true), and the window is where it last floated, if that is still on a screen.
+    /// undock(true), and the window is where it last floated, if that is still on a screen, or else
+    /// as a whole on the one where it is.
     void floatAgain();
     /// Docks a window that floats where it was docked last, or as near to that as can be. Does
     /// nothing for one that never was.

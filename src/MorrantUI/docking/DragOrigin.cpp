@@ -13,6 +13,8 @@ DragOrigin::DragOrigin(DockableWindow& window)
     : m_floats(window.isFloating())
     , m_position(window.pos())
     , m_size(window.size())
+    , m_state(window.windowState())
+    , m_usual(window.normalGeometry())
 {
     if (DockableGroup* group = groupOf(window)) {
         m_group = group;
@@ -35,7 +37,12 @@ void DragOrigin::restore(DockableWindow& window) const
         return;
     }
     if (m_floats) {
-        window.move(m_position);
+        if (m_state != window.windowState()) { // the drag has given it its usual size
+            window.setGeometry(m_usual);
+            window.setWindowState(m_state);
+        } else {
+            window.move(m_position);
+        }
         return;
     }
     const QPointer<DockableGroup> group = this->group(window);

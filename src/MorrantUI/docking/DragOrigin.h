@@ -6,6 +6,7 @@
 
 #include <QPoint>
 #include <QPointer>
+#include <QRect>
 
 class DockableGroup;
 class DockableWindow;
@@ -18,6 +19,7 @@ class DragOrigin
 public:
     explicit DragOrigin(DockableWindow& window);
 
+    bool floats() const { return m_floats; }
     /// Puts the window there again, and what lies around it as it was. One whose group is gone
     /// stays where it floats; one that is docked somewhere stays there.
     void restore(DockableWindow& window) const;
@@ -35,6 +37,8 @@ private:
     SplitterSizes::Memory m_sizes;
     QPoint m_position; ///< of a window that floats
     QSize m_size;
+    Qt::WindowStates m_state;                 ///< maximised, perhaps
+    QRect m_usual;                            ///< without that
     QPointer<QObject> m_neighbour;            ///< in the group
     DockableArea m_area = DockableArea::None; ///< of the neighbour
 };

@@ -72,6 +72,7 @@ void WindowOverlays::setDim(bool dim)
 
 void WindowOverlays::setFocusFrameVisible(bool visible)
 {
+    m_lent = false;
     if (visible) {
         m_focusFrame->raise();
     }
@@ -97,7 +98,20 @@ void WindowOverlays::flashFocusFrame(const QColor& color)
     m_flash->setKeyValueAt(0.5, color);
     m_flash->setKeyValueAt(1.0, m_focusFrame->lineColor());
     m_flash->setEasingCurve(QEasingCurve::InOutQuad);
+    QObject::connect(m_flash, &QAbstractAnimation::finished, m_focusFrame, [this] {
+        if (m_lent) {
+            setFocusFrameVisible(false);
+        }
+    });
     m_flash->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void WindowOverlays::callAttention()
+{
+    const bool lent = m_lent || m_focusFrame->isHidden();
+    setFocusFrameVisible(true);
+    m_lent = lent;
+    flashFocusFrame(colorQt(QStringLiteral("WindowText")));
 }
 
 } // namespace ui::docking

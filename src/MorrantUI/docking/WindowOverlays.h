@@ -33,6 +33,8 @@ public:
     bool isFocusFrameVisible() const;
     /// Invalid colours are ignored.
     void flashFocusFrame(const QColor& color);
+    /// The same, and a focus frame that is hidden shows as long as it takes.
+    void callAttention();
 
 private:
     DockableWindow& m_window; ///< owns this
@@ -41,6 +43,7 @@ private:
     FlashFrame* m_focusFrame;
     QPointer<QPropertyAnimation> m_flash;
     bool m_dim = false;
+    bool m_lent = false; ///< the focus frame shows for its flash only
 };
 
 } // namespace ui::docking

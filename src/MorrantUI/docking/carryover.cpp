@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/carryover.h"
 
-#include <MorrantUI/theme/screens.h>
-
-#include <QScreen>
 #include <QWidget>
 
 #include <algorithm>
@@ -28,30 +25,6 @@ void carryOver(QWidget& widget, QWidget& parent)
     widget.setAttribute(Qt::WA_WState_Visible, true);
     widget.setAttribute(Qt::WA_WState_Hidden, false);
     widget.update();
-}
-
-void makeUsualSize(QWidget& window)
-{
-    if (window.isWindow() && window.windowState() != Qt::WindowNoState) {
-        const QSize usual = window.normalGeometry().size();
-        window.overrideWindowState(Qt::WindowNoState);
-        window.resize(usual.isEmpty() ? window.size() : usual);
-    }
-}
-
-void placeOnScreen(QWidget& window, const QRect& place)
-{
-    const QScreen* screen = getClosestScreenAt(place.center());
-    const QRect room = screen ? screen->availableGeometry() : QRect();
-    if (!place.isValid() || !room.contains(place.center())) {
-        return;
-    }
-    window.resize(place.size().boundedTo(room.size()));
-    const QPoint last(
-        room.x() + room.width() - window.width(), room.y() + room.height() - window.height());
-    window.move(
-        std::max(std::min(place.x(), last.x()), room.x()),
-        std::max(std::min(place.y(), last.y()), room.y()));
 }
 
 bool holdsWindow(const QWidget& widget)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-class QRect;
 class QWidget;
 
 namespace ui::docking {
@@ -10,13 +9,6 @@ namespace ui::docking {
 /// would hide it and show it again, which makes a video, or a window in it, blink. It stays where
 /// it is on screen. Any other widget is left alone.
 void carryOver(QWidget& widget, QWidget& parent);
-
-/// A window that is off the screen is minimised or maximised no more.
-void makeUsualSize(QWidget& window);
-
-/// Puts a window where it was (position with, size without the frame), as a whole on the screen
-/// there. Nothing happens when that screen is gone.
-void placeOnScreen(QWidget& window, const QRect& place);
 
 /// Whether a window of its own (QWidget::createWindowContainer()) lies in the widget.
 bool holdsWindow(const QWidget& widget);

@@ -2,6 +2,9 @@
 #include "MorrantUI/docking/docktree.h"
 
 #include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/arrangement.h>
+
+#include <QPointer>
 
 #include <algorithm>
 
@@ -65,6 +68,14 @@ void letKeptLeave(DockableGroup& dying, DockableGroup* heir)
             window->resize(size);
         }
     }
+}
+
+bool restoreBefore(DockableGroup& group, DockableWindow* window)
+{
+    const QPointer<DockableGroup> place(&group);
+    const QPointer<DockableWindow> guest(window);
+    restorePanels();
+    return place && guest;
 }
 
 void TreeAccess::listPanels(DockableWindow& window, QList<DockableWindow*>& panels)

@@ -29,6 +29,11 @@ DockableGroup* groupOf(DockableWindow& window);
 /// when they are closed) goes to an heir, hidden.
 void letKeptLeave(DockableGroup& dying, DockableGroup* heir);
 
+/// Before a window comes into a group or leaves it: what a maximised panel hides is shown, which
+/// runs slots.
+/// @return whether there are both a group and a window then
+bool restoreBefore(DockableGroup& group, DockableWindow* window);
+
 /// How far a window should grow in either direction.
 struct Limits
 {
