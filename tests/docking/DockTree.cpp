@@ -407,7 +407,8 @@ public:
         check(m_faint <= expected, *gMainWindow, "windows are not opaque");
         check(m_indicators <= expected, *gMainWindow, "windows show drop zones");
         QWidget* focus = QApplication::focusWidget();
-        const bool seen = m_moment != Moment::Settled || !focus || focus->isVisible();
+        const bool seen = m_moment != Moment::Settled || !focus || focus->isVisible()
+                          || focus->window()->isHidden(); // off screen it may stay the active one
         DockableWindow* hidden = seen ? nullptr : DockableWindow::findDockableParent(focus);
         const QString where =
             seen ? QString()

@@ -237,17 +237,18 @@ void DockableDragHandler::finish(Ending ending, State rest)
         m_gesture.clear();
     }
     const bool engaged = isDragging() || m_hoverWindow;
-    const bool tornOut = m_origin && !m_origin->floats();
+    const auto origin = ending == Ending::TakeBack ? nullptr : std::move(m_origin);
     const QPointer<DockableDragHandler> self(this);
     endDragging();
     m_state = isEnabled() ? rest : m_state;
     switch (ending) {
     case Ending::Drop:
-        m_origin.reset();
         dockInHoverWindow();
+        if (self && m_window && origin && !m_window->isFloating()) {
+            m_window->m_floatPlace = origin->floatPlace();
+        }
         break;
     case Ending::Leave:
-        m_origin.reset();
         if (DockableWindow* hover = leaveHoverWindow(); m_window && engaged) {
             m_window->cleanupOldParent(hover);
         }
@@ -258,7 +259,7 @@ void DockableDragHandler::finish(Ending ending, State rest)
         QMetaObject::invokeMethod(this, &DockableDragHandler::takeBack, Qt::QueuedConnection);
         return;
     }
-    if (self && m_window && tornOut && m_window->isFloating()) {
+    if (self && m_window && origin && !origin->floats() && m_window->isFloating()) {
         ui::docking::keepOnScreen(*m_window, QCursor::pos());
     }
 }

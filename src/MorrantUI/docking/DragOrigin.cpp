@@ -15,6 +15,7 @@ DragOrigin::DragOrigin(DockableWindow& window)
     , m_size(window.size())
     , m_state(window.windowState())
     , m_usual(window.normalGeometry())
+    , m_floatPlace(m_floats && !m_state ? QRect(m_position, m_size) : window.m_floatPlace)
 {
     if (DockableGroup* group = groupOf(window)) {
         m_group = group;

@@ -20,6 +20,8 @@ public:
     explicit DragOrigin(DockableWindow& window);
 
     bool floats() const { return m_floats; }
+    /// Where the window last lay when it floated, not where it was dragged.
+    const QRect& floatPlace() const { return m_floatPlace; }
     /// Puts the window there again, and what lies around it as it was. One whose group is gone
     /// stays where it floats; one that is docked somewhere stays there.
     void restore(DockableWindow& window) const;
@@ -37,8 +39,9 @@ private:
     SplitterSizes::Memory m_sizes;
     QPoint m_position; ///< of a window that floats
     QSize m_size;
-    Qt::WindowStates m_state;                 ///< maximised, perhaps
-    QRect m_usual;                            ///< without that
+    Qt::WindowStates m_state; ///< maximised, perhaps
+    QRect m_usual;            ///< without that
+    QRect m_floatPlace;
     QPointer<QObject> m_neighbour;            ///< in the group
     DockableArea m_area = DockableArea::None; ///< of the neighbour
 };
