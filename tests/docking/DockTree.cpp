@@ -11,7 +11,7 @@
 #include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <QApplication>
-#include <QLayout>
+#include <QBoxLayout>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QStackedWidget>
@@ -373,8 +373,6 @@ bool isFrontOrNoTab(DockableWindow& window)
     return !tabs || tabs->activeChild() == &window;
 }
 
-constexpr int kHighestHeader = 60;
-
 bool isEmptyShell(DockableWindow& window)
 {
     auto* group = qobject_cast<DockableGroup*>(&window);
@@ -522,15 +520,12 @@ private:
         bool boundless = false;
         for (int i = 0; i < group.childCount(); ++i) {
             const DockableWindow& child = *group.getChild(i);
-            const QWidget* content = child.content();
-            if (content && child.isVisible() && content->parentWidget() == &child) {
-                const QSize most = content->maximumSize();
-                const QSizePolicy policy = content->sizePolicy();
-                const int grows = upright ? policy.verticalPolicy() : policy.horizontalPolicy();
-                boundless |= (upright ? most.height() : most.width()) == QWIDGETSIZE_MAX
-                             && (grows & QSizePolicy::GrowFlag);
-                beyond |= upright ? child.height() > most.height() + kHighestHeader
-                                  : child.width() > most.width() + kHighestHeader;
+            const auto* box = qobject_cast<QBoxLayout*>(child.layout());
+            if (child.windowMode() == DockableWindow::WindowMode::Panel && child.isVisible()) {
+                const QSize most = box->QBoxLayout::maximumSize(); // the lifted limits, too
+                const int limit = upright ? most.height() : most.width();
+                boundless |= limit >= QLAYOUTSIZE_MAX;
+                beyond |= (upright ? child.height() : child.width()) > limit;
             }
         }
         const QString claim = u"limits do not hold: "_qs + DockTree::text(group, true);

@@ -477,10 +477,10 @@ bool DockableGroup::mayClose()
             return true;
         }
         QCloseEvent question;
-        panel->m_asked = true;
+        panel->m_question = &question;
         QCoreApplication::sendEvent(panel, &question);
         if (panel) {
-            panel->m_asked = false;
+            panel->m_question = nullptr;
         }
         return question.isAccepted();
     });

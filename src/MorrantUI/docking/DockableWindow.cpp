@@ -302,7 +302,7 @@ bool DockableWindow::event(QEvent* event)
         ui::docking::LayoutChange change(ui::docking::LayoutChange::Report::Later);
         const QPointer<DockableWindow> self(this);
         const bool handled = Widget::event(event);
-        if (self && event->isAccepted() && !isMainWindow(*this) && !m_asked) {
+        if (self && event->isAccepted() && !isMainWindow(*this) && event != m_question) {
             m_closing |= testAttribute(Qt::WA_DeleteOnClose);
             change.noteLayout();
             if (DockableGroup* group = groupOf(*this)) {
@@ -414,7 +414,7 @@ void DockableWindow::dropNativeWindow()
     if (windowOpacity() < 1.0) { // of one in mid-drag, and docked it could not be set
         setWindowOpacity(1.0);
     }
-    if (isWindow() && isVisible() && windowState() == Qt::WindowNoState) {
+    if (isWindow() && isVisible() && !(windowState() & ~Qt::WindowActive)) {
         m_floatPlace = QRect(pos(), size());
     }
     if (isWindow() && windowHandle()) {

@@ -218,7 +218,7 @@ private:
     bool m_borderHidden = false;
     bool m_inactive = false;
     bool m_closing = false;
-    bool m_asked = false;               ///< whether it may close, no more
+    const QEvent* m_question = nullptr; ///< asks whether it may close, no more
     bool m_directionHandedDown = false; ///< the layout direction is the group's, not the host's
     QPointer<WindowLayout> m_layout;
     QPointer<QWidget> m_content;

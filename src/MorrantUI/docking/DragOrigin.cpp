@@ -13,7 +13,7 @@ DragOrigin::DragOrigin(DockableWindow& window)
     : m_floats(window.isFloating())
     , m_position(window.pos())
     , m_size(window.size())
-    , m_state(window.windowState())
+    , m_state(window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen))
     , m_usual(window.normalGeometry())
     , m_floatPlace(m_floats && !m_state ? QRect(m_position, m_size) : window.m_floatPlace)
 {
@@ -38,9 +38,9 @@ void DragOrigin::restore(DockableWindow& window) const
         return;
     }
     if (m_floats) {
-        if (m_state != window.windowState()) { // the drag has given it its usual size
+        if (m_state & ~window.windowState()) { // the drag has given it its usual size
             window.setGeometry(m_usual);
-            window.setWindowState(m_state);
+            window.setWindowState(window.windowState() | m_state);
         } else {
             window.move(m_position);
         }
