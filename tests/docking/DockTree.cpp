@@ -432,7 +432,11 @@ private:
             m_indicators += indicator->isVisible() ? 1 : 0;
         }
         check(window.updatesEnabled(), window, "updates are off");
-        check(hasOwnSizePolicy(window) == isFrontOrNoTab(window), window, "another's size policy");
+        DockableWindow* above = window.findDockableParent();
+        const QString claim = (hasOwnSizePolicy(window) ? u"has its size policy in "_qs
+                                                        : u"has no size policy in "_qs)
+                              + (above ? DockTree::text(*above) : QString());
+        check(hasOwnSizePolicy(window) == isFrontOrNoTab(window), window, qPrintable(claim));
         DockableGroup* parent = window.findDockableParentGroup();
         if (parent) {
             const int index = parent->indexOfChild(&window);
