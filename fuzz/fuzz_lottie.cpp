@@ -80,6 +80,16 @@ void drawFrames(const Document& document)
     check(surface->getCanvas()->getSaveCount() == 1, "the canvas is given back");
 }
 
+void lookForLayers(const Document& document)
+{
+    const auto middle = SkPoint::Make(float(document.width) / 2, float(document.height) / 2);
+    const Layer* found = layerAt(document, document.inPoint, middle, 1);
+    check(!found || (!found->hidden && !found->locked), "what is found can be chosen");
+    for (const Layer& layer : document.main.layers) {
+        check(boundsOf(document, layer, document.inPoint).isFinite(), "a layer has a place");
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -91,6 +101,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         writeAgain(*result.document);
         if (size <= kMaxDrawnBytes) {
             drawFrames(*result.document);
+            lookForLayers(*result.document);
         }
     }
     return 0;

@@ -173,6 +173,7 @@ void DocumentTabs::watch(DocumentPage& page)
             Q_EMIT scaleChanged(scale);
         }
     });
+    connect(&page.viewport(), &Viewport::layerClicked, this, &DocumentTabs::layerClicked);
 }
 
 void DocumentTabs::addTab(DocumentPage& page)

@@ -60,6 +60,7 @@ Q_SIGNALS:
     void restored(int layer);
     void notDrawnChanged(); ///< of the page in front
     void scaleChanged(double scale);
+    void layerClicked(int layer); ///< in the picture of the page in front; -1 for none
     /// The user wants to open another document.
     void wanted();
     /// A document is about to be closed: what is being typed counts among its changes.

@@ -197,11 +197,13 @@ void StudioWindow::connectPanels()
     connect(m_player, &Player::playingChanged, m_menus, &StudioMenus::showPlaying);
     connect(m_layers, &LayerPanel::layerSelected, this, [this](int layer) {
         page().layer = layer;
+        viewport().setLayer(layer);
         m_attributes->setLayer(layer);
         m_dopeSheet->setLayer(layer);
         m_graph->setLayer(layer);
     });
     connect(m_dopeSheet, &DopeSheet::layerChosen, this, &StudioWindow::selectLayer);
+    connect(m_documents, &DocumentTabs::layerClicked, this, &StudioWindow::selectLayer);
     connect(m_dopeSheet, &DopeSheet::keysChosen, m_graph, &GraphEditor::selectKeys);
     connect(m_graph, &GraphEditor::keysChosen, m_dopeSheet, &DopeSheet::selectKeys);
     connect(m_dopeSheet, &DopeSheet::failed, this, &StudioWindow::fail);

@@ -2,10 +2,12 @@
 #include "Viewport.h"
 
 #include "lottie/Document.h"
+#include "lottie/evaluate.h"
 #include "lottie/renderer.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/painting.h>
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
@@ -13,6 +15,7 @@
 #include <include/core/SkCanvas.h>
 #include <include/core/SkMatrix.h>
 #include <include/core/SkPaint.h>
+#include <include/core/SkPath.h>
 #include <include/core/SkShader.h>
 
 #include <cmath>
@@ -22,9 +25,11 @@ namespace studio {
 namespace {
 
 constexpr double kZoomPerWheelStep = 1.2;
-constexpr double kWheelStep = 120;      ///< eighths of a degree that a notch of the wheel reports
-constexpr int kChequerSide = 8;         ///< logical pixels
-constexpr double kChequerContrast = 80; ///< percent of the lighter squares' brightness
+constexpr double kWheelStep = 120; ///< eighths of a degree that a notch of the wheel reports
+constexpr int kChequerSide = 8;    ///< logical pixels
+/// Percent of the lighter squares' brightness. Both are middle greys, so that black artwork is seen
+/// on them as well as white.
+constexpr double kChequerContrast = 88;
 
 SkColor named(const char* name)
 {
@@ -40,10 +45,15 @@ SkRect toSkia(const QRectF& rect)
         static_cast<float>(rect.height()));
 }
 
+SkPoint toSkia(QPointF point)
+{
+    return SkPoint::Make(static_cast<float>(point.x()), static_cast<float>(point.y()));
+}
+
 /// Two by two squares that repeat from `corner` on.
 sk_sp<SkShader> chequer(QPointF corner)
 {
-    const SkColor light = named("Midlight");
+    const SkColor light = named("Grey");
     const SkColor dark = ui::changeValue(light, kChequerContrast);
     SkBitmap tile;
     tile.allocN32Pixels(2, 2, true);
@@ -73,7 +83,8 @@ Viewport::~Viewport() = default;
 void Viewport::setDocument(std::shared_ptr<const Document> document)
 {
     m_document = std::move(document);
-    endPan();
+    m_layer = -1;
+    endPress();
     fit();
     update();
 }
@@ -90,6 +101,14 @@ void Viewport::setBackdrop(Backdrop backdrop)
 {
     if (m_backdrop != backdrop) {
         m_backdrop = backdrop;
+        update();
+    }
+}
+
+void Viewport::setLayer(int layer)
+{
+    if (m_layer != layer) {
+        m_layer = layer;
         update();
     }
 }
@@ -142,6 +161,7 @@ void Viewport::paintSkia(SkCanvas* canvas, const SkPaint& paint)
     const DrawResult drawn = draw(*canvas, *m_document, m_frame);
     canvas->restore();
     paintBorder(*canvas, paint, area);
+    paintOutline(*canvas, paint, mapping);
     if (const Layer* layer = drawn.unfinished) {
         Q_EMIT leftUnfinished({layer->name, tr("too complex"), layer->span.begin});
     }
@@ -170,6 +190,34 @@ void Viewport::paintBorder(SkCanvas& canvas, const SkPaint& paint, const QRectF&
     canvas.drawRect(toSkia(area.adjusted(-out, -out, out, out)), line);
 }
 
+/// A line of one device pixel around the chosen layer, turned as it is.
+void Viewport::paintOutline(
+    SkCanvas& canvas, const SkPaint& paint, const ViewMapping& mapping) const
+{
+    const auto& layers = m_document->main.layers;
+    if (m_layer < 0 || m_layer >= static_cast<int>(layers.size())) {
+        return;
+    }
+    const Layer& layer = layers[static_cast<std::size_t>(m_layer)];
+    const bool isShown = layer.inPoint <= m_frame && m_frame < layer.outPoint && !layer.hidden;
+    const SkRect bounds = isShown ? boundsOf(*m_document, layer, m_frame) : SkRect::MakeEmpty();
+    if (bounds.isEmpty()) {
+        return;
+    }
+    SkPoint corners[4];
+    layerMatrix(m_document->main, layer, m_frame).mapRectToQuad(corners, bounds);
+    const double ratio = devicePixelRatioF();
+    for (SkPoint& corner : corners) {
+        const QPointF place = mapping.origin + QPointF(corner.x(), corner.y()) * mapping.scale;
+        corner = toSkia(middleOfPixel(place, ratio));
+    }
+    SkPaint line = paint;
+    line.setStyle(SkPaint::kStroke_Style);
+    line.setStrokeWidth(static_cast<float>(1.0 / ratio));
+    line.setColor(named("Accent1"));
+    canvas.drawPath(SkPath::Polygon(SkSpan<const SkPoint>(corners, 4), true), line);
+}
+
 void Viewport::resizeEvent(QResizeEvent* event)
 {
     SkiaQWidgetAdapter::resizeEvent(event);
@@ -192,47 +240,75 @@ void Viewport::wheelEvent(QWheelEvent* event)
 
 void Viewport::mousePressEvent(QMouseEvent* event)
 {
-    const bool pans = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
-    if (!m_document || !pans) {
+    const bool isOurs = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
+    if (!m_document || !isOurs) {
         event->ignore();
         return;
     }
-    if (m_panButton != Qt::NoButton && m_panButton != event->button()) {
+    if (m_press != Press::None && m_button != event->button()) {
         return;
     }
-    m_panButton = event->button();
-    m_panFrom = event->position();
+    m_press = Press::Click;
+    m_button = event->button();
+    m_from = event->position();
     m_doors.watch(
         this,
-        [this](GestureDoors::Door) { endPan(); },
-        {.button = m_panButton, .focus = true}); // as panning is for the document being worked on
-    setCursor(Qt::ClosedHandCursor);
+        [this](GestureDoors::Door) { endPress(); },
+        {.button = m_button, .focus = true}); // as panning is for the document being worked on
+    if (m_button == Qt::MiddleButton) {
+        beginPan();
+    }
 }
 
 void Viewport::mouseMoveEvent(QMouseEvent* event)
 {
-    if (m_panButton == Qt::NoButton) {
+    const QPointF moved = event->position() - m_from;
+    if (m_press == Press::Click && moved.manhattanLength() >= QApplication::startDragDistance()) {
+        beginPan();
+    }
+    if (m_press != Press::Pan) {
         return;
     }
     m_fitted = false;
     ViewMapping mapping = m_mapping;
-    mapping.origin += event->position() - m_panFrom;
-    m_panFrom = event->position();
+    mapping.origin += moved;
+    m_from = event->position();
     setMapping(mapping);
 }
 
 void Viewport::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == m_panButton) {
-        endPan();
+    if (m_press == Press::None || event->button() != m_button) {
+        return;
+    }
+    const bool isClick = m_press == Press::Click;
+    endPress();
+    if (isClick) {
+        click(event->position());
     }
 }
 
-void Viewport::endPan()
+void Viewport::beginPan()
+{
+    m_press = Press::Pan;
+    setCursor(Qt::ClosedHandCursor);
+}
+
+void Viewport::endPress()
 {
     m_doors.stop();
-    m_panButton = Qt::NoButton;
+    m_press = Press::None;
+    m_button = Qt::NoButton;
     setCursor(m_document ? Qt::OpenHandCursor : Qt::ArrowCursor);
+}
+
+void Viewport::click(QPointF point)
+{
+    const QPointF place = compositionPoint(m_mapping, point);
+    const double scale = m_mapping.scale * devicePixelRatioF();
+    const Layer* layer = layerAt(*m_document, m_frame, toSkia(place), scale);
+    const auto& layers = m_document->main.layers;
+    Q_EMIT layerClicked(layer ? static_cast<int>(layer - layers.data()) : -1);
 }
 
 QSizeF Viewport::compositionSize() const

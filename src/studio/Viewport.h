@@ -19,7 +19,8 @@ enum class Backdrop
 };
 
 /// Shows one frame of a document. The wheel zooms at the pointer, a drag with the left or the
-/// middle button pans. Repaints only when frame, document, backdrop or mapping change.
+/// middle button pans, a click chooses a layer. Repaints only when frame, document, backdrop,
+/// chosen layer or mapping change.
 class Viewport : public ui::SkiaQWidgetAdapter
 {
     Q_OBJECT
@@ -33,6 +34,9 @@ public:
     void setFrame(int frame);
     int frame() const { return m_frame; }
     void setBackdrop(Backdrop backdrop);
+    /// Outlines a layer of the main composition where it is shown; -1 for none, as with every
+    /// document at first.
+    void setLayer(int layer);
 
     const ViewMapping& mapping() const { return m_mapping; }
 
@@ -45,6 +49,8 @@ public:
 
 Q_SIGNALS:
     void scaleChanged(double scale);
+    /// The topmost layer under a click that is neither hidden nor locked; -1 for none.
+    void layerClicked(int layer);
     /// A layer of the document cost too much to draw it whole. From within painting.
     void leftUnfinished(const studio::MissingFeature& layer);
 
@@ -58,21 +64,34 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void endPan();
+    /// What the held button does.
+    enum class Press
+    {
+        None,
+        Click, ///< of the left button, until it has moved too far for one
+        Pan,
+    };
+
+    void beginPan();
+    void endPress();
+    void click(QPointF point);
     QSizeF compositionSize() const;
     void setMapping(const ViewMapping& mapping);
     void zoomAt(QPointF anchor, double factor);
     void paintBackdrop(SkCanvas& canvas, const SkPaint& paint, const QRectF& area) const;
     void paintBorder(SkCanvas& canvas, const SkPaint& paint, const QRectF& area) const;
+    void paintOutline(SkCanvas& canvas, const SkPaint& paint, const ViewMapping& mapping) const;
 
     std::shared_ptr<const Document> m_document;
     int m_frame = 0;
     Backdrop m_backdrop = Backdrop::Chequer;
     ViewMapping m_mapping;
     bool m_fitted = true;
-    Qt::MouseButton m_panButton = Qt::NoButton; ///< held down to pan
-    QPointF m_panFrom;                          ///< the pointer's last place, while panning
-    GestureDoors m_doors;                       ///< watched while panning
+    int m_layer = -1; ///< outlined
+    Press m_press = Press::None;
+    Qt::MouseButton m_button = Qt::NoButton; ///< that is held
+    QPointF m_from;                          ///< of the press; while panning the last place
+    GestureDoors m_doors;                    ///< watched while a button is held
 };
 
 } // namespace studio

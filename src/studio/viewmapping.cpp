@@ -27,6 +27,17 @@ ViewMapping zoomedAt(const ViewMapping& mapping, QPointF anchor, double scale)
     return {limited, anchor - (anchor - mapping.origin) * (limited / mapping.scale)};
 }
 
+QPointF compositionPoint(const ViewMapping& mapping, QPointF point)
+{
+    return (point - mapping.origin) / mapping.scale;
+}
+
+QPointF middleOfPixel(QPointF point, double devicePixelRatio)
+{
+    const QPointF pixel = point * devicePixelRatio;
+    return QPointF(std::floor(pixel.x()) + 0.5, std::floor(pixel.y()) + 0.5) / devicePixelRatio;
+}
+
 QPointF snappedToPixels(QPointF point, double devicePixelRatio)
 {
     return QPointF(

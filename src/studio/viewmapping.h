@@ -30,6 +30,12 @@ ViewMapping fitted(QSizeF view, QSizeF composition);
 /// A new scale, within the limits, that leaves the composition's point below `anchor` where it is.
 ViewMapping zoomedAt(const ViewMapping& mapping, QPointF anchor, double scale);
 
+/// The composition's point below one of the view's, in its pixels.
+QPointF compositionPoint(const ViewMapping& mapping, QPointF point);
+
+/// The middle of the device pixel that a point lies in, where lines of one pixel are sharp.
+QPointF middleOfPixel(QPointF point, double devicePixelRatio);
+
 /// The origin on the nearest device pixel, so that straight edges stay sharp.
 QPointF snappedToPixels(QPointF point, double devicePixelRatio);
 

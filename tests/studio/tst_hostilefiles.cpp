@@ -22,6 +22,9 @@ namespace {
 const QByteArray kRect = R"({"ty":"rc","p":{"k":[50,50]},"s":{"k":[90,90]}})";
 const QByteArray kFill = R"({"ty":"fl","c":{"k":[1,0,0]}})";
 
+const QByteArray kSolid = R"({"nm":"heavy","ty":1,"sw":99,"sh":99,"op":100,)";
+const QByteArray kFaintMask = R"({"mode":"a","pt":{},"o":{"k":50}})";
+
 QByteArray list(const QByteArray& item, int count)
 {
     return QByteArrayList(count, item).join(',');
@@ -87,13 +90,21 @@ private Q_SLOTS:
             heavy(nestedGroups(100, list(kRect, 5000))),                  // each faded as one
             documentOf(                                                   // layers faded as one
                 list(layer(R"("ty":0,"refId":"c")"), 70),
-                R"("assets":[{"id":"c","layers":[)" + solids + "]}],")};
+                R"("assets":[{"id":"c","layers":[)" + solids + "]}],"),
+            heavy(
+                kRect + R"(,{"ty":"gf","e":{"k":[9,9]},"g":{"k":{"k":[)" + list("0", 20'000)
+                + "]}}}"),
+            documentOf(list(kSolid + R"("masksProperties":[)" + kFaintMask + "]}", 700)),
+            documentOf(list(kSolid + R"("tt":3,"tp":2},)" + kSolid + R"("ind":2,"td":1})", 350))};
         for (const Document& document : documents) {
             QVERIFY(!document.main.layers.empty());
             const DrawResult result = enlarged(document).result;
             QVERIFY(result.unfinished);
             QCOMPARE(result.unfinished->name, u"heavy"_qs);
             QVERIFY(result.cost <= kMaxDrawCost);
+            // Looking for a layer and for its room has the same limit.
+            layerAt(document, 1, {95.1f, 95.1f}, 10);
+            boundsOf(document, document.main.layers.front(), 1);
         }
     }
 

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "editing/layerorder.h"
+#include "lottie/gradients.h"
+#include "lottie/renderer.h"
 #include "lottietexts.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
@@ -23,11 +26,16 @@ QByteArray fill(const char* color, const char* more = "")
     return QByteArray(R"({"ty":"fl","c":{"k":[)") + color + "]}" + more + "}";
 }
 
+QByteArray path(const char* from, const char* to)
+{
+    return QByteArray(R"({"ty":"sh","ks":{"k":{"v":[[)") + from + "],[" + to
+           + R"(]],"i":[],"o":[]}}})";
+}
+
 // A stroke of 20 pixels.
 QByteArray line(const char* from, const char* to, const char* more = "")
 {
-    return QByteArray(R"({"ty":"sh","ks":{"k":{"v":[[)") + from + "],[" + to
-           + R"(]],"i":[],"o":[]}}},{"ty":"st","c":{"k":[0,0,0]},"w":{"k":20})" + more + "}";
+    return path(from, to) + R"(,{"ty":"st","c":{"k":[0,0,0]},"w":{"k":20})" + more + "}";
 }
 
 QByteArray group(const QByteArrayList& items, const QByteArray& transform = {})
@@ -38,6 +46,39 @@ QByteArray group(const QByteArrayList& items, const QByteArray& transform = {})
 QByteArray shapes(const QByteArrayList& items, const QByteArray& transform = {})
 {
     return shapeLayer(items.join(','), transform);
+}
+
+// From the left edge to the right one, or around the middle.
+QByteArray gradient(const QByteArray& kind, const QByteArray& colors, const QByteArray& more = {})
+{
+    return R"({"ty":")" + kind + R"(","s":{"k":[0,50]},"e":{"k":[100,50]},"g":{)" + colors + "}"
+           + more + "}";
+}
+
+QByteArray radial(const QByteArray& colors, const QByteArray& more = {})
+{
+    return R"({"s":{"k":[50,50]},"t":2,)" + gradient("gf", colors, more).mid(1);
+}
+
+// A layer of one colour, and a mask from one side to the other.
+QByteArray blueLayer(const QByteArray& more)
+{
+    return layer(R"("ty":1,"sw":100,"sh":100,"sc":"#0000ff",)" + more);
+}
+
+QByteArray mask(
+    const QByteArray& mode,
+    const QByteArray& left,
+    const QByteArray& right,
+    const QByteArray& more = {})
+{
+    return R"({"mode":")" + mode + R"(","pt":{"k":{"c":true,"v":[[)" + left + ",0],[" + right
+           + ",0],[" + right + ",100],[" + left + ",100]]}}" + more + "}";
+}
+
+QByteArray masked(const QByteArrayList& masks, const QByteArray& more = {})
+{
+    return blueLayer(more + R"("masksProperties":[)" + masks.join(',') + "]");
 }
 
 char letterOf(const QColor& color)
@@ -66,6 +107,35 @@ class LottieDrawingTest : public ui::test::TestCase
 
 private Q_SLOTS:
     void aLineOfPixelsShowsWhatItShould();
+    void aLayerIsFoundWhereItCanBeSeen();
+
+    void coloursAndOpacitiesAlongAGradientComeTogether()
+    {
+        using Stops = std::vector<GradientStop>;
+        const auto grey = [](float offset, float value, float opacity) {
+            return GradientStop{offset, {value, value, value, opacity}};
+        };
+        struct Case
+        {
+            GradientStops numbers;
+            int colors = 0;
+            Stops expected;
+        };
+        const Case cases[] = {
+            {{}, 0, {}},
+            {{0, 0, 0, 0, 1, 1, 1, 1}, 2, {grey(0, 0, 1), grey(1, 1, 1)}},
+            {{0, 0, 0, 0, 1, 1, 1, 1, 0.5, 0.5},
+             2,
+             {grey(0, 0, .5f), grey(.5f, .5f, .5f), grey(1, 1, .5f)}},
+            {{0.5, 1, 1, 1, 0, 1, 0.5, 1, 0.5, 0, 1, 0},
+             1, // an edge of opacity
+             {grey(0, 1, 1), grey(.5f, 1, 1), grey(.5f, 1, 0), grey(1, 1, 0)}},
+            {{0.5, 0, 0, 0, 0.2, 1, 1, 1}, -1, {grey(.5f, 0, 1), grey(.5f, 1, 1)}}, // goes back
+            {{9, 9, -9, 9, 0, 0, 0}, 99, {{1, {1, 0, 1, 1}}}}};
+        for (const auto& [numbers, colors, expected] : cases) {
+            QVERIFY(stopsOf(numbers, colors) == expected);
+        }
+    }
 
     void everyFileOpensAndMovesByItsKeys()
     {
@@ -162,6 +232,89 @@ void LottieDrawingTest::aLineOfPixelsShowsWhatItShould()
     row("a precomposition has a size", layer(inner + R"("ks":{"p":{"k":[20,0]}})"), "..RRRRRR...");
     row("and a time of its own", layer(inner + R"("st":10)"), "...........");
     row("and fades as one", layer(inner + R"("ks":{"o":{"k":50}})"), "rrrrrr.....");
+
+    const auto redToBlue = [](const QByteArray& at) {
+        return R"("p":4,"k":{"k":[0,1,0,0,)" + at + ",1,0,0," + at + ",0,0,1,1,0,0,1]}";
+    };
+    const QByteArray plane = rect("50,50", "100,100");
+    const QByteArray linear = gradient("gf", redToBlue("0.4"));
+    row("a gradient", shapes({plane, linear}), "RRRRBBBBBB.");
+    const QByteArray fading = R"("p":1,"k":{"k":[0,1,0,0,0,1,0.5,1,0.5,0.5,1,0.5]})";
+    row("with opacities", shapes({plane, gradient("gf", fading)}), "RRRRRrrrrr.");
+    const QByteArray moving = R"("p":2,"k":{"k":[{"t":0,"s":[0,1,0,0,0,0,0,1]},)"
+                              R"({"t":10,"s":[1,1,0,0,1,0,0,1]}]})";
+    row("whose stops move", shapes({plane, gradient("gf", moving)}), "RRRRRBBBBB.");
+    const QByteArray thick = gradient("gs", redToBlue("0.4"), R"(,"w":{"k":20})");
+    row("on a stroke", shapes({path("10,50", "90,50"), thick}), ".RRRBBBBB..");
+    const QByteArray third = redToBlue("0.35");
+    row("around a point", shapes({plane, radial(third)}), "BBBRRRRBBB.");
+    const QByteArray forward = R"(,"h":{"k":50})";
+    row("with a highlight", shapes({plane, radial(third, forward)}), "BBBBBRRRBB.");
+    const QByteArray back = R"(,"h":{"k":50},"a":{"k":180})";
+    row("turned", shapes({plane, radial(third, back)}), "BBRRRBBBBB.");
+
+    const QByteArray source = shapes({left, fill("1,1,1"), right, fill("0,0,0")}).chopped(1);
+    const QByteArray above = source + R"(,"td":1,"ind":7},)";
+    row("a matte", above + blueLayer(R"("tt":1)"), "..BBBBBB...");
+    row("inverted", above + blueLayer(R"("tt":2)"), "BB......BB.");
+    row("its brightness", above + blueLayer(R"("tt":3)"), "..BBBB.....");
+    row("inverted", above + blueLayer(R"("tt":4)"), "BB....BBBB.");
+    const QByteArray named = blueLayer(R"("tt":1,"tp":7)") + "," + source;
+    row("a hidden matte by name", named + R"(,"td":1,"ind":7,"hd":1})", "..BBBBBB...");
+    const QByteArray faded = shapes({left, red}, R"("o":{"k":50})").chopped(1) + R"(,"td":1},)";
+    row("a faded one", faded + blueLayer(R"("tt":1)"), "..bbbb.....");
+    const QByteArray twice = R"({"ty":1,"sw":40,"sh":99,"op":99,"td":1},)" + source;
+    row("a matte's own", twice + R"(,"tt":1,"td":1},)" + blueLayer(R"("tt":1)"), "..BB.......");
+    row("one that is over",
+        above.mid(0, 1) + R"("op":4,)" + above.mid(1) + blueLayer(R"("tt":1)"),
+        "...........");
+    row("a circle of them", blueLayer(R"("ind":1,"tt":1,"tp":1)"), "BBBBBBBBBB.");
+
+    const QByteArray most = mask("a", "20", "80");
+    row("a mask", masked({most}), "..BBBBBB...");
+    row("inverted", masked({mask("a", "20", "80", R"(,"inv":true)")}), "BB......BB.");
+    row("subtracted", masked({mask("s", "20", "80")}), "BB......BB.");
+    row("from another", masked({most, mask("s", "40", "60")}), "..BB..BB...");
+    row("intersected", masked({most, mask("i", "40", "99")}), "....BBBB...");
+    row("added", masked({mask("a", "20", "40"), mask("a", "60", "80")}), "..BB..BB...");
+    row("two that overlap", masked({most, mask("a", "0", "50")}), "BBBBBBBB...");
+    const QByteArray half50 = R"(,"o":{"k":50})";
+    row("a faint one", masked({mask("a", "20", "80", half50)}), "..bbbbbb...");
+    row("subtracted by half", masked({most, mask("s", "40", "60", half50)}), "..BBbbBB...");
+    row("intersected by half", masked({most, mask("i", "40", "60", half50)}), "....bb.....");
+    row("a mask moves with its layer",
+        masked({most}, R"("ks":{"p":{"k":[20,0]}},)"),
+        "....BBBBBB.");
+}
+
+void LottieDrawingTest::aLayerIsFoundWhereItCanBeSeen()
+{
+    Document document = documentOf(
+        blueLayer(R"("hd":true)") + "," + blueLayer(R"("morrantLocked":true)") + ","
+        + shapes({rect("40,50", "40,40"), fill("1,0,0")}) + ","
+        + masked({mask("a", "50", "80")}, R"("tt":1,"tp":9,)") + "," + layer(R"("ty":3)") + ","
+        + blueLayer(R"("ind":9,"td":1)") + ","
+        + shapes({group({line("0,5", "20,5")}, R"(,"r":{"k":90},"p":{"k":[100,0]})")}));
+    constexpr std::tuple<float, float, int> kPlaces[] = {
+        {30, 50, 2},
+        {61, 50, 2},
+        {70, 50, 3},
+        {55, 80, 3},
+        {90, 50, -1},
+        {95, 10, 6},
+        {105, 50, -1}};
+    const auto& layers = document.main.layers;
+    for (const auto& [x, y, expected] : kPlaces) {
+        const Layer* found = layerAt(document, 5, {x, y}, 1);
+        QCOMPARE(found ? static_cast<int>(found - layers.data()) : -1, expected);
+    }
+    QCOMPARE(boundsOf(document, layers[2], 5), SkRect::MakeLTRB(20, 30, 60, 70));
+    QCOMPARE(boundsOf(document, layers[3], 5), SkRect::MakeWH(100, 100));
+    QCOMPARE(boundsOf(document, layers[6], 5).round(), SkIRect::MakeLTRB(85, -10, 105, 30));
+    QVERIFY(boundsOf(document, layers[4], 5).isEmpty());
+
+    reorder(document.main.layers, {5, 3, 6, 4, 0, 1, 2}); // a matte that is named goes along
+    QCOMPARE(document.main.layers[1].matteLayer, 0);
 }
 
 const ui::test::Registration<LottieDrawingTest> kRegistration;

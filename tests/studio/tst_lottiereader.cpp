@@ -62,6 +62,8 @@ private Q_SLOTS:
             {documentText(layer(R"("ks":[])")), "“ks” at byte "},
             {documentText(layer(R"("ks":{"r":{"k":"x"}})")), "“k” at byte "},
             {documentText(layer(R"("ks":{"r":{"k":[{"t":0,"s":[0]},5]}})")), "“k” at byte "},
+            {documentText(shapeLayer(R"({"ty":"gf","g":{"k":{"k":1}}})")), "“k” at byte "},
+            {documentText(layer(R"("masksProperties":{})")), "“masksProperties” at byte "},
             {documentText(chain(family, 2) + R"(,{"ind":2,"parent":0})"),
              "The parents of layer “L0” form a circle."},
             {documentText(chain(family, 300)),
@@ -86,6 +88,11 @@ private Q_SLOTS:
     {
         const QByteArray hugeRect =
             R"({"ty":"rc","p":{"k":[1e300,-1e300]},"s":{"k":[1e308,1]}},{"ty":"fl"})";
+        const auto gradient = [](const char* colors, const char* end, const char* highlight) {
+            return documentText(shapeLayer(
+                R"({"ty":"el","s":{"k":[90,90]}},{"ty":"gf","t":2,"e":{"k":)" + QByteArray(end)
+                + R"(},"h":{"k":)" + highlight + R"(},"g":{)" + colors + "}}"));
+        };
         const QByteArrayList texts = {
             documentText({}),
             "\xef\xbb\xbf" + documentText("{}"), // a byte order mark
@@ -94,6 +101,11 @@ private Q_SLOTS:
             documentText(layer(R"("ind":1)") + "," + layer(R"("ind":1,"parent":1)")),
             documentText(shapeLayer(R"({"ty":"sr","pt":{"k":1e9},"or":{"k":9}},{"ty":"fl"})")),
             documentText(shapeLayer(hugeRect, R"("s":{"k":[1e300,0]})")),
+            documentText(shapeLayer(hugeRect + R"(,{"ty":"gs","w":{"k":1e300},"g":{"p":-1}})")),
+            gradient(R"("p":-3,"k":{"k":[1e300,-7,0,1,0,0,0]})", "[1e300,0]", "-1e300"),
+            gradient(R"("p":1,"k":{"k":[{"t":0,"s":[0,1,1,1,0]},{"t":9,"s":[]}]})", "[0,0]", "9"),
+            documentText(layer(R"("ty":1,"sw":9,"sh":9,"masksProperties":[{"mode":"a","pt":{"k":)"
+                               R"({"v":[[1e300,0],[0,9]],"i":[[1,1]]}},"o":{"k":-9}},7])")),
         };
         for (const QByteArray& text : texts) {
             const ReadResult result = read(text.toStdString());
@@ -156,12 +168,13 @@ private Q_SLOTS:
             {R"("ty":0,"refId":"c")", "composition “c”, which the file lacks"},
             {R"("ty":3,"masksProperties":[{"mode":"n"}])", ""},
             {R"("ty":3,"hasMask":false,"masksProperties":[{"mode":"a"}])", ""},
-            {R"("ty":3,"masksProperties":[{"mode":"a"},{"mode":"s"}],"tt":1,"ef":[{}])",
-             "mask|track matte|effect"},
+            {R"("ty":3,"masksProperties":[{"mode":"a","pt":{},"f":{"k":[0,1]},"x":{"k":2}},)"
+             R"({"mode":"a","pt":{},"f":{"k":[0,0]}},{"mode":"l","pt":{}}],"tt":1,"ef":[{}])",
+             "mask feather|mask expansion|mask of mode “l”|effect|track matte"},
             {R"("ty":3,"ks":{"r":{"k":0,"x":"time"},"o":{"k":0,"x":"1"}},"sy":[{}],"bm":1,"ddd":1)",
              "expression|layer style|blend mode|third dimension"},
-            {R"("ty":4,"shapes":[{"ty":"gf"},{"ty":"gr","it":[{"ty":"gs"},{"ty":"gf"}]},{"ty":"new"}])",
-             "gradient fill|gradient stroke|shape of kind “new”"},
+            {R"("ty":4,"shapes":[{"ty":"rp"},{"ty":"gr","it":[{"ty":"zz"},{"ty":"rp"}]},{"ty":"new"}])",
+             "repeater|zig-zag|shape of kind “new”"},
         };
         for (const auto& [members, expected] : cases) {
             const Document document = documentOf(layer(members));

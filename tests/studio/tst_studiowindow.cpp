@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "DocumentPage.h"
 #include "DocumentTabs.h"
 #include "FrameSlider.h"
 #include "MissingPanel.h"
@@ -226,6 +227,20 @@ private Q_SLOTS:
         QCOMPARE(pixelAt(image, {30.5, 100.5}), outside);
         QCOMPARE(pixelAt(image, {434.5, 100.5}), outside);
 
+        viewport.setLayer(0);
+        viewport.setBackdrop(Backdrop::Chequer);
+        const QImage chosen = viewport.grab().toImage();
+        const QColor accent = ui::colorQt(u"Accent1"_qs);
+        QCOMPARE(pixelAt(chosen, {32.25, 100.25}), accent); // a line of one device pixel
+        QCOMPARE(pixelAt(chosen, {100.25, 232.25}), accent);
+        QCOMPARE(pixelAt(chosen, {33.25, 100.25}), QColor(Qt::red));
+        for (const double x : {300.5, 308.5}) { // black and white are seen on both squares
+            const int grey = qGray(pixelAt(chosen, {x, 100.5}).rgb());
+            QVERIFY(grey > 90 && grey < 130);
+        }
+        viewport.setBackdrop(Backdrop::Dark);
+        viewport.setLayer(-1);
+
         studio::test::showActive(viewport);
         ui::test::PaintCounter paints(&viewport);
         paints.take();
@@ -233,11 +248,41 @@ private Q_SLOTS:
             {[&] { viewport.setFrame(5); }, 1},
             {[&] { viewport.setFrame(5); }, 0},
             {[&] { viewport.setBackdrop(Backdrop::Dark); }, 0},
+            {[&] { viewport.setLayer(0); }, 1},
             {[&] { viewport.setBackdrop(Backdrop::Light); }, 1}};
         for (const auto& [change, repaints] : changes) {
             change();
             QCOMPARE(paints.take(), repaints);
         }
+    }
+
+    void aClickOnArtworkChoosesItsLayerAndADragDoesNot()
+    {
+        OpenWindow window;
+        ui::test::FakePointer pointer(&window.viewport());
+        const auto at = [&window](double x) {
+            const ViewMapping& mapping = window.viewport().mapping();
+            return (mapping.origin + QPointF(x, 50) * mapping.scale).toPoint();
+        };
+        const auto layerAfterClickAt = [&](double x) {
+            pointer.click(at(x));
+            return window.documents().current().layer;
+        };
+        QCOMPARE(layerAfterClickAt(50), 0);
+        QCOMPARE(layerAfterClickAt(150), -1);
+        window.editor().setLocked({0}, true);
+        QCOMPARE(layerAfterClickAt(50), -1);
+        window.editor().setLocked({0}, false);
+
+        const QPointF before = window.viewport().mapping().origin;
+        pointer.moveTo(at(50));
+        pointer.press();
+        pointer.moveTo(pointer.position() + QPoint(2, 2)); // an unsteady hand
+        QCOMPARE(window.viewport().mapping().origin, before);
+        pointer.dragTo(pointer.position() + QPoint(28, 0));
+        pointer.release();
+        QCOMPARE(window.viewport().mapping().origin, before + QPointF(30, 2));
+        QCOMPARE(window.documents().current().layer, -1);
     }
 
     void zoomingKeepsThePointBelowThePointer()

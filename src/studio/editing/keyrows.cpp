@@ -99,9 +99,9 @@ private:
         add(shape.innerRoundness, tr("Inner Roundness"));
     }
 
-    void addShape(const FillShape& shape) { add(shape.opacity, tr("Opacity")); }
+    void addShape(const FillStyle& shape) { add(shape.opacity, tr("Opacity")); }
 
-    void addShape(const StrokeShape& shape)
+    void addShape(const StrokeStyle& shape)
     {
         add(shape.opacity, tr("Opacity"));
         add(shape.width, tr("Width"));
@@ -109,6 +109,28 @@ private:
             add(dash, tr("Dash"));
         }
         add(shape.dashOffset, tr("Dash Offset"));
+    }
+
+    template <typename Shape>
+    void addGradient(const Shape& shape)
+    {
+        add(shape.gradient.start, tr("Start"));
+        add(shape.gradient.end, tr("End"));
+        add(shape.gradient.stops, tr("Colours"));
+        add(shape.gradient.highlightLength, tr("Highlight Length"));
+        add(shape.gradient.highlightAngle, tr("Highlight Angle"));
+    }
+
+    void addShape(const GradientFillShape& shape)
+    {
+        addGradient(shape);
+        addShape(static_cast<const FillStyle&>(shape));
+    }
+
+    void addShape(const GradientStrokeShape& shape)
+    {
+        addGradient(shape);
+        addShape(static_cast<const StrokeStyle&>(shape));
     }
 
     void addShape(const TrimShape& shape)
@@ -144,6 +166,10 @@ std::vector<KeyRow> keyRowsOf(const Document& document, int layer)
     others.add(found->transform.skew, tr("Skew"));
     others.add(found->transform.skewAxis, tr("Skew Axis"));
     others.add(found->timeRemap, tr("Time Remap"));
+    for (const Mask& mask : found->masks) {
+        others.add(mask.path, tr("Mask Path"));
+        others.add(mask.opacity, tr("Mask Opacity"));
+    }
     others.addItems(found->shapes);
     return rows;
 }

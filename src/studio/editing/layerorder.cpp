@@ -36,8 +36,10 @@ void reorder(std::vector<Layer>& layers, const LayerOrder& order)
     result.reserve(layers.size());
     for (const int from : order) {
         Layer& layer = result.emplace_back(std::move(layers[static_cast<std::size_t>(from)]));
-        if (layer.parent >= 0) {
-            layer.parent = places[static_cast<std::size_t>(layer.parent)];
+        for (int* other : {&layer.parent, &layer.matteLayer}) {
+            if (*other >= 0) {
+                *other = places[static_cast<std::size_t>(*other)];
+            }
         }
     }
     layers = std::move(result);

@@ -74,11 +74,16 @@ enum class FillRule
     EvenOdd,
 };
 
-struct FillShape
+/// How a fill covers its paths, whatever it is made of.
+struct FillStyle
 {
-    NumberProperty color; ///< red, green, blue, 0..1
     NumberProperty opacity = kHundredPercent;
     FillRule rule = FillRule::NonZero;
+};
+
+struct FillShape : FillStyle
+{
+    NumberProperty color; ///< red, green, blue, 0..1
 };
 
 enum class StrokeCap
@@ -95,9 +100,9 @@ enum class StrokeJoin
     Bevel,
 };
 
-struct StrokeShape
+/// How a stroke follows its paths, whatever it is made of.
+struct StrokeStyle
 {
-    NumberProperty color; ///< red, green, blue, 0..1
     NumberProperty opacity = kHundredPercent;
     NumberProperty width;
     StrokeCap cap = StrokeCap::Butt;
@@ -105,6 +110,32 @@ struct StrokeShape
     double miterLimit = 4;
     std::vector<NumberProperty> dashes; ///< lengths of dash, gap, dash, gap ...
     NumberProperty dashOffset;
+};
+
+struct StrokeShape : StrokeStyle
+{
+    NumberProperty color; ///< red, green, blue, 0..1
+};
+
+struct Gradient
+{
+    bool isRadial = false;
+    NumberProperty start;           ///< the centre of a radial one
+    NumberProperty end;             ///< on the rim of a radial one
+    NumberProperty highlightLength; ///< of a radial one: percent of the way from centre to rim
+    NumberProperty highlightAngle;  ///< degrees clockwise from the direction of `end`
+    StopsProperty stops;
+    int colorStops = 0; ///< of `stops` the first so many are colours, the others opacities
+};
+
+struct GradientFillShape : FillStyle
+{
+    Gradient gradient;
+};
+
+struct GradientStrokeShape : StrokeStyle
+{
+    Gradient gradient;
 };
 
 /// Keeps a stretch of every path above it in its group.
@@ -149,6 +180,8 @@ struct ShapeItem
         StarShape,
         FillShape,
         StrokeShape,
+        GradientFillShape,
+        GradientStrokeShape,
         TrimShape,
         MergeShape>
         shape;
@@ -163,6 +196,32 @@ enum class LayerKind
     Other, ///< not drawn; listed in Document::missing
 };
 
+/// What of another layer shows a layer, or with "Inverted" hides it.
+enum class MatteMode
+{
+    None,
+    Alpha,
+    InvertedAlpha,
+    Luma,
+    InvertedLuma,
+};
+
+enum class MaskMode
+{
+    Add,
+    Subtract,
+    Intersect,
+};
+
+/// An outline that shows or hides a part of its layer, in the layer's own units.
+struct Mask
+{
+    MaskMode mode = MaskMode::Add;
+    bool inverted = false;
+    PathProperty path;
+    NumberProperty opacity = kHundredPercent;
+};
+
 struct Layer
 {
     QString name;
@@ -175,7 +234,12 @@ struct Layer
     bool hidden = false;
     bool locked = false;  ///< the user's, against edits
     bool isMatte = false; ///< stands only for the matte of another layer: not drawn itself
+    MatteMode matte = MatteMode::None;
+    /// Place of the layer that is the matte, in the same list; -1: the one above, whichever that
+    /// is. May form a circle: see matteOf().
+    int matteLayer = -1;
     Transform transform;
+    std::vector<Mask> masks;       ///< each takes what those before it left
     std::vector<ShapeItem> shapes; ///< first on top
 
     int composition = -1; ///< place in Document::compositions

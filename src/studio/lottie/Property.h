@@ -45,6 +45,10 @@ struct EasingHandle
     bool operator==(const EasingHandle&) const = default;
 };
 
+/// A gradient's stops, in the file's form: offset, red, green, blue for each colour, then offset,
+/// opacity for each opacity; all 0..1.
+using GradientStops = std::vector<double>;
+
 template <typename Value>
 struct Keyframe
 {
@@ -75,7 +79,7 @@ struct Property
 {
     Value value{};                     ///< used while there are no keys
     std::vector<Keyframe<Value>> keys; ///< never a single key without a value
-    int dimensions = 1;                ///< entries of Numbers in use; 1 for paths
+    int dimensions = 1;                ///< entries of Numbers in use; 1 for paths and stops
     Span span;                         ///< the property object; empty when the file leaves it out
     Span valueSpan;                    ///< "k": the value or the list of keys
 
@@ -85,5 +89,6 @@ struct Property
 
 using NumberProperty = Property<Numbers>;
 using PathProperty = Property<BezierPath>;
+using StopsProperty = Property<GradientStops>;
 
 } // namespace studio

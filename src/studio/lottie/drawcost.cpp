@@ -62,6 +62,17 @@ double pixelCost(double devicePixels)
     return devicePixels;
 }
 
+double gradientCost(double numbers, double devicePixels)
+{
+    // Every pixel is compared with every stop, several pixels at once.
+    return 500 + 200 * numbers + devicePixels * (4 + numbers / 10);
+}
+
+double lumaCost(double devicePixels)
+{
+    return 4 * devicePixels;
+}
+
 double transformCost(const Transform& transform)
 {
     const auto keys = transform.position.keys.size() + transform.positionX.keys.size()

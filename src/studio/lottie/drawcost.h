@@ -35,6 +35,10 @@ double dashCost(double count);
 double mergeCost(double verbs);
 /// Of blending an area once; opacity over several draws takes that twice.
 double pixelCost(double devicePixels);
+/// Of a gradient's stops, and of an area in its colours beyond that of one colour.
+double gradientCost(double numbers, double devicePixels);
+/// Of taking an area's brightness for its opacity.
+double lumaCost(double devicePixels);
 /// Of a layer's or group's matrix.
 double transformCost(const Transform& transform);
 

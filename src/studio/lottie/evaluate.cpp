@@ -63,6 +63,19 @@ BezierPath between(
     return result;
 }
 
+GradientStops between(
+    const Keyframe<GradientStops>& from, const Keyframe<GradientStops>& to, int, double frame)
+{
+    GradientStops result = from.value;
+    if (from.value.size() == to.value.size()) {
+        const double progress = progressAt(from, to, frame, 0);
+        for (std::size_t i = 0; i < result.size(); ++i) {
+            result[i] = std::lerp(result[i], to.value[i], progress);
+        }
+    }
+    return result;
+}
+
 template <typename Value>
 Value propertyAt(const Property<Value>& property, double frame)
 {
@@ -177,6 +190,11 @@ Numbers valueAt(const NumberProperty& property, double frame)
 }
 
 BezierPath valueAt(const PathProperty& property, double frame)
+{
+    return propertyAt(property, frame);
+}
+
+GradientStops valueAt(const StopsProperty& property, double frame)
 {
     return propertyAt(property, frame);
 }

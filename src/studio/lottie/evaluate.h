@@ -17,6 +17,9 @@ SpatialCurve wayBetween(const Keyframe<Numbers>& from, const Keyframe<Numbers>& 
 /// The outline at a frame. Between outlines of different lengths the earlier one stands still.
 BezierPath valueAt(const PathProperty& property, double frame);
 
+/// The stops at a frame. Between lists of different lengths the earlier one stands still.
+GradientStops valueAt(const StopsProperty& property, double frame);
+
 /// The first entry of a scalar property.
 double scalarAt(const NumberProperty& property, double frame);
 

@@ -26,36 +26,6 @@ SkPathDirection direction(const ShapeItem& item)
     return item.reversed ? SkPathDirection::kCCW : SkPathDirection::kCW;
 }
 
-SkPath toSkPath(const BezierPath& outline, bool reversed)
-{
-    SkPath path;
-    const std::size_t count = outline.vertices.size();
-    if (count == 0) {
-        return path;
-    }
-    const auto at = [](const auto& vertex, const auto& tangent) {
-        return toPoint(vertex[0] + tangent[0], vertex[1] + tangent[1]);
-    };
-    path.moveTo(toPoint(outline.vertices[0][0], outline.vertices[0][1]));
-    for (std::size_t i = 1; i < count + (outline.closed ? 1 : 0); ++i) {
-        const std::size_t from = i - 1;
-        const std::size_t to = i % count;
-        path.cubicTo(
-            at(outline.vertices[from], outline.outTangents[from]),
-            at(outline.vertices[to], outline.inTangents[to]),
-            toPoint(outline.vertices[to][0], outline.vertices[to][1]));
-    }
-    if (outline.closed) {
-        path.close();
-    }
-    if (reversed) {
-        SkPath backwards;
-        backwards.reverseAddPath(path);
-        return backwards;
-    }
-    return path;
-}
-
 SkRect centeredRect(const NumberProperty& position, const NumberProperty& size, double frame)
 {
     const Numbers center = valueAt(position, frame);
@@ -107,7 +77,7 @@ SkPath starAt(const StarShape& shape, bool reversed, double frame)
         outline.outTangents.push_back({-y * reach, x * reach});
         outline.inTangents.push_back({y * reach, -x * reach});
     }
-    return toSkPath(outline, false);
+    return toSkPath(outline);
 }
 
 // Adds the stretch of a path from start to stop, in pixels along its contours.
@@ -163,6 +133,36 @@ SkPathOp toPathOp(MergeMode mode)
 }
 
 } // namespace
+
+SkPath toSkPath(const BezierPath& outline, bool reversed)
+{
+    SkPath path;
+    const std::size_t count = outline.vertices.size();
+    if (count == 0) {
+        return path;
+    }
+    const auto at = [](const auto& vertex, const auto& tangent) {
+        return toPoint(vertex[0] + tangent[0], vertex[1] + tangent[1]);
+    };
+    path.moveTo(toPoint(outline.vertices[0][0], outline.vertices[0][1]));
+    for (std::size_t i = 1; i < count + (outline.closed ? 1 : 0); ++i) {
+        const std::size_t from = i - 1;
+        const std::size_t to = i % count;
+        path.cubicTo(
+            at(outline.vertices[from], outline.outTangents[from]),
+            at(outline.vertices[to], outline.inTangents[to]),
+            toPoint(outline.vertices[to][0], outline.vertices[to][1]));
+    }
+    if (outline.closed) {
+        path.close();
+    }
+    if (reversed) {
+        SkPath backwards;
+        backwards.reverseAddPath(path);
+        return backwards;
+    }
+    return path;
+}
 
 SkPath outlineAt(const ShapeItem& item, double frame)
 {

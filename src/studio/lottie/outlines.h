@@ -9,6 +9,9 @@
 
 namespace studio {
 
+/// @param reversed whether it runs from its last vertex to its first
+SkPath toSkPath(const BezierPath& outline, bool reversed = false);
+
 /// The outline of a path, rectangle, ellipse or star at a frame; empty for every other item. A
 /// closed outline runs clockwise unless it is reversed, from where trimming counts its length.
 SkPath outlineAt(const ShapeItem& item, double frame);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "lottie/reader.h"
 
+#include "lottie/masking.h"
 #include "lottie/readproperties.h"
 #include "lottie/readshapes.h"
 
@@ -26,8 +27,10 @@ struct LayerReferences
 {
     int index = 0;  // "ind"
     int parent = 0; // "parent", the index of another layer
+    int matte = 0;  // "tp", the index of another layer
     QString asset;  // "refId"
     bool hasParent = false;
+    bool hasMatte = false; // else it is the layer above
 };
 
 class Reader
@@ -58,8 +61,13 @@ private:
     void readLayers(const JsonValue& parent, Composition& composition);
     void readLayer(const JsonValue& value, Layer& layer, LayerReferences& references);
     void readKind(const JsonValue& value, Layer& layer, LayerReferences& references);
+    void readMasks(const JsonValue& value, Layer& layer);
+    void readMask(const JsonValue& value, Layer& layer);
     void listMissing(const JsonValue& value);
-    void resolveParents(std::vector<Layer>& layers, const std::vector<LayerReferences>& references);
+    void resolveReferences(
+        std::vector<Layer>& layers, const std::vector<LayerReferences>& references);
+    void checkParents(const std::vector<Layer>& layers);
+    void listMissingMattes(const Composition& composition);
     void checkPrecompositions();
     Extent measure(const Composition& composition, std::vector<Extent>& extents, std::size_t level);
 
@@ -92,6 +100,25 @@ void readSolidColor(const JsonValue& value, NumberProperty& color)
         const unsigned channel = number >> (kBits * (color.dimensions - 1 - i)) & kFull;
         color.value[static_cast<std::size_t>(i)] = double(channel) / kFull;
     }
+}
+
+bool isZero(const NumberProperty& property)
+{
+    return property.value == Numbers{}
+           && std::all_of(property.keys.begin(), property.keys.end(), [](const auto& key) {
+                  return key.value == Numbers{};
+              });
+}
+
+/// Counted from 1 as in the enumeration; what we do not know is listed.
+MatteMode readMatteMode(ReadContext& context, const JsonValue& value)
+{
+    const int mode = context.integer(value, "tt");
+    if (mode >= 0 && mode <= static_cast<int>(MatteMode::InvertedLuma)) {
+        return static_cast<MatteMode>(mode);
+    }
+    context.missing(tr("track matte"));
+    return MatteMode::None;
 }
 
 QString Reader::read(const JsonValue& root)
@@ -192,7 +219,9 @@ void Reader::readLayers(const JsonValue& parent, Composition& composition)
         m_context.countItem();
         readLayer(value, composition.layers.emplace_back(), references.emplace_back());
     }
-    resolveParents(composition.layers, references);
+    resolveReferences(composition.layers, references);
+    checkParents(composition.layers);
+    listMissingMattes(composition);
 }
 
 void Reader::readLayer(const JsonValue& value, Layer& layer, LayerReferences& references)
@@ -215,12 +244,16 @@ void Reader::readLayer(const JsonValue& value, Layer& layer, LayerReferences& re
     layer.hidden = m_context.flag(value, "hd");
     layer.locked = value[kLockedKey].number() == 1.0; // whatever else is there was not us
     layer.isMatte = m_context.flag(value, "td");
+    layer.matte = readMatteMode(m_context, value);
+    references.hasMatte = value["tp"].exists();
+    references.matte = m_context.integer(value, "tp");
     layer.span = value.span();
     readTransform(m_context, m_context.object(value, "ks"), layer.transform);
     layer.transform.autoOrient = m_context.flag(value, "ao");
     layer.hasTimeRemap = value["tm"].isObject();
     readProperty(m_context, value, "tm", layer.timeRemap);
     readKind(value, layer, references);
+    readMasks(value, layer);
     listMissing(value);
 }
 
@@ -269,17 +302,52 @@ void Reader::readKind(const JsonValue& value, Layer& layer, LayerReferences& ref
     }
 }
 
-void Reader::listMissing(const JsonValue& value)
+void Reader::readMasks(const JsonValue& value, Layer& layer)
 {
-    const bool hasMask = !value["hasMask"].exists() || m_context.flag(value, "hasMask");
+    const bool hasMasks = !value["hasMask"].exists() || m_context.flag(value, "hasMask");
     for (const JsonValue& mask : m_context.list(value, "masksProperties")) {
-        if (hasMask && mask["mode"].string() != u"n") {
-            m_context.missing(tr("mask"));
+        m_context.countItem();
+        if (m_context.failed()) {
+            return;
+        }
+        if (hasMasks && mask["mode"].string() != u"n") {
+            readMask(mask, layer);
         }
     }
-    if (m_context.number(value, "tt") != 0) {
-        m_context.missing(tr("track matte"));
+}
+
+void Reader::readMask(const JsonValue& value, Layer& layer)
+{
+    static constexpr std::pair<QLatin1String, MaskMode> kModes[] = {
+        {QLatin1String("a"), MaskMode::Add},
+        {QLatin1String("s"), MaskMode::Subtract},
+        {QLatin1String("i"), MaskMode::Intersect},
+    };
+    const QString name = value["mode"].string();
+    const auto mode = std::find_if(
+        std::begin(kModes), std::end(kModes), [&](const auto& m) { return name == m.first; });
+    if (mode == std::end(kModes) || !value["pt"].exists()) {
+        m_context.missing(tr("mask of mode “%1”").arg(name));
+        return;
     }
+    Mask& mask = layer.masks.emplace_back();
+    mask.mode = mode->second;
+    mask.inverted = m_context.flag(value, "inv");
+    readProperty(m_context, value, "pt", mask.path, true);
+    readProperty(m_context, value, "o", mask.opacity);
+    const std::pair<const char*, QString> softer[] = {
+        {"f", tr("mask feather")}, {"x", tr("mask expansion")}};
+    for (const auto& [key, feature] : softer) {
+        NumberProperty property;
+        readProperty(m_context, value, key, property);
+        if (!isZero(property)) {
+            m_context.missing(feature);
+        }
+    }
+}
+
+void Reader::listMissing(const JsonValue& value)
+{
     if (m_context.list(value, "ef").size() > 0) {
         m_context.missing(tr("effect"));
     }
@@ -294,7 +362,7 @@ void Reader::listMissing(const JsonValue& value)
     }
 }
 
-void Reader::resolveParents(
+void Reader::resolveReferences(
     std::vector<Layer>& layers, const std::vector<LayerReferences>& references)
 {
     QHash<int, int> places;
@@ -305,7 +373,14 @@ void Reader::resolveParents(
         if (references[i].hasParent) {
             layers[i].parent = places.value(references[i].parent, -1);
         }
+        if (references[i].hasMatte) {
+            layers[i].matteLayer = places.value(references[i].matte, static_cast<int>(i));
+        }
     }
+}
+
+void Reader::checkParents(const std::vector<Layer>& layers)
+{
     // Walks up from each layer, no further than a layer whose number of parents is known.
     std::vector<std::size_t> heights(layers.size(), 0);
     for (std::size_t start = 0; start < layers.size(); ++start) {
@@ -328,6 +403,16 @@ void Reader::resolveParents(
             m_context.fail(tr("Layer “%1” has more than %2 parents above each other.")
                                .arg(layers[start].name, QString::number(kMaxParents)));
             return;
+        }
+    }
+}
+
+void Reader::listMissingMattes(const Composition& composition)
+{
+    for (const Layer& layer : composition.layers) {
+        if (layer.matte != MatteMode::None && !matteOf(composition, layer)) {
+            m_context.setLayer(layer.name, layer.span.begin);
+            m_context.missing(tr("track matte"));
         }
     }
 }

@@ -82,6 +82,26 @@ struct PathValue
     }
 };
 
+struct StopsValue
+{
+    using Type = GradientStops;
+
+    ReadContext& context;
+    int dimensions = 1;
+
+    GradientStops operator()(const JsonValue& value)
+    {
+        GradientStops stops;
+        if (!value.isList()) {
+            context.failType(value, tr("a list of numbers"));
+        }
+        for (const JsonValue& entry : value) {
+            stops.push_back(context.numbers(entry)[0]);
+        }
+        return stops;
+    }
+};
+
 template <typename Value>
 void readSpatial(ReadContext& context, const JsonValue& value, Keyframe<Value>& key)
 {
@@ -180,6 +200,12 @@ void readProperty(
     bool closed)
 {
     readAnimated(context, parent, key, PathValue{context, closed}, property);
+}
+
+void readProperty(
+    ReadContext& context, const JsonValue& parent, std::string_view key, StopsProperty& property)
+{
+    readAnimated(context, parent, key, StopsValue{context}, property);
 }
 
 void readColor(

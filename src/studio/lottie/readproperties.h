@@ -18,6 +18,9 @@ void readProperty(
     PathProperty& property,
     bool closed);
 
+void readProperty(
+    ReadContext& context, const JsonValue& parent, std::string_view key, StopsProperty& property);
+
 /// As readProperty(), with channels brought to 0..1.
 void readColor(
     ReadContext& context, const JsonValue& parent, std::string_view key, NumberProperty& property);

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <limits>
 
 namespace studio {
 
@@ -19,8 +20,6 @@ struct UndrawnKind
 };
 
 constexpr UndrawnKind kUndrawnKinds[] = {
-    {"gf", QT_TRANSLATE_NOOP("studio::Reader", "gradient fill")},
-    {"gs", QT_TRANSLATE_NOOP("studio::Reader", "gradient stroke")},
     {"op", QT_TRANSLATE_NOOP("studio::Reader", "offset path")},
     {"pb", QT_TRANSLATE_NOOP("studio::Reader", "pucker and bloat")},
     {"rd", QT_TRANSLATE_NOOP("studio::Reader", "rounded corners")},
@@ -74,28 +73,71 @@ void readShape(ReadContext& context, const JsonValue& value, StarShape& shape)
     readProperty(context, value, "is", shape.innerRoundness);
 }
 
-void readShape(ReadContext& context, const JsonValue& value, FillShape& shape)
+void readStyle(ReadContext& context, const JsonValue& value, FillStyle& style)
+{
+    readProperty(context, value, "o", style.opacity);
+    style.rule = choice(context, value, "r", FillRule::EvenOdd);
+}
+
+void readStyle(ReadContext& context, const JsonValue& value, StrokeStyle& style)
+{
+    readProperty(context, value, "o", style.opacity);
+    readProperty(context, value, "w", style.width);
+    style.cap = choice(context, value, "lc", StrokeCap::Square);
+    style.join = choice(context, value, "lj", StrokeJoin::Bevel);
+    style.miterLimit = context.number(value, "ml", style.miterLimit);
+    for (const JsonValue& dash : context.list(value, "d")) {
+        if (dash["n"].string() == u"o") {
+            readProperty(context, dash, "v", style.dashOffset);
+        } else {
+            readProperty(context, dash, "v", style.dashes.emplace_back());
+        }
+    }
+}
+
+// Of fills and strokes alike.
+template <typename Shape>
+void readColored(ReadContext& context, const JsonValue& value, Shape& shape)
 {
     readColor(context, value, "c", shape.color);
-    readProperty(context, value, "o", shape.opacity);
-    shape.rule = choice(context, value, "r", FillRule::EvenOdd);
+    readStyle(context, value, shape);
+}
+
+template <typename Shape>
+void readGradient(ReadContext& context, const JsonValue& value, Shape& shape)
+{
+    Gradient& gradient = shape.gradient;
+    gradient.isRadial = context.integer(value, "t") == 2;
+    readProperty(context, value, "s", gradient.start);
+    readProperty(context, value, "e", gradient.end);
+    readProperty(context, value, "h", gradient.highlightLength);
+    readProperty(context, value, "a", gradient.highlightAngle);
+    const JsonValue colors = context.object(value, "g");
+    readProperty(context, colors, "k", gradient.stops);
+    // Without a count all of them are colours.
+    gradient.colorStops =
+        colors["p"].exists() ? context.integer(colors, "p") : std::numeric_limits<int>::max();
+    readStyle(context, value, shape);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, FillShape& shape)
+{
+    readColored(context, value, shape);
 }
 
 void readShape(ReadContext& context, const JsonValue& value, StrokeShape& shape)
 {
-    readColor(context, value, "c", shape.color);
-    readProperty(context, value, "o", shape.opacity);
-    readProperty(context, value, "w", shape.width);
-    shape.cap = choice(context, value, "lc", StrokeCap::Square);
-    shape.join = choice(context, value, "lj", StrokeJoin::Bevel);
-    shape.miterLimit = context.number(value, "ml", shape.miterLimit);
-    for (const JsonValue& dash : context.list(value, "d")) {
-        if (dash["n"].string() == u"o") {
-            readProperty(context, dash, "v", shape.dashOffset);
-        } else {
-            readProperty(context, dash, "v", shape.dashes.emplace_back());
-        }
-    }
+    readColored(context, value, shape);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, GradientFillShape& shape)
+{
+    readGradient(context, value, shape);
+}
+
+void readShape(ReadContext& context, const JsonValue& value, GradientStrokeShape& shape)
+{
+    readGradient(context, value, shape);
 }
 
 void readShape(ReadContext& context, const JsonValue& value, TrimShape& shape)
@@ -140,6 +182,8 @@ ShapeItem readItem(ReadContext& context, const JsonValue& value)
         {QLatin1String("sr"), readAs<StarShape>},
         {QLatin1String("fl"), readAs<FillShape>},
         {QLatin1String("st"), readAs<StrokeShape>},
+        {QLatin1String("gf"), readAs<GradientFillShape>},
+        {QLatin1String("gs"), readAs<GradientStrokeShape>},
         {QLatin1String("tm"), readAs<TrimShape>},
         {QLatin1String("mm"), readAs<MergeShape>},
     };

@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "lottie/renderer.h"
 
+#include "lottie/BoundsCanvas.h"
 #include "lottie/drawcost.h"
 #include "lottie/evaluate.h"
+#include "lottie/gradients.h"
+#include "lottie/masking.h"
 #include "lottie/outlines.h"
+#include "lottie/paints.h"
 
+#include <include/core/SkBlendMode.h>
 #include <include/core/SkCanvas.h>
 #include <include/core/SkPaint.h>
+#include <include/core/SkShader.h>
+#include <include/core/SkSurface.h>
 #include <include/effects/SkDashPathEffect.h>
 
 #include <algorithm>
@@ -38,7 +45,8 @@ bool is(const ShapeItem& item)
 
 bool isStyle(const ShapeItem& item)
 {
-    return is<FillShape>(item) || is<StrokeShape>(item);
+    return is<FillShape>(item) || is<StrokeShape>(item) || is<GradientFillShape>(item)
+           || is<GradientStrokeShape>(item);
 }
 
 // The outlines of a list of items, and how many of them stand above each item.
@@ -48,15 +56,29 @@ struct Outlines
     std::vector<std::size_t> above;
 };
 
-SkPaint paintOf(const NumberProperty& color, float opacity, double frame)
+bool isShown(const Layer& layer, double frame)
 {
-    const Numbers channels = valueAt(color, frame);
-    const auto channel = [&](std::size_t i) {
-        return static_cast<float>(std::clamp(channels[i], 0.0, 1.0));
-    };
-    SkPaint paint(SkColor4f{channel(0), channel(1), channel(2), opacity});
-    paint.setAntiAlias(true);
-    return paint;
+    return layer.inPoint <= frame && frame < layer.outPoint;
+}
+
+// Whether anything has been drawn that can be seen.
+bool hasInk(SkSurface& surface)
+{
+    constexpr SkAlpha kSeen = 0x10;
+    SkPixmap pixels;
+    if (!surface.peekPixels(&pixels)) {
+        return false;
+    }
+    for (int y = 0; y < pixels.height(); ++y) {
+        const SkPMColor* row = pixels.addr32(0, y);
+        if (std::any_of(row, row + pixels.width(), [](SkPMColor color) {
+                return SkColorGetA(color) >= kSeen; // in both forms the top byte
+            }))
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
 // Of looking at one shape item, whatever it is.
@@ -71,34 +93,6 @@ double layerMatrixCost(const Composition& composition, const Layer& layer)
         parent = above.parent;
     }
     return cost;
-}
-
-// Lengths of dash, gap, dash, gap ... in path units.
-std::vector<float> dashesOf(const StrokeShape& stroke, double frame)
-{
-    std::vector<float> lengths;
-    for (const NumberProperty& dash : stroke.dashes) {
-        lengths.push_back(static_cast<float>(std::max(scalarAt(dash, frame), 0.0)));
-    }
-    if (lengths.size() % 2 == 1) {
-        // A dash without its gap: the list goes round twice.
-        const std::vector<float> once = lengths;
-        lengths.insert(lengths.end(), once.begin(), once.end());
-    }
-    return lengths;
-}
-
-void applyStroke(const StrokeShape& stroke, double frame, SkPaint& paint)
-{
-    static constexpr SkPaint::Cap kCaps[] = {
-        SkPaint::kButt_Cap, SkPaint::kRound_Cap, SkPaint::kSquare_Cap};
-    static constexpr SkPaint::Join kJoins[] = {
-        SkPaint::kMiter_Join, SkPaint::kRound_Join, SkPaint::kBevel_Join};
-    paint.setStyle(SkPaint::kStroke_Style);
-    paint.setStrokeWidth(static_cast<float>(scalarAt(stroke.width, frame)));
-    paint.setStrokeCap(kCaps[static_cast<int>(stroke.cap)]);
-    paint.setStrokeJoin(kJoins[static_cast<int>(stroke.join)]);
-    paint.setStrokeMiter(static_cast<float>(stroke.miterLimit));
 }
 
 // What is drawn shows through with an opacity. A single draw takes it into its paint; several that
@@ -132,17 +126,29 @@ public:
     {}
 
     void drawComposition(const Composition& composition, double frame);
+    /// Without what clips, fades or moves the layer.
+    void drawContent(const Layer& layer, float opacity, double frame);
+    /// @return the first layer from above that leaves something on the canvas, which is `surface`'s
+    const Layer* topmost(const Composition& composition, double frame, SkSurface& surface);
 
     const DrawResult& result() const { return m_result; }
 
 private:
     void drawLayer(const Composition& composition, const Layer& layer, double frame);
+    void drawMasked(
+        const Composition& composition, const Layer& layer, float opacity, double frame);
     void drawPrecomposition(const Layer& layer, double frame, float opacity);
     void drawSolid(const Layer& layer, float opacity);
     void drawShapes(const Items& items, float opacity, const Trims& outer, double frame);
     void drawGroup(const GroupShape& group, float opacity, const Trims& outer, double frame);
-    void drawFill(const FillShape& fill, SkPath path, float opacity, double frame);
-    void drawStroke(const StrokeShape& stroke, const SkPath& path, float opacity, double frame);
+    void drawStyle(const ShapeItem& item, const SkPath& path, float opacity, double frame);
+    template <typename Ink>
+    void drawFill(const FillStyle& fill, const Ink& ink, SkPath path, float opacity, double frame);
+    template <typename Ink>
+    void drawStroke(
+        const StrokeStyle& stroke, const Ink& ink, const SkPath& path, float opacity, double frame);
+    bool mixInk(SkPaint& paint, const NumberProperty& color, double pixels, double frame);
+    bool mixInk(SkPaint& paint, const Gradient& gradient, double pixels, double frame);
 
     Outlines collectOutlines(const Items& items, const Trims& outer, double frame);
     void trimWithin(std::vector<SkPath>& paths, const TrimShape& trimming, double frame);
@@ -153,7 +159,10 @@ private:
     // Whether there is still budget for this; once there is not, nothing more is drawn.
     bool spend(double cost);
     double pixelsUnder(const SkRect& area) const;
+    double clipPixels() const;
     double layerCost(float opacity, bool isSingleDraw) const;
+    double matteCost(MatteMode mode) const;
+    double maskCost(const std::vector<MaskShape>& masks) const;
     double scale() const { return m_canvas.getLocalToDeviceAs3x3().getMaxScale(); }
     PathExtent extentOnDevice(const SkPath& path) const;
 
@@ -178,11 +187,32 @@ double Renderer::pixelsUnder(const SkRect& area) const
     return isSeen ? double(device.width()) * double(device.height()) : 0;
 }
 
-double Renderer::layerCost(float opacity, bool isSingleDraw) const
+double Renderer::clipPixels() const
 {
     const SkIRect clip = m_canvas.getDeviceClipBounds();
+    return double(clip.width()) * clip.height();
+}
+
+double Renderer::layerCost(float opacity, bool isSingleDraw) const
+{
     const bool needsLayer = !isSingleDraw && opacity < 1;
-    return needsLayer ? 2 * pixelCost(double(clip.width()) * clip.height()) : 0;
+    return needsLayer ? 2 * pixelCost(clipPixels()) : 0;
+}
+
+double Renderer::matteCost(MatteMode mode) const
+{
+    return 4 * pixelCost(clipPixels()) + (isLuma(mode) ? lumaCost(clipPixels()) : 0);
+}
+
+double Renderer::maskCost(const std::vector<MaskShape>& masks) const
+{
+    const double pixels = areClips(masks) ? clipPixels() : 2 * clipPixels();
+    const double layers = areClips(masks) ? 0 : 4 * pixelCost(clipPixels());
+    return std::accumulate(
+        masks.begin(), masks.end(), layers, [&](double sum, const MaskShape& mask) {
+            const PathExtent extent = extentOnDevice(mask.path);
+            return sum + copyCost(extent) + fillCost(extent) + pixelCost(pixels);
+        });
 }
 
 PathExtent Renderer::extentOnDevice(const SkPath& path) const
@@ -264,8 +294,7 @@ SkPath Renderer::joined(const std::vector<SkPath>& paths, std::size_t count)
 void Renderer::drawComposition(const Composition& composition, double frame)
 {
     for (auto layer = composition.layers.rbegin(); layer != composition.layers.rend(); ++layer) {
-        const bool isShown = layer->inPoint <= frame && frame < layer->outPoint;
-        if (isShown && !layer->hidden && !layer->isMatte) {
+        if (isShown(*layer, frame) && !layer->hidden && !layer->isMatte) {
             drawLayer(composition, *layer, frame);
         }
         if (m_isSpent) {
@@ -275,6 +304,20 @@ void Renderer::drawComposition(const Composition& composition, double frame)
     }
 }
 
+const Layer* Renderer::topmost(const Composition& composition, double frame, SkSurface& surface)
+{
+    for (const Layer& layer : composition.layers) {
+        const bool isSeen = isShown(layer, frame) && !layer.hidden && !layer.isMatte;
+        if (isSeen && !layer.locked) {
+            drawLayer(composition, layer, frame);
+        }
+        if (m_isSpent || hasInk(surface)) {
+            return m_isSpent ? nullptr : &layer;
+        }
+    }
+    return nullptr;
+}
+
 void Renderer::drawLayer(const Composition& composition, const Layer& layer, double frame)
 {
     const auto opacity = static_cast<float>(opacityAt(layer.transform.opacity, frame));
@@ -282,8 +325,45 @@ void Renderer::drawLayer(const Composition& composition, const Layer& layer, dou
     if (!isDrawn || opacity < kInvisible || !spend(layerMatrixCost(composition, layer))) {
         return;
     }
+    const Layer* matte = matteOf(composition, layer);
+    if (!matte) {
+        drawMasked(composition, layer, opacity, frame);
+    } else if (spend(matteCost(layer.matte))) {
+        const SkAutoCanvasRestore restore(&m_canvas, false);
+        m_canvas.saveLayer(nullptr, nullptr);
+        drawMasked(composition, layer, opacity, frame);
+        const SkPaint paint = mattePaint(layer.matte);
+        m_canvas.saveLayer(nullptr, &paint);
+        if (isShown(*matte, frame)) {
+            drawLayer(composition, *matte, frame);
+        }
+    }
+}
+
+void Renderer::drawMasked(
+    const Composition& composition, const Layer& layer, float opacity, double frame)
+{
     const SkAutoCanvasRestore restore(&m_canvas, true);
     m_canvas.concat(layerMatrix(composition, layer, frame));
+    const std::vector<MaskShape> masks = masksAt(layer, frame);
+    if (!spend(maskCost(masks))) {
+        return;
+    }
+    if (areClips(masks)) {
+        clipTo(m_canvas, masks);
+        drawContent(layer, opacity, frame);
+        return;
+    }
+    m_canvas.saveLayer(nullptr, nullptr);
+    drawContent(layer, opacity, frame);
+    SkPaint paint;
+    paint.setBlendMode(SkBlendMode::kDstIn);
+    m_canvas.saveLayer(nullptr, &paint);
+    paintCoverage(m_canvas, masks);
+}
+
+void Renderer::drawContent(const Layer& layer, float opacity, double frame)
+{
     if (layer.kind == LayerKind::Solid) {
         drawSolid(layer, opacity);
     } else if (layer.kind == LayerKind::Precomposition) {
@@ -316,8 +396,10 @@ void Renderer::drawSolid(const Layer& layer, float opacity)
 {
     const auto area =
         SkRect::MakeWH(static_cast<float>(layer.width), static_cast<float>(layer.height));
-    if (spend(pixelCost(pixelsUnder(area)))) {
-        m_canvas.drawRect(area, paintOf(layer.color, opacity, 0));
+    const double pixels = pixelsUnder(area);
+    SkPaint paint = paintOf(opacity);
+    if (spend(pixelCost(pixels)) && mixInk(paint, layer.color, pixels, 0)) {
+        m_canvas.drawRect(area, paint);
     }
 }
 
@@ -333,14 +415,12 @@ void Renderer::drawShapes(const Items& items, float opacity, const Trims& outer,
         if (item.hidden) {
             continue;
         }
-        if (isStyle(item) && outlines.above[i] != pathCount) {
-            pathCount = outlines.above[i];
-            path = joined(outlines.paths, pathCount);
-        }
-        if (const auto* fill = std::get_if<FillShape>(&item.shape)) {
-            drawFill(*fill, path, opacity, frame);
-        } else if (const auto* stroke = std::get_if<StrokeShape>(&item.shape)) {
-            drawStroke(*stroke, path, opacity, frame);
+        if (isStyle(item)) {
+            if (outlines.above[i] != pathCount) {
+                pathCount = outlines.above[i];
+                path = joined(outlines.paths, pathCount);
+            }
+            drawStyle(item, path, opacity, frame);
         } else if (const auto* group = std::get_if<GroupShape>(&item.shape)) {
             drawGroup(*group, opacity, trims, frame);
         } else if (const auto* trimming = std::get_if<TrimShape>(&item.shape)) {
@@ -363,30 +443,46 @@ void Renderer::drawGroup(const GroupShape& group, float opacity, const Trims& ou
     drawShapes(group.items, opacity * scope.opacity(), outer, frame);
 }
 
-void Renderer::drawFill(const FillShape& fill, SkPath path, float opacity, double frame)
+void Renderer::drawStyle(const ShapeItem& item, const SkPath& path, float opacity, double frame)
 {
-    path.setFillType(
-        fill.rule == FillRule::EvenOdd ? SkPathFillType::kEvenOdd : SkPathFillType::kWinding);
-    const auto own = static_cast<float>(opacityAt(fill.opacity, frame));
-    const double pixels = pixelsUnder(path.getBounds());
-    if (spend(fillCost(extentOnDevice(path)) + pixelCost(pixels))) {
-        m_canvas.drawPath(path, paintOf(fill.color, own * opacity, frame));
+    if (const auto* fill = std::get_if<FillShape>(&item.shape)) {
+        drawFill(*fill, fill->color, path, opacity, frame);
+    } else if (const auto* stroke = std::get_if<StrokeShape>(&item.shape)) {
+        drawStroke(*stroke, stroke->color, path, opacity, frame);
+    } else if (const auto* blend = std::get_if<GradientFillShape>(&item.shape)) {
+        drawFill(*blend, blend->gradient, path, opacity, frame);
+    } else if (const auto* line = std::get_if<GradientStrokeShape>(&item.shape)) {
+        drawStroke(*line, line->gradient, path, opacity, frame);
     }
 }
 
-void Renderer::drawStroke(
-    const StrokeShape& stroke, const SkPath& path, float opacity, double frame)
+template <typename Ink>
+void Renderer::drawFill(
+    const FillStyle& fill, const Ink& ink, SkPath path, float opacity, double frame)
 {
-    const auto own = static_cast<float>(opacityAt(stroke.opacity, frame));
-    SkPaint paint = paintOf(stroke.color, own * opacity, frame);
+    path.setFillType(
+        fill.rule == FillRule::EvenOdd ? SkPathFillType::kEvenOdd : SkPathFillType::kWinding);
+    SkPaint paint = paintOf(opacity * static_cast<float>(opacityAt(fill.opacity, frame)));
+    const double pixels = pixelsUnder(path.getBounds());
+    const double cost = fillCost(extentOnDevice(path)) + pixelCost(pixels);
+    if (spend(cost) && mixInk(paint, ink, pixels, frame)) {
+        m_canvas.drawPath(path, paint);
+    }
+}
+
+template <typename Ink>
+void Renderer::drawStroke(
+    const StrokeStyle& stroke, const Ink& ink, const SkPath& path, float opacity, double frame)
+{
+    SkPaint paint = paintOf(opacity * static_cast<float>(opacityAt(stroke.opacity, frame)));
     applyStroke(stroke, frame, paint);
     if (!(paint.getStrokeWidth() > 0)) { // Skia draws a width of 0 as a hairline
         return;
     }
     const PathExtent extent = extentOnDevice(path);
-    const SkRect bounds =
-        path.getBounds().makeOutset(paint.getStrokeWidth(), paint.getStrokeWidth());
-    double cost = strokeCost(extent) + pixelCost(pixelsUnder(bounds));
+    const double pixels =
+        pixelsUnder(path.getBounds().makeOutset(paint.getStrokeWidth(), paint.getStrokeWidth()));
+    double cost = strokeCost(extent) + pixelCost(pixels);
     const std::vector<float> dashes = dashesOf(stroke, frame);
     const double period = std::accumulate(dashes.begin(), dashes.end(), 0.0);
     if (period * scale() >= kShortestDash) {
@@ -396,9 +492,28 @@ void Renderer::drawStroke(
             SkSpan<const float>(dashes.data(), dashes.size()),
             static_cast<float>(scalarAt(stroke.dashOffset, frame))));
     }
-    if (spend(cost)) {
+    if (spend(cost) && mixInk(paint, ink, pixels, frame)) {
         m_canvas.drawPath(path, paint);
     }
+}
+
+bool Renderer::mixInk(SkPaint& paint, const NumberProperty& color, double, double frame)
+{
+    const Numbers channels = valueAt(color, frame);
+    const auto channel = [&](std::size_t i) {
+        return static_cast<float>(std::clamp(channels[i], 0.0, 1.0));
+    };
+    paint.setColor4f({channel(0), channel(1), channel(2), paint.getAlphaf()});
+    return true;
+}
+
+bool Renderer::mixInk(SkPaint& paint, const Gradient& gradient, double pixels, double frame)
+{
+    const GradientStops stops = valueAt(gradient.stops, frame);
+    if (spend(gradientCost(static_cast<double>(stops.size()), pixels))) {
+        paint.setShader(shaderAt(gradient, stops, frame));
+    }
+    return paint.getShader() != nullptr;
 }
 
 } // namespace
@@ -410,6 +525,34 @@ DrawResult draw(SkCanvas& canvas, const Document& document, double frame)
     Renderer renderer(canvas, document);
     renderer.drawComposition(document.main, frame);
     return renderer.result();
+}
+
+const Layer* layerAt(const Document& document, double frame, SkPoint point, double scale)
+{
+    constexpr int kSide = 3; // device pixels: the pointer's and those around it
+    const auto surface = SkSurfaces::Raster(SkImageInfo::MakeN32Premul(kSide, kSide));
+    SkCanvas& canvas = *surface->getCanvas();
+    canvas.clear(SK_ColorTRANSPARENT);
+    canvas.translate(kSide / 2.0f, kSide / 2.0f);
+    canvas.scale(static_cast<float>(scale), static_cast<float>(scale));
+    canvas.translate(-point.x(), -point.y());
+    canvas.clipRect(SkRect::MakeIWH(document.width, document.height));
+    return Renderer(canvas, document).topmost(document.main, frame, *surface);
+}
+
+SkRect boundsOf(const Document& document, const Layer& layer, double frame)
+{
+    if (layer.kind == LayerKind::Solid || layer.kind == LayerKind::Precomposition) {
+        return SkRect::MakeWH(static_cast<float>(layer.width), static_cast<float>(layer.height));
+    }
+    // A small canvas, as drawing costs by its pixels; its scale is a power of two, which is exact.
+    constexpr int kSide = 1024;
+    constexpr float kScale = 1.0f / 512;
+    BoundsCanvas canvas(SkIRect::MakeLTRB(-kSide, -kSide, kSide, kSide));
+    canvas.scale(kScale, kScale);
+    Renderer(canvas, document).drawContent(layer, 1, frame);
+    const SkRect bounds = SkMatrix::Scale(1 / kScale, 1 / kScale).mapRect(canvas.bounds());
+    return bounds.isFinite() ? bounds : SkRect::MakeEmpty();
 }
 
 } // namespace studio
