@@ -23,7 +23,7 @@ const QByteArray kRect = R"({"ty":"rc","p":{"k":[50,50]},"s":{"k":[90,90]}})";
 const QByteArray kFill = R"({"ty":"fl","c":{"k":[1,0,0]}})";
 
 const QByteArray kSolid = R"({"nm":"heavy","ty":1,"sw":99,"sh":99,"op":100,)";
-const QByteArray kFaintMask = R"({"mode":"a","pt":{},"o":{"k":50}})";
+const QByteArray kFaintMask = R"({"mode":"a","inv":true,"pt":{},"o":{"k":50}})";
 
 QByteArray list(const QByteArray& item, int count)
 {

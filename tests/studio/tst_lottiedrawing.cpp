@@ -276,6 +276,7 @@ void LottieDrawingTest::aLineOfPixelsShowsWhatItShould()
     row("subtracted", masked({mask("s", "20", "80")}), "BB......BB.");
     row("from another", masked({most, mask("s", "40", "60")}), "..BB..BB...");
     row("intersected", masked({most, mask("i", "40", "99")}), "....BBBB...");
+    row("alone a difference is itself", masked({mask("f", "20", "80")}), "..BBBBBB...");
     row("added", masked({mask("a", "20", "40"), mask("a", "60", "80")}), "..BB..BB...");
     row("two that overlap", masked({most, mask("a", "0", "50")}), "BBBBBBBB...");
     const QByteArray half50 = R"(,"o":{"k":50})";

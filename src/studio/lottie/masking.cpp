@@ -85,6 +85,24 @@ void clipTo(SkCanvas& canvas, const std::vector<MaskShape>& masks)
     }
 }
 
+std::optional<SkRect> roomOf(const std::vector<MaskShape>& masks)
+{
+    if (masks.empty() || masks.front().mode != MaskMode::Add) {
+        return std::nullopt;
+    }
+    SkRect room = SkRect::MakeEmpty();
+    for (const MaskShape& mask : masks) {
+        const bool adds = mask.mode == MaskMode::Add;
+        if (adds && mask.path.isInverseFillType()) {
+            return std::nullopt;
+        }
+        if (adds) {
+            room.join(mask.path.getBounds());
+        }
+    }
+    return room;
+}
+
 void paintCoverage(SkCanvas& canvas, const std::vector<MaskShape>& masks)
 {
     if (masks.empty() || masks.front().mode != MaskMode::Add) {

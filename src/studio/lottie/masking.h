@@ -5,6 +5,7 @@
 
 #include <include/core/SkPath.h>
 
+#include <optional>
 #include <vector>
 
 class SkCanvas;
@@ -32,6 +33,9 @@ std::vector<MaskShape> masksAt(const Layer& layer, double frame);
 /// Whether the masks come to clips, which cost less: none is translucent, and none adds to others.
 bool areClips(const std::vector<MaskShape>& masks);
 void clipTo(SkCanvas& canvas, const std::vector<MaskShape>& masks);
+
+/// What masks that add up leave at most, in the layer's units; empty where others come first.
+std::optional<SkRect> roomOf(const std::vector<MaskShape>& masks);
 
 /// Paints what masks leave of their layer as opacity, from a transparent canvas on.
 void paintCoverage(SkCanvas& canvas, const std::vector<MaskShape>& masks);

@@ -316,22 +316,24 @@ void Reader::readMasks(const JsonValue& value, Layer& layer)
     }
 }
 
+// The modes that are not drawn, which compare a mask with those before it, add where there are
+// none.
 void Reader::readMask(const JsonValue& value, Layer& layer)
 {
-    static constexpr std::pair<QLatin1String, MaskMode> kModes[] = {
-        {QLatin1String("a"), MaskMode::Add},
-        {QLatin1String("s"), MaskMode::Subtract},
-        {QLatin1String("i"), MaskMode::Intersect},
-    };
-    const QString name = value["mode"].string();
-    const auto mode = std::find_if(
-        std::begin(kModes), std::end(kModes), [&](const auto& m) { return name == m.first; });
-    if (mode == std::end(kModes) || !value["pt"].exists()) {
-        m_context.missing(tr("mask of mode “%1”").arg(name));
+    const QString mode = value["mode"].string();
+    const bool isKnown = mode == u"a" || mode == u"s" || mode == u"i";
+    const bool comesToAdding =
+        layer.masks.empty() && (mode == u"l" || mode == u"d" || mode == u"f");
+    if (!(isKnown || comesToAdding) || !value["pt"].exists()) {
+        m_context.missing(tr("mask of mode “%1”").arg(mode));
+    }
+    if (!value["pt"].exists()) {
         return;
     }
     Mask& mask = layer.masks.emplace_back();
-    mask.mode = mode->second;
+    mask.mode = mode == u"s"   ? MaskMode::Subtract
+                : mode == u"i" ? MaskMode::Intersect
+                               : MaskMode::Add;
     mask.inverted = m_context.flag(value, "inv");
     readProperty(m_context, value, "pt", mask.path, true);
     readProperty(m_context, value, "o", mask.opacity);

@@ -206,12 +206,17 @@ double Renderer::matteCost(MatteMode mode) const
 
 double Renderer::maskCost(const std::vector<MaskShape>& masks) const
 {
-    const double pixels = areClips(masks) ? clipPixels() : 2 * clipPixels();
-    const double layers = areClips(masks) ? 0 : 4 * pixelCost(clipPixels());
+    const bool isClip = areClips(masks);
+    const auto room = roomOf(masks);
+    const double layers = 4 * pixelCost(room ? pixelsUnder(*room) : clipPixels());
     return std::accumulate(
-        masks.begin(), masks.end(), layers, [&](double sum, const MaskShape& mask) {
+        masks.begin(), masks.end(), isClip ? 0 : layers, [&](double sum, const MaskShape& mask) {
             const PathExtent extent = extentOnDevice(mask.path);
-            return sum + copyCost(extent) + fillCost(extent) + pixelCost(pixels);
+            const bool isBounded =
+                mask.mode != MaskMode::Intersect && !mask.path.isInverseFillType();
+            const double pixels =
+                isBounded || isClip ? pixelsUnder(mask.path.getBounds()) : 2 * clipPixels();
+            return sum + copyCost(extent) + 2 * fillCost(extent) + pixelCost(pixels);
         });
 }
 
@@ -354,7 +359,8 @@ void Renderer::drawMasked(
         drawContent(layer, opacity, frame);
         return;
     }
-    m_canvas.saveLayer(nullptr, nullptr);
+    const auto room = roomOf(masks);
+    m_canvas.saveLayer(room ? &*room : nullptr, nullptr);
     drawContent(layer, opacity, frame);
     SkPaint paint;
     paint.setBlendMode(SkBlendMode::kDstIn);
