@@ -122,7 +122,6 @@ private Q_SLOTS:
             Stops expected;
         };
         const Case cases[] = {
-            {{}, 0, {}},
             {{0, 0, 0, 0, 1, 1, 1, 1}, 2, {grey(0, 0, 1), grey(1, 1, 1)}},
             {{0, 0, 0, 0, 1, 1, 1, 1, 0.5, 0.5},
              2,
@@ -278,14 +277,10 @@ void LottieDrawingTest::aLineOfPixelsShowsWhatItShould()
     row("intersected", masked({most, mask("i", "40", "99")}), "....BBBB...");
     row("alone a difference is itself", masked({mask("f", "20", "80")}), "..BBBBBB...");
     row("added", masked({mask("a", "20", "40"), mask("a", "60", "80")}), "..BB..BB...");
-    row("two that overlap", masked({most, mask("a", "0", "50")}), "BBBBBBBB...");
     const QByteArray half50 = R"(,"o":{"k":50})";
     row("a faint one", masked({mask("a", "20", "80", half50)}), "..bbbbbb...");
     row("subtracted by half", masked({most, mask("s", "40", "60", half50)}), "..BBbbBB...");
     row("intersected by half", masked({most, mask("i", "40", "60", half50)}), "....bb.....");
-    row("a mask moves with its layer",
-        masked({most}, R"("ks":{"p":{"k":[20,0]}},)"),
-        "....BBBBBB.");
 }
 
 void LottieDrawingTest::aLayerIsFoundWhereItCanBeSeen()
