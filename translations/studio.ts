@@ -163,6 +163,26 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Highlight Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Highlight Angle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Trim Start</source>
         <translation type="unfinished"></translation>
     </message>
@@ -176,6 +196,14 @@
     </message>
     <message>
         <source>Time Remap</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mask Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mask Opacity</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -212,6 +240,10 @@
     </message>
     <message>
         <source>a number or a list of numbers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>track matte</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -267,11 +299,15 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>mask</source>
+        <source>mask of mode “%1”</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>track matte</source>
+        <source>mask feather</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>mask expansion</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -340,6 +376,10 @@
     </message>
     <message>
         <source>an outline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a list of numbers</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -771,11 +811,11 @@
 <context>
     <name>studio::DopeSheet</name>
     <message>
-        <source>&amp;Keys</source>
+        <source>Dope Sheet</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Dope Sheet</source>
+        <source>&amp;Keys</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -998,11 +1038,11 @@
 <context>
     <name>studio::GraphEditor</name>
     <message>
-        <source>&amp;Graph</source>
+        <source>Graph Editor</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Graph Editor</source>
+        <source>&amp;Graph</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1198,14 +1238,6 @@
 </context>
 <context>
     <name>studio::Reader</name>
-    <message>
-        <source>gradient fill</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>gradient stroke</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message>
         <source>offset path</source>
         <translation type="unfinished"></translation>

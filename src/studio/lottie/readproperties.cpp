@@ -93,7 +93,7 @@ struct StopsValue
     {
         GradientStops stops;
         if (!value.isList()) {
-            context.failType(value, tr("a list of numbers"));
+            context.failType(value, QCoreApplication::translate("studio", "a list of numbers"));
         }
         for (const JsonValue& entry : value) {
             stops.push_back(context.numbers(entry)[0]);
