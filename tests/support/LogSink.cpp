@@ -9,6 +9,7 @@
 namespace ui::test {
 
 static QStringList gLines;
+static QStringList gMissedColors;
 
 namespace {
 
@@ -17,12 +18,15 @@ class RecordingSink : public spdlog::sinks::base_sink<std::mutex>
 protected:
     void sink_it_(const spdlog::details::log_msg& message) override
     {
+        static const QString missed = QStringLiteral("debug: The theme has no color ");
         const auto level = spdlog::level::to_string_view(message.level);
-        gLines.append(
+        const QString line =
             QString::fromUtf8(level.data(), static_cast<qsizetype>(level.size()))
             + QStringLiteral(": ")
             + QString::fromUtf8(
-                message.payload.data(), static_cast<qsizetype>(message.payload.size())));
+                message.payload.data(), static_cast<qsizetype>(message.payload.size()));
+        line.startsWith(missed) ? gMissedColors.append(line.mid(missed.size()))
+                                : gLines.append(line);
     }
 
     void flush_() override {}
@@ -40,6 +44,11 @@ void LogSink::install()
 QStringList LogSink::take()
 {
     return std::exchange(gLines, {});
+}
+
+QStringList LogSink::takeMissedColors()
+{
+    return std::exchange(gMissedColors, {});
 }
 
 } // namespace ui::test

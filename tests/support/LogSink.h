@@ -14,6 +14,10 @@ public:
 
     /// The recorded lines, oldest first; the record is empty afterwards.
     static QStringList take();
+
+    /// The names of colours that themes were found to lack, which are kept apart from the other
+    /// lines: whatever paints with a theme of a few colours meets some of them.
+    static QStringList takeMissedColors();
 };
 
 } // namespace ui::test

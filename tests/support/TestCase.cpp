@@ -24,7 +24,9 @@ void TestCase::cleanup()
 
 void TestCase::failOnLoggedLines()
 {
-    const QStringList unexpected = LogSink::take();
+    QStringList unexpected = LogSink::take();
+    const QStringList missed = LogSink::takeMissedColors();
+    unexpected += lacksColors() ? QStringList() : missed;
     if (!unexpected.isEmpty()) {
         QFAIL(qPrintable(QStringLiteral("unexpected log: ") + unexpected.join(u'\n')));
     }

@@ -22,6 +22,9 @@ protected:
     /// The lines logged since the last call or the start of the test function.
     QStringList takeLog() { return LogSink::take(); }
 
+    /// Whether the test has themes of its own that lack colours. Others must miss none.
+    virtual bool lacksColors() const { return false; }
+
     Q_SLOT virtual void init();
     Q_SLOT virtual void cleanup();
 

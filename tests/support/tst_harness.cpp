@@ -125,6 +125,7 @@ void HarnessTest::aPixelIsProbedInLogicalPixels()
 void HarnessTest::loggedLinesAreRecordedWordForWord()
 {
     const auto& theme = makeTheme<VisualDesignDark>(QStringLiteral("nowhere"));
+    QCOMPARE(takeLog().size(), 1); // of that theme
     QVERIFY(!theme.iconExists(QStringLiteral("icons:{}.png")));
     QVERIFY(ui::getCachedIcon(QStringLiteral("icons:{}.png")).isNull());
     QCOMPARE(takeLog(), QStringList(QStringLiteral("debug: File doesn't exist: icons:{}.png")));

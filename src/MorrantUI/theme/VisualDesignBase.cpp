@@ -10,6 +10,7 @@
 #include <QJsonValue>
 #include <QMap>
 #include <QPixmapCache>
+#include <QSet>
 #include <QToolTip>
 
 #include <utility>
@@ -46,6 +47,7 @@ struct VisualDesignBase::Data
     int largeFontSize = kDefaultFontSize;
     int fontSizeOverride = 0;
     QMap<QString, QColor> colors;
+    QSet<QString> missedColors; ///< those that the log has been told of
     QMap<QString, QIcon> iconCache;
     bool usePointerLock = true;
     bool highContrastMode = false;
@@ -87,7 +89,14 @@ void VisualDesignBase::applyAppStyle()
 QColor VisualDesignBase::getColor(const QString& name) const
 {
     const auto found = m_data->colors.constFind(name);
-    return found != m_data->colors.constEnd() ? *found : QColor(Qt::black);
+    if (found != m_data->colors.constEnd()) {
+        return *found;
+    }
+    if (!m_data->missedColors.contains(name)) { // widgets ask again at every repaint
+        m_data->missedColors.insert(name);
+        ui::log::debug("The theme has no color {}", name.toStdString());
+    }
+    return QColor(Qt::black);
 }
 
 void VisualDesignBase::setColor(const QString& name, const QColor& color)

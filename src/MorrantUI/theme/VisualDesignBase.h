@@ -43,7 +43,7 @@ public:
     /// themselves the next time they paint.
     virtual void applyAppStyle();
 
-    /// The named colour, compared case-sensitively; opaque black for an unknown name.
+    /// The named colour, case-sensitive; opaque black, and once a line of the log, for an unknown.
     QColor getColor(const QString& name) const;
     /// Adds or replaces a named colour. An invalid colour is stored as it is.
     void setColor(const QString& name, const QColor& color);

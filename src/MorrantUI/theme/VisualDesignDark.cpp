@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/theme/VisualDesignDark.h"
 
+#include "MorrantUI/log.h"
 #include <MorrantUI/theme/Style.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -133,13 +134,32 @@ bool isFileName(const QString& path)
     return !path.isEmpty() && !path.contains(QChar::Null);
 }
 
+/// The theme file's root. One that cannot be read is an empty one, of which the log is told.
+QJsonObject readThemeFile(const QString& assetsPath)
+{
+    const QString path = QStringLiteral("style:theme.json");
+    const QString text = VisualDesignBase::loadTextFromFile(path);
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
+    if (!document.isObject()) {
+        const bool parsed = error.error == QJsonParseError::NoError;
+        ui::log::debug(
+            "No theme in {}, {}: {}",
+            assetsPath.toStdString(),
+            path.toStdString(),
+            text.isEmpty() ? "there is no such file, or nothing in it"
+            : parsed       ? "the root is no object"
+                           : error.errorString().toStdString());
+    }
+    return document.object();
+}
+
 } // namespace
 
 VisualDesignDark::VisualDesignDark(const QString& assetsPath)
 {
     registerSearchPaths(assetsPath);
-    const QString text = loadTextFromFile(QStringLiteral("style:theme.json"));
-    setPreferences(QJsonDocument::fromJson(text.toUtf8()).object());
+    setPreferences(readThemeFile(assetsPath));
 
     updatePalette();
     // After updatePalette(), so that the named colours start out as the file has them.

@@ -8,8 +8,8 @@
 
 /// The theme read from "style:theme.json"; docs/theme.md describes that file.
 ///
-/// A missing or unreadable file gives an empty theme without a message: every named colour is
-/// black, every palette role invalid.
+/// A missing or unreadable file gives an empty theme, in which every named colour is black and
+/// every palette role invalid. The user is told nothing; the log is, at debug level.
 class MORRANT_UI_EXPORT VisualDesignDark : public VisualDesignBase
 {
     Q_OBJECT

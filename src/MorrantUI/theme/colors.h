@@ -12,8 +12,8 @@
 
 namespace ui {
 
-/// The current theme's named colour. Names are case-sensitive. A name the theme does not have, or
-/// no theme at all, gives opaque black without a message. Cheap enough to be asked at paint time,
+/// The current theme's named colour, case-sensitive. One that the theme lacks, or no theme, gives
+/// opaque black; the log is told of each once, at debug level. Cheap enough to ask at paint time,
 /// which is how a change of theme reaches widgets: do not store the result.
 MORRANT_UI_EXPORT QColor colorQt(const QString& name);
 

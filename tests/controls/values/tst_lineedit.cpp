@@ -130,6 +130,7 @@ private Q_SLOTS:
     {
         Form form(kSize);
         form.control->setColors(u"Ground"_qs, u"Ink"_qs, u"Line"_qs);
+        theme().setColor(u"Ink"_qs, Qt::white);
         form.play("~0,60"); // beside the field, whose edge is another under the pointer
         for (const QColor ground : {QColor(40, 80, 120), QColor(120, 40, 80)}) {
             theme().setColor(u"Ground"_qs, ground);
