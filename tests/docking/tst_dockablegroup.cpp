@@ -5,6 +5,8 @@
 
 #include <QtWidgets>
 
+#include <random>
+
 using namespace ui::test;
 using Area = DockableArea;
 
@@ -24,6 +26,22 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override { event->setAccepted(!stays); }
+};
+
+/// The host's window around the root. Nothing may be told to it once it is being destroyed.
+class Host : public QWidget
+{
+public:
+    Host()
+    {
+        s_dying = false;
+        new QVBoxLayout(this);
+    }
+    ~Host() override { s_dying = true; }
+    static void hear() { QVERIFY(!s_dying); }
+
+private:
+    static inline bool s_dying = false;
 };
 
 } // namespace
@@ -497,6 +515,52 @@ private Q_SLOTS:
         second->undock(true);
         QVERIFY(orphan.isFloating());
         settle();
+    }
+
+    void windowsAndContentsDieInAnyOrder()
+    {
+        for (unsigned seed = 1; seed <= 40; ++seed) {
+            std::mt19937 random(seed);
+            const auto pick = [&random](auto count) {
+                return static_cast<int>(random() % static_cast<unsigned>(count));
+            };
+            auto* host = new Host;
+            auto* root = new DockableGroup;
+            host->layout()->addWidget(root);
+            gMainWindow = root;
+            QList<QPointer<QWidget>> mortals{host, root};
+            for (int i = 0; i < 7; ++i) {
+                const auto docked = root->findChildren<DockableWindow*>();
+                DockableWindow* panel = DockTree::panel(QString::number(i));
+                panel->setAttribute(Qt::WA_DeleteOnClose, pick(3) > 0);
+                DockableWindow* target = pick(3) == 0 ? nullptr : docked.value(pick(8), root);
+                target ? void(target->dockInArea(panel, static_cast<Area>(1 + pick(5)))) : void();
+                panel->show();
+                mortals << panel->content() << panel->header();
+            }
+            host->show();
+            settle();
+            connect(root, &DockableGroup::layoutChanged, host, &Host::hear);
+            for (DockableWindow* window : root->findChildren<DockableWindow*>()) {
+                connect(window, &DockableWindow::undocked, host, &Host::hear);
+                connect(window, &QWidget::windowTitleChanged, host, &Host::hear);
+                mortals << window;
+            }
+            while (!mortals.isEmpty()) {
+                const QPointer<QWidget> next = mortals.takeAt(pick(mortals.size()));
+                if (next && pick(5) == 0) {
+                    next->close();
+                    mortals << next;
+                } else {
+                    delete next;
+                }
+                pick(2) == 0 ? settle() : void();
+            }
+            settle();
+            for (QWidget* widget : QApplication::allWidgets()) {
+                QVERIFY2(!qobject_cast<DockableWindow*>(widget), qPrintable(QString::number(seed)));
+            }
+        }
     }
 };
 

@@ -149,6 +149,25 @@ private Q_SLOTS:
         }
     }
 
+    void aFloatingGroupGoesByItsFirstPanelThatIsSeen()
+    {
+        DockTree tree(u"H(a) H(T(b c) V(d e) f)"_qs);
+        DockableGroup* group = tree.group("^f");
+        for (const auto& [step, title] :
+             {std::pair("settle", "b"),
+              {"select c", "c"},
+              {"rename c x", "x"},
+              {"delete x, settle", "b"},
+              {"delete b, settle", "d"},
+              {"dock b ^f left", "b"},
+              {"shut b, settle", "d"},
+              {"rename ^f own, delete d, settle", "own"}})
+        {
+            tree.play(QString::fromLatin1(step));
+            QCOMPARE(group->windowTitle(), QString::fromLatin1(title));
+        }
+    }
+
     void aWindowThatLeavesIsAsItCame()
     {
         DockTree tree(kTabs);

@@ -220,6 +220,7 @@ private Q_SLOTS:
     void windowsFloatOnlyWhileTheApplicationIsActive()
     {
         DockTree tree(u"H(a)"_qs);
+        QTRY_COMPARE(QGuiApplication::applicationState(), Qt::ApplicationActive);
         auto* panel = new CountingWindow;
         const auto showAgain = [&] {
             panel->hide();
@@ -239,6 +240,18 @@ private Q_SLOTS:
         tree.root().onApplicationDeactivate();
         tree.root().onApplicationActivate();
         QVERIFY(tree.root().isWindow());
+
+        panel->undock(true);
+        settle();
+        for (const auto state : {Qt::ApplicationInactive, Qt::ApplicationActive}) {
+            const bool left = state != Qt::ApplicationActive;
+            Q_EMIT qApp->applicationStateChanged(state); // without a word from the host
+            auto* late = new CountingWindow;
+            QCoreApplication::sendPostedEvents(); // but nothing from the system
+            QCOMPARE(showAgain(), left ? 1 : 0);
+            late->show();
+            QCOMPARE(late->shown, left ? 1 : 0);
+        }
     }
 
     void bringingToFrontEndsTheMinimisedState()

@@ -11,6 +11,7 @@
 #include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/WindowOverlays.h"
 #include "MorrantUI/docking/afloat.h"
+#include "MorrantUI/docking/applicationstate.h"
 #include "MorrantUI/docking/carryover.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/panelfocus.h"
@@ -42,6 +43,8 @@ DockableWindow::DockableWindow()
 {
     ui::installAccessible<DockableWindow, ui::AccessibleDockable>();
     ui::docking::rememberFocus();
+    ui::docking::followApplication();
+    m_inactive = ui::docking::isApplicationLeft();
     makeFloating();
     setAttribute(Qt::WA_DeleteOnClose);
     ui::setWidgetBackground(this, kGround);

@@ -37,6 +37,7 @@ class WindowOverlays;
 class MORRANT_UI_EXPORT DockableWindow : public Widget
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ getText WRITE setText NOTIFY textChanged)
 
 public:
     enum class WindowMode : int
@@ -45,6 +46,7 @@ public:
         Group = 1,    ///< a DockableGroup
         TabGroup = 2, ///< a group that shows its children as tabs
     };
+    Q_ENUM(WindowMode)
 
     /// What a group starts from: floating and hidden, in mode Group, with a hidden header.
     DockableWindow();
@@ -138,8 +140,8 @@ public:
     void setDim(bool dim);
     bool getDim() const;
 
-    /// To be called when the application gains or loses activation: floating windows lie above
-    /// other applications only while this one is active.
+    /// What happens by itself when the application gains or loses activation: floating windows lie
+    /// above other applications only while this one is active. A host may call these, too.
     void onApplicationActivate();
     void onApplicationDeactivate(); ///< see onApplicationActivate()
 

@@ -135,6 +135,7 @@ void reportLayoutChangeLater()
         reporting = main;
         const auto report = [] {
             reporting.clear();
+            settleTabs(); // a group may have gone by the title of one that is no more
             reportLayoutChange();
         };
         QMetaObject::invokeMethod(main, report, Qt::QueuedConnection);

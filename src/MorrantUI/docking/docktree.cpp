@@ -124,4 +124,11 @@ void TreeAccess::setLimits(DockableWindow& window, const Limits& limits, Qt::Ori
     window.setLimits(limits, lifted);
 }
 
+void TreeAccess::setApplicationLeft(DockableWindow& window, bool left)
+{
+    if (window.m_inactive != left) {
+        left ? window.onApplicationDeactivate() : window.onApplicationActivate();
+    }
+}
+
 } // namespace ui::docking

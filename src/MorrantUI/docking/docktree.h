@@ -64,6 +64,8 @@ public:
     static Limits limitsOf(DockableWindow& window);
     /// Lets a docked window have these, but for those that are lifted.
     static void setLimits(DockableWindow& window, const Limits& limits, Qt::Orientations lifted);
+    /// Tells a window whether the application is active, unless the host already has.
+    static void setApplicationLeft(DockableWindow& window, bool left);
 };
 
 } // namespace ui::docking
