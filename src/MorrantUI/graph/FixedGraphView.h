@@ -11,6 +11,7 @@
 #include <QRect>
 #include <QRectF>
 
+#include <concepts>
 #include <functional>
 #include <vector>
 
@@ -32,6 +33,11 @@ class MORRANT_UI_EXPORT FixedGraphView : public GeneralGraphView
 public:
     /// @param curveData not owned; may be null. Nothing is shown before the first fillGraph(true).
     explicit FixedGraphView(GraphCurveData* curveData, QWidget* parent = nullptr);
+    /// Without data, as forms make it. A template, so that a null means the data.
+    template <std::derived_from<QWidget> Parent>
+    explicit FixedGraphView(Parent* parent)
+        : FixedGraphView(nullptr, parent)
+    {}
     ~FixedGraphView() override;
 
     GraphCurveData* getData() const { return m_data; }

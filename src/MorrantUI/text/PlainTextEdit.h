@@ -24,6 +24,7 @@
 class MORRANT_UI_EXPORT PlainTextEdit : public QPlainTextEdit
 {
     Q_OBJECT
+    Q_PROPERTY(bool undoLeftToHost READ isUndoLeftToHost WRITE setUndoLeftToHost)
 
 public:
     explicit PlainTextEdit(QWidget* parent = nullptr);

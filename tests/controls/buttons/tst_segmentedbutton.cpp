@@ -56,6 +56,7 @@ private Q_SLOTS:
     void oneSegmentOfAnExclusiveGroupIsOnAndAnyOfIndependentOnes()
     {
         Row row;
+        QSignalSpy changed(&row.group, &SegmentedButton::changed);
         QCOMPARE(row.group.currentIndex(), -1);
         for (const int index : {2, 2, 0}) { // a second click changes nothing
             row.pick(index);
@@ -73,6 +74,7 @@ private Q_SLOTS:
         QVERIFY2(row.said().isEmpty(), "what the host sets it knows");
         row.pick(0);
         QCOMPARE(row.said(), QByteArray("=0"));
+        QCOMPARE(changed.size(), 8); // those of the host, too
 
         Row independent(false);
         for (const int index : {1, 3, 1}) {

@@ -30,12 +30,16 @@ struct Stage : ui::test::Bench<AttributeRow>
             row.addField(value)->setUsePointerLock(false);
         }
         row.setDefaultValue(0, 0.0);
+        QObject::connect(&row, &AttributeRow::edited, &row, [this](bool committed) {
+            changes += committed ? 1 : 0;
+        });
         QCoreApplication::processEvents();
     }
 
     QList<double> values() const { return {row.value(0), row.value(1), row.value(2)}; }
 
     AttributeRow& row = *control;
+    int changes = 0; ///< complete ones of the whole row
 };
 
 } // namespace
@@ -58,6 +62,7 @@ private Q_SLOTS:
         Q_EMIT field->dragStateChanged(false);
         Q_EMIT field->dragStateChanged(false); // a context menu
         QCOMPARE(stage.said(), QByteArray("1(1s1)"));
+        QCOMPARE(stage.changes, 1);
     }
 
     void tabGoesFromValueToValueAndArrowsToTheButtons()
@@ -109,6 +114,7 @@ private Q_SLOTS:
         stage.said();
         Q_EMIT field->dragStateChanged(false);
         QCOMPARE(stage.said(), QByteArray("0C1C2C1)"));
+        QCOMPARE(stage.changes, 3);
         stage.row.setLinked(false);
         stage.row.setValue(0, 90);
         QCOMPARE(stage.values(), QList<double>({90, 60, 10}));
@@ -137,6 +143,7 @@ private Q_SLOTS:
         QVERIFY(!row.addSwatch(Qt::blue) && reset.isEnabled());
         row.setColor(Qt::blue);
         QCOMPARE(stage.after("!reset"), QByteArray("0CCreset"));
+        QCOMPARE(stage.changes, 1);
         QCOMPARE(stage.values(), QList<double>({0, 20, 0}));
         QVERIFY(swatch->value() == QColor(Qt::red) && !reset.isEnabled());
         row.setDefaultValue(1, 20.00001); // looks the same

@@ -241,6 +241,7 @@ private Q_SLOTS:
             {new AnglePad, "value", 90.0},
             {new JoystickPad, "point", QPointF(0.5, -0.25)},
             {new ColorSwatch, "value", QColor(Qt::red)},
+            {new RenamableLabel, "text", u"name"_qs},
             {new ToggleSwitch, "checked", true},
             {new CheckBox, "checkState", QVariant::fromValue(Qt::PartiallyChecked)},
             {new KeyframeButton, "state", QVariant::fromValue(KeyframeButton::State::Animated)}};

@@ -15,6 +15,7 @@ class MORRANT_UI_EXPORT CheckBox : public QCheckBox
 {
     Q_OBJECT
     Q_PROPERTY(Qt::CheckState checkState READ checkState WRITE setCheckState NOTIFY changed)
+    Q_PROPERTY(bool mixedOffered READ isMixedOffered WRITE setMixedOffered)
 
 public:
     explicit CheckBox(QWidget* parent = nullptr);

@@ -13,6 +13,7 @@
 class MORRANT_UI_EXPORT GroupButton : public QAbstractButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconName READ iconName WRITE setIconName)
 
 public:
     explicit GroupButton(QWidget* parent = nullptr);

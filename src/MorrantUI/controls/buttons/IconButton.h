@@ -13,6 +13,8 @@
 class MORRANT_UI_EXPORT IconButton : public QToolButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconName READ iconName WRITE setIconName)
+    Q_PROPERTY(QString checkedIconName READ checkedIconName WRITE setCheckedIconName)
 
 public:
     explicit IconButton(QWidget* parent = nullptr);

@@ -12,6 +12,8 @@
 class MORRANT_UI_EXPORT PushButton : public QPushButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconName READ iconName WRITE setIconName)
+    Q_PROPERTY(bool primary READ isPrimary WRITE setPrimary)
 
 public:
     explicit PushButton(QWidget* parent = nullptr);

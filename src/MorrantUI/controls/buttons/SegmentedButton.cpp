@@ -8,8 +8,10 @@
 
 #include <QButtonGroup>
 #include <QEvent>
+#include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 SegmentedButton::SegmentedButton(QWidget* parent)
     : QWidget(parent)
@@ -58,6 +60,16 @@ void SegmentedButton::clear()
     m_tabStop = 0;
     m_chosen = -1;
     updateGeometry();
+    tellChange();
+}
+
+/// May delete the group, in a slot: the last thing that a setter does.
+void SegmentedButton::tellChange()
+{
+    const int before = std::exchange(m_told, currentIndex());
+    if (before != m_told) {
+        Q_EMIT changed();
+    }
 }
 
 bool SegmentedButton::isValid(int index) const
@@ -111,6 +123,7 @@ void SegmentedButton::setCurrentIndex(int index)
     m_buttons->setExclusive(exclusive);
     m_chosen = index;
     updateTabStop();
+    tellChange();
 }
 
 bool SegmentedButton::isChecked(int index) const
@@ -127,6 +140,7 @@ void SegmentedButton::setChecked(int index, bool checked)
         setCurrentIndex(checked ? index : -1);
     } else {
         segment(index)->setChecked(checked);
+        tellChange();
     }
 }
 
@@ -222,11 +236,15 @@ void SegmentedButton::takeClick(const ButtonSegment* clicked)
     if (hasFocus && !clicked->hasFocus()) {
         segment(index)->setFocus(Qt::OtherFocusReason);
     }
+    const QPointer<SegmentedButton> self(this);
     if (!isExclusive()) {
         Q_EMIT segmentToggled(index, clicked->isChecked());
     } else if (index != m_chosen) {
         m_chosen = index;
         Q_EMIT currentIndexChanged(index);
+    }
+    if (self) {
+        tellChange();
     }
 }
 

@@ -18,10 +18,13 @@ class QButtonGroup;
 /// Tab reaches one segment, the arrow keys move from there in a circle, over disabled ones, and
 /// Home and End to the ends. In an exclusive group the choice follows the arrows. Space and Return
 /// choose or switch. setFocus() goes to the segment that Tab would reach. Setting from the program
-/// emits nothing. Indexes count from 0 in reading order; one that is out of range is ignored.
+/// emits changed() alone. Indexes count from 0 in reading order; one that is out of range is
+/// ignored.
 class MORRANT_UI_EXPORT SegmentedButton : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(int currentIndex READ currentIndex WRITE setCurrentIndex NOTIFY changed USER true)
+    Q_PROPERTY(bool exclusive READ isExclusive WRITE setExclusive)
 
 public:
     explicit SegmentedButton(QWidget* parent = nullptr);
@@ -65,6 +68,8 @@ Q_SIGNALS:
     void currentIndexChanged(int index);
     /// The user has switched a segment of an independent group.
     void segmentToggled(int index, bool checked);
+    /// Another segment is current, by the user or by being set here.
+    void changed();
 
 protected:
     bool event(QEvent* event) override;
@@ -74,6 +79,7 @@ private:
     void step(const ButtonSegment* from, SegmentStep step);
     void takeClick(const ButtonSegment* clicked);
     void updateTabStop();
+    void tellChange();
     void appendToTabOrder(QWidget* segment);
     void placeSegments();
     bool isValid(int index) const;
@@ -83,4 +89,5 @@ private:
     QButtonGroup* m_buttons;
     int m_tabStop = 0; ///< where Tab arrives, as far as that segment is enabled
     int m_chosen = -1; ///< the current index that the host knows of
+    int m_told = -1;   ///< the one that changed() told of last
 };

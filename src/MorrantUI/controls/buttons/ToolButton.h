@@ -16,6 +16,8 @@ class QStylePainter;
 class MORRANT_UI_EXPORT ToolButton : public QToolButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconName READ iconName WRITE setIconName)
+    Q_PROPERTY(bool menuArrowVisible READ isMenuArrowVisible WRITE setMenuArrowVisible)
 
 public:
     explicit ToolButton(QWidget* parent = nullptr);

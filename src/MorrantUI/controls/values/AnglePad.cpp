@@ -193,6 +193,16 @@ void AnglePad::setRange(double minimum, double maximum)
     setValue(value());
 }
 
+void AnglePad::setMinimum(double minimum)
+{
+    setRange(minimum, std::max(minimum, m_maximum));
+}
+
+void AnglePad::setMaximum(double maximum)
+{
+    setRange(std::min(maximum, m_minimum), maximum);
+}
+
 void AnglePad::setDefaultValue(double degrees)
 {
     if (!std::isnan(degrees)) {

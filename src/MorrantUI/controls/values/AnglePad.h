@@ -24,6 +24,9 @@ class MORRANT_UI_EXPORT AnglePad : public ValueControl
 {
     Q_OBJECT
     Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
+    Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
+    Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
+    Q_PROPERTY(double defaultValue READ defaultValue WRITE setDefaultValue)
 
 public:
     explicit AnglePad(QWidget* parent = nullptr);
@@ -39,6 +42,9 @@ public:
     void setRange(double minimum, double maximum);
     double minimum() const { return m_minimum; }
     double maximum() const { return m_maximum; }
+    /// setRange() with the other end as it is, or the same where that would be beyond it.
+    void setMinimum(double minimum);
+    void setMaximum(double maximum); ///< see setMinimum()
 
     /// What a double click and Backspace return to, 0 unless set. NaN is ignored.
     void setDefaultValue(double degrees);

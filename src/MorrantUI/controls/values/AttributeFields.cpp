@@ -160,6 +160,7 @@ void AttributeFields::fieldChanged(int index, bool committed)
     }
     if (self) {
         rememberValues();
+        Q_EMIT edited(committed);
     }
 }
 
@@ -173,7 +174,9 @@ void AttributeFields::fieldDragged(int index, bool dragging)
         find(index)->dragging = true;
     } else {
         const QPointer<AttributeFields> self(this);
-        commitSteps();
+        if (commitSteps() && self) {
+            Q_EMIT edited(true);
+        }
         if (!self || !find(index)) {
             return;
         }
@@ -204,9 +207,11 @@ std::vector<int> AttributeFields::scaleOthers(int index)
 }
 
 /// Completes the change of every field that has taken steps and come to another value.
-void AttributeFields::commitSteps()
+/// @return whether there was one
+bool AttributeFields::commitSteps()
 {
     const QPointer<AttributeFields> self(this);
+    bool any = false;
     for (int i = 0; self && i < count(); ++i) {
         Field* const field = find(i);
         if (!field || !field->uncommitted) {
@@ -214,9 +219,11 @@ void AttributeFields::commitSteps()
         }
         field->uncommitted = false;
         if (field->editor->value() != field->committed) {
+            any = true;
             report(i, true);
         }
     }
+    return any;
 }
 
 /// Takes what is shown for the start of the next change; nothing changes it within a drag.

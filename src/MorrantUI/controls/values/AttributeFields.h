@@ -47,6 +47,8 @@ public:
 Q_SIGNALS:
     /// False at each step of a change, true once at its end.
     void changed(int index, bool committed);
+    /// After those of all fields that take part. The sender may be deleted by it.
+    void edited(bool committed);
     void dragged(int index, bool dragging);
     /// The user has left a field; a value that had to wait for the typing is shown.
     void caughtUp();
@@ -68,7 +70,7 @@ private:
     void fieldChanged(int index, bool committed);
     void fieldDragged(int index, bool dragging);
     std::vector<int> scaleOthers(int index);
-    void commitSteps();
+    bool commitSteps();
     void rememberValues();
 
     std::vector<Field> m_fields;

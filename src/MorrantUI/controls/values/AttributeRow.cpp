@@ -160,6 +160,7 @@ void AttributeRow::connectParts()
         updateReset();
         Q_EMIT valueChanged(index, committed);
     });
+    connect(m_parts->fields, &AttributeFields::edited, this, &AttributeRow::edited);
     connect(m_parts->fields, &AttributeFields::dragged, this, &AttributeRow::dragStateChanged);
     connect(m_parts->fields, &AttributeFields::caughtUp, this, &AttributeRow::updateReset);
     connect(m_parts->chain, &IconButton::clicked, this, [this](bool linked) {
@@ -278,8 +279,12 @@ ColorSwatch* AttributeRow::addSwatch(const QColor& color)
     m_parts->defaultColor = swatch->value();
     m_parts->editors->addWidget(swatch, 1);
     connect(swatch, &ColorSwatch::valueChanged, this, [this](bool committed) {
+        const QPointer<AttributeRow> self(this);
         updateReset();
         Q_EMIT colorChanged(committed);
+        if (self) {
+            Q_EMIT edited(committed);
+        }
     });
     nameParts();
     updateReset();
@@ -365,7 +370,8 @@ void AttributeRow::reset()
         m_parts->swatch && !showsColor(*m_parts->swatch, m_parts->defaultColor) ? m_parts->swatch
                                                                                 : nullptr;
     const std::vector<int> changed = m_parts->fields->showDefaults();
-    if (recolored) {
+    const bool recolors = recolored;
+    if (recolors) {
         recolored->setValue(m_parts->defaultColor);
     }
     updateReset();
@@ -378,6 +384,9 @@ void AttributeRow::reset()
     }
     if (self && recolored) {
         Q_EMIT colorChanged(true);
+    }
+    if (self && (recolors || !changed.empty())) {
+        Q_EMIT edited(true);
     }
 }
 

@@ -33,6 +33,11 @@ inline constexpr int kMaxAttributeFields = 4; ///< in one AttributeRow
 class MORRANT_UI_EXPORT AttributeRow : public Widget, public ConnectionReceiver
 {
     Q_OBJECT
+    Q_PROPERTY(QString name READ name WRITE setName)
+    Q_PROPERTY(int nameWidth READ nameWidth WRITE setNameWidth)
+    Q_PROPERTY(bool renamable READ isRenamable WRITE setRenamable)
+    Q_PROPERTY(bool linkable READ isLinkable WRITE setLinkable)
+    Q_PROPERTY(bool linked READ isLinked WRITE setLinked)
 
 public:
     explicit AttributeRow(const QString& name, QWidget* parent = nullptr);
@@ -112,6 +117,10 @@ Q_SIGNALS:
     /// way.
     void valueChanged(int index, bool committed);
     void colorChanged(bool committed); ///< the swatch, likewise
+    /// The same once for the whole row, when all fields and the swatch that take part have
+    /// reported: with true, one step of an undo history. So it comes for locked fields and for a
+    /// reset, too.
+    void edited(bool committed);
     /// A field is being dragged: true before its first change, false after the last. Alternates.
     void dragStateChanged(int index, bool dragging);
     void renamed(const QString& name); ///< by the user

@@ -26,6 +26,7 @@ class MORRANT_UI_EXPORT ColorSwatch : public QAbstractButton
 {
     Q_OBJECT
     Q_PROPERTY(QColor value READ value WRITE setValue NOTIFY changed USER true)
+    Q_PROPERTY(bool alphaEnabled READ isAlphaEnabled WRITE setAlphaEnabled)
 
 public:
     /// Shows opaque black.

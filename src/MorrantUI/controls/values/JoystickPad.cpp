@@ -94,6 +94,16 @@ void JoystickPad::setRange(const num2<double>& minimum, const num2<double>& maxi
     assign(value());
 }
 
+void JoystickPad::setRange(const QRectF& range)
+{
+    setRange({range.left(), range.top()}, {range.right(), range.bottom()});
+}
+
+QRectF JoystickPad::range() const
+{
+    return {QPointF(m_minimum.x, m_minimum.y), QPointF(m_maximum.x, m_maximum.y)};
+}
+
 void JoystickPad::setStep(double step)
 {
     if (std::isfinite(step) && step > 0.0) {

@@ -5,6 +5,8 @@
 #include <MorrantUI/controls/values/padmath.h>
 #include <MorrantUI/morrantui_export.h>
 
+#include <QRectF>
+
 class QPainter;
 class QVariantAnimation;
 
@@ -23,6 +25,11 @@ class MORRANT_UI_EXPORT JoystickPad : public ValueControl
 {
     Q_OBJECT
     Q_PROPERTY(QPointF point READ point WRITE setPoint NOTIFY changed USER true)
+    Q_PROPERTY(QRectF range READ range WRITE setRange)
+    Q_PROPERTY(QPointF defaultPoint READ defaultPoint WRITE setDefaultPoint)
+    Q_PROPERTY(double step READ step WRITE setStep)
+    Q_PROPERTY(bool springBack READ springBack WRITE setSpringBack)
+    Q_PROPERTY(bool yDownwards READ isYDownwards WRITE setYDownwards)
 
 public:
     /// From -1 to 1 on both axes, in steps of 0.01.
@@ -41,6 +48,9 @@ public:
     void setRange(const num2<double>& minimum, const num2<double>& maximum);
     num2<double> minimum() const { return m_minimum; }
     num2<double> maximum() const { return m_maximum; }
+    /// The same as a rectangle from the least to the greatest.
+    void setRange(const QRectF& range);
+    QRectF range() const;
 
     /// The step of the arrow keys. Not finite, 0 or less is ignored.
     void setStep(double step);
@@ -50,6 +60,8 @@ public:
     /// unless set. A pair with a NaN is ignored.
     void setDefaultValue(const num2<double>& value);
     num2<double> defaultValue() const { return limited(m_default); }
+    void setDefaultPoint(const QPointF& point) { setDefaultValue({point.x(), point.y()}); }
+    QPointF defaultPoint() const { return {defaultValue().x, defaultValue().y}; }
 
     /// Whether the handle returns to the default when it is let go; off by default. The return is
     /// the last step of the drag, so a drag from the default is never committed. The picture

@@ -36,6 +36,12 @@ class MORRANT_UI_EXPORT NumericField : public LineEdit
 {
     Q_OBJECT
     Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
+    Q_PROPERTY(FIELD_TYPE fieldType READ fieldType WRITE setFieldType)
+    Q_PROPERTY(double minimum READ getMin WRITE setMin)
+    Q_PROPERTY(double maximum READ getMax WRITE setMax)
+    Q_PROPERTY(double softMinimum READ softMin WRITE setSoftMin)
+    Q_PROPERTY(double softMaximum READ softMax WRITE setSoftMax)
+    Q_PROPERTY(double dragMultiplier READ dragMultiplier WRITE setDragMultiplier)
 
 public:
     enum FIELD_TYPE
@@ -86,6 +92,7 @@ public:
     void setDragMultiplier(double multiplier);
 
     bool isInteger() const;
+    FIELD_TYPE fieldType() const { return isInteger() ? Integer : FloatingPoint; }
     /// Later values are shown so; the present text and limits stay.
     void setFieldType(FIELD_TYPE type);
 

@@ -106,6 +106,7 @@ void RenamableLabel::setText(const QString& text)
         QAccessibleEvent event(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&event);
     }
+    Q_EMIT textChanged(text);
 }
 
 void RenamableLabel::rename(const QString& text)
@@ -119,8 +120,11 @@ void RenamableLabel::takeName(const QString& entered)
 {
     const QString name = entered.trimmed();
     if (!name.isEmpty() && name != m_text) {
+        const QPointer<RenamableLabel> self(this);
         setText(name);
-        Q_EMIT renamed(name);
+        if (self) {
+            Q_EMIT renamed(name);
+        }
     }
 }
 

@@ -18,7 +18,9 @@ class LineEdit;
 class MORRANT_UI_EXPORT RenamableLabel : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QString text READ text WRITE setText USER true)
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged USER true)
+    Q_PROPERTY(bool renamable READ isRenamable WRITE setRenamable)
+    Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment)
 
 public:
     explicit RenamableLabel(QWidget* parent = nullptr);
@@ -27,8 +29,8 @@ public:
 
     /// The name as last set or entered, whole, without what is just being typed.
     QString text() const { return m_text; }
-    /// Emits nothing. The host may set any text, an empty one too. An editing in progress goes on;
-    /// Escape then restores this text.
+    /// Only textChanged() follows. The host may set any text, an empty one too. An editing in
+    /// progress goes on; Escape then restores this text.
     void setText(const QString& text);
 
     /// Whether the user may rename; on by default. Turning it off ends an editing, taking the name,
@@ -56,6 +58,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The user has entered another name, which the label shows by now. At most once an editing.
     void renamed(const QString& text);
+    /// The text is another, by the user or by being set.
+    void textChanged(const QString& text);
 
 protected:
     bool event(QEvent* event) override;

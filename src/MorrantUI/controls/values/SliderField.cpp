@@ -83,6 +83,26 @@ void SliderField::setSoftRange(double minimum, double maximum)
     }
 }
 
+void SliderField::setMinimum(double minimum)
+{
+    setRange(minimum, std::max(minimum, m_setup.maximum));
+}
+
+void SliderField::setMaximum(double maximum)
+{
+    setRange(std::min(maximum, m_setup.minimum), maximum);
+}
+
+void SliderField::setSoftMinimum(double minimum)
+{
+    setSoftRange(minimum, std::max(minimum, m_setup.softMaximum));
+}
+
+void SliderField::setSoftMaximum(double maximum)
+{
+    setSoftRange(std::min(maximum, m_setup.softMinimum), maximum);
+}
+
 void SliderField::setStep(double step)
 {
     if (std::isfinite(step) && step > 0.0 && step != m_setup.step) {

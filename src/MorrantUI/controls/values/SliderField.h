@@ -28,6 +28,13 @@ class MORRANT_UI_EXPORT SliderField : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
+    Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
+    Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
+    Q_PROPERTY(double softMinimum READ softMinimum WRITE setSoftMinimum)
+    Q_PROPERTY(double softMaximum READ softMaximum WRITE setSoftMaximum)
+    Q_PROPERTY(double step READ step WRITE setStep)
+    Q_PROPERTY(int decimals READ decimals WRITE setDecimals)
+    Q_PROPERTY(double defaultValue READ defaultValue WRITE setDefaultValue)
 
 public:
     /// From 0 to 1 in steps of 0.01, with two decimals.
@@ -46,12 +53,18 @@ public:
     void setRange(double minimum, double maximum);
     double minimum() const { return m_setup.minimum; }
     double maximum() const { return m_setup.maximum; }
+    /// setRange() with the other end as it is, or the same where that would be beyond it.
+    void setMinimum(double minimum);
+    void setMaximum(double maximum); ///< see setMinimum()
 
     /// What the slider spans, cut to the hard range. Limits that are not finite, in the wrong order
     /// or wholly outside are ignored.
     void setSoftRange(double minimum, double maximum);
     double softMinimum() const { return m_setup.softMinimum; }
     double softMaximum() const { return m_setup.softMaximum; }
+    /// Likewise with setSoftRange().
+    void setSoftMinimum(double minimum);
+    void setSoftMaximum(double maximum); ///< see setSoftMinimum()
 
     /// The step of keys and of the field's scrubbing, and what dragged values are multiples of (a
     /// tenth of it with Control); the ends of the soft range can always be reached. Not finite, 0

@@ -31,6 +31,10 @@ CollapsibleSection::CollapsibleSection(const QString& title, QWidget* parent)
     settle();
 }
 
+CollapsibleSection::CollapsibleSection(QWidget* parent)
+    : CollapsibleSection(QString(), parent)
+{}
+
 CollapsibleSection::~CollapsibleSection() = default;
 
 void CollapsibleSection::setTitle(const QString& title)

@@ -19,12 +19,16 @@ class SectionHeader;
 class MORRANT_UI_EXPORT CollapsibleSection : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString title READ title WRITE setTitle)
+    Q_PROPERTY(bool expanded READ isExpanded WRITE setExpanded NOTIFY expandedChanged USER true)
+    Q_PROPERTY(int animationDuration READ animationDuration WRITE setAnimationDuration)
     /// How much of the content shows: 0 folded, 1 unfolded, between while it moves.
     Q_PROPERTY(double openness READ openness WRITE setOpenness DESIGNABLE false)
 
 public:
     /// Unfolded, without a content.
     explicit CollapsibleSection(const QString& title = QString(), QWidget* parent = nullptr);
+    explicit CollapsibleSection(QWidget* parent); ///< without a title
     ~CollapsibleSection() override;
 
     void setTitle(const QString& title); ///< in the header

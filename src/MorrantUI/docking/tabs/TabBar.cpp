@@ -90,6 +90,10 @@ TabBar::TabBar(const QString& name, bool withAddButton, QWidget* parent)
     connect(m_impl->pages, &QStackedWidget::widgetRemoved, this, &TabBar::dropTabWithoutPage);
 }
 
+TabBar::TabBar(QWidget* parent)
+    : TabBar(QString(), false, parent)
+{}
+
 TabBar::~TabBar()
 {
     m_impl->header->disconnect(this);

@@ -25,6 +25,8 @@ class MORRANT_UI_EXPORT TabBar : public Widget
 public:
     /// @param name the object name, and what assistive tools call the header
     TabBar(const QString& name, bool withAddButton, QWidget* parent = nullptr);
+    /// Without a name and a button, as forms make it.
+    explicit TabBar(QWidget* parent = nullptr);
     ~TabBar() override;
 
     /// Adds a tab with its page at the end; the first one becomes current. The bar owns the page; a
