@@ -3,6 +3,12 @@
 
 #include <MorrantUI/morrantui_export.h>
 
+#include <QObject>
+
+namespace ui::docking {
+
+Q_NAMESPACE_EXPORT(MORRANT_UI_EXPORT)
+
 /// The place on a window at which another window is docked.
 enum class DockableArea : int
 {
@@ -13,8 +19,7 @@ enum class DockableArea : int
     Bottom = 4,
     Center = 5, ///< the header strip: the windows become tabs
 };
-
-namespace ui::docking {
+Q_ENUM_NS(DockableArea)
 
 /// Whether docking at the area puts windows one above the other. Center counts as horizontal
 /// wherever an orientation is compared (deliberate).
@@ -28,3 +33,5 @@ MORRANT_UI_EXPORT int insertIndex(DockableArea area);
 MORRANT_UI_EXPORT bool isPlace(DockableArea area);
 
 } // namespace ui::docking
+
+using ui::docking::DockableArea;

@@ -25,6 +25,7 @@ class SplitterSizes;
 class MORRANT_UI_EXPORT DockableGroup : public DockableWindow
 {
     Q_OBJECT
+    Q_PROPERTY(LayoutMode layoutMode READ getLayoutMode WRITE setLayoutMode)
 
 public:
     enum class LayoutMode : int
@@ -32,6 +33,7 @@ public:
         Horizontal = 0, ///< children side by side, from left to right
         Vertical = 1,   ///< children one above the other
     };
+    Q_ENUM(LayoutMode)
 
     /// An empty group, floating and hidden.
     DockableGroup();

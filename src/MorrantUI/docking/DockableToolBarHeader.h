@@ -17,6 +17,7 @@ public:
         Horizontal = 0, ///< the grip lies above the tool bar, 22 by 10 logical pixels
         Vertical = 1,   ///< the grip stands beside it, 10 by 22; see setHeaderDirection()
     };
+    Q_ENUM(Direction)
 
     explicit DockableToolBarHeader(Direction direction);
     ~DockableToolBarHeader() override;

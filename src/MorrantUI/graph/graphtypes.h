@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <MorrantUI/morrantui_export.h>
+
+#include <QObject>
+
 /// What view, points, handles and curves of the graph editor share.
 namespace ui::Graph {
+
+Q_NAMESPACE_EXPORT(MORRANT_UI_EXPORT)
 
 /// How a curve leaves and enters a point.
 enum class Interpolation : int
@@ -10,6 +16,7 @@ enum class Interpolation : int
     Bezier = 0, ///< along the point's tangent handles
     Linear = 1, ///< straight
 };
+Q_ENUM_NS(Interpolation)
 
 /// Of its point, a tangent handle is on.
 enum class Side : int
@@ -17,6 +24,7 @@ enum class Side : int
     Left = 0,  ///< incoming
     Right = 1, ///< outgoing
 };
+Q_ENUM_NS(Side)
 
 /// The axis that a drag of points keeps to.
 enum class AxisSnappingMode : int
@@ -25,6 +33,7 @@ enum class AxisSnappingMode : int
     Vertical = 1,   ///< points keep their x
     Horizontal = 2, ///< points keep their y
 };
+Q_ENUM_NS(AxisSnappingMode)
 
 /// Scene units that the unit square of a fixed graph is wide and high.
 inline constexpr int kFixedScale = 10;

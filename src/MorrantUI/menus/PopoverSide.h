@@ -1,6 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <MorrantUI/morrantui_export.h>
+
+#include <QObject>
+
+namespace ui::popovers {
+
+Q_NAMESPACE_EXPORT(MORRANT_UI_EXPORT)
+
 /// The side of its anchor on which a popover lies.
 enum class PopoverSide
 {
@@ -9,3 +17,8 @@ enum class PopoverSide
     Right,
     Left
 };
+Q_ENUM_NS(PopoverSide)
+
+} // namespace ui::popovers
+
+using ui::popovers::PopoverSide;

@@ -1,6 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <MorrantUI/morrantui_export.h>
+
+#include <QObject>
+
+namespace ui::connections {
+
+Q_NAMESPACE_EXPORT(MORRANT_UI_EXPORT)
+
 /// How the line of a connection being dragged is drawn.
 enum class ConnectionStyle
 {
@@ -8,3 +16,8 @@ enum class ConnectionStyle
     Framed = 1, ///< the line, and a frame around the receiver's widget
     Dashed = 2, ///< a broken line and the frame, for a connection that would replace another
 };
+Q_ENUM_NS(ConnectionStyle)
+
+} // namespace ui::connections
+
+using ui::connections::ConnectionStyle;

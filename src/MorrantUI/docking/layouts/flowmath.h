@@ -3,6 +3,7 @@
 
 #include <MorrantUI/morrantui_export.h>
 
+#include <QObject>
 #include <QRect>
 #include <QSize>
 #include <Qt>
@@ -13,6 +14,10 @@
 /// The arithmetic of wrapping rows, in whole logical pixels.
 namespace ui {
 
+namespace flow {
+
+Q_NAMESPACE_EXPORT(MORRANT_UI_EXPORT)
+
 /// Where the items of a row stand that leave room.
 enum class FlowAlignment
 {
@@ -20,6 +25,11 @@ enum class FlowAlignment
     Center,
     Trailing,
 };
+Q_ENUM_NS(FlowAlignment)
+
+} // namespace flow
+
+using flow::FlowAlignment;
 
 struct FlowItem
 {

@@ -32,11 +32,13 @@ public:
         NoMenu = 0,
         ContextMenu = 1,
     };
+    Q_ENUM(MenuKind)
     enum MenuType
     {
         Closable = 1,  ///< close this tab, the others, those to one side
         Renamable = 2, ///< rename and delete; a double click and F2 rename too
     };
+    Q_ENUM(MenuType)
 
     /// Becomes a child of the header, but not one of its tabs yet: see TabBarHeader::insertTab().
     TabItem(const QString& text, TabBarHeader* header);
