@@ -8,73 +8,91 @@
 namespace {
 
 // [undo-command]
-/// A document's number changed from one value to another.
-class ChangeNumber : public QUndoCommand
+/// A document's numbers changed from some values to others.
+class ChangeNumbers : public QUndoCommand
 {
 public:
-    ChangeNumber(double* number, double from, double to)
-        : m_number(number)
+    ChangeNumbers(QList<double>* numbers, const QList<double>& from, const QList<double>& to)
+        : m_numbers(numbers)
         , m_from(from)
         , m_to(to)
     {}
-    void redo() override { *m_number = m_to; }
-    void undo() override { *m_number = m_from; }
+    void redo() override { *m_numbers = m_to; }
+    void undo() override { *m_numbers = m_from; }
 
 private:
-    double* m_number;
-    double m_from;
-    double m_to;
+    QList<double>* m_numbers;
+    QList<double> m_from;
+    QList<double> m_to;
 };
 // [undo-command]
 
 // [undo]
-/// Makes one step of each change of a field. A typed entry and the keys Up and Down commit once; a
-/// scrub reports each of its movements and commits nothing, so that the end of the drag is its
-/// step.
-class NumberSteps : public QObject
+/// Makes one step of each change of a field that shows the first of some numbers. A typed entry and
+/// the keys Up and Down commit once; a scrub reports each of its movements and commits nothing, so
+/// that the end of the drag is its step.
+class FieldSteps : public QObject
 {
 public:
-    NumberSteps(NumericField* field, double* number, QUndoStack* history)
-        : QObject(field)
-        , m_field(field)
-        , m_number(number)
+    FieldSteps(NumericField* field, QList<double>* numbers, QUndoStack* history)
+        : QObject(field) // goes with it
+        , m_numbers(numbers)
+        , m_before(*numbers)
         , m_history(history)
-        , m_before(*number)
     {
-        connect(field, &NumericField::valueChanged, this, [this](bool committed) {
-            *m_number = m_field->value(); // seen at once
-            if (committed) {
-                push();
-            }
+        connect(field, &NumericField::edited, this, [this](double value, bool committed) {
+            m_numbers->first() = value; // seen at once
+            committed ? push() : void();
         });
         connect(field, &NumericField::dragStateChanged, this, [this](bool dragging) {
-            if (dragging) {
-                m_before = *m_number;
-            } else {
-                push();
-            }
+            dragging ? void() : push();
+        });
+        connect(history, &QUndoStack::indexChanged, this, [this, field] {
+            field->setValue(m_numbers->first()); // which is not reported back
+            m_before = *m_numbers;
         });
     }
 
 private:
     void push()
     {
-        if (m_field->value() != m_before) {
-            m_history->push(new ChangeNumber(m_number, m_before, m_field->value()));
-            m_before = m_field->value();
+        if (*m_numbers != m_before) { // not where Escape has taken the drag back
+            m_history->push(new ChangeNumbers(m_numbers, m_before, *m_numbers));
         }
     }
 
-    NumericField* m_field;
-    double* m_number;
+    QList<double>* m_numbers;
+    QList<double> m_before; ///< as the history has them
     QUndoStack* m_history;
-    double m_before;
 };
 // [undo]
 
+// [undo-row]
+/// The same for a whole row. edited(true) comes once for a change, however many fields take part:
+/// after a typed entry and after a drag, with those that are locked together, and after a reset.
+void makeRowSteps(AttributeRow* row, QList<double>* numbers, QUndoStack* history)
+{
+    QObject::connect(row, &AttributeRow::edited, row, [=](bool committed) {
+        QList<double> now;
+        for (int i = 0; i < row->fieldCount(); ++i) {
+            now << row->value(i);
+        }
+        if (committed && now != *numbers) {
+            history->push(new ChangeNumbers(numbers, *numbers, now));
+        }
+    });
+    QObject::connect(history, &QUndoStack::indexChanged, row, [=] {
+        for (int i = 0; i < row->fieldCount(); ++i) {
+            row->setValue(i, numbers->at(i));
+        }
+    });
+}
+// [undo-row]
+
 struct Document
 {
-    double opacity = 100.0;
+    QList<double> opacity{100.0};
+    QList<double> position{320.0, 200.0};
     QUndoStack history;
 };
 
@@ -84,7 +102,12 @@ QWidget* undoChapter()
 {
     static Document document;
     auto* window = new QWidget;
-    auto* field = new NumericField(document.opacity, window);
-    new NumberSteps(field, &document.opacity, &document.history); // the field's from now on
+    auto* field = new NumericField(document.opacity.first(), window);
+    new FieldSteps(field, &document.opacity, &document.history);
+    auto* row = new AttributeRow(QStringLiteral("Position"), window);
+    for (const double number : document.position) {
+        row->addField(number);
+    }
+    makeRowSteps(row, &document.position, &document.history);
     return window;
 }
