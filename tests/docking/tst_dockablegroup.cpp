@@ -28,22 +28,6 @@ protected:
     void closeEvent(QCloseEvent* event) override { event->setAccepted(!stays); }
 };
 
-/// The host's window around the root. Nothing may be told to it once it is being destroyed.
-class Host : public QWidget
-{
-public:
-    Host()
-    {
-        s_dying = false;
-        new QVBoxLayout(this);
-    }
-    ~Host() override { s_dying = true; }
-    static void hear() { QVERIFY(!s_dying); }
-
-private:
-    static inline bool s_dying = false;
-};
-
 } // namespace
 
 /// Operations on the tree. Where a window shows that none should, DockCountersTest tells.
@@ -521,45 +505,40 @@ private Q_SLOTS:
     {
         for (unsigned seed = 1; seed <= 40; ++seed) {
             std::mt19937 random(seed);
-            const auto pick = [&random](auto count) {
+            const auto pick = [&random](qsizetype count) {
                 return static_cast<int>(random() % static_cast<unsigned>(count));
             };
-            auto* host = new Host;
-            auto* root = new DockableGroup;
-            host->layout()->addWidget(root);
-            gMainWindow = root;
-            QList<QPointer<QWidget>> mortals{host, root};
+            auto* host = new QWidget;
+            auto* root = gMainWindow = new DockableGroup;
+            (new QVBoxLayout(host))->addWidget(root);
+            QList<QPointer<QWidget>> mortals{host};
             for (int i = 0; i < 7; ++i) {
-                const auto docked = root->findChildren<DockableWindow*>();
+                DockableWindow* target = root->findChildren<DockableWindow*>().value(pick(8), root);
                 DockableWindow* panel = DockTree::panel(QString::number(i));
                 panel->setAttribute(Qt::WA_DeleteOnClose, pick(3) > 0);
-                DockableWindow* target = pick(3) == 0 ? nullptr : docked.value(pick(8), root);
-                target ? void(target->dockInArea(panel, static_cast<Area>(1 + pick(5)))) : void();
+                target->dockInArea(panel, static_cast<Area>(pick(6))); // or nowhere
                 panel->show();
                 mortals << panel->content() << panel->header();
             }
             host->show();
             settle();
-            connect(root, &DockableGroup::layoutChanged, host, &Host::hear);
-            for (DockableWindow* window : root->findChildren<DockableWindow*>()) {
-                connect(window, &DockableWindow::undocked, host, &Host::hear);
-                connect(window, &QWidget::windowTitleChanged, host, &Host::hear);
+            const auto hear = [alive = mortals.first()] { QVERIFY(alive); };
+            connect(root, &DockableGroup::layoutChanged, host, hear);
+            for (DockableWindow* window : host->findChildren<DockableWindow*>()) {
+                connect(window, &DockableWindow::undocked, host, hear);
                 mortals << window;
             }
             while (!mortals.isEmpty()) {
                 const QPointer<QWidget> next = mortals.takeAt(pick(mortals.size()));
-                if (next && pick(5) == 0) {
-                    next->close();
-                    mortals << next;
-                } else {
-                    delete next;
-                }
+                const bool closes = next && pick(5) == 0;
+                mortals += QList<QPointer<QWidget>>(closes ? 1 : 0, next);
+                closes ? void(next->close()) : delete next;
                 pick(2) == 0 ? settle() : void();
             }
-            settle();
-            for (QWidget* widget : QApplication::allWidgets()) {
-                QVERIFY2(!qobject_cast<DockableWindow*>(widget), qPrintable(QString::number(seed)));
-            }
+            const auto left = QApplication::allWidgets();
+            QVERIFY(std::none_of(left.begin(), left.end(), [](QWidget* widget) {
+                return qobject_cast<DockableWindow*>(widget);
+            }));
         }
     }
 };
