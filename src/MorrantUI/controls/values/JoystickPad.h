@@ -60,6 +60,7 @@ public:
     /// unless set. A pair with a NaN is ignored.
     void setDefaultValue(const num2<double>& value);
     num2<double> defaultValue() const { return limited(m_default); }
+    /// The same as a point.
     void setDefaultPoint(const QPointF& point) { setDefaultValue({point.x(), point.y()}); }
     QPointF defaultPoint() const { return {defaultValue().x, defaultValue().y}; }
 
