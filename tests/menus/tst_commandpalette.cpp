@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
 #include "support/TestCase.h"
+#include "support/pixels.h"
 #include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/hostmenus.h>
+#include <MorrantUI/theme/colors.h>
 
 #include <QtWidgets>
 
@@ -59,6 +61,14 @@ private Q_SLOTS:
         Host host;
         QCOMPARE(host.rowsAfter({}), u"File: Open\tCtrl+O, File: Recent: S && P"_qs);
         QCOMPARE(host.rowsAfter(u"en FI ope"_qs), u"File: Open\tCtrl+O"_qs);
+        const QImage image = host.palette.grab().toImage();
+        const QColor accent = ui::colorQt(u"Accent1"_qs);
+        bool typedStandsOut = false; // in full colour, although its row cannot be chosen
+        for (int i = 0; i < image.width() * 30 && !typedStandsOut; ++i) {
+            typedStandsOut = ui::test::closeTo(
+                image.pixelColor(i % image.width(), i / image.width()), accent, 8);
+        }
+        QVERIFY(typedStandsOut);
         QTest::keyClick(&host.palette, Qt::Key_Return);
         QVERIFY(!host.palette.isVisible() && host.field->hasFocus() && host.opened.size() == 1);
         QCOMPARE(host.rowsAfter(u"z"_qs), QString());

@@ -107,7 +107,7 @@ void ContextMenuLabel::paintEvent(QPaintEvent*)
         Qt::AlignVCenter | Qt::TextSingleLine | static_cast<int>(side)
             | (underlines ? Qt::TextShowMnemonic : Qt::TextHideMnemonic),
         colors,
-        isEnabled(),
+        isEnabled() || m_accented, // what stands out of a row that cannot be chosen is its point
         shownText(),
         m_highlighted && isEnabled() ? QPalette::HighlightedText : QPalette::WindowText);
 }
