@@ -12,7 +12,6 @@
 #include <MorrantUI/platform/notifications.h>
 #include <MorrantUI/theme/colors.h>
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QMenu>
@@ -39,7 +38,6 @@ SketchWindow::SketchWindow()
     ui::restoreLayout(m_settings.value(kLayoutKey).toByteArray()); // all panels are there
     // [restore]
 
-    connect(qApp, &QGuiApplication::applicationStateChanged, this, &SketchWindow::followActivation);
     const auto showTitle = [this] { setWindowTitle(m_document.rosette().name); };
     connect(&m_document, &Document::changed, this, showTitle);
     showTitle();
@@ -97,18 +95,6 @@ void SketchWindow::addMenus()
         });
     }
     ui::shareShortcuts(*menuBar()); // in floating panels too
-}
-
-// Floating panels lie above other programs only while this one is active.
-void SketchWindow::followActivation(Qt::ApplicationState state)
-{
-    for (DockableWindow* panel : ui::floatingWindows()) {
-        if (state == Qt::ApplicationActive) {
-            panel->onApplicationActivate();
-        } else {
-            panel->onApplicationDeactivate();
-        }
-    }
 }
 
 void SketchWindow::rename()

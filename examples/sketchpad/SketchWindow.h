@@ -39,7 +39,6 @@ private:
     DockableWindow* addPanel(const QString& id, const QString& title, QWidget* content);
     void addPanels();
     void addMenus();
-    void followActivation(Qt::ApplicationState state);
     void chooseExport();
 
     QSettings m_settings;
