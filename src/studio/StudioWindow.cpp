@@ -413,6 +413,14 @@ void StudioWindow::saveLayout()
     }
 }
 
+void StudioWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !focusWidget()) {
+        viewport().setFocus(Qt::ActiveWindowFocusReason);
+    }
+}
+
 void StudioWindow::closeEvent(QCloseEvent* event)
 {
     finishEditing();

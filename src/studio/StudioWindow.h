@@ -103,6 +103,9 @@ Q_SIGNALS:
     void failed(const QString& sentence);
 
 protected:
+    /// Nothing has the focus after Return in a number field. When the window is activated then, Qt
+    /// would give it to the first field, into which the next key for playback would be typed.
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;

@@ -176,6 +176,12 @@ private Q_SLOTS:
         QCOMPARE(scale(), 64.0);
         QCOMPARE(enter(u"Current frame"_qs, u"7 / 19"_qs, Qt::Key_Return), u"7"_qs);
         QCOMPARE(window.player().frame(), 7);
+
+        QWidget dialog; // behind which keys for playback are not typed into another field
+        studio::test::showActive(dialog);
+        dialog.close();
+        studio::test::showActive(window);
+        QCOMPARE(QApplication::focusWidget(), &window.viewport());
     }
 
     void shortcutsRestWhileAMenuIsOpenAndWorkInFloatingPanels()
@@ -283,6 +289,18 @@ private Q_SLOTS:
         pointer.release();
         QCOMPARE(window.viewport().mapping().origin, before + QPointF(30, 2));
         QCOMPARE(window.documents().current().layer, -1);
+
+        const QPoint place = window.viewport().mapTo(&window, at(50));
+        const auto opensAMenu = [&] {
+            QContextMenuEvent asked(QContextMenuEvent::Mouse, at(50), window.mapToGlobal(place));
+            QCoreApplication::sendEvent(&window.viewport(), &asked);
+            QWidget* const menu = QApplication::activePopupWidget();
+            return menu && menu->close();
+        };
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, place);
+        QVERIFY(!opensAMenu());
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
+        QVERIFY(opensAMenu());
     }
 
     void zoomingKeepsThePointBelowThePointer()

@@ -64,7 +64,8 @@ void offerContextMenu(QWidget& widget, FillContextMenu fill)
         &QWidget::customContextMenuRequested,
         &widget,
         [&widget, offer, fillMenu = std::move(fill)](QPoint point) {
-            if (!fillMenu || widget.property(kOffer).toInt() != offer) {
+            const bool isInDrag = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
+            if (!fillMenu || isInDrag || widget.property(kOffer).toInt() != offer) {
                 return;
             }
             auto* menu = new ContextMenu(&widget);

@@ -26,8 +26,8 @@ MORRANT_UI_EXPORT QString plainMenuText(const QString& menuText);
 using FillContextMenu = std::function<void(ContextMenu& menu, QPoint point)>;
 
 /// Gives a widget a context menu: by the right button, the Menu key and Shift+F10, also in what
-/// lies in it and has none of its own. It is filled each time, does not open without rows, and goes
-/// when it closes. The last offer to a widget counts.
+/// lies in it and has none of its own. It is filled each time, does not open without rows or while
+/// the left button holds a drag, and goes when it closes. The last offer to a widget counts.
 MORRANT_UI_EXPORT void offerContextMenu(QWidget& widget, FillContextMenu fill);
 
 /// Adds Cut, Copy, Paste and Select All for a text field, as it can do them now.
