@@ -156,7 +156,7 @@ private Q_SLOTS:
     void theRulerIsInStepWithTheEditorToThePixel()
     {
         TimeEditorView editor;
-        editor.setup(new TimeEditorScene(&editor, QRect(0, 0, 1000, 44)));
+        editor.setup(new TimeEditorScene(&editor, QRect(0, 0, 1000, 440)));
         editor.setFrameRange(-40, 1000);
         editor.setPlaybackRange(0, 100'000);
         editor.resize(700, 150);
@@ -187,12 +187,16 @@ private Q_SLOTS:
         QTRY_VERIFY(isInStep());
         const double before = ruler.view.pixelsPerFrame();
         const double frame = ruler.view.mapToScene(200, 0).x();
+        editor.verticalScrollBar()->setValue(90);
         for (int i = 0; i < 9; ++i) {
             ruler.view.zoomAt(1.2, 200);
             QVERIFY(isInStep());
         }
         QVERIFY(std::abs(ruler.view.pixelsPerFrame() / before - std::pow(1.2, 9)) < 1e-6);
         QVERIFY(std::abs(ruler.view.mapFromScene(frame, 0.0).x() - 200) <= 1);
+        QCOMPARE(editor.verticalScrollBar()->value(), 90); // the rows stay
+        ruler.view.fitFrameRange();
+        QCOMPARE(editor.verticalScrollBar()->value(), 90);
     }
 
     void theWheelZoomsAboutThePointerAndScrolls()

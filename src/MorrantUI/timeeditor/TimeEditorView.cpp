@@ -185,13 +185,17 @@ double TimeEditorView::getMinScale() const
 void TimeEditorView::setScaleAt(double scale, int x)
 {
     const double frame = mapToScene(x, 0).x();
+    const int rowsAbove = verticalScrollBar()->value();
     const QPointer<TimeEditorView> alive(this);
-    setScale(scale);
+    setScale(scale); // which goes to the first row
     if (!alive) {
         return;
     }
     const int moved = mapFromScene(frame, 0.0).x() - x;
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved);
+    if (alive) {
+        verticalScrollBar()->setValue(rowsAbove);
+    }
 }
 
 void TimeEditorView::fitRect(const QRectF& rect)

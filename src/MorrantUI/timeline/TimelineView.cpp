@@ -247,7 +247,12 @@ void TimelineView::fitFrameRange()
     const QRectF rect = ui::framedRange(frames(), 1.0, QRectF(0.0, 0.0, 1.0, 1.0));
     if (m_editor) {
         const QPointer<TimelineView> alive(this);
+        const QPointer<QScrollBar> rows = m_editor->verticalScrollBar();
+        const int rowsAbove = rows->value();
         m_editor->fitRect(rect);
+        if (rows) {
+            rows->setValue(rowsAbove);
+        }
         if (alive) {
             followEditor();
         }
