@@ -177,7 +177,8 @@ private Q_SLOTS:
         QCOMPARE(enter(u"Current frame"_qs, u"7 / 19"_qs, Qt::Key_Return), u"7"_qs);
         QCOMPARE(window.player().frame(), 7);
 
-        QWidget dialog; // behind which keys for playback are not typed into another field
+        window.focusWidget()->clearFocus(); // as Return does in a field that was clicked
+        QWidget dialog; // behind which keys for playback are not typed into another one
         studio::test::showActive(dialog);
         dialog.close();
         studio::test::showActive(window);

@@ -165,7 +165,7 @@ private Q_SLOTS:
         ruler.view.setEditor(&editor);
         const auto isInStep = [&] {
             for (const int frame : {-40, 0, 1, 333, 1000}) {
-                if (editor.mapFromScene(frame, 0) != ruler.view.mapFromScene(frame, 0)) {
+                if (editor.mapFromScene(frame, 0).x() != ruler.view.mapFromScene(frame, 0).x()) {
                     return false;
                 }
             }
