@@ -157,6 +157,8 @@ void DopeSheet::connectViews()
     connect(m_view, &DopeSheetView::zoomWanted, m_ruler, &TimelineView::zoomAt);
     connect(m_view, &DopeSheetView::gestureEnded, this, &DopeSheet::chooseLayer);
     connect(m_edits, &DopeSheetEdits::dragStarted, &m_player, &Player::pause);
+    // Which layer is chosen may have been told while they stood where they were before.
+    connect(m_edits, &DopeSheetEdits::layersShown, this, [this] { setLayer(m_layer); });
     connect(m_view->getEditorScene(), &QGraphicsScene::selectionChanged, this, [this] {
         m_view->getEditorScene()
             ->update(); // a key that is left would keep the look of a selected one

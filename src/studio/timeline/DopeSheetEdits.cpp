@@ -61,6 +61,7 @@ void DopeSheetEdits::setEditor(DocumentEditor& editor)
     connect(&editor, &DocumentEditor::layersChanged, this, [this] {
         m_stale.clear();
         m_rows.refreshLayers();
+        Q_EMIT layersShown();
     });
 }
 

@@ -54,6 +54,7 @@ public:
 
 Q_SIGNALS:
     void dragStarted();
+    void layersShown(); ///< anew, as they have changed
 
 private:
     void followKeys();
