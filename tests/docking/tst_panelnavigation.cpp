@@ -7,6 +7,7 @@
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/panelnavigation.h>
+#include <MorrantUI/theme/events.h>
 
 using namespace ui::test;
 using Area = DockableArea;
@@ -227,6 +228,19 @@ private Q_SLOTS:
             QVERIFY(!desk.a->isHidden() && !desk["x"]->isHidden());
         }
         QVERIFY(!ui::maximizePanel(nullptr) && !ui::maximizePanel(desk.c));
+
+        QVERIFY(ui::maximizePanel(desk.b) && !desk.root().takeChild(99));
+        desk.root().insertChild(0, nullptr);
+        QCOMPARE(ui::maximizedPanel(), desk.b); // nothing came or went
+        const QPointer<DockableWindow> guest = new DockableWindow(new QWidget);
+        ui::installEventFilter(
+            desk.a,
+            [guest](QObject*, const QEvent* event) {
+                delete (event->type() == QEvent::Show ? guest.data() : nullptr);
+                return false;
+            },
+            nullptr);
+        QVERIFY(!desk.a->dockInArea(guest, Area::Left) && !guest);
     }
 
     void headersTakeTheFocusFromKeysOnly()

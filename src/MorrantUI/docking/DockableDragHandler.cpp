@@ -103,6 +103,8 @@ void DockableDragHandler::contextMenuEvent(QContextMenuEvent* event)
         window->show();
         if (window) { // what is in it may do anything when it is shown
             ui::docking::bringToFront(*window->window());
+        }
+        if (window) {
             window->m_overlays->callAttention();
         }
     } else if (chosen == close) {
@@ -309,7 +311,11 @@ bool DockableDragHandler::beginDragging()
     if (way.manhattanLength() < QApplication::startDragDistance()) {
         return false;
     }
-    ui::restorePanels();
+    const QPointer<DockableDragHandler> self(this);
+    ui::restorePanels(); // which runs slots
+    if (!self || !m_window || !isEnabled()) {
+        return false;
+    }
     m_hoverWindow.clear();
     m_state = State::Dragging;
     m_origin = std::make_unique<ui::docking::DragOrigin>(*m_window);

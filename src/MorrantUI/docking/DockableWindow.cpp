@@ -531,7 +531,12 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
         groupOf(*window)->bringForward(*window);
         return this;
     }
-    ui::restorePanels();
+    const QPointer<DockableWindow> self(this);
+    const QPointer<DockableWindow> guest(window);
+    ui::restorePanels(); // which runs slots
+    if (!self || !guest || !canTake(window)) {
+        return nullptr;
+    }
     QPointer<DockableWindow> result; // slots that hear of it may delete it
     {
         ui::docking::LayoutChange change;

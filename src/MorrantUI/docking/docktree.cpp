@@ -72,6 +72,9 @@ void letKeptLeave(DockableGroup& dying, DockableGroup* heir)
 
 bool restoreBefore(DockableGroup& group, DockableWindow* window)
 {
+    if (!window) {
+        return false;
+    }
     const QPointer<DockableGroup> place(&group);
     const QPointer<DockableWindow> guest(window);
     restorePanels();

@@ -30,7 +30,7 @@ DockableGroup* groupOf(DockableWindow& window);
 void letKeptLeave(DockableGroup& dying, DockableGroup* heir);
 
 /// Before a window comes into a group or leaves it: what a maximised panel hides is shown, which
-/// runs slots.
+/// runs slots. Nothing is for a null window.
 /// @return whether there are both a group and a window then
 bool restoreBefore(DockableGroup& group, DockableWindow* window);
 
