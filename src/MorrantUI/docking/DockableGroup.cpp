@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 using ui::docking::groupOf;
 using ui::docking::isMainWindow;
@@ -477,10 +478,10 @@ bool DockableGroup::mayClose()
             return true;
         }
         QCloseEvent question;
-        panel->m_question = &question;
+        const QEvent* const outer = std::exchange(panel->m_question, &question);
         QCoreApplication::sendEvent(panel, &question);
         if (panel) {
-            panel->m_question = nullptr;
+            panel->m_question = outer; // its answer may wait, in a dialog, while it is asked again
         }
         return question.isAccepted();
     });
