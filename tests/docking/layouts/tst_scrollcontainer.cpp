@@ -36,6 +36,10 @@ private Q_SLOTS:
         QCOMPARE(content->width(), content->minimumSizeHint().width());
         window.resize(900, 100);
         QTRY_COMPARE(bar->height(), height);
+
+        ScrollContainer empty(nullptr);
+        empty.show();
+        QVERIFY(!empty.minimumSizeHint().isValid());
     }
 };
 

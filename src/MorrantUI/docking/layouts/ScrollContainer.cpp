@@ -26,15 +26,17 @@ ScrollContainer::ScrollContainer(QWidget* content, Qt::Orientations scrolled, QW
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
-    setWidget(content);
-    content->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
     const auto policyFor = [scrolled](Qt::Orientation direction) {
         return scrolled.testFlag(direction) ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
     };
     setHorizontalScrollBarPolicy(policyFor(Qt::Horizontal));
     setVerticalScrollBarPolicy(policyFor(Qt::Vertical));
-    setSizePolicy(content->sizePolicy());
+    if (content) {
+        setWidget(content);
+        content->setAutoFillBackground(false);
+        setSizePolicy(content->sizePolicy());
+    }
 }
 
 ScrollContainer::~ScrollContainer() = default;

@@ -18,7 +18,7 @@ class MORRANT_UI_EXPORT ScrollContainer : public QScrollArea
     Q_OBJECT
 
 public:
-    /// @param content which it owns; must not be null
+    /// @param content which it owns; null leaves it empty
     /// @param scrolled the directions in which it may be too small
     explicit ScrollContainer(
         QWidget* content,
