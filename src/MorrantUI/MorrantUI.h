@@ -56,6 +56,7 @@
 #include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/dropzones.h>
 #include <MorrantUI/docking/layouts/CollapsibleSection.h>
+#include <MorrantUI/docking/layouts/FlowAlignment.h>
 #include <MorrantUI/docking/layouts/FlowLayout.h>
 #include <MorrantUI/docking/layouts/ScrollContainer.h>
 #include <MorrantUI/docking/layouts/SpacerBar.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <MorrantUI/docking/layouts/FlowAlignment.h>
 #include <MorrantUI/docking/layouts/flowmath.h>
 #include <MorrantUI/morrantui_export.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once // internal: hosts have no use for it
 
+#include <MorrantUI/docking/layouts/FlowAlignment.h>
 #include <MorrantUI/morrantui_export.h>
 
-#include <QObject>
 #include <QRect>
 #include <QSize>
 #include <Qt>
@@ -13,23 +13,6 @@
 
 /// The arithmetic of wrapping rows, in whole logical pixels.
 namespace ui {
-
-namespace flow {
-
-Q_NAMESPACE_EXPORT(MORRANT_UI_EXPORT)
-
-/// Where the items of a row stand that leave room.
-enum class FlowAlignment
-{
-    Leading,
-    Center,
-    Trailing,
-};
-Q_ENUM_NS(FlowAlignment)
-
-} // namespace flow
-
-using flow::FlowAlignment;
 
 struct FlowItem
 {
