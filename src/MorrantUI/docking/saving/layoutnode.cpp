@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/saving/layoutnode.h"
 
+#include "MorrantUI/docking/placing.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -130,8 +132,7 @@ std::vector<Neighbour> neighboursOf(const LayoutNode& root, const QString& panel
 QRect within(QRect window, const QRect& screen)
 {
     window.setSize(window.size().boundedTo(screen.size()));
-    window.moveLeft(std::clamp(window.left(), screen.left(), screen.right() + 1 - window.width()));
-    window.moveTop(std::clamp(window.top(), screen.top(), screen.bottom() + 1 - window.height()));
+    window.moveTopLeft(placeWithin(window, screen));
     return window;
 }
 
