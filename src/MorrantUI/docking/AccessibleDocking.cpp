@@ -49,12 +49,6 @@ QWidgetList AccessibleDockable::parts() const
     return shown;
 }
 
-QString AccessibleGrip::text(QAccessible::Text kind) const
-{
-    return kind == QAccessible::Description ? plainDescription(*widget(), text(QAccessible::Name))
-                                            : QAccessibleWidget::text(kind);
-}
-
 QStringList AccessibleGrip::actionNames() const
 {
     QStringList names = QAccessibleWidget::actionNames();

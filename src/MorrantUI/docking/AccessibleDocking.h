@@ -27,12 +27,11 @@ protected:
 
 /// What the user grabs a window by. Its menu opens through the event queue, since it waits for an
 /// answer.
-class AccessibleGrip : public QAccessibleWidget
+class AccessibleGrip : public AccessibleNamed
 {
 public:
-    using QAccessibleWidget::QAccessibleWidget;
+    using AccessibleNamed::AccessibleNamed;
 
-    QString text(QAccessible::Text kind) const override;
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
 };
