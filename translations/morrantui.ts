@@ -545,6 +545,26 @@
         <source>magenta</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>dark %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>light %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>greyish %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2 % opaque</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ui::dialogs</name>

@@ -70,9 +70,13 @@ QString nameOf(const QColor& color)
     }
     const QString hue = nameOf(color.hsvHue(), kHues);
     if (lightness < kDark || lightness >= kLight) {
-        return (lightness < kDark ? words("dark %1") : words("light %1")).arg(hue);
+        return words(
+                   lightness < kDark ? QT_TRANSLATE_NOOP("ui::colorWords", "dark %1")
+                                     : QT_TRANSLATE_NOOP("ui::colorWords", "light %1"))
+            .arg(hue);
     }
-    return most - least < kPale ? words("greyish %1").arg(hue) : hue;
+    return most - least < kPale ? words(QT_TRANSLATE_NOOP("ui::colorWords", "greyish %1")).arg(hue)
+                                : hue;
 }
 
 } // namespace
@@ -93,15 +97,15 @@ QString colorWords(const QColor& color)
         return {};
     }
     const QColor rgb = color.toRgb();
-    const QString text = words("%1: %2, %3, %4")
+    const QString text = words(QT_TRANSLATE_NOOP("ui::colorWords", "%1: %2, %3, %4"))
                              .arg(
                                  nameOf(rgb),
                                  QString::number(rgb.red()),
                                  QString::number(rgb.green()),
                                  QString::number(rgb.blue()));
-    return rgb.alpha() == 255
-               ? text
-               : words("%1, %2 % opaque").arg(text, QString::number(qRound(rgb.alphaF() * 100)));
+    return rgb.alpha() == 255 ? text
+                              : words(QT_TRANSLATE_NOOP("ui::colorWords", "%1, %2 % opaque"))
+                                    .arg(text, QString::number(qRound(rgb.alphaF() * 100)));
 }
 
 std::optional<QColor> colorFromText(const QString& text)
