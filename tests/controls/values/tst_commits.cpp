@@ -233,6 +233,31 @@ private Q_SLOTS:
         }
     }
 
+    void formsMaySetPropertiesInTheirOrder()
+    {
+        const auto check = [](const QObject& control, QObject&& twin) {
+            const QMetaObject& type = *control.metaObject();
+            for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
+                const QMetaProperty property = type.property(i);
+                QVERIFY(property.write(&twin, property.read(&control)));
+            }
+            QCOMPARE(twin.property("value"), control.property("value"));
+            QCOMPARE(twin.property("point"), control.property("point"));
+        };
+        NumericField number;
+        number.setFieldType(NumericField::FloatingPoint);
+        number.setValue(1.5);
+        check(number, NumericField());
+        SliderField slider;
+        slider.setRange(0.0, 100.0);
+        slider.setValue(50.0);
+        check(slider, SliderField());
+        JoystickPad pad;
+        pad.setRange({0.0, 0.0}, {9.0, 9.0});
+        pad.setPoint({4.0, 5.0});
+        check(pad, JoystickPad());
+    }
+
     void everyValueIsAPropertyThatTells()
     {
         const std::tuple<QWidget*, const char*, QVariant> values[] = {

@@ -23,10 +23,10 @@ inline constexpr double kDialSnap = 15.0;         ///< degrees
 class MORRANT_UI_EXPORT AnglePad : public ValueControl
 {
     Q_OBJECT
-    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
     Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
     Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
     Q_PROPERTY(double defaultValue READ defaultValue WRITE setDefaultValue)
+    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     explicit AnglePad(QWidget* parent = nullptr);

@@ -25,8 +25,8 @@ struct WidgetState;
 class MORRANT_UI_EXPORT ColorSwatch : public QAbstractButton
 {
     Q_OBJECT
-    Q_PROPERTY(QColor value READ value WRITE setValue NOTIFY changed USER true)
     Q_PROPERTY(bool alphaEnabled READ isAlphaEnabled WRITE setAlphaEnabled)
+    Q_PROPERTY(QColor value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     /// Shows opaque black.

@@ -24,12 +24,12 @@ struct WidgetState;
 class MORRANT_UI_EXPORT JoystickPad : public ValueControl
 {
     Q_OBJECT
-    Q_PROPERTY(QPointF point READ point WRITE setPoint NOTIFY changed USER true)
     Q_PROPERTY(QRectF range READ range WRITE setRange)
     Q_PROPERTY(QPointF defaultPoint READ defaultPoint WRITE setDefaultPoint)
     Q_PROPERTY(double step READ step WRITE setStep)
     Q_PROPERTY(bool springBack READ springBack WRITE setSpringBack)
     Q_PROPERTY(bool yDownwards READ isYDownwards WRITE setYDownwards)
+    Q_PROPERTY(QPointF point READ point WRITE setPoint NOTIFY changed USER true)
 
 public:
     /// From -1 to 1 on both axes, in steps of 0.01.

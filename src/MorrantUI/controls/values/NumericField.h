@@ -35,13 +35,14 @@ class QPointF;
 class MORRANT_UI_EXPORT NumericField : public LineEdit
 {
     Q_OBJECT
-    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
     Q_PROPERTY(FIELD_TYPE fieldType READ fieldType WRITE setFieldType)
     Q_PROPERTY(double minimum READ getMin WRITE setMin)
     Q_PROPERTY(double maximum READ getMax WRITE setMax)
     Q_PROPERTY(double softMinimum READ softMin WRITE setSoftMin)
     Q_PROPERTY(double softMaximum READ softMax WRITE setSoftMax)
+    Q_PROPERTY(QString suffix READ suffix WRITE setSuffix)
     Q_PROPERTY(double dragMultiplier READ dragMultiplier WRITE setDragMultiplier)
+    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     enum FIELD_TYPE

@@ -27,7 +27,6 @@ inline constexpr int kMaxSliderDecimals = 3; ///< as many as a number field show
 class MORRANT_UI_EXPORT SliderField : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
     Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
     Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
     Q_PROPERTY(double softMinimum READ softMinimum WRITE setSoftMinimum)
@@ -35,6 +34,7 @@ class MORRANT_UI_EXPORT SliderField : public QWidget
     Q_PROPERTY(double step READ step WRITE setStep)
     Q_PROPERTY(int decimals READ decimals WRITE setDecimals)
     Q_PROPERTY(double defaultValue READ defaultValue WRITE setDefaultValue)
+    Q_PROPERTY(double value READ value WRITE setValue NOTIFY changed USER true)
 
 public:
     /// From 0 to 1 in steps of 0.01, with two decimals.
