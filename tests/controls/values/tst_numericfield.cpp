@@ -88,6 +88,8 @@ private Q_SLOTS:
         QCOMPARE(field.value(), 50.0);
         field.enterText(u"20+5 of a hundred "_qs);
         QCOMPARE(field.text(), u"25"_qs);
+        QAccessibleInterface& read = *QAccessible::queryAccessibleInterface(&field);
+        QCOMPARE(read.text(QAccessible::Value), u"25 of a hundred"_qs);
     }
 
     void limitsAndKindMayComeInAnyOrder()

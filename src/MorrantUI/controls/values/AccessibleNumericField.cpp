@@ -59,7 +59,7 @@ void* AccessibleNumericField::interface_cast(QAccessible::InterfaceType type)
 QString AccessibleNumericField::text(QAccessible::Text kind) const
 {
     if (kind == QAccessible::Value) {
-        return field().text();
+        return field().text() + field().suffix();
     }
     return AccessibleNumberControl::text(kind);
 }
