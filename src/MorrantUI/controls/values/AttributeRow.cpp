@@ -369,14 +369,17 @@ void AttributeRow::reset()
     const QPointer<ColorSwatch> recolored =
         m_parts->swatch && !showsColor(*m_parts->swatch, m_parts->defaultColor) ? m_parts->swatch
                                                                                 : nullptr;
-    const std::vector<int> changed = m_parts->fields->showDefaults();
     const bool recolors = recolored;
-    if (recolors) {
+    const QPointer<AttributeRow> self(this);
+    const std::vector<int> changed = m_parts->fields->showDefaults(); // slots hear of each value
+    if (self && recolored) {
         recolored->setValue(m_parts->defaultColor);
+    }
+    if (!self) {
+        return;
     }
     updateReset();
 
-    const QPointer<AttributeRow> self(this);
     for (const int index : changed) {
         if (self) {
             m_parts->fields->report(index, true);
