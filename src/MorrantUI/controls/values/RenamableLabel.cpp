@@ -102,10 +102,7 @@ void RenamableLabel::setText(const QString& text)
     m_text = text;
     updateGeometry();
     update();
-    if (QAccessible::isActive()) {
-        QAccessibleEvent event(this, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&event);
-    }
+    ui::notifyAccessible(this, QAccessible::NameChanged);
     Q_EMIT textChanged(text);
 }
 
