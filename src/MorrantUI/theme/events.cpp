@@ -53,7 +53,7 @@ void processEvents()
 
 QList<QKeySequence> redoKeys()
 {
-    QList<QKeySequence> keys{QKeySequence::Redo};
+    QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Redo);
     for (const QKeySequence key : {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y}) {
         if (!keys.contains(key)) {
             keys.append(key);
