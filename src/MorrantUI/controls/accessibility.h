@@ -12,7 +12,7 @@
 namespace ui {
 
 /// Mends what Qt's own classes lack for assistive tools: open menus are in the tree, scroll areas
-/// and handles of splitters have roles, names and values. Only the first call does anything.
+/// and tab widgets have roles and names. Only the first call does anything.
 void mendForReaders();
 
 /// Makes Qt build an Interface from a T* for every object whose class is T, or derives from it
