@@ -2,6 +2,7 @@
 #include "docking/DockTree.h"
 #include "support/TestCase.h"
 #include <MorrantUI/docking/DockableHeader.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QtWidgets>
 
@@ -481,6 +482,17 @@ private Q_SLOTS:
         connect(guest, &DockableWindow::docked, guest, [guest] { delete guest; });
         tree.play(u"dock x root left, settle"_qs);
         QCOMPARE(tree.text(), u"H(a b)"_qs);
+
+        const QPointer<DockableWindow> target = tree["a"];
+        DockableWindow* newcomer = DockTree::panel(u"y"_qs);
+        const auto welcome = [target](QObject*, const QEvent* event) {
+            delete (event->type() == QEvent::Show ? target.data() : nullptr);
+            return false;
+        };
+        ui::installEventFilter(newcomer, welcome, nullptr);
+        target->dockInArea(newcomer, Area::Bottom);
+        settle();
+        QCOMPARE(tree.text(), u"H(y b)"_qs);
     }
 
     void aMainWindowThatIsGoneIsNone()

@@ -38,10 +38,15 @@ DockableWindow* DockOperation::run()
     if (isMainWindow(m_target)) {
         return splitRoot(static_cast<DockableGroup&>(m_target));
     }
+    const QPointer<DockableWindow> target(&m_target); // what hears that it is shown may delete it
+    const QPointer<DockableWindow> window(&m_window);
     DockableGroup* parent = groupOf(m_target);
     DockableGroup* group = parent ? splitInGroup(*parent) : splitFloating();
-    m_target.updateGeometry();
-    m_window.updateGeometry();
+    for (const auto& moved : {target, window}) {
+        if (moved) {
+            moved->updateGeometry();
+        }
+    }
     return group;
 }
 
