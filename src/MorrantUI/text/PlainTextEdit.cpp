@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/text/PlainTextEdit.h"
 
-#include "MorrantUI/text/textkeys.h"
+#include "MorrantUI/controls/historykeys.h"
 #include <MorrantUI/theme/colors.h>
 
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 #include "MorrantUI/text/TimeCodeField.h"
 
 #include "MorrantUI/controls/accessibility.h"
-#include "MorrantUI/text/textkeys.h"
+#include "MorrantUI/controls/historykeys.h"
 #include <MorrantUI/text/timecode.h>
 
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 #include "MorrantUI/controls/values/LineEdit.h"
 
 #include "MorrantUI/controls/buttons/buttonlook.h"
-#include "MorrantUI/text/textkeys.h"
+#include "MorrantUI/controls/historykeys.h"
 #include "MorrantUI/theme/style/shades.h"
 #include <MorrantUI/theme/colors.h>
 
