@@ -98,7 +98,8 @@ public:
     void setFieldType(FIELD_TYPE type);
 
     /// A unit, or another text that is shown behind the number and is none of its text (" %");
-    /// empty at first. Typed behind a number it counts for nothing ("75 %").
+    /// empty at first. Typed behind a number it counts for nothing ("75 %"). Takes the right one of
+    /// the text margins.
     void setSuffix(const QString& suffix);
     QString suffix() const;
 
