@@ -121,7 +121,8 @@ Q_SIGNALS:
     void dragStateChanged(bool dragging);
     /// What valueChanged() tells, with the value.
     void edited(double value, bool committed);
-    /// The text is another, by the user or by being set, and the value with it.
+    /// The text is another, by the user or by being set, and the value with it. As textChanged() it
+    /// comes from within: a slot must not delete the field.
     void changed();
 
 protected:
