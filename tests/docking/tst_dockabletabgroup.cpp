@@ -92,12 +92,15 @@ private Q_SLOTS:
         DockableTabGroup& tabs = *tree.tabs("^b");
         tree.play(u"select d, delete d"_qs);
         QCOMPARE(tabs.activeIndex(), 0);
-        DockableWindow* stolen = tree["c"];
-        stolen->setParent(nullptr);
-        const bool headerHidden = stolen->header()->isHidden();
-        const QSizePolicy policy = stolen->sizePolicy();
-        stolen->setParent(&tree.root(), Qt::Window);
-        QVERIFY(!headerHidden && policy == tree["b"]->sizePolicy());
+        DockableWindow* neverSeen = DockTree::panel(u"n"_qs);
+        tabs.appendChild(neverSeen);
+        for (DockableWindow* stolen : {tree["c"], neverSeen}) {
+            stolen->setParent(nullptr);
+            const bool headerHidden = stolen->header()->isHidden();
+            const QSizePolicy policy = stolen->sizePolicy();
+            stolen->setParent(&tree.root(), Qt::Window);
+            QVERIFY(!headerHidden && policy == tree["b"]->sizePolicy());
+        }
         QVERIFY(tabs.childCount() == 1 && !tabs.tabAt(1) && tabs.tabAt(0)->text() == u"b");
     }
 

@@ -83,7 +83,8 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
         resize(window->size() + QSize(0, m_strip->sizeHint().height()));
     }
     const bool meets = isFloating() && window->isWindow();
-    m_kept[window] = {window->sizePolicy(), window->shownTitle(), meets ? window->size() : QSize()};
+    m_kept[window] = {
+        window, window->sizePolicy(), window->shownTitle(), meets ? window->size() : QSize()};
     window->setSizePolicy(noSay());
     if (window->windowMode() == WindowMode::Panel) {
         window->setHeaderVisible(false);
@@ -125,12 +126,6 @@ bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
         };
         QMetaObject::invokeMethod(this, bringForward, Qt::QueuedConnection);
     }
-    if (event->type() == QEvent::ParentAboutToChange) { // without takeChild()
-        auto* child = qobject_cast<DockableWindow*>(watched);
-        if (indexOfChild(child) >= 0) {
-            handOver(*child);
-        }
-    }
     return DockableGroup::eventFilter(watched, event);
 }
 
@@ -157,7 +152,7 @@ void DockableTabGroup::takeOut(DockableWindow& child)
         }
     }
     const QSize size = isFloating() ? floatSizeOf(child) : QSize();
-    letGoOf(indexOfChild(&child));
+    letGoOf(child, indexOfChild(&child));
     m_stack->removeWidget(&child);
     release(child);
     if (size.isValid()) {
@@ -171,18 +166,24 @@ void DockableTabGroup::takeOut(DockableWindow& child)
 
 void DockableTabGroup::handOver(DockableWindow& child)
 {
-    letGoOf(indexOfChild(&child));
+    handOverFrom(indexOfChild(&child), child);
+}
+
+void DockableTabGroup::handOverFrom(int index, DockableWindow& child)
+{
+    letGoOf(child, index);
     child.setHeaderVisible(child.windowMode() == WindowMode::Panel);
     DockableGroup::handOver(child);
 }
 
 /// A child on its way out gets back what it came with.
-void DockableTabGroup::letGoOf(int index)
+void DockableTabGroup::letGoOf(DockableWindow& child, int index)
 {
-    DockableWindow& child = *getChild(index);
+    Kept& kept = m_kept.at(&child);
+    kept.child.clear();
     tabAt(index)->removeEventFilter(&child.m_dragHandler);
     if (&child != m_active) {
-        child.setSizePolicy(m_kept.at(&child).policy);
+        child.setSizePolicy(kept.policy);
     }
     child.removeEventFilter(this);
 }
@@ -193,14 +194,19 @@ void DockableTabGroup::forgetTab(int index)
     // Qt goes on with the stack after this, which a slot might delete.
     ui::docking::LayoutChange change(ui::docking::LayoutChange::Report::Later);
     change.noteTabs();
-    m_strip->removeTab(index);
     std::set<const QWidget*> left;
     for (int i = 0; i < childCount(); ++i) {
         left.insert(m_stack->widget(i));
     }
-    std::erase_if(m_kept, [&left](const auto& entry) {
+    const auto hasLeft = [&left](const auto& entry) {
         return !left.contains(entry.first); // compared only: it may be on its way out
-    });
+    };
+    const auto leaver = std::find_if(m_kept.begin(), m_kept.end(), hasLeft);
+    if (leaver != m_kept.end() && leaver->second.child) { // without takeChild()
+        handOverFrom(index, *leaver->second.child);
+    }
+    m_strip->removeTab(index);
+    std::erase_if(m_kept, hasLeft);
     if (indexOfChild(m_active) < 0) {
         m_active.clear();
         setActiveIndex(0);

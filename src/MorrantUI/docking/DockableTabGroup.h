@@ -78,9 +78,10 @@ private:
     /// What is kept of a child while it is one.
     struct Kept
     {
-        QSizePolicy policy; ///< its own, while another is in force
-        QString title;      ///< that its tab last followed
-        QSize alone;        ///< before it met the others, while all of them floated
+        QPointer<DockableWindow> child; ///< until it has got back what it came with
+        QSizePolicy policy;             ///< its own, while another is in force
+        QString title;                  ///< that its tab last followed
+        QSize alone;                    ///< before it met the others, while all of them floated
     };
 
     DockableWindow* frontChild() const override;
@@ -97,7 +98,8 @@ private:
 
     void addTab(int index, DockableWindow& window);
     void takeOut(DockableWindow& child);
-    void letGoOf(int index);
+    void handOverFrom(int index, DockableWindow& child);
+    void letGoOf(DockableWindow& child, int index);
     void forgetTab(int index);
 
     DockTabStrip* m_strip;

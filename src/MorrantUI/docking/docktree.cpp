@@ -64,7 +64,9 @@ void letKeptLeave(DockableGroup& dying, DockableGroup* heir)
         if (above && kept) {
             const QSize size = window->size();
             TreeAccess::dropNativeWindow(*window); // Windows destroys what a dying window owns
+            TreeAccess::letGo(*window);
             window->setParent(heir, Qt::Window);
+            TreeAccess::setLimits(*window, {}, {});
             window->resize(size);
         }
     }
@@ -89,6 +91,14 @@ void TreeAccess::listPanels(DockableWindow& window, QList<DockableWindow*>& pane
 void TreeAccess::dropNativeWindow(DockableWindow& window)
 {
     window.dropNativeWindow();
+}
+
+void TreeAccess::letGo(DockableWindow& window)
+{
+    if (DockableGroup* group = groupOf(window)) {
+        group->handOver(window);
+        window.setNested(false);
+    }
 }
 
 DockableWindow* TreeAccess::frontChild(DockableWindow& window)

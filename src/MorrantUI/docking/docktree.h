@@ -49,6 +49,8 @@ public:
     static void listPanels(DockableWindow& window, QList<DockableWindow*>& panels);
     /// Hides a window that floats, and gives its window of the system back.
     static void dropNativeWindow(DockableWindow& window);
+    /// A window that is in a group gets back what it came with, and may leave.
+    static void letGo(DockableWindow& window);
     /// Of a tab group the active child; null where no child lies behind another.
     static DockableWindow* frontChild(DockableWindow& window);
     /// The tab that has the window's title; null where it is in none.
