@@ -432,7 +432,7 @@ void DockableGroup::closeEmptied()
         makeFloating();
     }
     close();
-    if (deletes && !isClosing()) {
+    if (deletes && !isClosing() && childCount() == 0) {
         // It has nothing left to ask about; and Qt closes no window that has lost its native one.
         m_closing = true;
         hide();
@@ -514,7 +514,7 @@ void DockableGroup::closeEvent(QCloseEvent* event)
         return;
     }
     m_askingToClose = false;
-    if (refused) {
+    if (refused || childCount() > 0) { // one that came meanwhile has not been asked
         event->ignore();
         QMetaObject::invokeMethod(this, &DockableGroup::collapseIfNeedless, Qt::QueuedConnection);
     } else {
