@@ -83,14 +83,16 @@ bool maximizePanel(DockableWindow* panel)
     maximized().panel = panel;
     QObject::connect(panel, &QObject::destroyed, qApp, &restorePanels, Qt::QueuedConnection);
     const QPointer<DockableWindow> guard(panel);
-    for (const auto& window : std::vector(maximized().hidden)) { // which may do anything
-        if (window) {
+    const auto isStill = [&guard] { return guard && maximizedPanel() == guard; };
+    for (const auto& window : std::vector(maximized().hidden)) { // which may restore them all
+        if (window && isStill()) {
             window->hide();
         }
     }
-    if (guard) {
-        docking::enterByClick(*guard);
+    if (!isStill()) {
+        return false;
     }
+    docking::enterByClick(*guard);
     return true;
 }
 

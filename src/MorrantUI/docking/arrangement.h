@@ -18,7 +18,8 @@ MORRANT_UI_EXPORT bool isLayoutLocked();
 /// restorePanels(). Whatever docks, leaves or is dragged ends it, too. By key it is Ctrl+F10, there
 /// and back, where nothing in the panel uses that. Another panel that was maximised is restored
 /// first.
-/// @return false if there was nothing to hide, or the panel is not in panelsInOrder()
+/// @return false if there was nothing to hide, the panel is not in panelsInOrder(), or what was
+/// hidden has ended it at once
 MORRANT_UI_EXPORT bool maximizePanel(DockableWindow* panel);
 /// Shows what maximizePanel() has hidden, with the sizes of then.
 MORRANT_UI_EXPORT void restorePanels();
