@@ -141,6 +141,9 @@ void DockableWindow::setHeaderVisible(bool visible)
     if (m_header) {
         m_header->setVisible(visible);
     }
+    if (m_header && !visible) {
+        m_header->clearFocus(); // Qt leaves it there if there is nobody else to take it
+    }
 }
 
 void DockableWindow::setHeaderDirection(QBoxLayout::Direction direction)
