@@ -40,7 +40,6 @@ public:
         : DockableWindow(number % 2 == 0 ? static_cast<QWidget*>(new QLineEdit) : new QListView)
         , m_refuses(number % 5 == 4)
     {
-        setText(u"p%1"_qs.arg(number));
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         resize(60 + 20 * (number % 7), 50 + 30 * (number % 4));
         content()->setMinimumSize(number % 3 == 1 ? 40 + 10 * number % 90 : 0, 30);
@@ -271,14 +270,17 @@ private:
     }
     void makePanel()
     {
-        auto* panel = new FuzzedPanel(m_panels++);
+        auto* panel = new FuzzedPanel(m_panels);
         if (!panel->testAttribute(Qt::WA_DeleteOnClose)) {
             m_kept.emplace_back(panel);
         }
+        panel->setText(u"p%1"_qs.arg(m_panels++)); // a slot that hears of it may delete the panel
     }
     void settleAll(const DockStep& /*step*/)
     {
-        settle();
+        for (int i = 0; i < 3; ++i) { // what a content needs goes up one group a round
+            settle();
+        }
         m_settled = true;
     }
     void processSome(const DockStep& /*step*/) { QCoreApplication::processEvents(); }

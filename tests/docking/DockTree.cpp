@@ -466,7 +466,8 @@ private:
         const auto splitters = innerWidgets<SolidSplitter>(group);
         const bool one = splitters.size() == 1;
         check(one && splitters.first()->count() == group.childCount(), group, "splitter count");
-        if (one && m_moment == Moment::Settled && group.isVisible() && group.childCount() > 0) {
+        const bool seen = group.isVisible() && !group.window()->isMinimized();
+        if (one && m_moment == Moment::Settled && seen && group.childCount() > 0) {
             inspectSizes(group, *splitters.first());
         }
     }
