@@ -6,6 +6,7 @@
 
 #include <QtWidgets>
 
+#include <functional>
 #include <random>
 
 using namespace ui::test;
@@ -24,9 +25,14 @@ public:
         resize(100, 80);
     }
     bool stays = true;
+    std::function<void()> whenAsked = [] {};
 
 protected:
-    void closeEvent(QCloseEvent* event) override { event->setAccepted(!stays); }
+    void closeEvent(QCloseEvent* event) override
+    {
+        event->setAccepted(!stays);
+        whenAsked();
+    }
 };
 
 } // namespace
@@ -284,6 +290,19 @@ private Q_SLOTS:
         QCOMPARE(lastClosed.size(), 0);
     }
 
+    void aPanelThatComesWhileItsGroupClosesStays()
+    {
+        DockTree tree(u"H(a)"_qs);
+        auto* first = new StubbornPanel;
+        first->show();
+        tree.play(u"dock x s right, dock y x bottom"_qs);
+        first->stays = false;
+        first->whenAsked = [&tree] { tree.play(u"undock x"_qs); }; // y takes its group's place
+        tree["^s"]->close();
+        settle();
+        QCOMPARE(tree.text(), u"H(a) x y"_qs);
+    }
+
     void whatTheHostKeepsLeavesAsItCloses()
     {
         for (const auto& [start, close, end] :
@@ -318,19 +337,20 @@ private Q_SLOTS:
 
     void whatTheHostKeepsOutlivesGroupsAndTheMainWindow()
     {
-        DockTree tree(u"H(a T(b x) V(c y)) z"_qs);
-        tree.play(u"keep x, keep y, keep z"_qs);
+        DockTree tree(u"H(a T(b x) V(c T(bar1 d))) z"_qs); // the bar has never been seen
+        tree.play(u"keep x, keep bar1, keep z"_qs);
         const std::unique_ptr<DockableWindow> kept[] = {
             std::unique_ptr<DockableWindow>(tree["x"]),
-            std::unique_ptr<DockableWindow>(tree["y"]),
+            std::unique_ptr<DockableWindow>(tree["bar1"]),
             std::unique_ptr<DockableWindow>(tree["z"])};
         delete tree["^x"];
-        QVERIFY(kept[0]->isFloating() && kept[0]->sizePolicy() == kept[1]->sizePolicy());
+        QVERIFY(kept[0]->isFloating() && kept[0]->sizePolicy() == kept[2]->sizePolicy());
         tree.destroy();
         for (const auto& panel : kept) {
             QVERIFY(!panel->parentWidget() && panel->isHidden());
             QVERIFY(!panel->header()->isHidden());
         }
+        QVERIFY(kept[1]->maximumHeight() < 100); // its own limits hold again
     }
 
     void aWindowForgetsWhatItWasLikeBeforeItDocked()
