@@ -243,6 +243,19 @@ private Q_SLOTS:
         QVERIFY(!desk.a->dockInArea(guest, Area::Left) && !guest);
     }
 
+    void maximisingEndsWhereAHiddenPanelRestoresTheOthers()
+    {
+        DockTree tree(u"H(a b c)"_qs);
+        const auto restores = [](QObject* /*watched*/, QEvent* event) {
+            if (event->type() == QEvent::Hide) {
+                ui::restorePanels();
+            }
+            return false;
+        };
+        ui::installEventFilter(tree["b"], restores, tree["b"]);
+        QVERIFY(!ui::maximizePanel(tree["a"]) && tree["c"]->isVisible());
+    }
+
     void headersTakeTheFocusFromKeysOnly()
     {
         Desk desk;
