@@ -216,11 +216,11 @@ private:
     void changeLook(const DockStep& s)
     {
         DockableWindow& target = *some(s.a);
-        target.setText(u"t%1"_qs.arg(s.b));
         target.setDim(s.b % 2 == 0);
         target.setFocusFrameVisible(s.b % 3 == 0);
         target.flashFocusColor(Qt::red);
         target.setHeaderVisible(s.b % 4 != 0);
+        target.setText(u"t%1"_qs.arg(s.b)); // which a slot may answer by deleting it
     }
     static void remove(DockableWindow* window)
     {

@@ -432,6 +432,10 @@ private:
             m_indicators += indicator->isVisible() ? 1 : 0;
         }
         check(window.updatesEnabled(), window, "updates are off");
+        QWidget* focus = window.focusWidget(); // which may no longer live: compared only
+        const bool own =
+            !focus || focus == &window || window.findChildren<QWidget*>().contains(focus);
+        check(own, window, "remembers the focus of what has left");
         DockableWindow* above = window.findDockableParent();
         const QString claim = (hasOwnSizePolicy(window) ? u"has its size policy in "_qs
                                                         : u"has no size policy in "_qs)

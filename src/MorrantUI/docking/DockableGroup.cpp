@@ -114,6 +114,7 @@ void DockableGroup::release(DockableWindow& child)
 
 void DockableGroup::handOver(DockableWindow& child)
 {
+    ui::docking::forgetFocusIn(child);
     if (child.m_directionHandedDown) {
         child.unsetLayoutDirection();
         child.m_directionHandedDown = false;

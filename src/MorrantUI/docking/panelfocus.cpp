@@ -141,6 +141,16 @@ void offerFocus(DockableWindow& panel)
     }
 }
 
+void forgetFocusIn(QWidget& leaver)
+{
+    QWidget* above = leaver.isWindow() ? nullptr : leaver.parentWidget();
+    for (; above; above = above->isWindow() ? nullptr : above->parentWidget()) {
+        if (QWidget* focus = above->focusWidget(); focus && isIn(leaver, *focus)) {
+            focus->clearFocus();
+        }
+    }
+}
+
 QWidget& titleWidget(DockableWindow& window)
 {
     if (window.header() && !window.header()->isHidden()) {

@@ -29,6 +29,10 @@ void enterByClick(DockableWindow& window);
 /// header or tab.
 void offerFocus(DockableWindow& panel);
 
+/// Before a child leaves: nothing around remembers that something in it had the focus. Qt asks the
+/// child alone, which may remember another widget than the windows around, or none.
+void forgetFocusIn(QWidget& leaver);
+
 /// What shows the window's title: its header or else its tab; itself, if nothing does.
 QWidget& titleWidget(DockableWindow& window);
 
