@@ -213,11 +213,6 @@ bool DockableDragHandler::mouseReleased(QObject* watched, const QMouseEvent& eve
     if (m_state == State::Pressed && m_pressedAgain && m_window) {
         QMetaObject::invokeMethod(m_window, &DockableWindow::toggleFloating, Qt::QueuedConnection);
     }
-    if (isDragging() && m_hoverIsNew && !m_replayed) {
-        // A busy system hands many moves over as one, and no zone is lit by the first over a
-        // target.
-        updateHoverWindow();
-    }
     const QPointer<QObject> receiver(watched);
     const QPointer<DockableDragHandler> self(this);
     finish(Ending::Drop); // where a slot may wait for other clicks, in a dialog
@@ -389,7 +384,6 @@ void DockableDragHandler::updateHoverWindow()
     if (DockableWindow* before = hoverWindow(); before && before != window) {
         before->hideIndicators();
     }
-    m_hoverIsNew = m_hoverWindow != window;
     m_hoverWindow = window;
     if (window) {
         const bool refused = !window->canTake(m_window);

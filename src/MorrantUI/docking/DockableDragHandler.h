@@ -106,7 +106,6 @@ private:
     bool m_replayed = false;     ///< the press, by a host; the system's moves know nothing of it
     QPoint m_startPosition;      ///< in the window
     std::unique_ptr<ui::docking::DragOrigin> m_origin; ///< of the last drag
-    bool m_hoverIsNew = false;       ///< only the last move came to the hover window
     QPointer<QObject> m_hoverWindow; ///< a dockable window, unless it is being destroyed
     QPointer<QObject> m_gesture;     ///< the application filter, from press to release
 };
