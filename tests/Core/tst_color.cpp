@@ -4,8 +4,6 @@
 #include <Core/Color.h>
 #include <Core/num2.h>
 
-#include <QColor>
-
 class ColorTest : public ui::test::TestCase
 {
     Q_OBJECT

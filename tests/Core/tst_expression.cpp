@@ -5,7 +5,6 @@
 
 #include <clocale>
 #include <locale>
-#include <string>
 
 using Cases = std::initializer_list<std::pair<const char*, double>>;
 

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/paths.h"
 
 #include <Core/FontRegistry.h>
-
-#include <QFile>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -54,8 +50,7 @@ private Q_SLOTS:
         Paths reported;
         registry.setFontFileCallback(appendTo(reported));
         QVERIFY(!registry.addFont(path.toStdString()));
-        QVERIFY(!registry.addFont(folder.path().toStdString()));
-        QVERIFY(!registry.addFont({}));
+        QVERIFY(!registry.addFont(folder.path().toStdString()) && !registry.addFont({}));
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no font") > 0);
         file.close();
@@ -63,8 +58,7 @@ private Q_SLOTS:
         QVERIFY(reported.empty() && registry.families().empty());
 
         // A font that takes the place of the bad file is found.
-        QVERIFY(file.remove());
-        QVERIFY(QFile::copy(QString::fromStdString(testFont()), path));
+        QVERIFY(file.remove() && QFile::copy(QString::fromStdString(testFont()), path));
         QVERIFY(registry.addFont(path.toStdString()));
         QCOMPARE(reported, Paths{path.toStdString()});
     }

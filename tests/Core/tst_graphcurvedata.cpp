@@ -3,8 +3,6 @@
 
 #include <Core/GraphCurveData.h>
 
-#include <random>
-
 using morrant::KeyInterpolationType;
 
 namespace {

@@ -3,8 +3,6 @@
 
 #include <Core/native.h>
 
-#include <utility>
-
 class ToNativeTest : public ui::test::TestCase
 {
     Q_OBJECT

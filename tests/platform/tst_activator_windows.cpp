@@ -4,10 +4,6 @@
 #include "support/TestCase.h"
 #include <MorrantUI/platform/notifications.h>
 
-#include <QThread>
-
-#include <memory>
-#include <optional>
 #include <stdexcept>
 
 using ui::test::Activator;

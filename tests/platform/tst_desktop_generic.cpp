@@ -2,15 +2,8 @@
 #include "support/TestCase.h"
 #include <MorrantUI/platform/native.h>
 
-#include <QGuiApplication>
-#include <QWidget>
-
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <string>
-#include <vector>
 #include <xcb/xcb.h>
 
 namespace native = morrant::native;

@@ -2,9 +2,6 @@
 #include "support/TestCase.h"
 #include <MorrantUI/platform/native.h>
 
-#include <QGuiApplication>
-#include <QWidget>
-
 #include <windows.h>
 
 namespace native = morrant::native;

@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
 
-#include <QGuiApplication>
-#include <QProcess>
-
-#include <memory>
-
 /// The desktop's service is a real one, on a bus of its own that nobody else sees.
 class NotificationsTest : public ui::test::TestCase
 {

@@ -5,12 +5,6 @@
 #include "support/TestCase.h"
 #include <MorrantUI/platform/notifications.h>
 
-#include <QThread>
-
-#include <memory>
-#include <tuple>
-#include <vector>
-
 /// Sends on the real path: the runtime finds the fake's classes by itself.
 class NotificationsTest : public ui::test::TestCase
 {

@@ -2,13 +2,7 @@
 #include "RegistryKey.h"
 #include "faketoast/FakeToast.h"
 #include "support/TestCase.h"
-#include "support/paths.h"
 #include <MorrantUI/platform/notifications.h>
-
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <optional>
 
 using ui::test::RegistryKey;
 

@@ -2,9 +2,6 @@
 #include "support/TestCase.h"
 #include <MorrantUI/platform/TerminationWatch.h>
 
-#include <QCoreApplication>
-#include <QSignalSpy>
-
 #include <csignal>
 
 class TerminationWatchTest : public ui::test::TestCase

@@ -3,12 +3,6 @@
 #include "MorrantUI/platform/windowsystem.h"
 #include "support/TestCase.h"
 
-#include <QApplication>
-#include <QDialog>
-#include <QWindow>
-
-#include <utility>
-
 using morrant::native::WindowWishes;
 
 namespace {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/FakeClock.h"
 
-#include <QAbstractAnimation>
-#include <QPointer>
-#include <QTimer>
+#include <QtWidgets>
 
 namespace ui::test {
 

@@ -3,10 +3,6 @@
 
 #include <MorrantUI/controls/gestures/modifiers.h>
 
-#include <QApplication>
-#include <QMouseEvent>
-#include <QWindow>
-
 #include <algorithm>
 #include <cstdlib>
 
@@ -48,11 +44,16 @@ void FakePointer::release(Qt::MouseButton button)
     send(QEvent::MouseButtonRelease, button);
 }
 
-void FakePointer::click(QPoint position)
+void FakePointer::press(QPoint position, Qt::MouseButton button)
 {
     moveTo(position);
-    press();
-    release();
+    press(button);
+}
+
+void FakePointer::click(QPoint position, Qt::MouseButton button)
+{
+    press(position, button);
+    release(button);
 }
 
 void FakePointer::dragTo(QPoint position, int step)
@@ -64,6 +65,12 @@ void FakePointer::dragTo(QPoint position, int step)
     for (int i = 1; i <= steps; ++i) {
         moveTo(start + QPoint(way.x() * i / steps, way.y() * i / steps));
     }
+}
+
+void FakePointer::drop(QPoint position, int step)
+{
+    dragTo(position, step);
+    release();
 }
 
 void FakePointer::send(QEvent::Type type, Qt::MouseButton button)
@@ -82,6 +89,26 @@ void FakePointer::send(QEvent::Type type, Qt::MouseButton button)
         m_buttons,
         m_modifiers);
     QCoreApplication::sendEvent(window, &event);
+}
+
+bool turnWheel(QWidget& over, QPoint at, QPoint angle, Qt::KeyboardModifiers held, QPoint pixels)
+{
+    const QPointF global = over.mapToGlobal(QPointF(at));
+    QWheelEvent event(at, global, pixels, angle, {}, held, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&over, &event);
+    return event.isAccepted();
+}
+
+bool dropOn(QWidget& target, const QMimeData& data)
+{
+    const auto takes = [&target](QDropEvent&& event) {
+        event.ignore();
+        QCoreApplication::sendEvent(&target, &event);
+        return event.isAccepted();
+    };
+    const QPoint at(5, 5);
+    return takes(QDragEnterEvent(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier))
+           && takes(QDropEvent(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier));
 }
 
 } // namespace ui::test

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QEvent>
-#include <QPoint>
-#include <QPointer>
-#include <QWidget>
+#include <QtWidgets>
 
 namespace ui::test {
 
@@ -19,13 +16,17 @@ public:
 
     void moveTo(QPoint position);
     void press(Qt::MouseButton button = Qt::LeftButton);
+    /// Moves there and presses.
+    void press(QPoint position, Qt::MouseButton button = Qt::LeftButton);
     void release(Qt::MouseButton button = Qt::LeftButton);
 
     /// Moves there, presses and releases.
-    void click(QPoint position);
+    void click(QPoint position, Qt::MouseButton button = Qt::LeftButton);
 
     /// Moves in straight steps of at most `step` pixels.
     void dragTo(QPoint position, int step = 5);
+    /// The same, and releases there.
+    void drop(QPoint position, int step = 5);
 
     void setModifiers(Qt::KeyboardModifiers modifiers) { m_modifiers = modifiers; }
     /// The same, also for those who ask the keyboard while the pointer lives.
@@ -41,6 +42,15 @@ private:
     Qt::KeyboardModifiers m_modifiers;
     bool m_holds = false;
 };
+
+/// Turns the wheel over a point of a widget, or a touchpad by pixels.
+/// @return whether that was taken
+bool turnWheel(
+    QWidget& over, QPoint at, QPoint angle, Qt::KeyboardModifiers held = {}, QPoint pixels = {});
+
+/// Sends what a drag that comes in and is dropped sends.
+/// @return whether the drop was taken
+bool dropOn(QWidget& target, const QMimeData& data);
 
 /// Clicks the middle of a widget.
 inline void click(QWidget* widget)

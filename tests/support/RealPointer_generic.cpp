@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/RealPointer.h"
 
-#include <QCursor>
-#include <QGuiApplication>
-#include <QProcess>
-#include <QScreen>
-#include <QStandardPaths>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <utility>

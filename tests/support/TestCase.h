@@ -1,19 +1,45 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "support/FakeClock.h"
+#include "support/FakePointer.h"
 #include "support/LogSink.h"
 #include "support/TestRegistry.h"
+#include "support/paths.h"
+#include "support/pixels.h"
 
-#include <QObject>
 #include <QtTest>
+#include <QtWidgets>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <random>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace ui::test {
+
+/// Also where no window manager makes what is shown active.
+inline void showActive(QWidget& widget)
+{
+    widget.show();
+    widget.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&widget));
+}
 
 /// Base of every test class. A test function fails when the library logs a line that the test did
 /// not take with LogSink::take(), or when Qt warns about something other than what its off-screen
 /// plug-in lacks.
 ///
-/// A class that needs its own init() or cleanup() calls these first.
+/// A class that needs its own init() or cleanup() calls these first. This header brings what most
+/// tests need of Qt, of the standard library and of the tests' support.
 class TestCase : public QObject
 {
     Q_OBJECT

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QColor>
-#include <QImage>
-#include <QPointF>
+#include <QtWidgets>
 
 class QWidget;
 

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/paths.h"
 #include "support/themes.h"
 #include "theme/contrast.h"
 #include "theme/words.h"
 #include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <Core/FontRegistry.h>
-
-#include <QImage>
-
-#include <tuple>
 
 using ui::test::words;
 

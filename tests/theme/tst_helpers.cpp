@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include <MorrantUI/theme/OverrideCursor.h>
-#include <MorrantUI/theme/events.h>
-#include <MorrantUI/theme/palettes.h>
-#include <MorrantUI/theme/screens.h>
-
-#include <QApplication>
-#include <QScreen>
-
-#include <limits>
-#include <optional>
+#include <MorrantUI/MorrantUI.h>
 
 namespace {
 

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/pixels.h"
 #include "support/themes.h"
-#include <MorrantUI/theme/VisualDesignBase.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/images.h>
 
 #include <include/core/SkBitmap.h>
 #include <include/core/SkImageInfo.h>
-
-#include <limits>
-#include <tuple>
 
 using ui::test::closeTo;
 

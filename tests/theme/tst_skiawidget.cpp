@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/pixels.h"
 #include <MorrantUI/theme/SkiaQWidgetAdapter.h>
 #include <MorrantUI/theme/pixels.h>
-
-#include <QPainter>
 
 #include <include/core/SkCanvas.h>
 #include <include/core/SkImageInfo.h>
 #include <include/core/SkPaint.h>
-
-#include <algorithm>
-#include <array>
-#include <functional>
 
 using ui::test::closeTo;
 using ui::test::pixelAt;

@@ -1,21 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/paths.h"
-#include "support/pixels.h"
 #include "support/themes.h"
 #include "theme/ApplicationLook.h"
 #include "theme/contrast.h"
-#include <MorrantUI/theme/Style.h>
-#include <MorrantUI/theme/VisualDesignDark.h>
-#include <MorrantUI/theme/drawing.h>
-#include <MorrantUI/theme/palettes.h>
-
-#include <QtWidgets>
-
-#include <algorithm>
-#include <limits>
-#include <tuple>
-#include <utility>
+#include <MorrantUI/MorrantUI.h>
 
 using ui::test::pixelAt;
 using ui::test::renderWidget;

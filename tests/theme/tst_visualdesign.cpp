@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/paths.h"
 #include "support/themes.h"
 #include "theme/ApplicationLook.h"
 #include "theme/words.h"
-#include <MorrantUI/theme/Style.h>
-#include <MorrantUI/theme/VisualDesignDark.h>
-#include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/icons.h>
-#include <MorrantUI/theme/themesettings.h>
-
-#include <QtWidgets>
+#include <MorrantUI/MorrantUI.h>
 
 using ui::test::words;
 
@@ -206,15 +199,13 @@ private Q_SLOTS:
         themeFrom("{}");
         const QString name = u"icons:late.png"_qs;
         const QString line = u"debug: File doesn't exist: icons:late.png"_qs;
-        QVERIFY(ui::getCachedIcon(name).isNull());
-        QVERIFY(ui::getCachedPixmap(name).isNull());
+        QVERIFY(ui::getCachedIcon(name).isNull() && ui::getCachedPixmap(name).isNull());
         QCOMPARE(takeLog(), (QStringList{line, line}));
 
         writeIcon(u"late.png"_qs, 8, Qt::red);
         const qint64 key = ui::getCachedIcon(name).cacheKey();
         const QString path = assetPath(u"Icons/late.png"_qs);
-        QVERIFY(QFile::remove(path));
-        QVERIFY(!ui::getCachedIcon(name).isNull());
+        QVERIFY(QFile::remove(path) && !ui::getCachedIcon(name).isNull());
         QCOMPARE(ui::getCachedIcon(name).cacheKey(), key);
         QVERIFY(ui::getCachedIcon(path).isNull()); // the cache goes by the exact path
         QCOMPARE(takeLog().size(), 1);

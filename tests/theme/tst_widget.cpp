@@ -1,14 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/pixels.h"
 #include <MorrantUI/theme/Widget.h>
 #include <MorrantUI/theme/painting.h>
-
-#include <QLabel>
-#include <QLayout>
-
-#include <functional>
-#include <limits>
 
 using ui::test::closeTo;
 using ui::test::pixelAt;

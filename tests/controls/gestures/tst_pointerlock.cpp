@@ -6,18 +6,6 @@
 
 using namespace ui::test;
 
-namespace {
-
-/// Also where no window manager makes what is shown active.
-bool showActive(QWidget& window)
-{
-    window.show();
-    window.activateWindow();
-    return QTest::qWaitForWindowActive(&window);
-}
-
-} // namespace
-
 class PointerLockTest : public TestCase
 {
     Q_OBJECT
@@ -42,7 +30,7 @@ private Q_SLOTS:
             const QPointer<PointerLock> lock = new PointerLock(widget, &window);
             lock->lock();
             QVERIFY(!lock->locked() && lock->confiningRect().isEmpty()); // never shown
-            QVERIFY(showActive(window));
+            showActive(window);
             lock->lock();
             const QRect rect = lock->confiningRect();
             const int margin = int(15 * window.devicePixelRatio());
@@ -56,7 +44,7 @@ private Q_SLOTS:
             // A lock that has lost its hold takes none from another.
             system.frame = {100, 100, 400, 300};
             QWidget otherWindow;
-            QVERIFY(showActive(otherWindow));
+            showActive(otherWindow);
             PointerLock other(&otherWindow);
             other.lock();
             delete lock;
@@ -70,7 +58,7 @@ private Q_SLOTS:
     {
         FakePointerSystem system(Drive::RawInput);
         DragStage stage;
-        QVERIFY(showActive(stage.window));
+        showActive(stage.window);
         PointerLock lock(&stage.window);
         lock.lock();
         const auto locked = system.clip;
@@ -90,7 +78,7 @@ private Q_SLOTS:
     {
         QWidget window;
         window.setGeometry(100, 100, 300, 200);
-        QVERIFY(showActive(window));
+        showActive(window);
         PointerLock lock(&window);
         lock.lock();
         QCOMPARE(lock.locked(), RealPointer::available());
