@@ -4,17 +4,7 @@
 #include "controls/PaintCounter.h"
 #include "controls/SignalRecord.h"
 #include "controls/StyledApplication.h"
-#include "support/FakeClock.h"
-#include "support/FakePointer.h"
-#include "support/pixels.h"
 #include <MorrantUI/theme/colors.h>
-
-#include <QSignalSpy>
-#include <QtWidgets>
-
-#include <cmath>
-#include <limits>
-#include <memory>
 
 namespace ui::test {
 
@@ -43,22 +33,12 @@ struct Bench
         control->setGeometry({{10, 10}, size});
         other->setGeometry(10, size.height() + 20, 100, 24);
         window->setGeometry(30, 30, std::max(200, size.width() + 40), size.height() + 60);
-        window->show();
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        showActive(*window);
         other->setFocus();
     }
 
-    void press(QPoint at)
-    {
-        pointer.moveTo(at);
-        pointer.press();
-    }
-    void click(QPoint at)
-    {
-        press(at);
-        pointer.release();
-    }
+    void press(QPoint at) { pointer.press(at); }
+    void click(QPoint at) { pointer.click(at); }
 
     /// What a user does, a word each: "in" by Tab, "out" to the other field, "click" into the
     /// middle of `entry`, "@5,10" presses there, ">40,10" drags there, "~40,10" goes there at once,
@@ -116,8 +96,7 @@ private:
         } else if (word == u"up"_qs) {
             pointer.release();
         } else if (word == u"click"_qs || word[0] == u'@') {
-            pointer.moveTo(word[0] == u'@' ? point() : entry->rect().center());
-            pointer.press();
+            pointer.press(word[0] == u'@' ? point() : entry->rect().center());
             word[0] == u'@' ? void() : pointer.release();
         } else if (word[0] == u'>') {
             pointer.dragTo(point());

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QByteArray>
-#include <QObject>
+#include <QtWidgets>
 
 #include <functional>
 #include <utility>

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "support/TestCase.h"
-#include "support/paths.h"
 #include "support/themes.h"
 #include "theme/ApplicationLook.h"
 #include <MorrantUI/theme/VisualDesignDark.h>

@@ -1,23 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/values/typednumber.h"
 #include "support/TestCase.h"
-#include <MorrantUI/controls/buttons/segmentgeometry.h>
-#include <MorrantUI/controls/buttons/switchgeometry.h>
-#include <MorrantUI/controls/gestures/modifiers.h>
-#include <MorrantUI/controls/values/colortext.h>
-#include <MorrantUI/controls/values/padmath.h>
-#include <MorrantUI/controls/values/slidermath.h>
-#include <MorrantUI/controls/values/valueformat.h>
-
-#include <QMimeData>
-#include <QPainterPath>
+#include <MorrantUI/MorrantUI.h>
 
 #include <climits>
-#include <cmath>
-#include <limits>
 #include <numbers>
-#include <tuple>
-#include <vector>
 
 namespace {
 

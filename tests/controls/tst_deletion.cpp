@@ -1,23 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/controls/buttons/CheckBox.h>
-#include <MorrantUI/controls/buttons/GroupButton.h>
-#include <MorrantUI/controls/buttons/IconButton.h>
-#include <MorrantUI/controls/buttons/PushButton.h>
-#include <MorrantUI/controls/buttons/RolloverButton.h>
-#include <MorrantUI/controls/buttons/SegmentedButton.h>
-#include <MorrantUI/controls/buttons/ToggleSwitch.h>
-#include <MorrantUI/controls/buttons/ToolButton.h>
-#include <MorrantUI/controls/values/AnglePad.h>
-#include <MorrantUI/controls/values/AttributeRow.h>
-#include <MorrantUI/controls/values/ColorSwatch.h>
-#include <MorrantUI/controls/values/JoystickPad.h>
-#include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/controls/values/RenamableLabel.h>
-#include <MorrantUI/controls/values/RolloverLabel.h>
-#include <MorrantUI/controls/values/SliderField.h>
+#include <MorrantUI/MorrantUI.h>
 
-#include <functional>
 #include <type_traits>
 
 using ui::test::Bench;

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/controls/buttons/GroupButton.h>
-#include <MorrantUI/controls/buttons/IconButton.h>
-#include <MorrantUI/controls/buttons/PushButton.h>
-#include <MorrantUI/controls/buttons/RolloverButton.h>
-#include <MorrantUI/controls/buttons/ToolButton.h>
+#include <MorrantUI/MorrantUI.h>
 
 using ui::test::closeTo;
 using ui::test::pixelAt;

@@ -1,23 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/connections/connectiongeometry.h"
 #include "controls/KthSignal.h"
-#include "support/FakeClock.h"
-#include "support/FakePointer.h"
 #include "support/TestCase.h"
-#include "support/paths.h"
-#include "support/pixels.h"
 #include "support/themes.h"
-#include <MorrantUI/controls/connections/ConnectionInstance.h>
-#include <MorrantUI/controls/connections/ConnectionReceiver.h>
-#include <MorrantUI/controls/connections/PickWhip.h>
-#include <MorrantUI/theme/VisualDesignDark.h>
-#include <MorrantUI/theme/colors.h>
-
-#include <QDialog>
-#include <QSignalSpy>
-#include <QWheelEvent>
-
-#include <functional>
+#include <MorrantUI/MorrantUI.h>
 
 using namespace ui::test;
 using State = ConnectionInstance::State;
@@ -81,8 +67,7 @@ struct Stage
     /// Drags from the connector to a point of the window.
     QPointer<ConnectionInstance> dragTo(QPoint position)
     {
-        pointer.moveTo(whip->geometry().center());
-        pointer.press();
+        pointer.press(whip->geometry().center());
         pointer.dragTo(whip->geometry().center() + QPoint(20, 0));
         log.clear();
         pointer.moveTo(position);
@@ -260,16 +245,13 @@ private Q_SLOTS:
         const QSignalSpy menus(&stage.window, &QWidget::customContextMenuRequested);
         const QSignalSpy clicks(stage.whip, &QAbstractButton::clicked);
         const QPoint center = stage.whip->geometry().center();
-        stage.pointer.moveTo(center);
-        stage.pointer.press();
+        stage.pointer.press(center);
         stage.pointer.moveTo(center + QPoint(2, 1)); // an unsteady hand
         stage.pointer.release();
         QCOMPARE(clicks.count(), 1);
         stage.dragTo(kNowhere);
         for (const int opened : {0, 1}) { // the next one opens it again
-            stage.pointer.moveTo(kNowhere);
-            stage.pointer.press(Qt::RightButton);
-            stage.pointer.release(Qt::RightButton);
+            stage.pointer.click(kNowhere, Qt::RightButton);
             stage.pointer.moveTo(center);
             stage.pointer.release();
             QVERIFY(menus.count() == opened && clicks.count() == 1);

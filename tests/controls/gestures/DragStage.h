@@ -2,14 +2,9 @@
 #pragma once
 
 #include "controls/KthSignal.h"
-#include "support/FakePointer.h"
 #include "support/FakePointerSystem.h"
 #include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
-
-#include <QMouseEvent>
-#include <QPointingDevice>
-#include <QtTest>
 
 namespace ui::test {
 
@@ -42,11 +37,7 @@ struct DragStage
             });
     }
 
-    void press(QPoint at = {50, 50})
-    {
-        mouse.moveTo(at);
-        mouse.press();
-    }
+    void press(QPoint at = {50, 50}) { mouse.press(at); }
 
     /// A motion of the mouse, in logical pixels, as every kind of drag may hear of it.
     void move(QPoint delta)

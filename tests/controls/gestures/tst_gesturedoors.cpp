@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "support/FakePointer.h"
 #include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/GestureDoors.h>
 #include <MorrantUI/theme/events.h>
-
-#include <QApplication>
-#include <QDialog>
-#include <QGraphicsView>
-#include <QMenu>
 
 using namespace ui::test;
 using Door = GestureDoors::Door;
@@ -38,8 +32,7 @@ struct Stage
         window.show();
         window.activateWindow();
         widget->setFocus();
-        pointer.moveTo({50, 50});
-        pointer.press(hold.button == Qt::NoButton ? Qt::LeftButton : hold.button);
+        pointer.press({50, 50}, hold.button == Qt::NoButton ? Qt::LeftButton : hold.button);
         doors->watch(
             widget, [this](Door door) { opened << door; }, hold);
     }
@@ -155,9 +148,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&unrelated));
         for (const Qt::WindowModality modality : {Qt::WindowModal, Qt::ApplicationModal}) {
             dialog.setWindowModality(modality);
-            dialog.show();
-            dialog.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            showActive(dialog);
             QVERIFY(!GestureDoors::mayBegin(*stage.widget) && GestureDoors::mayBegin(dialog));
             QCOMPARE(GestureDoors::mayBegin(unrelated), modality == Qt::WindowModal);
             dialog.hide();

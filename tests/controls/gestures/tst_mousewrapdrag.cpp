@@ -4,9 +4,6 @@
 #include <MorrantUI/controls/gestures/nativemouse.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 
-#include <QApplication>
-#include <QScreen>
-
 using namespace ui::test;
 using Act = std::function<void(DragStage&)>;
 

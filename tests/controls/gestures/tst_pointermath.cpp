@@ -3,8 +3,6 @@
 #include <MorrantUI/controls/gestures/pointermath.h>
 
 #include <deque>
-#include <random>
-#include <tuple>
 
 using ui::RawMouseRecord;
 

@@ -3,12 +3,7 @@
 #include "support/RealPointer.h"
 #include <MorrantUI/controls/gestures/NativeMouseTracker.h>
 
-#include <QAbstractEventDispatcher>
-
 #include <windows.h>
-
-#include <algorithm>
-#include <vector>
 
 using namespace ui::test;
 

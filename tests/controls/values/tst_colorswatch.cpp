@@ -3,8 +3,7 @@
 #include <MorrantUI/controls/values/ColorSwatch.h>
 #include <MorrantUI/controls/values/colortext.h>
 
-#include <functional>
-
+using ui::test::dropOn;
 using ui::test::renderWidget;
 
 namespace {
@@ -48,20 +47,6 @@ struct Panel : ui::test::Bench<CountingSwatch>
         pointer.dragTo({to, 10});
     }
 };
-
-/// Sends what a drag of `data` over the middle of a swatch and its drop send.
-/// @return whether the drop was taken
-bool drop(ColorSwatch& swatch, const QMimeData& data)
-{
-    const auto takes = [&](QDropEvent&& event) {
-        event.ignore();
-        QCoreApplication::sendEvent(&swatch, &event);
-        return event.isAccepted();
-    };
-    const QPoint middle = swatch.rect().center();
-    return takes(QDragEnterEvent(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier))
-           && takes(QDropEvent(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier));
-}
 
 } // namespace
 
@@ -173,16 +158,16 @@ private Q_SLOTS:
             Panel source;
             const auto carried = ui::colorMimeData(Qt::blue);
             source.control->whileCarried = [&] {
-                QVERIFY(!drop(*source.control, *carried)); // it does not take back its own
+                QVERIFY(!dropOn(*source.control, *carried)); // it does not take back its own
                 ColorSwatch other;
-                QVERIFY(drop(other, *carried));
+                QVERIFY(dropOn(other, *carried));
                 if (goes) {
                     delete source.control.data();
                 }
             };
             source.carry(10, 50);
             QCOMPARE(source.control.isNull(), goes);
-            QVERIFY(goes || drop(*source.control, *carried));
+            QVERIFY(goes || dropOn(*source.control, *carried));
         }
     }
 
@@ -210,13 +195,13 @@ private Q_SLOTS:
         Panel panel;
         const auto data = ui::colorMimeData(QColor(0, 0, 255, 100));
         for (int i = 0; i < 2; ++i) {
-            QVERIFY(drop(*panel.control, *data));
+            QVERIFY(dropOn(*panel.control, *data));
             QCOMPARE(panel.control->value(), QColor(0, 0, 255, 100));
         }
         QCOMPARE(panel.said(), QByteArray("C"));
         QMimeData words;
         words.setText(u"nothing of the kind"_qs);
-        QVERIFY(!drop(*panel.control, words));
+        QVERIFY(!dropOn(*panel.control, words));
         QEvent pointerGone(QEvent::Leave); // a drop leaves the pointer over the swatch
         QCoreApplication::sendEvent(panel.control, &pointerGone);
         const QImage rest = renderWidget(*panel.control);
@@ -234,7 +219,7 @@ private Q_SLOTS:
         panel.control->setValue(QColor(10, 20, 30, 40));
         panel.control->setAlphaEnabled(false);
         QCOMPARE(panel.control->value(), QColor(10, 20, 30));
-        drop(*panel.control, *ui::colorMimeData(QColor(1, 2, 3, 4)));
+        dropOn(*panel.control, *ui::colorMimeData(QColor(1, 2, 3, 4)));
         QCOMPARE(panel.control->value(), QColor(1, 2, 3));
         panel.control->click();
         QVERIFY(!panel.dialog()->testOption(QColorDialog::ShowAlphaChannel));

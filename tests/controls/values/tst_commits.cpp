@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/controls/buttons/CheckBox.h>
-#include <MorrantUI/controls/buttons/KeyframeButton.h>
-#include <MorrantUI/controls/buttons/ToggleSwitch.h>
-#include <MorrantUI/controls/values/AnglePad.h>
-#include <MorrantUI/controls/values/AttributeRow.h>
-#include <MorrantUI/controls/values/ColorSwatch.h>
-#include <MorrantUI/controls/values/JoystickPad.h>
-#include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/controls/values/RenamableLabel.h>
-#include <MorrantUI/controls/values/SliderField.h>
+#include <MorrantUI/MorrantUI.h>
 
 using ui::test::Bench;
 

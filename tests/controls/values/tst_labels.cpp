@@ -4,8 +4,6 @@
 #include <MorrantUI/controls/values/RenamableLabel.h>
 #include <MorrantUI/controls/values/RolloverLabel.h>
 
-#include <functional>
-
 namespace {
 
 struct Named : ui::test::Bench<RenamableLabel>

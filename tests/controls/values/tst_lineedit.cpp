@@ -2,8 +2,6 @@
 #include "controls/ControlBench.h"
 #include <MorrantUI/controls/values/LineEdit.h>
 
-#include <QIntValidator>
-
 namespace {
 
 using Form = ui::test::Bench<LineEdit>;

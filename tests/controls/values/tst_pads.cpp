@@ -139,11 +139,7 @@ private Q_SLOTS:
             QCOMPARE(dial.said(), QByteArray("C")); // complete, and not a drag
         }
         dial.play("Backspace Alt+Up");
-        const QPointF at(50, 50);
-        const QPointF global = dial.control->mapToGlobal(at);
-        QWheelEvent wheel(at, global, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(dial.control, &wheel);
-        QVERIFY(!wheel.isAccepted());
+        QVERIFY(!ui::test::turnWheel(*dial.control, {50, 50}, {0, 120}));
         QCOMPARE(dial.said(), QByteArray());
 
         const std::tuple<const char*, Pair> moves[] = {

@@ -145,8 +145,7 @@ private Q_SLOTS:
         QCOMPARE(panel.said(), QByteArray());
         ui::test::FakePointer inField(panel.control->field());
         panel.play("out");
-        inField.moveTo({10, 10});
-        inField.press();
+        inField.press({10, 10});
         inField.dragTo({40, 10});
         QVERIFY(panel.control->isDragging());
         inField.release();
