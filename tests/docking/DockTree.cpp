@@ -10,13 +10,8 @@
 #include <MorrantUI/docking/SolidSplitter.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 
-#include <QApplication>
-#include <QBoxLayout>
-#include <QMenu>
-#include <QMouseEvent>
-#include <QStackedWidget>
-#include <QTimer>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>

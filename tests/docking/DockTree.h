@@ -4,10 +4,6 @@
 #include "docking/Hand.h"
 #include <MorrantUI/docking/DockableTabGroup.h>
 
-#include <QString>
-#include <QStringList>
-#include <QWidget>
-
 #include <functional>
 #include <memory>
 

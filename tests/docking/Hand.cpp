@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/Hand.h"
 
-#include <QCoreApplication>
-#include <QCursor>
-#include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QScreen>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <utility>

@@ -3,11 +3,7 @@
 
 #include "support/RealPointer.h"
 
-#include <QEvent>
-#include <QPoint>
-#include <QPointer>
-#include <QWidget>
-#include <QWindow>
+#include <QtWidgets>
 
 #include <memory>
 

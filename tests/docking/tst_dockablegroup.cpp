@@ -4,8 +4,6 @@
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/theme/events.h>
 
-#include <QtWidgets>
-
 #include <functional>
 #include <random>
 
@@ -347,8 +345,7 @@ private Q_SLOTS:
         QVERIFY(kept[0]->isFloating() && kept[0]->sizePolicy() == kept[2]->sizePolicy());
         tree.destroy();
         for (const auto& panel : kept) {
-            QVERIFY(!panel->parentWidget() && panel->isHidden());
-            QVERIFY(!panel->header()->isHidden());
+            QVERIFY(!panel->parentWidget() && panel->isHidden() && !panel->header()->isHidden());
         }
         QVERIFY(kept[1]->maximumHeight() < 100); // its own limits hold again
     }
@@ -404,8 +401,7 @@ private Q_SLOTS:
         QVERIFY(!tree.root().close() && tree.root().isVisible());
         QCOMPARE(tree.text(), u"H(T(a s))"_qs); // all are still there
         stubborn->stays = false;
-        QVERIFY(tree.root().mayClose() && !stubborn->isClosing());
-        QVERIFY(tree.root().close());
+        QVERIFY(tree.root().mayClose() && !stubborn->isClosing() && tree.root().close());
         QCOMPARE(DockTree::text(tree.root()), u"H(T(a s))"_qs);
     }
 

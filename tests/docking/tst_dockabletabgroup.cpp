@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/DockTree.h"
-#include "support/FakeClock.h"
 #include "support/TestCase.h"
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DockableToolBarHeader.h>
-
-#include <QtWidgets>
-
-#include <functional>
-#include <utility>
 
 using namespace ui::test;
 using Area = DockableArea;
@@ -288,9 +282,7 @@ private Q_SLOTS:
         QVERIFY(isSeen(22) && !isSeen(0));
         QWidget* strip = tabs.tabAt(0)->parentWidget()->parentWidget();
         for (int notch = 0; notch < 60; ++notch) {
-            QWheelEvent wheel(
-                {5, 5}, strip->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, {}, false);
-            QApplication::sendEvent(strip, &wheel);
+            turnWheel(*strip, {5, 5}, {0, 120});
         }
         QVERIFY(isSeen(0) && !isSeen(22));
     }

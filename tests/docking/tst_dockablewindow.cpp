@@ -1,16 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/DockTree.h"
-#include "support/FakeClock.h"
 #include "support/TestCase.h"
-#include "support/pixels.h"
-#include <MorrantUI/docking/DockableTabHeader.h>
-#include <MorrantUI/docking/WindowDimmer.h>
-#include <MorrantUI/theme/FocusFrame.h>
-#include <MorrantUI/theme/colors.h>
-
-#include <QtWidgets>
-
-#include <utility>
+#include <MorrantUI/MorrantUI.h>
 
 using namespace ui::test;
 using Area = DockableArea;

@@ -6,8 +6,6 @@
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/arrangement.h>
 
-#include <QAccessible>
-
 using namespace ui::test;
 
 namespace {

@@ -5,10 +5,6 @@
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/DropIndicatorMain.h>
 
-#include <QApplication>
-#include <QPaintEvent>
-#include <QRegion>
-
 using namespace ui::test;
 using Area = DockableArea;
 
@@ -141,8 +137,7 @@ private Q_SLOTS:
                 // A fresh target's once more, for what lay below it.
                 const bool twice = step == 0 && before && counter.indicators == 2;
                 QVERIFY(counter.indicators == 1 || twice);
-                QVERIFY((counter.painted - allowed).isEmpty());
-                QVERIFY(counter.appeared.isEmpty());
+                QVERIFY((counter.painted - allowed).isEmpty() && counter.appeared.isEmpty());
                 allowed = onScreen(*panel);
             }
             before = panel;

@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/DockTree.h"
 #include "support/TestCase.h"
-#include "support/pixels.h"
-#include <MorrantUI/docking/DockableHeader.h>
-#include <MorrantUI/docking/DockableTabWidget.h>
-#include <MorrantUI/docking/DropIndicatorMain.h>
-#include <MorrantUI/docking/arrangement.h>
-#include <MorrantUI/theme/events.h>
-
-#include <QtWidgets>
+#include <MorrantUI/MorrantUI.h>
 
 #include <cstring>
-#include <memory>
 
 using namespace ui::test;
 using Area = DockableArea;
@@ -23,14 +15,12 @@ namespace {
 /// the first move only shows the zones; "first" moves once. Then drop, escape, lose (the release),
 /// click WINDOW, lock and unlock WINDOW, choose WINDOW ENTRY (of its menu), and what
 /// DockTree::play() knows.
-class Gestures
+class GestureTree : public DockTree
 {
 public:
-    explicit Gestures(DockTree& tree)
-        : m_tree(tree)
-    {}
+    using DockTree::DockTree;
 
-    QPoint out() const { return m_tree.root().geometry().bottomLeft() + QPoint(100, 150); }
+    QPoint out() { return root().geometry().bottomLeft() + QPoint(100, 150); }
 
     static QWidget& gripOf(DockableWindow& window)
     {
@@ -50,33 +40,33 @@ public:
     {
         const QStringList words = step.split(u' ');
         const QString& what = words.first();
-        DockableWindow* window = words.size() > 1 ? m_tree[words.at(1)] : nullptr;
+        DockableWindow* window = words.size() > 1 ? (*this)[words.at(1)] : nullptr;
         if (what == u"grab") {
-            m_tree.hand.press(gripOf(*window), kGrip);
+            hand.press(gripOf(*window), kGrip);
         } else if (what == u"to" || what == u"first") {
             const QPoint point = words.at(1) == u"out" ? out() : pointAt(words.at(1));
             if (what == u"to") {
-                m_tree.hand.moveTo(point - QPoint(1, 1));
+                hand.moveTo(point - QPoint(1, 1));
             }
-            m_tree.hand.moveTo(point);
+            hand.moveTo(point);
         } else if (what == u"drop") {
-            m_tree.hand.release();
+            hand.release();
         } else if (what == u"escape") {
-            m_tree.hand.pressEscape();
+            hand.pressEscape();
             QCoreApplication::processEvents(); // the way back is taken from the event loop
         } else if (what == u"lose") {
-            m_tree.hand.loseRelease();
+            hand.loseRelease();
         } else if (what == u"click") {
-            m_tree.hand.press(gripOf(*window), kGrip);
-            m_tree.hand.release();
+            hand.press(gripOf(*window), kGrip);
+            hand.release();
         } else if (what == u"lock" || what == u"unlock") {
             window->setDragEnabled(what == u"unlock");
         } else if (what == u"choose") {
             choose(*window, words.at(2));
         } else {
-            m_tree.play(step);
+            play(step);
         }
-        if (m_tree.hand.isReal() || (!m_tree.hand.isDown() && what != u"lose")) {
+        if (hand.isReal() || (!hand.isDown() && what != u"lose")) {
             settle();
         }
     }
@@ -85,12 +75,12 @@ public:
     QString choose(DockableWindow& window, const QString& entry)
     {
         const auto openMenu = [&] {
-            m_tree.hand.press(gripOf(window), kGrip, Qt::RightButton);
-            if (m_tree.hand.isDown() && !m_tree.hand.isReal()) {
-                m_tree.hand.release();
+            hand.press(gripOf(window), kGrip, Qt::RightButton);
+            if (hand.isDown() && !hand.isReal()) {
+                hand.release();
             }
         };
-        return m_tree.menuDuring(openMenu, entry).texts.join(u',');
+        return menuDuring(openMenu, entry).texts.join(u',');
     }
 
     static constexpr QPoint kGrip{14, 9};
@@ -100,10 +90,8 @@ private:
     {
         const QStringList parts = place.split(u':');
         const Area area = parts.size() > 1 ? areaOf(parts.last()) : Area::None;
-        return zoneOf(*m_tree[parts.first()], area);
+        return zoneOf(*(*this)[parts.first()], area);
     }
-
-    DockTree& m_tree;
 };
 
 } // namespace
@@ -116,17 +104,16 @@ class DockDraggingTest : public ui::test::TestCase
 private:
     static void visitZones(bool real)
     {
-        DockTree tree(u"H(a=200 b=300 c=100) f=240x140"_qs);
+        GestureTree tree(u"H(a=200 b=300 c=100) f=240x140"_qs);
         if (real) {
             tree.hand.takeRealPointer();
         }
-        Gestures gestures(tree);
         const QRect room = onScreen(*tree["b"]);
         const QString trees[] = {
             u"H(b f)"_qs, u"V(f b)"_qs, u"H(f b)"_qs, u"V(b f)"_qs, u"T(b f)"_qs};
         for (int cycle = 0; cycle < 30; ++cycle) {
             const auto area = static_cast<Area>(1 + cycle % 5);
-            gestures.perform(u"grab f, to b:%1, drop"_qs.arg(nameOf(area)));
+            tree.perform(u"grab f, to b:%1, drop"_qs.arg(nameOf(area)));
             QCOMPARE(tree.text(), u"H(a %1 c)"_qs.arg(trees[cycle % 5]));
             QVERIFY(room.contains(onScreen(*tree["f"])));
             if (cycle == 0) { // what was pressed has lost its window: others hear of the pointer
@@ -143,7 +130,7 @@ private:
                 QTRY_COMPARE(presses, 1);
                 QTRY_VERIFY(!real || other.underMouse());
             }
-            gestures.perform(u"grab f, to out, drop"_qs);
+            tree.perform(u"grab f, to out, drop"_qs);
             QCOMPARE(tree.sizes(), u"H(a=200 b=300 c=100)"_qs);
         }
     }
@@ -214,13 +201,12 @@ private Q_SLOTS:
         QFETCH(bool, real);
         QFETCH(QString, start);
         QFETCH(QString, steps);
-        DockTree tree(start, {300, 200});
+        GestureTree tree(start, {300, 200});
         tree.root().activateWindow();
         settle();
         if (real) {
             tree.hand.takeRealPointer();
         }
-        Gestures gestures(tree);
         QString seen = tree.text();
         for (const QString& step : steps.split(u", "_qs)) {
             const QStringList parts = step.split(u" | "_qs);
@@ -232,7 +218,7 @@ private Q_SLOTS:
             } else if (parts.first() == u"sideless a") {
                 tree["a"]->sideDockingDisabled = true;
             } else {
-                gestures.performOne(parts.first());
+                tree.performOne(parts.first());
             }
             if (parts.first() == u"lose") {
                 continue; // nobody knows yet
@@ -252,12 +238,11 @@ private Q_SLOTS:
 
     void escapeGivesTheSizesBack()
     {
-        DockTree tree(u"H(a=90 T(b x)=120 c=116)"_qs);
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a=90 T(b x)=120 c=116)"_qs);
         const QString before = tree.sizes();
         for (const char* const grab : {"grab a", "grab x"}) {
             for (const char* const step : {grab, "to out", "to c:left", "escape", "drop"}) {
-                gestures.performOne(QString::fromLatin1(step));
+                tree.performOne(QString::fromLatin1(step));
             }
             settle();
             QCOMPARE(tree.sizes(), before);
@@ -267,13 +252,12 @@ private Q_SLOTS:
     /// From the first pixel that counts, and after its widget has changed windows.
     void aTornOutPanelFollowsThePointer()
     {
-        DockTree tree(u"H(a=97 T(b c)=97)"_qs, {212, 200});
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a=97 T(b c)=97)"_qs, {212, 200});
         const int usual = QApplication::startDragDistance();
         for (const int distance : {1, 10, 30}) {
             QApplication::setStartDragDistance(distance);
-            const QPoint grip = tree["a"]->header()->mapToGlobal(Gestures::kGrip);
-            tree.hand.press(*tree["a"]->header(), Gestures::kGrip);
+            const QPoint grip = tree["a"]->header()->mapToGlobal(GestureTree::kGrip);
+            tree.hand.press(*tree["a"]->header(), GestureTree::kGrip);
             tree.hand.moveTo(grip + QPoint(distance - 1, 0));
             QCOMPARE(tree.text(), u"H(a T(b c))"_qs);
             tree.hand.moveTo(grip + QPoint(distance, 0));
@@ -284,20 +268,20 @@ private Q_SLOTS:
         QApplication::setStartDragDistance(usual);
         for (const char* const title : {"a", "c"}) {
             DockableWindow& panel = *tree[title];
-            tree.hand.press(Gestures::gripOf(panel), Gestures::kGrip);
-            tree.hand.moveTo(gestures.out(), 3);
+            tree.hand.press(GestureTree::gripOf(panel), GestureTree::kGrip);
+            tree.hand.moveTo(tree.out(), 3);
             QVERIFY(panel.isFloating() && panel.header()->isVisible());
             const auto placeNow = [&] { return panel.mapToGlobal(QPoint()) - QCursor::pos(); };
             const QPoint place = placeNow();
             QVERIFY(panel.header()->rect().contains(panel.header()->mapFromGlobal(QCursor::pos())));
             for (int i = 1; i <= 20; ++i) {
-                tree.hand.moveTo(gestures.out() + QPoint(2 * i, i));
+                tree.hand.moveTo(tree.out() + QPoint(2 * i, i));
                 QCOMPARE(placeNow(), place);
             }
             tree.hand.release();
             settle();
             const QPoint rest = panel.pos();
-            tree.hand.moveTo(gestures.out()); // it has let go
+            tree.hand.moveTo(tree.out()); // it has let go
             QCOMPARE(panel.pos(), rest);
             panel.move(600, 20);
         }
@@ -306,11 +290,10 @@ private Q_SLOTS:
 
     void theZonesLieOverTheirWindow()
     {
-        DockTree tree(u"H(a=120 b=120)"_qs, {300, 200});
+        GestureTree tree(u"H(a=120 b=120)"_qs, {300, 200});
         DockableWindow& b = *tree["b"];
         auto* indicator = b.findChild<DropIndicatorMain*>();
-        Gestures gestures(tree);
-        gestures.perform(u"grab a, to b:left"_qs);
+        tree.perform(u"grab a, to b:left"_qs);
         const QImage image = renderWidget(*indicator);
         const int y = b.height() / 2;
         QVERIFY(
@@ -318,7 +301,7 @@ private Q_SLOTS:
         QCOMPARE(pixelAt(image, b.rect().center()).alpha(), 0);
         b.resize(b.size() + QSize(10, 10));
         QCOMPARE(indicator->size(), b.size());
-        gestures.perform(u"to a"_qs);
+        tree.perform(u"to a"_qs);
         QVERIFY(!indicator->isVisible());
     }
 
@@ -331,7 +314,7 @@ private Q_SLOTS:
         const QPoint zone = zoneOf(hidden, Area::Left);
         hidden.showMinimized();
         settle();
-        tree.hand.press(*tree["g"]->header(), Gestures::kGrip);
+        tree.hand.press(*tree["g"]->header(), GestureTree::kGrip);
         tree.hand.moveTo(zone, 4);
         tree.hand.release();
         QVERIFY(tree["g"]->isFloating() && hidden.dropArea() == Area::None);
@@ -342,10 +325,9 @@ private Q_SLOTS:
     {
         for (const char* const group : {"T", "V"}) {
             for (const bool tornOut : {false, true}) {
-                DockTree tree(u"H(%1(a x)=100 c=100)"_qs.arg(QLatin1String(group)), {300, 150});
-                Gestures gestures(tree);
-                gestures.perform(u"grab x"_qs + QLatin1String(tornOut ? ", to out" : ""));
-                gestures.perform(u"to c:left"_qs); // over which zones are shown now
+                GestureTree tree(u"H(%1(a x)=100 c=100)"_qs.arg(QLatin1String(group)), {300, 150});
+                tree.perform(u"grab x"_qs + QLatin1String(tornOut ? ", to out" : ""));
+                tree.perform(u"to c:left"_qs); // over which zones are shown now
                 QVERIFY(tree.text() != u"H(%1(a x) c)"_qs.arg(QLatin1String(group)));
                 tree.destroy();
                 tree.hand.moveTo({5, 5});
@@ -357,7 +339,7 @@ private Q_SLOTS:
 
     void aSlotOfTheDropMayWaitForClicks()
     {
-        DockTree tree(u"H(a=120 b=120)"_qs, {400, 300});
+        GestureTree tree(u"H(a=120 b=120)"_qs, {400, 300});
         int clicks = 0;
         connect(tree["a"], &DockableWindow::docked, this, [&clicks] {
             QDialog dialog;
@@ -370,38 +352,35 @@ private Q_SLOTS:
             QTimer::singleShot(2000, &dialog, &QDialog::reject);
             dialog.exec();
         });
-        Gestures gestures(tree);
-        gestures.perform(u"grab a, to b:bottom, drop"_qs);
+        tree.perform(u"grab a, to b:bottom, drop"_qs);
         QCOMPARE(clicks, 1);
         QCOMPARE(tree.text(), u"H(V(b a))"_qs);
     }
 
     void aTabGroupIsMovedByItsStrip()
     {
-        DockTree tree(u"H(a=200 T(b c)=300)"_qs, {500, 300});
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a=200 T(b c)=300)"_qs, {500, 300});
         DockableTabGroup& tabs = *tree.tabs("^b");
         QWidget& strip = *tabs.tabAt(0)->parentWidget()->parentWidget();
         const auto grab = [&] { tree.hand.press(strip, {strip.width() - 6, 8}); };
         grab();
-        gestures.perform(u"to out, drop"_qs);
+        tree.perform(u"to out, drop"_qs);
         QCOMPARE(tree.text(), u"H(a) T(b c)"_qs);
         for (const QString& title : {u"c"_qs, u"b"_qs}) {
             tree.play(u"select "_qs + title);
             QCOMPARE(tabs.windowTitle(), title);
         }
         grab();
-        gestures.perform(u"to a:left, drop"_qs);
+        tree.perform(u"to a:left, drop"_qs);
         QCOMPARE(tree.text(), u"H(H(T(b c) a))"_qs);
     }
 
     void aLockedLayoutStaysAsItIs()
     {
-        DockTree tree(u"H(a=200 b=300)"_qs);
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a=200 b=300)"_qs);
         ui::setLayoutLocked(true);
-        gestures.perform(u"grab a, to b:left, drop"_qs);
-        QCOMPARE(gestures.choose(*tree["a"], u"none"_qs), u"-Undock,Show,-Close"_qs);
+        tree.perform(u"grab a, to b:left, drop"_qs);
+        QCOMPARE(tree.choose(*tree["a"], u"none"_qs), u"-Undock,Show,-Close"_qs);
         auto* handle = tree.root().findChild<QSplitter*>()->handle(1);
         tree.hand.press(*handle, handle->rect().center());
         tree.hand.moveTo(QCursor::pos() + QPoint(50, 0), 2);
@@ -409,19 +388,18 @@ private Q_SLOTS:
         QTest::mouseDClick(handle, Qt::LeftButton);
         ui::setLayoutLocked(false);
         QCOMPARE(tree.sizes(), u"H(a=200 b=300)"_qs);
-        gestures.perform(u"choose b Undock"_qs);
+        tree.perform(u"choose b Undock"_qs);
         QCOMPARE(tree.text(), u"H(a) b"_qs);
     }
 
     void showBringsAWindowToTheFrontAndFlashes()
     {
-        DockTree tree(u"H(a b) f=200x150"_qs);
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a b) f=200x150"_qs);
         tree.root().activateWindow();
         QTRY_VERIFY(tree.root().isActiveWindow());
         for (const char* const title : {"f", "a"}) {
             DockableWindow& window = *tree[title];
-            gestures.choose(window, u"Show"_qs);
+            tree.choose(window, u"Show"_qs);
             QTRY_VERIFY(window.isActiveWindow());
             QVERIFY(window.focusFrameVisible());
         }
@@ -432,13 +410,12 @@ private Q_SLOTS:
 
     void aDropLeavesTheFloatingPlaceAlone()
     {
-        DockTree tree(u"H(a b) f=200x150"_qs);
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a b) f=200x150"_qs);
         tree["f"]->move(150, 180);
         settle();
         const QRect place(tree["f"]->pos(), tree["f"]->size());
         for (const char* const way : {"to a:left, drop", "to out, to b:top, drop"}) {
-            gestures.perform(u"grab f, "_qs + QLatin1String(way));
+            tree.perform(u"grab f, "_qs + QLatin1String(way));
             QVERIFY(!tree["f"]->isFloating());
         }
         tree["f"]->toggleFloating();
@@ -447,8 +424,7 @@ private Q_SLOTS:
 
     void aMaximizedWindowTakesItsUsualSizeUnderThePointer()
     {
-        DockTree tree(u"H(a b) f=200x150"_qs);
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a b) f=200x150"_qs);
         DockableWindow& f = *tree["f"];
         const QPoint before = f.pos();
         f.setWindowState(Qt::WindowMaximized);
@@ -458,7 +434,7 @@ private Q_SLOTS:
         }
         const auto drag = [&] {
             tree.hand.press(*f.header(), {f.width() / 2, 9});
-            tree.hand.moveTo(gestures.out(), 4);
+            tree.hand.moveTo(tree.out(), 4);
         };
         drag();
         QTRY_COMPARE(f.size(), QSize(200, 150));
@@ -476,12 +452,11 @@ private Q_SLOTS:
 
     void whatIsTornOutLiesOnItsScreenWhole()
     {
-        DockTree tree(u"H(a=200 b=200)"_qs, {412, 300});
-        Gestures gestures(tree);
+        GestureTree tree(u"H(a=200 b=200)"_qs, {412, 300});
         const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
         DockableWindow& b = *tree["b"];
         const auto isWhole = [&] { return room.contains(b.frameGeometry()); };
-        gestures.perform(u"grab b, to out"_qs);
+        tree.perform(u"grab b, to out"_qs);
         tree.hand.moveTo(room.bottomRight() - QPoint(30, 20), 3);
         QVERIFY(!isWhole());
         tree.hand.release();
@@ -490,16 +465,15 @@ private Q_SLOTS:
             tree.play(u"dock b a right"_qs);
             tree.root().move(room.width() - 300, room.height() - 200);
             settle();
-            menu ? void(gestures.choose(b, u"Undock"_qs)) : b.toggleFloating();
+            menu ? void(tree.choose(b, u"Undock"_qs)) : b.toggleFloating();
             QTRY_VERIFY(isWhole());
         }
     }
 
     void aDialogEndsTheDrag()
     {
-        DockTree tree(u"H(a V(b x))"_qs, {400, 300});
-        Gestures gestures(tree);
-        gestures.perform(u"grab x, to out"_qs);
+        GestureTree tree(u"H(a V(b x))"_qs, {400, 300});
+        tree.perform(u"grab x, to out"_qs);
         QDialog dialog;
         dialog.setModal(true);
         dialog.show();
@@ -513,9 +487,8 @@ private Q_SLOTS:
 
     void theMenuMayOutliveItsWindow()
     {
-        DockTree tree(u"H(a b)"_qs);
-        Gestures gestures(tree);
-        QCOMPARE(gestures.choose(*tree["a"], u"none"_qs), u"Undock,Show,Close"_qs);
+        GestureTree tree(u"H(a b)"_qs);
+        QCOMPARE(tree.choose(*tree["a"], u"none"_qs), u"Undock,Show,Close"_qs);
         QTimer::singleShot(0, tree["a"], [&tree] { delete tree["a"]; });
         tree.menuDuring([header = tree["a"]->header()] {
             QContextMenuEvent event(

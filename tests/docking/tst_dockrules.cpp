@@ -9,9 +9,6 @@
 #include <MorrantUI/docking/tabs/tabgeometry.h>
 #include <MorrantUI/docking/tabs/tabreorder.h>
 
-#include <QKeyEvent>
-#include <QMimeData>
-
 #include <climits>
 
 using namespace ui::docking;

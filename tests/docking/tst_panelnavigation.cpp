@@ -2,12 +2,7 @@
 #include "docking/Desk.h"
 #include "support/TestCase.h"
 #include "support/pixels.h"
-#include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/docking/DockableTabHeader.h>
-#include <MorrantUI/docking/DockableTabWidget.h>
-#include <MorrantUI/docking/arrangement.h>
-#include <MorrantUI/docking/panelnavigation.h>
-#include <MorrantUI/theme/events.h>
+#include <MorrantUI/MorrantUI.h>
 
 using namespace ui::test;
 using Area = DockableArea;
@@ -151,8 +146,7 @@ private Q_SLOTS:
         QDialog dialog(desk.a);
         dialog.setModal(true);
         dialog.show();
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QVERIFY(nothingHappens());
+        QVERIFY(QTest::qWaitForWindowActive(&dialog) && nothingHappens());
         Desk::press(Qt::Key_F6); // must not come through to its parent
         QVERIFY(desk.a->isAncestorOf(desk.root().focusWidget()));
         dialog.close();

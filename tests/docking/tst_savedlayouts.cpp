@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/DockTree.h"
-#include "support/FakeClock.h"
 #include "support/TestCase.h"
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/NamedLayouts.h>
-
-#include <QRandomGenerator>
-#include <QScreen>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-
-#include <functional>
 
 using ui::test::DockTree;
 using ui::test::settle;
@@ -168,8 +160,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(tree.text(), u"H(a b)"_qs);
         gMainWindow = nullptr;
-        QVERIFY(!ui::restoreLayout(layout(node("a"))));
-        QVERIFY(ui::saveLayout().isEmpty());
+        QVERIFY(!ui::restoreLayout(layout(node("a"))) && ui::saveLayout().isEmpty());
         gMainWindow = &tree.root();
     }
 
@@ -190,8 +181,7 @@ private Q_SLOTS:
 
         QByteArray far = layout;
         far.replace("60,", "99000,");
-        QVERIFY(far != layout);
-        QVERIFY(ui::restoreLayout(far));
+        QVERIFY(far != layout && ui::restoreLayout(far));
         QVERIFY(floating->screen()->availableGeometry().contains(floating->geometry()));
         QCOMPARE(floating->size(), QSize(180, 120));
     }

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
-#include "support/FakeClock.h"
-#include "support/pixels.h"
 #include <MorrantUI/docking/layouts/CollapsibleSection.h>
-
-#include <QtWidgets>
 
 using ui::test::FakeClock;
 
@@ -49,11 +45,7 @@ struct Panel
         column->addWidget(section);
         column->addStretch(1);
         window.resize(200, 400);
-        window.show();
-        window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window)) {
-            QTest::qFail("the window does not come", __FILE__, __LINE__);
-        }
+        ui::test::showActive(window);
         header = section->findChild<QAbstractButton*>();
     }
 

@@ -2,8 +2,6 @@
 #include "support/TestCase.h"
 #include <MorrantUI/docking/layouts/FlowLayout.h>
 
-#include <QtWidgets>
-
 #include <climits>
 
 namespace {

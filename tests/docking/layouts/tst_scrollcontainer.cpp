@@ -2,8 +2,6 @@
 #include "controls/StyledApplication.h"
 #include <MorrantUI/docking/layouts/ScrollContainer.h>
 
-#include <QtWidgets>
-
 class ScrollContainerTest : public ui::test::StyledTestCase
 {
     Q_OBJECT

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
-#include "support/pixels.h"
 #include <MorrantUI/docking/layouts/SpacerBar.h>
-
-#include <QtWidgets>
 
 class SpacerBarTest : public ui::test::StyledTestCase
 {

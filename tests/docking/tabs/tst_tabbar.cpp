@@ -1,15 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
 #include "docking/tabs/TabBench.h"
-#include "support/FakePointer.h"
-#include "support/pixels.h"
 #include <MorrantUI/controls/buttons/GroupButton.h>
 #include <MorrantUI/docking/tabs/tabnavigation.h>
-
-#include <QtWidgets>
-
-#include <functional>
-#include <random>
 
 using Bench = ui::test::TabBench;
 
@@ -196,8 +189,7 @@ private Q_SLOTS:
               {0, Qt::LeftButton}})
         {
             QVERIFY(field->hasFocus());
-            pointer.moveTo(ui::test::middleOf(bench.header, index));
-            pointer.press(button);
+            pointer.press(ui::test::middleOf(bench.header, index), button);
             QCOMPARE(bench.told(), QString()); // it may become a drag
             pointer.release(button);
         }
@@ -250,10 +242,7 @@ private Q_SLOTS:
                 return header.rect().contains(tab);
             };
             const auto wheel = [&header](QPoint angle, QPoint pixels = {}) {
-                const QPoint at(20, 5);
-                QWheelEvent event(at, header.mapToGlobal(at), pixels, angle, {}, {}, {}, false);
-                QCoreApplication::sendEvent(&header, &event);
-                return event.isAccepted();
+                return ui::test::turnWheel(header, {20, 5}, angle, {}, pixels);
             };
             const auto fading = [&] { // "<" at the leading edge, ">" at the other
                 const QImage image = ui::test::renderWidget(header, 1.5);

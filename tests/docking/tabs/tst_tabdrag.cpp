@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
 #include "docking/tabs/TabBench.h"
-#include "support/FakeClock.h"
-#include "support/FakePointer.h"
-#include "support/pixels.h"
 #include <MorrantUI/docking/tabs/TabBarOverlay.h>
 #include <MorrantUI/docking/tabs/TabGradientOverlay.h>
-
-#include <functional>
 
 using namespace ui::test;
 
@@ -33,8 +28,7 @@ public:
     {
         QVERIFY(QTest::qWaitForWindowExposed(this));
         FakePointer pointer(this);
-        pointer.moveTo(from);
-        pointer.press(button);
+        pointer.press(from, button);
         pointer.dragTo(from + way, 1);
         pointer.release(button);
     }
@@ -173,8 +167,7 @@ private Q_SLOTS:
             QVERIFY(!header.showsDrop());
             Dragged honest("0"); // that turns bad on the way
             QVERIFY(honest.enter(&header, at) && header.showsDrop());
-            QVERIFY(!forged.move(&header, at) && !header.showsDrop());
-            QVERIFY(!forged.drop(&header, at));
+            QVERIFY(!forged.move(&header, at) && !header.showsDrop() && !forged.drop(&header, at));
             QCOMPARE(header.order(), u"0123"_qs);
         }
     }
@@ -195,8 +188,7 @@ private Q_SLOTS:
         };
         Dragged dragged("1");
         const QPoint behind(header.tab(2)->geometry().right() + 1, 5);
-        QVERIFY(dragged.enter(&header, behind));
-        QVERIFY(qAbs(marker() - behind.x()) < 4);
+        QVERIFY(dragged.enter(&header, behind) && qAbs(marker() - behind.x()) < 4);
         QVERIFY(dragged.move(&header, header.middle(1)));
         QVERIFY(header.showsDrop()); // the tab itself is dimmed
         QCOMPARE(marker(), -1);

@@ -2,7 +2,6 @@
 #include "controls/StyledApplication.h"
 #include "docking/tabs/TabBench.h"
 #include "menus/answers.h"
-#include "support/FakeClock.h"
 
 using ui::test::answerDialog;
 
