@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QAction>
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QDialog>
-#include <QPointer>
-#include <QTimer>
+#include <QtWidgets>
 
 #include <functional>
 

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
-#include "support/TestCase.h"
-#include "support/pixels.h"
 #include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/colors.h>
-
-#include <QtWidgets>
 
 namespace {
 
@@ -19,9 +15,7 @@ struct Host
         open->setShortcut(Qt::CTRL | Qt::Key_O);
         file->addMenu(recent);
         field->setFocus();
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        ui::test::showActive(window);
     }
 
     /// Types and tells which rows are left; disabled ones have a minus sign.

@@ -7,8 +7,6 @@
 #include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/menus/dialogs.h>
 
-#include <QtWidgets>
-
 using ui::test::answerDialog;
 using Box = QDialogButtonBox;
 using Buttons = ModalDialog::Buttons;

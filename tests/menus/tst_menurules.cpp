@@ -9,76 +9,71 @@ class MenuRulesTest : public ui::test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void onlyTextIsSearchedFor();
-    void aRowIsFoundByItsBeginning();
-    void stepsGoRoundAndEndWhereTheyBegan();
+    void onlyTextIsSearchedFor()
+    {
+        const std::tuple<int, Qt::KeyboardModifiers, QString, MenuKey> cases[] = {
+            {Qt::Key_Enter, Qt::KeypadModifier, u"\r"_qs, MenuKey::Trigger},
+            {Qt::Key_Down, Qt::NoModifier, u""_qs, MenuKey::Next},
+            {Qt::Key_Up, Qt::ShiftModifier, u""_qs, MenuKey::Previous},
+            {Qt::Key_S, Qt::ShiftModifier, u"S"_qs, MenuKey::Search},
+            {Qt::Key_Space, Qt::NoModifier, u" "_qs, MenuKey::Search},
+            {Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, u"@"_qs, MenuKey::Search},
+            {0, Qt::NoModifier, u"´é"_qs, MenuKey::Search},
+            {Qt::Key_S, Qt::ControlModifier, u"s"_qs, MenuKey::Other},
+            {Qt::Key_S, Qt::AltModifier, u"s"_qs, MenuKey::Other},
+            {Qt::Key_S, Qt::MetaModifier, u"s"_qs, MenuKey::Other},
+            {Qt::Key_At,
+             Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier,
+             u"@"_qs,
+             MenuKey::Other},
+            {Qt::Key_Escape, Qt::NoModifier, u"\u001b"_qs, MenuKey::Other},
+            {Qt::Key_Delete, Qt::NoModifier, u"\u007f"_qs, MenuKey::Other},
+            {0, Qt::NoModifier, u"a\t"_qs, MenuKey::Other},
+        };
+        for (const auto& [key, modifiers, text, meaning] : cases) {
+            QVERIFY2(menuKey(key, modifiers, text) == meaning, qPrintable(text));
+        }
+    }
+
+    void aRowIsFoundByItsBeginning()
+    {
+        const std::pair<QString, QString> found[] = {
+            {u"Save"_qs, u"sa"_qs},
+            {u"&Save\tCtrl+S"_qs, u"&s"_qs}, // as it is written
+            {u"S&ave\tCtrl+S"_qs, u"save"_qs},
+            {u"Cut && Paste"_qs, u"cut & p"_qs},
+            {u"Über"_qs, u"ü"_qs},
+            {u"İzmir"_qs, u"İ"_qs.toLower()},
+            {u"Σκηνή"_qs, u"σκ"_qs},
+            {u"日本"_qs, u"日"_qs},
+            {u"Last&"_qs, u"last&"_qs},
+        };
+        for (const auto& [text, typed] : found) {
+            QVERIFY2(isFoundBy(text, typed), qPrintable(text));
+        }
+        QVERIFY(!isFoundBy(u"Save"_qs, u"ave"_qs) && !isFoundBy(u"S&ave\tCtrl+S"_qs, u"savec"_qs));
+        QVERIFY(!isFoundBy(QString(), u"s"_qs));
+        QCOMPARE(displayedText(u"A&&B &C\tX"_qs), u"A&B C"_qs);
+    }
+
+    void stepsGoRoundAndEndWhereTheyBegan()
+    {
+        const auto walk = [](int count, int start, int step) {
+            QList<int> rows;
+            firstRow(count, start, step, [&rows](int row) {
+                rows << row;
+                return false;
+            });
+            return rows;
+        };
+        QCOMPARE(walk(3, 1, 1), QList({2, 0, 1}));
+        QCOMPARE(walk(3, -1, 1), QList({0, 1, 2}));
+        QCOMPARE(walk(3, 0, -1), QList({2, 1, 0}));
+        QCOMPARE(walk(4, -1, -1), QList({2, 1, 0, 3}));
+        QCOMPARE(walk(1, -1, -1), QList({0}));
+        QVERIFY(walk(0, -1, 1).isEmpty());
+    }
 };
-
-void MenuRulesTest::onlyTextIsSearchedFor()
-{
-    const std::tuple<int, Qt::KeyboardModifiers, QString, MenuKey> cases[] = {
-        {Qt::Key_Enter, Qt::KeypadModifier, u"\r"_qs, MenuKey::Trigger},
-        {Qt::Key_Down, Qt::NoModifier, u""_qs, MenuKey::Next},
-        {Qt::Key_Up, Qt::ShiftModifier, u""_qs, MenuKey::Previous},
-        {Qt::Key_S, Qt::ShiftModifier, u"S"_qs, MenuKey::Search},
-        {Qt::Key_Space, Qt::NoModifier, u" "_qs, MenuKey::Search},
-        {Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, u"@"_qs, MenuKey::Search},
-        {0, Qt::NoModifier, u"´é"_qs, MenuKey::Search},
-        {Qt::Key_S, Qt::ControlModifier, u"s"_qs, MenuKey::Other},
-        {Qt::Key_S, Qt::AltModifier, u"s"_qs, MenuKey::Other},
-        {Qt::Key_S, Qt::MetaModifier, u"s"_qs, MenuKey::Other},
-        {Qt::Key_At,
-         Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier,
-         u"@"_qs,
-         MenuKey::Other},
-        {Qt::Key_Escape, Qt::NoModifier, u"\u001b"_qs, MenuKey::Other},
-        {Qt::Key_Delete, Qt::NoModifier, u"\u007f"_qs, MenuKey::Other},
-        {0, Qt::NoModifier, u"a\t"_qs, MenuKey::Other},
-    };
-    for (const auto& [key, modifiers, text, meaning] : cases) {
-        QVERIFY2(menuKey(key, modifiers, text) == meaning, qPrintable(text));
-    }
-}
-
-void MenuRulesTest::aRowIsFoundByItsBeginning()
-{
-    const std::pair<QString, QString> found[] = {
-        {u"Save"_qs, u"sa"_qs},
-        {u"&Save\tCtrl+S"_qs, u"&s"_qs}, // as it is written
-        {u"S&ave\tCtrl+S"_qs, u"save"_qs},
-        {u"Cut && Paste"_qs, u"cut & p"_qs},
-        {u"Über"_qs, u"ü"_qs},
-        {u"İzmir"_qs, u"İ"_qs.toLower()},
-        {u"Σκηνή"_qs, u"σκ"_qs},
-        {u"日本"_qs, u"日"_qs},
-        {u"Last&"_qs, u"last&"_qs},
-    };
-    for (const auto& [text, typed] : found) {
-        QVERIFY2(isFoundBy(text, typed), qPrintable(text));
-    }
-    QVERIFY(!isFoundBy(u"Save"_qs, u"ave"_qs));
-    QVERIFY(!isFoundBy(u"S&ave\tCtrl+S"_qs, u"savec"_qs));
-    QVERIFY(!isFoundBy(QString(), u"s"_qs));
-    QCOMPARE(displayedText(u"A&&B &C\tX"_qs), u"A&B C"_qs);
-}
-
-void MenuRulesTest::stepsGoRoundAndEndWhereTheyBegan()
-{
-    const auto walk = [](int count, int start, int step) {
-        QList<int> rows;
-        firstRow(count, start, step, [&rows](int row) {
-            rows << row;
-            return false;
-        });
-        return rows;
-    };
-    QCOMPARE(walk(3, 1, 1), QList({2, 0, 1}));
-    QCOMPARE(walk(3, -1, 1), QList({0, 1, 2}));
-    QCOMPARE(walk(3, 0, -1), QList({2, 1, 0}));
-    QCOMPARE(walk(4, -1, -1), QList({2, 1, 0, 3}));
-    QCOMPARE(walk(1, -1, -1), QList({0}));
-    QVERIFY(walk(0, -1, 1).isEmpty());
-}
 
 const ui::test::Registration<MenuRulesTest> kRegistration;
 

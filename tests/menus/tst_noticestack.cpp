@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
-#include "support/FakeClock.h"
-#include "support/FakePointer.h"
 #include <MorrantUI/controls/buttons/IconButton.h>
 #include <MorrantUI/menus/NoticeStack.h>
-
-#include <QtWidgets>
 
 class NoticeStackTest : public ui::test::StyledTestCase
 {

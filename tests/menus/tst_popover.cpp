@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/menus/popovergeometry.h"
 #include "controls/StyledApplication.h"
-#include "support/FakePointer.h"
 #include <MorrantUI/menus/PopoverPanel.h>
 #include <MorrantUI/menus/dismiss.h>
 #include <MorrantUI/menus/keyboardnavigation.h>
-
-#include <QtWidgets>
 
 using namespace ui::popover;
 using ui::test::click;
@@ -183,8 +180,7 @@ private Q_SLOTS:
         Stage stage;
         QVERIFY(stage.open());
         QWidget elsewhere;
-        elsewhere.show();
-        elsewhere.activateWindow();
+        ui::test::showActive(elsewhere);
         QTRY_VERIFY(!stage.panel->isOpen()); // the user has turned to another window
         auto* const mortal = new QWidget(&stage);
         mortal->show();
@@ -243,8 +239,7 @@ private Q_SLOTS:
             buttons.last()->setGeometry(i % 3 * 50, i / 3 * 30, 40, 20);
         }
         buttons[4]->setEnabled(false);
-        grid.show();
-        grid.activateWindow();
+        ui::test::showActive(grid);
         buttons[0]->setFocus();
         QTRY_VERIFY(buttons[0]->hasFocus());
         const auto walks = [&buttons](std::initializer_list<Qt::Key> keys) {
@@ -309,8 +304,7 @@ private Q_SLOTS:
         dialog.close();
         QTRY_VERIFY(inner->hasFocus() && QApplication::activeWindow() == &nested);
         QWidget elsewhere;
-        elsewhere.show();
-        elsewhere.activateWindow();
+        ui::test::showActive(elsewhere);
         QTRY_VERIFY(!nested.isOpen() && !stage.panel->isOpen());
     }
 };

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
-#include "support/FakePointer.h"
 #include <MorrantUI/menus/ListView.h>
-
-#include <QtWidgets>
 
 using Reordering = TreeView::Reordering;
 using ui::test::FakePointer;
@@ -53,8 +50,7 @@ struct Garden
         tree.setReordering(reordering);
         tree.expandAll();
         tree.resize(200, 400);
-        tree.show();
-        tree.activateWindow();
+        ui::test::showActive(tree);
         tree.setFocus();
         QApplication::processEvents();
     }
@@ -83,11 +79,7 @@ struct Garden
     }
 
     /// Presses a row in its middle.
-    void press(const QString& name)
-    {
-        pointer.moveTo(over(name, 0.5));
-        pointer.press();
-    }
+    void press(const QString& name) { pointer.press(over(name, 0.5)); }
 
     /// A point over a row, `part` of its height from the top.
     QPoint over(const QString& name, double part) const
@@ -135,8 +127,7 @@ private Q_SLOTS:
             QSignalSpy reordered(&garden.tree, &TreeView::rowsReordered);
             garden.select(taken);
             garden.press(taken.left(1));
-            garden.pointer.dragTo(garden.over(over, part));
-            garden.pointer.release();
+            garden.pointer.drop(garden.over(over, part));
             QCOMPARE(notationOf(garden.model), result);
             QCOMPARE(reordered.count(), result == before ? 0 : 1);
             if (result != before) {
@@ -180,19 +171,16 @@ private Q_SLOTS:
         fill(*model, QStringLiteral("abc"));
         tree.setModel(model.get());
         tree.setReordering(Reordering::Anywhere);
-        tree.show();
-        tree.activateWindow();
+        ui::test::showActive(tree);
         QApplication::processEvents();
         FakePointer pointer(tree.viewport());
         const QPoint row = tree.visualRect(model->index(1, 0)).center();
-        pointer.moveTo(row);
-        pointer.press();
+        pointer.press(row);
         pointer.dragTo(row + QPoint(0, 300)); // below the last: the tree would scroll, too
         QVERIFY(tree.isReordering());
         model.reset();
         QVERIFY(!tree.isReordering());
-        pointer.dragTo(row);
-        pointer.release();
+        pointer.drop(row);
     }
 
     void altAndArrowsMoveRowsAmongTheirSiblings()
