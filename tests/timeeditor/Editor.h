@@ -2,17 +2,7 @@
 #pragma once
 
 #include "controls/StyledApplication.h"
-#include "support/FakePointer.h"
-#include "support/pixels.h"
-#include <MorrantUI/timeeditor/TimeEditorClipItem.h>
-#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
-#include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
-#include <MorrantUI/timeeditor/TimeEditorScene.h>
-#include <MorrantUI/timeeditor/TimeEditorUtils.h>
-#include <MorrantUI/timeeditor/TimeEditorView.h>
-#include <MorrantUI/timeeditor/TranslateScaleTool.h>
-
-#include <QtWidgets>
+#include <MorrantUI/MorrantUI.h>
 
 namespace ui::test {
 
@@ -138,21 +128,12 @@ public:
     }
 
     void hold(Qt::KeyboardModifiers modifiers) { pointer.hold(modifiers); }
-    void press(QPoint place)
-    {
-        pointer.moveTo(place);
-        pointer.press();
-    }
-    void click(QPoint place)
-    {
-        press(place);
-        pointer.release();
-    }
+    void press(QPoint place) { pointer.press(place); }
+    void click(QPoint place) { pointer.click(place); }
     void drag(QPoint from, QPoint to, int step = 5)
     {
         press(from);
-        pointer.dragTo(to, step);
-        pointer.release();
+        pointer.drop(to, step);
     }
 
     TimeEditorView* view;

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Editor.h"
-#include "support/FakeClock.h"
-#include "support/TestCase.h"
 #include <MorrantUI/theme/colors.h>
 
 using ui::test::areasOf;
@@ -52,8 +50,7 @@ private Q_SLOTS:
         QVERIFY(editor.frames(0) != u"10.25 20"_qs);
         QTest::keyClick(editor.view, Qt::Key_Escape);
         QCOMPARE(editor.frames(0), u"10.25 20"_qs);
-        editor.pointer.dragTo({700, 30});
-        editor.pointer.release();
+        editor.pointer.drop({700, 30});
         QCOMPARE(editor.frames(0), u"10.25 20"_qs);
         QVERIFY(editor.told.isEmpty());
 
@@ -117,8 +114,7 @@ private Q_SLOTS:
         editor.press(place);
         editor.pointer.dragTo(place + QPoint(100, 0), 1);
         QCOMPARE(editor.frames(0), u"35 45"_qs);
-        editor.pointer.dragTo(place + QPoint(60, 0), 1);
-        editor.pointer.release();
+        editor.pointer.drop(place + QPoint(60, 0), 1);
         QCOMPARE(editor.frames(0), u"33 43"_qs);
         QCOMPARE(editor.told, QList<int>{2});
         QCOMPARE(editor.selection(), u"33 43"_qs);
@@ -238,8 +234,7 @@ private Q_SLOTS:
         editor.pointer.moveTo({edge + 80, 10});
         const double frame = key->x();
         clock.advanceAnimations(90);
-        QVERIFY(bar->value() > start + 60);
-        QVERIFY(key->x() > frame);
+        QVERIFY(bar->value() > start + 60 && key->x() > frame);
         for (int i = 0; i < 100; ++i) {
             clock.advanceAnimations(90);
         }

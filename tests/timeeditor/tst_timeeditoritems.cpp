@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Editor.h"
-#include "support/FakeClock.h"
-#include "support/TestCase.h"
-#include "support/pixels.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/timeeditor/TimeEditorSoundItem.h>
 

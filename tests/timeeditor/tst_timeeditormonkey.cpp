@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Editor.h"
-#include "support/FakeClock.h"
-#include "support/TestCase.h"
 #include <MorrantUI/timeeditor/TimeEditorSoundItem.h>
-
-#include <QRandomGenerator>
-
-#include <cmath>
 
 using ui::test::Editor;
 
@@ -60,8 +54,7 @@ public:
         case 1: delete std::exchange(m_editor.view, nullptr); break;
         default: break;
         }
-        m_editor.pointer.dragTo({300, 30}, 100);
-        m_editor.pointer.release();
+        m_editor.pointer.drop({300, 30}, 100);
         QCoreApplication::processEvents();
         delete std::exchange(m_editor.view, nullptr);
         return QGuiApplication::overrideCursor() ? u"a cursor is left"_qs : QString();
@@ -178,10 +171,7 @@ private:
                 Qt::Key_Return};
             QTest::keyClick(m_editor.view, any(kClicked));
         } else if (what < 30) {
-            const QPoint global = m_editor.view->mapToGlobal(place);
-            const QPoint turned(place.x() - 500, 60);
-            QWheelEvent wheel(place, global, {}, turned, {}, {}, {}, false);
-            QCoreApplication::sendEvent(m_editor.view->viewport(), &wheel);
+            ui::test::turnWheel(*m_editor.view->viewport(), place, {place.x() - 500, 60});
         } else if (what == 30) {
             change();
         } else if (what == 31) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Editor.h"
-#include "support/TestCase.h"
 #include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
 
 using namespace ui::test;

@@ -9,13 +9,6 @@
 #include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
 
-#include <QRandomGenerator>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <limits>
-
 class TimeEditorRulesTest : public ui::test::TestCase
 {
     Q_OBJECT

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Editor.h"
 #include "controls/PaintCounter.h"
-#include "support/TestCase.h"
-#include "support/pixels.h"
-#include <MorrantUI/controls/connections/ConnectionInstance.h>
-#include <MorrantUI/theme/colors.h>
-#include <MorrantUI/timeeditor/TimeEditorLayoutContainer.h>
-#include <MorrantUI/timeline/TimeHandle.h>
 
 using ui::test::Editor;
 using ui::test::PaintCounter;
@@ -61,13 +55,10 @@ private Q_SLOTS:
         editor.view->setScale(0.3);
         QScrollBar* const bar = editor.view->horizontalScrollBar();
         const QTransform before = editor.view->transform();
-        const QPoint place(300, 20);
         for (const int turn : {250, 1}) { // a wheel of notches, and a fine one
             bar->setValue(bar->minimum());
             for (int i = 0; i < 250; i += turn) {
-                const QPoint at = editor.view->mapToGlobal(place);
-                QWheelEvent wheel(place, at, {}, {-turn, 0}, {}, {}, {}, false);
-                QCoreApplication::sendEvent(editor.view->viewport(), &wheel);
+                ui::test::turnWheel(*editor.view->viewport(), {300, 20}, {-turn, 0});
             }
             QVERIFY(std::abs(bar->value() - bar->minimum() - 2.5 * bar->singleStep()) <= 1.0);
         }
@@ -192,9 +183,7 @@ private Q_SLOTS:
         editor.click(editor.at(editor.key(1, 0))); // another curve: it becomes the anchor
         QCOMPARE(editor.selection(), u"15"_qs);
         QCOMPARE(editor.frames(0), u"10 20 30 40"_qs);
-        editor.pointer.moveTo(editor.at(editor.key(0, 1)));
-        editor.pointer.press(Qt::RightButton); // selects nothing
-        editor.pointer.release(Qt::RightButton);
+        editor.pointer.click(editor.at(editor.key(0, 1)), Qt::RightButton); // selects nothing
         QCOMPARE(editor.selection(), u"15"_qs);
     }
 
@@ -334,8 +323,7 @@ private Q_SLOTS:
         QVERIFY(handle->rect() == QRectF(0, 0, 2, 44) && handle->pos() == QPointF(10, 0));
         QVERIFY(view.frames.isEmpty());
         ui::test::FakePointer pointer(view.viewport());
-        pointer.moveTo(view.mapFromScene(11.0, 10.0));
-        pointer.press();
+        pointer.press(view.mapFromScene(11.0, 10.0));
         pointer.dragTo(view.mapFromScene(13.4, 30.0));
         QCOMPARE(view.frames.last(), 12);
         pointer.dragTo(view.mapFromScene(60, 30.0), 100);

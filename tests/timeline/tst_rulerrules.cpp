@@ -4,10 +4,6 @@
 #include "MorrantUI/timeline/rulerticks.h"
 #include "support/TestCase.h"
 
-#include <array>
-#include <limits>
-#include <tuple>
-
 using namespace ui;
 
 namespace {

@@ -2,22 +2,7 @@
 #include "controls/PaintCounter.h"
 #include "controls/StyledApplication.h"
 #include "menus/answers.h"
-#include "support/FakePointer.h"
-#include "support/pixels.h"
-#include <MorrantUI/menus/ContextMenu.h>
-#include <MorrantUI/theme/colors.h>
-#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
-#include <MorrantUI/timeeditor/TimeEditorScene.h>
-#include <MorrantUI/timeeditor/TimeEditorView.h>
-#include <MorrantUI/timeline/PlaybackBookend.h>
-#include <MorrantUI/timeline/TimeThumb.h>
-#include <MorrantUI/timeline/TimelineScene.h>
-#include <MorrantUI/timeline/TimelineView.h>
-
-#include <QtWidgets>
-
-#include <limits>
-#include <random>
+#include <MorrantUI/MorrantUI.h>
 
 using namespace ui::test;
 
@@ -33,11 +18,9 @@ struct Ruler
         : pointer(view.viewport())
     {
         view.resize(1000, view.sizeHint().height());
-        view.show();
-        view.activateWindow();
         scene->setPlaybackRange(20, 60);
+        showActive(view);
         view.setFocus();
-        QVERIFY(QTest::qWaitForWindowActive(&view));
         const auto tell = [this](const QString& what) { told << what; };
         QObject::connect(&view, &TimelineView::frameChanged, &view, [tell](int frame) {
             tell(QString::number(frame));
@@ -67,8 +50,7 @@ struct Ruler
     }
     void drag(QPoint from, QPoint to)
     {
-        pointer.moveTo(from);
-        pointer.press();
+        pointer.press(from);
         pointer.dragTo(to, 7);
     }
     void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
@@ -203,9 +185,7 @@ private Q_SLOTS:
     {
         Ruler ruler;
         const auto wheel = [&](int x, QPoint angle, Qt::KeyboardModifiers held) {
-            const QPointF at(x, 5);
-            QWheelEvent event(at, at, {}, angle, Qt::NoButton, held, Qt::NoScrollPhase, false);
-            QCoreApplication::sendEvent(ruler.view.viewport(), &event);
+            turnWheel(*ruler.view.viewport(), {x, 5}, angle, held);
         };
         QVERIFY(ruler.at(0, 0.0).x() > 0 && ruler.at(100, 0.0).x() < 1000); // all in sight
         const double before = ruler.view.pixelsPerFrame();
@@ -236,16 +216,14 @@ private Q_SLOTS:
         QCOMPARE(ruler.takeTold(), u"scrub, 30, 31, rest"_qs);
         const QPoint thumb = ruler.at(31, 0.42);
         ruler.drag(thumb + QPoint(4, 0), thumb + QPoint(5, 0)); // held beside its middle
-        ruler.pointer.dragTo(ruler.at(33, ruler.kLabels) + QPoint(4, 0), 100);
-        ruler.pointer.release();
+        ruler.pointer.drop(ruler.at(33, ruler.kLabels) + QPoint(4, 0), 100);
         QCOMPARE(ruler.takeTold(), u"scrub, 33, rest"_qs);
         ruler.drag(ruler.at(90, ruler.kLabels), ruler.at(120, ruler.kLabels));
         QCOMPARE(ruler.view.currentFrame(), 100);
         ruler.key(Qt::Key_Escape);
         QCOMPARE(ruler.view.currentFrame(), 33);
         QVERIFY(ruler.takeTold().endsWith(u"100, 33, rest"_qs));
-        ruler.pointer.dragTo(ruler.at(50, ruler.kLabels));
-        ruler.pointer.release();
+        ruler.pointer.drop(ruler.at(50, ruler.kLabels));
         QVERIFY(ruler.takeTold().isEmpty());
         ruler.view.zoomAt(1.2, 0);
         ruler.drag(ruler.at(2, ruler.kLabels), QPoint(1060, 5)); // beyond the edge
@@ -291,8 +269,7 @@ private Q_SLOTS:
         Ruler ruler;
         const auto edit = [&] { return ruler.view.findChild<QLineEdit*>(); };
         ruler.doubleClick(ruler.at(40, ruler.kMarkers));
-        QVERIFY(ruler.view.isRenaming());
-        QVERIFY(std::abs(edit()->x() - ruler.at(40, 0.0).x()) < 10);
+        QVERIFY(ruler.view.isRenaming() && std::abs(edit()->x() - ruler.at(40, 0.0).x()) < 10);
         QTest::keyClicks(edit(), u"Jump"_qs);
         QTest::keyClick(edit(), Qt::Key_Return);
         QVERIFY(!ruler.view.isRenaming() && ruler.view.hasFocus());
