@@ -2,20 +2,7 @@
 #pragma once
 
 #include "controls/StyledApplication.h"
-#include "support/FakePointer.h"
-#include "support/pixels.h"
-#include <MorrantUI/graph/GeneralGraphUtils.h>
-#include <MorrantUI/graph/GeneralGraphView.h>
-#include <MorrantUI/graph/GraphBezierHandleItem.h>
-#include <MorrantUI/graph/GraphCurveWidget.h>
-#include <MorrantUI/graph/GraphPointWidget.h>
-#include <MorrantUI/graph/PointTransformTool.h>
-
-#include <QtWidgets>
-
-#include <functional>
-#include <limits>
-#include <random>
+#include <MorrantUI/MorrantUI.h>
 
 namespace ui::test {
 
@@ -59,12 +46,10 @@ public:
             desk, &QGraphicsScene::selectionChanged, this, &GeneralGraphView::updateTransformTool);
         setDragMode(RubberBandDrag);
         resize(600, 600);
-        show();
-        activateWindow();
+        showActive(*this);
         setFocus();
         zoomAt({4, 4}, {});
         centerOn(50, 50);
-        (void)QTest::qWaitForWindowExposed(this);
         viewport()->grab();
     }
 
@@ -120,8 +105,7 @@ public:
     /// The button stays down. @param held from the press on
     void dragBy(const QGraphicsItem* item, QPointF distance, Qt::KeyboardModifiers held = {})
     {
-        pointer.moveTo(at(item));
-        pointer.press();
+        pointer.press(at(item));
         pointer.hold(held);
         moveBy(distance);
     }

@@ -3,8 +3,6 @@
 #include "menus/answers.h"
 #include <MorrantUI/graph/FixedGraphView.h>
 
-#include <QAccessible>
-
 using ui::Graph::Interpolation;
 
 namespace {
@@ -58,8 +56,7 @@ struct Owner
     }
     void drag(QPoint from, QPoint to, int step = 5)
     {
-        pointer.moveTo(from);
-        pointer.press();
+        pointer.press(from);
         pointer.dragTo(to, step);
     }
     /// "50,25 100,100": the data in hundredths.
@@ -122,8 +119,7 @@ private Q_SLOTS:
         Owner owner({{0, 0}, {0.5, 0.5}, {1, 1}});
         owner.drag(owner.at(0.5, 0.5), owner.at(0.75, 0.5) - QPoint(0, 400));
         QCOMPARE(owner.told(), u"0,0 75,100 100,100"_qs);
-        owner.pointer.dragTo(owner.at(0.6, 0.4));
-        owner.pointer.release();
+        owner.pointer.drop(owner.at(0.6, 0.4));
         QTest::keyClick(owner.view, Qt::Key_Right); // a hundredth
         QCOMPARE(owner.told(), u"0,0 61,40 100,100"_qs);
         QCOMPARE(owner.steps.count(), 2);
@@ -167,8 +163,7 @@ private Q_SLOTS:
         const auto left = [&] { return edge(tool->rect().left()) + QPoint(2, 0); };
         owner.drag(body, body - unit * 6, 1); // both are held at the border for a while
         QCOMPARE(owner.told(), u"0,20 0,50 90,90"_qs);
-        owner.pointer.dragTo(body + unit, 1);
-        owner.pointer.release();
+        owner.pointer.drop(body + unit, 1);
         QCOMPARE(owner.told(), u"30,20 50,50 90,90"_qs);
         owner.drag(right(), right() + unit * 2);
         QVERIFY(tool->isScaling() && tool->cursor().shape() == Qt::SizeHorCursor);

@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "GraphDesk.h"
-#include "support/TestCase.h"
-
-#include <cmath>
 
 using ui::Graph::Interpolation;
 using ui::test::GraphDesk;
@@ -145,8 +142,7 @@ private Q_SLOTS:
         graph.curve->setFlag(QGraphicsItem::ItemIsSelectable);
         graph.click(graph.point(2)); // which lies behind the curve
         QVERIFY(graph.point(2)->isSelected());
-        graph.pointer.moveTo(graph.mapFromScene(10, 5));
-        graph.pointer.press();
+        graph.pointer.press(graph.mapFromScene(10, 5));
         graph.pointer.dragTo(graph.mapFromScene(70, 40));
         QCOMPARE(graph.desk->selectedItems().size(), 2);
         QVERIFY(graph.point(0)->isSelected() && graph.point(1)->isSelected());
@@ -207,8 +203,7 @@ private Q_SLOTS:
         graph.setShowTransformTool(true);
         graph.select({0, 1});
         QVERIFY(graph.transformTool()->isVisible());
-        graph.pointer.moveTo(graph.mapFromScene(40, 30));
-        graph.pointer.press();
+        graph.pointer.press(graph.mapFromScene(40, 30));
         graph.pointer.dragTo(graph.pointer.position() + QPoint(40, 40), 3);
         QCOMPARE(graph.point(0)->pos(), QPointF(30, 20));
         QTest::keyClick(&graph, Qt::Key_Escape);

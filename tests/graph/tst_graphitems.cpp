@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "GraphDesk.h"
-#include "support/TestCase.h"
 #include <MorrantUI/theme/colors.h>
-
-#include <random>
 
 using ui::Graph::Interpolation;
 using ui::Graph::Side;

@@ -4,10 +4,6 @@
 #include "support/TestCase.h"
 #include <MorrantUI/graph/graphsegments.h>
 
-#include <cmath>
-#include <limits>
-#include <random>
-
 using namespace ui::Graph;
 
 namespace {
