@@ -7,15 +7,10 @@
 #include "Workspace.h"
 #include "editing/DocumentEditor.h"
 #include "lottietexts.h"
-#include "support/FakePointer.h"
 #include "support/TestCase.h"
-#include "support/paths.h"
-#include "support/pixels.h"
 #include "support/themes.h"
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
-
-#include <QTemporaryDir>
 
 namespace studio::test {
 
@@ -33,12 +28,7 @@ protected:
     }
 };
 
-inline void showActive(QWidget& widget)
-{
-    widget.show();
-    widget.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&widget));
-}
+using ui::test::showActive;
 
 /// Closed windows are deleted, and layouts done, once control returns to the event loop.
 inline void settle()

@@ -4,15 +4,7 @@
 #include "controls/PaintCounter.h"
 #include "lottie/evaluate.h"
 #include "studiotest.h"
-#include <MorrantUI/controls/buttons/KeyframeButton.h>
-#include <MorrantUI/controls/values/AttributeRow.h>
-#include <MorrantUI/controls/values/ColorSwatch.h>
-#include <MorrantUI/controls/values/NumericField.h>
-
-#include <QClipboard>
-#include <QLabel>
-
-#include <functional>
+#include <MorrantUI/MorrantUI.h>
 
 using namespace studio;
 using ui::test::FakePointer;
@@ -98,8 +90,7 @@ struct Scrub
         : pointer(field)
     {
         const QPoint start = field->rect().center();
-        pointer.moveTo(start);
-        pointer.press();
+        pointer.press(start);
         pointer.dragTo(start + QPoint(distance, 0), 1);
     }
 
@@ -316,8 +307,7 @@ private Q_SLOTS:
         window.row("Solid").swatch()->paste();
         QCOMPARE(window.colorAt({1, 1}), QColor(0x20, 0x80, 0xff));
         window.select(-1);
-        QVERIFY(window.findChildren<AttributeRow*>().isEmpty());
-        QVERIFY(window.isWindowModified());
+        QVERIFY(window.findChildren<AttributeRow*>().isEmpty() && window.isWindowModified());
         window.press(QKeySequence::Undo, 3);
         QVERIFY(!window.isWindowModified() && !window.editor().canUndo());
         QCOMPARE(window.colorAt({31, 41}), QColor(Qt::red));

@@ -2,9 +2,6 @@
 #include "assetsfolder.h"
 #include "commandline.h"
 #include "support/TestCase.h"
-#include "support/paths.h"
-
-#include <QDir>
 
 using namespace studio;
 
@@ -36,8 +33,7 @@ private Q_SLOTS:
     {
         const char* const pictures[] = {"studio", "a.json", "--pictures=out"};
         const char* const window[] = {"studio", "--gallery", "pictures.json"};
-        QVERIFY(worksOffScreen(3, pictures));
-        QVERIFY(!worksOffScreen(3, window));
+        QVERIFY(worksOffScreen(3, pictures) && !worksOffScreen(3, window));
     }
 
     void theFirstFolderWithAThemeHoldsTheAssets()

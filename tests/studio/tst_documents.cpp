@@ -11,12 +11,6 @@
 #include <MorrantUI/docking/tabs/TabItem.h>
 #include <MorrantUI/menus/ModalDialog.h>
 
-#include <QFile>
-#include <QPushButton>
-#include <QTimer>
-
-#include <tuple>
-
 using namespace studio;
 
 namespace {
@@ -114,8 +108,7 @@ private Q_SLOTS:
         window.edit();
         QVERIFY(window.tabs().first().endsWith(u'*'));
 
-        QVERIFY(window.openFile(samplePaths().at(1)));
-        QVERIFY(window.document() != first);
+        QVERIFY(window.openFile(samplePaths().at(1)) && window.document() != first);
         QCOMPARE(window.player().frame(), window.player().range().first);
         QVERIFY(list->selectedLayers().empty());
         QVERIFY(!window.isWindowModified() && !window.editor().canUndo());
@@ -130,8 +123,7 @@ private Q_SLOTS:
         QCOMPARE(window.viewport().mapping().scale, 1.0);
         QVERIFY(window.isWindowModified());
         window.findChild<QAction*>(u"undo"_qs)->trigger();
-        QVERIFY(!window.isWindowModified());
-        QVERIFY(!window.tabs().first().endsWith(u'*'));
+        QVERIFY(!window.isWindowModified() && !window.tabs().first().endsWith(u'*'));
 
         window.documents().getHeader()->moveTab(0, 1);
         window.documents().setTab(0);
@@ -177,8 +169,7 @@ private Q_SLOTS:
         window.close(1);
         QCOMPARE(discard.asked, 1);
         QCOMPARE(window.tabs(), QStringList(names[1]));
-        QVERIFY(!window.isWindowModified());
-        QVERIFY(window.windowTitle().startsWith(names[1]));
+        QVERIFY(!window.isWindowModified() && window.windowTitle().startsWith(names[1]));
 
         // What is being typed counts.
         window.openFile(samplePaths().at(0));
@@ -207,8 +198,7 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(window.document(), edited);
         QCOMPARE(window.player().frame(), 5);
-        QVERIFY(window.editor().canUndo());
-        QVERIFY(window.viewport().isVisible());
+        QVERIFY(window.editor().canUndo() && window.viewport().isVisible());
     }
 
     void savingKeepsTheHistoryAndWhatTheFileIs()
@@ -217,8 +207,7 @@ private Q_SLOTS:
         OpenWindow window(0);
         const QString path = window.editFile(folder);
         const QByteArray original = contents(path);
-        QVERIFY(window.isWindowModified());
-        QVERIFY(window.save());
+        QVERIFY(window.isWindowModified() && window.save());
         const QByteArray saved = contents(path);
         QVERIFY(saved != original && saved.contains("12"));
         QVERIFY(!window.isWindowModified() && !window.tabs().first().endsWith(u'*'));
@@ -280,8 +269,7 @@ private Q_SLOTS:
         QVERIFY(window.save()); // as we left it
         QCOMPARE(overwrite.asked, 1);
         replace(other, "theirs");
-        QVERIFY(window.save());
-        QVERIFY(contents(other).contains("layers"));
+        QVERIFY(window.save() && contents(other).contains("layers"));
     }
 
     void whatCannotBeSavedStaysModified()
@@ -330,8 +318,7 @@ private Q_SLOTS:
         window.documents().setTab(0);
         {
             Answer keep(QDialogButtonBox::Cancel);
-            QVERIFY(!widget.close());
-            QVERIFY(window.isVisible());
+            QVERIFY(!widget.close() && window.isVisible());
         }
         Answer discard(QDialogButtonBox::Discard);
         QVERIFY(widget.close());
@@ -357,8 +344,7 @@ private Q_SLOTS:
         }
         {
             OpenWindow window(0);
-            QVERIFY(window.keepUnsavedIn(kept));
-            QVERIFY(window.isWindowModified());
+            QVERIFY(window.keepUnsavedIn(kept) && window.isWindowModified());
             window.putAway(); // and once more
         }
         OpenWindow window(0);
@@ -368,8 +354,7 @@ private Q_SLOTS:
         QCOMPARE(window.documents().current().path(), path);
         QCOMPARE(contents(path), original);
         QVERIFY(window.save()); // over the very file, without a question
-        QVERIFY(contents(path) != original);
-        QVERIFY(static_cast<QWidget&>(window).close());
+        QVERIFY(contents(path) != original && static_cast<QWidget&>(window).close());
         QVERIFY(QDir(kept).isEmpty());
     }
 

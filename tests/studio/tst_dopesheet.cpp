@@ -5,15 +5,7 @@
 #include "timeline/DopeSheet.h"
 #include "timeline/DopeSheetView.h"
 #include "timeline/doperows.h"
-#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
-#include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
-#include <MorrantUI/timeeditor/TimeEditorScene.h>
-#include <MorrantUI/timeline/TimelineScene.h>
-#include <MorrantUI/timeline/TimelineView.h>
-
-#include <QMenu>
-#include <QMimeData>
-#include <QWheelEvent>
+#include <MorrantUI/MorrantUI.h>
 
 using namespace studio;
 using studio::test::settle;
@@ -83,8 +75,7 @@ struct Sheet : StudioWindow
 
     void drag(QPoint from, QPoint to, bool releases = true)
     {
-        pointer.moveTo(from);
-        pointer.press();
+        pointer.press(from);
         pointer.dragTo(to);
         if (releases) {
             pointer.release();
@@ -186,8 +177,7 @@ private Q_SLOTS:
         Sheet sheet;
         sheet.drag(sheet.at(20, 2), sheet.at(25, 2), false);
         QCOMPARE(sheet.time(Attribute::Opacity, 1), 25.0); // seen everywhere meanwhile
-        sheet.pointer.dragTo(sheet.at(35, 2));
-        sheet.pointer.release();
+        sheet.pointer.drop(sheet.at(35, 2));
         QCOMPARE(sheet.shown(), u"10 40 | 10 30.5 35 | 20 50"_qs);
         QCOMPARE(sheet.documents().current().layer, 0);
 
@@ -207,8 +197,7 @@ private Q_SLOTS:
         QCOMPARE(sheet.selection(), u"10 10"_qs);
         sheet.drag(sheet.at(10, 2), sheet.at(13, 2), false);
         sheet.undo(); // ends the drag
-        sheet.pointer.dragTo(sheet.at(18, 2));
-        sheet.pointer.release();
+        sheet.pointer.drop(sheet.at(18, 2));
         settle();
         QCOMPARE(sheet.shown(), u"10 40 | 10 20 30.5 | 20 50"_qs);
     }
@@ -326,8 +315,7 @@ private Q_SLOTS:
         QCOMPARE(sheet.player().loop(), (FrameRange{20, 30}));
         QCOMPARE(sheet.view().getEditorScene()->getBackgroundRegion(), std::pair(20, 30));
         const QPoint at = sheet.at(50, 1);
-        QWheelEvent zoom(at, at, {}, {0, 1440}, {}, Qt::ControlModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(sheet.view().viewport(), &zoom);
+        ui::test::turnWheel(*sheet.view().viewport(), at, {0, 1440}, Qt::ControlModifier);
         QVERIFY(std::abs(sheet.at(50, 1).x() - at.x()) <= 1);
         const QRectF zoomed = sheet.view().getVisibleRect();
         QVERIFY(zoomed.width() < 40);
@@ -355,10 +343,7 @@ private Q_SLOTS:
         const auto drop = [&sheet](const QString& name) {
             QMimeData data;
             data.setUrls({QUrl::fromLocalFile(name)});
-            QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(sheet.view().viewport(), &enter);
-            QDropEvent event({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(sheet.view().viewport(), &event);
+            ui::test::dropOn(*sheet.view().viewport(), data);
         };
         const auto first = [&sheet] {
             const TimeEditorRowHeader& header = sheet.dopeSheet().header();

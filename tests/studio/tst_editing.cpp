@@ -6,10 +6,6 @@
 #include "lottietexts.h"
 #include "support/TestCase.h"
 
-#include <functional>
-#include <limits>
-#include <tuple>
-
 using namespace studio;
 using studio::test::documentOf;
 using studio::test::onlyLayer;

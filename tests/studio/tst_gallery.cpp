@@ -2,10 +2,6 @@
 #include "gallery/StateSheet.h"
 #include "studiotest.h"
 
-#include <QAbstractButton>
-#include <QGridLayout>
-#include <QLabel>
-
 using studio::StateSheet;
 
 namespace {
@@ -68,14 +64,12 @@ private Q_SLOTS:
         OpenSheet sheet;
         const auto press = [](QWidget* cell) {
             ui::test::FakePointer pointer(cell);
-            pointer.moveTo(cell->rect().center());
-            pointer.press();
+            pointer.press(cell->rect().center());
             const bool isDown = qobject_cast<QAbstractButton*>(cell)->isDown();
             pointer.release();
             return isDown;
         };
-        QVERIFY(press(sheet.cell(1, kRest)));
-        QVERIFY(!press(sheet.cell(1, kRest + 1)));
+        QVERIFY(press(sheet.cell(1, kRest)) && !press(sheet.cell(1, kRest + 1)));
         sheet.hide();
         sheet.show();
         QCoreApplication::processEvents();

@@ -6,19 +6,8 @@
 #include "studiotest.h"
 #include "timeline/DopeSheet.h"
 #include "timeline/DopeSheetView.h"
-#include <MorrantUI/controls/buttons/SegmentedButton.h>
-#include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/graph/FixedGraphView.h>
-#include <MorrantUI/graph/GeneralGraphUtils.h>
-#include <MorrantUI/graph/GraphBezierHandleItem.h>
-#include <MorrantUI/graph/GraphPointWidget.h>
-#include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
+#include <MorrantUI/MorrantUI.h>
 
-#include <QAbstractButton>
-#include <QGraphicsScene>
-#include <QRandomGenerator>
-
-#include <array>
 #include <map>
 
 using namespace studio;
@@ -62,8 +51,7 @@ struct Graph : StudioWindow
     QPoint at(double frame, double value) { return view().mapFromScene(frame, -value); }
     void drag(QPoint from, QPoint to)
     {
-        pointer.moveTo(from);
-        pointer.press();
+        pointer.press(from);
         pointer.dragTo(to, 3);
     }
     void drop()
@@ -221,10 +209,8 @@ private Q_SLOTS:
         }
         QVERIFY(out && std::abs(out->x() - 4) < 0.2 && std::abs(out->y() + 2) < 0.2);
         ui::test::FakePointer pointer(fixed.viewport());
-        pointer.moveTo(fixed.mapFromScene(out->scenePos()));
-        pointer.press();
-        pointer.dragTo(fixed.mapFromScene(2, 6.5), 3);
-        pointer.release();
+        pointer.press(fixed.mapFromScene(out->scenePos()));
+        pointer.drop(fixed.mapFromScene(2, 6.5), 3);
         studio::test::settle();
         QCOMPARE(window.rotation(), u"10:0 0.2,0.2 0.5,1.0 | 50:100 | 70:100"_qs);
 

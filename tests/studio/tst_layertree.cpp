@@ -5,8 +5,6 @@
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/DockableWindow.h>
 
-#include <QLineEdit>
-
 using namespace studio;
 using studio::test::layer;
 
@@ -80,10 +78,8 @@ private Q_SLOTS:
             return window.tree().visualRect(window.tree().model()->index(row, 0));
         };
         window.selectLayer(0);
-        pointer.moveTo(rowAt(0).center());
-        pointer.press();
-        pointer.dragTo(rowAt(3).center() + QPoint(0, 6));
-        pointer.release();
+        pointer.press(rowAt(0).center());
+        pointer.drop(rowAt(3).center() + QPoint(0, 6));
         QCOMPARE(window.layers(), u"Ada Bea Dua- Cem"_qs);
         QCOMPARE(window.tree().selectedLayers(), std::vector{3});
         QCOMPARE(window.document()->main.layers[1].parent, 3);

@@ -4,11 +4,6 @@
 #include "lottie/renderer.h"
 #include "lottietexts.h"
 #include "support/TestCase.h"
-#include "support/pixels.h"
-
-#include <QDir>
-
-#include <cmath>
 
 using namespace studio;
 using namespace studio::test;

@@ -5,8 +5,6 @@
 #include "lottietexts.h"
 #include "support/TestCase.h"
 
-#include <cmath>
-
 using namespace studio;
 using namespace studio::test;
 

@@ -6,8 +6,6 @@
 #include <MorrantUI/text/PlainTextEdit.h>
 #include <MorrantUI/text/TimeCodeField.h>
 
-#include <QContextMenuEvent>
-
 using namespace studio;
 
 namespace {

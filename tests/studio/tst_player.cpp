@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Player.h"
 #include "readouts.h"
-#include "support/FakeClock.h"
 #include "support/TestCase.h"
-
-#include <cmath>
-#include <limits>
 
 using namespace studio;
 

@@ -1,14 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-
 #include "support/TestCase.h"
-#include "support/paths.h"
-
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <tuple>
-#include <vector>
 
 namespace {
 

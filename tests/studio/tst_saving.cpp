@@ -3,13 +3,6 @@
 #include "lottietexts.h"
 #include "saving/documentwriter.h"
 #include "support/TestCase.h"
-#include "support/paths.h"
-
-#include <QDir>
-#include <QFile>
-#include <QRandomGenerator>
-
-#include <functional>
 
 using namespace studio;
 using namespace studio::test;

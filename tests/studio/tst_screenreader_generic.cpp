@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/RealPointer.h"
 #include "support/TestCase.h"
-#include "support/paths.h"
 
-#include <QGuiApplication>
-#include <QTemporaryDir>
 #include <QtDBus>
 
 namespace {
@@ -45,9 +42,8 @@ struct Reader
     }
     ~Reader()
     {
-        for (const auto& name : {u"session"_qs, u"reader"_qs}) {
-            QDBusConnection::disconnectFromBus(name);
-        }
+        QDBusConnection::disconnectFromBus(u"session"_qs);
+        QDBusConnection::disconnectFromBus(u"reader"_qs);
         for (QProcess* const process : {&studio, &daemon}) { // the others go with their bus
             process->terminate();
             process->waitForFinished(kPatience);
@@ -60,22 +56,13 @@ struct Reader
         process.start(program, arguments);
         QVERIFY(process.waitForStarted(kPatience));
     }
-    /// One of ours.
-    void startHere(QProcess& process, const QString& program, const QStringList& arguments) const
-    {
-        start(process, QCoreApplication::applicationDirPath() + u'/' + program, arguments);
-    }
     void openStudio(const QStringList& arguments)
     {
-        startHere(studio, u"studio"_qs, arguments);
-        QTRY_VERIFY_WITH_TIMEOUT(findStudio(), kPatience);
-    }
-    bool findStudio()
-    {
+        start(studio, bin + u"studio"_qs, arguments);
         service = u"org.a11y.atspi.Registry"_qs;
-        const auto programs = children(kRoot);
-        service = programs.value(0).first;
-        return !programs.isEmpty() && walk().size() > 20;
+        QTRY_VERIFY_WITH_TIMEOUT(!children(kRoot).isEmpty(), kPatience);
+        service = children(kRoot).value(0).first;
+        QTRY_VERIFY_WITH_TIMEOUT(walk().size() > 20, kPatience);
     }
 
     QVariant send(
@@ -163,6 +150,7 @@ struct Reader
         return faults.join(u'\n');
     }
 
+    const QString bin = QCoreApplication::applicationDirPath() + u'/';
     QTemporaryDir home;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QProcess daemon;
@@ -221,7 +209,7 @@ private Q_SLOTS:
               {u"tst_studio"_qs, u"ReaderEventsTest"_qs}})
         {
             QProcess process;
-            reader.startHere(process, program, {test});
+            reader.start(process, reader.bin + program, {test});
             QVERIFY(process.waitForFinished(60'000));
             QVERIFY2(process.exitCode() == 0, process.readAllStandardOutput().constData());
         }

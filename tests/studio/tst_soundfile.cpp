@@ -2,11 +2,6 @@
 #include "support/TestCase.h"
 #include "timeline/soundfile.h"
 
-#include <QBuffer>
-#include <QtEndian>
-
-#include <cmath>
-
 using namespace studio;
 
 namespace {

@@ -9,14 +9,6 @@
 #include <MorrantUI/docking/DockableWindow.h>
 #include <MorrantUI/theme/colors.h>
 
-#include <QLabel>
-#include <QMenuBar>
-#include <QMimeData>
-#include <QTreeWidget>
-#include <QWheelEvent>
-
-#include <functional>
-
 using namespace studio;
 using ui::test::pixelAt;
 
@@ -37,15 +29,6 @@ struct OpenWindow : StudioWindow
         studio::test::showActive(*this);
     }
 };
-
-void drop(StudioWindow& window, const QMimeData& data)
-{
-    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&window, &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent event({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&window, &event);
-}
 
 } // namespace
 
@@ -73,8 +56,7 @@ private Q_SLOTS:
             QVERIFY2(sentence.count(name) == 1, qUtf8Printable(sentence));
             QVERIFY(sentence.endsWith(u'.') && !sentence.contains(u'\n'));
         }
-        QVERIFY(window.openFile(samplePaths().first()));
-        QVERIFY(window.notices().isEmpty());
+        QVERIFY(window.openFile(samplePaths().first()) && window.notices().isEmpty());
     }
 
     void everyLocalJsonFileOfADropOpens()
@@ -91,17 +73,17 @@ private Q_SLOTS:
         const QUrl remote(u"https://example.org/b.json"_qs);
         for (const QList<QUrl>& urls : {QList{picture}, {remote, picture}}) {
             data.setUrls(urls);
-            drop(window, data);
+            QVERIFY(ui::test::dropOn(window, data));
             QVERIFY(window.notices().texts().value(0).contains(u".json"_qs));
             QCOMPARE(window.document()->width, 200);
         }
         data.setUrls(files);
-        drop(window, data);
+        QVERIFY(ui::test::dropOn(window, data));
         QVERIFY(window.notices().isEmpty());
         QCOMPARE(window.documents().count(), 3);
         QVERIFY(window.document()->width != 200);
         data.setUrls({picture, files.first()}); // which comes to the front
-        drop(window, data);
+        QVERIFY(ui::test::dropOn(window, data));
         QCOMPARE(window.documents().activeTab(), 1);
         QCOMPARE(window.notices().texts().size(), 1);
     }
@@ -207,10 +189,8 @@ private Q_SLOTS:
         auto* slider = window.findChild<FrameSlider*>();
         window.player().play();
         ui::test::FakePointer pointer(slider);
-        pointer.moveTo({slider->width() / 2, slider->height() / 2});
-        pointer.press();
-        QVERIFY(!window.player().isPlaying());
-        QVERIFY(qAbs(window.player().frame() - 10) <= 1);
+        pointer.press({slider->width() / 2, slider->height() / 2});
+        QVERIFY(!window.player().isPlaying() && qAbs(window.player().frame() - 10) <= 1);
         pointer.dragTo({slider->width() + 50, slider->height() / 2}, 100);
         QCOMPARE(window.player().frame(), 19);
         pointer.release();
@@ -282,12 +262,10 @@ private Q_SLOTS:
         window.editor().setLocked({0}, false);
 
         const QPointF before = window.viewport().mapping().origin;
-        pointer.moveTo(at(50));
-        pointer.press();
+        pointer.press(at(50));
         pointer.moveTo(pointer.position() + QPoint(2, 2)); // an unsteady hand
         QCOMPARE(window.viewport().mapping().origin, before);
-        pointer.dragTo(pointer.position() + QPoint(28, 0));
-        pointer.release();
+        pointer.drop(pointer.position() + QPoint(28, 0));
         QCOMPARE(window.viewport().mapping().origin, before + QPointF(30, 2));
         QCOMPARE(window.documents().current().layer, -1);
 
@@ -322,24 +300,16 @@ private Q_SLOTS:
         viewport.resize(464, 264);
         viewport.setDocument(halfRed());
         studio::test::showActive(viewport);
-        const auto turn = [&viewport](QPoint delta) {
-            const QPointF global = viewport.mapToGlobal(QPointF(50, 50));
-            const auto none = Qt::NoButton;
-            QWheelEvent event({50, 50}, global, {}, delta, none, {}, Qt::NoScrollPhase, false);
-            QApplication::sendEvent(&viewport, &event);
-        };
-        turn({120, 0}); // aside
+        ui::test::turnWheel(viewport, {50, 50}, {120, 0}); // aside
         viewport.resize(864, 364);
         QTRY_COMPARE(viewport.mapping().scale, 3.0);
 
         ui::test::FakePointer pointer(&viewport);
         const auto origin = [&viewport] { return viewport.mapping().origin; };
         const QPointF before = origin();
-        pointer.moveTo({100, 100});
-        pointer.press();
+        pointer.press({100, 100});
         pointer.press(Qt::MiddleButton);
-        pointer.dragTo({130, 90});
-        pointer.release();
+        pointer.drop({130, 90});
         const QPointF panned = before + QPointF(30, -10);
         QCOMPARE(origin(), panned);
         pointer.moveTo({90, 90}); // with the other button still down
@@ -354,7 +324,7 @@ private Q_SLOTS:
 
         viewport.resize(464, 264);
         QTRY_COMPARE(origin(), panned - QPointF(200, 50));
-        turn({0, 120});
+        ui::test::turnWheel(viewport, {50, 50}, {0, 120});
         QCOMPARE(viewport.mapping().scale, 3.0 * 1.2);
     }
 };

@@ -6,19 +6,6 @@
 #include "studiotest.h"
 #include <MorrantUI/menus/dialogs.h>
 
-#include <QAbstractButton>
-#include <QAccessible>
-#include <QLabel>
-#include <QRegularExpression>
-#include <QSet>
-#include <QTimer>
-#include <QTranslator>
-#include <QXmlStreamReader>
-
-#include <algorithm>
-#include <functional>
-#include <vector>
-
 using namespace studio;
 
 namespace {
@@ -200,14 +187,6 @@ private Q_SLOTS:
         const PseudoTranslator pseudo;
         Reader reader;
         const QString text(kMark);
-        const auto readNext = [&reader] {
-            QTimer::singleShot(0, qApp, [&reader] {
-                if (QWidget* dialog = QApplication::activeModalWidget()) {
-                    reader.read(*dialog);
-                    dialog->close();
-                }
-            });
-        };
         const std::vector<std::function<void()>> questions{
             [&] { askToLeave(text, text, nullptr); },
             [&] { askToOverwrite(text, text, nullptr); },
@@ -216,7 +195,12 @@ private Q_SLOTS:
             [&] { ui::getSpreadsheetLink(text, text, QUrl(u"ftp://x"_qs)); },
             [&] { ui::getPresetName(text, {text}, u"?"_qs); }};
         for (const auto& ask : questions) {
-            readNext();
+            QTimer::singleShot(0, qApp, [&reader] {
+                if (QWidget* dialog = QApplication::activeModalWidget()) {
+                    reader.read(*dialog);
+                    dialog->close();
+                }
+            });
             ask();
         }
         QCOMPARE(reader.faults(), QString());

@@ -1,14 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "studiotest.h"
-#include "support/FakeClock.h"
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/saving/LayoutWatch.h>
-
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QScreen>
 
 using namespace studio;
 using studio::test::settle;
@@ -146,8 +139,7 @@ private Q_SLOTS:
             QCOMPARE(window.size(), QSize(760, 620));
             QCOMPARE(compact(after), compact(before));
         }
-        QVERIFY(window.notices().isEmpty());
-        QVERIFY(!window.player().isLooping());
+        QVERIFY(window.notices().isEmpty() && !window.player().isLooping());
     }
 
     void aBadLayoutFileIsToldOnceAndReplaced()
@@ -163,8 +155,7 @@ private Q_SLOTS:
         QCOMPARE(failed.size(), 1);
         QCOMPARE(window.notices().texts().value(0), failed.first().first().toString());
         QCOMPARE(panelsOf(window.root()), panelsOf(before));
-        QVERIFY(window.close());
-        QVERIFY(!panelsOf(read(file.fileName())[u"root"]).isEmpty());
+        QVERIFY(window.close() && !panelsOf(read(file.fileName())[u"root"]).isEmpty());
         QVERIFY(QFile::exists(file.fileName() + u".bad"_qs));
     }
 
