@@ -1468,6 +1468,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Unsaved changes in “%1” cannot be read. They stay there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>The studio had to end before changes were saved. They are here again.</source>
         <translation type="unfinished"></translation>
     </message>

@@ -363,16 +363,17 @@ bool StudioWindow::keepUnsavedIn(const QString& folder)
 {
     m_recovery = std::make_unique<Recovery>(folder);
     QStringList titles;
-    for (UnsavedDocument& unsaved : m_recovery->take()) {
+    const auto canBeRead = [](const std::string& bytes) { return bool(read(bytes)); };
+    for (UnsavedDocument& unsaved : m_recovery->take(canBeRead)) {
         ReadResult result = read(std::move(unsaved.bytes));
-        if (result) {
-            openDocument(
-                std::make_shared<Document>(*std::move(result.document)),
-                unsaved.title,
-                unsaved.path);
-            page().setUnsaved(unsaved.fingerprint);
-            titles.append(unsaved.title);
-        }
+        openDocument(
+            std::make_shared<Document>(*std::move(result.document)), unsaved.title, unsaved.path);
+        page().setUnsaved(unsaved.fingerprint);
+        titles.append(unsaved.title);
+    }
+    for (const QString& left : m_recovery->unreadable()) {
+        fail(tr("Unsaved changes in “%1” cannot be read. They stay there.")
+                 .arg(QDir::toNativeSeparators(left)));
     }
     if (!titles.isEmpty()) {
         const QString sentence =

@@ -10,6 +10,8 @@
 #include <QJsonObject>
 #include <QUuid>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace studio {
@@ -26,22 +28,28 @@ QByteArray contentsOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-std::vector<UnsavedDocument> documentsIn(const QDir& folder)
+using IsDocument = std::function<bool(const std::string&)>;
+
+/// Nothing where anything of a folder cannot be read.
+std::optional<std::vector<UnsavedDocument>> documentsIn(
+    const QDir& folder, const IsDocument& isDocument)
 {
     std::vector<UnsavedDocument> documents;
     const auto index = QJsonDocument::fromJson(contentsOf(folder.filePath(kIndex))).array();
     for (const QJsonValue entry : index) {
         const QString file = QFileInfo(entry[u"file"].toString()).fileName();
-        const QByteArray bytes = contentsOf(folder.filePath(file));
-        if (!bytes.isEmpty()) {
-            documents.push_back(
-                {entry[u"title"].toString(),
-                 entry[u"path"].toString(),
-                 QByteArray::fromBase64(entry[u"fingerprint"].toString().toLatin1()),
-                 bytes.toStdString()});
+        UnsavedDocument document{
+            entry[u"title"].toString(),
+            entry[u"path"].toString(),
+            QByteArray::fromBase64(entry[u"fingerprint"].toString().toLatin1()),
+            contentsOf(folder.filePath(file)).toStdString()};
+        if (!isDocument(document.bytes)) {
+            return std::nullopt;
         }
+        documents.push_back(std::move(document));
     }
-    return documents;
+    const bool isWhole = !documents.empty() || folder.entryList({u"*.json"_qs}).isEmpty();
+    return isWhole ? std::optional(std::move(documents)) : std::nullopt;
 }
 
 /// A lock of another run is stale when that has ended, however old it is.
@@ -78,8 +86,9 @@ Recovery::Recovery(const QString& folder)
 
 Recovery::~Recovery() = default;
 
-std::vector<UnsavedDocument> Recovery::take()
+std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
 {
+    m_unreadable.clear();
     std::vector<UnsavedDocument> documents;
     const QDir all(m_folder);
     for (const QString& name : all.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Time)) {
@@ -88,9 +97,12 @@ std::vector<UnsavedDocument> Recovery::take()
         if (!lock) {
             continue; // of a run that goes on
         }
-        for (UnsavedDocument& document : documentsIn(folder)) {
-            documents.push_back(std::move(document));
+        auto found = documentsIn(folder, isDocument);
+        if (!found) {
+            m_unreadable.append(folder.path());
+            continue;
         }
+        std::move(found->begin(), found->end(), std::back_inserter(documents));
         m_taken.push_back({folder.path(), std::move(lock)});
     }
     return documents;

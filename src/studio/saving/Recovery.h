@@ -4,8 +4,11 @@
 #include <QByteArray>
 #include <QLockFile>
 #include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,8 +35,12 @@ public:
     ~Recovery();
 
     /// What runs that are over have left, which is this run's from now on and stays on disk until
-    /// forget() or keep().
-    std::vector<UnsavedDocument> take();
+    /// forget() or keep(). A folder in which anything cannot be read is nobody's and stays.
+    /// @param isDocument whether bytes can be opened
+    std::vector<UnsavedDocument> take(const std::function<bool(const std::string&)>& isDocument);
+
+    /// The folders that the last take() could not read whole.
+    const QStringList& unreadable() const { return m_unreadable; }
 
     /// Replaces what this run has taken or kept.
     /// @return what went wrong, a sentence for the user, and then what was there stays; empty when
@@ -54,6 +61,7 @@ private:
 
     QString m_folder;
     std::vector<Taken> m_taken;
+    QStringList m_unreadable;
 };
 
 } // namespace studio
