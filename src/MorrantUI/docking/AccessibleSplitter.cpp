@@ -91,8 +91,10 @@ AccessibleSplitHandle::AccessibleSplitHandle(QSplitterHandle* handle)
          .step = [] { return 1; }})
 {
     const auto tell = [handle, told = placeOf(*handle)](QObject*, QEvent* event) mutable {
-        const int place = placeOf(*handle);
-        if (event->type() == QEvent::Move && std::exchange(told, place) != place) {
+        if (event->type() != QEvent::Move) { // other events come from its destructor too
+            return false;
+        }
+        if (const int place = placeOf(*handle); std::exchange(told, place) != place) {
             notifyAccessibleValue(handle, place);
         }
         return false;
