@@ -102,6 +102,7 @@ struct Reader
             list.endStructure();
             found.last().second = child.path();
         }
+        list.endArray(); // frees what the array was read with
         return found;
     }
 
