@@ -17,11 +17,8 @@ endforeach()
 execute_process(COMMAND ${MINGW_TRIPLE}-g++-posix -print-libgcc-file-name
     OUTPUT_VARIABLE libgcc OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 get_filename_component(gcc "${libgcc}" DIRECTORY)
-# Skia's stages hand vectors on by tail calls. Windows passes them by address, and clang 14 then keeps
-# them where the stack is not aligned: gradients and masks would crash. scripts/setup-skia takes
-# away the calls that must be tail calls.
 set(CMAKE_CXX_FLAGS_INIT
-    "-nostdinc++ -isystem ${gcc}/include/c++ -isystem ${gcc}/include/c++/${MINGW_TRIPLE} -fno-optimize-sibling-calls")
+    "-nostdinc++ -isystem ${gcc}/include/c++ -isystem ${gcc}/include/c++/${MINGW_TRIPLE}")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-B${gcc} -L${gcc}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-B${gcc} -L${gcc}")
 set(CMAKE_CXX_STANDARD_LIBRARIES "-lpthread" CACHE STRING "")
