@@ -232,11 +232,6 @@ void measure(ui::bench::Report& report, const Case& what)
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    // The bare tree makes native children for a moment, of which the off-screen platform complains.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     return benchWithTheme(argc, argv, [](ui::bench::Report& report) {
         measure(report, {Shape::Splits, kPanels, "docking"});
         measure(report, {Shape::Flat, kPanels, "docking-flat"});

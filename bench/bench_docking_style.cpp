@@ -125,24 +125,14 @@ void measure(
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    ui::bench::Report report(argc, argv);
-    QApplication::setDesktopSettingsAware(false);
-    const QApplication app(argc, argv);
-    const QString assets = themeAssets();
-    if (assets.isEmpty()) {
-        return 1;
-    }
-    VisualDesignDark theme(assets);
-    const Wardrobe wardrobe(theme);
-    if (report.wants("docking-style-share docking-theme")) {
-        measure(report, wardrobe, *ui::bench::makeOurTree(Shape::Splits), "docking");
-    }
-    if (report.wants("docking-bare-style-share docking-bare-theme")) {
-        measure(report, wardrobe, *ui::bench::makeBareTree(Shape::Splits), "docking-bare");
-    }
-    return report.exitCode();
+    return benchWithAssets(argc, argv, [](ui::bench::Report& report, const QString& assets) {
+        VisualDesignDark theme(assets);
+        const Wardrobe wardrobe(theme);
+        if (report.wants("docking-style-share docking-theme")) {
+            measure(report, wardrobe, *ui::bench::makeOurTree(Shape::Splits), "docking");
+        }
+        if (report.wants("docking-bare-style-share docking-bare-theme")) {
+            measure(report, wardrobe, *ui::bench::makeBareTree(Shape::Splits), "docking-bare");
+        }
+    });
 }

@@ -237,26 +237,19 @@ void benchStart(Report& report, VisualDesignDark& theme)
 
 int main(int argc, char** argv)
 {
-    Report report(argc, argv);
-    QApplication::setDesktopSettingsAware(false);
-    const QApplication app(argc, argv);
-    const QString assets = themeAssets();
-    if (assets.isEmpty()) {
-        return 1;
-    }
+    return benchWithAssets(argc, argv, [](Report& report, const QString& assets) {
+        // Measured once: only the first theme of a process reads the font files.
+        std::unique_ptr<VisualDesignDark> theme;
+        const double construction =
+            ui::bench::nanosecondsOf([&] { theme = std::make_unique<VisualDesignDark>(assets); });
+        if (report.wants("theme-construction")) {
+            report.state("theme-construction", construction / kMillisecond, "ms");
+        }
+        benchStart(report, *theme);
+        theme->applyAppStyle();
 
-    // Measured once: only the first theme of a process reads the font files.
-    std::unique_ptr<VisualDesignDark> theme;
-    const double construction =
-        ui::bench::nanosecondsOf([&] { theme = std::make_unique<VisualDesignDark>(assets); });
-    if (report.wants("theme-construction")) {
-        report.state("theme-construction", construction / kMillisecond, "ms");
-    }
-    benchStart(report, *theme);
-    theme->applyAppStyle();
-
-    benchColors(report, makeColorNames(*theme));
-    benchCopyPixels(report);
-    benchSkiaRepaint(report);
-    return report.exitCode();
+        benchColors(report, makeColorNames(*theme));
+        benchCopyPixels(report);
+        benchSkiaRepaint(report);
+    });
 }

@@ -116,6 +116,8 @@ public:
     BareTree(Shape shape, std::size_t panels)
         : m_root(makeSplitter(Qt::Horizontal))
     {
+        // It makes native children for a moment, of which the off-screen platform complains.
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         auto* layout = new QVBoxLayout(&m_window);
         layout->setContentsMargins(kHandle, kHandle, kHandle, kHandle);
         layout->addWidget(m_root);
