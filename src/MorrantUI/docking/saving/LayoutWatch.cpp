@@ -2,9 +2,22 @@
 #include "MorrantUI/docking/saving/LayoutWatch.h"
 
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/docking/saving/savedlayouts.h>
 
 #include <QEvent>
+
+/// Whether an event of a window changes what a layout holds: that of the host is not saved in it,
+/// and what the system hides, as it minimises a window, is still there.
+static bool isChange(const QEvent& event, bool isHost)
+{
+    switch (event.type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowStateChange: return true;
+    case QEvent::Show:
+    case QEvent::Hide: return !isHost && !event.spontaneous();
+    default: return false;
+    }
+}
 
 LayoutWatch::LayoutWatch(QWidget* window)
     : QObject(window)
@@ -16,37 +29,26 @@ LayoutWatch::LayoutWatch(QWidget* window)
         window->installEventFilter(this);
     }
     if (gMainWindow) {
-        connect(gMainWindow, &DockableGroup::layoutChanged, this, [this] {
-            watchFloating();
-            m_rest.start();
-        });
+        connect(gMainWindow, &DockableGroup::layoutChanged, &m_rest, qOverload<>(&QTimer::start));
+        gMainWindow->installEventFilter(this);
+        for (QObject* const child : gMainWindow->children()) {
+            child->installEventFilter(this);
+        }
     }
-    watchFloating();
 }
 
 LayoutWatch::~LayoutWatch() = default;
 
 bool LayoutWatch::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::Move:
-    case QEvent::Resize:
-    case QEvent::WindowStateChange: {
-        const auto* window = qobject_cast<QWidget*>(watched);
-        if (window && window->isWindow()) { // what floated may be docked by now
-            m_rest.start();
-        }
-        break;
+    if (event->type() == QEvent::ChildAdded && watched == gMainWindow) {
+        static_cast<QChildEvent*>(event)->child()->installEventFilter(this); // it may come to float
     }
-    default: break;
+    const bool isHost = watched == parent();
+    const auto* const window = qobject_cast<QWidget*>(watched);
+    const bool isWatched = isHost || qobject_cast<DockableWindow*>(watched);
+    if (isWatched && window->isWindow() && isChange(*event, isHost)) {
+        m_rest.start();
     }
     return QObject::eventFilter(watched, event);
-}
-
-void LayoutWatch::watchFloating()
-{
-    const QList<DockableWindow*> windows = ui::floatingWindows();
-    for (DockableWindow* const window : windows) {
-        window->installEventFilter(this); // once, however often it is installed
-    }
 }

@@ -38,7 +38,5 @@ Q_SIGNALS:
     void settled();
 
 private:
-    void watchFloating();
-
     QTimer m_rest{this};
 };
