@@ -498,17 +498,25 @@ private Q_SLOTS:
         connect(guest, &DockableWindow::docked, guest, [guest] { delete guest; });
         tree.play(u"dock x root left, settle"_qs);
         QCOMPARE(tree.text(), u"H(a b)"_qs);
+    }
 
-        const QPointer<DockableWindow> target = tree["a"];
-        DockableWindow* newcomer = DockTree::panel(u"y"_qs);
-        const auto welcome = [target](QObject*, const QEvent* event) {
-            delete (event->type() == QEvent::Show ? target.data() : nullptr);
-            return false;
-        };
-        ui::installEventFilter(newcomer, welcome, nullptr);
-        target->dockInArea(newcomer, Area::Bottom);
-        settle();
-        QCOMPARE(tree.text(), u"H(y b)"_qs);
+    void whoeverHearsThatItIsShownMayDeleteOthers()
+    {
+        for (const auto& [start, target, area, dies, end] :
+             {std::tuple("H(a b)", "a", Area::Bottom, "a", "H(y b)"),
+              {"H(a b)", "root", Area::Top, "^a", "V(y)"}})
+        {
+            DockTree tree(QString::fromLatin1(start));
+            DockableWindow* newcomer = DockTree::panel(u"y"_qs);
+            const auto welcome = [&tree, dies = dies](QObject*, const QEvent* event) {
+                delete (event->type() == QEvent::Show ? tree[dies] : nullptr);
+                return false;
+            };
+            ui::installEventFilter(newcomer, welcome, nullptr);
+            tree[target]->dockInArea(newcomer, area);
+            settle();
+            QCOMPARE(tree.text(), QString::fromLatin1(end));
+        }
     }
 
     void aMainWindowThatIsGoneIsNone()

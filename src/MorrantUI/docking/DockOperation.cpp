@@ -30,24 +30,25 @@ bool DockOperation::isNeedless() const
     return m_target.hasAt(m_window, m_area);
 }
 
-DockableWindow* DockOperation::run()
+QPointer<DockableWindow> DockOperation::run()
 {
-    if (DockableGroup* group = m_target.takeIn(m_window, m_area)) {
-        return group;
+    const QPointer<DockableWindow> target(&m_target);
+    const QPointer<DockableWindow> window(&m_window);
+    if (m_target.takeIn(m_window, m_area)) {
+        return target;
     }
     if (isMainWindow(m_target)) {
-        return splitRoot(static_cast<DockableGroup&>(m_target));
+        splitRoot(static_cast<DockableGroup&>(m_target));
+        return target;
     }
-    const QPointer<DockableWindow> target(&m_target); // what hears that it is shown may delete it
-    const QPointer<DockableWindow> window(&m_window);
     DockableGroup* parent = groupOf(m_target);
-    DockableGroup* group = parent ? splitInGroup(*parent) : splitFloating();
+    QPointer<DockableGroup> group = parent ? splitInGroup(*parent) : splitFloating();
     for (const auto& moved : {target, window}) {
         if (moved) {
             moved->updateGeometry();
         }
     }
-    return group;
+    return group.data();
 }
 
 DockableGroup* DockOperation::makeGroup() const
@@ -58,11 +59,12 @@ DockableGroup* DockOperation::makeGroup() const
 }
 
 /// All children move into a new group, which then lies across the newcomer.
-DockableGroup* DockOperation::splitRoot(DockableGroup& root)
+void DockOperation::splitRoot(DockableGroup& root)
 {
     const int room = isVertical(m_area) ? root.m_splitter->height() : root.m_splitter->width();
     const QList<int> shares = SplitterSizes::sharesFor(room, m_window.extentAlong(m_area), m_area);
-    DockableGroup* inner = moveChildrenDown(root, m_area);
+    const QPointer<DockableGroup> inner = moveChildrenDown(root, m_area);
+    const QPointer<DockableWindow> window(&m_window);
     {
         const GroupSplitter::Pause pause(root.m_splitter);
         const Rearranging rearranging;
@@ -72,16 +74,17 @@ DockableGroup* DockOperation::splitRoot(DockableGroup& root)
         }
     }
     // A lone group in a group: without this every newcomer that comes and goes would add one.
-    DockableWindow* lone = inner->childCount() == 1 ? inner->getChild(0) : nullptr;
+    DockableWindow* lone = inner && inner->childCount() == 1 ? inner->getChild(0) : nullptr;
     if (lone && lone->windowMode() == DockableWindow::WindowMode::Group) {
         inner->collapseGroup();
-        return &root;
+        return;
     }
-    inner->updateGeometry();
-    m_window.updateGeometry();
-    inner->show();
-    m_window.show();
-    return &root;
+    for (const QPointer<DockableWindow>& moved : {QPointer<DockableWindow>(inner), window}) {
+        if (moved) {
+            moved->updateGeometry();
+            moved->show();
+        }
+    }
 }
 
 /// Moves all children, and how they share the room, into a new group, by trading splitters. That
@@ -114,9 +117,9 @@ DockableGroup* DockOperation::moveChildrenDown(DockableGroup& root, DockableArea
 }
 
 /// The target's place in its group goes to a new group of it and the newcomer.
-DockableGroup* DockOperation::splitInGroup(DockableGroup& parent)
+QPointer<DockableGroup> DockOperation::splitInGroup(DockableGroup& parent)
 {
-    DockableGroup* group = makeGroup();
+    QPointer<DockableGroup> group = makeGroup();
     // Not their root too: it would be painted anew as a whole, at twenty times the cost. Nothing is
     // painted before control returns to the event loop anyway.
     const FrozenUpdates frozen{&m_target, &m_window};
@@ -149,9 +152,11 @@ DockableGroup* DockOperation::splitInGroup(DockableGroup& parent)
 }
 
 /// A new group comes where the floating target is.
-DockableGroup* DockOperation::splitFloating()
+QPointer<DockableGroup> DockOperation::splitFloating()
 {
-    DockableGroup* group = makeGroup();
+    QPointer<DockableGroup> group = makeGroup();
+    const QPointer<DockableWindow> target(&m_target);
+    const QPointer<DockableWindow> window(&m_window);
     const QRect alone(m_target.pos(), m_target.size());
     const QSize newcomerAlone = m_window.size();
     const int own = m_target.extentAlong(m_area);
@@ -162,7 +167,9 @@ DockableGroup* DockOperation::splitFloating()
     group->m_splitterSizes->setSizesAround(m_target, own);
     group->move(alone.topLeft());
     group->show();
-    group->m_splitterSizes->rememberPair(m_target, alone, m_window, newcomerAlone);
+    if (group && target && window && groupOf(*window) == group) {
+        group->m_splitterSizes->rememberPair(*target, alone, *window, newcomerAlone);
+    }
     return group;
 }
 

@@ -3,12 +3,15 @@
 
 #include <MorrantUI/docking/DockableArea.h>
 
+#include <QPointer>
+
 class DockableGroup;
 class DockableWindow;
 
 namespace ui::docking {
 
-/// A window docks at an area of a target; it is in no group, or will have left it by then.
+/// A window docks at an area of a target; it is in no group, or will have left it by then. What
+/// hears that it is shown may delete any of those that take part.
 class DockOperation
 {
 public:
@@ -18,16 +21,16 @@ public:
     bool isPossible() const;
     /// The window is a child of the target and already where it would come.
     bool isNeedless() const;
-    /// @return the group that now holds both
-    DockableWindow* run();
+    /// @return the group that now holds both, if it still lives
+    QPointer<DockableWindow> run();
 
 private:
     /// A new group for target and newcomer.
     DockableGroup* makeGroup() const;
-    DockableGroup* splitRoot(DockableGroup& root);
+    void splitRoot(DockableGroup& root);
     static DockableGroup* moveChildrenDown(DockableGroup& root, DockableArea area);
-    DockableGroup* splitInGroup(DockableGroup& parent);
-    DockableGroup* splitFloating();
+    QPointer<DockableGroup> splitInGroup(DockableGroup& parent);
+    QPointer<DockableGroup> splitFloating();
 
     DockableWindow& m_target;
     DockableWindow& m_window;

@@ -574,10 +574,14 @@ void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
     if (m_splitter) {
         setLayoutMode(layoutModeOf(area)); // another one only while there are no children
     }
+    const QPointer<DockableWindow> both[] = {this, &window}; // who hears of it may delete them
     insertChild(ui::docking::insertIndex(area), &window);
-    bringForward(window);
-    updateGeometry();
-    window.updateGeometry();
+    if (both[0] && both[1]) {
+        bringForward(window);
+    }
+    for (const auto& one : both) {
+        one ? one->updateGeometry() : void();
+    }
 }
 
 std::vector<QPointer<DockableWindow>> DockableGroup::childWindows()
