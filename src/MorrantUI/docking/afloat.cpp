@@ -31,15 +31,18 @@ bool shrinkToUsualSize(QWidget& window)
     return true;
 }
 
-/// With the frame; before the window manager has given it one, with one like its owner's.
-static QSize sizeWithFrame(const QWidget& window)
+QMargins frameOf(const QWidget& window)
 {
-    const QSize framed = window.frameGeometry().size();
+    const auto around = [](const QWidget& one) {
+        const QRect inner = one.geometry();
+        const QRect outer = one.frameGeometry();
+        const QPoint first = inner.topLeft() - outer.topLeft();
+        const QPoint last = outer.bottomRight() - inner.bottomRight();
+        return QMargins(first.x(), first.y(), last.x(), last.y());
+    };
+    const QMargins own = around(window);
     const QWidget* owner = window.parentWidget();
-    if (framed != window.size() || !owner) {
-        return framed;
-    }
-    return framed + owner->window()->frameGeometry().size() - owner->window()->size();
+    return own.isNull() && owner ? around(*owner->window()) : own;
 }
 
 void placeOnScreen(QWidget& window, const QRect& place)
@@ -47,9 +50,9 @@ void placeOnScreen(QWidget& window, const QRect& place)
     const QScreen* screen = getClosestScreenAt(place.center());
     const QRect room = screen ? screen->availableGeometry() : QRect();
     if (place.isValid() && room.contains(place.center())) {
-        const QSize frame = sizeWithFrame(window) - window.size();
-        window.resize(place.size().boundedTo(room.size() - frame));
-        window.move(placeWithin({place.topLeft(), window.size() + frame}, room));
+        const QMargins frame = frameOf(window);
+        window.resize(place.size().boundedTo(room.size().shrunkBy(frame)));
+        window.move(placeWithin({place.topLeft(), window.size().grownBy(frame)}, room));
     }
 }
 
@@ -59,8 +62,8 @@ void keepOnScreen(QWidget& window, const QPoint& point)
     if (!screen || !window.isWindow() || window.windowState().testAnyFlags(kFillingScreen)) {
         return;
     }
-    const QPoint place =
-        placeWithin({window.pos(), sizeWithFrame(window)}, screen->availableGeometry());
+    const QRect frame(window.pos(), window.size().grownBy(frameOf(window)));
+    const QPoint place = placeWithin(frame, screen->availableGeometry());
     if (place != window.pos()) {
         window.move(place);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+class QMargins;
 class QPoint;
 class QRect;
 class QWidget;
@@ -14,6 +15,9 @@ void makeUsualSize(QWidget& window);
 /// One that is seen and fills its screen takes its usual size.
 /// @return whether it did fill it
 bool shrinkToUsualSize(QWidget& window);
+
+/// The window manager's frame around a window; before there is one, one like its owner's.
+QMargins frameOf(const QWidget& window);
 
 /// Puts a window where it was (position with, size without the frame), as a whole on the screen
 /// there. Nothing happens when that screen is gone.

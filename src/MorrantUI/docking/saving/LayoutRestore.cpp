@@ -3,6 +3,7 @@
 
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
+#include "MorrantUI/docking/afloat.h"
 #include "MorrantUI/docking/docktree.h"
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
@@ -221,8 +222,11 @@ void LayoutRestore::floatWindow(const SavedWindow& saved)
         const QScreen* const screen = screenFor(saved);
         window->setWindowState(
             window->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
+        const QMargins frame = frameOf(*window);
+        const QRect whole = saved.geometry.marginsAdded(frame);
         window->setGeometry(
-            screen ? within(saved.geometry, screen->availableGeometry()) : saved.geometry);
+            screen ? within(whole, screen->availableGeometry()).marginsRemoved(frame)
+                   : saved.geometry);
     }
     if (saved.state != SavedState::Normal) {
         window->setWindowState(
