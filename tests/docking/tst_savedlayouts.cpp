@@ -193,7 +193,9 @@ private Q_SLOTS:
         LayoutWatch watch(window);
         QSignalSpy settled(&watch, &LayoutWatch::settled);
         const std::function<void()> changes[] = {
-            [&] { tree["f"]->move(90, 80); },
+            [] { DockTree::panel(u"n"_qs)->show(); },
+            [&] { tree["n"]->move(90, 80); },
+            [&] { tree["n"]->hide(); },
             [&] { window->resize(window->size() + QSize(30, 20)); },
             [&] { tree.play(u"dock f a left"_qs); },
             [&] { tree["b"]->undock(true); },
@@ -238,17 +240,28 @@ private Q_SLOTS:
             layout = saved();
             size = tree.root().size();
         }
-        DockTree tree;
-        QVERIFY(ui::restoreLayout(layout, [](const QString& name) {
-            auto* panel = DockTree::panel(name);
-            panel->setObjectName(name);
-            return panel;
-        }));
-        QCOMPARE(ui::saveLayout(), layout);
-        tree.root().resize(size);
-        tree.root().show();
-        settle();
-        QCOMPARE(tree.sizes(), u"H(a=100 b=300 c=200)"_qs);
+        QSizePolicy stretching;
+        stretching.setHorizontalStretch(1);
+        for (const bool restored : {true, false}) {
+            DockTree tree;
+            const auto make = [](const QString& name) {
+                auto* panel = DockTree::panel(name);
+                panel->setObjectName(name);
+                return panel;
+            };
+            if (restored) {
+                QVERIFY(ui::restoreLayout(layout, make));
+                QCOMPARE(ui::saveLayout(), layout);
+            } else {
+                tree.play(u"insert a root 9, insert b root 9, insert c root 9"_qs);
+                tree["b"]->setSizePolicy(stretching);
+                tree.root().setSizes({1, 3, 2});
+            }
+            tree.root().resize(size);
+            tree.root().show();
+            settle();
+            QCOMPARE(tree.sizes(), u"H(a=100 b=300 c=200)"_qs);
+        }
     }
 
     void aClosedPanelComesBackToItsNeighbours()

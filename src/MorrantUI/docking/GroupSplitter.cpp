@@ -125,6 +125,12 @@ int GroupSplitter::room() const
 
 void GroupSplitter::share(const QList<int>& sizes)
 {
+    m_wished = isVisible() && room() > 0 ? QList<int>() : sizes;
+    shareOut(sizes);
+}
+
+void GroupSplitter::shareOut(const QList<int>& sizes)
+{
     QList<int> seen;
     for (int i = 0; i < count(); ++i) {
         if (!widget(i)->isHidden()) {
@@ -222,6 +228,12 @@ bool GroupSplitter::event(QEvent* event)
     if (layOut) {
         fill();
     }
+    if (event->type() == QEvent::Show && !m_wished.isEmpty() && !isPaused()) {
+        shareOut(m_wished);
+        // The groups around are shown later than this one, and have sizes of their own to share.
+        QMetaObject::invokeMethod(
+            this, [this] { m_wished.clear(); }, Qt::QueuedConnection);
+    }
     return handled;
 }
 
@@ -232,6 +244,9 @@ void GroupSplitter::resizeEvent(QResizeEvent* event)
     }
     SolidSplitter::resizeEvent(event);
     fill();
+    if (!m_wished.isEmpty() && isVisible()) {
+        shareOut(m_wished);
+    }
 }
 
 void GroupSplitter::childEvent(QChildEvent* event)

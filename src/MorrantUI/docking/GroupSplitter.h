@@ -42,7 +42,8 @@ public:
     /// The room of the children, without the handles between those that are seen.
     int room() const;
     void give(const QList<int>& sizes);
-    /// Shares the room in these proportions, as far as limits let it.
+    /// Shares the room in these proportions, as far as limits let it; that of the first time that
+    /// it is seen, as long as there is none.
     void share(const QList<int>& sizes);
 
     /// Those of the children that are seen together, and of what lies beside the splitter.
@@ -62,6 +63,7 @@ private:
     template <typename Work>
     void withoutLayout(Work&& work);
     void settle();
+    void shareOut(const QList<int>& sizes);
     void showHandles();
     void readLimits();
     bool applyLimits();
@@ -71,7 +73,8 @@ private:
     std::vector<ui::docking::Cell> m_cells;    ///< the same along the splitter
     bool m_limited = false;                    ///< one of them cannot have all of the room
     int m_pauses = 0;
-    bool m_stale = false;                       ///< something has changed in the pause
-    QList<int> m_awaited;                       ///< the sizes given in it; none: Qt's choice
+    bool m_stale = false; ///< something has changed in the pause
+    QList<int> m_awaited; ///< the sizes given in it; none: Qt's choice
+    QList<int> m_wished;  ///< proportions for when it is seen; none: all are shared
     std::vector<QPointer<QWidget>> m_newcomers; ///< that are shown after it
 };
