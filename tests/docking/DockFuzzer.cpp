@@ -2,6 +2,7 @@
 #include "docking/DockFuzzer.h"
 
 #include "docking/DockTree.h"
+#include "docking/FuzzedPanel.h"
 #include <MorrantUI/docking/DockableTabHeader.h>
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/arrangement.h>
@@ -19,69 +20,6 @@
 namespace ui::test {
 
 namespace {
-
-/// What the session deletes on purpose goes with all in it.
-class Deleting
-{
-public:
-    Deleting() { ++depth; }
-    ~Deleting() { --depth; }
-    Q_DISABLE_COPY_MOVE(Deleting)
-
-    static inline int depth = 0;
-    static inline int lost = 0; ///< panels that died without being closed or deleted
-};
-
-/// A panel with something in it; some refuse to close, and some are kept when they do.
-class FuzzedPanel : public DockableWindow
-{
-public:
-    explicit FuzzedPanel(int number)
-        : DockableWindow(number % 2 == 0 ? static_cast<QWidget*>(new QLineEdit) : new QListView)
-        , m_refuses(number % 5 == 4)
-    {
-        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-        resize(60 + 20 * (number % 7), 50 + 30 * (number % 4));
-        content()->setMinimumSize(number % 3 == 1 ? 40 + 10 * number % 90 : 0, 30);
-        if (number % 6 == 2) {
-            content()->setMaximumSize(120, 90);
-        } else if (number % 6 == 5) {
-            content()->setFixedHeight(40);
-        }
-        setAttribute(Qt::WA_DeleteOnClose, number % 4 != 3);
-    }
-    ~FuzzedPanel() override { Deleting::lost += isClosing() || Deleting::depth > 0 ? 0 : 1; }
-    Q_DISABLE_COPY_MOVE(FuzzedPanel)
-
-    void setRefuses(bool refuses) { m_refuses = refuses; }
-    std::function<void()> onClose;
-
-protected:
-    void closeEvent(QCloseEvent* event) override
-    {
-        event->setAccepted(!m_refuses);
-        if (onClose) {
-            std::exchange(onClose, nullptr)();
-        }
-    }
-
-private:
-    bool m_refuses;
-};
-
-/// Acts once, in the next signal that is connected to it.
-class Trap : public QObject
-{
-public:
-    std::function<void()> action;
-
-    void spring()
-    {
-        if (const auto once = std::exchange(action, nullptr)) {
-            once();
-        }
-    }
-};
 
 class DockSession
 {
@@ -545,39 +483,24 @@ private:
 };
 
 // What users do most stands in here most often.
-const std::array<DockSession::Step, 64> DockSession::kSteps{
-    &DockSession::dock,           &DockSession::dock,
-    &DockSession::dock,           &DockSession::dock,
-    &DockSession::undock,         &DockSession::undock,
-    &DockSession::undockAndClose, &DockSession::mouseUndock,
-    &DockSession::cleanup,        &DockSession::collapse,
-    &DockSession::takeAndInsert,  &DockSession::insertStolen,
-    &DockSession::changeHeader,   &DockSession::changeLook,
-    &DockSession::destroyWindow,  &DockSession::resizeWindow,
-    &DockSession::moveHandles,    &DockSession::closeWindow,
-    &DockSession::activation,     &DockSession::settleAll,
-    &DockSession::settleAll,      &DockSession::addPanel,
-    &DockSession::focusSomething, &DockSession::processSome,
-    &DockSession::dockAsTab,      &DockSession::dockAsTab,
-    &DockSession::dockAsTab,      &DockSession::setActive,
-    &DockSession::setActive,      &DockSession::setTabText,
-    &DockSession::takeTab,        &DockSession::insertTab,
-    &DockSession::insertTab,      &DockSession::drag,
-    &DockSession::drag,           &DockSession::drag,
-    &DockSession::drag,           &DockSession::reactToNext,
-    &DockSession::press,          &DockSession::press,
-    &DockSession::moveHand,       &DockSession::moveHand,
-    &DockSession::release,        &DockSession::endOtherwise,
-    &DockSession::lockDrag,       &DockSession::incident,
-    &DockSession::reactToNext,    &DockSession::processDeaths,
-    &DockSession::doubleClick,    &DockSession::doubleClick,
-    &DockSession::doubleClick,    &DockSession::escape,
-    &DockSession::escape,         &DockSession::toggleFloating,
-    &DockSession::maximize,       &DockSession::maximize,
-    &DockSession::lockLayout,     &DockSession::changeState,
-    &DockSession::showClosed,     &DockSession::showClosed,
-    &DockSession::changeMind,     &DockSession::askAll,
-    &DockSession::settleAll,      &DockSession::drag};
+using S = DockSession;
+const std::array<S::Step, 64> DockSession::kSteps{
+    &S::dock,         &S::dock,           &S::dock,           &S::dock,
+    &S::undock,       &S::undock,         &S::undockAndClose, &S::mouseUndock,
+    &S::cleanup,      &S::collapse,       &S::takeAndInsert,  &S::insertStolen,
+    &S::changeHeader, &S::changeLook,     &S::destroyWindow,  &S::resizeWindow,
+    &S::moveHandles,  &S::closeWindow,    &S::activation,     &S::settleAll,
+    &S::settleAll,    &S::addPanel,       &S::focusSomething, &S::processSome,
+    &S::dockAsTab,    &S::dockAsTab,      &S::dockAsTab,      &S::setActive,
+    &S::setActive,    &S::setTabText,     &S::takeTab,        &S::insertTab,
+    &S::insertTab,    &S::drag,           &S::drag,           &S::drag,
+    &S::drag,         &S::reactToNext,    &S::press,          &S::press,
+    &S::moveHand,     &S::moveHand,       &S::release,        &S::endOtherwise,
+    &S::lockDrag,     &S::incident,       &S::reactToNext,    &S::processDeaths,
+    &S::doubleClick,  &S::doubleClick,    &S::doubleClick,    &S::escape,
+    &S::escape,       &S::toggleFloating, &S::maximize,       &S::maximize,
+    &S::lockLayout,   &S::changeState,    &S::showClosed,     &S::showClosed,
+    &S::changeMind,   &S::askAll,         &S::settleAll,      &S::drag};
 
 } // namespace
 
