@@ -23,6 +23,7 @@ DockableTabHeader::DockableTabHeader()
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_title.setTextFormat(Qt::PlainText);
     m_title.setPerformanceHint(QStaticText::AggressiveCaching);
+    measure();
 }
 
 DockableTabHeader::~DockableTabHeader() = default;
@@ -36,7 +37,7 @@ void DockableTabHeader::setText(const QString& text)
 {
     if (text != this->text()) {
         DockableHeader::setText(text);
-        fitTitle();
+        measure();
         updateGeometry();
         update();
     }
@@ -44,16 +45,13 @@ void DockableTabHeader::setText(const QString& text)
 
 QSize DockableTabHeader::sizeHint() const
 {
-    const QFontMetrics metrics = fontMetrics();
-    return {
-        metrics.horizontalAdvance(text()) + 2 * kSidePadding,
-        metrics.height() + 2 * kVerticalPadding};
+    return m_wanted;
 }
 
 QSize DockableTabHeader::minimumSizeHint() const
 {
     return {
-        kFewestLetters * fontMetrics().averageCharWidth() + 2 * kSidePadding, sizeHint().height()};
+        kFewestLetters * fontMetrics().averageCharWidth() + 2 * kSidePadding, m_wanted.height()};
 }
 
 void DockableTabHeader::paintEvent(QPaintEvent* /*event*/)
@@ -78,20 +76,30 @@ void DockableTabHeader::resizeEvent(QResizeEvent* event)
 void DockableTabHeader::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::FontChange) {
-        fitTitle();
+        measure();
         updateGeometry();
     }
     DockableHeader::changeEvent(event);
 }
 
+/// Once for each title and font, since a header changes its size more often.
+void DockableTabHeader::measure()
+{
+    const QFontMetrics metrics = fontMetrics();
+    m_wanted = {
+        metrics.horizontalAdvance(text()) + 2 * kSidePadding,
+        metrics.height() + 2 * kVerticalPadding};
+    fitTitle();
+    m_title.prepare(QTransform(), font());
+}
+
 void DockableTabHeader::fitTitle()
 {
-    const int room = width() - 2 * kSidePadding;
-    const bool fits = sizeHint().width() <= width();
-    const QString shown =
-        fits ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, std::max(room, 0));
+    const int room = std::max(width() - 2 * kSidePadding, 0);
+    const bool fits = m_wanted.width() <= width();
+    const QString shown = fits ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, room);
     if (shown != m_title.text()) {
         m_title.setText(shown);
+        m_title.prepare(QTransform(), font());
     }
-    m_title.prepare(QTransform(), font());
 }

@@ -27,7 +27,9 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void measure();
     void fitTitle();
 
+    QSize m_wanted;      ///< to show all of the text
     QStaticText m_title; ///< as much of the text as there is room for, laid out once
 };
