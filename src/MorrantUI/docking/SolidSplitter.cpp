@@ -18,10 +18,17 @@ public:
         : QSplitterHandle(orientation, splitter)
     {
         setAttribute(Qt::WA_Hover); // repaints when the pointer comes and goes
-        setAttribute(Qt::WA_OpaquePaintEvent);
     }
 
 protected:
+    bool event(QEvent* event) override
+    {
+        const bool handled = QSplitterHandle::event(event);
+        if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) {
+            setAttribute(Qt::WA_OpaquePaintEvent); // which a style has just taken away
+        }
+        return handled;
+    }
     void mousePressEvent(QMouseEvent* event) override
     {
         if (!ui::isLayoutLocked()) {
