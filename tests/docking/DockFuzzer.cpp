@@ -71,7 +71,8 @@ public:
     }
 
 private:
-    using Step = void (DockSession::*)(const DockStep&);
+    using Do = const DockStep&;
+    using Step = void (DockSession::*)(Do);
 
     QString broken()
     {
@@ -125,23 +126,20 @@ private:
     }
     static DockableArea areaAt(int number) { return static_cast<DockableArea>(number % 7); }
 
-    void dock(const DockStep& s) { some(s.a)->dockInArea(window(s.b), areaAt(s.c)); }
-    void dockAsTab(const DockStep& s) { some(s.a)->dockInArea(window(s.b), DockableArea::Center); }
-    void undock(const DockStep& s) { some(s.a)->undock(s.b % 2 == 0); }
-    void undockAndClose(const DockStep& s) { some(s.a)->undockAndClose(); }
-    void mouseUndock(const DockStep& s) { some(s.a)->mouseUndock(); }
-    void cleanup(const DockStep& s) { some(s.a)->cleanupOldParent(window(s.b)); }
-    void collapse(const DockStep& s) { some<DockableGroup>(s.a)->collapseGroup(); }
-    void takeAndInsert(const DockStep& s)
+    void dock(Do s) { some(s.a)->dockInArea(window(s.b), areaAt(s.c)); }
+    void dockAsTab(Do s) { some(s.a)->dockInArea(window(s.b), DockableArea::Center); }
+    void undock(Do s) { some(s.a)->undock(s.b % 2 == 0); }
+    void undockAndClose(Do s) { some(s.a)->undockAndClose(); }
+    void mouseUndock(Do s) { some(s.a)->mouseUndock(); }
+    void cleanup(Do s) { some(s.a)->cleanupOldParent(window(s.b)); }
+    void collapse(Do s) { some<DockableGroup>(s.a)->collapseGroup(); }
+    void takeAndInsert(Do s)
     {
         const QPointer<DockableWindow> child = some<DockableGroup>(s.a)->takeChild(s.b % 5 - 1);
         some<DockableGroup>(s.c)->insertChild(s.b % 4 - 1, child);
     }
-    void insertStolen(const DockStep& s)
-    {
-        some<DockableGroup>(s.a)->insertChild(s.c % 5 - 1, window(s.b));
-    }
-    void changeHeader(const DockStep& s)
+    void insertStolen(Do s) { some<DockableGroup>(s.a)->insertChild(s.c % 5 - 1, window(s.b)); }
+    void changeHeader(Do s)
     {
         DockableWindow& target = *some(s.a);
         switch (s.b % 4) {
@@ -151,7 +149,7 @@ private:
         default: target.setHeaderDirection(static_cast<QBoxLayout::Direction>(s.c % 4)); break;
         }
     }
-    void changeLook(const DockStep& s)
+    void changeLook(Do s)
     {
         DockableWindow& target = *some(s.a);
         target.setDim(s.b % 2 == 0);
@@ -167,12 +165,9 @@ private:
             delete window;
         }
     }
-    void destroyWindow(const DockStep& s) { remove(some(s.a)); }
-    void resizeWindow(const DockStep& s)
-    {
-        some(s.a)->window()->resize(200 + 4 * s.b, 150 + 3 * s.c);
-    }
-    void moveHandles(const DockStep& s)
+    void destroyWindow(Do s) { remove(some(s.a)); }
+    void resizeWindow(Do s) { some(s.a)->window()->resize(200 + 4 * s.b, 150 + 3 * s.c); }
+    void moveHandles(Do s)
     {
         DockableGroup& group = *some<DockableGroup>(s.a);
         if (s.b % 4 == 0) {
@@ -181,31 +176,21 @@ private:
             group.setSizes({s.b, s.c, 50});
         }
     }
-    void closeWindow(const DockStep& s)
-    {
-        if (some(s.a) != gMainWindow) {
-            some(s.a)->close();
-        }
-    }
-    void activation(const DockStep& s)
+    void closeWindow(Do s) { some(s.a) != gMainWindow ? void(some(s.a)->close()) : void(); }
+    void activation(Do s)
     {
         for (DockableWindow* window : all<DockableWindow>()) {
             s.a % 2 == 0 ? window->onApplicationDeactivate() : window->onApplicationActivate();
         }
     }
-    void focusSomething(const DockStep& s)
+    void focusSomething(Do s)
     {
         QWidget* content = some(s.a)->content();
         if (content && content->isVisible()) {
             content->setFocus();
         }
     }
-    void addPanel(const DockStep& /*step*/)
-    {
-        if (all<DockableWindow>().size() < 30) {
-            makePanel();
-        }
-    }
+    void addPanel(Do /*step*/) { all<DockableWindow>().size() < 30 ? makePanel() : void(); }
     void makePanel()
     {
         auto* panel = new FuzzedPanel(m_panels);
@@ -214,16 +199,16 @@ private:
         }
         panel->setText(u"p%1"_qs.arg(m_panels++)); // a slot that hears of it may delete the panel
     }
-    void settleAll(const DockStep& /*step*/)
+    void settleAll(Do /*step*/)
     {
         for (int i = 0; i < 3; ++i) { // what a content needs goes up one group a round
             settle();
         }
         m_settled = true;
     }
-    void processSome(const DockStep& /*step*/) { QCoreApplication::processEvents(); }
+    void processSome(Do /*step*/) { QCoreApplication::processEvents(); }
     /// Without what the platform has to report, so that a drag goes on.
-    void processDeaths(const DockStep& s)
+    void processDeaths(Do s)
     {
         if (s.a % 2 == 0) {
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -231,20 +216,20 @@ private:
         QCoreApplication::sendPostedEvents();
     }
 
-    void setActive(const DockStep& s)
+    void setActive(Do s)
     {
         if (auto* tabs = some<DockableTabGroup>(s.a)) {
             tabs->setActiveIndex(s.b % (tabs->childCount() + 2) - 1);
         }
     }
-    void setTabText(const DockStep& s)
+    void setTabText(Do s)
     {
         if (auto* tabs = some<DockableTabGroup>(s.a)) {
             DockableWindow* child = s.b % 4 == 0 ? window(s.b) : tabs->getChild(s.b % 5);
             tabs->setTabTextForChild(child, QString(s.c % 9, u'm'));
         }
     }
-    void takeTab(const DockStep& s)
+    void takeTab(Do s)
     {
         if (const QPointer<DockableTabGroup> tabs = some<DockableTabGroup>(s.a)) {
             const QPointer<DockableWindow> child =
@@ -252,7 +237,7 @@ private:
             tabs ? tabs->insertChild(s.c % 5 - 1, s.c % 2 == 0 ? child : nullptr) : void();
         }
     }
-    void insertTab(const DockStep& s)
+    void insertTab(Do s)
     {
         if (auto* tabs = some<DockableTabGroup>(s.a)) {
             tabs->insertChild(s.c % (tabs->childCount() + 3) - 1, window(s.b));
@@ -285,8 +270,8 @@ private:
         });
         return found;
     }
-    void press(const DockStep& s) { take(s, &Hand::press); }
-    void doubleClick(const DockStep& s)
+    void press(Do s) { take(s, &Hand::press); }
+    void doubleClick(Do s)
     {
         if (s.c % 4 != 0) {
             take(s, &Hand::doubleClick);
@@ -315,7 +300,7 @@ private:
         }
     }
     /// Onto a zone or the middle of a window, or away from them all.
-    void moveHand(const DockStep& s)
+    void moveHand(Do s)
     {
         DockableWindow& target = *some(s.b);
         const QPoint far = QPoint(target.width(), target.height()) - QPoint(5, 5);
@@ -340,7 +325,7 @@ private:
             qBound(area.top(), point.y(), area.bottom()));
         return QGuiApplication::platformName() == u"offscreen" ? point : bounded;
     }
-    void drag(const DockStep& s)
+    void drag(Do s)
     {
         press(s);
         for (int zone : {7, 5, s.c % 8}) { // away, into the window, then where it is dropped
@@ -353,13 +338,8 @@ private:
         }
         happening % 4 == 2 ? endOtherwise({0, s.c, s.b, 0}) : release(s);
     }
-    void release(const DockStep& /*step*/)
-    {
-        if (m_hand.isDown()) {
-            m_hand.release();
-        }
-    }
-    void endOtherwise(const DockStep& s)
+    void release(Do /*step*/) { m_hand.isDown() ? m_hand.release() : void(); }
+    void endOtherwise(Do s)
     {
         if (!m_hand.isDown()) {
             return;
@@ -373,19 +353,9 @@ private:
         }
     }
     /// The button stays down.
-    void escape(const DockStep& /*step*/)
-    {
-        if (m_hand.isDown()) {
-            m_hand.pressEscape();
-        }
-    }
-    void toggleFloating(const DockStep& s)
-    {
-        if (some(s.a) != gMainWindow) {
-            some(s.a)->toggleFloating();
-        }
-    }
-    void maximize(const DockStep& s)
+    void escape(Do /*step*/) { m_hand.isDown() ? m_hand.pressEscape() : void(); }
+    void toggleFloating(Do s) { some(s.a) != gMainWindow ? some(s.a)->toggleFloating() : void(); }
+    void maximize(Do s)
     {
         if (s.b % 3 == 0) {
             ui::restorePanels();
@@ -393,9 +363,9 @@ private:
             ui::maximizePanel(some(s.a, ui::panelsInOrder()));
         }
     }
-    void lockLayout(const DockStep& s) { ui::setLayoutLocked(s.a % 4 == 0); }
+    void lockLayout(Do s) { ui::setLayoutLocked(s.a % 4 == 0); }
     /// Of a window that floats, or the main window.
-    void changeState(const DockStep& s)
+    void changeState(Do s)
     {
         QWidget* top = some(s.a)->window();
         if (top->isVisible()) {
@@ -404,23 +374,23 @@ private:
             top->setWindowState(states[s.b % 4U]);
         }
     }
-    void showClosed(const DockStep& s)
+    void showClosed(Do s)
     {
         DockableWindow& window = *some(s.a);
         if (window.isFloating() && !window.isClosing()) {
             window.show();
         }
     }
-    void changeMind(const DockStep& s)
+    void changeMind(Do s)
     {
         if (auto* panel = dynamic_cast<FuzzedPanel*>(some(s.a))) {
             panel->setRefuses(s.b % 2 == 0);
         }
     }
-    void askAll(const DockStep& /*step*/) { m_tree.root().mayClose(); }
-    void lockDrag(const DockStep& s) { some(s.a)->setDragEnabled(s.b % 3 != 0); }
+    void askAll(Do /*step*/) { m_tree.root().mayClose(); }
+    void lockDrag(Do s) { some(s.a)->setDragEnabled(s.b % 3 != 0); }
     /// What may happen to those that take part in a drag.
-    void incident(const DockStep& s)
+    void incident(Do s)
     {
         DockableGroup* group = m_grabbed ? m_grabbed->findDockableParentGroup() : nullptr;
         switch (s.a % 8) {
@@ -437,7 +407,7 @@ private:
         }
     }
     /// Another step, from inside the next signal of a window or tab.
-    void reactToNext(const DockStep& s)
+    void reactToNext(Do s)
     {
         static constexpr std::array<Step, 8> kReactions{
             &DockSession::insertTab,

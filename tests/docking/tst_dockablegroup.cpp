@@ -159,16 +159,15 @@ private Q_SLOTS:
         // Bars are 30 pixels high without their headers; the root is 412, its row 400.
         const std::unique_ptr<DockableWindow> one(DockTree::panel());
         const int bar = 30 + one->header()->sizeHint().height();
-        const auto rowOf = [](const char* start, const QString& end) {
-            QTest::newRow(qPrintable(u"%1: settle"_qs.arg(QLatin1String(start))))
-                << QString::fromLatin1(start) << u"settle"_qs << end;
+        const auto settled = [&](const char* start, const QString& end) {
+            row(start, "settle", end.toLatin1());
         };
-        rowOf("V(a bar)", u"V(a=%1 bar=%2)"_qs.arg(394 - bar).arg(bar));
-        rowOf("V(H(bar) a)", u"V(H(bar=600)=%2 a=%1)"_qs.arg(394 - bar).arg(bar));
-        rowOf(
+        settled("V(a bar)", u"V(a=%1 bar=%2)"_qs.arg(394 - bar).arg(bar));
+        settled("V(H(bar) a)", u"V(H(bar=600)=%2 a=%1)"_qs.arg(394 - bar).arg(bar));
+        settled(
             "V(H(bar1 bar2) V(bar3) a)",
             u"V(H(bar1=297 bar2=297)=%2 V(bar3=%2)=%2 a=%1)"_qs.arg(388 - 2 * bar).arg(bar));
-        rowOf("V(bar1 bar2)", u"V(bar1=%1 bar2=%2)"_qs.arg(394 - bar).arg(bar)); // nobody else
+        settled("V(bar1 bar2)", u"V(bar1=%1 bar2=%2)"_qs.arg(394 - bar).arg(bar)); // nobody else
         row("V(bar1 a)", "close a, settle", "V(bar1=400)");
         row("H(a b)", "dock bar b top, undock b, settle", "H(a=494 bar=100)");
         row("H(V(bar x) b)", "hide x, settle", "H(V(bar=400 x=0)=494 b=100)");

@@ -328,18 +328,9 @@ private Q_SLOTS:
     void theFocusStaysThroughEveryOperation_data()
     {
         QTest::addColumn<QString>("operations");
-        QStringList all{
-            u"undock a"_qs,
-            u"dock a ^b center, undock a, dock a root left"_qs,
-            u"dock e a top, collapse ^a"_qs,
-            u"dock a e top, collapse ^a"_qs,
-            u"select c"_qs,
-            u"close d, shut e"_qs,
-            u"close b"_qs,
-            u"header"_qs,
-            u"tabs"_qs,
-            u"menu"_qs,
-            u"drag"_qs};
+        QStringList all = u"undock a|dock a ^b center, undock a, dock a root left|"
+                          "dock e a top, collapse ^a|dock a e top, collapse ^a|select c|"
+                          "close d, shut e|close b|header|tabs|menu|drag"_qs.split(u'|');
         for (const char* const area : {"right", "top", "left", "bottom", "center"}) {
             for (const QString& dock : {u"dock a d "_qs, u"dock a e "_qs, u"dock a root "_qs}) {
                 all << dock + QLatin1String(area);
