@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/GeneralGraphView.h"
 
-#include "MorrantUI/graph/AccessiblePoints.h"
 #include "MorrantUI/graph/ChangeBatch.h"
 #include "MorrantUI/graph/GraphDrag.h"
+#include "MorrantUI/scene/AccessibleView.h"
 #include "MorrantUI/scene/framemath.h"
 #include "MorrantUI/timeeditor/keyscaling.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
@@ -24,6 +24,27 @@ namespace {
 
 constexpr double kHandleDistance = 5.0; ///< scene units
 
+QString spokenCurve(const GraphCurveWidget& curve)
+{
+    const QString own = ui::plainText(curve.toolTip());
+    return own.isEmpty() ? GeneralGraphView::tr("Curve") : own;
+}
+
+QString spokenPoint(const GraphPointWidget& point, int number)
+{
+    const GeneralGraphView* const view = point.parentView();
+    return GeneralGraphView::tr("Keyframe %1: %2")
+        .arg(QString::number(number), view ? view->pointText(point) : QString());
+}
+
+void installReaders()
+{
+    using Curve = GraphCurveWidget;
+    using Point = GraphPointWidget;
+    ui::installAccessible<Curve, ui::AccessibleList<Curve, &spokenCurve, &Curve::points>>();
+    ui::installAccessible<Point, ui::AccessibleListItem<Point, &spokenPoint, &Curve::points>>();
+}
+
 } // namespace
 
 GeneralGraphView::GeneralGraphView(QWidget* parent)
@@ -32,8 +53,7 @@ GeneralGraphView::GeneralGraphView(QWidget* parent)
     , m_toolEdit(std::make_unique<ui::GraphEdit>())
 {
     setAccessibleName(tr("Graph editor"));
-    ui::installAccessible<GraphCurveWidget, ui::AccessibleCurve>();
-    ui::installAccessible<GraphPointWidget, ui::AccessiblePoint>();
+    installReaders();
 }
 
 GeneralGraphView::~GeneralGraphView()

@@ -6,6 +6,8 @@
 #include <QAccessibleObject>
 #include <QGraphicsItem>
 
+#include <algorithm>
+
 class GraphicsView;
 
 /// The animation editors' views and what lies in them, as assistive tools see it: a canvas with
@@ -65,11 +67,52 @@ private:
     QAccessible::Role m_role;
 };
 
-/// A QObjectList of objects of any class.
-template <class Objects>
-QObjectList objectsOf(const Objects& objects)
+/// A list of the view. @tparam kName QString (const List&) @tparam kItems the member of List that
+/// returns its items in the order in which they are read
+template <class List, auto kName, auto kItems>
+class AccessibleList : public AccessibleSceneItem
 {
-    return {objects.begin(), objects.end()};
-}
+public:
+    explicit AccessibleList(List* list)
+        : AccessibleSceneItem(list, list, QAccessible::List)
+        , m_list(list)
+    {}
+
+protected:
+    QString name() const override { return kName(*m_list); }
+    QObjectList items() const override
+    {
+        const auto all = (m_list->*kItems)();
+        return {all.begin(), all.end()};
+    }
+
+private:
+    List* m_list;
+};
+
+/// An item whose curve() is such a list. @tparam kName QString (const Item&, int number), the
+/// number being 1 for the first item of the list @tparam kItems as in AccessibleList
+template <class Item, auto kName, auto kItems>
+class AccessibleListItem : public AccessibleSceneItem
+{
+public:
+    explicit AccessibleListItem(Item* item)
+        : AccessibleSceneItem(item, item, QAccessible::ListItem)
+        , m_item(item)
+    {}
+
+protected:
+    QObject* list() const override { return m_item->curve(); }
+    QString name() const override
+    {
+        const auto* const curve = m_item->curve();
+        const auto all = curve ? (curve->*kItems)() : decltype((curve->*kItems)())();
+        const auto found = std::find(all.begin(), all.end(), m_item);
+        return kName(*m_item, found == all.end() ? 0 : static_cast<int>(found - all.begin()) + 1);
+    }
+
+private:
+    Item* m_item;
+};
 
 } // namespace ui

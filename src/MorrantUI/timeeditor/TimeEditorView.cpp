@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/TimeEditorView.h"
 
+#include "MorrantUI/scene/AccessibleView.h"
 #include "MorrantUI/scene/DragOverlay.h"
 #include "MorrantUI/scene/viewfit.h"
-#include "MorrantUI/timeeditor/AccessibleKeys.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keylook.h"
@@ -32,6 +32,25 @@
 namespace {
 
 constexpr double kToolZ = 100.0;
+
+QString spokenRow(const TimeEditorCurveItem& row)
+{
+    return row.text().isEmpty() ? TimeEditorView::tr("Keys") : row.text();
+}
+
+QString spokenKey(const TimeEditorKeyframeItem& key, int number)
+{
+    const QString frame = QString::number(ui::nearestFrame(key.scenePos().x()));
+    return TimeEditorView::tr("Keyframe %1: frame %2").arg(QString::number(number), frame);
+}
+
+void installReaders()
+{
+    using Row = TimeEditorCurveItem;
+    using Key = TimeEditorKeyframeItem;
+    ui::installAccessible<Row, ui::AccessibleList<Row, &spokenRow, &Row::keyframes>>();
+    ui::installAccessible<Key, ui::AccessibleListItem<Key, &spokenKey, &Row::keyframes>>();
+}
 
 bool isHeld(Qt::KeyboardModifier modifier)
 {
@@ -83,8 +102,7 @@ void TimeEditorView::configure()
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAccessibleName(tr("Time editor"));
-    ui::installAccessible<TimeEditorCurveItem, ui::AccessibleKeyRow>();
-    ui::installAccessible<TimeEditorKeyframeItem, ui::AccessibleKey>();
+    installReaders();
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
     setRenderHints(
