@@ -40,8 +40,13 @@ GraphDrag::GraphDrag(TimeEditorBaseItem* pressed, QPointF scenePosition)
 void GraphDrag::start()
 {
     m_state = DragState::Dragging;
+    if (m_pressed->flags().testFlag(QGraphicsItem::ItemIsMovable)) {
+        m_edit.add(m_pressed); // a handle leaves its point, though that may be selected, too
+    }
     for (TimeEditorBaseItem* const item : draggedItems(*m_pressed)) {
-        m_edit.add(item);
+        if (item != m_pressed && !item->isAncestorOf(m_pressed)) {
+            m_edit.add(item);
+        }
     }
 }
 
