@@ -178,6 +178,9 @@ void TransformTool::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
 
 QVariant TransformTool::itemChange(GraphicsItemChange change, const QVariant& value)
 {
+    if (change == ItemVisibleHasChanged) {
+        setHoverZone(0); // Qt tells what is hidden of no leaving
+    }
     return QGraphicsRectItem::itemChange(change, value);
 }
 
