@@ -77,6 +77,7 @@ struct Owner
     GraphCurveData data;
     QPointer<FixedGraphView> view{new FixedGraphView(&data)};
     ui::test::FakePointer pointer{view->viewport()};
+    QSignalSpy begun{view, &FixedGraphView::gestureStarted};
     QSignalSpy steps{view, &FixedGraphView::gestureEnded};
 };
 
@@ -212,6 +213,10 @@ private Q_SLOTS:
                 }
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 QVERIFY(owner.data.count() >= 1);
+            }
+            if (owner.view) {
+                owner.pointer.release();
+                QCOMPARE(owner.begun.count(), owner.steps.count());
             }
         }
     }

@@ -96,6 +96,8 @@ private Q_SLOTS:
         QCOMPARE(graph.handleChanges, 1);
         dragTo({-10, 3}, Qt::ShiftModifier | Qt::AltModifier, {-20, 20});
         QCOMPARE(graph.right(1)->pos(), QPointF(10, -10));
+        graph.point(1)->setSelected(true); // and stays where it is all the same
+        dragTo({0, -3}, Qt::ControlModifier, {-20, 17});
         dragTo({0, -3}, Qt::ShiftModifier, {-20, 0});
         graph.click(graph.left(1), Qt::AltModifier);
         QVERIFY(!graph.point(1)->hasLockedBeziers());
@@ -150,6 +152,27 @@ private Q_SLOTS:
         graph.pointer.moveTo({5, 5});
         graph.pointer.release();
         QCOMPARE(graph.desk->selectedItems(), QList<QGraphicsItem*>({graph.point(2)}));
+        graph.pointer.press(graph.mapFromScene(10, 5));
+        graph.pointer.dragTo(graph.mapFromScene(70, 40));
+        graph.zoomAt({0.9, 0.9}, {}); // in which Qt itself selects again
+        graph.pointer.release();
+        QCOMPARE(graph.desk->selectedItems().size(), 2);
+    }
+    void aDragScrollsAtTheEdgeAndEndsWithTheFocus()
+    {
+        GraphDesk graph({{20, 20}, {90, 60}});
+        graph.zoomAt({4, 4}, {});
+        graph.centerOn(90, 60);
+        graph.dragBy(graph.point(1), {});
+        graph.pointer.moveTo({580, 610}); // below it, and a little to the left
+        QTRY_VERIFY(graph.getVisibleRect().bottom() > 82);
+        QVERIFY(graph.point(1)->y() > 82);
+        graph.clearFocus();
+        const QRectF shown = graph.getVisibleRect();
+        graph.pointer.moveTo({580, 640});
+        QTest::qWait(30);
+        QCOMPARE(graph.getVisibleRect(), shown);
+        QCOMPARE(graph.edits.join(u' '), u"start changed"_qs);
     }
     void arrowsNudge()
     {
@@ -211,8 +234,10 @@ private Q_SLOTS:
         QCOMPARE(graph.point(0)->pos(), QPointF(20, 20));
         QCOMPARE(graph.edits.join(u' '), u"start same"_qs);
         QVERIFY(graph.getScaleRange() == std::pair(18, 61));
-        graph.point(1)->setSelected(false);
-        QVERIFY(!graph.transformTool()->isVisible());
+        QVERIFY(graph.transformTool()->hoverZone() != 0);
+        graph.desk->clearSelection();
+        QVERIFY(!graph.transformTool()->isVisible() && graph.transformTool()->hoverZone() == 0);
+        QCOMPARE(graph.moveSelectedPoints(5), 0);
         QGraphicsScene other;
         graph.setScene(&other);
         other.addItem(graph.curve);
@@ -239,6 +264,10 @@ private Q_SLOTS:
         graph.fitPoints(true);
         QVERIFY(graph.getVisibleRect().contains(QRectF(20, 20, 40, 20)));
         QVERIFY(graph.transform().m11() < 20.0);
+        graph.point(0)->setInterpolation(Interpolation::Bezier, true);
+        graph.right(0)->placeSilently({10, -90}); // with which the curve leaves its points
+        graph.fitPoints(true);
+        QVERIFY(graph.getVisibleRect().top() < -5.0);
     }
     void aMonkeyLeavesNothingBehind()
     {

@@ -379,14 +379,13 @@ void FixedGraphView::asGesture(const std::function<void()>& report)
     const QPointer<FixedGraphView> alive(this);
     cancelGesture();
     if (alive) {
-        editStarted();
-        tellStart();
-    }
-    if (alive) {
-        report();
-    }
-    if (alive) {
-        editEnded(true);
+        asEdit([&] {
+            tellStart();
+            if (alive) {
+                report();
+            }
+            return true;
+        });
     }
 }
 

@@ -196,10 +196,13 @@ double GeneralGraphView::moveSelectedPoints(double distance)
     const ui::ChangeBatch batch(this);
     if (m_toolEdit->isEmpty()) {
         startToolDrag();
-        beginEdit(false);
         for (GraphPointWidget* const point : m_utils->pointItems(true)) {
             m_toolEdit->add(point);
         }
+        if (m_toolEdit->isEmpty()) {
+            return 0.0;
+        }
+        beginEdit(false);
     }
     m_toolDistance += distance;
     if (m_toolDistance == 0.0) {
@@ -226,21 +229,13 @@ bool GeneralGraphView::nudgeSelection(QPointF distance)
     if (nudge.isEmpty()) {
         return false;
     }
-    const QPointer<GeneralGraphView> alive(this);
-    const bool alone = m_edit == Edit::None;
-    beginEdit(false);
-    {
+    asEdit([&] {
         const ui::ChangeBatch batch(this);
         m_nudging = true;
         nudge.moveBy(distance);
         m_nudging = false;
-        if (nudge.hasChanged()) {
-            m_edit = Edit::Changed;
-        }
-    }
-    if (alive && alone) {
-        finishEdit();
-    }
+        return nudge.hasChanged();
+    });
     return true;
 }
 
@@ -249,11 +244,17 @@ bool GeneralGraphView::nudgeSelection(QPointF distance)
 void GeneralGraphView::startDrag(TimeEditorBaseItem* item, QPointF scenePosition)
 {
     m_drag = std::make_unique<ui::GraphDrag>(item, scenePosition);
-    m_dragDoors.watch(viewport(), [this](GestureDoors::Door door) {
+    watchGesture();
+}
+
+void GeneralGraphView::watchGesture()
+{
+    const auto abandon = [this](GestureDoors::Door door) {
         if (door != GestureDoors::Door::Destroyed) {
             abandonGesture();
         }
-    });
+    };
+    m_gestureDoors.watch(viewport(), abandon, {.focus = true});
 }
 
 void GeneralGraphView::dragTo(QPointF scenePosition)
@@ -273,7 +274,8 @@ void GeneralGraphView::dragTo(QPointF scenePosition)
 /// However it ends.
 void GeneralGraphView::finishGesture()
 {
-    m_dragDoors.stop();
+    m_gestureDoors.stop();
+    stopEdgeScroll();
     const auto drag = std::exchange(m_drag, nullptr);
     const ui::GraphEdit tool = std::exchange(*m_toolEdit, {});
     if (m_edit == Edit::Unchanged && ((drag && drag->hasChanged()) || tool.hasChanged())) {
@@ -312,6 +314,20 @@ void GeneralGraphView::beginEdit(bool changed)
     }
     if (changed) {
         m_edit = Edit::Changed;
+    }
+}
+
+void GeneralGraphView::asEdit(const std::function<bool()>& change)
+{
+    const QPointer<GeneralGraphView> alive(this);
+    const bool alone = m_edit == Edit::None;
+    beginEdit(false);
+    const bool changed = change();
+    if (alive && changed && m_edit == Edit::Unchanged) {
+        m_edit = Edit::Changed;
+    }
+    if (alive && alone) {
+        finishEdit();
     }
 }
 

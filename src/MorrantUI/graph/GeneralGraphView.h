@@ -10,7 +10,9 @@
 #include <QPointer>
 #include <QRectF>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -100,7 +102,9 @@ public:
     void cancelKeyScaling();
 
     /// Moves the selected points in time, as the transform tool's body does; distances of one
-    /// gesture add up before the points' own rules apply. @return by how much they have been moved
+    /// gesture, which ends with the release of the mouse, add up before the points' own rules
+    /// apply.
+    /// @return the distance, or 0 where there are no points or it is not finite
     double moveSelectedPoints(double distance);
     /// Moves the selected points, or else the selected handles, by a distance in scene units.
     /// @return whether there were any
@@ -119,8 +123,10 @@ public:
     /// Zooms on each axis by itself, so that a rectangle of the scene fills the viewport with a
     /// little room around. An axis on which it has no length keeps its zoom.
     void fitSceneRect(const QRectF& rect);
-    /// The selected points, or all where none is selected or all are asked for.
-    void fitPoints(bool all);
+    /// Around the selected points and what their curves do between them, in the scene; all where
+    /// none is selected or all are asked for. Empty without points.
+    std::optional<QRectF> pointBounds(bool all) const;
+    void fitPoints(bool all); ///< pointBounds(), if there are any
     /// Lets points and handles take the present zoom, for their size and hit test, before they are
     /// painted next. The operations above do so themselves.
     void updateItemRects();
@@ -144,6 +150,9 @@ protected:
     virtual void editStarted() {}
     /// @param changed whether anything is different from before; not after Escape
     virtual void editEnded(bool changed);
+    /// Runs a change as an edit of its own, or as a part of the one that is under way.
+    /// @param change which may delete the view; it returns whether anything is different
+    void asEdit(const std::function<bool()>& change);
 
     void abandonGesture() override;
 
@@ -170,6 +179,8 @@ private:
     using Points = std::vector<std::pair<int, QPointer<GraphPointWidget>>>;
 
     void startDrag(TimeEditorBaseItem* item, QPointF scenePosition);
+    void watchGesture();
+    void scrollAlong(const QMouseEvent& event);
     void dragTo(QPointF scenePosition);
     void finishGesture();
     void startToolDrag();
@@ -215,5 +226,5 @@ private:
     std::vector<QPointer<TimeEditorBaseItem>> m_changed; ///< to be told at the end of the batch
     std::vector<QPointer<GraphPointWidget>> m_noticed;   ///< the same, of their notices
     std::vector<QPointer<TimeEditorBaseItem>> m_bandSelection; ///< before the rubber band
-    GestureDoors m_dragDoors;
+    GestureDoors m_gestureDoors;
 };

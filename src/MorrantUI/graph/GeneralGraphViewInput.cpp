@@ -25,6 +25,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -71,7 +72,11 @@ void GeneralGraphView::mousePressEvent(QMouseEvent* event)
             m_bandSelection.emplace_back(selected);
         }
     }
+    const QPointer<GeneralGraphView> alive(this);
     GraphicsView::mousePressEvent(event);
+    if (alive && event->button() == Qt::LeftButton) {
+        watchGesture(); // of the transform tool or the rubber band, too
+    }
 }
 
 void GeneralGraphView::mouseDoubleClickEvent(QMouseEvent* event)
@@ -97,6 +102,23 @@ void GeneralGraphView::mouseMoveEvent(QMouseEvent* event)
     if (!rubberBandRect().isNull()) {
         preferPoints();
     }
+    scrollAlong(*event);
+}
+
+/// Only along the axis that a drag keeps to.
+void GeneralGraphView::scrollAlong(const QMouseEvent& event)
+{
+    using ui::Graph::AxisSnappingMode;
+    const bool tool = m_transformTool && m_transformTool->isDragging();
+    const bool dragging = m_drag && m_drag->state() == ui::DragState::Dragging;
+    Qt::Orientations directions;
+    directions.setFlag(Qt::Horizontal, m_axisSnapping != AxisSnappingMode::Vertical);
+    directions.setFlag(Qt::Vertical, m_axisSnapping != AxisSnappingMode::Horizontal && !tool);
+    if (dragging || tool || !rubberBandRect().isNull()) {
+        scrollAtEdge(event, directions);
+    } else {
+        stopEdgeScroll();
+    }
 }
 
 void GeneralGraphView::mouseReleaseEvent(QMouseEvent* event)
@@ -107,6 +129,9 @@ void GeneralGraphView::mouseReleaseEvent(QMouseEvent* event)
     const QPointer<GeneralGraphView> alive(this);
     m_axisSnapping = ui::Graph::AxisSnappingMode::None;
     endKeyScaling();
+    if (alive && !rubberBandRect().isNull()) {
+        preferPoints(); // a zoom in mid-band catches more, without a movement of the mouse
+    }
     if (!alive) {
         return;
     }
@@ -334,24 +359,42 @@ void GeneralGraphView::fitSceneRect(const QRectF& rect)
     }
 }
 
-void GeneralGraphView::fitPoints(bool all)
+/// Of their places, not of their diamonds, whose size is the zoom's.
+std::optional<QRectF> GeneralGraphView::pointBounds(bool all) const
 {
     std::vector<GraphPointWidget*> points = m_utils->pointItems(true);
-    if (all || points.empty()) {
+    const bool whole = all || points.empty();
+    if (whole) {
         points = m_utils->pointItems(false);
     }
     if (points.empty()) {
-        return;
+        return std::nullopt;
     }
-    // Of their places, not of their diamonds, whose size is the zoom's.
-    QPointF least = points.front()->scenePos();
-    QPointF most = least;
+    QRectF bounds(points.front()->scenePos(), QSizeF());
+    std::set<const GraphCurveWidget*> curves;
     for (const GraphPointWidget* const point : points) {
-        const QPointF place = point->scenePos();
-        least = {std::min(least.x(), place.x()), std::min(least.y(), place.y())};
-        most = {std::max(most.x(), place.x()), std::max(most.y(), place.y())};
+        bounds = ui::spanned(bounds, {point->scenePos(), QSizeF()});
+        curves.insert(point->curve());
     }
-    fitSceneRect(QRectF(least, most));
+    curves.erase(nullptr);
+    for (const GraphCurveWidget* const curve : curves) {
+        const std::vector<GraphPointWidget*> ends = curve->points();
+        const std::vector<ui::Graph::Segment> between = curve->segments();
+        for (std::size_t i = 0; i < std::min(between.size(), ends.size() - 1); ++i) {
+            if (whole || (ends.at(i)->isSelected() && ends.at(i + 1)->isSelected())) {
+                const QRectF reached = ui::Graph::segmentBounds(between.at(i));
+                bounds = ui::spanned(bounds, curve->mapRectToScene(reached));
+            }
+        }
+    }
+    return bounds;
+}
+
+void GeneralGraphView::fitPoints(bool all)
+{
+    if (const std::optional<QRectF> bounds = pointBounds(all)) {
+        fitSceneRect(*bounds);
+    }
 }
 
 bool GeneralGraphView::zoomByWheel(const QWheelEvent& event)

@@ -19,6 +19,13 @@ std::optional<double> horizontalFit(const QRectF& rect, QSize viewport)
     return std::clamp(factor, kLeastZoom, kMostZoom);
 }
 
+QRectF spanned(const QRectF& a, const QRectF& b)
+{
+    return {
+        QPointF(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
+        QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom()))};
+}
+
 double minimumScale(int viewWidth, const FrameRange& playback)
 {
     return viewWidth / std::max(frameSpan(playback), 1.0) * kMinScaleShare;

@@ -26,6 +26,9 @@ inline constexpr double kMostZoom = 1e6;
 /// when there is nothing to fit or nowhere to fit it into.
 std::optional<double> horizontalFit(const QRectF& rect, QSize viewport);
 
+/// What holds both rectangles, also those without a width or a height.
+QRectF spanned(const QRectF& a, const QRectF& b);
+
 /// The smallest scale of an editor: about 50 pixels a frame, however long the playback range is.
 double minimumScale(int viewWidth, const FrameRange& playback);
 

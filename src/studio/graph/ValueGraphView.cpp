@@ -3,7 +3,6 @@
 
 #include "graph/valuekeys.h"
 #include <MorrantUI/graph/GeneralGraphUtils.h>
-#include <MorrantUI/graph/GraphCurveWidget.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -121,39 +120,10 @@ void ValueGraphView::setExtent(const QRectF& extent)
     }
 }
 
-QRectF ValueGraphView::curveBounds() const
-{
-    QRectF bounds;
-    const auto extend = [&bounds](const QRectF& rect) { // a level one would not unite
-        bounds =
-            bounds.isNull()
-                ? rect
-                : QRectF(
-                    QPointF(
-                        std::min(bounds.left(), rect.left()), std::min(bounds.top(), rect.top())),
-                    QPointF(
-                        std::max(bounds.right(), rect.right()),
-                        std::max(bounds.bottom(), rect.bottom())));
-    };
-    for (const QGraphicsItem* item : scene()->items()) {
-        if (const auto* curve = dynamic_cast<const GraphCurveWidget*>(item)) {
-            for (const ui::Graph::Segment& segment : curve->segments()) {
-                extend(ui::Graph::segmentBounds(segment));
-            }
-            if (curve->pointCount() == 1) {
-                extend(QRectF(curve->firstPoint()->pos(), QSizeF(1, 0)));
-            }
-        }
-    }
-    return bounds;
-}
-
 void ValueGraphView::fit(QRectF rect)
 {
-    if (rect.isNull()) {
-        return;
-    }
-    if (rect.height() <= 0) { // a value that stands still
+    rect.setWidth(std::max(rect.width(), 1.0)); // of a single key, a frame
+    if (rect.height() <= 0) {                   // a value that stands still
         const double room = std::max(std::abs(rect.top()) / 2, 1.0);
         rect.adjust(0, -room, 0, room);
     }
@@ -175,7 +145,9 @@ void ValueGraphView::fitSelected()
 void ValueGraphView::fitAll()
 {
     m_isFitted = true;
-    fit(curveBounds());
+    if (const auto bounds = pointBounds(true)) {
+        fit(*bounds);
+    }
 }
 
 void ValueGraphView::resizeEvent(QResizeEvent* event)

@@ -56,7 +56,6 @@ protected:
 private:
     /// Distances between lines with a label, in frames and in the values' unit.
     QSizeF steps() const;
-    QRectF curveBounds() const;
     void fit(QRectF rect);
     void paintLabels(QPainter& painter) const;
 
