@@ -2,6 +2,7 @@
 #include "MorrantUI/docking/applicationstate.h"
 
 #include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/onceperapplication.h"
 #include <MorrantUI/docking/DockableWindow.h>
 
 #include <QApplication>
@@ -27,10 +28,9 @@ void tellAll()
 void followApplication()
 {
     static QPointer<QCoreApplication> followed;
-    if (followed == qApp) {
+    if (!isFirstFor(followed)) {
         return;
     }
-    followed = qApp;
     gState = Qt::ApplicationActive;
     // Told when things have settled: between two windows there is often a moment without an active
     // one.

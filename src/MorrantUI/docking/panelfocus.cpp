@@ -2,6 +2,7 @@
 #include "MorrantUI/docking/panelfocus.h"
 
 #include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/onceperapplication.h"
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableHeader.h>
@@ -76,10 +77,9 @@ QWidget* inFrontOf(QWidget* hidden)
 void rememberFocus()
 {
     static QPointer<QCoreApplication> followed;
-    if (followed == qApp) {
+    if (!isFirstFor(followed)) {
         return;
     }
-    followed = qApp;
     QObject::connect(qApp, &QApplication::focusChanged, qApp, [](QWidget* /*old*/, QWidget* now) {
         noteFocus(now);
     });
