@@ -23,12 +23,17 @@ class NotificationsTest : public ui::test::TestCase
         return start(QCoreApplication::applicationDirPath() + u"/notifyprobe"_qs, arguments, bus);
     }
 
-    /// What dunstctl says.
+    /// What a program says.
+    static QByteArray run(const QString& program, const QStringList& question, const QString& bus)
+    {
+        const Process asked = start(program, question, bus);
+        asked->waitForFinished();
+        return asked->readAllStandardOutput();
+    }
+
     static QByteArray ask(const QStringList& question, const QString& bus)
     {
-        const Process control = start(u"dunstctl"_qs, question, bus);
-        control->waitForFinished();
-        return control->readAllStandardOutput();
+        return run(u"dunstctl"_qs, question, bus);
     }
 
 private Q_SLOTS:
@@ -52,7 +57,14 @@ private Q_SLOTS:
         const Process service =
             start(u"dunst"_qs, {u"-print"_qs, u"-conf"_qs, u"/dev/null"_qs}, bus);
         QVERIFY(service->waitForStarted());
-        QTRY_VERIFY(ask({u"count"_qs, u"displayed"_qs}, bus).startsWith('0'));
+        const QStringList hasOwner{
+            u"--print-reply"_qs,
+            u"--dest=org.freedesktop.DBus"_qs,
+            u"/"_qs,
+            u"org.freedesktop.DBus.NameHasOwner"_qs,
+            u"string:org.freedesktop.Notifications"_qs};
+        // A question to a service that is not there yet would make the bus start another one.
+        QTRY_VERIFY(run(u"dbus-send"_qs, hasOwner, bus).contains("true"));
 
         const Process host = probe({u"Render &lt;1&gt;"_qs, u"{} done"_qs}, bus);
         QTRY_VERIFY(ask({u"count"_qs, u"displayed"_qs}, bus).startsWith('1'));
