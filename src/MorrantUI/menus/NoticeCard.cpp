@@ -32,7 +32,7 @@ NoticeCard::NoticeCard(int number, const QString& text, NoticeStack::Kind kind, 
     : Widget(host)
     , m_number(number)
     , m_kind(kind)
-    , m_text(new QLabel(text, this))
+    , m_text(new QLabel(this))
     , m_timer(new QTimer(this))
 {
     ui::installAccessible<NoticeCard, ui::AccessibleAs<QAccessible::AlertMessage>>();

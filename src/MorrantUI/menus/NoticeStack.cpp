@@ -35,7 +35,7 @@ NoticeStack::~NoticeStack()
 
 int NoticeStack::add(const QString& text, Kind kind, int milliseconds)
 {
-    if (text.isEmpty()) {
+    if (text.trimmed().isEmpty()) {
         return 0;
     }
     const auto same = std::find_if(m_cards.begin(), m_cards.end(), [&](const NoticeCard* card) {

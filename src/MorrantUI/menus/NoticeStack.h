@@ -42,7 +42,7 @@ public:
     /// Shows a notice. One with the same text and kind that is still there comes to the top instead
     /// and waits anew.
     /// @param milliseconds until it goes by itself; 0 or less: until it is dismissed
-    /// @return its number, for dismiss(); 0 for an empty text, which shows nothing
+    /// @return its number, for dismiss(); 0 for a text of nothing but space, which shows nothing
     int add(const QString& text, Kind kind = Kind::Warning, int milliseconds = 0);
 
     /// Takes a notice away; nothing happens if it has gone.
