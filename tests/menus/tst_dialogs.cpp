@@ -129,6 +129,12 @@ private Q_SLOTS:
             const auto answer = ui::getIntegerInput(kTitle, {}, 7, minimum, maximum);
             QVERIFY2(answer == expected, typed);
         }
+        answerDialog([](QDialog& dialog) {
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            fieldOf(dialog)->clear();
+            buttonOf(dialog, Box::Ok)->click(); // as by its mnemonic, with the focus in the field
+        });
+        QCOMPARE(ui::getIntegerInput(kTitle, {}, 7, 0, 9), std::optional(7));
         answerWith(Qt::Key_Escape);
         QVERIFY(!ui::getIntegerInput(kTitle, {}, 7, 0, 9));
     }

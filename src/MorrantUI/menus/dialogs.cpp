@@ -146,6 +146,10 @@ std::optional<int> getIntegerInput(
     field->setMax(most);
     field->setValue(initial);
     ModalDialog* const dialog = makeDialog(title, label, field, parent);
+    QPushButton* const ok = dialog->button(QDialogButtonBox::Ok);
+    QObject::connect(ok, &QPushButton::pressed, ok, [ok] {
+        ok->setFocus(); // also by its mnemonic: the field enters what was typed, or refuses it
+    });
     return run<int>(dialog, [field, minimum, most] {
         return static_cast<int>(std::clamp<double>(field->value(), minimum, most));
     });
