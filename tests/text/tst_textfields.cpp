@@ -176,6 +176,12 @@ private Q_SLOTS:
         QCOMPARE(field.wordWrapMode(), QTextOption::WrapAnywhere);
         field.setPlainText(u"some words "_qs.repeated(2000));
         QVERIFY(field.wordWrapMode() != QTextOption::WrapAnywhere);
+        bool isReady = true; // from the moment on at which the old text goes
+        connect(field.document(), &QTextDocument::contentsChange, this, [&] {
+            isReady = isReady && field.wordWrapMode() == QTextOption::WrapAnywhere;
+        });
+        field.setPlainText(QString(20'000, u'x'));
+        QVERIFY(isReady);
     }
 
     void aTimeCodeIsEnteredAsAFrameAndUndoIsTheHosts()

@@ -103,12 +103,11 @@ bool belongsToText(const QKeyEvent& key)
 /// Characters. Qt looks for the end of a word in each line that it fills: the square of the time.
 constexpr int kLongestWord = 10'000;
 
-bool hasTooLongWord(const QTextBlock& line)
+bool hasTooLongWord(const QString& text)
 {
-    if (line.length() <= kLongestWord) {
+    if (text.size() <= kLongestWord) {
         return false;
     }
-    const QString text = line.text();
     int inWord = 0;
     return std::any_of(text.begin(), text.end(), [&inWord](QChar c) {
         inWord = c.isSpace() && c != QChar(QChar::Nbsp) ? 0 : inWord + 1;
@@ -149,12 +148,19 @@ void PlainTextEdit::setGround(const QColor& color)
 /// Lines are broken anywhere while a word is too long to look for its end.
 void PlainTextEdit::adaptWrapping(int position, int added)
 {
+    if (m_keepsWrapping) {
+        return;
+    }
     QTextBlock line = m_wrapBefore ? document()->begin() : document()->findBlock(position);
     const int end = m_wrapBefore ? document()->characterCount() : position + added;
-    while (line.isValid() && line.position() <= end && !hasTooLongWord(line)) {
+    while (line.isValid() && line.position() <= end && !hasTooLongWord(line.text())) {
         line = line.next();
     }
-    const bool isTooLong = line.isValid() && line.position() <= end;
+    wrapAnywhere(line.isValid() && line.position() <= end);
+}
+
+void PlainTextEdit::wrapAnywhere(bool isTooLong)
+{
     const QTextOption::WrapMode mode = wordWrapMode();
     const bool atWords =
         mode == QTextOption::WordWrap || mode == QTextOption::WrapAtWordBoundaryOrAnywhere;
@@ -166,6 +172,16 @@ void PlainTextEdit::adaptWrapping(int position, int added)
         setWordWrapMode(
             mode == QTextOption::WrapAnywhere ? before : mode); // the host's, if changed
     }
+}
+
+void PlainTextEdit::setPlainText(const QString& text)
+{
+    m_keepsWrapping = hasTooLongWord(text);
+    if (m_keepsWrapping) {
+        wrapAnywhere(true); // the base lays the text out before the document tells of it
+    }
+    QPlainTextEdit::setPlainText(text);
+    m_keepsWrapping = false;
 }
 
 /// This object may be deleted by it.

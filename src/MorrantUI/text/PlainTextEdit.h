@@ -14,8 +14,8 @@
 /// Return and Enter finish an edit and give the focus away; leaving the field finishes it too.
 /// While nothing has been edited Return begins a new line, as Shift+Return always does
 /// (deliberate). Keys that mean something in a text stay in the field, also where the window has
-/// shortcuts for them; undo and redo are left to QPlainTextEdit, or to
-/// the host.
+/// shortcuts for them; so do undo and redo, with every usual key, unless
+/// they are left to the host.
 ///
 /// Lines are wrapped at words; anywhere while there is one of more than 10,000 characters, which
 /// would take too long.
@@ -24,6 +24,7 @@
 class MORRANT_UI_EXPORT PlainTextEdit : public QPlainTextEdit
 {
     Q_OBJECT
+    Q_PROPERTY(QString plainText READ toPlainText WRITE setPlainText NOTIFY textChanged USER true)
     Q_PROPERTY(bool undoLeftToHost READ isUndoLeftToHost WRITE setUndoLeftToHost)
 
 public:
@@ -34,6 +35,10 @@ public:
     /// field keeps no history of its own, and the keys reach the window's shortcuts. Off at first.
     void setUndoLeftToHost(bool left);
     bool isUndoLeftToHost() const { return m_undoLeftToHost; }
+
+public Q_SLOTS:
+    /// Hides the function of QPlainTextEdit, which is slow with long words.
+    void setPlainText(const QString& text);
 
 Q_SIGNALS:
     /// The text has changed since the field got the focus or last reported, and the edit is
@@ -54,12 +59,14 @@ protected:
 
 private:
     void adaptWrapping(int position, int added);
+    void wrapAnywhere(bool isTooLong);
     void report();
     void setGround(const QColor& color);
 
     bool m_modified = false;
     bool m_undoLeftToHost = false;
     bool m_isReporting = false;                        ///< changes made meanwhile are the host's
+    bool m_keepsWrapping = false;                      ///< the text is being emptied for a new one
     std::optional<QTextOption::WrapMode> m_wrapBefore; ///< while lines are broken anywhere
     QColor m_ground;                                   ///< as it was last taken from the theme
 };
