@@ -89,6 +89,7 @@ private Q_SLOTS:
         Row row(menu);
         QAction* const plain = menu.addAction(u"Plain"_qs);
         auto* const field = new QLineEdit(row.getWidget());
+        const auto* const second = new QLineEdit(row.getWidget());
         menu.popup(QPoint(50, 50));
         QVERIFY(QTest::qWaitForWindowExposed(&menu));
         QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
@@ -98,6 +99,8 @@ private Q_SLOTS:
         QTRY_VERIFY(menu.hasFocus());
         QTest::keyClick(menu.windowHandle(), Qt::Key_Up);
         QVERIFY(field->hasFocus());
+        QTest::keyClick(menu.windowHandle(), Qt::Key_Tab);
+        QVERIFY(second->hasFocus());
         QTest::keyClick(menu.windowHandle(), Qt::Key_Tab);
         QVERIFY(menu.activeAction() == plain && !field->hasFocus());
     }

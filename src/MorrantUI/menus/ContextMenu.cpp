@@ -373,6 +373,7 @@ bool ContextMenu::event(QEvent* event)
     } else if (event->type() == QEvent::UpdateRequest) {
         ui::menus::clipWidgetRows(*this);
     } else if (event->type() == QEvent::Show) {
+        ui::menus::bringOntoScreen(*this);
         arrangeRows();
     } else if (event->type() == QEvent::MouseMove) {
         m_ledByKeys = false;
@@ -383,6 +384,11 @@ bool ContextMenu::event(QEvent* event)
         followHighlight();
     }
     return handled;
+}
+
+bool ContextMenu::focusNextPrevChild(bool next)
+{
+    return ui::menus::stepInRow(activeAction(), next) || QMenu::focusNextPrevChild(next);
 }
 
 void ContextMenu::followHighlight()
@@ -406,6 +412,11 @@ void ContextMenu::actionEvent(QActionEvent* event)
         return;
     }
     m_pictureColumn = -1;
+    QMenu* const submenu = event->action()->menu();
+    const bool leads = event->type() != QEvent::ActionRemoved && isSelectable(*event->action());
+    if (submenu && submenu->isVisible() && !leads) {
+        submenu->hide(); // nothing leads there any more
+    }
     QMenu::actionEvent(event);
     if (isVisible()) {
         ui::menus::keepOnScreen(*this);

@@ -3,6 +3,7 @@
 
 #include "MorrantUI/menus/ContextMenuRow.h"
 #include "MorrantUI/menus/menurows.h"
+#include "MorrantUI/menus/menusearch.h"
 #include <MorrantUI/controls/buttons/RolloverButton.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/ContextMenuLabel.h>
@@ -108,6 +109,11 @@ ContextMenu* ContextMenuItemWidget::makeChildMenu()
 {
     if (!m_childMenu) {
         m_childMenu = new ContextMenu(contextMenu());
+        const auto follow = [this] {
+            m_childMenu->setAccessibleName(ui::menus::displayedText(text()));
+        };
+        follow();
+        connect(this, &QAction::changed, m_childMenu, follow);
     }
     if (menu() != m_childMenu) {
         setMenu(m_childMenu);

@@ -67,6 +67,7 @@ bool WidgetMenu::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::LayoutRequest: ui::menus::layOutAgain(*this); break;
+    case QEvent::Show: ui::menus::bringOntoScreen(*this); break;
     case QEvent::UpdateRequest: ui::menus::clipWidgetRows(*this); break;
     case QEvent::MouseMove: m_heardMove = true; break;
     case QEvent::KeyPress: ui::menus::claimFocus(*this); break;
@@ -81,6 +82,11 @@ bool WidgetMenu::event(QEvent* event)
         updateHighlightedAction(isVisible());
     }
     return handled;
+}
+
+bool WidgetMenu::focusNextPrevChild(bool next)
+{
+    return ui::menus::stepInRow(activeAction(), next) || QMenu::focusNextPrevChild(next);
 }
 
 void WidgetMenu::paintEvent(QPaintEvent* event)

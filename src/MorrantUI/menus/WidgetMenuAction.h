@@ -23,7 +23,8 @@ public:
     /// Shows a widget in the row and owns it, also in a menu that is open. The one before is hidden
     /// at once and deleted when control returns to the event loop, so that it may itself be what
     /// asks for another. Null leaves the row empty. Keys that make the row active give the focus
-    /// to the first in the widget that Tab would; it goes back to the menu with the highlight.
+    /// to the first in the widget that Tab would, and Tab leads on to the others; it goes back to
+    /// the menu with the highlight.
     void setWidget(Widget* widget);
     /// Null when there is none, or when it was deleted.
     Widget* getWidget() const;

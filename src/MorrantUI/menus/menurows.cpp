@@ -2,6 +2,7 @@
 #include "MorrantUI/menus/menurows.h"
 
 #include <MorrantUI/menus/WidgetMenuAction.h>
+#include <MorrantUI/menus/keyboardnavigation.h>
 
 #include <QActionEvent>
 #include <QApplication>
@@ -80,6 +81,20 @@ void claimFocus(QMenu& menu)
     }
 }
 
+bool stepInRow(const QAction* row, bool next)
+{
+    const auto* const action = qobject_cast<const WidgetMenuAction*>(row);
+    const QList<QWidget*> stops =
+        action ? ui::tabStops(action->defaultWidget()) : QList<QWidget*>();
+    const qsizetype current = stops.indexOf(QApplication::focusWidget());
+    const qsizetype wanted = current + (next ? 1 : -1);
+    if (current < 0 || wanted < 0 || wanted >= stops.size()) {
+        return false;
+    }
+    stops[wanted]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
 void takeFocusFrom(QWidget& widget)
 {
     QWidget* const window = widget.window();
@@ -127,9 +142,17 @@ void keepOnScreen(QMenu& menu)
     if (!menu.isVisible() || (place.top() >= screen.top() && place.bottom() <= screen.bottom())) {
         return;
     }
-    place.setHeight(std::min(place.height(), screen.height()));
+    place.setSize(place.size().boundedTo(screen.size()));
     place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
+    place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
     menu.setGeometry(place);
+}
+
+void bringOntoScreen(QMenu& menu)
+{
+    if (!QGuiApplication::screenAt(menu.geometry().center())) {
+        layOutAgain(menu);
+    }
 }
 
 void clipWidgetRows(QMenu& menu)

@@ -20,6 +20,10 @@ bool moveHighlight(QPointer<WidgetMenuAction>& highlighted, QAction* active);
 /// a row, its place on the screen again; it goes on scrolling.
 void keepOnScreen(QMenu& menu);
 
+/// The same for a menu that opens at a point outside of every screen, as below a window's lower
+/// part: QMenu gives it no height there.
+void bringOntoScreen(QMenu& menu);
+
 /// Lets a menu measure its rows again: a widget's size has changed.
 void layOutAgain(QMenu& menu);
 
@@ -28,6 +32,10 @@ QRect freeOfArrows(const QMenu& menu);
 
 /// Gives the focus to what can have it in a row's widget, as QMenu does where its own keys lead.
 void focusRow(const QAction& row);
+
+/// Moves the focus to the next thing in a row's widget that Tab stops at, or to the one before.
+/// @return false where there is none, or nothing in the row has the focus
+bool stepInRow(const QAction* row, bool next);
 
 /// Takes the focus to a menu, unless something in it has it already.
 void claimFocus(QMenu& menu);

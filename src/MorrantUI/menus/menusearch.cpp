@@ -43,8 +43,12 @@ QString displayedText(const QString& text)
 bool isFoundBy(const QString& text, const QString& typed)
 {
     const QString lowered = text.toLower();
-    return lowered.startsWith(typed)
-           || (lowered.contains(u'&') && displayedText(lowered).startsWith(typed));
+    const QString shown = displayedText(lowered);
+    const auto composed = [](const QString& letters) {
+        return letters.normalized(QString::NormalizationForm_C);
+    };
+    return lowered.startsWith(typed) || shown.startsWith(typed)
+           || composed(shown).startsWith(composed(typed));
 }
 
 std::optional<int> steppedSubAction(int current, int count, int step, int least)

@@ -47,7 +47,8 @@ int firstRow(int count, int start, int step, Accepts&& accepts)
 /// A row's text as the user sees it: mnemonic marks and the shortcut behind a tab left out.
 QString displayedText(const QString& text);
 
-/// Whether a row's text begins with what was typed, as it is written or as it is displayed.
+/// Whether a row's text begins with what was typed, as it is written or as it is displayed. A
+/// letter with its accents behind it is the same as one that has them in it.
 /// @param typed in lower case; upper and lower case in `text` are the same
 bool isFoundBy(const QString& text, const QString& typed);
 
