@@ -79,11 +79,15 @@
 <context>
     <name>CommandPalette</name>
     <message>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Commands</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1: %2</source>
+        <source>No command found</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

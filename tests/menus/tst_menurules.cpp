@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "MorrantUI/menus/commandsearch.h"
 #include "MorrantUI/menus/menusearch.h"
 #include "support/TestCase.h"
 
@@ -47,6 +48,7 @@ private Q_SLOTS:
             {u"Σκηνή"_qs, u"σκ"_qs},
             {u"日本"_qs, u"日"_qs},
             {u"Last&"_qs, u"last&"_qs},
+            {u"E\u0301tat"_qs, u"\u00e9t"_qs}, // accents apart, as files are named on some systems
         };
         for (const auto& [text, typed] : found) {
             QVERIFY2(isFoundBy(text, typed), qPrintable(text));
@@ -56,22 +58,37 @@ private Q_SLOTS:
         QCOMPARE(displayedText(u"A&&B &C\tX"_qs), u"A&B C"_qs);
     }
 
+    void theCommandThatFitsBestComesFirst()
+    {
+        const QStringList best{
+            u"View: Zoom In"_qs,
+            u"View: Zoom Out In"_qs,
+            u"View: A Zoom In"_qs,
+            u"View: Rezoom In"_qs,
+            u"Zoom: Go In"_qs,
+            u"Unzoom: Go In"_qs};
+        QList<int> ranks;
+        for (const QString& text : best) {
+            ranks << matchCommand(text, text.indexOf(u": ") + 2, u" zoom  IN"_qs).value().rank;
+        }
+        QVERIFY(std::is_sorted(ranks.begin(), ranks.end(), std::less_equal<>()));
+        QVERIFY(!matchCommand(u"Zoom In"_qs, 0, u"zoom out"_qs) && matchCommand({}, 0, {}));
+        const QString accented = u"Vue: Une e\u0301cole \u00dcber Alles"_qs;
+        const QList<Letters> marks{{9, 3}, {16, 2}};
+        QCOMPARE(matchCommand(accented, 5, u"\u00c9c ub"_qs).value().marks, marks);
+        QCOMPARE(withoutLastLetter(u"ae\u0301"_qs) + withoutLastLetter({}), u"a"_qs);
+        QCOMPARE(withoutLastLetter(u"a\U0001D49C"_qs) + withoutLastWord(u"b in "_qs), u"ab "_qs);
+    }
+
     void stepsGoRoundAndEndWhereTheyBegan()
     {
         const auto walk = [](int count, int start, int step) {
             QList<int> rows;
-            firstRow(count, start, step, [&rows](int row) {
-                rows << row;
-                return false;
-            });
+            firstRow(count, start, step, [&rows](int row) { return rows << row, false; });
             return rows;
         };
-        QCOMPARE(walk(3, 1, 1), QList({2, 0, 1}));
-        QCOMPARE(walk(3, -1, 1), QList({0, 1, 2}));
-        QCOMPARE(walk(3, 0, -1), QList({2, 1, 0}));
-        QCOMPARE(walk(4, -1, -1), QList({2, 1, 0, 3}));
-        QCOMPARE(walk(1, -1, -1), QList({0}));
-        QVERIFY(walk(0, -1, 1).isEmpty());
+        QCOMPARE(walk(3, 1, 1) + walk(3, -1, 1), QList({2, 0, 1, 0, 1, 2}));
+        QCOMPARE(walk(4, -1, -1) + walk(1, -1, -1) + walk(0, -1, 1), QList({2, 1, 0, 3, 0}));
     }
 };
 

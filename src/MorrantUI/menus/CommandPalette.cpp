@@ -1,26 +1,58 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/menus/CommandPalette.h"
 
+#include "MorrantUI/menus/commandsearch.h"
+#include "MorrantUI/menus/menurows.h"
 #include "MorrantUI/menus/menusearch.h"
+#include "MorrantUI/theme/style/metrics.h"
 #include <MorrantUI/menus/ContextMenuItemWidget.h>
 #include <MorrantUI/menus/hostmenus.h>
+#include <MorrantUI/theme/colors.h>
 
+#include <QAccessible>
+#include <QActionEvent>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionMenuItem>
+#include <QTextLayout>
 
 #include <algorithm>
+#include <limits>
+#include <utility>
+
+using ui::menus::matchCommand;
 
 namespace {
 
-constexpr int kWidth = 460;      ///< logical pixels
-constexpr double kHeight = 0.12; ///< of the widget, above the list
+constexpr int kWidth = 460;              ///< logical pixels
+constexpr double kHeight = 0.12;         ///< of the widget, above the list
+constexpr double kUnderline = 1.5;       ///< logical pixels, below the letters that were found
+constexpr double kDisabledOpacity = 0.5; ///< of that line
+constexpr qsizetype kMostPasted = 200;   ///< letters
 
-bool hasAllWords(const QString& text, const QString& typed)
+/// What a row shows of a command: its name behind the menus that it is in.
+struct Words
 {
-    const QStringList words = typed.split(u' ', Qt::SkipEmptyParts);
-    return std::all_of(words.begin(), words.end(), [&text](const QString& word) {
-        return text.contains(word, Qt::CaseInsensitive);
-    });
+    QString text;
+    qsizetype name; ///< where that begins
+};
+
+Words wordsOf(const QAction& action, const QString& path)
+{
+    const QString name = ui::plainMenuText(action.text());
+    const QString text = path.isEmpty() ? name : CommandPalette::tr("%1: %2").arg(path, name);
+    return {text, std::max<qsizetype>(text.lastIndexOf(name), 0)};
+}
+
+/// A row that is a widget without a name, or cannot be triggered, is no command.
+bool isCommand(const QAction& action)
+{
+    const auto* const rich = qobject_cast<const ContextMenuItemWidget*>(&action);
+    return !action.isSeparator() && !action.text().isEmpty()
+           && (rich ? rich->hasMainTrigger() : !action.menu());
 }
 
 } // namespace
@@ -38,6 +70,7 @@ CommandPalette::~CommandPalette() = default;
 void CommandPalette::openOver(const QWidget& widget)
 {
     clear();
+    m_listed.clear();
     m_rows.clear();
     m_prompt = new ContextMenuItemWidget(QString(), this);
     m_prompt->setPixmap(QStringLiteral("icons:search.png"));
@@ -46,6 +79,8 @@ void CommandPalette::openOver(const QWidget& widget)
     if (m_commands) {
         list(m_commands->actions(), {}, {});
     }
+    m_nothing = addAction(tr("No command found"));
+    m_nothing->setEnabled(false);
     find({});
     const QPoint top((widget.width() - sizeHint().width()) / 2, qRound(widget.height() * kHeight));
     popup(widget.mapToGlobal(top));
@@ -55,74 +90,103 @@ void CommandPalette::list(
     const QList<QAction*>& actions, const QString& path, const Parents& parents)
 {
     for (QAction* const action : actions) {
-        if (const QMenu* const inner = action->menu()) {
-            const QString name = ui::plainMenuText(action->text());
-            const QString whole = path.isEmpty() ? name : tr("%1: %2").arg(path, name);
-            list(inner->actions(), whole, parents + Parents{action});
-        } else if (!action->isSeparator() && action != m_leftOut) {
+        if (action != m_leftOut && isCommand(*action)) {
             add(*action, path, parents);
+        }
+        if (const QMenu* const inner = action->menu()) {
+            list(inner->actions(), wordsOf(*action, path).text, parents + Parents{action});
         }
     }
 }
 
 void CommandPalette::add(QAction& action, const QString& path, const Parents& parents)
 {
-    QAction* const shown = addAction(QString());
-    const Row row{shown, &action, path, parents};
-    m_rows.push_back(row);
-    copy(row);
+    QAction* const row = addAction(QString());
+    const std::size_t index = m_listed.size();
+    m_rows.append(row);
+    m_listed.push_back({row, &action, path, parents});
+    const auto follow = [this, index] {
+        copy(m_listed[index]);
+        sayWhetherFound();
+    };
     for (const QAction* source : parents + Parents{&action}) {
-        connect(source, &QAction::changed, shown, [this, row] { copy(row); });
+        connect(source, &QAction::changed, row, follow);
     }
-    connect(&action, &QObject::destroyed, shown, &QObject::deleteLater);
-    connect(shown, &QAction::triggered, &action, &QAction::trigger);
+    connect(&action, &QObject::destroyed, row, follow);
+    connect(row, &QAction::triggered, this, [this, row] { run(row); });
 }
 
 /// Makes a row look as what it stands for.
-void CommandPalette::copy(const Row& row)
+void CommandPalette::copy(const Command& command)
 {
-    if (!row.shown || !row.meant) {
+    QAction* const row = command.row;
+    const QAction* const meant = command.meant;
+    if (!row || !meant) {
+        row ? row->setVisible(false) : void();
         return;
     }
-    const QString own = ui::plainMenuText(row.meant->text());
-    const QString name = row.path.isEmpty() ? own : tr("%1: %2").arg(row.path, own);
-    const QString key = row.meant->shortcut().toString(QKeySequence::NativeText);
-    row.shown->setText(key.isEmpty() ? ui::menuText(name) : ui::menuText(name) + u'\t' + key);
-    row.shown->setIcon(row.meant->icon());
-    row.shown->setCheckable(row.meant->isCheckable());
-    row.shown->setChecked(row.meant->isChecked());
-    row.shown->setEnabled(
-        row.meant->isEnabled()
-        && std::all_of(row.parents.begin(), row.parents.end(), [](const QPointer<QAction>& menu) {
-               return menu && menu->isEnabled();
-           }));
-    row.shown->setVisible(row.meant->isVisible() && hasAllWords(name, m_typed));
+    const Words words = wordsOf(*meant, command.path);
+    const QString key = meant->shortcut().toString(QKeySequence::NativeText);
+    const QString text = ui::menuText(words.text);
+    const auto allParents = [&command](auto&& are) {
+        return std::all_of(command.parents.begin(), command.parents.end(), are);
+    };
+    row->setText(key.isEmpty() ? text : text + u'\t' + key);
+    row->setIcon(meant->icon());
+    row->setCheckable(meant->isCheckable());
+    row->setChecked(meant->isChecked());
+    row->setEnabled(meant->isEnabled() && allParents([](const QPointer<QAction>& menu) {
+                        return menu && menu->isEnabled();
+                    }));
+    row->setVisible(
+        meant->isVisible()
+        && allParents([](const QPointer<QAction>& menu) { return !menu || menu->isVisible(); })
+        && matchCommand(words.text, words.name, m_typed));
 }
 
-void CommandPalette::find(const QString& text)
+void CommandPalette::run(const QAction* row)
 {
-    m_typed = text;
-    m_prompt->setLabelText(text.isEmpty() ? tr("Type to find a command") : ui::menuText(text));
-    m_prompt->setAccentedLabel(!text.isEmpty());
-    QAction* first = nullptr;
-    for (const Row& row : m_rows) {
-        copy(row);
-        if (!first && row.shown && row.shown->isVisible() && row.shown->isEnabled()) {
-            first = row.shown;
-        }
+    const auto shown =
+        std::find_if(m_listed.begin(), m_listed.end(), [row](const Command& command) {
+            return command.row == row;
+        });
+    if (shown != m_listed.end() && shown->meant) {
+        shown->meant->trigger();
     }
-    setActiveAction(first);
+}
+
+// Typing
+
+/// What is typed by then; none for a key that types nothing.
+std::optional<QString> CommandPalette::edited(const QKeyEvent& key) const
+{
+    if (key.matches(QKeySequence::DeleteStartOfWord)) {
+        return ui::menus::withoutLastWord(m_typed);
+    }
+    if (key.key() == Qt::Key_Backspace) {
+        return ui::menus::withoutLastLetter(m_typed);
+    }
+    if (key.matches(QKeySequence::Paste)) {
+        return m_typed + QGuiApplication::clipboard()->text().simplified().left(kMostPasted);
+    }
+    const bool types =
+        ui::menus::menuKey(key.key(), key.modifiers(), key.text()) == ui::menus::MenuKey::Search;
+    return types ? std::optional(m_typed + key.text()) : std::nullopt;
+}
+
+bool CommandPalette::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && edited(*static_cast<QKeyEvent*>(event))) {
+        event->accept(); // rather than a command's key
+        return true;
+    }
+    return ContextMenu::event(event);
 }
 
 void CommandPalette::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Backspace) {
-        find(m_typed.chopped(std::min(m_typed.size(), qsizetype(1))));
-    } else if (
-        ui::menus::menuKey(event->key(), event->modifiers(), event->text())
-        == ui::menus::MenuKey::Search)
-    {
-        find(m_typed + event->text());
+    if (const auto text = edited(*event)) {
+        find(*text);
     } else {
         ContextMenu::keyPressEvent(event);
     }
@@ -130,6 +194,132 @@ void CommandPalette::keyPressEvent(QKeyEvent* event)
 
 void CommandPalette::inputMethodEvent(QInputMethodEvent* event)
 {
-    find(m_typed + event->commitString());
+    if (ui::menus::searches(Qt::NoModifier, event->commitString())) {
+        find(m_typed + event->commitString());
+    }
+    showTyped(event->preeditString());
     event->accept();
+}
+
+/// @param composed by an input method, and not yet typed
+void CommandPalette::showTyped(const QString& composed)
+{
+    const QString text = m_typed + composed;
+    if (m_prompt) {
+        m_prompt->setLabelText(text.isEmpty() ? tr("Type to find a command") : ui::menuText(text));
+        m_prompt->setAccentedLabel(!text.isEmpty());
+    }
+}
+
+void CommandPalette::find(const QString& text)
+{
+    m_typed = text;
+    arrange();
+    activateFirst();
+}
+
+/// The rows stay where they are and change what they stand for: menus are slow at taking rows in
+/// and out.
+void CommandPalette::arrange()
+{
+    std::vector<std::pair<int, std::size_t>> ranks;
+    for (std::size_t i = 0; i < m_listed.size(); ++i) {
+        const Command& command = m_listed[i];
+        const Words words = command.meant ? wordsOf(*command.meant, command.path) : Words{};
+        const auto match = matchCommand(words.text, words.name, m_typed);
+        ranks.emplace_back(match ? match->rank : std::numeric_limits<int>::max(), i);
+    }
+    std::sort(ranks.begin(), ranks.end());
+    m_isArranging = true;
+    showTyped({});
+    for (qsizetype place = 0; place < m_rows.size(); ++place) {
+        Command& command = m_listed[ranks[static_cast<std::size_t>(place)].second];
+        command.row = m_rows[place];
+        copy(command);
+    }
+    sayWhetherFound();
+    m_isArranging = false;
+    ui::menus::layOutAgain(*this);
+}
+
+void CommandPalette::actionEvent(QActionEvent* event)
+{
+    if (!m_isArranging || event->type() != QEvent::ActionChanged) {
+        ContextMenu::actionEvent(event);
+    }
+}
+
+void CommandPalette::sayWhetherFound()
+{
+    if (m_nothing) {
+        m_nothing->setVisible(std::none_of(
+            m_rows.begin(), m_rows.end(), [](const auto& row) { return row && row->isVisible(); }));
+    }
+}
+
+void CommandPalette::activateFirst()
+{
+    const auto first = std::find_if(m_rows.begin(), m_rows.end(), [](const auto& row) {
+        return row && row->isVisible() && row->isEnabled();
+    });
+    setActiveAction(first == m_rows.end() ? nullptr : first->data());
+    if (isVisible() && m_nothing && m_nothing->isVisible()) {
+        // It cannot be active, but has to be heard.
+        QAccessibleEvent event(this, QAccessible::Focus);
+        event.setChild(static_cast<int>(actions().indexOf(m_nothing)));
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+// Painting
+
+void CommandPalette::paintEvent(QPaintEvent* event)
+{
+    ContextMenu::paintEvent(event);
+    if (m_typed.isEmpty()) {
+        return;
+    }
+    QPainter painter(this);
+    painter.setClipRect(ui::menus::freeOfArrows(*this));
+    const QColor accent = ui::colorQt(QStringLiteral("Accent1"));
+    for (const Command& command : m_listed) {
+        if (command.row && command.row->isVisible() && command.meant
+            && event->rect().intersects(actionGeometry(command.row)))
+        {
+            const bool isActive = command.row == activeAction();
+            underline(
+                painter, command, isActive ? palette().color(QPalette::HighlightedText) : accent);
+        }
+    }
+}
+
+/// The letters of a row that were typed.
+void CommandPalette::underline(QPainter& painter, const Command& command, const QColor& color) const
+{
+    QStyleOptionMenuItem option;
+    initStyleOption(&option, command.row);
+    const Words words = wordsOf(*command.meant, command.path);
+    const auto match = matchCommand(words.text, words.name, m_typed);
+    QTextLayout layout(words.text, option.font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    if (!match || !line.isValid()) {
+        return;
+    }
+    const QRectF row = actionGeometry(command.row);
+    const int offset = ui::style::menuTextOffset(option);
+    const bool leftToRight = layoutDirection() == Qt::LeftToRight;
+    const double left =
+        leftToRight ? row.left() + offset : row.right() - offset - line.naturalTextWidth();
+    const double widest = ui::style::widestMenuText(option.fontMetrics);
+    const double y = row.center().y() + line.height() / 2 - line.descent() + kUnderline;
+    painter.setOpacity(command.row->isEnabled() ? 1.0 : kDisabledOpacity);
+    for (const ui::menus::Letters& letters : match->marks) {
+        const double from = line.cursorToX(static_cast<int>(letters.from));
+        const double to = line.cursorToX(static_cast<int>(letters.from + letters.count));
+        if (std::max(from, to) <= widest) { // beyond it the text is cut
+            painter.fillRect(QRectF(left + from, y, to - from, kUnderline).normalized(), color);
+        }
+    }
 }

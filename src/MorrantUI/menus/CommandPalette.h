@@ -5,6 +5,7 @@
 
 #include <QPointer>
 
+#include <optional>
 #include <vector>
 
 class ContextMenuItemWidget;
@@ -12,10 +13,15 @@ class ContextMenuItemWidget;
 /// Every command of a menu bar, or of another widget with actions, in one list, "Menu: Command".
 ///
 /// What is typed keeps the rows that have all its words somewhere, in any order, without regard to
-/// upper and lower case. Return runs the chosen one, closing gives the focus back. The rows show
-/// icon, shortcut, tick and state of their actions and follow them while the list is open; an
-/// action is disabled with each of the menus that it is in. Actions and menus may be deleted at any
-/// time.
+/// case and accents. The row that fits best stands first and is the active one: a word counts most
+/// at the beginning of a command's name, less at that of another word, still less within a word,
+/// and least in the name of a menu. The letters that were found are underlined. Backspace takes a
+/// letter back, with Control a word; Paste works, too. Return runs the active row, closing gives
+/// the focus back.
+///
+/// The rows show icon, shortcut, tick and state of their actions and follow them while the list is
+/// open; an action is disabled and hidden with each of the menus that it is in. Actions and menus
+/// may be deleted at any time.
 class MORRANT_UI_EXPORT CommandPalette : public ContextMenu
 {
     Q_OBJECT
@@ -37,28 +43,42 @@ public:
     QString typed() const { return m_typed; }
 
 protected:
+    bool event(QEvent* event) override;
+    void actionEvent(QActionEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     using Parents = QList<QPointer<QAction>>;
 
-    struct Row
+    struct Command
     {
-        QPointer<QAction> shown;
+        QPointer<QAction> row; ///< that shows it now; what is typed changes their order
         QPointer<QAction> meant;
         QString path;    ///< of the menus that it is in; may be empty
-        Parents parents; ///< those menus, which disable it too
+        Parents parents; ///< those menus, which disable and hide it too
     };
 
     void list(const QList<QAction*>& actions, const QString& path, const Parents& parents);
     void add(QAction& action, const QString& path, const Parents& parents);
-    void copy(const Row& row);
+    void copy(const Command& command);
+    void run(const QAction* row);
+
+    std::optional<QString> edited(const QKeyEvent& key) const;
     void find(const QString& text);
+    void showTyped(const QString& composed);
+    void arrange();
+    void sayWhetherFound();
+    void activateFirst();
+    void underline(QPainter& painter, const Command& command, const QColor& color) const;
 
     QPointer<QWidget> m_commands;
-    const QAction* m_leftOut = nullptr;        ///< compared, never used
-    ContextMenuItemWidget* m_prompt = nullptr; ///< shows what was typed
+    const QAction* m_leftOut = nullptr;       ///< compared, never used
+    QPointer<ContextMenuItemWidget> m_prompt; ///< shows what was typed
+    QPointer<QAction> m_nothing;              ///< says that no command was found
     QString m_typed;
-    std::vector<Row> m_rows;
+    std::vector<Command> m_listed;   ///< in the order of the menus
+    QList<QPointer<QAction>> m_rows; ///< from top to bottom
+    bool m_isArranging = false;
 };
