@@ -1,24 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "fuzzing.h"
+
 #include <Core/Expression.h>
 
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
-
-namespace {
-
-void require(bool holds, const char* claim)
-{
-    if (!holds) {
-        std::fprintf(stderr, "does not hold: %s\n", claim);
-        std::abort();
-    }
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -27,18 +14,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     std::string error = "from an earlier call";
     const double value = evaluateExpression(text, variables, &error);
-    require(std::isfinite(value), "the value is finite");
-    require(error.find("earlier call") == std::string::npos, "the error text is always set");
+    check(std::isfinite(value), "the value is finite");
+    check(error.find("earlier call") == std::string::npos, "the error text is always set");
 
     std::string again;
-    require(
+    check(
         evaluateExpression(text, variables, &again) == value && again == error,
         "the same text has the same value");
     if (error.empty() && text.size() < 4000) {
-        require(
+        check(
             evaluateExpression("(" + text + ")", variables, &again) == value && again.empty(),
             "parentheses around a valid expression change nothing");
-        require(
+        check(
             evaluateExpression(text + "\x80", variables, &again) == value && !again.empty(),
             "a valid expression is the longest valid beginning of what follows it");
     }

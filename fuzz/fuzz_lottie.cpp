@@ -3,15 +3,13 @@
 // what was read can be drawn, every place it remembers lies within the file, and it is written as
 // it was, or with an edit so that it can be read again.
 
+#include "fuzzing.h"
 #include "lottie/reader.h"
 #include "lottie/renderer.h"
 #include "saving/documentwriter.h"
 
 #include <include/core/SkCanvas.h>
 #include <include/core/SkSurface.h>
-
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
@@ -21,14 +19,6 @@ constexpr int kSide = 32; // pixels: the drawing itself is not what is tried
 
 // Files that draw more would say more about the machine's patience than about the reader.
 constexpr std::size_t kMaxDrawnBytes = 1 << 14;
-
-void check(bool holds, const char* claim)
-{
-    if (!holds) {
-        std::fprintf(stderr, "violated: %s\n", claim);
-        std::abort();
-    }
-}
 
 void checkSpans(const Document& document, const NumberProperty& property)
 {

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as a theme file: construction, both contrasts and look-ups never fail and never warn.
 
+#include "QtHost.h"
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/themesettings.h>
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -21,29 +18,10 @@ namespace {
 // The style learns no more of the file than its palette, so a sample of the sizes will do.
 constexpr std::size_t kApplyEvery = 16;
 
-void check(bool holds, const char* claim)
-{
-    if (!holds) {
-        std::fprintf(stderr, "violated: %s\n", claim);
-        std::abort();
-    }
-}
-
-void abortOnWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
-{
-    const bool harmless = type == QtDebugMsg || type == QtInfoMsg
-                          || text.startsWith(QLatin1String("This plugin does not support"));
-    check(harmless, qPrintable(text));
-}
-
 /// The application and the folder that every input's theme is read from.
-struct Host
+struct Host : QtHost
 {
-    Host()
-    {
-        check(assets.isValid() && QDir(assets.path()).mkdir(QStringLiteral("Style")), "a folder");
-        qInstallMessageHandler(abortOnWarning);
-    }
+    Host() { check(QDir(assets.path()).mkdir(QStringLiteral("Style")), "a folder"); }
 
     VisualDesignDark& loadTheme(const std::uint8_t* data, std::size_t size)
     {
@@ -56,23 +34,9 @@ struct Host
         return *theme;
     }
 
-    int argc = 1;
-    char name[11] = "fuzz_theme";
-    char* argv[2] = {name, nullptr};
-    QApplication application{argc, argv};
     QTemporaryDir assets;
     std::unique_ptr<VisualDesignDark> theme;
 };
-
-Host& host()
-{
-    static auto* const instance = [] {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        QApplication::setDesktopSettingsAware(false);
-        return new Host;
-    }();
-    return *instance;
-}
 
 void checkLookUps(VisualDesignDark& theme)
 {
@@ -109,7 +73,8 @@ void checkContrasts(VisualDesignDark& theme)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    VisualDesignDark& theme = host().loadTheme(data, size);
+    static auto* const host = new Host;
+    VisualDesignDark& theme = host->loadTheme(data, size);
     checkLookUps(theme);
     checkContrasts(theme);
     if (size % kApplyEvery == 0) {

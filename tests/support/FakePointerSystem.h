@@ -3,8 +3,10 @@
 
 #include "MorrantUI/platform/PointerSystem.h"
 
-#include <QString>
+#include <QAbstractEventDispatcher>
+#include <QStringList>
 
+#include <algorithm>
 #include <deque>
 #include <random>
 #include <utility>
@@ -18,8 +20,12 @@ class FakePointerSystem final : public morrant::native::PointerSystem
 public:
     using Registration = morrant::native::RawRegistration;
 
-    explicit FakePointerSystem(Drive drive);
-    ~FakePointerSystem() override;
+    explicit FakePointerSystem(Drive drive)
+        : m_drive(drive)
+    {
+        replace(this);
+    }
+    ~FakePointerSystem() override { replace(nullptr); }
 
     QPoint pointer;              ///< physical pixels
     QRect frame{0, 0, 300, 200}; ///< of every window
@@ -34,49 +40,122 @@ public:
     bool allowsWarps = true; ///< of X11 servers, some do not
 
     /// What the library asked since the last call: "confine 15,15 270x170; register; hide".
-    QString takeRequests() { return std::exchange(m_requests, {}); }
+    QString takeRequests() { return std::exchange(m_requests, {}).join(QStringLiteral("; ")); }
 
     /// Nothing of the library's in force.
     bool isFree() const { return hides == 0 && !clip && !registration; }
 
     /// Raw input: a motion of a mouse, or a record of any kind, arrives as a native event.
-    void moveRaw(QPoint delta);
-    static void sendRaw(ui::RawMouseRecord record);
+    void moveRaw(QPoint delta)
+    {
+        setPointer(pointer + delta);
+        sendRaw({.x = delta.x(), .y = delta.y()});
+    }
+    static void sendRaw(ui::RawMouseRecord record)
+    {
+        QAbstractEventDispatcher::instance()->filterNativeEvent(kRawRecord, &record, nullptr);
+    }
 
     /// Warps: the mouse moves, and the window system queues that.
-    void moveMouse(QPoint delta);
+    void moveMouse(QPoint delta) { m_positions.push_back(pointer += delta); }
     /// The queued positions, without those that the system left out for having others behind them.
-    std::deque<QPoint> takePositions(std::mt19937& random);
+    std::deque<QPoint> takePositions(std::mt19937& random)
+    {
+        std::deque<QPoint> positions;
+        std::bernoulli_distribution isLeftOut(0.5);
+        for (const QPoint position : std::exchange(m_positions, {})) {
+            if (!positions.empty() && isLeftOut(random)) {
+                positions.pop_back();
+            }
+            positions.push_back(position);
+        }
+        return positions;
+    }
 
     Drive drive() const override { return m_drive; }
     bool isRemote() const override { return remote; }
-    std::optional<QPoint> position() const override;
-    bool setPosition(QPoint position) override;
+    std::optional<QPoint> position() const override
+    {
+        return knowsPosition ? std::optional(pointer) : std::nullopt;
+    }
+    bool setPosition(QPoint position) override
+    {
+        m_requests << u"move to %1,%2"_qs.arg(position.x()).arg(position.y());
+        setPointer(position);
+        return succeeds;
+    }
     quint32 lastError() const override { return 5; }
     QPoint logicalPosition() const override { return pointer; }
     void setLogicalPosition(QPoint position) override { setPosition(position); }
-    QPointF moveBy(QPointF offset, double ratio) override;
+    QPointF moveBy(QPointF offset, double /*ratio*/) override
+    {
+        if (!allowsWarps) {
+            return {};
+        }
+        moveMouse(offset.toPoint()); // the window system tells of it as of any motion
+        return offset;
+    }
     std::optional<QRect> windowFrame(const QWidget&) const override { return frame; }
-    bool confine(const QRect& rect) override;
-    bool endConfinement() override;
-    void hide() override;
-    void show() override;
+    bool confine(const QRect& to) override
+    {
+        const QString place = u"%1,%2 %3x%4"_qs.arg(to.x()).arg(to.y());
+        m_requests << u"confine "_qs + place.arg(to.width()).arg(to.height());
+        clip = to;
+        setPointer(pointer);
+        return succeeds;
+    }
+    bool endConfinement() override
+    {
+        m_requests << u"end confinement"_qs;
+        clip.reset();
+        return succeeds;
+    }
+    void hide() override
+    {
+        m_requests << u"hide"_qs;
+        ++hides;
+    }
+    void show() override
+    {
+        m_requests << u"show"_qs;
+        --hides;
+    }
     std::optional<Registration> rawInput() const override { return registration; }
-    bool registerRawInput(const Registration& wanted) override;
-    void unregisterRawInput() override;
+    bool registerRawInput(const Registration& wanted) override
+    {
+        m_requests << u"register"_qs;
+        registration = allowsRawInput ? std::optional(wanted) : registration;
+        return allowsRawInput;
+    }
+    void unregisterRawInput() override
+    {
+        m_requests << u"unregister"_qs;
+        registration.reset();
+    }
     void readRawInput(
         const QByteArray& type,
         void* message,
-        const std::function<void(const ui::RawMouseRecord&)>& sink) override;
+        const std::function<void(const ui::RawMouseRecord&)>& sink) override
+    {
+        type == kRawRecord ? sink(*static_cast<const ui::RawMouseRecord*>(message)) : void();
+    }
     QSize primaryScreenSize() const override { return {1600, 1000}; }
     QSize virtualDesktopSize() const override { return {3200, 1000}; }
 
 private:
-    void note(const QString& request);
-    void setPointer(QPoint position);
+    inline static const QByteArray kRawRecord = QByteArrayLiteral("fake_raw_record");
+
+    void setPointer(QPoint position)
+    {
+        pointer = position;
+        if (clip) {
+            pointer.setX(std::clamp(position.x(), clip->left(), clip->right()));
+            pointer.setY(std::clamp(position.y(), clip->top(), clip->bottom()));
+        }
+    }
 
     Drive m_drive;
-    QString m_requests;
+    QStringList m_requests;
     std::deque<QPoint> m_positions; ///< not delivered yet
 };
 

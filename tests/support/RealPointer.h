@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QPoint>
-#include <qnamespace.h>
 
-#include <memory>
+#include <array>
 #include <optional>
+#include <utility>
 
 namespace ui::test {
 
@@ -17,15 +17,22 @@ public:
     /// False off screen, and on an X server without xdotool.
     static bool available();
 
-    RealPointer();
-    ~RealPointer(); ///< the button is up again
+    RealPointer() { setAccelerated(false); }
+    ~RealPointer()
+    {
+        release();
+        setAccelerated(true);
+    }
+    Q_DISABLE_COPY_MOVE(RealPointer)
 
     QPoint position() const;
     void moveTo(QPoint position);
     /// Moves in `times` equal steps, few enough at once for the application to follow.
     void moveBy(QPoint step, int times = 1);
-    void press(Qt::MouseButton button = Qt::LeftButton); ///< left or right
-    void release();                                      ///< of the button that is down
+    /// @param button left or right
+    void press(Qt::MouseButton button = Qt::LeftButton) { turn(m_pressed = button, true); }
+    /// Of the button that is down.
+    void release() { m_pressed ? turn(std::exchange(m_pressed, Qt::NoButton), false) : void(); }
     /// The key on the keyboard, down and up; the window with the focus gets it.
     void pressEscape();
 
@@ -33,8 +40,11 @@ public:
     std::optional<bool> isFree() const;
 
 private:
-    struct System;
-    std::unique_ptr<System> m_system;
+    static void turn(Qt::MouseButton button, bool down);
+    void setAccelerated(bool accelerated);
+
+    Qt::MouseButton m_pressed = Qt::NoButton;
+    std::array<int, 3> m_acceleration{}; ///< as Windows has it: two thresholds and a speed
 };
 
 } // namespace ui::test

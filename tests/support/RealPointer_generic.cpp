@@ -5,14 +5,8 @@
 #include <QtWidgets>
 
 #include <algorithm>
-#include <utility>
 
 namespace ui::test {
-
-struct RealPointer::System
-{
-    Qt::MouseButton pressed = Qt::NoButton;
-};
 
 static QString program()
 {
@@ -43,15 +37,6 @@ bool RealPointer::available()
     return QGuiApplication::platformName() == u"xcb" && !program().isEmpty();
 }
 
-RealPointer::RealPointer()
-    : m_system(std::make_unique<System>())
-{}
-
-RealPointer::~RealPointer()
-{
-    release();
-}
-
 QPoint RealPointer::position() const
 {
     return QCursor::pos() * QGuiApplication::primaryScreen()->devicePixelRatio();
@@ -78,23 +63,15 @@ void RealPointer::moveBy(QPoint step, int times)
     }
 }
 
-static QString number(Qt::MouseButton button)
+void RealPointer::turn(Qt::MouseButton button, bool down)
 {
-    return QLatin1String(button == Qt::RightButton ? "3" : "1");
+    run(
+        {QLatin1String(down ? "mousedown" : "mouseup"),
+         QLatin1String(button == Qt::RightButton ? "3" : "1")});
 }
 
-void RealPointer::press(Qt::MouseButton button)
-{
-    m_system->pressed = button;
-    run({QStringLiteral("mousedown"), number(button)});
-}
-
-void RealPointer::release()
-{
-    if (const auto button = std::exchange(m_system->pressed, Qt::NoButton)) {
-        run({QStringLiteral("mouseup"), number(button)});
-    }
-}
+void RealPointer::setAccelerated(bool)
+{} // xdotool places the pointer itself
 
 void RealPointer::pressEscape()
 {

@@ -6,16 +6,7 @@
 
 #include <windows.h>
 
-#include <array>
-#include <utility>
-
 namespace ui::test {
-
-struct RealPointer::System
-{
-    std::array<int, 3> acceleration{}; ///< two thresholds and a speed, as found
-    Qt::MouseButton pressed = Qt::NoButton;
-};
 
 static void send(DWORD flags, QPoint delta = {})
 {
@@ -37,28 +28,18 @@ static void waitUntilSeen()
     QTest::qWait(30);
 }
 
-static void setAcceleration(std::array<int, 3>& values)
+void RealPointer::setAccelerated(bool accelerated)
 {
-    SystemParametersInfoW(SPI_SETMOUSE, 0, values.data(), 0);
+    std::array<int, 3> none{};
+    if (!accelerated) {
+        SystemParametersInfoW(SPI_GETMOUSE, 0, m_acceleration.data(), 0);
+    }
+    SystemParametersInfoW(SPI_SETMOUSE, 0, (accelerated ? m_acceleration : none).data(), 0);
 }
 
 bool RealPointer::available()
 {
     return QGuiApplication::platformName() == u"windows";
-}
-
-RealPointer::RealPointer()
-    : m_system(std::make_unique<System>())
-{
-    SystemParametersInfoW(SPI_GETMOUSE, 0, m_system->acceleration.data(), 0);
-    std::array<int, 3> none{};
-    setAcceleration(none);
-}
-
-RealPointer::~RealPointer()
-{
-    release();
-    setAcceleration(m_system->acceleration);
 }
 
 QPoint RealPointer::position() const
@@ -85,19 +66,12 @@ void RealPointer::moveBy(QPoint step, int times)
     waitUntilSeen();
 }
 
-void RealPointer::press(Qt::MouseButton button)
+void RealPointer::turn(Qt::MouseButton button, bool down)
 {
-    m_system->pressed = button;
-    send(button == Qt::RightButton ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+    const DWORD left = down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP;
+    const DWORD right = down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP;
+    send(button == Qt::RightButton ? right : left);
     waitUntilSeen();
-}
-
-void RealPointer::release()
-{
-    if (const auto button = std::exchange(m_system->pressed, Qt::NoButton)) {
-        send(button == Qt::RightButton ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
-        waitUntilSeen();
-    }
 }
 
 void RealPointer::pressEscape()

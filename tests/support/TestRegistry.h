@@ -27,7 +27,11 @@ struct TestEntry
 };
 
 /// Every test class linked into this program, in no particular order.
-std::vector<TestEntry>& testRegistry();
+inline std::vector<TestEntry>& testRegistry()
+{
+    static std::vector<TestEntry> entries;
+    return entries;
+}
 
 /// A file-level `const ui::test::Registration<FooTest> kRegistration;` adds FooTest to the program.
 /// Where `runsHere` says no, the program is one without it.
