@@ -5,6 +5,10 @@
 
 using morrant::KeyInterpolationType;
 
+// Pairs compute component by component.
+static_assert(2.0 * (num2(6.0, -3.0) + num2(2.0, 4.0)) == num2(16.0, 2.0));
+static_assert(-(num2(6.0, -3.0) - num2(2.0, 4.0)) / 2.0 == num2(-2.0, 3.5));
+
 namespace {
 
 /// "index:time index:time", in the order of the curve.

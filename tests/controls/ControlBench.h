@@ -4,7 +4,7 @@
 #include "controls/PaintCounter.h"
 #include "controls/SignalRecord.h"
 #include "controls/StyledApplication.h"
-#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/MorrantUI.h>
 
 namespace ui::test {
 
@@ -20,6 +20,39 @@ inline QAccessibleInterface& accessible(QWidget* widget)
 {
     return *QAccessible::queryAccessibleInterface(widget);
 }
+
+inline QString nameOf(QWidget* widget)
+{
+    return accessible(widget).text(QAccessible::Name);
+}
+
+/// The text of an entry or name; "35" or "0.5;-1" of other controls, "15.0|30.0" of a row.
+inline QString shownBy(const QObject& control)
+{
+    if (const auto* const entry = qobject_cast<const QLineEdit*>(&control)) {
+        return entry->text();
+    }
+    const QVariant value = control.metaObject()->userProperty().read(&control);
+    QStringList texts;
+    for (const auto* field : control.findChildren<NumericField*>()) {
+        texts << field->text();
+    }
+    switch (value.typeId()) {
+    case QMetaType::UnknownType: return texts.join(u'|');
+    case QMetaType::Double: return QString::number(value.toDouble());
+    case QMetaType::QPointF: return u"%1;%2"_qs.arg(value.toPointF().x()).arg(value.toPointF().y());
+    default: return value.toString();
+    }
+}
+
+/// What a user does, what the control says to that, and what it shows then; null where that is not
+/// the point.
+struct Step
+{
+    const char* script;
+    const char* said;
+    const char* shown = nullptr;
+};
 
 /// A control at 10, 10 in an active window with another place for the focus, which has it. What
 /// the control reports is written down; it may be deleted meanwhile.
@@ -41,11 +74,14 @@ struct Bench
     void click(QPoint at) { pointer.click(at); }
 
     /// What a user does, a word each: "in" by Tab, "out" to the other field, "click" into the
-    /// middle of `entry`, "@5,10" presses there, ">40,10" drags there, "~40,10" goes there at once,
+    /// middle of `entry` or "double", "@5,10" presses there, ">40,10" drags there, "~40,10" goes
+    /// there at once,
+    /// "|30" goes at once to 30 pixels, from the press to the right, beyond the drag distance,
     /// "up" releases, "[Shift]" holds that for the pointer, "=text" types over all that is there,
     /// "+text" at the caret; other words are keys by their names, such as Shift+Up. They go to what
-    /// has the focus in the control, else to the entry. "#1" makes the second field (or button, in
-    /// a control without fields) the entry; "!reset" presses the button called "...: reset...".
+    /// has the focus in the control, else to the entry, with "^" before them to the window, whose
+    /// shortcuts see them. "#1" makes the second field (or button, in a control without fields) the
+    /// entry; "!reset" presses the button called "...: reset...".
     void play(const char* script)
     {
         for (const QString& word : QString::fromLatin1(script).split(u' ', Qt::SkipEmptyParts)) {
@@ -67,6 +103,15 @@ struct Bench
         play(script);
         return record.take();
     }
+    void follow(std::initializer_list<Step> steps)
+    {
+        for (const auto& [script, said, shown] : steps) {
+            const QByteArray heard = after(script);
+            QVERIFY2(heard == said, script + (": said " + heard));
+            const QString seen = shown ? shownBy(*control) : QString();
+            QVERIFY2(seen == QLatin1String(shown), script + (": shows " + seen.toUtf8()));
+        }
+    }
 
     QWidget* target() const
     {
@@ -84,6 +129,8 @@ struct Bench
     FakePointer pointer{control};
 
 private:
+    QPoint pressedAt;
+
     void playWord(const QString& word, const QString& rest)
     {
         const auto point = [&rest] {
@@ -93,15 +140,21 @@ private:
             entry->setFocus(Qt::TabFocusReason);
         } else if (word == u"out"_qs) {
             other->setFocus();
+        } else if (word == u"double"_qs) {
+            QTest::mouseDClick(entry, Qt::LeftButton);
         } else if (word == u"up"_qs) {
             pointer.release();
         } else if (word == u"click"_qs || word[0] == u'@') {
-            pointer.press(word[0] == u'@' ? point() : entry->rect().center());
+            pressedAt = word[0] == u'@' ? point() : entry->rect().center();
+            pointer.press(pressedAt);
             word[0] == u'@' ? void() : pointer.release();
         } else if (word[0] == u'>') {
             pointer.dragTo(point());
         } else if (word[0] == u'~') {
             pointer.moveTo(point());
+        } else if (word[0] == u'|') {
+            const int way = QApplication::startDragDistance() + rest.toInt();
+            pointer.moveTo(pressedAt + QPoint(way, 0));
         } else if (word[0] == u'[') {
             pointer.setModifiers(
                 word == u"[Shift]"_qs  ? Qt::ShiftModifier
@@ -126,8 +179,10 @@ private:
             }
             QTest::keyClicks(target(), rest);
         } else {
-            const QKeyCombination key = QKeySequence(word)[0];
-            QTest::keyClick(target(), key.key(), key.keyboardModifiers());
+            const bool toWindow = word[0] == u'^';
+            const QKeyCombination key = QKeySequence(toWindow ? rest : word)[0];
+            toWindow ? QTest::keyClick(window->windowHandle(), key.key(), key.keyboardModifiers())
+                     : QTest::keyClick(target(), key.key(), key.keyboardModifiers());
         }
     }
 };

@@ -3,10 +3,27 @@
 
 #include <QtWidgets>
 
+#include <array>
 #include <functional>
 #include <utility>
 
 namespace ui::test {
+
+/// Does something once, from within the k-th signal or callback of a story, counted from 0.
+struct KthSignal
+{
+    /// To be called by each of them.
+    void operator()()
+    {
+        if (k-- == 0) {
+            std::exchange(act, nullptr)();
+        }
+    }
+    bool isDone() const { return k < 0 && !act; }
+
+    int k = -1;
+    std::function<void()> act;
+};
 
 /// What a control has reported, in order: '(' and ')' around a drag, 's' for a step and 'C' for a
 /// commit, with the field's index before them where there are several, "+2", "-2" and "=2" for
@@ -49,21 +66,13 @@ public:
     std::function<void()> onSignal; ///< after each
 
 private:
-    template <typename Control, typename Class>
-    void listen(
-        Control* control, void (Class::*signal)(bool), const char* on = "C", const char* off = "s")
+    template <typename Control, typename Signal>
+    void listen(Control* control, Signal signal, const char* on = "C", const char* off = "s")
     {
-        connect(control, signal, this, [this, on, off](bool is) { tell(is ? on : off); });
-    }
-    template <typename Control, typename Class>
-    void listen(
-        Control* control,
-        void (Class::*signal)(int, bool),
-        const char* on = "C",
-        const char* off = "s")
-    {
-        connect(control, signal, this, [this, on, off](int index, bool is) {
-            tell(QByteArray::number(index) + (is ? on : off));
+        connect(control, signal, this, [this, on, off](auto... arguments) {
+            const std::array<int, sizeof...(arguments)> values{int(arguments)...};
+            const QByteArray index = values.size() > 1 ? QByteArray::number(values[0]) : "";
+            tell(index + (values.back() != 0 ? on : off));
         });
     }
     void tell(const QByteArray& what)

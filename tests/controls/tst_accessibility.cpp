@@ -1,23 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
 #include "support/ReaderEvents.h"
-#include <MorrantUI/MorrantUI.h>
 
-using ui::test::accessible;
-using ui::test::kNaN;
+using namespace ui::test;
 using Action = QAccessibleActionInterface;
 
-namespace {
-
-QString nameOf(QWidget* widget)
-{
-    return accessible(widget).text(QAccessible::Name);
-}
-
-} // namespace
-
 /// What assistive tools see of each control, and do to it.
-class AccessibilityTest : public ui::test::StyledTestCase
+class AccessibilityTest : public StyledTestCase
 {
     Q_OBJECT
 
@@ -132,7 +121,7 @@ private Q_SLOTS:
 
     void aNumberTellsItsLimitsAndItsText()
     {
-        ui::test::Bench<NumericField> bench({100, 24}, 5.0);
+        Bench<NumericField> bench({100, 24}, 5.0);
         bench.control->setMin(-10);
         bench.control->setDragMultiplier(-0.5);
         QAccessibleInterface& spinBox = accessible(bench.control);
@@ -149,9 +138,9 @@ private Q_SLOTS:
 
     void eachNewValueOfANumberIsToldOnceWhereverItComesFrom()
     {
-        ui::test::Bench<NumericField> bench({100, 24}, 5.0);
+        Bench<NumericField> bench({100, 24}, 5.0);
         auto* const text = accessible(bench.control).editableTextInterface();
-        ui::test::ReaderEvents events;
+        ReaderEvents events;
         const std::pair<std::function<void()>, int> rows[] = {
             {[&] { bench.control->setValue(7); }, 1},
             {[&] { bench.control->setValue(7); }, 0},
@@ -188,11 +177,11 @@ private Q_SLOTS:
 
     void aKeyframeButtonIsACheckBoxThatTheHostSets()
     {
-        ui::test::Bench<KeyframeButton> bench({24, 24});
+        Bench<KeyframeButton> bench({24, 24});
         const QAccessibleInterface& seen = accessible(bench.control);
         QCOMPARE(seen.role(), QAccessible::CheckBox);
         using State = KeyframeButton::State;
-        ui::test::ReaderEvents events;
+        ReaderEvents events;
         for (const auto& [state, on, mixed] :
              {std::tuple(State::KeyAtFrame, true, false),
               {State::Animated, false, true},
@@ -208,19 +197,12 @@ private Q_SLOTS:
 
     void coloursAreToldInWords()
     {
-        for (const auto& [color, name] :
-             {std::pair(u"#000000", u"black"),
-              {u"#141210", u"black"},
-              {u"#808080", u"grey"},
-              {u"#f0f0f4", u"white"},
-              {u"#ff8000", u"orange"},
-              {u"#000080", u"dark blue"},
-              {u"#ffc0cb", u"light red"},
-              {u"#708090", u"greyish blue"},
-              {u"#ff00fe", u"magenta"}})
-        {
-            const QString words = ui::colorWords(QColor(QString::fromUtf16(color)));
-            QCOMPARE(words.section(u':', 0, 0), QString::fromUtf16(name));
+        const QString colors = u"#000000 black|#141210 black|#808080 grey|#f0f0f4 white"
+                               "|#ff8000 orange|#000080 dark blue|#ffc0cb light red"
+                               "|#708090 greyish blue|#ff00fe magenta"_qs;
+        for (const QString& color : colors.split(u'|')) {
+            const QString told = ui::colorWords(QColor(color.section(u' ', 0, 0)));
+            QCOMPARE(told.section(u':', 0, 0), color.section(u' ', 1));
         }
         QCOMPARE(ui::colorWords(QColor()), QString());
         ColorSwatch swatch(QColor(1, 2, 3));
@@ -230,7 +212,7 @@ private Q_SLOTS:
 
     void aPadIsAGroupOfTwoSliders()
     {
-        ui::test::Bench<JoystickPad> bench({100, 100});
+        Bench<JoystickPad> bench({100, 100});
         QAccessibleInterface& pad = accessible(bench.control);
         QCOMPARE(pad.childCount(), 2);
         QVERIFY(pad.indexOfChild(pad.child(1)) == 1 && !pad.child(2));
@@ -248,7 +230,7 @@ private Q_SLOTS:
 
     void aNameIsReadAndRenamed()
     {
-        ui::test::Bench<RenamableLabel> bench({120, 24}, u"Title"_qs);
+        Bench<RenamableLabel> bench({120, 24}, u"Title"_qs);
         QAccessibleInterface& seen = accessible(bench.control);
         QCOMPARE(seen.text(QAccessible::Name), u"Title"_qs);
         bench.control->setAccessibleName(u"Layer name"_qs);
@@ -294,6 +276,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<AccessibilityTest> kRegistration;
+const Registration<AccessibilityTest> kRegistration;
 
 #include "tst_accessibility.moc"

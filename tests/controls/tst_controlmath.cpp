@@ -1,26 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/values/typednumber.h"
-#include "support/TestCase.h"
-#include <MorrantUI/MorrantUI.h>
+#include "controls/ControlBench.h"
 
+#include <cfloat>
 #include <climits>
 #include <numbers>
 
-namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kHighest = std::numeric_limits<double>::max();
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-bool isNear(double value, double expected)
-{
-    return std::abs(value - expected) < 1e-9;
-}
-
-} // namespace
+using namespace ui::test;
 
 /// The arithmetic of controls, without a control.
-class ControlMathTest : public ui::test::TestCase
+class ControlMathTest : public TestCase
 {
     Q_OBJECT
 
@@ -41,8 +30,8 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale(QLocale::German));
         QStringList texts, expected;
         for (const auto& [value, integer, decimal] : cases) {
-            texts << ui::formatValue(value, {-kHighest, kHighest, true})
-                  << ui::formatValue(value, {-kHighest, kHighest, false});
+            texts << ui::formatValue(value, {-DBL_MAX, DBL_MAX, true})
+                  << ui::formatValue(value, {-DBL_MAX, DBL_MAX, false});
             expected << QLatin1String(integer) << QLatin1String(decimal);
         }
         QLocale::setDefault(before);
@@ -296,8 +285,8 @@ private Q_SLOTS:
             for (const double position : {0.0, 0.3, 1.0, -2.0, 7.0, kNaN}) {
                 const auto parts = ui::switchParts(bounds, 16, position, Qt::LeftToRight);
                 const auto mirrored = ui::switchParts(bounds, 16, position, Qt::RightToLeft);
-                QVERIFY(
-                    parts.track.top() >= bounds.top() && parts.track.bottom() <= bounds.bottom());
+                QVERIFY(parts.track.top() >= bounds.top());
+                QVERIFY(parts.track.bottom() <= bounds.bottom());
                 QVERIFY(parts.track.contains(parts.knob) || parts.knob.isEmpty());
                 QVERIFY(parts.knob.width() == parts.knob.height() && parts.text.width() >= 0);
                 const double sum = bounds.left() + bounds.right();
@@ -313,6 +302,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<ControlMathTest> kRegistration;
+const Registration<ControlMathTest> kRegistration;
 
 #include "tst_controlmath.moc"

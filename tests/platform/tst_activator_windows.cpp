@@ -6,17 +6,17 @@
 
 #include <stdexcept>
 
-using ui::test::Activator;
+using namespace ui::test;
 
 /// Clicks arrive through COM, as from the notification platform.
-class ActivatorTest : public ui::test::TestCase
+class ActivatorTest : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
-        ui::test::enterApartment("sta"); // what Qt does on a real desktop
+        enterApartment("sta"); // what Qt does on a real desktop
         QVERIFY(SUCCEEDED(CLSIDFromString(morrant::native::kActivatorClassId, &m_classId)));
     }
 
@@ -42,7 +42,7 @@ private Q_SLOTS:
 
     void aRefusedRegistrationIsOneLineAndCanBeRepeated()
     {
-        const QString path = ui::test::comClassKey(morrant::native::kActivatorClassId);
+        const QString path = comClassKey(morrant::native::kActivatorClassId);
         m_key.emplace(HKEY_CURRENT_USER, path);
         QVERIFY(m_key->create(REG_OPTION_VOLATILE));
         registerWithNotificationServer();
@@ -136,9 +136,9 @@ private:
     }
 
     CLSID m_classId{};
-    std::optional<ui::test::RegistryKey> m_key; ///< once the first registration is through
+    std::optional<RegistryKey> m_key; ///< once the first registration is through
 };
 
-const ui::test::Registration<ActivatorTest> kRegistration;
+const Registration<ActivatorTest> kRegistration;
 
 #include "tst_activator_windows.moc"

@@ -4,10 +4,10 @@
 #include "support/TestCase.h"
 #include <MorrantUI/platform/notifications.h>
 
-using ui::test::RegistryKey;
+using namespace ui::test;
 
 /// Hosts in processes of their own.
-class ProbeTest : public ui::test::TestCase
+class ProbeTest : public TestCase
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private Q_SLOTS:
         TestCase::init();
         m_key.emplace(HKEY_CURRENT_USER, m_classKey);
         for (const QString& name : faketoast::classNames()) {
-            const RegistryKey none(HKEY_LOCAL_MACHINE, ui::test::runtimeClassKey(name));
+            const RegistryKey none(HKEY_LOCAL_MACHINE, runtimeClassKey(name));
         }
     }
 
@@ -57,7 +57,7 @@ private Q_SLOTS:
 
     void aHostMayRegisterBeforeItsApplication()
     {
-        const QString font = ui::test::dataPath(u"theme"_qs) + u"/MorrantTest.ttf"_qs;
+        const QString font = dataPath(u"theme"_qs) + u"/MorrantTest.ttf"_qs;
         for (const QString& apartment : {u"none"_qs, u"mta"_qs}) {
             const QStringList expected{
                 u"error: Could not create Notification Contents."_qs,
@@ -99,12 +99,12 @@ private:
     }
 
     const QString m_probe = QCoreApplication::applicationDirPath() + u"/toastprobe.exe"_qs;
-    const QString m_classKey = ui::test::comClassKey(morrant::native::kActivatorClassId);
+    const QString m_classKey = comClassKey(morrant::native::kActivatorClassId);
     const QTemporaryDir m_folder;
     std::optional<RegistryKey> m_key;
 };
 
 // Before this process offers an activator itself: COM would take a click to it.
-const ui::test::Registration<ProbeTest> kRegistration(ui::test::RunOrder::First);
+const Registration<ProbeTest> kRegistration(RunOrder::First);
 
 #include "tst_probe_windows.moc"

@@ -7,9 +7,8 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <deque>
-#include <random>
 #include <utility>
+#include <vector>
 
 namespace ui::test {
 
@@ -56,21 +55,9 @@ public:
         QAbstractEventDispatcher::instance()->filterNativeEvent(kRawRecord, &record, nullptr);
     }
 
-    /// Warps: the mouse moves, and the window system queues that.
+    /// Warps: the mouse moves, and the window system tells of it.
     void moveMouse(QPoint delta) { m_positions.push_back(pointer += delta); }
-    /// The queued positions, without those that the system left out for having others behind them.
-    std::deque<QPoint> takePositions(std::mt19937& random)
-    {
-        std::deque<QPoint> positions;
-        std::bernoulli_distribution isLeftOut(0.5);
-        for (const QPoint position : std::exchange(m_positions, {})) {
-            if (!positions.empty() && isLeftOut(random)) {
-                positions.pop_back();
-            }
-            positions.push_back(position);
-        }
-        return positions;
-    }
+    std::vector<QPoint> takePositions() { return std::exchange(m_positions, {}); }
 
     Drive drive() const override { return m_drive; }
     bool isRemote() const override { return remote; }
@@ -156,7 +143,7 @@ private:
 
     Drive m_drive;
     QStringList m_requests;
-    std::deque<QPoint> m_positions; ///< not delivered yet
+    std::vector<QPoint> m_positions; ///< not delivered yet
 };
 
 } // namespace ui::test

@@ -20,11 +20,7 @@ protected:
     {
         static const QString missed = QStringLiteral("debug: The theme has no color ");
         const auto level = spdlog::level::to_string_view(message.level);
-        const QString line =
-            QString::fromUtf8(level.data(), static_cast<qsizetype>(level.size()))
-            + QStringLiteral(": ")
-            + QString::fromUtf8(
-                message.payload.data(), static_cast<qsizetype>(message.payload.size()));
+        const QString line = QString::fromStdString(fmt::format("{}: {}", level, message.payload));
         line.startsWith(missed) ? gMissedColors.append(line.mid(missed.size()))
                                 : gLines.append(line);
     }

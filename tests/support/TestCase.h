@@ -7,6 +7,7 @@
 #include "support/TestRegistry.h"
 #include "support/paths.h"
 #include "support/pixels.h"
+#include "support/themes.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -32,6 +33,23 @@ inline void showActive(QWidget& widget)
     widget.show();
     widget.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&widget));
+}
+
+/// The override cursors, the lowest first; empty again afterwards.
+inline QList<Qt::CursorShape> takeCursors()
+{
+    QList<Qt::CursorShape> shapes;
+    while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
+        shapes.prepend(cursor->shape());
+        QGuiApplication::restoreOverrideCursor();
+    }
+    return shapes;
+}
+
+/// The words of a text, for tables with many names in one row.
+inline QStringList words(const char* text)
+{
+    return QString::fromLatin1(text).split(u' ');
 }
 
 /// Base of every test class. A test function fails when the library logs a line that the test did

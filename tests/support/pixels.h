@@ -21,6 +21,27 @@ inline QImage renderWidget(QWidget& widget, double devicePixelRatio = 1.0)
     return image;
 }
 
+/// What is drawn on a ground of so many logical pixels.
+template <typename Draw>
+QImage drawn(QSizeF size, double devicePixelRatio, const QColor& ground, Draw draw)
+{
+    QImage image((size * devicePixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatio);
+    image.fill(ground);
+    QPainter painter(&image);
+    draw(painter);
+    return image;
+}
+
+/// Whether anything can be seen in it.
+inline bool hasInk(const QImage& image)
+{
+    QImage empty(image.size(), image.format());
+    empty.fill(Qt::transparent);
+    empty.setDevicePixelRatio(image.devicePixelRatio());
+    return image != empty;
+}
+
 /// The colour of the device pixel that holds a point in logical pixels; invalid outside the image.
 inline QColor pixelAt(const QImage& image, QPointF logical)
 {

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/themes.h"
 #include "theme/contrast.h"
-#include "theme/words.h"
 #include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <Core/FontRegistry.h>
 
-using ui::test::words;
+using namespace ui::test;
 
 namespace {
 
@@ -17,7 +15,7 @@ constexpr double kNoticeable = 3.0; ///< WCAG 2.1 AA, marks
 } // namespace
 
 /// The assets as a host ships them.
-class AssetsTest : public ui::test::TestCase
+class AssetsTest : public TestCase
 {
     Q_OBJECT
 
@@ -66,8 +64,8 @@ private Q_SLOTS:
                 for (const QString& text : words(texts)) {
                     for (const QString& name : words(grounds)) {
                         const QColor ground = color(name);
-                        const QColor seen = ui::test::over(color(text), ground);
-                        const bool isRead = ui::test::contrast(seen, ground) >= least;
+                        const QColor seen = over(color(text), ground);
+                        const bool isRead = contrast(seen, ground) >= least;
                         QVERIFY2(isRead, qPrintable(text + u" on "_qs + name));
                     }
                 }
@@ -108,9 +106,7 @@ private Q_SLOTS:
             if (!path.contains(u"@2x")) {
                 const QImage plain(path);
                 const QImage dense(path.chopped(4) + u"@2x.png"_qs);
-                QImage empty(plain.size(), plain.format());
-                empty.fill(Qt::transparent);
-                QVERIFY2(plain != empty && dense.size() == plain.size() * 2, qPrintable(path));
+                QVERIFY2(hasInk(plain) && dense.size() == plain.size() * 2, qPrintable(path));
             }
         }
     }
@@ -123,17 +119,17 @@ private:
         if (name == QLatin1String("HoveredRow")) { // as the style draws it in a list
             QColor highlight = m_theme.getColor(u"RowHighlight2"_qs);
             highlight.setAlphaF(0.5F);
-            return ui::test::over(highlight, m_theme.color(QPalette::Base));
+            return over(highlight, m_theme.color(QPalette::Base));
         }
         const int role = QMetaEnum::fromType<QPalette::ColorRole>().keyToValue(qPrintable(name));
         return role >= 0 ? m_theme.color(QPalette::ColorRole(role)) : m_theme.getColor(name);
     }
 
-    VisualDesignDark& m_theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
+    VisualDesignDark& m_theme = makeTheme<VisualDesignDark>(assetsPath());
     const QJsonDocument m_file = QJsonDocument::fromJson(
         VisualDesignBase::loadTextFromFile(u"style:theme.json"_qs).toUtf8());
 };
 
-const ui::test::Registration<AssetsTest> kRegistration;
+const Registration<AssetsTest> kRegistration;
 
 #include "tst_assets.moc"

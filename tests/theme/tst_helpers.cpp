@@ -2,18 +2,9 @@
 #include "support/TestCase.h"
 #include <MorrantUI/MorrantUI.h>
 
-namespace {
+using namespace ui::test;
 
-/// The override cursors, the lowest first; empty again afterwards.
-QList<Qt::CursorShape> takeCursors()
-{
-    QList<Qt::CursorShape> shapes;
-    while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
-        shapes.prepend(cursor->shape());
-        QGuiApplication::restoreOverrideCursor();
-    }
-    return shapes;
-}
+namespace {
 
 /// Whether a filter keeps an event, of a kind that plain objects leave alone, from the receiver.
 bool isKeptFrom(QObject* receiver)
@@ -24,7 +15,7 @@ bool isKeptFrom(QObject* receiver)
 
 } // namespace
 
-class HelpersTest : public ui::test::TestCase
+class HelpersTest : public TestCase
 {
     Q_OBJECT
 
@@ -142,6 +133,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<HelpersTest> kRegistration;
+const Registration<HelpersTest> kRegistration;
 
 #include "tst_helpers.moc"

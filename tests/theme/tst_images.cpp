@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/themes.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/images.h>
 
 #include <include/core/SkBitmap.h>
 #include <include/core/SkImageInfo.h>
 
-using ui::test::closeTo;
+using namespace ui::test;
 
 namespace {
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 const QImage::Format kFormat = QImage::Format_ARGB32_Premultiplied;
 
 } // namespace
 
-class ImagesTest : public ui::test::TestCase
+class ImagesTest : public TestCase
 {
     Q_OBJECT
 
@@ -48,7 +46,7 @@ private Q_SLOTS:
     {
         QVERIFY(ui::drawChequerBox(Qt::red, {-1, 5}, 2).isNull());
         QVERIFY(ui::drawRoundColor(Qt::red, {}).isNull());
-        for (const double width : {0.9, -3.0, 1e300, kNan}) {
+        for (const double width : {0.9, -3.0, 1e300, qQNaN()}) {
             QVERIFY(ui::drawPalettePreview({Qt::red}, width).isNull());
         }
         QVERIFY(SkBitmapToQImage(nullptr).isNull());
@@ -72,7 +70,7 @@ private Q_SLOTS:
             QCOMPARE(ui::palettePreviewSegment(index, 3, width), expected);
         }
         const QColor base(40, 50, 60);
-        ui::test::makeTheme<VisualDesignBase>().setColor(u"Base"_qs, base);
+        makeTheme<VisualDesignBase>().setColor(u"Base"_qs, base);
         const QImage image =
             ui::drawPalettePreview({Qt::red, QColor(0, 0, 255, 0), QColor(0, 255, 0, 128)}, 24.9);
 
@@ -161,7 +159,7 @@ private Q_SLOTS:
             {"up to full value", {100, 50, 25}, 1000.0, {255, 128, 64}},
             {"grey, which has no hue", {128, 128, 128}, 150.0, {192, 192, 192}},
             {"negative", Qt::white, -50.0, {0, 0, 0}},
-            {"not a number", Qt::white, kNan, {0, 0, 0}}};
+            {"not a number", Qt::white, qQNaN(), {0, 0, 0}}};
         for (const auto& [name, color, percent, expected] : cases) {
             const QColor result = ui::changeValue(color, percent);
             QCOMPARE(result.spec(), QColor::Rgb);
@@ -172,7 +170,7 @@ private Q_SLOTS:
             {{"above 100", 0xFF804020U, 150.0, 0xFF804020U, 0xFF804020U},
              {"half, and alpha is lost", 0x00804020U, 50.0, 0xFF402010U, 0xFF806050U},
              {"negative", 0xFF804020U, -1.0, 0xFF000000U, 0xFF808080U},
-             {"not a number", 0xFF804020U, kNan, 0xFF000000U, 0xFF808080U}};
+             {"not a number", 0xFF804020U, qQNaN(), 0xFF000000U, 0xFF808080U}};
         for (const auto& [name, argb, percent, value, saturation] : integers) {
             QVERIFY2(ui::changeValue(argb, percent) == value, name);
             QVERIFY2(ui::changeSaturation(argb, percent) == saturation, name);
@@ -181,11 +179,14 @@ private Q_SLOTS:
 
     void namesAreLookedUpInTheNewestTheme()
     {
+        constexpr Color kColor = Color::fromRgba(0x12, 0x34, 0x56, 0x78);
+        static_assert(kColor.argb() == 0x78123456U && Color() == Color::fromRgba(0, 0, 0));
+        QVERIFY(kColor.red() == 0x12 && kColor.green() == 0x34 && kColor.blue() == 0x56);
         const QString name = QString::fromUtf8("Gr\xC3\xBCn");
-        ui::test::makeTheme<VisualDesignBase>().setColor(name, Qt::green);
-        auto& newer = ui::test::makeTheme<VisualDesignBase>();
+        makeTheme<VisualDesignBase>().setColor(name, Qt::green);
+        auto& newer = makeTheme<VisualDesignBase>();
         QCOMPARE(ui::colorQt(name), QColor(Qt::black));
-        QCOMPARE(ui::test::LogSink::takeMissedColors(), QStringList(name));
+        QCOMPARE(LogSink::takeMissedColors(), QStringList(name));
         newer.setColor(name, QColor(1, 2, 3, 4));
         newer.setColor(u"Base"_qs, QColor(100, 200, 40));
         QVERIFY(ui::color("Gr\xC3\xBCn") == Color(0x04010203U));
@@ -194,6 +195,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<ImagesTest> kRegistration;
+const Registration<ImagesTest> kRegistration;
 
 #include "tst_images.moc"

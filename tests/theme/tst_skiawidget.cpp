@@ -7,9 +7,7 @@
 #include <include/core/SkImageInfo.h>
 #include <include/core/SkPaint.h>
 
-using ui::test::closeTo;
-using ui::test::pixelAt;
-using ui::test::renderWidget;
+using namespace ui::test;
 
 namespace {
 
@@ -31,26 +29,20 @@ sk_sp<SkSurface> filledSurface(
     return surface;
 }
 
-QImage target(int size = 8, double ratio = 1.0)
-{
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::transparent);
-    return image;
-}
-
 /// A pixel of a source that was copied; invalid if none was.
 template <typename Source>
 QColor copied(const sk_sp<Source>& source)
 {
-    QImage image = target();
-    QPainter painter(&image);
-    return ui::copyPixels(source, &painter) ? image.pixelColor(7, 7) : QColor();
+    bool isCopied = false;
+    const QImage image = drawn({8, 8}, 1.0, Qt::transparent, [&](QPainter& painter) {
+        isCopied = ui::copyPixels(source, &painter);
+    });
+    return isCopied ? image.pixelColor(7, 7) : QColor();
 }
 
 } // namespace
 
-class SkiaWidgetTest : public ui::test::TestCase
+class SkiaWidgetTest : public TestCase
 {
     Q_OBJECT
 
@@ -118,15 +110,14 @@ private Q_SLOTS:
 
     void pixelsLandAtTheOriginWhateverTheTransform()
     {
-        QImage image = target(20);
-        QPainter painter(&image);
-        painter.setClipRect(0, 0, 20, 4);
-        painter.setWindow(0, 0, 10, 10);
-        painter.rotate(30);
-        const QTransform before = painter.combinedTransform();
-        QVERIFY(ui::copyPixels(filledSurface(SK_ColorRED), &painter));
-        QCOMPARE(painter.combinedTransform(), before);
-        painter.end();
+        const QImage image = drawn({20, 20}, 1.0, Qt::transparent, [](QPainter& painter) {
+            painter.setClipRect(0, 0, 20, 4);
+            painter.setWindow(0, 0, 10, 10);
+            painter.rotate(30);
+            const QTransform before = painter.combinedTransform();
+            QVERIFY(ui::copyPixels(filledSurface(SK_ColorRED), &painter));
+            QCOMPARE(painter.combinedTransform(), before);
+        });
         QCOMPARE(image.pixelColor(7, 3), QColor(Qt::red));
         QCOMPARE(image.pixelColor(7, 5).alpha(), 0); // the clip holds
         QCOMPARE(image.pixelColor(8, 3).alpha(), 0);
@@ -143,10 +134,10 @@ private Q_SLOTS:
             *pixels.writable_addr32(i % kSize, i / kSize) = quint32(i) * 2654435761U | 0xFF000000U;
         }
         for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-            QImage image = target(kSize, ratio);
-            QPainter painter(&image);
-            QVERIFY(ui::copyPixels(surface, &painter));
-            painter.end();
+            const QSizeF size = QSizeF(kSize, kSize) / ratio;
+            const QImage image = drawn(size, ratio, Qt::transparent, [&](QPainter& painter) {
+                QVERIFY(ui::copyPixels(surface, &painter));
+            });
             QVERIFY(std::equal(
                 pixels.addr32(),
                 pixels.addr32() + kSize * kSize,
@@ -171,6 +162,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<SkiaWidgetTest> kRegistration;
+const Registration<SkiaWidgetTest> kRegistration;
 
 #include "tst_skiawidget.moc"

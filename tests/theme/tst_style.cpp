@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "support/TestCase.h"
-#include "support/themes.h"
-#include "theme/ApplicationLook.h"
+#include "controls/StyledApplication.h"
 #include "theme/contrast.h"
 #include <MorrantUI/MorrantUI.h>
 
-using ui::test::pixelAt;
-using ui::test::renderWidget;
+using namespace ui::test;
 
 namespace {
 
@@ -35,18 +32,15 @@ Option enabledOption(QStyle::State state = {}, const QRect& rect = {0, 0, 100, 2
 template <typename Element, typename Option>
 QImage pictureOf(Element element, const Option& option, double ratio = 1.0)
 {
-    QImage image((QSizeF(100, 32) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    if constexpr (std::is_same_v<Element, QStyle::PrimitiveElement>) {
-        style().drawPrimitive(element, &option, &painter);
-    } else if constexpr (std::is_same_v<Element, QStyle::ControlElement>) {
-        style().drawControl(element, &option, &painter);
-    } else {
-        style().drawComplexControl(element, &option, &painter);
-    }
-    return image;
+    return drawn({100, 32}, ratio, Qt::black, [&](QPainter& painter) {
+        if constexpr (std::is_same_v<Element, QStyle::PrimitiveElement>) {
+            style().drawPrimitive(element, &option, &painter);
+        } else if constexpr (std::is_same_v<Element, QStyle::ControlElement>) {
+            style().drawControl(element, &option, &painter);
+        } else {
+            style().drawComplexControl(element, &option, &painter);
+        }
+    });
 }
 
 /// The device pixels along a row or column that are not black.
@@ -85,15 +79,11 @@ int brightest(QWidget& widget)
 /// not be enlarged.
 QIcon stemIcon()
 {
-    QPixmap plain(16, 16);
-    plain.fill(Qt::transparent);
-    QPainter(&plain).fillRect(4, 0, 8, 16, kPlainInk);
-    QPixmap pixmap(32, 32);
-    pixmap.setDevicePixelRatio(2.0);
-    pixmap.fill(Qt::transparent);
-    QPainter(&pixmap).fillRect(4, 0, 8, 16, kInk);
-    QIcon icon(plain);
-    icon.addPixmap(pixmap);
+    QIcon icon;
+    for (const auto& [ratio, ink] : {std::pair(1.0, kPlainInk), {2.0, kInk}}) {
+        const auto draw = [ink = ink](QPainter& painter) { painter.fillRect(4, 0, 8, 16, ink); };
+        icon.addPixmap(QPixmap::fromImage(drawn({16, 16}, ratio, Qt::transparent, draw)));
+    }
     return icon;
 }
 
@@ -151,26 +141,23 @@ std::tuple<Qt::WindowFlags, bool, bool, bool> traitsOf(const QWidget& widget)
 
 } // namespace
 
-class StyleTest : public ui::test::TestCase
+class StyleTest : public StyledTestCase
 {
     Q_OBJECT
-
-public:
-    StyleTest() { m_theme.applyAppStyle(); }
 
 private Q_SLOTS:
     void controlsStandOutFromAPanelThatHandsItsGroundDown()
     {
         QWidget panel;
-        ui::setWidgetBackground(&panel, m_theme.getColor(u"Window"_qs));
+        ui::setWidgetBackground(&panel, theme().getColor(u"Window"_qs));
         QPushButton button(&panel);
         QLineEdit field(&panel);
         const auto ground = [](QWidget& widget) {
             widget.resize(60, 24);
             return pixelAt(renderWidget(widget), {30, 12});
         };
-        QCOMPARE(ground(button), m_theme.getColor(u"Button"_qs));
-        QCOMPARE(ground(field), m_theme.getColor(u"Base"_qs));
+        QCOMPARE(ground(button), theme().getColor(u"Button"_qs));
+        QCOMPARE(ground(field), theme().getColor(u"Base"_qs));
         ui::setWidgetBackground(&button, Qt::red);
         QCOMPARE(ground(button), QColor(Qt::red));
     }
@@ -190,11 +177,11 @@ private Q_SLOTS:
 
         auto option = enabledOption<QStyleOptionFrame>();
         option.lineWidth = 1;
-        const QColor accent = m_theme.getColor(u"Accent1"_qs);
+        const QColor accent = theme().getColor(u"Accent1"_qs);
         for (const bool focused : {false, true}) {
             option.state.setFlag(QStyle::State_HasFocus, focused);
             const QColor edge = pixelAt(pictureOf(QStyle::PE_PanelLineEdit, option), {50, 0});
-            QCOMPARE(ui::test::closeTo(edge, accent, 20), focused);
+            QCOMPARE(closeTo(edge, accent, 20), focused);
         }
     }
 
@@ -238,7 +225,7 @@ private Q_SLOTS:
                 const bool isDefault = role == QPalette::HighlightedText;
                 option.features.setFlag(QStyleOptionButton::DefaultButton, isDefault);
                 const QImage image = pictureOf(QStyle::CE_PushButtonBevel, option);
-                QVERIFY(ui::test::contrast(m_theme.color(role), pixelAt(image, {30, 12})) >= 4.5);
+                QVERIFY(contrast(theme().color(role), pixelAt(image, {30, 12})) >= 4.5);
             }
         }
     }
@@ -259,31 +246,28 @@ private Q_SLOTS:
 
     void aHostDrawsWithTheStylesVerbs()
     {
-        const QColor accent = m_theme.getColor(u"Accent1"_qs);
-        const auto drawn = [](const auto& draw) {
-            QImage image(200, 64, QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(2.0);
-            image.fill(Qt::black);
-            QPainter painter(&image);
-            painter.translate(4, 4);
-            const QTransform before = painter.transform();
-            draw(painter);
-            [&] { QCOMPARE(painter.transform(), before); }();
-            return image;
+        const QColor accent = theme().getColor(u"Accent1"_qs);
+        const auto drawnBy = [](const auto& draw) {
+            return drawn({100, 32}, 2.0, Qt::black, [&draw](QPainter& painter) {
+                painter.translate(4, 4);
+                const QTransform before = painter.transform();
+                draw(painter);
+                QCOMPARE(painter.transform(), before);
+            });
         };
-        const QImage chequer = drawn([](QPainter& painter) {
+        const QImage chequer = drawnBy([](QPainter& painter) {
             ui::fillChequer(painter, {0, 0, 16, 16});
         });
         QVERIFY(pixelAt(chequer, {5, 5}) != pixelAt(chequer, {9, 5}));
         QCOMPARE(pixelAt(chequer, {5, 5}), pixelAt(chequer, {9, 9}));
-        const QImage wash = drawn([](QPainter& painter) {
+        const QImage wash = drawnBy([](QPainter& painter) {
             ui::drawHoverWash(painter, {0, 0, 40, 20});
         });
-        QColor quiet = m_theme.getColor(u"RowHighlight2"_qs);
+        QColor quiet = theme().getColor(u"RowHighlight2"_qs);
         quiet.setAlphaF(0.5F);
-        QVERIFY(ui::test::closeTo(pixelAt(wash, {20, 10}), ui::test::over(quiet, Qt::black)));
+        QVERIFY(closeTo(pixelAt(wash, {20, 10}), over(quiet, Qt::black)));
         for (const auto edge : {Qt::TopEdge, Qt::LeftEdge, Qt::RightEdge, Qt::BottomEdge}) {
-            const QImage line = drawn([edge](QPainter& painter) {
+            const QImage line = drawnBy([edge](QPainter& painter) {
                 ui::drawSelectionEdge(painter, {0, 0, 40, 20}, edge);
             });
             const QList<std::pair<Qt::Edge, QPointF>> middles{
@@ -295,10 +279,10 @@ private Q_SLOTS:
                 QCOMPARE(pixelAt(line, middle) == accent, side == edge);
             }
         }
-        const QImage down = drawn([](QPainter& painter) {
+        const QImage down = drawnBy([](QPainter& painter) {
             ui::drawDropMark(painter, {10, 0}, {10, 20});
         });
-        const QImage left = drawn([](QPainter& painter) {
+        const QImage left = drawnBy([](QPainter& painter) {
             ui::drawDropMark(painter, {40, 9}, {0, 9});
         });
         QCOMPARE(inkAlong(down, true, 2 * 22).size(), 4); // 2 pixels at ratio 2
@@ -334,8 +318,8 @@ private Q_SLOTS:
                 const bool fromRight = option.direction == Qt::RightToLeft;
                 QCOMPARE((fromRight ? last : first).topLeft(), option.rect.topLeft());
                 QCOMPARE((fromRight ? first : last).bottomRight(), option.rect.bottomRight());
-                QVERIFY(
-                    first != last && first.width() + first.height() >= 10 + 20); // to be grabbed
+                QVERIFY(first != last);
+                QVERIFY(first.width() + first.height() >= 10 + 20); // to be grabbed
             }
         }
     }
@@ -356,26 +340,20 @@ private Q_SLOTS:
 
     void iconsCoverWholeDevicePixels()
     {
-        const QColor ground = m_theme.color(QPalette::Window);
+        const QColor ground = theme().color(QPalette::Window);
         for (const auto& [name, draw] : kControls) {
             for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
-                QImage image(
-                    (QSizeF(110, 40) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-                image.setDevicePixelRatio(ratio);
-                image.fill(ground);
-                QPainter painter(&image);
-                draw(stemIcon(), painter);
-                painter.end();
-
+                const auto drawIcon = [&](QPainter& painter) { draw(stemIcon(), painter); };
+                const QImage image = drawn({110, 40}, ratio, ground, drawIcon);
                 QRect inked;
                 int partial = 0; // in the middle row
                 for (int y = 0; y < image.height(); ++y) {
                     for (int x = 0; x < image.width(); ++x) {
                         const QColor seen = image.pixelColor(x, y);
-                        if (ui::test::closeTo(seen, ratio > 1.0 ? kInk : kPlainInk, 3)) {
+                        if (closeTo(seen, ratio > 1.0 ? kInk : kPlainInk, 3)) {
                             inked |= QRect(x, y, 1, 1);
                         } else if (y == qRound((kPlace.top() + kPlace.height() / 2) * ratio)) {
-                            partial += ui::test::closeTo(seen, ground, 3) ? 0 : 1;
+                            partial += closeTo(seen, ground, 3) ? 0 : 1;
                         }
                     }
                 }
@@ -387,8 +365,8 @@ private Q_SLOTS:
 
     void unpolishingTakesEverythingBackButFromAMenuThatWasShown()
     {
-        Style first(m_theme.getPalette(), 12, 15, false);
-        Style second(m_theme.getPalette(), 12, 15, false);
+        Style first(theme().getPalette(), 12, 15, false);
+        Style second(theme().getPalette(), 12, 15, false);
         QMenu menu;
         QTabBar tabs;
         for (QWidget* widget : {static_cast<QWidget*>(&menu), static_cast<QWidget*>(&tabs)}) {
@@ -417,13 +395,11 @@ private Q_SLOTS:
         const auto option = enabledOption<QStyleOptionTab>(
             QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange,
             {0, 0, 80, 26});
-        QImage image(80, 26, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::magenta);
-        QPainter painter(&image);
-        painter.setClipRect(0, 0, 40, 26);
-        style().drawControl(QStyle::CE_TabBarTabShape, &option, &painter);
-        QCOMPARE(painter.clipBoundingRect(), QRectF(0, 0, 40, 26));
-        painter.end();
+        const QImage image = drawn({80, 26}, 1.0, Qt::magenta, [&option](QPainter& painter) {
+            painter.setClipRect(0, 0, 40, 26);
+            style().drawControl(QStyle::CE_TabBarTabShape, &option, &painter);
+            QCOMPARE(painter.clipBoundingRect(), QRectF(0, 0, 40, 26));
+        });
         QVERIFY(image.pixelColor(20, 2) != QColor(Qt::magenta));
         for (int y = 0; y < image.height(); ++y) {
             QCOMPARE(image.pixelColor(60, y), QColor(Qt::magenta));
@@ -448,12 +424,8 @@ private Q_SLOTS:
             QVERIFY2(!own.isNull() && own != seen(fusion, picture), QByteArray::number(picture));
         }
     }
-
-private:
-    const ui::test::ApplicationLook m_look;
-    VisualDesignDark& m_theme = ui::test::makeTheme<VisualDesignDark>(ui::test::assetsPath());
 };
 
-const ui::test::Registration<StyleTest> kRegistration;
+const Registration<StyleTest> kRegistration;
 
 #include "tst_style.moc"

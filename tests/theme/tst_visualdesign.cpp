@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "support/themes.h"
 #include "theme/ApplicationLook.h"
-#include "theme/words.h"
 #include <MorrantUI/MorrantUI.h>
 
-using ui::test::words;
+using namespace ui::test;
 
 namespace {
 
@@ -30,7 +28,7 @@ const char* const kContrast = R"({
 } // namespace
 
 /// What widgets see in a host that has not built its theme yet.
-class NoThemeTest : public ui::test::TestCase
+class NoThemeTest : public TestCase
 {
     Q_OBJECT
 
@@ -46,7 +44,7 @@ private Q_SLOTS:
     }
 };
 
-class VisualDesignTest : public ui::test::TestCase
+class VisualDesignTest : public TestCase
 {
     Q_OBJECT
 
@@ -92,7 +90,7 @@ private Q_SLOTS:
         }
         QCOMPARE(colors, words("#ff112233 #80010203 #ff0000ff #ff445566 #ff000000 invalid"));
         QCOMPARE(hex(ui::colorQt(u"accent4"_qs)), u"#ff000000"_qs);
-        QCOMPARE(ui::test::LogSink::takeMissedColors(), words("accent4")); // told of once
+        QCOMPARE(LogSink::takeMissedColors(), words("accent4")); // told of once
         theme.setColor(u"Accent4"_qs, QColor(Qt::white));
         QCOMPARE(ui::colorQt(u"Accent4"_qs), QColor(Qt::white));
 
@@ -175,7 +173,7 @@ private Q_SLOTS:
         // Beside the program, since a registered font's file stays open until that ends: Windows
         // would not let the assets' folder go.
         const QString font = QCoreApplication::applicationDirPath() + u"/M\u00F6rrant.ttf"_qs;
-        const QString source = ui::test::dataPath(u"theme"_qs) + u"/MorrantTest.ttf"_qs;
+        const QString source = dataPath(u"theme"_qs) + u"/MorrantTest.ttf"_qs;
         QVERIFY(QFile::exists(font) || QFile::copy(source, font));
         writeAsset(u"Fonts/noise.ttf"_qs, "no font");
         const QString family = u"Morrant Test"_qs; // which no system has
@@ -230,17 +228,15 @@ private Q_SLOTS:
 
     void applyingInstallsPaletteStyleFontAndToolTips()
     {
-        ui::test::makeTheme<VisualDesignBase>().applyAppStyle(); // has no style of its own
+        makeTheme<VisualDesignBase>().applyAppStyle(); // has no style of its own
         QVERIFY(QApplication::style() && !qobject_cast<Style*>(QApplication::style()));
         VisualDesignDark& theme = themeFrom(kLook);
         theme.applyAppStyle();
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            QCOMPARE(
-                QApplication::palette().color(group, QPalette::Window), QColor(0x10, 0x10, 0x10));
-            QCOMPARE(
-                QToolTip::palette().color(group, QPalette::ToolTipBase), QColor(0x30, 0x30, 0x30));
-            QCOMPARE(
-                QToolTip::palette().color(group, QPalette::ToolTipText), QColor(0xDE, 0xDE, 0xDE));
+            const QPalette toolTips = QToolTip::palette();
+            QCOMPARE(hex(QApplication::palette().color(group, QPalette::Window)), u"#ff101010"_qs);
+            QCOMPARE(hex(toolTips.color(group, QPalette::ToolTipBase)), u"#ff303030"_qs);
+            QCOMPARE(hex(toolTips.color(group, QPalette::ToolTipText)), u"#ffdedede"_qs);
         }
         QVERIFY(qobject_cast<Style*>(QApplication::style()));
         const int indicator = QApplication::style()->pixelMetric(QStyle::PM_IndicatorWidth);
@@ -323,21 +319,20 @@ private:
     }
     void writeIcon(const QString& name, int size, const QColor& color) const
     {
-        QImage image(size, size, QImage::Format_ARGB32);
-        image.fill(color);
+        const QImage image = drawn(QSizeF(size, size), 1.0, color, [](QPainter&) {});
         QVERIFY(image.save(assetPath(u"Icons/"_qs + name)));
     }
     VisualDesignDark& themeFrom(const QByteArray& json) const
     {
         writeAsset(u"Style/theme.json"_qs, json);
-        return ui::test::makeTheme<VisualDesignDark>(m_assets->path());
+        return makeTheme<VisualDesignDark>(m_assets->path());
     }
 
-    const ui::test::ApplicationLook m_look{}; // clang insists on the braces
+    const ApplicationLook m_look{}; // clang insists on the braces
     std::unique_ptr<QTemporaryDir> m_assets;
 };
 
-const ui::test::Registration<NoThemeTest> kNoThemeRegistration(ui::test::RunOrder::First);
-const ui::test::Registration<VisualDesignTest> kRegistration;
+const Registration<NoThemeTest> kNoThemeRegistration(RunOrder::First);
+const Registration<VisualDesignTest> kRegistration;
 
 #include "tst_visualdesign.moc"

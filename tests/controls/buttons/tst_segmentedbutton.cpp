@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/controls/buttons/SegmentedButton.h>
+
+using namespace ui::test;
 
 namespace {
 
 /// A group of four segments.
-struct Row : ui::test::Bench<SegmentedButton>
+struct Row : Bench<SegmentedButton>
 {
     explicit Row(bool exclusive = true)
         : Bench({160, 24})
@@ -17,28 +18,13 @@ struct Row : ui::test::Bench<SegmentedButton>
         QTest::qWait(0); // for the layout
     }
 
-    int focused() const
-    {
-        for (int i = 0; i < group.count(); ++i) {
-            if (group.segment(i)->hasFocus()) {
-                return i;
-            }
-        }
-        return -1;
-    }
-    void enter()
-    {
-        other->setFocus();
-        QTest::keyClick(other, Qt::Key_Tab);
-    }
-    void pick(int index) const { QTest::mouseClick(group.segment(index), Qt::LeftButton); }
-    /// The segment that has the focus after each key, -1 for none.
-    QList<int> focusedBy(const char* keys)
+    /// The segment that has the focus after each word, -1 for none.
+    QList<int> focusedBy(const char* script)
     {
         QList<int> places;
-        for (const QByteArray& key : QByteArray(keys).split(' ')) {
-            play(key);
-            places << focused();
+        for (const QByteArray& word : QByteArray(script).split(' ')) {
+            play(word);
+            places << int(group.findChildren<QAbstractButton*>().indexOf(qApp->focusWidget()));
         }
         return places;
     }
@@ -48,7 +34,7 @@ struct Row : ui::test::Bench<SegmentedButton>
 
 } // namespace
 
-class SegmentedButtonTest : public ui::test::StyledTestCase
+class SegmentedButtonTest : public StyledTestCase
 {
     Q_OBJECT
 
@@ -58,29 +44,22 @@ private Q_SLOTS:
         Row row;
         QSignalSpy changed(&row.group, &SegmentedButton::changed);
         QCOMPARE(row.group.currentIndex(), -1);
-        for (const int index : {2, 2, 0}) { // a second click changes nothing
-            row.pick(index);
-        }
-        QCOMPARE(row.said(), QByteArray("=2=0"));
+        row.follow({{"#2 click click #0 click", "=2=0"}}); // a second click changes nothing
         QVERIFY(row.group.isChecked(0) && !row.group.isChecked(2));
         for (const int index : {1, -1, 2, 3, 7, -5}) {
             row.group.setCurrentIndex(index);
         }
         QCOMPARE(row.group.currentIndex(), 3);
-        row.pick(3);
+        row.play("#3 click");
         row.group.setChecked(3, false);
         row.group.setChecked(9, true);
         QVERIFY(row.group.currentIndex() == -1 && !row.group.segment(4));
         QVERIFY2(row.said().isEmpty(), "what the host sets it knows");
-        row.pick(0);
-        QCOMPARE(row.said(), QByteArray("=0"));
+        row.follow({{"#0 click", "=0"}});
         QCOMPARE(changed.size(), 8); // those of the host, too
 
         Row independent(false);
-        for (const int index : {1, 3, 1}) {
-            independent.pick(index);
-        }
-        QCOMPARE(independent.said(), QByteArray("+1+3-1"));
+        independent.follow({{"#1 click #3 click #1 click", "+1+3-1"}});
         QCOMPARE(independent.group.currentIndex(), 3);
         independent.group.setChecked(1, true);
         independent.group.setExclusive(true);
@@ -91,30 +70,18 @@ private Q_SLOTS:
     void tabReachesOneSegmentAndArrowsRoamFromThere()
     {
         Row row(false);
-        row.enter();
-        QCOMPARE(row.focused(), 0);
         QCOMPARE(
-            row.focusedBy("Right Down Left End Right Up Home Right"),
-            QList<int>({1, 2, 1, 3, 0, 3, 0, 1}));
-        row.play("Tab");
-        QVERIFY(row.other->hasFocus());
-        QTest::keyClick(row.other, Qt::Key_Backtab, Qt::ShiftModifier);
-        QCOMPARE(row.focused(), 1);
-        QVERIFY(row.said().isEmpty());
-        QCOMPARE(row.after("Space Return"), QByteArray("+1-1"));
+            row.focusedBy("^Tab Right Down Left End Right Up Home Right Tab ^Shift+Backtab"),
+            QList<int>({0, 1, 2, 1, 3, 0, 3, 0, 1, -1, 1}));
+        row.follow({{"", ""}, {"Space Return", "+1-1"}});
 
         Row exclusive; // where the choice follows
         exclusive.group.setCurrentIndex(1);
-        exclusive.enter();
-        QCOMPARE(exclusive.focused(), 1);
-        QCOMPARE(exclusive.after("Right Home"), QByteArray("=2=0"));
-        exclusive.play("out");
-        exclusive.pick(2);
+        QCOMPARE(exclusive.focusedBy("^Tab"), QList<int>{1});
+        exclusive.follow({{"Right Home", "=2=0"}});
+        exclusive.play("out #2 click");
         QVERIFY2(exclusive.other->hasFocus(), "a field being edited stays so");
-        exclusive.enter();
-        QCOMPARE(exclusive.focused(), 2);
-        exclusive.pick(3);
-        QCOMPARE(exclusive.focused(), 3);
+        QCOMPARE(exclusive.focusedBy("^Tab #3 click"), QList<int>({2, 2, 3}));
     }
 
     void disabledSegmentsArePassedOverInAnyDirection()
@@ -122,8 +89,7 @@ private Q_SLOTS:
         Row row(false);
         row.group.segment(1)->setEnabled(false);
         row.group.segment(3)->setEnabled(false);
-        row.enter();
-        QCOMPARE(row.focusedBy("Right Right End"), QList<int>({2, 0, 2}));
+        QCOMPARE(row.focusedBy("^Tab Right Right End"), QList<int>({0, 2, 0, 2}));
         row.group.setLayoutDirection(Qt::RightToLeft);
         QVERIFY(row.group.segment(0)->x() > row.group.segment(3)->x());
         row.group.segment(1)->setEnabled(true);
@@ -131,12 +97,10 @@ private Q_SLOTS:
         row.group.setExclusive(true);
         row.group.setCurrentIndex(0);
         row.group.segment(0)->setEnabled(false); // no Tab stop any more
-        row.enter();
-        QCOMPARE(row.focused(), 1);
+        QCOMPARE(row.focusedBy("out ^Tab"), QList<int>({-1, 1}));
         for (const bool enabled : {false, true}) {
             row.group.setEnabled(enabled);
-            row.enter();
-            QCOMPARE(row.focused(), enabled ? 1 : -1);
+            QCOMPARE(row.focusedBy("out ^Tab"), QList<int>({-1, enabled ? 1 : -1}));
         }
     }
 
@@ -144,7 +108,7 @@ private Q_SLOTS:
     {
         Row row;
         row.record.onSignal = [&row] { row.group.clear(); };
-        row.pick(1);
+        row.play("#1 click");
         QVERIFY(row.group.count() == 0 && row.group.currentIndex() == -1);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(row.group.findChildren<QAbstractButton*>().isEmpty());
@@ -154,6 +118,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<SegmentedButtonTest> kRegistration;
+const Registration<SegmentedButtonTest> kRegistration;
 
 #include "tst_segmentedbutton.moc"

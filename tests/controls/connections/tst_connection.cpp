@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/controls/connections/connectiongeometry.h"
-#include "controls/KthSignal.h"
-#include "support/TestCase.h"
-#include "support/themes.h"
+#include "controls/SignalRecord.h"
+#include "controls/StyledApplication.h"
 #include <MorrantUI/MorrantUI.h>
 
 using namespace ui::test;
@@ -120,7 +119,7 @@ constexpr QPoint kBeyond(230, 50); ///< in the other window
 
 } // namespace
 
-class ConnectionTest : public TestCase
+class ConnectionTest : public StyledTestCase
 {
     Q_OBJECT
 
@@ -332,9 +331,6 @@ private Q_SLOTS:
             QVERIFY(!region.contains(QPoint(400, 20)));
         }
     }
-
-private:
-    VisualDesignDark& m_theme = makeTheme<VisualDesignDark>(assetsPath());
 };
 
 const Registration<ConnectionTest> kRegistration;

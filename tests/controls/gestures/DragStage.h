@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "controls/KthSignal.h"
+#include "controls/SignalRecord.h"
 #include "support/FakePointerSystem.h"
 #include "support/TestCase.h"
 #include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
@@ -44,6 +44,15 @@ struct DragStage
     {
         mouse.moveTo(mouse.position() + delta);
         sendRaw(delta * window.devicePixelRatio());
+    }
+
+    void drag(std::initializer_list<QPoint> moves)
+    {
+        press();
+        for (const QPoint delta : moves) {
+            move(delta);
+        }
+        mouse.release();
     }
 
     static void sendRaw(QPoint pixels)

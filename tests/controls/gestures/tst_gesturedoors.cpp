@@ -33,8 +33,8 @@ struct Stage
         window.activateWindow();
         widget->setFocus();
         pointer.press({50, 50}, hold.button == Qt::NoButton ? Qt::LeftButton : hold.button);
-        doors->watch(
-            widget, [this](Door door) { opened << door; }, hold);
+        const auto leave = [this](Door door) { opened << door; };
+        doors->watch(widget, leave, hold);
     }
 
     void moveWithoutButton() { FakePointer(widget).moveTo({9, 9}); }

@@ -107,11 +107,8 @@ private Q_SLOTS:
                 for (const int k : {0, 1, 3}) { // started, dragged twice, ended
                     DragStage stage;
                     stage.onSignal = {k, [&] { end(stage); }};
-                    stage.press();
-                    stage.move({30, 0});
-                    stage.move({30, 0});
+                    stage.drag({{30, 0}, {30, 0}});
                     QCOMPARE(stage.reports, std::min(k, 2));
-                    stage.mouse.release();
                     QVERIFY(stage.onSignal.isDone() && system.isFree());
                 }
             }
@@ -189,10 +186,9 @@ private Q_SLOTS:
         stage.send(QEvent::MouseButtonPress, press);
         stage.send(QEvent::MouseMove, press + QPoint(1, 1));
         QCOMPARE(system.pointer, press); // might still become a click
-        std::mt19937 random(3);
         for (int i = 0; i < screen.width(); ++i) {
             system.moveMouse({7, -2});
-            for (const QPoint position : system.takePositions(random)) {
+            for (const QPoint position : system.takePositions()) {
                 stage.send(QEvent::MouseMove, position);
             }
             QVERIFY(screen.contains(system.pointer));
@@ -235,10 +231,7 @@ private Q_SLOTS:
         const QPoint press = stage.target->mapToGlobal(QPoint(50, 50)) * ratio;
         for (const QPoint step : {QPoint(40, 4), QPoint(-40, -4)}) {
             if (!RealPointer::available()) { // off screen a drag goes by mouse moves
-                stage.press();
-                stage.move(step);
-                stage.move(step);
-                stage.mouse.release();
+                stage.drag({step, step});
                 QCOMPARE(stage.total, QPointF(step));
                 continue;
             }

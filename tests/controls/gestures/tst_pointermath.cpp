@@ -65,9 +65,7 @@ private Q_SLOTS:
             {{true, 0, 0, INT32_MAX, 0}, ui::RawMotion{{double(INT32_MAX), 0}, false}}};
         ui::AbsoluteTrack track;
         for (const auto& [record, motion] : steps) {
-            QVERIFY2(
-                ui::decodeRawMotion(record, track) == motion,
-                qPrintable(QString::number(record.x)));
+            QVERIFY2(ui::decodeRawMotion(record, track) == motion, QByteArray::number(record.x));
         }
         const std::pair<int, QPoint> units[] = {
             {kAbsolute, {1920, 1080}},

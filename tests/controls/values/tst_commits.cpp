@@ -1,24 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/MorrantUI.h>
 
-using ui::test::Bench;
+using namespace ui::test;
 
 namespace {
 
-/// What a user does, what the control says to that, and what its entry shows in the end; it shows
-/// "5.0" first.
-struct Case
+/// What is typed into, where "5.0" stands.
+template <typename Text>
+QWidget* entryOf(Text& control)
 {
-    const char* script;
-    const char* said;
-    const char* shown;
-};
-
-QWidget* entryOf(LineEdit& field)
-{
-    field.setText(u"5.0"_qs);
-    return &field;
+    control.setText(u"5.0"_qs);
+    return &control;
 }
 
 QWidget* entryOf(NumericField& field)
@@ -47,34 +39,8 @@ QWidget* entryOf(AttributeRow& row)
     return field;
 }
 
-QWidget* entryOf(RenamableLabel& label)
-{
-    label.setText(u"5.0"_qs);
-    return &label;
-}
-
-QString shownBy(const QWidget& entry)
-{
-    return entry.property("text").toString();
-}
-
-void handBack(NumericField& field)
-{
-    field.setValue(field.value());
-}
-
-void handBack(SliderField& slider)
-{
-    slider.setValue(slider.value());
-}
-
-void handBack(AttributeRow& row)
-{
-    row.setValue(0, row.value(0));
-}
-
 template <typename Control, typename... Args>
-void play(const Case& wanted, void (*setUp)(Bench<Control>&), const Args&... args)
+void play(const Step& wanted, void (*setUp)(Bench<Control>&), const Args&... args)
 {
     Bench<Control> bench({300, 24}, args...);
     bench.setEntry(entryOf(*bench.control));
@@ -91,7 +57,7 @@ void play(const Case& wanted, void (*setUp)(Bench<Control>&), const Args&... arg
 }
 
 template <typename Control, typename... Args>
-void playAlone(const Case& wanted, const Args&... args)
+void playAlone(const Step& wanted, const Args&... args)
 {
     play<Control>(
         wanted, [](Bench<Control>&) {}, args...);
@@ -99,11 +65,17 @@ void playAlone(const Case& wanted, const Args&... args)
 
 /// For a host that hands back what it is told, which disturbs nothing, as well.
 template <typename Control, typename... Args>
-void playWithHosts(const Case& wanted, const Args&... args)
+void playWithHosts(const Step& wanted, const Args&... args)
 {
     playAlone<Control>(wanted, args...);
     const auto echo = [](Bench<Control>& bench) {
-        bench.record.onSignal = [&bench] { handBack(*bench.control); };
+        bench.record.onSignal = [&control = *bench.control] {
+            if constexpr (requires { control.setValue(control.value()); }) {
+                control.setValue(control.value());
+            } else {
+                control.setValue(0, control.value(0));
+            }
+        };
     };
     play<Control>(wanted, echo, args...);
 }
@@ -111,14 +83,14 @@ void playWithHosts(const Case& wanted, const Args&... args)
 } // namespace
 
 /// When an edit is finished, and what that says, for everything that is typed into.
-class CommitTest : public ui::test::StyledTestCase
+class CommitTest : public StyledTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void aChangeIsCommittedOnceAndEscapeTakesItBack()
     {
-        const Case cases[] = {
+        const Step cases[] = {
             {"in =7.0 Return", "C", "7.0"},
             {"in =7.0 Return Return", "C", "7.0"},
             {"in =7.0 Enter out in out", "C", "7.0"},
@@ -129,7 +101,7 @@ private Q_SLOTS:
             {"in Return out", "", "5.0"},
             {"in =7.0 Escape", "", "5.0"},
             {"in =7.0 Escape Escape out", "", "5.0"}};
-        for (const Case& wanted : cases) {
+        for (const Step& wanted : cases) {
             playAlone<LineEdit>(wanted);
             playWithHosts<NumericField>(wanted, 0.0);
             playWithHosts<SliderField>(wanted);
@@ -143,7 +115,7 @@ private Q_SLOTS:
 
     void stepsAndExpressionsOfNumbersAreEdits()
     {
-        const Case cases[] = {
+        const Step cases[] = {
             {"in Up out", "sC", "6.0"},
             {"in Up Shift+Up Ctrl+Down Return", "sC", "15.9"},
             {"in Up Ctrl+Shift+Down out in out", "sC", "5.9"},
@@ -160,8 +132,9 @@ private Q_SLOTS:
             {"click =7.0 Return", "C", "7.0"},
             {"click =7.0 Escape", "", "5.0"},
             {"click Escape", "", "5.0"},
-            {"=7.0 Return out", "", "5.0"}}; // at rest it is not typed into
-        for (const Case& wanted : cases) {
+            {"=7.0 Return out", "", "5.0"}, // at rest it is not typed into
+            {"@20,10 >60,10 ^Escape up", "(s)", "5.0"}};
+        for (const Step& wanted : cases) {
             playWithHosts<NumericField>(wanted, 0.0);
             playWithHosts<SliderField>(wanted);
             playWithHosts<AttributeRow>(wanted, u"Size"_qs);
@@ -192,35 +165,30 @@ private Q_SLOTS:
 
     void whatTheHostSetsWaitsForWhatIsTyped()
     {
-        const Case cases[] = {// while "40+5" stands there and the host sets 70
+        const Step cases[] = {// while "40+5" stands there and the host sets 70
                               {"+0 Return", "C", "90.0"},
                               {"out", "C", "45.0"}, // the user was last
                               {"Escape", "", "70.0"},
                               {"= Del out", "", "70.0"}};
-        const auto type = [](auto& bench) {
+        const auto check = [](const Step& wanted, auto& bench, const auto& set) {
+            bench.setEntry(entryOf(*bench.control));
             bench.play("in =40+5");
-            if constexpr (requires { bench.control->setRange(0, 1); }) {
-                bench.control->setDecimals(1); // other set-ups keep the text as well
-                bench.control->setSoftRange(10, 90);
-                bench.control->setValue(70);
-            } else {
-                bench.control->setValue(0, 70);
-            }
+            set(*bench.control);
             QCOMPARE(shownBy(*bench.entry), u"40+5"_qs);
+            bench.play(wanted.script);
+            QTRY_COMPARE(shownBy(*bench.entry), QLatin1String(wanted.shown));
+            QCOMPARE(bench.said().replace('0', ""), QByteArray(wanted.said));
         };
-        for (const Case& wanted : cases) {
-            const auto check = [&](auto& bench) {
-                bench.setEntry(entryOf(*bench.control));
-                type(bench);
-                bench.play(wanted.script);
-                QTRY_COMPARE(shownBy(*bench.entry), QLatin1String(wanted.shown));
-                QCOMPARE(bench.said().replace('0', ""), QByteArray(wanted.said));
-            };
+        for (const Step& wanted : cases) {
             Bench<SliderField> slider({300, 24});
-            check(slider);
+            check(wanted, slider, [](SliderField& field) {
+                field.setDecimals(1); // other set-ups keep the text as well
+                field.setSoftRange(10, 90);
+                field.setValue(70);
+            });
             QCOMPARE(slider.control->value(), QByteArray(wanted.shown).toDouble());
             Bench<AttributeRow> row({300, 24}, u"Size"_qs);
-            check(row);
+            check(wanted, row, [](AttributeRow& one) { one.setValue(0, 70); });
         }
     }
 
@@ -280,6 +248,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<CommitTest> kRegistration;
+const Registration<CommitTest> kRegistration;
 
 #include "tst_commits.moc"

@@ -1,21 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
 #include "support/FakePointerSystem.h"
-#include <MorrantUI/controls/gestures/MouseWrapDragFilter.h>
-#include <MorrantUI/controls/gestures/modifiers.h>
-#include <MorrantUI/controls/values/NumericField.h>
 
-using ui::test::FakePointerSystem;
-using ui::test::kInfinity;
-using ui::test::kNaN;
+using namespace ui::test;
 using Drive = morrant::native::PointerSystem::Drive;
 
 namespace {
 
-Qt::KeyboardModifiers gHeldKeys;
-
 /// A floating-point field that is scrubbed from its left end.
-struct Panel : ui::test::Bench<NumericField>
+struct Panel : Bench<NumericField>
 {
     explicit Panel(double value = 5.0)
         : Bench({100, 24}, 0.0)
@@ -23,40 +16,13 @@ struct Panel : ui::test::Bench<NumericField>
         control->setFieldType(NumericField::FloatingPoint);
         control->setValue(value);
     }
-
-    /// Presses and passes the drag distance.
-    void beginScrub()
-    {
-        press({5, 10});
-        scrubTo(0);
-    }
-    /// Pixels since the drag distance was passed.
-    void scrubTo(int distance)
-    {
-        pointer.moveTo({5 + QApplication::startDragDistance() + distance, 10});
-    }
-    void scrub(int distance)
-    {
-        beginScrub();
-        scrubTo(distance);
-        pointer.release();
-    }
 };
 
 using Door = std::function<void(Panel&)>;
 
-int takeOverrideCursors()
-{
-    int count = 0;
-    for (; QGuiApplication::overrideCursor(); ++count) {
-        QGuiApplication::restoreOverrideCursor();
-    }
-    return count;
-}
-
 } // namespace
 
-class NumericFieldTest : public ui::test::StyledTestCase
+class NumericFieldTest : public StyledTestCase
 {
     Q_OBJECT
 
@@ -65,13 +31,10 @@ private Q_SLOTS:
     {
         StyledTestCase::init();
         theme().setUsePointerLock(false);
-        gHeldKeys = Qt::NoModifier;
-        ui::setKeyboardModifiersQuery([] { return gHeldKeys; });
     }
     void cleanup() override
     {
-        ui::setKeyboardModifiersQuery({});
-        QCOMPARE(takeOverrideCursors(), 0);
+        QVERIFY(takeCursors().isEmpty());
         StyledTestCase::cleanup();
     }
 
@@ -86,14 +49,13 @@ private Q_SLOTS:
         QCOMPARE(field.value(), 50.0);
         field.enterText(u"20+5 of a hundred "_qs);
         QCOMPARE(field.text(), u"25"_qs);
-        QAccessibleInterface& read = *QAccessible::queryAccessibleInterface(&field);
-        QCOMPARE(read.text(QAccessible::Value), u"25 of a hundred"_qs);
+        QCOMPARE(accessible(&field).text(QAccessible::Value), u"25 of a hundred"_qs);
     }
 
     void limitsAndKindMayComeInAnyOrder()
     {
         NumericField field(0); // the value, not a parent
-        const ui::test::SignalRecord record(&field);
+        const SignalRecord record(&field);
         field.setMin(-1e12);
         QCOMPARE(field.getMin(), -2147483648.0);
         field.setFieldType(NumericField::FloatingPoint);
@@ -120,7 +82,6 @@ private Q_SLOTS:
     void anyTextBecomesANumberAtOnceOrTheLastOneComesBack()
     {
         const QString halfAPair = u"4"_qs + QChar(0xd83d); // of surrogates
-        const QString last = u"9.0"_qs;
         const std::tuple<QString, const char*, bool> cases[] = {
             {u"1,234"_qs, "1.234", true},
             {u"1 000,5"_qs, "1000.5", true},
@@ -140,13 +101,8 @@ private Q_SLOTS:
             Panel panel(9.0);
             panel.play("in");
             panel.control->insert(typed);
-            panel.play("Return");
-            QCOMPARE(panel.control->text(), QLatin1String(shown));
-            panel.play("Ctrl+Z"); // once
-            QCOMPARE(panel.control->text(), last);
-            panel.play("Escape out");
-            QCOMPARE(panel.control->text(), QLatin1String(shown));
-            QCOMPARE(panel.said(), QByteArray(last == QLatin1String(shown) ? "" : "C"));
+            panel.follow({{"Return", qstrcmp(shown, "9.0") == 0 ? "" : "C", shown}});
+            panel.follow({{"Ctrl+Z", "", "9.0"}, {"Escape out", "", shown}});
             const QStringList log = takeLog();
             QCOMPARE(log.size(), isGood ? 0 : 1);
             QVERIFY(isGood || log.front().startsWith(u"error: Inline Expression Error: "_qs));
@@ -185,22 +141,15 @@ private Q_SLOTS:
         panel.play("in");
         panel.control->setValue(5.0);
         QCOMPARE(panel.control->selectedText(), u"5.0"_qs); // nothing has changed
-        panel.play("Up");
-        QCOMPARE(panel.control->text(), u"5.5"_qs);
-        panel.play("+1/3 Escape");
-        QCOMPARE(panel.control->text(), u"5.0"_qs);
-        QCOMPARE(panel.record.signalsSent, 2); // the host follows
-        panel.play("Escape");
-        QCOMPARE(panel.record.signalsSent, 2);
-        panel.play("Up Return");
-        QCOMPARE(panel.control->text(), u"5.5"_qs);
-        QCOMPARE(panel.said(), QByteArray("sC"));
+        panel.follow(
+            {{"Up", "s", "5.5"},
+             {"+1/3 Escape", "s", "5.0"}, // the host follows
+             {"Escape", "", "5.0"},
+             {"Up Return", "sC", "5.5"}});
         panel.record.onSignal = nullptr;
-        panel.play("Down");
+        panel.follow({{"Down", "s", "4.5"}});
         panel.control->setValue(4); // by the host, after a step
-        panel.play("Escape");
-        QCOMPARE(panel.control->text(), u"4.0"_qs);
-        QCOMPARE(panel.said(), QByteArray("s"));
+        panel.follow({{"Escape", "", "4.0"}});
     }
 
     void arrowsKeepTheSelectionAndWinOverShortcuts()
@@ -211,12 +160,10 @@ private Q_SLOTS:
         QSignalSpy activated(&up, &QShortcut::activated);
         QSignalSpy stepped(&right, &QShortcut::activated);
         panel.control->setFocus(Qt::OtherFocusReason); // at rest it has no caret to move
-        QTest::keyClick(panel.window->windowHandle(), Qt::Key_Right);
-        panel.play("out in");
-        QTest::keyClick(panel.window->windowHandle(), Qt::Key_Right);
+        panel.play("^Right out in ^Right");
         QCOMPARE(stepped.size(), 1);
         panel.control->selectAll();
-        QTest::keyClick(panel.window->windowHandle(), Qt::Key_Up);
+        panel.play("^Up");
         QCOMPARE(activated.size(), 0);
         QCOMPARE(panel.control->selectedText(), u"100.5"_qs);
         panel.control->setSelection(1, 2);
@@ -228,7 +175,7 @@ private Q_SLOTS:
     void nothingIsPaintedWithoutAChange()
     {
         Panel panel;
-        ui::test::PaintCounter paints(panel.control);
+        PaintCounter paints(panel.control);
         paints.take();
         panel.control->setValue(5.0001);
         panel.control->setInvalid(false);
@@ -241,21 +188,15 @@ private Q_SLOTS:
     void aScrubFollowsThePointerFromTheDragDistanceOn()
     {
         Panel panel;
-        panel.play("@5,10");
-        panel.scrubTo(-1);
-        QCOMPARE(panel.record.signalsSent, 0);
-        panel.scrubTo(0);
-        for (int distance = 1; distance <= 30; ++distance) {
-            panel.scrubTo(distance);
+        panel.follow({{"@5,10 |-1", "", "5.0"}});
+        for (int distance = 0; distance <= 30; ++distance) {
+            panel.play(qPrintable(u'|' + QString::number(distance)));
         }
         panel.pointer.moveTo(panel.pointer.position() + QPoint(0, 40)); // sideways alone counts
-        QCOMPARE(panel.control->value(), 35.0);
         QCOMPARE(panel.record.signalsSent, 1 + 32); // a step for each move, changed or not
-        panel.control->setValue(50);                // the next step knows better
-        panel.scrubTo(-20);
-        QCOMPARE(panel.control->value(), -15.0);
-        panel.play("up");
-        QCOMPARE(panel.said(), QByteArray("(s)"));
+        panel.follow({{"", "(s", "35.0"}});
+        panel.control->setValue(50); // the next step knows better
+        panel.follow({{"|-20", "s", "-15.0"}, {"up", ")"}});
         QVERIFY(panel.control->isReadOnly() && !panel.control->hasSelectedText());
     }
 
@@ -265,60 +206,45 @@ private Q_SLOTS:
         panel.control->setSoftMax(10);
         panel.control->setValue(12.0);
         panel.control->setDragMultiplier(-0.5);
-        panel.scrub(-50);
-        QCOMPARE(panel.control->value(), 37.0);
+        panel.follow({{"@5,10 |0 |-50 up", "(s)", "37.0"}});
         QCOMPARE(panel.control->startValue(), 12.0);
         panel.control->setMax(100);
         panel.control->setText(u"inf"_qs);
-        panel.scrub(20);
-        QCOMPARE(panel.control->value(), 90.0);
-
-        panel.said();
+        panel.follow({{"@5,10 |0 |20 up", "(s)", "90.0"}});
         panel.control->setFocus(Qt::OtherFocusReason); // at rest
-        panel.play("Down");
-        panel.scrub(-2); // commits the step before it
-        QCOMPARE(panel.said(), QByteArray("sC(s)"));
-        panel.play("Escape out");
-        QCOMPARE(panel.control->text(), u"91.5"_qs);
-        QCOMPARE(panel.said(), QByteArray());
+        panel.follow(
+            {{"Down @5,10 |0 |-2 up", "sC(s)"}, // commits the step before it
+             {"Escape out", "", "91.5"}});
     }
 
     void modifiersRescaleTheWholeDistance()
     {
         Panel panel(0.0);
-        panel.beginScrub();
-        panel.play("[Shift]"); // what the event says does not count
-        const std::tuple<Qt::KeyboardModifiers, int, double> steps[] = {
-            {Qt::NoModifier, 21, 21.0},
-            {Qt::ShiftModifier, 22, 220.0},
-            {Qt::ShiftModifier | Qt::ControlModifier, 23, 2.3}};
-        for (const auto& [held, distance, expected] : steps) {
-            gHeldKeys = held;
-            panel.scrubTo(distance);
-            QCOMPARE(panel.control->value(), expected);
-        }
-        panel.play("up");
+        panel.pointer.hold(Qt::NoModifier);
+        panel.follow({{"@5,10 |0 [Shift] |21", "(s", "21.0"}}); // whatever the event says
+        panel.pointer.hold(Qt::ShiftModifier);
+        panel.follow({{"|22", "s", "220.0"}});
+        panel.pointer.hold(Qt::ShiftModifier | Qt::ControlModifier);
+        panel.follow({{"|23 up", "s)", "2.3"}});
     }
 
     void aLeftClickInsideEditsWhereItFell()
     {
         Panel panel(1234.0);
         NumericField& field = *panel.control;
-        const QPoint place(25, 10);
-        panel.click(place);
-        QCOMPARE(field.cursorPosition(), field.cursorPositionAt(place));
+        panel.play("@25,10 up");
+        QCOMPARE(field.cursorPosition(), field.cursorPositionAt({25, 10}));
         QVERIFY(!field.isReadOnly() && field.hasFocus());
         QVERIFY(field.cursorPosition() > 0 && !field.hasSelectedText());
-        panel.play("Return"); // nothing changed, but the edit is over
+        panel.follow({{"Return", "", "1234.0"}}); // nothing changed, but the edit is over
         QVERIFY(field.isReadOnly() && !field.hasFocus());
-        QCOMPARE(panel.said(), QByteArray());
 
         field.setContextMenuPolicy(Qt::NoContextMenu);
         panel.pointer.press(Qt::RightButton);
         panel.pointer.release(Qt::RightButton);
         QCOMPARE(takeLog(), QStringList{u"debug: right click"_qs});
         panel.play("@1,1 ~-3,1 up");
-        panel.beginScrub(); // which the right button may end, but not wedge
+        panel.play("@5,10 |0"); // which the right button may end, but not wedge
         panel.pointer.press(Qt::RightButton);
         panel.play("up");
         panel.pointer.release(Qt::RightButton);
@@ -326,7 +252,7 @@ private Q_SLOTS:
         QCOMPARE(panel.said(), QByteArray("(s)"));
         QVERIFY(field.isReadOnly());
 
-        panel.beginScrub();
+        panel.play("@5,10 |0");
         field.setEnabled(false);
         panel.play("@20,10 up");
         QVERIFY(field.isReadOnly());
@@ -340,7 +266,7 @@ private Q_SLOTS:
     void aQuickSecondPressDragsAgain()
     {
         Panel panel;
-        panel.scrub(1);
+        panel.play("@5,10 |0 |1 up");
         const auto at = [](int distance) {
             return QPoint(5 + QApplication::startDragDistance() + distance, 10);
         };
@@ -366,14 +292,11 @@ private Q_SLOTS:
         for (const Door& enter : ways) {
             panel.play("out");
             enter(panel);
-            panel.scrub(60);
+            panel.follow({{"@5,10 |0 |60 up", "", "1234.0"}});
             QVERIFY(panel.control->hasSelectedText());
-            QCOMPARE(panel.control->text(), u"1234.0"_qs);
         }
-        QCOMPARE(panel.said(), QByteArray());
         panel.control->setReadOnly(true);
-        panel.scrub(6);
-        QCOMPARE(panel.control->text(), u"1240.0"_qs);
+        panel.follow({{"@5,10 |0 |6 up", "(s)", "1240.0"}});
     }
 
     /// The field's own doors, and two of those that all gestures have.
@@ -386,35 +309,27 @@ private Q_SLOTS:
             {"theme's pointer lock", [this](Panel&) { theme().setUsePointerLock(true); }},
             {"context menu",
              [](Panel& panel) { Q_EMIT panel.control->customContextMenuRequested({}); }},
-            {"escape",
-             [](Panel& panel) { QTest::keyClick(panel.window->windowHandle(), Qt::Key_Escape); }}};
+            {"escape", [](Panel& panel) { panel.play("^Escape"); }}};
         for (const auto& [name, leave] : doors) {
             FakePointerSystem system(Drive::Warps);
             QApplication::setOverrideCursor(Qt::WaitCursor); // the host's own, to be left alone
             Panel panel;
             panel.control->setUsePointerLock(true);
-            panel.beginScrub();
-            panel.scrubTo(3);
+            panel.play("@5,10 |0 |3");
             QCOMPARE(system.hides, 1);
             QVERIFY(QApplication::overrideCursor()->shape() != Qt::WaitCursor);
             leave(panel);
             const bool goesBack = name == QByteArray("escape");
             QCOMPARE(panel.said(), QByteArray("(s)"));
             QVERIFY(system.isFree());
-            const QCursor* cursor = QApplication::overrideCursor();
-            QVERIFY(cursor && cursor->shape() == Qt::WaitCursor);
-            QCOMPARE(takeOverrideCursors(), 1);
+            QCOMPARE(takeCursors(), QList{Qt::WaitCursor});
             theme().setUsePointerLock(false);
             if (!panel.control) {
                 continue;
             }
-            panel.scrubTo(9); // what comes late moves nothing
-            panel.play("up");
-            QCOMPARE(panel.control->value(), goesBack ? 5.0 : 8.0);
-            panel.play("in out"); // for the context menu, which leaves the field in edit mode
-            panel.scrub(1);       // and the next drag does
-            QCOMPARE(panel.control->value(), goesBack ? 6.0 : 9.0);
-            QCOMPARE(panel.said(), QByteArray("(s)"));
+            panel.follow({{"|9 up", "", goesBack ? "5.0" : "8.0"}}); // what is late moves nothing
+            // The context menu leaves the field in edit mode, but not the next drag.
+            panel.follow({{"in out @5,10 |0 |1 up", "(s)", goesBack ? "6.0" : "9.0"}});
 
             panel.play("@5,10");
             leave(panel);
@@ -433,7 +348,7 @@ private Q_SLOTS:
             theme().setUsePointerLock(lock);
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QCOMPARE(panel.control->findChildren<MouseWrapDragFilter*>().size(), 1);
-            panel.beginScrub();
+            panel.play("@5,10 |0");
             QCOMPARE(system.hides, lock ? 1 : 0);
             panel.play("up");
         }
@@ -448,21 +363,22 @@ private Q_SLOTS:
             QCoreApplication::sendEvent(&field, &enter);
             return field.cursor();
         };
+        const auto cursorAfter = [&](const char* script) {
+            panel.play(script);
+            return field.cursor();
+        };
         const QCursor scrub = cursorOnEnter();
+        const QCursor text(Qt::IBeamCursor);
         QCOMPARE(scrub.shape(), Qt::BitmapCursor);
-        panel.play("@5,10 up");
-        QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
-        QCOMPARE(cursorOnEnter().shape(), Qt::IBeamCursor);
-        panel.play("out");
-        QCOMPARE(field.cursor(), scrub);
+        QCOMPARE(cursorAfter("@5,10 up"), text);
+        QCOMPARE(cursorOnEnter(), text);
+        QCOMPARE(cursorAfter("out"), scrub);
         field.setFocus(Qt::OtherFocusReason); // at rest
-        QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
+        QCOMPARE(field.cursor(), text);
         QCOMPARE(cursorOnEnter(), scrub);
-        panel.play("@5,10 up");
-        QCOMPARE(field.cursor().shape(), Qt::IBeamCursor);
+        QCOMPARE(cursorAfter("@5,10 up"), text);
         panel.play("out");
-        panel.beginScrub();
-        panel.play("in"); // too late to edit
+        panel.play("@5,10 |0 in"); // too late to edit
         QVERIFY(field.isReadOnly());
         panel.play("up");
         field.setEnabled(false);
@@ -470,6 +386,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<NumericFieldTest> kRegistration;
+const Registration<NumericFieldTest> kRegistration;
 
 #include "tst_numericfield.moc"

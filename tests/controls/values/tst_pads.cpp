@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/controls/values/AnglePad.h>
-#include <MorrantUI/controls/values/JoystickPad.h>
 
-using ui::test::isNear;
-using ui::test::kInfinity;
-using ui::test::kNaN;
-using ui::test::renderWidget;
-using Dial = ui::test::Bench<AnglePad>;
-using Joystick = ui::test::Bench<JoystickPad>;
+using namespace ui::test;
+using Dial = Bench<AnglePad>;
+using Joystick = Bench<JoystickPad>;
 using Pair = num2<double>;
 
 namespace {
@@ -31,7 +26,7 @@ void turn(Dial& bench, double from, double to)
 
 } // namespace
 
-class PadsTest : public ui::test::StyledTestCase
+class PadsTest : public StyledTestCase
 {
     Q_OBJECT
 
@@ -40,7 +35,7 @@ private Q_SLOTS:
     {
         for (const bool hides : {false, true}) {
             Joystick bench(kSize);
-            bench.play("@50,50 >70,40");
+            bench.play("@50,50 >70,40 out");      // which only a drag by keys would notice
             bench.pointer.press(Qt::RightButton); // wedges nothing
             bench.pointer.release(Qt::RightButton);
             QVERIFY(bench.control->isDragging());
@@ -60,22 +55,15 @@ private Q_SLOTS:
         bench.control->setValue(42.37);
         bench.press(onDial(200));
         QTest::keyClick(bench.control, Qt::Key_Shift); // snaps nothing that has not been turned
-        bench.play("up Escape");                       // nothing to cancel
-        QCOMPARE(bench.control->value(), 42.37);
-        QCOMPARE(bench.said(), QByteArray());
+        bench.follow({{"up Escape", "", "42.37"}});    // nothing to cancel
         bench.control->setValue(42.0);
         for (const bool escapes : {true, false}) {
             bench.press(onDial(90));
             turn(bench, 90, 180);
-            bench.play("Up"); // the pointer has the value
-            QCOMPARE(bench.control->value(), 132.0);
-            if (escapes) {
-                bench.play("Escape"); // the rest of the gesture is dead
-            }
+            bench.follow({{"Up", "(s", "132"}}); // the pointer has the value
+            bench.follow({{escapes ? "Escape" : "", escapes ? "s)" : ""}}); // the rest is dead
             turn(bench, 180, 90);
-            bench.play("up");
-            QCOMPARE(bench.control->value(), 42.0);
-            QCOMPARE(bench.said(), QByteArray("(s)"));
+            bench.follow({{"up", escapes ? "" : "s)", "42"}});
         }
     }
 
@@ -99,11 +87,8 @@ private Q_SLOTS:
         QCOMPARE(pad.value(), 45.0);
         turn(bench, 200, 80); // what went beyond the limit comes back first
         QVERIFY(isNear(pad.value(), 35.0, 1.5));
-        bench.play("up");
-        bench.said();
-        QTest::mouseDClick(&pad, Qt::LeftButton, {}, {50, 50});
-        QCOMPARE(pad.value(), 0.0);
-        QCOMPARE(bench.said(), QByteArray("C"));
+        bench.after("up");
+        bench.follow({{"double", "C", "0"}});
 
         pad.setRange(-360, 360);
         pad.setValue(10.0);
@@ -122,69 +107,51 @@ private Q_SLOTS:
 
     void keysStepAndTheWheelDoesNot()
     {
-        const std::tuple<const char*, double> turns[] = {
-            {"Up", 1.0},
-            {"Shift+Right", 16.0},
-            {"PgUp", 106.0},
-            {"Ctrl+Left", 105.9},
-            {"Down", 104.9},
-            {"PgDown", 14.9},
-            {"Home", 0.0},
-            {"Backspace", 90.0}};
         Dial dial(kSize);
         dial.control->setDefaultValue(90.0);
-        for (const auto& [key, expected] : turns) {
-            dial.play(key);
-            QVERIFY(isNear(dial.control->value(), expected));
-            QCOMPARE(dial.said(), QByteArray("C")); // complete, and not a drag
-        }
-        dial.play("Backspace Alt+Up");
-        QVERIFY(!ui::test::turnWheel(*dial.control, {50, 50}, {0, 120}));
-        QCOMPARE(dial.said(), QByteArray());
+        dial.follow( // each is complete, and not a drag
+            {{"Up", "C", "1"},
+             {"Shift+Right", "C", "16"},
+             {"PgUp", "C", "106"},
+             {"Ctrl+Left", "C", "105.9"},
+             {"Down", "C", "104.9"},
+             {"PgDown", "C", "14.9"},
+             {"Home", "C", "0"},
+             {"Backspace", "C", "90"},
+             {"Backspace Alt+Up", "", "90"}});
+        QVERIFY(!turnWheel(*dial.control, {50, 50}, {0, 120}));
+        dial.follow({{"", "", "90"}});
 
-        const std::tuple<const char*, Pair> moves[] = {
-            {"Shift+Down", {5, 60}}, // down is more here
-            {"Left", {4, 60}},
-            {"PgUp", {4, 100}},
-            {"Home", {0, 100}},
-            {"End", {10, 100}},
-            {"PgDown", {10, 0}},
-            {"Backspace", {0, 0}}};
         Joystick joystick(kSize);
         joystick.control->setYDownwards(true);
         joystick.control->setRange({0, 0}, {10, 100});
         joystick.control->setStep(1);
         joystick.control->setValue({5, 50});
-        for (const auto& [key, expected] : moves) {
-            joystick.play(key);
-            QVERIFY2(joystick.control->value() == expected, key);
-            QCOMPARE(joystick.said(), QByteArray("C"));
-        }
+        joystick.follow(
+            {{"Shift+Down", "C", "5;60"}, // down is more here
+             {"Left", "C", "4;60"},
+             {"PgUp", "C", "4;100"},
+             {"Home", "C", "0;100"},
+             {"End", "C", "10;100"},
+             {"PgDown", "C", "10;0"},
+             {"Backspace", "C", "0;0"}});
     }
 
     void thePadFollowsThePointerAndKeepsToOneAxis()
     {
         Joystick bench(kSize);
         JoystickPad& pad = *bench.control;
-        const auto check =
-            [&](std::initializer_list<std::tuple<const char*, double, double>> steps) {
-                for (const auto& [script, x, y] : steps) {
-                    bench.play(script);
-                    QVERIFY2(isNear(pad.value().x, x) && isNear(pad.value().y, y), script);
-                }
-            };
         pad.setRange({0, 0}, {10, 100});
         pad.setValue({5, 50});
-        check(
-            {{"@47,53", 5, 50}, // off the middle of the handle, which does not jump
-             {">147,-100", 10, 100},
-             {">47,53", 5, 50}});
-        bench.play("[Ctrl] >77,53");
-        const double fine = pad.value().x - 5.0;
-        check({{"[] >107,53 up", 5 + 11 * fine, 50}});
+        bench.follow(
+            {{"@47,53", "", "5;50"}, // off the middle of the handle, which does not jump
+             {">147,-100", "(s", "10;100"},
+             {">47,53", "s", "5;50"},
+             {"[Ctrl] >77,53", "s"}});
+        const QByteArray fine = QByteArray::number(5.0 + 11 * (pad.value().x - 5.0)) + ";50";
+        bench.follow({{"[] >107,53 up", "sC)", fine.constData()}});
         pad.setYDownwards(true);
-        check({{"@50,97 up", 5, 100}}); // beside the handle, which comes
-        QCOMPARE(bench.said(), QByteArray("(sC)(sC)"));
+        bench.follow({{"@50,97 up", "(sC)", "5;100"}}); // beside the handle, which comes
 
         pad.setYDownwards(false);
         pad.setRange({-1, -1}, {1, 1});
@@ -207,17 +174,13 @@ private Q_SLOTS:
         pad.setSpringBack(true);
         bench.play("@50,50 >80,50");
         const QImage out = renderWidget(pad);
-        bench.play("up");
-        QVERIFY(pad.value() == Pair()); // at once
-        QCOMPARE(bench.said(), QByteArray("(s)"));
-        ui::test::FakeClock(&pad).advanceAnimations(10000); // and the picture in its own time
+        bench.follow({{"up", "(s)", "0;0"}});     // at once
+        FakeClock(&pad).advanceAnimations(10000); // and the picture in its own time
         const QImage home = renderWidget(pad);
         QVERIFY(home != out);
 
         pad.setValue({0.5, 0.5}); // by the program, from where the return is a change
-        bench.play("@70,30 up");
-        QVERIFY(pad.value() == Pair());
-        QCOMPARE(bench.said(), QByteArray("(sC)"));
+        bench.follow({{"@70,30 up", "(sC)", "0;0"}});
         QVERIFY(renderWidget(pad) != home); // on its way
         pad.hide();
         QVERIFY(!pad.findChild<QVariantAnimation*>()->state());
@@ -226,12 +189,10 @@ private Q_SLOTS:
             pad.setFocus();
             QTest::keyPress(&pad, Qt::Key_Right, Qt::ShiftModifier);
             QTest::keyPress(&pad, Qt::Key_Right, Qt::ShiftModifier);
-            QVERIFY(isNear(pad.value().x, 0.2));
-            bench.play("Up"); // tapped while the other is held
-            QVERIFY(pad.isDragging() && pad.value() == Pair(0.2, 0.01));
+            bench.follow({{"", "(s", "0.2;0"}, {"Up", "s", "0.2;0.01"}}); // tapped meanwhile
+            QVERIFY(pad.isDragging());
             loses ? bench.play("out") : QTest::keyRelease(&pad, Qt::Key_Right);
-            QVERIFY(pad.value() == Pair());
-            QCOMPARE(bench.said(), QByteArray("(s)"));
+            bench.follow({{"", "s)", "0;0"}});
         }
     }
 
@@ -240,7 +201,7 @@ private Q_SLOTS:
         Dial dial(kSize);
         dial.control->setValue(12.0);
         dial.control->setValue(kNaN);
-        QCOMPARE(dial.control->value(), 12.0);
+        dial.follow({{"", "", "12"}});
         dial.control->setRange(10, -10);
         dial.control->setRange(kNaN, 5);
         dial.control->setDefaultValue(kNaN);
@@ -288,6 +249,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<PadsTest> kRegistration;
+const Registration<PadsTest> kRegistration;
 
 #include "tst_pads.moc"

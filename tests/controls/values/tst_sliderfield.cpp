@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ControlBench.h"
-#include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/controls/values/SliderField.h>
-#include <MorrantUI/controls/values/ValueControl.h>
 
-using ui::test::kNaN;
+using namespace ui::test;
 
 namespace {
 
 /// A slider from 0 to 100 in whole numbers; the pointer is on its track, and so are keys.
-struct Panel : ui::test::Bench<SliderField>
+struct Panel : Bench<SliderField>
 {
     Panel()
         : Bench({300, 24})
@@ -29,19 +26,13 @@ struct Panel : ui::test::Bench<SliderField>
         return QPointF(handle / 2.0 + share * way, track->height() / 2).toPoint();
     }
     bool isNear(double value) const { return ui::test::isNear(control->value(), value, 1.0); }
-    void type(const char* text)
-    {
-        entry = control->field();
-        play(text);
-        entry = track;
-    }
 
     ValueControl* track = control->findChild<ValueControl*>();
 };
 
 } // namespace
 
-class SliderFieldTest : public ui::test::StyledTestCase
+class SliderFieldTest : public StyledTestCase
 {
     Q_OBJECT
 
@@ -53,19 +44,15 @@ private Q_SLOTS:
         QVERIFY(panel.isNear(75) && panel.control->isDragging());
         QCOMPARE(panel.control->field()->value(), panel.control->value());
         panel.pointer.dragTo(panel.at(0.25));
-        panel.play("up");
+        panel.follow({{"up", "(sC)"}});
         QVERIFY(panel.isNear(25));
-        QCOMPARE(panel.said(), QByteArray("(sC)"));
         panel.click(panel.at(0.25) + QPoint(4, 0)); // still on the handle
-        QCOMPARE(panel.said(), QByteArray());
+        panel.follow({{"", ""}});
         panel.press(panel.at(0.25));
         panel.pointer.dragTo(panel.at(3.0));
-        QCOMPARE(panel.control->value(), 100.0);
-        panel.play("Escape");
+        panel.follow({{"", "(s", "100"}, {"Escape up", "s)"}});
         QVERIFY(panel.isNear(25));
         QCOMPARE(panel.control->field()->value(), panel.control->value());
-        QCOMPARE(panel.said(), QByteArray("(s)"));
-        panel.play("up");
     }
 
     void draggingIsFineAndCoarse()
@@ -79,7 +66,7 @@ private Q_SLOTS:
         panel.play("[Ctrl]");
         panel.pointer.moveTo(panel.at(0.5) + QPoint(20, 0));
         const double fine = panel.control->value();
-        QVERIFY(ui::test::isNear(fine, 500 + 2 * perPixel, 0.1));
+        QVERIFY(isNear(fine, 500 + 2 * perPixel, 0.1));
         QVERIFY(fine != std::round(fine)); // tenths of the step
         panel.play("[Shift]");
         panel.pointer.moveTo(panel.at(0.5) + QPoint(15, 0));
@@ -93,69 +80,55 @@ private Q_SLOTS:
         panel.control->setSoftRange(20, 80);
         panel.control->setDefaultValue(30);
         panel.control->setValue(50);
-        const std::tuple<const char*, double> steps[] = {
-            {"Right", 51},
-            {"Shift+Up", 61},
-            {"Ctrl+Left", 60}, // whole numbers have nothing finer
-            {"PgUp", 70},
-            {"PgUp", 80},
-            {"Home", 20},
-            {"End", 80},
-            {"Down", 79},
-            {"Backspace", 30}};
-        for (const auto& [key, expected] : steps) {
-            panel.play(key);
-            QCOMPARE(panel.control->value(), expected);
-            QCOMPARE(panel.control->field()->value(), expected);
-            QCOMPARE(panel.said(), QByteArray("C"));
-        }
+        panel.follow(
+            {{"Right", "C", "51"},
+             {"Shift+Up", "C", "61"},
+             {"Ctrl+Left", "C", "60"}, // whole numbers have nothing finer
+             {"PgUp", "C", "70"},
+             {"PgUp", "C", "80"},
+             {"Home", "C", "20"},
+             {"End", "C", "80"},
+             {"Down", "C", "79"},
+             {"Backspace", "C", "30"}});
+        QCOMPARE(panel.control->field()->value(), 30.0);
         panel.control->setValue(60);
         QTest::mouseDClick(panel.track, Qt::LeftButton, {}, panel.at(0.66));
-        QCOMPARE(panel.control->value(), 30.0);
+        panel.follow({{"", "C", "30"}});
         panel.window->setLayoutDirection(Qt::RightToLeft); // mirrors pointer and keys
         QCoreApplication::processEvents();
         QVERIFY(panel.control->field()->x() < panel.track->x());
         panel.click(panel.at(0.0));
-        QCOMPARE(panel.control->value(), 80.0);
-        panel.play("Right");
-        QCOMPARE(panel.control->value(), 79.0);
+        panel.follow({{"", "(sC)", "80"}, {"Right", "C", "79"}});
     }
 
     void aTypedValueMayLeaveTheSoftRange()
     {
         Panel panel;
         panel.control->setSoftRange(0, 50);
-        panel.type("in =900 Return"); // the hard range holds
-        QCOMPARE(panel.control->value(), 100.0);
-        panel.type("in =70+10 Return");
+        panel.follow(
+            {{"#0 in =900 Return", "C", "100"},
+             {"in =70+10 Return", "C", "80"}}); // the hard range holds
+        panel.setEntry(panel.track);
         panel.press(panel.at(1.0));
         panel.pointer.moveTo(panel.at(1.2));
-        QCOMPARE(panel.control->value(), 80.0); // held at the end, not drawn back
+        panel.follow({{"", "", "80"}}); // held at the end, not drawn back
         panel.pointer.dragTo(panel.at(0.5));
-        panel.play("up");
+        panel.follow({{"up", "(sC)"}});
         QVERIFY(panel.isNear(25));
-        panel.type("in =80 Return out");
-        panel.play("Right");
-        QCOMPARE(panel.control->value(), 80.0);
-        panel.play("Left");
-        QCOMPARE(panel.control->value(), 79.0);
-        panel.said();
-        panel.type("in =79.2 Return"); // is 79 in whole numbers
+        panel.follow({{"#0 in =80 Return out", "C", "80"}});
+        panel.setEntry(panel.track);
+        panel.follow({{"Right", "", "80"}, {"Left", "C", "79"}});
+        panel.follow({{"#0 in =79.2 Return", "", "79"}}); // in whole numbers
         QCOMPARE(panel.control->field()->text(), u"79"_qs);
-        QCOMPARE(panel.said(), QByteArray());
-        ui::test::FakePointer inField(panel.control->field());
-        panel.play("out");
-        inField.press({10, 10});
-        inField.dragTo({40, 10});
+        panel.follow({{"out @10,10 >40,10", "(s"}});
         QVERIFY(panel.control->isDragging());
-        inField.release();
-        QCOMPARE(panel.said(), QByteArray("(sC)"));
+        panel.follow({{"up", "C)"}});
     }
 
     void valuesKeepDecimalsStepsAndLimits()
     {
         SliderField slider;
-        const ui::test::SignalRecord record(&slider);
+        const SignalRecord record(&slider);
         slider.setValue(0.126);
         QCOMPARE(slider.value(), 0.13);
         QCOMPARE(slider.field()->text(), u"0.13"_qs);
@@ -183,9 +156,8 @@ private Q_SLOTS:
     {
         Panel panel;
         const auto filled = [&](double share, double ratio) {
-            const QImage image = ui::test::renderWidget(*panel.track, ratio);
-            return ui::test::closeTo(
-                ui::test::pixelAt(image, panel.at(share)), ui::colorQt(u"Highlight"_qs));
+            const QImage image = renderWidget(*panel.track, ratio);
+            return closeTo(pixelAt(image, panel.at(share)), ui::colorQt(u"Highlight"_qs));
         };
         for (const double ratio : {1.0, 2.0}) {
             panel.control->setRange(-50, 50);
@@ -195,7 +167,7 @@ private Q_SLOTS:
             QVERIFY(!filled(0.6, ratio)); // dimmed
             panel.control->setEnabled(true);
         }
-        ui::test::PaintCounter paints(panel.track);
+        PaintCounter paints(panel.track);
         for (const double softMaximum : {50, 40}) {
             paints.take();
             panel.control->setStep(1);
@@ -206,6 +178,6 @@ private Q_SLOTS:
     }
 };
 
-const ui::test::Registration<SliderFieldTest> kRegistration;
+const Registration<SliderFieldTest> kRegistration;
 
 #include "tst_sliderfield.moc"
