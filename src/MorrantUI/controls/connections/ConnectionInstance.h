@@ -48,11 +48,11 @@ public:
     /// Starts a connection, usually with the mouse button held down, and cancels a running one.
     /// @param from where the line begins; it must be visible and enabled and live on
     /// @param start where in `from`, in its coordinates; the line follows when `from` moves, also
-    /// with
-    ///   what it lies in
+    ///     with what it lies in
     /// @param source what is to be connected, for the receivers; null stands for `from`
     /// @param userData says more about the source, such as the name of the attribute
-    /// @return the connection, which belongs to itself; null for a `from` that cannot start one
+    /// @return the connection, which belongs to itself;
+    ///     null for a `from` that cannot start one
     static ConnectionInstance* start(
         QWidget* from, QPoint start, QObject* source = nullptr, const QVariant& userData = {});
 

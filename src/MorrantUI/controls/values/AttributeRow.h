@@ -86,7 +86,7 @@ public:
     void setDefaultColor(const QColor& color); ///< for the swatch
     /// Whether everything shows its default. The reset button is enabled only when not.
     bool isAtDefault() const;
-    /// As the reset button does, with its signals; nothing happens at the default.
+    /// As the reset button does, but without resetRequested(); nothing happens at the default.
     void reset();
 
     KeyframeButton* keyframeButton() const;

@@ -15,11 +15,11 @@ class QPointF;
 /// pinned or wrapped as the theme's usePointerLock() asks. A click without a drag, or Tab, turns
 /// the field into a text editor until it loses the focus. Typed text is an arithmetic expression,
 /// in which a comma is a decimal point ("1,5*2" gives 3) and blanks between digits count for
-/// nothing
-/// ("1 000"); what has no value at all ("hello") brings the last value back. A double click while
-/// it is edited selects a whole number. Up and Down step in both modes, also where the window has
-/// shortcuts for these keys. Control makes drags and steps ten times finer, or else Shift ten times
-/// coarser, at any moment of a drag and for the whole of its distance.
+/// nothing ("1 000"); what has no value at all ("hello") brings the last value back. A double
+/// click while it is edited selects a whole number.
+/// Up and Down step in both modes, also where the window has shortcuts for these keys. Control
+/// makes drags and steps ten times finer, or else Shift ten times coarser, at any moment of a drag
+/// and for the whole of its distance.
 ///
 /// A new field is an integer field with the limits of 32 bits. The value is what the text says: a
 /// floating-point field keeps three decimals.
@@ -65,7 +65,7 @@ public:
     /// a text of the user or of setText() may say more than the limits allow, even "inf".
     double value() const;
     /// Shows the value limited to [getMin(), getMax()], NaN as 0; with limits that cross, the
-    /// maximum. Emits nothing. During a drag the next step overwrites it.
+    /// maximum. Only changed() follows. During a drag the next step overwrites it.
     void setValue(double value);
 
     /// What a drag is measured from; set by every press at rest. NaN is ignored, what is infinite
