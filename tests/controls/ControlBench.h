@@ -73,15 +73,17 @@ struct Bench
     void press(QPoint at) { pointer.press(at); }
     void click(QPoint at) { pointer.click(at); }
 
-    /// What a user does, a word each: "in" by Tab, "out" to the other field, "click" into the
-    /// middle of `entry` or "double", "@5,10" presses there, ">40,10" drags there, "~40,10" goes
-    /// there at once,
-    /// "|30" goes at once to 30 pixels, from the press to the right, beyond the drag distance,
-    /// "up" releases, "[Shift]" holds that for the pointer, "=text" types over all that is there,
-    /// "+text" at the caret; other words are keys by their names, such as Shift+Up. They go to what
-    /// has the focus in the control, else to the entry, with "^" before them to the window, whose
-    /// shortcuts see them. "#1" makes the second field (or button, in a control without fields) the
-    /// entry; "!reset" presses the button called "...: reset...".
+    /// What a user does, a word each:
+    ///   in, out           by Tab into the entry; to the other field
+    ///   click, double     in the middle of the entry
+    ///   @5,10 >40,10 up   presses there, drags there, releases; ~40,10 goes there at once
+    ///   |30               goes at once to 30 pixels beyond the drag distance, right of the press
+    ///   [Shift] [Ctrl] [] held for the pointer
+    ///   =text +text       typed over all that is there, or at the caret
+    ///   Shift+Up          a key, for what has the focus in the control, else for the entry
+    ///   ^Escape           a key for the window, whose shortcuts see it
+    ///   #1                makes the second field, or button where there are no fields, the entry
+    ///   !reset            presses the button called "...: reset..."
     void play(const char* script)
     {
         for (const QString& word : QString::fromLatin1(script).split(u' ', Qt::SkipEmptyParts)) {
@@ -133,56 +135,64 @@ private:
 
     void playWord(const QString& word, const QString& rest)
     {
-        const auto point = [&rest] {
-            return QPoint(rest.section(u',', 0, 0).toInt(), rest.section(u',', 1).toInt());
-        };
         if (word == u"in"_qs) {
             entry->setFocus(Qt::TabFocusReason);
         } else if (word == u"out"_qs) {
             other->setFocus();
+        } else if (word == u"click"_qs) {
+            pointer.click(entry->rect().center());
         } else if (word == u"double"_qs) {
             QTest::mouseDClick(entry, Qt::LeftButton);
         } else if (word == u"up"_qs) {
             pointer.release();
-        } else if (word == u"click"_qs || word[0] == u'@') {
-            pressedAt = word[0] == u'@' ? point() : entry->rect().center();
-            pointer.press(pressedAt);
-            word[0] == u'@' ? void() : pointer.release();
-        } else if (word[0] == u'>') {
-            pointer.dragTo(point());
-        } else if (word[0] == u'~') {
-            pointer.moveTo(point());
-        } else if (word[0] == u'|') {
-            const int way = QApplication::startDragDistance() + rest.toInt();
-            pointer.moveTo(pressedAt + QPoint(way, 0));
-        } else if (word[0] == u'[') {
-            pointer.setModifiers(
-                word == u"[Shift]"_qs  ? Qt::ShiftModifier
-                : word == u"[Ctrl]"_qs ? Qt::ControlModifier
-                                       : Qt::NoModifier);
-        } else if (word[0] == u'#') {
-            const auto fields = control->template findChildren<QLineEdit*>();
-            const auto buttons = control->template findChildren<QAbstractButton*>();
-            setEntry(
-                fields.isEmpty() ? static_cast<QWidget*>(buttons.value(rest.toInt()))
-                                 : fields.value(rest.toInt()));
-        } else if (word[0] == u'!') {
-            for (auto* const button : control->template findChildren<QAbstractButton*>()) {
-                if (button->accessibleName().contains(u": "_qs + rest)) {
-                    button->click();
-                    return;
-                }
-            }
-        } else if (word[0] == u'=' || (word[0] == u'+' && !rest.isEmpty())) {
-            if (auto* const edit = qobject_cast<QLineEdit*>(target()); edit && word[0] == u'=') {
-                edit->selectAll();
-            }
-            QTest::keyClicks(target(), rest);
         } else {
-            const bool toWindow = word[0] == u'^';
-            const QKeyCombination key = QKeySequence(toWindow ? rest : word)[0];
-            toWindow ? QTest::keyClick(window->windowHandle(), key.key(), key.keyboardModifiers())
-                     : QTest::keyClick(target(), key.key(), key.keyboardModifiers());
+            playSign(word, rest);
+        }
+    }
+
+    void playSign(const QString& word, const QString& rest)
+    {
+        const QPoint at(rest.section(u',', 0, 0).toInt(), rest.section(u',', 1).toInt());
+        const QPoint along(QApplication::startDragDistance() + rest.toInt(), 0);
+        const auto shift = rest == u"Shift]"_qs ? Qt::ShiftModifier : Qt::NoModifier;
+        const auto held = rest == u"Ctrl]"_qs ? Qt::ControlModifier : shift;
+        auto* const edit = qobject_cast<QLineEdit*>(target());
+        switch (word[0].unicode()) {
+        case u'@': pointer.press(pressedAt = at); break;
+        case u'>': pointer.dragTo(at); break;
+        case u'~': pointer.moveTo(at); break;
+        case u'|': pointer.moveTo(pressedAt + along); break;
+        case u'[': pointer.setModifiers(held); break;
+        case u'#': setEntry(part(rest.toInt())); break;
+        case u'!': pressButton(rest); break;
+        case u'=': edit ? edit->selectAll() : void(); [[fallthrough]];
+        case u'+': QTest::keyClicks(target(), rest); break;
+        case u'^': hit(window->windowHandle(), rest); break;
+        default: hit(target(), word);
+        }
+    }
+
+    template <typename Target>
+    static void hit(Target* target, const QString& name)
+    {
+        const QKeyCombination key = QKeySequence(name)[0];
+        QTest::keyClick(target, key.key(), key.keyboardModifiers());
+    }
+
+    QWidget* part(int index) const
+    {
+        const auto fields = control->template findChildren<QLineEdit*>();
+        const auto buttons = control->template findChildren<QAbstractButton*>();
+        return fields.isEmpty() ? static_cast<QWidget*>(buttons.value(index)) : fields.value(index);
+    }
+
+    void pressButton(const QString& name)
+    {
+        for (auto* const found : control->template findChildren<QAbstractButton*>()) {
+            if (found->accessibleName().contains(u": "_qs + name)) {
+                found->click();
+                return;
+            }
         }
     }
 };
