@@ -95,7 +95,8 @@ private Q_SLOTS:
         const float inf = std::numeric_limits<float>::infinity();
         QVERIFY(hasNone(0, 60, 4, 0) && hasNone(inf, 60, 4, 0) && hasNone(30, 1e9F, 4, 0));
         QVERIFY(
-            hasNone(30, std::nanf(""), 4, 0) && hasNone(30, 60, -4, 0) && hasNone(30, 60, 4, inf));
+            hasNone(30, std::nanf(""), 4, 0) && hasNone(30, 60, -4, 0) && hasNone(30, 60, 4, inf)
+            && hasNone(30, 60, 4, 1e20F));
         QCOMPARE(ui::framesPerBeat({30.0F, 0.0F}), 1800.0); // a BPM below 1 counts as 1
     }
 

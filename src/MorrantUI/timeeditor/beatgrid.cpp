@@ -9,7 +9,8 @@ namespace ui {
 namespace {
 
 constexpr double kSecondsPerMinute = 60.0;
-constexpr double kLeastDistance = 1.0; ///< pixels between lines
+constexpr double kLeastDistance = 1.0;   ///< pixels between lines
+constexpr float kFarthestOffset = 1e10F; ///< frames, beyond all of them; lines are counted from it
 
 /// Which lines of a pass are in sight: the numbers of the first and the last one.
 struct LineSpan
@@ -37,7 +38,7 @@ double framesPerBeat(const BeatGrid& grid)
     const double frames =
         grid.framesPerSecond * kSecondsPerMinute / std::max(static_cast<double>(grid.bpm), 1.0);
     const bool drawable = grid.framesPerSecond > 0.0F && !std::isnan(grid.bpm)
-                          && grid.beatsPerBar > 0 && std::isfinite(grid.offset)
+                          && grid.beatsPerBar > 0 && std::abs(grid.offset) < kFarthestOffset
                           && std::isfinite(frames);
     return drawable ? frames : 0.0;
 }
