@@ -287,7 +287,8 @@ private Q_SLOTS:
     {
         const Editor editor({{10}});
         editor.view->setScale(0.5); // 20 pixels a frame, fewer than 75 in sight
-        editor.view->setBackgroundRegion(0, 100);
+        editor.view->setBackgroundRegion(
+            std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
         QCoreApplication::processEvents();
         const QImage whole = editor.view->viewport()->grab().toImage();
         const QRect part(403, 60, 57, 40);

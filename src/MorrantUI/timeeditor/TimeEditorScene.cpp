@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/TimeEditorScene.h"
 
+#include "MorrantUI/scene/viewfit.h"
 #include "MorrantUI/timeeditor/RowHover.h"
 #include "MorrantUI/timeeditor/SelectionTold.h"
 #include "MorrantUI/timeeditor/beatgrid.h"
@@ -459,14 +460,26 @@ void TimeEditorScene::drawBackground(QPainter* painter, const QRectF& exposed)
 
 void TimeEditorScene::paintRegion(QPainter& painter, const QRectF& exposed) const
 {
-    const QRectF region(
-        m_region.first, exposed.top(), ui::frameSpan(m_region), backgroundHeight(exposed));
-    painter.fillRect(region, m_regionColor);
+    // No farther than what is painted: a painter counts in 32 bits of pixels.
+    const double left = std::max<double>(m_region.first, exposed.left());
+    const double right = std::min<double>(m_region.second, exposed.right());
+    if (left < right) {
+        painter.fillRect(
+            QRectF(left, exposed.top(), right - left, backgroundHeight(exposed)), m_regionColor);
+    }
+}
+
+/// Frames in sight of what is painted, which the view has widened to begin with an even one:
+/// stripes must not come and go with the scrolling.
+double TimeEditorScene::framesInSight(const QRectF& exposed) const
+{
+    const QRectF seen = m_view ? m_view->getVisibleRect() : exposed;
+    return exposed == ui::evenBackground(seen) ? seen.width() : exposed.width();
 }
 
 void TimeEditorScene::paintZebra(QPainter& painter, const QRectF& exposed) const
 {
-    if (!(exposed.width() < kZebraWidth)) {
+    if (!(framesInSight(exposed) < kZebraWidth)) {
         return;
     }
     const double brightness = 100.0 - kZebraFade * painter.worldTransform().m11();

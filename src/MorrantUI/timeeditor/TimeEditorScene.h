@@ -115,6 +115,7 @@ private:
     template <typename Value>
     void change(Value& stored, Value value);
     void paintRegion(QPainter& painter, const QRectF& exposed) const;
+    double framesInSight(const QRectF& exposed) const;
     void paintZebra(QPainter& painter, const QRectF& exposed) const;
     void paintBeatGrid(QPainter& painter, const QRectF& exposed);
 
