@@ -25,11 +25,14 @@ private Q_SLOTS:
         editor.view->setPlaybackRange(0, 100);
         editor.view->setScale(0.4);
         QCOMPARE(editor.key(0, 0)->rect().width() * editor.view->transform().m11(), 10.0);
-        editor.view->setScale(0.5);
-        editor.view->setScaleAt(0.3, 700);
-        const double frame = editor.view->mapToScene(700, 0).x();
-        editor.view->setScaleAt(0.35, 700);
-        QVERIFY(std::abs(editor.view->mapToScene(700, 0).x() - frame) < 0.1);
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            editor.view->setLayoutDirection(direction);
+            editor.view->setScale(0.5);
+            editor.view->setScaleAt(0.3, 700);
+            const double frame = editor.view->mapToScene(700, 0).x();
+            editor.view->setScaleAt(0.35, 700);
+            QVERIFY(std::abs(editor.view->mapToScene(700, 0).x() - frame) < 0.1);
+        }
     }
 
     void framingFollowsSelectionAndShift()

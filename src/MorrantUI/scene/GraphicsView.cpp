@@ -4,6 +4,7 @@
 #include "MorrantUI/scene/AccessibleView.h"
 #include "MorrantUI/scene/EdgeScroller.h"
 #include "MorrantUI/scene/wheel.h"
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 
 #include <QEvent>
@@ -11,6 +12,7 @@
 #include <QGraphicsScene>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 #include <cstdlib>
@@ -29,6 +31,13 @@ GraphicsView::~GraphicsView() = default;
 QRectF GraphicsView::getVisibleRect() const
 {
     return mapToScene(QRect(QPoint(0, 0), viewport()->size())).boundingRect();
+}
+
+void GraphicsView::scrollAcross(int pixels)
+{
+    QScrollBar& bar = *horizontalScrollBar();
+    bar.setValue(
+        ui::movedFrame(bar.value(), isRightToLeft() ? -1.0 * pixels : pixels)); // saturates
 }
 
 bool GraphicsView::isBesideDrag(const QMouseEvent& event)

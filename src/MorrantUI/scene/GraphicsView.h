@@ -34,6 +34,10 @@ public:
     /// What of the scene the viewport covers, in scene units.
     QRectF getVisibleRect() const;
 
+    /// Positive distances, in logical pixels, show what is farther right, under any layout
+    /// direction: scroll bars run the other way from right to left.
+    void scrollAcross(int pixels);
+
     /// What assistive tools find in the scene, in the order in which it is read: rows of keys,
     /// curves of points.
     virtual QObjectList listsForReaders() const { return {}; }

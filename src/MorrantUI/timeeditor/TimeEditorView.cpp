@@ -210,7 +210,7 @@ void TimeEditorView::setScaleAt(double scale, int x)
         return;
     }
     const int moved = mapFromScene(frame, 0.0).x() - x;
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved);
+    scrollAcross(moved);
     if (alive) {
         verticalScrollBar()->setValue(rowsAbove);
     }

@@ -3,8 +3,6 @@
 
 #include <MorrantUI/timeeditor/TimeEditorView.h>
 
-#include <QScrollBar>
-
 namespace ui {
 
 namespace {
@@ -28,8 +26,7 @@ void followFrame(TimeEditorView* view, int frame)
     }
     const QRectF seen = view->getVisibleRect();
     if (const auto left = pageFor(seen.left(), seen.right(), frame)) {
-        QScrollBar* const bar = view->horizontalScrollBar();
-        bar->setValue(bar->value() + view->mapFromScene(*left, 0.0).x());
+        view->scrollAcross(view->mapFromScene(*left, 0.0).x());
     }
 }
 

@@ -231,8 +231,7 @@ void TimelineView::scrollBy(int pixels)
     m_fitsRange = false;
     if (m_editor) {
         const QPointer<TimelineView> alive(this);
-        QScrollBar* const bar = m_editor->horizontalScrollBar();
-        bar->setValue(ui::movedFrame(bar->value(), pixels)); // saturates
+        m_editor->scrollAcross(pixels);
         if (alive) {
             followEditor();
         }

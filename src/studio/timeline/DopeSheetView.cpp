@@ -79,7 +79,7 @@ void DopeSheetView::mouseMoveEvent(QMouseEvent* event)
     if (m_panned && event->buttons().testFlag(Qt::MiddleButton)) {
         const QPoint now = event->position().toPoint();
         const QPoint step = now - *std::exchange(m_panned, now);
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - step.x());
+        scrollAcross(-step.x());
         verticalScrollBar()->setValue(verticalScrollBar()->value() - step.y());
         return;
     }
