@@ -39,6 +39,19 @@ private Q_SLOTS:
         QCOMPARE(editor.told, QList<int>{1});
         QCOMPARE(steps.count(), 3);                                // a step a frame, not a pixel
         QCOMPARE(editor.view->getScaleRange(), std::pair(12, 13)); // five pixels to either side
+
+        editor.view->setFrameRange(0, 10000); // ten frames a pixel
+        editor.view->setScale(1.0);
+        TimeEditorClipItem* const clip = editor.addClip({{2000, 4000}});
+        QCoreApplication::processEvents();
+        editor.selectRow(0);
+        editor.drag(editor.at(13, 10), editor.at(13, 10) + QPoint(1, 1)); // a hand that trembles
+        QCOMPARE(editor.view->selectedKeyframes().size(), 1U);
+        editor.drag(editor.at(3000, 30), editor.at(3000, 30) - QPoint(2, 0));
+        editor.pointer.press(editor.at(13, 10), Qt::MiddleButton); // which drags nothing
+        editor.pointer.dragTo({500, 10});
+        QCOMPARE(editor.frames(0), u"13 20"_qs);
+        QCOMPARE(areasOf(*clip), u"2000-4000"_qs);
     }
 
     void escapeAndHidingEndADrag()
@@ -169,9 +182,10 @@ private Q_SLOTS:
         editor.drag(editor.at(40, 10), editor.at(20, 10)); // up to its neighbour
         QCOMPARE(areasOf(*clip), u"10-20 20-50"_qs);
         editor.view->setCurrentFrame(7);
-        QTest::keyPress(editor.view, Qt::Key_Shift);
-        editor.drag(editor.at(10.2, 10), editor.at(8.3, 10)); // to the playhead
-        QTest::keyRelease(editor.view, Qt::Key_Shift);
+        editor.press(editor.at(10.2, 10));
+        editor.hold(Qt::ShiftModifier);
+        editor.pointer.drop(editor.at(8.3, 10)); // to the playhead
+        editor.hold({});
         QCOMPARE(areasOf(*clip), u"7-20 20-50"_qs);
         QTest::keyPress(editor.view, Qt::Key_Alt);
         QVERIFY(clip->isAltHeld() && editor.view->getEndPointSnapping());

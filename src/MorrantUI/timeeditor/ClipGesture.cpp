@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/ClipGesture.h"
 
+#include "MorrantUI/timeeditor/ItemEdit.h"
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 #include <MorrantUI/timeeditor/VisClip.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 namespace ui {
@@ -64,6 +66,12 @@ ClipSpan ClipGesture::now() const
 {
     const std::shared_ptr<VisClip> pressed = m_areas.front().area.lock();
     return pressed ? spanOf(*pressed) : atPress();
+}
+
+bool ClipGesture::begins(double pixels)
+{
+    m_hasBegun = m_hasBegun || std::abs(pixels) >= kLeastDrag;
+    return m_hasBegun;
 }
 
 void ClipGesture::dragBy(double frames)

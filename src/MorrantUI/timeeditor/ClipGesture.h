@@ -36,6 +36,10 @@ public:
     const ClipSpan& atPress() const { return m_areas.front().held.atPress; }
     ClipSpan now() const;
 
+    /// Whether the pointer has gone kLeastDrag since the press, once. @param pixels that it is off
+    bool begins(double pixels);
+    bool hasBegun() const { return m_hasBegun; }
+
     /// Drags everything, from where it was at the press, and tells the clips' steps. Whoever is
     /// told may end this gesture: hold it while you call.
     void dragBy(double frames);
@@ -61,6 +65,7 @@ private:
     std::vector<Area> m_areas; ///< the pressed one first
     EndPointHover m_part;
     bool m_slips = false;
+    bool m_hasBegun = false;
     double m_pressX = 0.0;
 };
 

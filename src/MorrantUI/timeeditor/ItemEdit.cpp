@@ -4,6 +4,7 @@
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
 
 #include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -62,6 +63,14 @@ std::vector<QPointer<TimeEditorBaseItem>> ItemEdit::restore()
 bool ItemEdit::hasChanged() const
 {
     return std::ranges::any_of(m_entries, &Entry::isElsewhere);
+}
+
+void steadyClick(QGraphicsSceneMouseEvent& event)
+{
+    const QPoint off = event.screenPos() - event.buttonDownScreenPos(Qt::LeftButton);
+    if (off.manhattanLength() < kLeastDrag) {
+        event.setScenePos(event.buttonDownScenePos(Qt::LeftButton));
+    }
 }
 
 std::vector<TimeEditorBaseItem*> draggedItems(TimeEditorBaseItem& pressed)

@@ -6,6 +6,7 @@
 
 #include <vector>
 
+class QGraphicsSceneMouseEvent;
 class TimeEditorBaseItem;
 
 namespace ui {
@@ -44,6 +45,14 @@ protected:
 /// What a drag that begins on an item moves: that and the selection, of which each can be moved and
 /// does not go along with a parent anyway. @param pressed in a scene; the first where it is moved
 std::vector<TimeEditorBaseItem*> draggedItems(TimeEditorBaseItem& pressed);
+
+/// Pixels that the pointer goes before what was pressed goes along: where a pixel is many frames, a
+/// click that trembles would be an edit. Less than a key or a clip moves by a frame where those are
+/// wide.
+inline constexpr double kLeastDrag = 3.0;
+
+/// Makes a release within that distance one at the place of the press, which Qt takes for a click.
+void steadyClick(QGraphicsSceneMouseEvent& event);
 
 /// Of the drag of items, from the press to whatever ends it.
 enum class DragState

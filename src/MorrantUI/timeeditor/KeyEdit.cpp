@@ -45,8 +45,11 @@ void KeyDrag::start()
     }
 }
 
-bool KeyDrag::dragTo(double sceneX)
+bool KeyDrag::dragTo(double sceneX, double scale)
 {
+    if (m_state == DragState::Pressed && std::abs(sceneX - m_pressX) * scale < kLeastDrag) {
+        return false;
+    }
     return moveBy(std::round(m_pressedFrame + sceneX - m_pressX) - m_pressedFrame);
 }
 

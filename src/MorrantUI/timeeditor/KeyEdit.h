@@ -28,9 +28,10 @@ public:
     DragState state() const { return m_state; }
     TimeEditorKeyframeItem* pressedKey() const { return m_pressed; }
 
+    /// Nothing moves before the pointer has gone kLeastDrag. @param scale pixels a frame
     /// @return whether anything moved
-    bool dragTo(double sceneX);
-    /// Puts the pressed key onto a frame. @return whether anything moved
+    bool dragTo(double sceneX, double scale);
+    /// Puts the pressed key onto a frame, at once. @return whether anything moved
     bool snapTo(int frame);
     /// Everything is where it was; further movements are ignored.
     void cancel();

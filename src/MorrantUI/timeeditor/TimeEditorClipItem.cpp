@@ -3,6 +3,7 @@
 
 #include "MorrantUI/scene/dragreadout.h"
 #include "MorrantUI/timeeditor/ClipGesture.h"
+#include "MorrantUI/timeeditor/ItemEdit.h"
 #include "MorrantUI/timeeditor/clipdrag.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
@@ -304,11 +305,12 @@ void TimeEditorClipItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
     }
 }
 
-double TimeEditorClipItem::snapped(double frames)
+double TimeEditorClipItem::snapped(double frames, Qt::KeyboardModifiers modifiers)
 {
     m_snap.reset();
     const auto* const timeScene = qobject_cast<TimeEditorScene*>(scene());
-    if (!timeScene || !m_view || !m_view->getSnapping() || m_drag->slips()) {
+    const bool snaps = modifiers.testFlag(Qt::ShiftModifier) || (m_view && m_view->getSnapping());
+    if (!timeScene || !snaps || m_drag->slips()) {
         return frames;
     }
     std::vector<int> candidates = {
@@ -341,7 +343,10 @@ double TimeEditorClipItem::snapped(double frames)
 void TimeEditorClipItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
     if (const std::shared_ptr<ui::ClipGesture> drag = m_drag) {
-        drag->dragBy(snapped(event->scenePos().x() - drag->pressX())); // may delete the clip
+        const double frames = event->scenePos().x() - drag->pressX();
+        if (drag->begins(frames * pixelsPerFrame())) {
+            drag->dragBy(snapped(frames, event->modifiers())); // may delete the clip
+        }
     } else {
         TimeEditorBaseItem::mouseMoveEvent(event);
     }
@@ -370,6 +375,9 @@ std::optional<ui::DragProgress> TimeEditorClipItem::dragProgress() const
 void TimeEditorClipItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 {
     const QPointer<TimeEditorClipItem> alive(this);
+    if (m_drag && !m_drag->hasBegun()) {
+        ui::steadyClick(*event);
+    }
     finishDrag();
     // The base would take a click on one of several for a choice of that one alone.
     if (alive && !event->modifiers().testFlag(Qt::ShiftModifier)) {

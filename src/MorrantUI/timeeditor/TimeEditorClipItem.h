@@ -97,7 +97,7 @@ private:
     int areaAt(QPointF position) const;
     int indexOf(const VisClip* area) const;
     void setHover(int index, EndPointHover part);
-    double snapped(double frames);
+    double snapped(double frames, Qt::KeyboardModifiers modifiers);
     std::optional<ui::DragProgress> dragProgress() const;
     void finishDrag();
     void paintArea(QPainter& painter, const QTransform& world, int index);

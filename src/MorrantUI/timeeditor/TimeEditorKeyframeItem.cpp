@@ -2,6 +2,7 @@
 #include "MorrantUI/timeeditor/TimeEditorKeyframeItem.h"
 
 #include "MorrantUI/scene/glyphs.h"
+#include "MorrantUI/timeeditor/ItemEdit.h"
 #include "MorrantUI/timeeditor/RowHover.h"
 #include "MorrantUI/timeeditor/keylook.h"
 #include <MorrantUI/theme/colors.h>
@@ -173,6 +174,9 @@ void TimeEditorKeyframeItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 void TimeEditorKeyframeItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 {
     const QPointer<TimeEditorKeyframeItem> alive(this);
+    if (m_view && m_view->isKeyPressed()) {
+        ui::steadyClick(*event);
+    }
     if (m_view) {
         m_view->finishKeyDrag();
     }

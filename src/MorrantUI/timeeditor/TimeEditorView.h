@@ -217,7 +217,7 @@ private:
     void showTool();
     bool selectClipsUpTo(TimeEditorBaseItem* pressed, QPoint position);
     bool selectKeysUpTo(TimeEditorKeyframeItem* pressed);
-    void rememberPress(TimeEditorBaseItem* pressed, double sceneX);
+    void rememberPress(TimeEditorBaseItem* pressed, double sceneX, Qt::MouseButton button);
     bool snapsDrag(const QMouseEvent& event);
     bool snapDraggedKeys(double sceneX);
     const std::vector<int>& snapCandidates();
@@ -234,6 +234,7 @@ private:
     Qt::Orientations scrollDirections() const;
     void followDrag(const QMouseEvent& event);
     void endDragAids();
+    bool isKeyPressed() const;
     bool walkKeys(const QKeyEvent& event);
     void selectWalked(TimeEditorKeyframeItem& key, bool extends);
     void describeWalkedKey();

@@ -69,7 +69,7 @@ void TimeEditorView::mousePressEvent(QMouseEvent* event)
     const bool rangeSelected =
         event->modifiers().testFlag(Qt::ShiftModifier) && selectClipsUpTo(pressed, position);
     m_lastPress = position;
-    rememberPress(pressed, place.x());
+    rememberPress(pressed, place.x(), event->button());
     if (event->button() == Qt::LeftButton && !event->modifiers().testFlag(Qt::ControlModifier)
         && !rangeSelected && !m_spaceHeld)
     {
@@ -97,13 +97,15 @@ void TimeEditorView::mousePressEvent(QMouseEvent* event)
     GraphicsView::mousePressEvent(event);
 }
 
-void TimeEditorView::rememberPress(TimeEditorBaseItem* pressed, double sceneX)
+void TimeEditorView::rememberPress(
+    TimeEditorBaseItem* pressed, double sceneX, Qt::MouseButton button)
 {
     m_lastClicked = pressed;
-    m_pressedKey = dynamic_cast<TimeEditorKeyframeItem*>(pressed);
+    auto* const key = dynamic_cast<TimeEditorKeyframeItem*>(pressed);
+    m_pressedKey = button == Qt::LeftButton ? key : nullptr; // no other button drags
     m_hasSnapCandidates = false;
     m_keyDrag.reset();
-    rememberWalk(m_pressedKey);
+    rememberWalk(key);
     if (m_pressedKey) {
         m_pressedKeyFrame = ui::frameOf(m_pressedKey->scenePos().x());
         startKeyDrag(m_pressedKey, sceneX);
@@ -234,7 +236,7 @@ bool TimeEditorView::dragKeys(double sceneX)
     if (!m_keyDrag) {
         return false;
     }
-    if (m_keyDrag->dragTo(sceneX)) {
+    if (m_keyDrag->dragTo(sceneX, transform().m11())) {
         Q_EMIT keysMoving();
     }
     return true;
