@@ -169,6 +169,12 @@ private Q_SLOTS:
         editor.drag(editor.at(13, 2), editor.at(17, 14));
         QVERIFY(editor.curves[0]->isSelected());
         QCOMPARE(editor.selection(), QString());
+        editor.selectRow(1);
+        editor.press(editor.at(35, 3));
+        editor.pointer.dragTo(editor.at(12.5, 60));
+        QTest::keyClick(editor.view, Qt::Key_Escape);
+        editor.pointer.drop(editor.at(28, 60));
+        QCOMPARE(editor.selection(), u"15 25"_qs);
     }
 
     void shiftSelectsFromTheAnchorInOneCurve()

@@ -83,6 +83,25 @@ void GraphicsView::endHandPan()
     setDragMode(RubberBandDrag);
 }
 
+bool GraphicsView::endRubberBand()
+{
+    const QRect band = rubberBandRect();
+    if (band.isNull()) {
+        return false;
+    }
+    // Qt gives a band up when it sees, at some distance, that the button is not down any more.
+    const QPointF place = band.bottomRight() + QPoint(viewport()->width(), viewport()->height());
+    QMouseEvent lift(
+        QEvent::MouseMove,
+        place,
+        viewport()->mapToGlobal(place),
+        Qt::NoButton,
+        Qt::NoButton,
+        Qt::NoModifier);
+    QGraphicsView::mouseMoveEvent(&lift);
+    return true;
+}
+
 void GraphicsView::scrollAtEdge(const QMouseEvent& event, Qt::Orientations directions)
 {
     if (!m_edgeScroller) {
@@ -119,13 +138,15 @@ void GraphicsView::scrollByShare(const QWheelEvent& event, double share)
 
 void GraphicsView::abandonGesture()
 {
+    const QPointer<GraphicsView> alive(this);
     m_doors.stop();
     stopEdgeScroll();
     restoreMouse();
     const DragMode mode = m_beforePan ? m_beforePan->mode : dragMode();
     endHandPan();
     setDragMode(mode);
-    if (scene() && scene()->mouseGrabberItem()) {
+    endRubberBand();
+    if (alive && scene() && scene()->mouseGrabberItem()) {
         scene()->mouseGrabberItem()->ungrabMouse();
     }
 }

@@ -55,6 +55,10 @@ protected:
     /// sets the mode.
     void endHandPan();
 
+    /// Ends a rubber band where it is; what it has caught stays selected. @return whether there was
+    /// one
+    bool endRubberBand();
+
     /// Whether another button comes or goes while the left one holds a gesture, which it does not
     /// concern.
     static bool isBesideDrag(const QMouseEvent& event);

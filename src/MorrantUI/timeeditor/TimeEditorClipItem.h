@@ -18,6 +18,7 @@ class TimeEditorView;
 
 namespace ui {
 class ClipGesture;
+class KeptSelection;
 struct ClipSpan;
 struct DragProgress;
 } // namespace ui
@@ -91,6 +92,7 @@ protected:
 private:
     friend class TimeEditorView;
     friend class ui::ClipGesture;
+    friend class ui::KeptSelection;
 
     double pixelsPerFrame() const;
     QRectF areaRect(const VisClip& area) const;

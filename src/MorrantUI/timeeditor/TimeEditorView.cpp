@@ -4,6 +4,7 @@
 #include "MorrantUI/scene/AccessibleView.h"
 #include "MorrantUI/scene/DragOverlay.h"
 #include "MorrantUI/scene/viewfit.h"
+#include "MorrantUI/timeeditor/KeptSelection.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keylook.h"

@@ -30,6 +30,7 @@ class DragOverlay;
 namespace ui {
 class KeyDrag;
 class KeyEdit;
+class KeptSelection;
 struct DragProgress;
 inline constexpr int kTrackHeight = 22; ///< scene units, of a row
 } // namespace ui
@@ -228,6 +229,7 @@ private:
     double moveSelectedKeys(double distance);
     void restoreEdit();
     void finishEdit();
+    bool cancelRubberBand();
     void showHoverCursor(Qt::CursorShape shape);
     void followCursor();
     std::optional<ui::DragProgress> dragProgress() const;
@@ -278,6 +280,7 @@ private:
     std::unique_ptr<DragOverlay> m_overlay;
     std::optional<QCursor> m_cursorBelowRows;     ///< the viewport's own, while a row shows one
     QPointer<TimeEditorKeyframeItem> m_walkedKey; ///< where the keyboard is
+    std::unique_ptr<ui::KeptSelection> m_beforeBand; ///< after a press beside all items
     QPointer<TimeEditorKeyframeItem> m_walkAnchor;
     bool m_walkShown = false; ///< the keyboard has been used since the last press
     double m_itemScale = 0.0; ///< pixels a frame that the items are sized for

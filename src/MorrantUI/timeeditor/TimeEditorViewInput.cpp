@@ -3,6 +3,7 @@
 
 #include "MorrantUI/controls/gestures/cursors.h"
 #include "MorrantUI/scene/wheel.h"
+#include "MorrantUI/timeeditor/KeptSelection.h"
 #include "MorrantUI/timeeditor/KeyEdit.h"
 #include "MorrantUI/timeeditor/SelectionTold.h"
 #include "MorrantUI/timeeditor/clipselection.h"
@@ -105,6 +106,10 @@ void TimeEditorView::rememberPress(
     m_pressedKey = button == Qt::LeftButton ? key : nullptr; // no other button drags
     m_hasSnapCandidates = false;
     m_keyDrag.reset();
+    m_beforeBand.reset();
+    if (!pressed) {
+        m_beforeBand = std::make_unique<ui::KeptSelection>(*m_scene);
+    }
     rememberWalk(key);
     if (m_pressedKey) {
         m_pressedKeyFrame = ui::frameOf(m_pressedKey->scenePos().x());
@@ -303,7 +308,20 @@ bool TimeEditorView::cancelGesture()
             return true;
         }
     }
-    return false;
+    return cancelRubberBand();
+}
+
+bool TimeEditorView::cancelRubberBand()
+{
+    const QPointer<TimeEditorView> alive(this);
+    const auto before = std::exchange(m_beforeBand, nullptr);
+    if (!endRubberBand()) {
+        return false;
+    }
+    if (alive && m_scene && before) {
+        before->restore(*m_scene);
+    }
+    return true;
 }
 
 void TimeEditorView::abandonGesture()
