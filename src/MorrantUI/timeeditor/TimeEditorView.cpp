@@ -331,21 +331,29 @@ QRectF TimeEditorView::selectedBounds() const
     return bounds;
 }
 
+/// In one pass: this is asked for with every key that joins the selection.
+TimeEditorView::KeyExtent TimeEditorView::selectedKeyExtent() const
+{
+    KeyExtent extent;
+    for (const QGraphicsItem* const item :
+         m_scene ? m_scene->selectedItems() : QList<QGraphicsItem*>()) {
+        if (dynamic_cast<const TimeEditorKeyframeItem*>(item) == nullptr) {
+            continue;
+        }
+        const QPointF place = item->scenePos();
+        const QRectF before = extent.keys++ > 0 ? extent.places : QRectF(place, place);
+        extent.places.setCoords(
+            std::min(before.left(), place.x()),
+            std::min(before.top(), place.y()),
+            std::max(before.right(), place.x()),
+            std::max(before.bottom(), place.y()));
+    }
+    return extent;
+}
+
 QRectF TimeEditorView::getTranslateToolRect() const
 {
-    std::optional<QRectF> rect;
-    for (const TimeEditorKeyframeItem* const key : selectedKeyframes()) {
-        const QPointF place = key->scenePos();
-        if (!rect) {
-            rect = QRectF(place, place);
-        }
-        rect->setCoords(
-            std::min(rect->left(), place.x()),
-            std::min(rect->top(), place.y()),
-            std::max(rect->right(), place.x()),
-            std::max(rect->bottom(), place.y()));
-    }
-    return rect.value_or(QRectF());
+    return selectedKeyExtent().places;
 }
 
 void TimeEditorView::clearSelection()
@@ -369,7 +377,8 @@ void TimeEditorView::selectionChanged()
         return;
     }
     showTool();
-    if (m_scene && itemsOf<TimeEditorClipItem>(selectedContent()).empty()) {
+    const auto isSelected = [](const TimeEditorClipItem* clip) { return clip->isSelected(); };
+    if (m_scene && std::ranges::none_of(m_scene->clips(), isSelected)) {
         for (TimeEditorClipItem* const clip : m_scene->clips()) {
             clip->clearSelectedClipAreas();
         }
@@ -413,9 +422,10 @@ void TimeEditorView::showTool()
     if (!m_tool) {
         return;
     }
-    const bool shown = m_showTransformTool && selectedKeyframes().size() >= 2;
+    const KeyExtent extent = m_showTransformTool ? selectedKeyExtent() : KeyExtent();
+    const bool shown = extent.keys >= 2;
     if (shown) {
-        m_tool->setRect(getTranslateToolRect());
+        m_tool->setRect(extent.places);
     }
     m_tool->setVisible(shown);
 }

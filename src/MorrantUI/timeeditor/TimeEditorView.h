@@ -211,7 +211,14 @@ private:
     void configure();
     TimeEditorBaseItem* itemUnder(QPoint position) const;
     std::vector<QGraphicsItem*> selectedContent() const;
+    struct KeyExtent
+    {
+        int keys = 0;
+        QRectF places; ///< scene units
+    };
+
     QRectF selectedBounds() const;
+    KeyExtent selectedKeyExtent() const;
     void updateItemRects();
     void subSelect(QRect band, QPointF from, QPointF to);
     bool filterMarquee();
