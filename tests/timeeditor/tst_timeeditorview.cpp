@@ -366,6 +366,7 @@ private Q_SLOTS:
         };
         moveTo(30, 11);
         QCOMPARE(connection->drawStyle(), ConnectionStyle::Line);
+        editor.view->onConnectionMove(nullptr); // is none
         connection->drop();
         QCOMPARE(target->log, u"enter leave drop "_qs);
     }

@@ -540,11 +540,16 @@ void TimeEditorView::finishEdit()
 
 void TimeEditorView::onConnectionEnter(ConnectionInstance* connection)
 {
-    connection->setDrawStyle(ConnectionStyle::Line);
+    if (connection) {
+        connection->setDrawStyle(ConnectionStyle::Line);
+    }
 }
 
 void TimeEditorView::onConnectionMove(ConnectionInstance* connection)
 {
+    if (!connection) {
+        return;
+    }
     const QPointer<TimeEditorView> alive(this);
     const QPointer<TimeEditorBaseItem> item =
         itemUnder(viewport()->mapFromGlobal(connection->endPosition()));
