@@ -101,8 +101,8 @@ void TimeEditorView::mousePressEvent(QMouseEvent* event)
 void TimeEditorView::rememberPress(
     TimeEditorBaseItem* pressed, double sceneX, Qt::MouseButton button)
 {
-    m_lastClicked = pressed;
     auto* const key = dynamic_cast<TimeEditorKeyframeItem*>(pressed);
+    m_lastClicked = pressed;
     m_pressedKey = button == Qt::LeftButton ? key : nullptr; // no other button drags
     m_hasSnapCandidates = false;
     m_keyDrag.reset();
@@ -245,6 +245,12 @@ bool TimeEditorView::dragKeys(double sceneX)
         Q_EMIT keysMoving();
     }
     return true;
+}
+
+/// And has not been dragged yet.
+bool TimeEditorView::isKeyPressed() const
+{
+    return m_keyDrag && m_keyDrag->state() == ui::DragState::Pressed;
 }
 
 void TimeEditorView::finishKeyDrag()
@@ -463,6 +469,9 @@ void TimeEditorView::keyReleaseEvent(QKeyEvent* event)
         }
         break;
     case Qt::Key_F:
+        if (repeated) {
+            break;
+        }
         if (selectedContent().empty() || event->modifiers().testFlag(Qt::ShiftModifier)) {
             fitTimelineInView();
         } else {
