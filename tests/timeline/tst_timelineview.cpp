@@ -226,7 +226,7 @@ private Q_SLOTS:
         ruler.pointer.drop(ruler.at(50, ruler.kLabels));
         QVERIFY(ruler.takeTold().isEmpty());
         ruler.view.zoomAt(1.2, 0);
-        ruler.drag(ruler.at(2, ruler.kLabels), QPoint(1060, 5)); // beyond the edge
+        ruler.drag(ruler.at(2, ruler.kLabels), QPoint(999, 5)); // a screen's edge has no beyond
         QTRY_COMPARE(ruler.view.currentFrame(), 100);
         ruler.pointer.release();
         ruler.takeTold();

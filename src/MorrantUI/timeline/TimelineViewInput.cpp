@@ -3,6 +3,7 @@
 
 #include "MorrantUI/controls/gestures/cursors.h"
 #include "MorrantUI/controls/values/elidedtext.h"
+#include "MorrantUI/scene/edgescroll.h"
 #include "MorrantUI/scene/framemath.h"
 #include "MorrantUI/scene/wheel.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
@@ -11,6 +12,7 @@
 #include "MorrantUI/timeline/rulergesture.h"
 #include "MorrantUI/timeline/rulerkeys.h"
 #include "MorrantUI/timeline/rulerpaint.h"
+#include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
@@ -34,9 +36,8 @@
 
 namespace {
 
-constexpr double kWheelZoom = 1.2;       ///< for a notch
-constexpr double kWheelNotch = 120.0;    ///< of the angle's eighths of a degree
-constexpr double kMostEdgeScroll = 60.0; ///< pixels at a time
+constexpr double kWheelZoom = 1.2;    ///< for a notch
+constexpr double kWheelNotch = 120.0; ///< of the angle's eighths of a degree
 
 bool movesPlayhead(const ui::RulerHit& hit)
 {
@@ -210,7 +211,9 @@ void TimelineView::dragTo(QPointF position, Qt::KeyboardModifiers modifiers)
     if (!gesture.hasBegun) {
         return;
     }
-    const bool isBeyond = position.x() < 0.0 || position.x() >= viewport()->width();
+    // A press at the edge alone turns no page.
+    const bool isBeyond = distance >= QApplication::startDragDistance()
+                          && ui::edgeScrollSpeed(position.x(), viewport()->width()) != 0.0;
     if (isBeyond != m_edgeTimer.isActive()) {
         isBeyond ? m_edgeTimer.start() : m_edgeTimer.stop();
     }
@@ -253,16 +256,15 @@ void TimelineView::scrollAtEdge()
         m_edgeTimer.stop();
         return;
     }
-    const double x = m_gesture->last.x();
     const double width = viewport()->width();
-    const double beyond = x < 0.0 ? x : x - width + 1.0;
+    const double speed = ui::edgeScrollSpeed(m_gesture->last.x(), width);
     const bool isAtEnd =
-        x < 0.0 ? frameAt(0.0) <= frames().first : frameAt(width) >= frames().second;
+        speed < 0.0 ? frameAt(0.0) <= frames().first : frameAt(width) >= frames().second;
     if (!isAtEnd) {
         const QPointer<TimelineView> alive(this);
-        scrollBy(ui::nearestFrame(std::clamp(beyond, -kMostEdgeScroll, kMostEdgeScroll)));
+        scrollBy(ui::nearestFrame(speed * m_edgeTimer.interval() / 1000.0));
         if (alive && m_gesture) {
-            dragHeld(m_gesture->last, QGuiApplication::keyboardModifiers());
+            dragHeld(m_gesture->last, ui::queryKeyboardModifiers());
         }
     }
 }
