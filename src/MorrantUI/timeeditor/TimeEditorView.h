@@ -46,6 +46,9 @@ inline constexpr int kTrackHeight = 22; ///< scene units, of a row
 /// once they are complete, as what changed. While something is dragged the view shows how far, and
 /// scrolls when the pointer is at its edge.
 ///
+/// A slot may change, clear or delete the scene and whatever is in it, also in mid-drag. The view
+/// itself goes with deleteLater() then: Qt has not done with it.
+///
 /// With the keyboard: Left and Right walk along a row's keys, Home and End to its first and last,
 /// Up and Down to other rows. The key is selected; with Shift the ones from where that began,
 /// with Control none until Return. The accessible description tells of the key.
@@ -208,17 +211,17 @@ private:
 
     using ScalingKeys = std::vector<std::pair<int, QPointer<TimeEditorKeyframeItem>>>;
 
-    void configure();
-    TimeEditorBaseItem* itemUnder(QPoint position) const;
-    std::vector<QGraphicsItem*> selectedContent() const;
     struct KeyExtent
     {
         int keys = 0;
         QRectF places; ///< scene units
     };
 
-    QRectF selectedBounds() const;
+    void configure();
     KeyExtent selectedKeyExtent() const;
+    TimeEditorBaseItem* itemUnder(QPoint position) const;
+    std::vector<QGraphicsItem*> selectedContent() const;
+    QRectF selectedBounds() const;
     void updateItemRects();
     void subSelect(QRect band, QPointF from, QPointF to);
     bool filterMarquee();
@@ -226,24 +229,24 @@ private:
     bool selectClipsUpTo(TimeEditorBaseItem* pressed, QPoint position);
     bool selectKeysUpTo(TimeEditorKeyframeItem* pressed);
     void rememberPress(TimeEditorBaseItem* pressed, double sceneX, Qt::MouseButton button);
+    bool cancelRubberBand();
     bool snapsDrag(const QMouseEvent& event);
     bool snapDraggedKeys(double sceneX);
     const std::vector<int>& snapCandidates();
     void startKeyDrag(TimeEditorKeyframeItem* key, double sceneX);
     bool dragKeys(double sceneX);
+    bool isKeyPressed() const;
     void finishKeyDrag();
     void finishDrags();
     double moveSelectedKeys(double distance);
     void restoreEdit();
     void finishEdit();
-    bool cancelRubberBand();
     void showHoverCursor(Qt::CursorShape shape);
     void followCursor();
     std::optional<ui::DragProgress> dragProgress() const;
     Qt::Orientations scrollDirections() const;
     void followDrag(const QMouseEvent& event);
     void endDragAids();
-    bool isKeyPressed() const;
     bool walkKeys(const QKeyEvent& event);
     void selectWalked(TimeEditorKeyframeItem& key, bool extends);
     void describeWalkedKey();
@@ -277,6 +280,7 @@ private:
     QPointer<TimeEditorUtils> m_utils;
     bool m_inSelectionChange = false;
     QPointer<TimeEditorKeyframeItem> m_rangeAnchor;
+    std::unique_ptr<ui::KeptSelection> m_beforeBand; ///< after a press beside all items
     SelectionMode m_marqueeMode = PreferKeyframes;
     QPointer<TimeEditorBaseItem> m_connectionTarget;
     std::unique_ptr<ui::KeyDrag> m_keyDrag;
@@ -287,7 +291,6 @@ private:
     std::unique_ptr<DragOverlay> m_overlay;
     std::optional<QCursor> m_cursorBelowRows;     ///< the viewport's own, while a row shows one
     QPointer<TimeEditorKeyframeItem> m_walkedKey; ///< where the keyboard is
-    std::unique_ptr<ui::KeptSelection> m_beforeBand; ///< after a press beside all items
     QPointer<TimeEditorKeyframeItem> m_walkAnchor;
     bool m_walkShown = false; ///< the keyboard has been used since the last press
     double m_itemScale = 0.0; ///< pixels a frame that the items are sized for
