@@ -327,6 +327,9 @@ private Q_SLOTS:
         view.setup(scene);
         view.setupViewAndScene(0, 100, 44);
         view.setCurrentFrame(10);
+        auto* const row = new TimeEditorCurveItem(&view);
+        scene->addLayoutItem(row);
+        row->addKeyframe(70)->setSelected(true);
         view.show();
         QVERIFY(QTest::qWaitForWindowExposed(&view));
         TimeHandle* const handle = scene->getTimeHandle();
@@ -338,9 +341,12 @@ private Q_SLOTS:
         QCOMPARE(view.frames.last(), 12);
         pointer.dragTo(view.mapFromScene(60, 30.0), 100);
         QVERIFY(view.frameNumber() == 30 && handle->x() == 30.0);
-        pointer.release();
-        handle->setPos(40.4, 7.0); // not by the user
-        QVERIFY(view.frameNumber() == 30 && handle->pos() == QPointF(40, 0));
+        QTest::keyClick(&view, Qt::Key_Escape);
+        pointer.drop(view.mapFromScene(20, 30.0));
+        QVERIFY(view.frames.last() == 10 && handle->x() == 10.0);
+        QCOMPARE(row->keyframes()[0]->x(), 70.0); // which stays behind
+        handle->setPos(40.4, 7.0);                // not by the user
+        QVERIFY(view.frameNumber() == 10 && handle->pos() == QPointF(40, 0));
         scene->clearScene();
         QCOMPARE(scene->getTimeHandle(), handle);
     }

@@ -17,6 +17,7 @@
 #include <MorrantUI/timeeditor/TimeEditorView.h>
 #include <MorrantUI/timeeditor/TranslateScaleTool.h>
 #include <MorrantUI/timeeditor/VisClip.h>
+#include <MorrantUI/timeline/TimeHandle.h>
 
 #include <QKeyEvent>
 #include <QMenu>
@@ -326,6 +327,10 @@ bool TimeEditorView::cancelRubberBand()
     }
     if (alive && m_scene && before) {
         before->restore(*m_scene);
+    TimeHandle* const handle = m_scene ? m_scene->getTimeHandle() : nullptr;
+    if (handle && handle->cancelDrag()) {
+        return true;
+    }
     }
     return true;
 }

@@ -38,6 +38,19 @@ void TimeHandle::setHeight(int height)
     setRect(changed);
 }
 
+bool TimeHandle::cancelDrag()
+{
+    if (!m_dragging) {
+        return false;
+    }
+    m_dragging = false;
+    if (x() != m_xAtPress && m_scene) {
+        setX(m_xAtPress);
+        m_scene->commitFrameChange(); // may delete the handle with its scene
+    }
+    return true;
+}
+
 void TimeHandle::paint(
     QPainter* painter, const QStyleOptionGraphicsItem* /*option*/, QWidget* /*widget*/)
 {
@@ -65,8 +78,19 @@ QVariant TimeHandle::itemChange(GraphicsItemChange change, const QVariant& value
 
 void TimeHandle::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
-    m_dragging = m_dragging || event->button() == Qt::LeftButton;
+    if (event->button() == Qt::LeftButton) {
+        m_dragging = true;
+        m_xAtPress = x();
+    }
     QGraphicsRectItem::mousePressEvent(event);
+}
+
+void TimeHandle::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
+{
+    if (m_dragging) { // Qt would take the selected keys along
+        const QPointF press = event->buttonDownScenePos(Qt::LeftButton);
+        setX(m_xAtPress + event->scenePos().x() - press.x());
+    }
 }
 
 void TimeHandle::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)

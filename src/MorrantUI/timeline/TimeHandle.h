@@ -19,16 +19,22 @@ public:
     void setHeight(int height);
 
     bool isDragging() const { return m_dragging; }
+    /// Takes a drag back to the frame before, which is committed, too. @return whether there was
+    /// one
+    bool cancelDrag();
 
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 protected:
     QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    /// Moves the handle alone, whatever is selected.
+    void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
     bool sceneEvent(QEvent* event) override;
 
 private:
     TimeEditorScene* m_scene;
     bool m_dragging = false;
+    double m_xAtPress = 0.0; ///< frames
 };
