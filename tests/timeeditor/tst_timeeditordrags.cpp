@@ -196,6 +196,9 @@ private Q_SLOTS:
         QCOMPARE(edits.size(), 4);
         editor.pointer.moveTo(editor.at(20.2, 10));
         QCOMPARE(clip->getEndPointHoverArea(), EndPointHover::Start);
+        connect(clip, &TimeEditorClipItem::clipChanged, this, [&] { delete editor.scene; });
+        editor.drag(editor.at(49.8, 10), editor.at(59.8, 10)); // a host closes its document
+        QVERIFY(!editor.view->getEditorScene());
     }
 
     void selectedAreasGoAlongEachAsFarAsItCan()

@@ -372,10 +372,15 @@ std::optional<ui::DragProgress> TimeEditorClipItem::dragProgress() const
     return progress;
 }
 
+bool TimeEditorClipItem::hasDragged() const
+{
+    return m_drag && m_drag->hasBegun();
+}
+
 void TimeEditorClipItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 {
     const QPointer<TimeEditorClipItem> alive(this);
-    if (m_drag && !m_drag->hasBegun()) {
+    if (m_drag && !hasDragged()) {
         ui::steadyClick(*event);
     }
     finishDrag();

@@ -101,6 +101,7 @@ private:
     void setHover(int index, EndPointHover part);
     double snapped(double frames, Qt::KeyboardModifiers modifiers);
     std::optional<ui::DragProgress> dragProgress() const;
+    bool hasDragged() const;
     void finishDrag();
     void paintArea(QPainter& painter, const QTransform& world, int index);
 

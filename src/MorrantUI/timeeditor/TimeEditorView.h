@@ -46,8 +46,9 @@ inline constexpr int kTrackHeight = 22; ///< scene units, of a row
 /// once they are complete, as what changed. While something is dragged the view shows how far, and
 /// scrolls when the pointer is at its edge.
 ///
-/// A slot may change, clear or delete the scene and whatever is in it, also in mid-drag. The view
-/// itself goes with deleteLater() then: Qt has not done with it.
+/// A slot may change, clear or delete the scene and whatever is in it, also in mid-drag. It may
+/// delete the view once an edit is complete; in mid-drag, and told of the selection, by
+/// deleteLater(): Qt has not done with it.
 ///
 /// With the keyboard: Left and Right walk along a row's keys, Home and End to its first and last,
 /// Up and Down to other rows. The key is selected; with Shift the ones from where that began,
@@ -236,6 +237,8 @@ private:
     void startKeyDrag(TimeEditorKeyframeItem* key, double sceneX);
     bool dragKeys(double sceneX);
     bool isKeyPressed() const;
+    TimeEditorClipItem* heldClip() const;
+    void tellOfDragged();
     void finishKeyDrag();
     void finishDrags();
     double moveSelectedKeys(double distance);

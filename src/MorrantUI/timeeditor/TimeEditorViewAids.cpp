@@ -67,6 +67,12 @@ void TimeEditorView::scrollContentsBy(int dx, int dy)
 
 // Drags
 
+/// The one that has the mouse.
+TimeEditorClipItem* TimeEditorView::heldClip() const
+{
+    return dynamic_cast<TimeEditorClipItem*>(m_scene ? m_scene->mouseGrabberItem() : nullptr);
+}
+
 std::optional<ui::DragProgress> TimeEditorView::dragProgress() const
 {
     if (m_keyDrag && m_keyDrag->state() == ui::DragState::Dragging) {
@@ -89,8 +95,7 @@ std::optional<ui::DragProgress> TimeEditorView::dragProgress() const
         const double now = m_scalingFlag ? rect.right() : rect.left();
         return ui::DragProgress{now - (m_scalingFlag ? last : first)->first, now, {}};
     }
-    const auto* const clip =
-        dynamic_cast<TimeEditorClipItem*>(m_scene ? m_scene->mouseGrabberItem() : nullptr);
+    const TimeEditorClipItem* const clip = heldClip();
     return clip ? clip->dragProgress() : std::nullopt;
 }
 

@@ -278,6 +278,10 @@ void TimeEditorView::mouseReleaseEvent(QMouseEvent* event)
     m_scaleRange = {ui::frameOf(bounds.left()), ui::frameOf(bounds.left() + bounds.width())};
     changeMouse(m_spaceHeld ? ui::panCursor() : QCursor(Qt::ArrowCursor));
     m_pressedKey = nullptr;
+    tellOfDragged();
+    if (!alive) {
+        return;
+    }
     GraphicsView::mouseReleaseEvent(event);
     if (alive && wasPanning) {
         endHandPan();
@@ -287,6 +291,20 @@ void TimeEditorView::mouseReleaseEvent(QMouseEvent* event)
     }
     if (alive) {
         finishEdit();
+    }
+}
+
+/// Before Qt hears of the release and goes on with the scene after it: a slot may delete that. What
+/// was only pressed waits for Qt to take it for a click.
+void TimeEditorView::tellOfDragged()
+{
+    const QPointer<TimeEditorView> alive(this);
+    if (!isKeyPressed()) {
+        finishKeyDrag();
+    }
+    TimeEditorClipItem* const clip = alive ? heldClip() : nullptr;
+    if (clip && clip->hasDragged()) {
+        clip->finishDrag();
     }
 }
 
@@ -309,6 +327,10 @@ bool TimeEditorView::cancelGesture()
         m_tool->cancelDrag();
         return true;
     }
+    TimeHandle* const handle = m_scene ? m_scene->getTimeHandle() : nullptr;
+    if (handle && handle->cancelDrag()) {
+        return true;
+    }
     for (TimeEditorClipItem* const clip :
          m_scene ? m_scene->clips() : std::set<TimeEditorClipItem*>()) {
         if (clip->cancelDrag()) {
@@ -327,10 +349,6 @@ bool TimeEditorView::cancelRubberBand()
     }
     if (alive && m_scene && before) {
         before->restore(*m_scene);
-    TimeHandle* const handle = m_scene ? m_scene->getTimeHandle() : nullptr;
-    if (handle && handle->cancelDrag()) {
-        return true;
-    }
     }
     return true;
 }
@@ -359,9 +377,7 @@ void TimeEditorView::finishDrags()
 {
     const QPointer<TimeEditorView> alive(this);
     endKeyScaling(); // what the tool still asks for moves nothing
-    auto* const clip =
-        dynamic_cast<TimeEditorClipItem*>(m_scene ? m_scene->mouseGrabberItem() : nullptr);
-    if (clip) {
+    if (TimeEditorClipItem* const clip = heldClip()) {
         clip->finishDrag();
     }
     if (alive) {
