@@ -82,9 +82,12 @@
 #include <MorrantUI/graph/GraphCurveWidget.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/graph/PointTransformTool.h>
+#include <MorrantUI/graph/ValueGraphCurve.h>
+#include <MorrantUI/graph/ValueGraphView.h>
 #include <MorrantUI/graph/fixedunits.h>
 #include <MorrantUI/graph/graphsegments.h>
 #include <MorrantUI/graph/graphtypes.h>
+#include <MorrantUI/graph/valuegraphkey.h>
 #include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/ContextMenuButton.h>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "MorrantUI/graph/axislines.h"
 #include "MorrantUI/graph/graphmoves.h"
+#include "MorrantUI/scene/placematching.h"
 #include "MorrantUI/scene/transformzones.h"
 #include "support/TestCase.h"
 #include <MorrantUI/graph/graphsegments.h>
@@ -107,6 +109,37 @@ private Q_SLOTS:
         const QPainterPath bar = ui::transformBar({0, 0, 40, 100}, {4, 20}, edge);
         QVERIFY(bar.contains(QPointF(3, 1)) && bar.contains(QPointF(0.1, 25)));
         QVERIFY(!bar.contains(QPointF(0.1, 8)) && !bar.contains(QPointF(5, 50)));
+    }
+    void axesHaveRoundSteps()
+    {
+        for (const auto& [least, step] :
+             {std::pair(0.7, 1.0), {1.0, 1.0}, {1.2, 2.0}, {30.0, 50.0}, {0.06, 0.1}, {-1.0, 1.0}})
+        {
+            QCOMPARE(axisStep(least), step);
+        }
+        QCOMPARE(axisLines(-3, 5, 2), (std::vector<double>{-2, 0, 2, 4}));
+        QVERIFY(axisLines(0, 1e9, 1).empty() && axisLines(0, 9, 0).empty());
+        QVERIFY(axisLabel(-0.0, 1) == u"0" && axisLabel(0.25, 0.05) == QLocale().toString(0.25));
+    }
+    void pointsGoOnAsTheKeysAtTheirPlaces()
+    {
+        const auto matched = [](QPolygonF shown, QPolygonF wanted) {
+            QStringList texts;
+            for (const auto& match :
+                 ui::matchedPlaces({shown.begin(), shown.end()}, {wanted.begin(), wanted.end()}))
+            {
+                texts << (match ? QString::number(*match) : u"-"_qs);
+            }
+            return texts.join(u' ');
+        };
+        const QPointF a(0, 0);
+        const QPointF b(5, 1);
+        const QPointF c(9, 2);
+        QCOMPARE(matched({a, b, c}, {a, {6, 1}, c}), u"0 1 2"_qs); // one is moved
+        QCOMPARE(matched({a, c, b}, {a, b, c}), u"0 2 1"_qs);      // one has passed another
+        QCOMPARE(matched({a, b, c}, {a, c}), u"0 2"_qs);           // one goes
+        QCOMPARE(matched({a, c}, {a, b, c}), u"0 - 1"_qs);         // one comes
+        QCOMPARE(matched({b, b}, {a, b}), u"0 1"_qs);              // one leaves another's place
     }
     void aHeldSegmentSteps()
     {

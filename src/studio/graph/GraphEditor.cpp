@@ -6,9 +6,9 @@
 #include "editing/keyrows.h"
 #include "graph/EasingEditor.h"
 #include "graph/KeyFields.h"
-#include "graph/ValueGraphView.h"
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/layouts/ScrollContainer.h>
+#include <MorrantUI/graph/ValueGraphView.h>
 #include <MorrantUI/menus/ContextMenu.h>
 
 #include <QHBoxLayout>
@@ -47,6 +47,7 @@ GraphEditor::GraphEditor(Player& player, QWidget* parent)
     m_list->setAccessibleName(tr("Animated properties"));
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
+    m_view->setContextMenuPolicy(Qt::NoContextMenu); // the same
     buildMenu();
     buildLayout();
     connectParts();
@@ -121,10 +122,10 @@ void GraphEditor::buildLayout()
 void GraphEditor::connectParts()
 {
     connect(&m_player, &Player::frameChanged, this, [this](int frame) {
-        m_view->setFrame(frame);
+        m_view->setCurrentFrame(frame);
         showEasing();
     });
-    connect(m_view, &ValueGraphView::tapped, &m_player, &Player::toggle);
+    connect(m_view, &ValueGraphView::spaceTapped, &m_player, &Player::toggle);
     connect(m_curves, &ValueCurves::editingStarted, &m_player, &Player::pause);
     connect(m_curves, &ValueCurves::selectionChanged, this, &GraphEditor::chooseKeys);
     connect(m_list, &QListWidget::itemSelectionChanged, this, &GraphEditor::showProperties);
@@ -164,7 +165,7 @@ void GraphEditor::setDocument(DocumentEditor& editor)
     connect(&editor, &DocumentEditor::edited, this, &GraphEditor::noteEdit);
     connect(&editor, &DocumentEditor::layersChanged, this, &GraphEditor::noteEdit);
     connect(&editor, &DocumentEditor::layersAboutToChange, this, &GraphEditor::finishEditing);
-    m_view->setFrame(m_player.frame());
+    m_view->setCurrentFrame(m_player.frame());
     listProperties();
 }
 

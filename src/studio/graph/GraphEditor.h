@@ -10,6 +10,7 @@ class ContextMenu;
 class QAction;
 class QListWidget;
 class QMenu;
+class ValueGraphView;
 
 namespace studio {
 
@@ -17,7 +18,6 @@ class EasingEditor;
 struct SegmentEasing;
 class KeyFields;
 class Player;
-class ValueGraphView;
 
 /// The animated properties of a layer as curves: a list to choose them from with the frame and the
 /// value of the selected key, the graph of their values, and the easing of the segment under the

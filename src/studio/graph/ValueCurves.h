@@ -3,22 +3,19 @@
 
 #include "editing/DocumentEditor.h"
 #include "graph/valuekeys.h"
+#include <MorrantUI/graph/valuegraphkey.h>
 
 #include <QObject>
 #include <QPointF>
 #include <QPointer>
 
-#include <set>
-#include <utility>
+#include <optional>
 #include <vector>
 
-class GraphBezierHandleItem;
-class GraphCurveWidget;
-class GraphPointWidget;
+class ValueGraphCurve;
+class ValueGraphView;
 
 namespace studio {
-
-class ValueGraphView;
 
 /// A key in one entry of its value.
 struct EntryKey
@@ -62,23 +59,33 @@ Q_SIGNALS:
     void selectionChanged();
 
 private:
+    /// What the gesture has done to a key.
+    struct Touched
+    {
+        bool isMoved = false;
+        bool isBent = false;    ///< its handles
+        bool isToggled = false; ///< between curved and straight
+    };
     struct Curve
     {
         PropertyAddress address;
         std::size_t entry = 0;
-        GraphCurveWidget* item = nullptr;      ///< the scene's
-        std::vector<GraphPointWidget*> points; ///< by key, while dragged as the drag found them
+        ValueGraphCurve* item =
+            nullptr; ///< the scene's; while dragged, keys as the drag found them
+        std::vector<ValueGraphKey> shown; ///< as they were last placed
+        std::vector<Touched> touched;
     };
     using Places = std::vector<std::optional<KeyAddress>>;
 
     void build();
-    GraphPointWidget* addPoint(const Curve& curve);
     void place(Curve& curve, const NumberProperty& property, const Places& places);
+    void noteStart();
+    std::optional<std::size_t> noteTouched();
     void follow();
     void finish(bool changed);
     std::vector<PropertyKeyChange> changes() const;
-    void take(const Curve& curve, std::size_t place, KeyChange& change) const;
-    void takeHandles(const Curve& curve, std::size_t place, KeyChange& change) const;
+    bool take(const Curve& curve, const ValueGraphKey& now, KeyChange& change) const;
+    void takeHandles(const Curve& curve, const ValueGraphKey& now, KeyChange& change) const;
     Places placesOf(const PropertyAddress& address) const;
     template <typename IsWanted>
     void selectPoints(const IsWanted& isWanted);
@@ -87,14 +94,10 @@ private:
     QPointer<DocumentEditor> m_editor;
     std::vector<PropertyAddress> m_properties;
     std::vector<Curve> m_curves;
-    bool m_isPlacing = false; ///< what points report is our own doing
 
     bool m_isDragging = false;
-    std::set<const GraphPointWidget*> m_moved;   ///< by the gesture
-    std::set<const GraphPointWidget*> m_bent;    ///< their handles
-    std::set<const GraphPointWidget*> m_toggled; ///< between curved and straight
-    std::vector<PropertyKeyChange> m_changes;    ///< every key of what is dragged
-    Places m_places;                             ///< where these are now
+    std::vector<PropertyKeyChange> m_changes; ///< every key of what is dragged
+    Places m_places;                          ///< where these are now
 };
 
 } // namespace studio

@@ -147,18 +147,4 @@ double allowedValue(Attribute attribute, double value)
     }
 }
 
-double axisStep(double least)
-{
-    if (!(least > 0) || !std::isfinite(least)) {
-        return 1;
-    }
-    const double ten = std::pow(10.0, std::floor(std::log10(least)));
-    for (const double factor : {1.0, 2.0, 5.0}) {
-        if (factor * ten >= least) {
-            return factor * ten;
-        }
-    }
-    return 10 * ten;
-}
-
 } // namespace studio

@@ -70,7 +70,4 @@ std::optional<std::size_t> segmentAt(const NumberProperty& property, double fram
 /// The nearest value that a property can have, in thousandths, as number fields have it.
 double allowedValue(Attribute attribute, double value);
 
-/// The least step of 1, 2 or 5 by tens that is not below a distance; 1 for what is none.
-double axisStep(double least);
-
 } // namespace studio

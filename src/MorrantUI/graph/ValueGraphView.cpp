@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "graph/ValueGraphView.h"
+#include "MorrantUI/graph/ValueGraphView.h"
 
-#include "graph/valuekeys.h"
+#include "MorrantUI/graph/axislines.h"
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/graph/ValueGraphCurve.h>
 #include <MorrantUI/theme/colors.h>
 
 #include <QGraphicsScene>
@@ -17,7 +18,9 @@
 #include <cmath>
 #include <utility>
 
-namespace studio {
+using ui::Graph::axisLabel;
+using ui::Graph::axisLines;
+using ui::Graph::axisStep;
 
 namespace {
 
@@ -28,7 +31,6 @@ constexpr double kExtentRoom = 20;    ///< times the extent, on each side
 constexpr double kAxisShare = 0.08;   ///< of what is fitted, left free for labels
 constexpr double kNudgesPerLine = 10; ///< Up and Down, from one labelled value to the next
 constexpr int kLabelMargin = 4;       ///< pixels
-constexpr int kMostDecimals = 6;
 
 /// Keys that belong to the graph while it has the focus, although the window's menus have them too.
 bool isOwnKey(const QKeyEvent& event, bool hasSelection)
@@ -50,19 +52,6 @@ bool isOwnKey(const QKeyEvent& event, bool hasSelection)
     }
 }
 
-/// Every multiple of a step in a range.
-template <typename Visit>
-void forLines(double first, double last, double step, Visit visit)
-{
-    constexpr double kMostLines = 1000;
-    if (!(step > 0) || !((last - first) / step < kMostLines)) {
-        return;
-    }
-    for (double n = std::ceil(first / step); n * step <= last; ++n) {
-        visit(n * step);
-    }
-}
-
 /// A pixel wide at any zoom, which differs between the axes.
 void setLinePen(QPainter& painter, const QString& colorName)
 {
@@ -70,12 +59,6 @@ void setLinePen(QPainter& painter, const QString& colorName)
     QPen pen(ui::colorQt(colorName), 1);
     pen.setCosmetic(true);
     painter.setPen(pen);
-}
-
-QString labelOf(double number, double step)
-{
-    const int decimals = static_cast<int>(-std::floor(std::log10(step)));
-    return QLocale().toString(number + 0.0, 'f', std::clamp(decimals, 0, kMostDecimals));
 }
 
 } // namespace
@@ -91,17 +74,44 @@ ValueGraphView::ValueGraphView(QWidget* parent)
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     setDragMode(RubberBandDrag);
     setViewportUpdateMode(FullViewportUpdate);
-    setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
     setDefaultInterpolation(ui::Graph::Interpolation::Bezier);
     setAccessibleName(tr("Values over frames"));
     connect(scene, &QGraphicsScene::selectionChanged, this, [this] {
         updateTransformTool();
         viewport()->update();
     });
-    setExtent({0, -1, 1, 1});
+    noteKeys(false);
 }
 
-void ValueGraphView::setFrame(int frame)
+ValueGraphView::~ValueGraphView()
+{
+    for (ValueGraphCurve* const curve : curves()) {
+        delete curve; // which asks the view
+    }
+}
+
+ValueGraphCurve* ValueGraphView::addCurve(const QString& text, const QString& colorName)
+{
+    auto* const curve = new ValueGraphCurve(*this);
+    curve->setToolTip(text);
+    curve->setColorName(colorName);
+    scene()->addItem(curve);
+    m_curves.emplace_back(curve);
+    return curve;
+}
+
+std::vector<ValueGraphCurve*> ValueGraphView::curves() const
+{
+    std::vector<ValueGraphCurve*> living;
+    for (const QPointer<ValueGraphCurve>& curve : m_curves) {
+        if (curve) {
+            living.push_back(curve);
+        }
+    }
+    return living;
+}
+
+void ValueGraphView::setCurrentFrame(int frame)
 {
     if (std::exchange(m_frame, frame) != frame) {
         viewport()->update();
@@ -110,14 +120,35 @@ void ValueGraphView::setFrame(int frame)
 
 // What is shown
 
-void ValueGraphView::setExtent(const QRectF& extent)
+/// Many curves may change together: their extent is taken once.
+void ValueGraphView::noteKeys(bool hasNewPoints)
 {
+    if (hasNewPoints) {
+        updateItemRects();
+    }
+    if (!std::exchange(m_isExtentStale, true)) {
+        QMetaObject::invokeMethod(this, &ValueGraphView::takeExtent, Qt::QueuedConnection);
+    }
+}
+
+/// What can be scrolled to: all curves and much around them. A gesture does it at its end.
+void ValueGraphView::takeExtent()
+{
+    if (m_isEditing || !std::exchange(m_isExtentStale, false)) {
+        return;
+    }
+    m_curves.erase(std::remove(m_curves.begin(), m_curves.end(), nullptr), m_curves.end());
+    const auto bounds = pointBounds(true);
+    const QRectF extent = bounds.value_or(QRectF());
     const double x = kExtentRoom * std::max(extent.width(), 1.0);
     const double y = kExtentRoom * std::max(extent.height(), 1.0);
     setSceneRect(extent.adjusted(-x, -y, x, y));
-    if (m_isFitted) {
-        fitAll();
+    if (m_isFitted && bounds) {
+        fit(extent);
     }
+    updateItemRects();
+    updateTransformTool();
+    viewport()->update();
 }
 
 void ValueGraphView::fit(QRectF rect)
@@ -145,6 +176,7 @@ void ValueGraphView::fitSelected()
 void ValueGraphView::fitAll()
 {
     m_isFitted = true;
+    takeExtent();
     if (const auto bounds = pointBounds(true)) {
         fit(*bounds);
     }
@@ -172,20 +204,20 @@ void ValueGraphView::drawBackground(QPainter* painter, const QRectF& rect)
     const QSizeF step = steps();
     painter->fillRect(rect, ui::colorQt(QStringLiteral("WindowBase")));
     painter->save();
-    setLinePen(*painter, u"Midlight"_qs);
-    forLines(rect.left(), rect.right(), step.width(), [&](double frame) {
+    setLinePen(*painter, QStringLiteral("Midlight"));
+    for (const double frame : axisLines(rect.left(), rect.right(), step.width())) {
         painter->drawLine(QLineF(frame, rect.top(), frame, rect.bottom()));
-    });
-    forLines(rect.top(), rect.bottom(), step.height(), [&](double y) {
+    }
+    for (const double y : axisLines(rect.top(), rect.bottom(), step.height())) {
         painter->drawLine(QLineF(rect.left(), y, rect.right(), y));
-    });
+    }
     painter->restore();
 }
 
 void ValueGraphView::drawForeground(QPainter* painter, const QRectF& rect)
 {
     painter->save();
-    setLinePen(*painter, u"Accent5"_qs);
+    setLinePen(*painter, QStringLiteral("Accent5"));
     painter->drawLine(QLineF(m_frame, rect.top(), m_frame, rect.bottom()));
     painter->resetTransform();
     paintLabels(*painter);
@@ -201,16 +233,16 @@ void ValueGraphView::paintLabels(QPainter& painter) const
     painter.setFont(font());
     painter.setPen(ui::colorQt(QStringLiteral("Text")));
     const double bottom = viewport()->height() - kLabelMargin;
-    forLines(seen.top(), seen.bottom(), step.height(), [&](double y) {
+    for (const double y : axisLines(seen.top(), seen.bottom(), step.height())) {
         const double at = mapFromScene(0, y).y();
         if (at > metrics.height() && at < bottom - metrics.height()) {
-            painter.drawText(QPointF(kLabelMargin, at - 2), labelOf(-y, step.height()));
+            painter.drawText(QPointF(kLabelMargin, at - 2), axisLabel(-y, step.height()));
         }
-    });
-    forLines(seen.left(), seen.right(), step.width(), [&](double frame) {
+    }
+    for (const double frame : axisLines(seen.left(), seen.right(), step.width())) {
         const double at = mapFromScene(frame, 0).x();
-        painter.drawText(QPointF(at + kLabelMargin, bottom), labelOf(frame, step.width()));
-    });
+        painter.drawText(QPointF(at + kLabelMargin, bottom), axisLabel(frame, step.width()));
+    }
 }
 
 // What the user does
@@ -227,12 +259,46 @@ QString ValueGraphView::pointText(const GraphPointWidget& point) const
         .arg(locale.toString(point.x()), locale.toString(0.0 - point.y()));
 }
 
+void ValueGraphView::editStarted()
+{
+    GeneralGraphView::editStarted();
+    m_isEditing = true;
+    for (ValueGraphCurve* const curve : curves()) {
+        curve->rememberTimes();
+    }
+    Q_EMIT gestureStarted();
+}
+
+/// What the mouse has moved, told before anything else happens. @return whether the view is still
+/// there
+bool ValueGraphView::tellStep()
+{
+    if (m_snapsToFrames) {
+        for (ValueGraphCurve* const curve : curves()) {
+            curve->snapToFrames();
+        }
+    }
+    const QPointer<ValueGraphView> alive(this);
+    Q_EMIT keysChanging();
+    if (alive) {
+        updateTransformTool();
+    }
+    return !alive.isNull();
+}
+
 void ValueGraphView::editEnded(bool changed)
 {
     GeneralGraphView::editEnded(changed);
-    Q_EMIT stepped();
+    if (!tellStep()) {
+        return;
+    }
+    m_isEditing = false;
+    const QPointer<ValueGraphView> alive(this);
     Q_EMIT gestureEnded(changed);
-    updateTransformTool();
+    if (alive) {
+        noteKeys(false);
+        updateTransformTool();
+    }
 }
 
 void ValueGraphView::abandonGesture()
@@ -275,10 +341,10 @@ void ValueGraphView::mouseMoveEvent(QMouseEvent* event)
         panBy(now - *std::exchange(m_panned, now));
         return;
     }
+    const QPointer<ValueGraphView> alive(this);
     GeneralGraphView::mouseMoveEvent(event);
-    if (event->buttons() != Qt::NoButton) {
-        Q_EMIT stepped();
-        updateTransformTool();
+    if (alive && m_isEditing && event->buttons() != Qt::NoButton) {
+        tellStep();
     }
 }
 
@@ -329,8 +395,6 @@ void ValueGraphView::keyReleaseEvent(QKeyEvent* event)
     }
     m_spaceHeld = false;
     if (std::exchange(m_isTap, false)) {
-        Q_EMIT tapped();
+        Q_EMIT spaceTapped();
     }
 }
-
-} // namespace studio

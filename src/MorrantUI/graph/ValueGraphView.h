@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <MorrantUI/graph/GeneralGraphView.h>
+#include <MorrantUI/morrantui_export.h>
+
+#include <QPoint>
+#include <QPointer>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+class ValueGraphCurve;
+
+/// Curves over frames in the values' own unit, with axes that follow the zoom and a line at the
+/// current frame. Scene x is the frame, y the value, downward negative; what a host gives and gets
+/// of a ValueGraphCurve grows upward. The view makes its scene.
+///
+/// Control and the wheel zoom, the middle button and Space pan, F fits what is selected and A
+/// everything, Plus and Minus zoom about the current frame. What is fitted stays so when keys or
+/// the view's size change.
+///
+/// The user's gestures are told as steps and an end. In a slot of either the host reads
+/// ValueGraphCurve::keys(), and may push what its document makes of them back with setKeys(). The
+/// view and its curves may be deleted in these slots.
+class MORRANT_UI_EXPORT ValueGraphView : public GeneralGraphView
+{
+    Q_OBJECT
+
+public:
+    explicit ValueGraphView(QWidget* parent = nullptr);
+    ~ValueGraphView() override;
+
+    /// A curve without keys, which is the scene's.
+    /// @param text that names it: its tool tip, by which assistive tools call it
+    /// @param colorName see ValueGraphCurve::setColorName()
+    ValueGraphCurve* addCurve(const QString& text = {}, const QString& colorName = {});
+    /// In the order of their making, without those that were deleted.
+    std::vector<ValueGraphCurve*> curves() const;
+
+    int currentFrame() const { return m_frame; }
+    void setCurrentFrame(int frame); ///< repaints; nothing is told
+
+    /// Whether keys go by whole frames. On at first.
+    bool snapsToFrames() const { return m_snapsToFrames; }
+    void setSnapsToFrames(bool snaps) { m_snapsToFrames = snaps; }
+
+    /// Fits two or more selected points or, without them, all curves.
+    void fitSelected();
+    /// All curves, with what overshoots.
+    void fitAll();
+    /// Ends what the mouse is doing, as by its release. For hosts that show something else now.
+    void finishGesture() { abandonGesture(); }
+
+Q_SIGNALS:
+    /// Around what is one step of a history: a drag, a key, a click. When it starts, nothing may be
+    /// deleted.
+    void gestureStarted();
+    /// Keys may have been changed by a step of a gesture, also as Escape takes it back.
+    void keysChanging();
+    /// After the last step. @param changed false where all is as before
+    void gestureEnded(bool changed);
+    /// Space was pressed and let go with nothing between: for the host to play and pause.
+    void spaceTapped();
+
+protected:
+    /// A frame, and a tenth of the distance between two labelled values.
+    QSizeF nudgeStep() const override;
+    QString pointText(const GraphPointWidget& point) const override;
+    void editStarted() override;
+    void editEnded(bool changed) override;
+    void abandonGesture() override;
+
+    void drawBackground(QPainter* painter, const QRectF& rect) override;
+    void drawForeground(QPainter* painter, const QRectF& rect) override;
+
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    friend class ValueGraphCurve;
+
+    void noteKeys(bool hasNewPoints);
+    void takeExtent();
+    bool tellStep();
+    /// Distances between lines with a label, in frames and in the values' unit.
+    QSizeF steps() const;
+    void fit(QRectF rect);
+    void paintLabels(QPainter& painter) const;
+
+    std::vector<QPointer<ValueGraphCurve>> m_curves; ///< the scene's
+    int m_frame = 0;
+    bool m_snapsToFrames = true;
+    bool m_isEditing = false;     ///< between gestureStarted() and gestureEnded()
+    bool m_isExtentStale = false; ///< curves have other keys
+    bool m_isFitted = true;       ///< all of it, until the user zooms or pans
+    bool m_spaceHeld = false;
+    bool m_isTap = false;           ///< Space is down, and nothing else has happened
+    std::optional<QPoint> m_panned; ///< where the mouse that pans was last
+};
