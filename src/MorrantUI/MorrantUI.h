@@ -135,6 +135,8 @@
 #include <MorrantUI/theme/screens.h>
 #include <MorrantUI/theme/stylesheets.h>
 #include <MorrantUI/theme/themesettings.h>
+#include <MorrantUI/timeeditor/DopeSheetRow.h>
+#include <MorrantUI/timeeditor/DopeSheetView.h>
 #include <MorrantUI/timeeditor/EndPointHover.h>
 #include <MorrantUI/timeeditor/KeyEasing.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
@@ -153,6 +155,7 @@
 #include <MorrantUI/timeeditor/framefollowing.h>
 #include <MorrantUI/timeeditor/keymoves.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
+#include <MorrantUI/timeline/DopeSheetPane.h>
 #include <MorrantUI/timeline/PlaybackBookend.h>
 #include <MorrantUI/timeline/TimeHandle.h>
 #include <MorrantUI/timeline/TimeThumb.h>

@@ -3,7 +3,6 @@
 #include "DocumentTabs.h"
 #include "studiotest.h"
 #include "timeline/DopeSheet.h"
-#include "timeline/DopeSheetView.h"
 #include "timeline/doperows.h"
 #include <MorrantUI/MorrantUI.h>
 

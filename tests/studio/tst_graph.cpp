@@ -4,7 +4,6 @@
 #include "graph/KeyFields.h"
 #include "studiotest.h"
 #include "timeline/DopeSheet.h"
-#include "timeline/DopeSheetView.h"
 #include <MorrantUI/MorrantUI.h>
 
 #include <map>

@@ -7,15 +7,14 @@
 #include "timeline/DopeSheetEdits.h"
 #include "timeline/DopeSheetRows.h"
 #include "timeline/DopeSheetState.h"
-#include "timeline/DopeSheetView.h"
 #include "timeline/soundfile.h"
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/theme/OverrideCursor.h>
-#include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
+#include <MorrantUI/timeeditor/DopeSheetView.h>
 #include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
-#include <MorrantUI/timeeditor/framefollowing.h>
+#include <MorrantUI/timeline/DopeSheetPane.h>
 #include <MorrantUI/timeline/TimelineScene.h>
 #include <MorrantUI/timeline/TimelineView.h>
 
@@ -26,7 +25,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScopedValueRollback>
-#include <QSplitter>
 #include <QToolButton>
 
 #include <cmath>
@@ -36,7 +34,6 @@ namespace studio {
 
 namespace {
 
-constexpr int kHeaderWidth = 220;
 constexpr int kBigNudge = 10; ///< frames
 
 TimelineMarkers markersOf(const Document& document)
@@ -47,23 +44,6 @@ TimelineMarkers markersOf(const Document& document)
         markers.push_back({0, frame(marker.time), frame(marker.duration), marker.comment, {}});
     }
     return markers;
-}
-
-std::pair<double, double> visibleFrames(const GraphicsView& view)
-{
-    const QRectF seen = view.getVisibleRect();
-    return {seen.left(), seen.right()};
-}
-
-QWidget* column(QWidget* top, QWidget* bottom)
-{
-    auto* widget = new QWidget;
-    auto* layout = new QVBoxLayout(widget);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(top);
-    layout->addWidget(bottom, 1);
-    return widget;
 }
 
 } // namespace
@@ -78,18 +58,18 @@ QString droppedSound(const QMimeData& data)
 DopeSheet::DopeSheet(Player& player, QWidget* parent)
     : EditorPane(tr("Dope Sheet"), parent)
     , m_player(player)
-    , m_view(new DopeSheetView)
-    , m_ruler(new TimelineView)
-    , m_header(new TimeEditorRowHeader(m_view))
+    , m_pane(new DopeSheetPane)
+    , m_view(&m_pane->view())
+    , m_ruler(&m_pane->ruler())
+    , m_header(&m_pane->header())
     , m_rows(new DopeSheetRows(*m_view, *m_header, this))
     , m_edits(new DopeSheetEdits(*m_view, *m_rows))
     , m_menu(new QMenu(tr("&Keys"), this))
 {
     m_edits->setParent(this);
     setAcceptDrops(true);
-    m_view->setup(new TimeEditorScene(m_view, QRect(0, 0, 1, 1)));
     m_view->setUtils(m_edits);
-    m_ruler->setEditor(m_view);
+    m_view->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
     m_header->setAccessibleName(tr("Layers and their properties"));
     for (QGraphicsView* view : std::initializer_list<QGraphicsView*>{m_view, m_ruler}) {
         view->setAcceptDrops(false); // which scenes would swallow
@@ -121,24 +101,16 @@ void DopeSheet::buildLayout()
         buttons->addWidget(button);
     }
     buttons->addStretch(1);
-    corner->setFixedHeight(m_ruler->minimumSizeHint().height());
-
-    auto* splitter = new QSplitter;
-    splitter->addWidget(column(corner, m_header));
-    splitter->addWidget(column(m_ruler, m_view));
-    splitter->setSizes({kHeaderWidth, kUsualSize.width() - kHeaderWidth});
-    splitter->setStretchFactor(0, 0);
-    splitter->setStretchFactor(1, 1);
-    splitter->setChildrenCollapsible(false);
+    m_pane->setCorner(corner);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(splitter);
+    layout->addWidget(m_pane);
     setFocusProxy(m_view);
 }
 
 void DopeSheet::connectViews()
 {
-    connect(&m_player, &Player::frameChanged, this, &DopeSheet::showFrame);
+    connect(&m_player, &Player::frameChanged, m_pane, &DopeSheetPane::setCurrentFrame);
     connect(m_ruler, &TimelineView::frameChanged, &m_player, &Player::seek);
     connect(m_ruler, &TimelineView::scrubbingChanged, &m_player, [this](bool scrubbing) {
         if (scrubbing) {
@@ -153,8 +125,7 @@ void DopeSheet::connectViews()
         }
     });
 
-    connect(m_view, &DopeSheetView::tapped, &m_player, &Player::toggle);
-    connect(m_view, &DopeSheetView::zoomWanted, m_ruler, &TimelineView::zoomAt);
+    connect(m_view, &DopeSheetView::spaceTapped, &m_player, &Player::toggle);
     connect(m_view, &DopeSheetView::gestureEnded, this, &DopeSheet::chooseLayer);
     connect(m_edits, &DopeSheetEdits::dragStarted, &m_player, &Player::pause);
     // Which layer is chosen may have been told while they stood where they were before.
@@ -167,23 +138,6 @@ void DopeSheet::connectViews()
             Q_EMIT keysChosen(m_rows->selectedKeys());
         }
     });
-    const auto keepVisible = [this] {
-        if (shownState()) {
-            m_state->visible = visibleFrames(*m_view);
-        }
-    };
-    connect(m_view, &TimeEditorView::scaleChanged, this, keepVisible);
-    connect(m_view, &TimeEditorView::rescale, this, keepVisible);
-    ui::installEventFilter(
-        m_view->viewport(),
-        [this](QObject*, QEvent* event) {
-            if (event->type() == QEvent::Resize) {
-                fitUnlessZoomed();
-            }
-            return false;
-        },
-        this);
-
     connect(
         m_header,
         &TimeEditorRowHeader::foldRequested,
@@ -293,7 +247,10 @@ void DopeSheet::addViewCommands()
                  m_view->setShowTransformTool(m_tool->isChecked());
                  m_view->selectionChanged();
              }},
-            {tr("Follow Play&head"), u"timeline"_qs, {}, [this] { showFrame(m_player.frame()); }},
+            {tr("Follow Play&head"),
+             u"timeline"_qs,
+             {},
+             [this] { m_pane->setFollowsFrame(m_follow->isChecked()); }},
             {tr("Open Sou&nd…"), u"audioLayer"_qs, {}, [this] { chooseSound(); }},
             {tr("Remo&ve Sound"),
              {},
@@ -315,8 +272,8 @@ void DopeSheet::addViewCommands()
 void DopeSheet::setDocument(DocumentEditor& editor, DopeSheetState& state)
 {
     finishEditing();
-    if (shownState() && m_state->visible) {
-        m_state->visible = visibleFrames(*m_view); // it may have been scrolled
+    if (shownState()) {
+        m_state->visible = m_pane->zoomedFrames();
     }
     m_state = nullptr; // until all is in place
     m_editor = &editor;
@@ -329,19 +286,14 @@ void DopeSheet::setDocument(DocumentEditor& editor, DopeSheetState& state)
     }
     const FrameRange track = m_player.range();
     m_ruler->setFrameRange(track.first, track.last);
-    m_ruler->getTimelineScene()->setFramesPerSecond(m_player.rate());
-    m_view->getEditorScene()->setFps(static_cast<float>(m_player.rate()));
+    m_pane->setRate(m_player.rate());
     m_ruler->getTimelineScene()->setMarkers(state.markers);
     const FrameRange loop = state.loop.value_or(track);
     m_ruler->setPlaybackRange(loop.first, loop.last);
     m_state = &state;
     keepLoop();
-    if (state.visible) {
-        const auto [left, right] = *state.visible;
-        m_view->fitRect({left, 0, right - left, 1});
-    }
-    fitUnlessZoomed();
-    showFrame(m_player.frame());
+    m_pane->setZoomedFrames(state.visible);
+    m_pane->setCurrentFrame(m_player.frame());
     showActions();
 }
 
@@ -386,16 +338,6 @@ void DopeSheet::keepLoop()
     const FrameRange loop{scene.getPlaybackStartFrame(), scene.getPlaybackEndFrame()};
     m_state->loop = loop;
     m_player.setLoop(loop);
-    m_view->setBackgroundRegion(loop.first, loop.last);
-}
-
-void DopeSheet::showFrame(int frame)
-{
-    m_ruler->setCurrentFrame(frame);
-    m_view->setCurrentFrame(frame);
-    if (m_follow->isChecked() && !m_ruler->isScrubbing()) {
-        ui::followFrame(m_view, frame);
-    }
 }
 
 void DopeSheet::showActions()
@@ -405,13 +347,6 @@ void DopeSheet::showActions()
         action->setEnabled(hasKeys);
     }
     m_removeSound->setEnabled(shownState() && m_state->sound);
-}
-
-void DopeSheet::fitUnlessZoomed()
-{
-    if (shownState() && !m_state->visible) {
-        m_ruler->fitFrameRange();
-    }
 }
 
 void DopeSheet::chooseSound()

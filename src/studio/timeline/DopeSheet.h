@@ -9,6 +9,8 @@
 #include <vector>
 
 class ContextMenu;
+class DopeSheetPane;
+class DopeSheetView;
 class QAction;
 class QMenu;
 class QMimeData;
@@ -20,7 +22,6 @@ namespace studio {
 class DocumentEditor;
 class DopeSheetEdits;
 class DopeSheetRows;
-class DopeSheetView;
 class Player;
 struct DopeSheetState;
 
@@ -81,14 +82,13 @@ private:
     void addSelectionCommands();
     void addViewCommands();
     void keepLoop();
-    void showFrame(int frame);
     void showActions();
-    void fitUnlessZoomed();
     void chooseLayer();
     void chooseSound();
 
     Player& m_player;
-    DopeSheetView* m_view;
+    DopeSheetPane* m_pane;
+    DopeSheetView* m_view; ///< the pane's, as are the next two
     TimelineView* m_ruler;
     TimeEditorRowHeader* m_header;
     DopeSheetRows* m_rows;

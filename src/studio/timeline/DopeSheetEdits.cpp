@@ -2,7 +2,7 @@
 #include "timeline/DopeSheetEdits.h"
 
 #include "timeline/DopeSheetRows.h"
-#include "timeline/DopeSheetView.h"
+#include <MorrantUI/timeeditor/DopeSheetView.h>
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -9,10 +9,11 @@
 #include <map>
 #include <set>
 
+class DopeSheetView;
+
 namespace studio {
 
 class DopeSheetRows;
-class DopeSheetView;
 
 /// What the user does to keys and clips of the dope sheet, as edits of the document. A drag is one
 /// undo step, shown everywhere at every move; commands are a step each. What changes elsewhere is

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "timeline/DopeSheetView.h"
+#include "MorrantUI/timeeditor/DopeSheetView.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
-
-namespace studio {
 
 namespace {
 
@@ -43,16 +42,20 @@ DopeSheetView::DopeSheetView(QWidget* parent)
     : TimeEditorView(parent)
 {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // always: the ruler's width must not change
-    setContextMenuPolicy(Qt::NoContextMenu);           // the panel's is the one to open
     setAccessibleName(tr("Keys over frames"));
 }
+
+DopeSheetView::~DopeSheetView() = default;
 
 void DopeSheetView::abandonGesture()
 {
     m_isTap = false;
     m_panned.reset();
+    const QPointer<DopeSheetView> alive(this);
     TimeEditorView::abandonGesture();
-    Q_EMIT gestureEnded();
+    if (alive) {
+        Q_EMIT gestureEnded();
+    }
 }
 
 bool DopeSheetView::event(QEvent* event)
@@ -92,8 +95,11 @@ void DopeSheetView::mouseReleaseEvent(QMouseEvent* event)
         m_panned.reset();
         return;
     }
+    const QPointer<DopeSheetView> alive(this);
     TimeEditorView::mouseReleaseEvent(event);
-    Q_EMIT gestureEnded();
+    if (alive) {
+        Q_EMIT gestureEnded();
+    }
 }
 
 void DopeSheetView::wheelEvent(QWheelEvent* event)
@@ -123,10 +129,9 @@ void DopeSheetView::keyReleaseEvent(QKeyEvent* event)
 {
     const bool isTap =
         event->key() == Qt::Key_Space && !event->isAutoRepeat() && std::exchange(m_isTap, false);
+    const QPointer<DopeSheetView> alive(this);
     TimeEditorView::keyReleaseEvent(event);
-    if (isTap) {
-        Q_EMIT tapped();
+    if (alive && isTap) {
+        Q_EMIT spaceTapped();
     }
 }
-
-} // namespace studio

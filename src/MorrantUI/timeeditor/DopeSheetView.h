@@ -1,28 +1,32 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/timeeditor/TimeEditorView.h>
+
+#include <QPoint>
 
 #include <optional>
 
-namespace studio {
-
-/// The time editor of a dope sheet, as animators expect it beyond what the library leaves to hosts:
-/// the wheel zooms with Control, the middle button pans, and a tap of Space, which held pans, is
-/// for the host.
-class DopeSheetView : public TimeEditorView
+/// A time editor with what animators expect of a dope sheet beyond its keys: the wheel zooms with
+/// Control, Plus and Minus about the playhead, the middle button pans, and a tap of Space, which
+/// held pans, is for the host. A DopeSheetPane puts ruler and labels around it.
+class MORRANT_UI_EXPORT DopeSheetView : public TimeEditorView
 {
     Q_OBJECT
 
 public:
     explicit DopeSheetView(QWidget* parent = nullptr);
+    ~DopeSheetView() override;
 
-    /// Ends what the mouse is doing, as by its release.
+    /// Ends what the mouse is doing, as by its release. For hosts that show something else now.
     void finishGesture() { abandonGesture(); }
 
 Q_SIGNALS:
-    void tapped();
-    /// The user wants to zoom about a place of the viewport.
+    /// Space was pressed and let go with nothing between: for the host to play and pause.
+    void spaceTapped();
+    /// The user wants to zoom about a place of the viewport, in logical pixels: connected to
+    /// TimelineView::zoomAt().
     void zoomWanted(double factor, int x);
     /// The mouse is done: a click, or the end of a drag, whichever way.
     void gestureEnded();
@@ -41,5 +45,3 @@ private:
     bool m_isTap = false;           ///< Space is down, and nothing else has happened
     std::optional<QPoint> m_panned; ///< where the middle button was last
 };
-
-} // namespace studio

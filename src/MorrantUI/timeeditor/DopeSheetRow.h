@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+#include <MorrantUI/timeeditor/KeyEasing.h>
+#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
+
+#include <QPointer>
+
+#include <cstddef>
+#include <vector>
+
+class TimeEditorKeyframeItem;
+
+/// A key of a DopeSheetRow.
+struct DopeSheetKey
+{
+    double frame = 0.0;
+    KeyEasing easing = KeyEasing::Bezier; ///< how the value leaves it
+
+    friend bool operator==(const DopeSheetKey&, const DopeSheetKey&) = default;
+};
+
+/// A row of keys that a host fills from its document and reads back: as a list, in the host's own
+/// order, instead of one item for each key.
+class MORRANT_UI_EXPORT DopeSheetRow : public TimeEditorCurveItem
+{
+    Q_OBJECT
+
+public:
+    explicit DopeSheetRow(TimeEditorView* view, QGraphicsItem* parent = nullptr);
+    ~DopeSheetRow() override;
+
+    /// Shows what the host has now, and tells nobody; during a drag too, which goes on. Items stay
+    /// selected as the keys that they show, wherever in the list these have come: an item goes on
+    /// as the key at its frame, and as the one of its index where there is none. Frames that are
+    /// not finite are shown at 0.
+    void setKeys(const std::vector<DopeSheetKey>& keys);
+    /// What is shown, as the user has moved it: in the order in which the host gave the keys, also
+    /// where they have passed each other.
+    std::vector<DopeSheetKey> keys() const;
+    /// The item of a key by its place in that order; null for none.
+    TimeEditorKeyframeItem* item(std::size_t key) const;
+
+private:
+    std::vector<QPointer<TimeEditorKeyframeItem>> m_items; ///< as the host has its keys
+};

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "MorrantUI/timeline/DopeSheetPane.h"
+
+#include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/events.h>
+#include <MorrantUI/timeeditor/DopeSheetView.h>
+#include <MorrantUI/timeeditor/TimeEditorLayoutContainer.h>
+#include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
+#include <MorrantUI/timeeditor/TimeEditorScene.h>
+#include <MorrantUI/timeeditor/framefollowing.h>
+#include <MorrantUI/timeline/TimelineScene.h>
+#include <MorrantUI/timeline/TimelineView.h>
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QSize kUsualSize{900, 260}; ///< logical pixels
+constexpr int kHeaderWidth = 220;
+constexpr double kMarginShare = 20; ///< part of the frames that the scene reaches beyond them
+
+QVBoxLayout* bareColumn(QWidget* of)
+{
+    auto* const column = new QVBoxLayout(of);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    return column;
+}
+
+} // namespace
+
+DopeSheetPane::DopeSheetPane(QWidget* parent)
+    : Widget(parent)
+    , m_view(new DopeSheetView)
+    , m_ruler(new TimelineView)
+    , m_header(new TimeEditorRowHeader(m_view))
+{
+    m_view->setup(new TimeEditorScene(m_view, QRect(0, 0, 1, 1)));
+    m_ruler->setEditor(m_view);
+
+    auto* const left = new QWidget;
+    m_labels = bareColumn(left);
+    m_labels->addWidget(m_header, 1);
+    auto* const right = new QWidget;
+    QVBoxLayout* const frames = bareColumn(right);
+    frames->addWidget(m_ruler);
+    frames->addWidget(m_view, 1);
+
+    auto* const splitter = new QSplitter;
+    splitter->addWidget(left);
+    splitter->addWidget(right);
+    splitter->setSizes({kHeaderWidth, kUsualSize.width() - kHeaderWidth});
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
+    bareColumn(this)->addWidget(splitter);
+    setFocusProxy(m_view);
+    setCorner(nullptr);
+    connectViews();
+    const TimelineScene& time = *m_ruler->getTimelineScene();
+    m_view->setBackgroundRegion(time.getPlaybackStartFrame(), time.getPlaybackEndFrame());
+}
+
+DopeSheetPane::~DopeSheetPane()
+{
+    m_view->disconnect(this); // it outlives what is a pane of this object
+    m_ruler->disconnect(this);
+    m_ruler->getTimelineScene()->disconnect(this);
+}
+
+void DopeSheetPane::connectViews()
+{
+    connect(m_view, &DopeSheetView::zoomWanted, m_ruler, &TimelineView::zoomAt);
+    const auto noteZoom = [this] { m_isZoomed = true; };
+    connect(m_view, &TimeEditorView::scaleChanged, this, noteZoom);
+    connect(m_view, &TimeEditorView::rescale, this, noteZoom);
+    connect(m_ruler, &TimelineView::frameChanged, this, &DopeSheetPane::setCurrentFrame);
+    connect(
+        m_ruler->getTimelineScene(),
+        &TimelineScene::playbackRangeChanged,
+        m_view,
+        &TimeEditorView::setBackgroundRegion);
+    ui::installEventFilter(
+        m_view->viewport(),
+        [this](QObject*, QEvent* event) {
+            if (event->type() == QEvent::Resize) {
+                fitUnlessZoomed();
+            }
+            return false;
+        },
+        this);
+}
+
+TimeEditorScene& DopeSheetPane::scene() const
+{
+    return *m_view->getEditorScene();
+}
+
+void DopeSheetPane::setCorner(QWidget* corner)
+{
+    delete m_corner;
+    m_corner = corner ? corner : new QWidget;
+    m_corner->setFixedHeight(m_ruler->minimumSizeHint().height());
+    m_labels->insertWidget(0, m_corner);
+}
+
+// Frames
+
+void DopeSheetPane::setFrameRange(int first, int last)
+{
+    m_ruler->setFrameRange(first, last);
+    rowsChanged();
+    fitUnlessZoomed();
+}
+
+void DopeSheetPane::rowsChanged()
+{
+    const TimelineScene& time = *m_ruler->getTimelineScene();
+    const int first = time.getStartFrame();
+    const int last = time.getEndFrame();
+    const double frames = std::max(static_cast<double>(last) - first, 1.0);
+    const double margin = std::max(frames / kMarginShare, 1.0);
+    m_view->setFrameRange(first, last);
+    m_view->setPlaybackRange(first, last); // of a short one one could not zoom in
+    scene().setSceneRect(
+        first - margin, 0, frames + 2 * margin, scene().layoutContainer()->rowsBottom());
+}
+
+void DopeSheetPane::setPlaybackRange(int first, int last)
+{
+    m_ruler->setPlaybackRange(first, last);
+}
+
+void DopeSheetPane::setRate(double framesPerSecond)
+{
+    m_ruler->getTimelineScene()->setFramesPerSecond(framesPerSecond);
+    scene().setFps(static_cast<float>(framesPerSecond));
+}
+
+int DopeSheetPane::currentFrame() const
+{
+    return m_ruler->currentFrame();
+}
+
+void DopeSheetPane::setCurrentFrame(int frame)
+{
+    m_ruler->setCurrentFrame(frame);
+    m_view->setCurrentFrame(frame);
+    if (m_followsFrame && !m_ruler->isScrubbing()) {
+        ui::followFrame(m_view, frame);
+    }
+}
+
+void DopeSheetPane::setFollowsFrame(bool follows)
+{
+    m_followsFrame = follows;
+    setCurrentFrame(currentFrame());
+}
+
+// What is in sight
+
+std::optional<std::pair<double, double>> DopeSheetPane::zoomedFrames() const
+{
+    const QRectF seen = m_view->getVisibleRect();
+    return m_isZoomed ? std::optional(std::pair(seen.left(), seen.right())) : std::nullopt;
+}
+
+void DopeSheetPane::setZoomedFrames(const std::optional<std::pair<double, double>>& frames)
+{
+    m_isZoomed = frames.has_value();
+    if (frames) {
+        m_view->fitRect({frames->first, 0, frames->second - frames->first, 1});
+    }
+    fitUnlessZoomed();
+}
+
+void DopeSheetPane::fitUnlessZoomed()
+{
+    if (!m_isZoomed) {
+        m_ruler->fitFrameRange();
+    }
+}
+
+QSize DopeSheetPane::sizeHint() const
+{
+    return kUsualSize;
+}
+
+void DopeSheetPane::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), ui::colorQt(QStringLiteral("Window")));
+}
