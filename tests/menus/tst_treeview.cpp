@@ -217,6 +217,10 @@ private Q_SLOTS:
         for (const auto& [typed, end, name] : cases) {
             Garden garden(u"abc"_qs);
             QSignalSpy renamed(&garden.tree, &TreeView::renamed);
+            connect(&garden.tree, &TreeView::renamed, this, [&] { // a host that fills it anew
+                garden.model.clear();
+                fill(garden.model, u"axc"_qs);
+            });
             garden.select(u"b"_qs);
             garden.key(Qt::Key_F2);
             auto* const editor = garden.tree.findChild<QLineEdit*>();
@@ -237,6 +241,8 @@ private Q_SLOTS:
         garden.model.clear();
         fill(garden.model, u"xa(bc)a(dye)f(g)"_qs); // clear() resets, filling does not
         QVERIFY(!garden.tree.isExpanded(garden.model.index(2, 0)));
+        QApplication::processEvents();
+        QVERIFY(garden.tree.isExpanded(garden.model.index(2, 0)) && garden.selected() == u"eg");
         QIdentityProxyModel proxy;
         garden.tree.setModel(&proxy);
         proxy.setSourceModel(&garden.model);
@@ -276,8 +282,8 @@ private Q_SLOTS:
     void aSwitchNeitherSelectsNorDrags()
     {
         Garden garden(u"abc"_qs);
-        garden.model.setColumnCount(2);
         garden.tree.setSwitchColumns({1, 7}); // which it does not have
+        garden.model.setColumnCount(2);       // but may get
         QSignalSpy pressed(&garden.tree, &TreeView::switchPressed);
         QWidget* const viewport = garden.tree.viewport();
         const QPoint at = garden.tree.visualRect(garden.model.index(1, 1)).center();

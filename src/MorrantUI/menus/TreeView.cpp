@@ -77,18 +77,53 @@ void TreeView::setModel(QAbstractItemModel* newModel)
     if (newModel) {
         m_watches += connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
             m_drag->giveUp();
-            m_memory->keep(*this, m_keyRole);
+            if (!m_awaitsRows) {
+                m_memory->keep(*this, m_keyRole);
+            }
         });
         m_watches += connect(newModel, &QObject::destroyed, this, [this] { m_drag->giveUp(); });
     }
     QTreeView::setModel(newModel);
     if (newModel) { // behind the base's own answer
         m_watches += connect(newModel, &QAbstractItemModel::modelReset, this, [this] {
-            m_memory->restore(*this, m_keyRole);
+            recall();
             fitSwitches();
         });
+        m_watches +=
+            connect(newModel, &QAbstractItemModel::columnsInserted, this, &TreeView::fitSwitches);
     }
+    m_awaitsRows = false;
     fitSwitches();
+}
+
+/// A model that is emptied and filled tells of a reset only while it is empty: its rows are there
+/// when the event loop comes round.
+void TreeView::recall()
+{
+    if (model()->rowCount(rootIndex()) > 0) {
+        m_awaitsRows = false;
+        m_memory->restore(*this, m_keyRole);
+    } else if (!std::exchange(m_awaitsRows, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                const bool isChosen =
+                    selectionModel()
+                    && (selectionModel()->hasSelection() || currentIndex().isValid());
+                if (std::exchange(m_awaitsRows, false) && !isChosen) { // else by the host
+                    m_memory->restore(*this, m_keyRole);
+                }
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+void TreeView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool isPutAway = editor && editor->isHidden(); // by a reset in the slot of renamed()
+    if (!isPutAway) {
+        QTreeView::closeEditor(editor, hint);
+    }
 }
 
 void TreeView::setReordering(Reordering reordering)

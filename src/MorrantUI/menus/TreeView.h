@@ -20,8 +20,10 @@ class TreeMemory;
 /// them; while they do, shortcuts of the window that are plain letters do not act.
 ///
 /// What is open, selected and current is found again by the names of rows when the model is reset,
-/// so that a host may fill its model anew after every change. Several rows can be selected. All
-/// rows have the height of the first one, which keeps a hundred thousand of them quick.
+/// so that a host may fill its model anew after every change: in one reset, or emptied and then
+/// filled within one turn of the event loop, as a QStandardItemModel is; also in the slots of what
+/// the tree reports. Several rows can be selected. All rows have the height of the first one, which
+/// keeps a hundred thousand of them quick.
 class MORRANT_UI_EXPORT TreeView : public QTreeView
 {
     Q_OBJECT
@@ -92,6 +94,9 @@ protected:
     virtual QList<QPersistentModelIndex> moveRows(
         const QModelIndexList& rows, const QModelIndex& parent, int row);
 
+    /// Takes no notice of an editor that went with the rows of before.
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -107,6 +112,7 @@ private:
 
     bool pressSwitch(const QMouseEvent& event);
     void fitSwitches();
+    void recall();
     bool reorder(const QModelIndexList& rows, const QModelIndex& parent, int row);
     QList<QStandardItem*> openItems(const QModelIndexList& rows) const;
     void select(const QList<QPersistentModelIndex>& rows);
@@ -118,5 +124,6 @@ private:
     QList<int> m_switches; ///< columns
     std::unique_ptr<RowDrag> m_drag;
     std::unique_ptr<TreeMemory> m_memory;
+    bool m_awaitsRows = false; ///< the model was emptied in this turn of the event loop
     QList<QMetaObject::Connection> m_watches; ///< of the model
 };
