@@ -34,7 +34,9 @@ QWidget* timeEditorChapter()
     auto* view = new TimeEditorView;
     auto* scene = new TimeEditorScene(view, QRect(0, 0, 100, 44)); // the view's from setup() on
     view->setup(scene);
-    view->setUtils(new HostUtils(view)); // your TimeEditorUtils: copy, paste, menus
+    auto* edits = new HostUtils(view); // your TimeEditorUtils: copy, paste, menus
+    edits->setParent(view);            // the view does not own it
+    view->setUtils(edits);
     scene->setFps(24);
 
     auto* row = new TimeEditorCurveItem(view); // an animated attribute

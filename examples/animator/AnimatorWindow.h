@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Animation.h"
+
+#include <QUndoStack>
+#include <QWidget>
+
+#include <memory>
+
+class DopeSheetPane;
+class DopeSheetRow;
+class TimeEditorUtils;
+class ValueGraphCurve;
+class ValueGraphView;
+
+/// A dope sheet with its ruler and, below, the same keys as curves of values: two views of one
+/// document, each of which shows at every step what is edited in the other.
+class AnimatorWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit AnimatorWindow(Animation animation);
+    ~AnimatorWindow() override;
+
+    const Animation& animation() const { return m_now; }
+    QUndoStack& history() { return m_history; }
+    DopeSheetPane& sheet() { return *m_sheet; }
+    ValueGraphView& graph() { return *m_graph; }
+    DopeSheetRow& row(std::size_t property) { return *m_rows.at(property).keys; }
+
+    /// Shows a change that is under way.
+    void preview(Animation animation);
+    /// Makes a step of all that was previewed. None where nothing is different.
+    void finish(const QString& text);
+
+private:
+    class Step;
+    struct Row
+    {
+        DopeSheetRow* keys;     ///< the dope sheet's
+        ValueGraphCurve* curve; ///< the graph's
+    };
+
+    void connectViews();
+    void showAnimation();
+    void takeKeys();
+    void takeCurves();
+    void takeTime();
+
+    Animation m_now;
+    Animation m_before; ///< as the history has it
+    QUndoStack m_history;
+    DopeSheetPane* m_sheet;
+    ValueGraphView* m_graph;
+    std::unique_ptr<TimeEditorUtils> m_edits; ///< stays the host's
+    std::vector<Row> m_rows;                  ///< as the document has its properties
+};
