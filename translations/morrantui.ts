@@ -130,6 +130,13 @@
     </message>
 </context>
 <context>
+    <name>DopeSheetView</name>
+    <message>
+        <source>Keys over frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>DragReadout</name>
     <message>
         <source>%1  →  %2</source>
@@ -445,6 +452,17 @@
     </message>
     <message>
         <source>Show All Frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ValueGraphView</name>
+    <message>
+        <source>Values over frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Frame %1, value %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

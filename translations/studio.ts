@@ -943,13 +943,6 @@
     </message>
 </context>
 <context>
-    <name>studio::DopeSheetView</name>
-    <message>
-        <source>Keys over frames</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>studio::EasingEditor</name>
     <message>
         <source>Easing</source>
@@ -1573,17 +1566,6 @@
     </message>
     <message>
         <source>Change Keys</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>studio::ValueGraphView</name>
-    <message>
-        <source>Values over frames</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Frame %1, value %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

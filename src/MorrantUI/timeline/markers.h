@@ -13,8 +13,8 @@ struct TimelineMarker
     int id = 0; ///< within its scene; above 0, and 0 only for a marker that has not got one yet
     int frame = 0;
     int duration = 0; ///< frames that it reaches over; none at 0 or less
-    QString name;
-    QColor color; ///< an invalid one stands for the theme's "Accent3"
+    QString name = {};
+    QColor color = {}; ///< an invalid one stands for the theme's "Accent3"
 
     friend bool operator==(const TimelineMarker&, const TimelineMarker&) = default;
 };
