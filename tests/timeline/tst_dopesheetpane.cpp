@@ -35,8 +35,7 @@ private Q_SLOTS:
         QVERIFY(view.frameNumber() == 42 && pane.currentFrame() == 42);
 
         view.setFocus();
-        QTest::keyClick(&view, Qt::Key_Plus);
-        QTest::keyClick(&view, Qt::Key_Plus);
+        QTest::keyClicks(&view, u"++"_qs);
         const auto zoomed = pane.zoomedFrames();
         QVERIFY(zoomed && zoomed->second - zoomed->first < 80);
         QCOMPARE(pane.ruler().pixelsPerFrame(), view.transform().m11());
@@ -54,6 +53,31 @@ private Q_SLOTS:
         QVERIFY(isWhole());
         pane.setZoomedFrames(std::pair(10.0, 30.0));
         QVERIFY(view.getVisibleRect().width() < 30 && pane.zoomedFrames());
+    }
+    void aRowKeepsItsItemsAsTheHostPushesItsKeysBack()
+    {
+        DopeSheetPane pane;
+        auto* const row = new DopeSheetRow(&pane.view());
+        row->setKeys({{10, KeyEasing::Hold}, {40}, {60}, {std::nan("")}});
+        QCOMPARE(row->keys().back().frame, 0.0);
+        pane.scene().addLayoutItem(row);
+        pane.setFrameRange(0, 100);
+        pane.resize(900, 300);
+        ui::test::showActive(pane);
+        connect(&pane.view(), &TimeEditorView::keysMoving, this, [row] {
+            auto keys = row->keys();
+            std::sort(keys.begin(), keys.end(), [](auto& a, auto& b) { return a.frame < b.frame; });
+            row->setKeys(keys);
+        });
+        const TimeEditorKeyframeItem* const held = row->item(1);
+        const auto at = [&](double frame) { return pane.view().mapFromScene(frame, 11); };
+        ui::test::FakePointer pointer(pane.view().viewport());
+        pointer.press(at(40));
+        pointer.drop(at(70), 5);
+        QCOMPARE(row->keys(), (std::vector<DopeSheetKey>{{0}, {10, KeyEasing::Hold}, {60}, {70}}));
+        QVERIFY(held == row->item(3) && held->isSelected());
+        row->setKeys({{10}, {70}}); // two have gone
+        QVERIFY(held == row->item(1) && row->keyframes().size() == 2);
     }
 };
 

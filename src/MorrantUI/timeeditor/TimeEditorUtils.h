@@ -28,6 +28,7 @@ public:
     /// A frame and the key that had it when an edit began.
     using FrameKeys = std::vector<std::pair<int, TimeEditorKeyframeItem*>>;
 
+    /// @param view that it serves, and that does not become its parent: the host owns the object
     explicit TimeEditorUtils(TimeEditorView* view);
     ~TimeEditorUtils() override;
 

@@ -81,7 +81,8 @@ public:
     void setUtils(TimeEditorUtils* utils);
     TimeEditorUtils* utils() const { return m_utils; }
 
-    /// Lays out the scene's rectangle and the zoom, and centres the view on the current frame.
+    /// Lays out the scene's rectangle and the zoom, for the size that the view has now, and centres
+    /// it on the current frame. A DopeSheetPane keeps all frames in sight by itself.
     /// @param height scene units, of all rows; 0 keeps the scene's. Frames that are not finite are
     ///     ignored.
     void setupViewAndScene(double first, double last, int height);
