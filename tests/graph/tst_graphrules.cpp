@@ -118,7 +118,9 @@ private Q_SLOTS:
             QCOMPARE(axisStep(least), step);
         }
         QCOMPARE(axisLines(-3, 5, 2), (std::vector<double>{-2, 0, 2, 4}));
-        QVERIFY(axisLines(0, 1e9, 1).empty() && axisLines(0, 9, 0).empty());
+        QVERIFY(
+            axisLines(0, 1e9, 1).empty() && axisLines(1e18, 1e18 + 256, 1).size() <= 1000
+            && axisLines(0, 9, 0).empty());
         QVERIFY(axisLabel(-0.0, 1) == u"0" && axisLabel(0.25, 0.05) == QLocale().toString(0.25));
     }
     void pointsGoOnAsTheKeysAtTheirPlaces()

@@ -87,6 +87,8 @@ private Q_SLOTS:
         view.pointer.moveTo(view.mapFromScene(70, -90)); // past another, in the host's order too
         QCOMPARE(view.shown(), u"0:0 60:-20 70:50*"_qs);
         view.pointer.release();
+        QCoreApplication::processEvents();
+        QVERIFY(view.sees(70, 50)); // fitted again, at the end
 
         view.curve->setKeys({{60, -20}, {70, 50}}); // one has gone, and the selected one stays
         QCOMPARE(view.shown(), u"60:-20 70:50*"_qs);
@@ -95,6 +97,9 @@ private Q_SLOTS:
         QCOMPARE(told.count(), 1);
         view.curve->setKeys({{std::nan(""), 3}, {5, 5}});
         QCOMPARE(view.shown(), u"0:3 5:5"_qs);
+        view.curve->setKeys({{-1e308, 1e308, {}, {9e307, -9e307}}, {1e308, -1e308}});
+        QCoreApplication::processEvents();
+        QVERIFY(!view.grab().isNull());
     }
     void allCurvesStayFittedUntilTheUserZooms()
     {

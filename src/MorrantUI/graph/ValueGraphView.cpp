@@ -30,6 +30,7 @@ constexpr double kLineDistance = 32;  ///< pixels at least from one value's line
 constexpr double kExtentRoom = 20;    ///< times the extent, on each side
 constexpr double kAxisShare = 0.08;   ///< of what is fitted, left free for labels
 constexpr double kNudgesPerLine = 10; ///< Up and Down, from one labelled value to the next
+constexpr double kFarthest = 1e100;   ///< scene units that are looked at
 constexpr int kLabelMargin = 4;       ///< pixels
 
 /// Keys that belong to the graph while it has the focus, although the window's menus have them too.
@@ -59,6 +60,16 @@ void setLinePen(QPainter& painter, const QString& colorName)
     QPen pen(ui::colorQt(colorName), 1);
     pen.setCosmetic(true);
     painter.setPen(pen);
+}
+
+/// A rectangle that can be reckoned with, whatever the host's numbers; null where they are none.
+QRectF within(const QRectF& rect)
+{
+    const auto near = [](double number) { return std::clamp(number, -kFarthest, kFarthest); };
+    const QRectF held(
+        QPointF(near(rect.left()), near(rect.top())),
+        QPointF(near(rect.right()), near(rect.bottom())));
+    return std::isfinite(held.width()) && std::isfinite(held.height()) ? held : QRectF();
 }
 
 } // namespace
@@ -118,6 +129,13 @@ void ValueGraphView::setCurrentFrame(int frame)
     }
 }
 
+void ValueGraphView::setHint(const QString& hint)
+{
+    m_hint = hint;
+    setAccessibleDescription(hint);
+    viewport()->update();
+}
+
 // What is shown
 
 /// Many curves may change together: their extent is taken once.
@@ -134,12 +152,12 @@ void ValueGraphView::noteKeys(bool hasNewPoints)
 /// What can be scrolled to: all curves and much around them. A gesture does it at its end.
 void ValueGraphView::takeExtent()
 {
-    if (m_isEditing || !std::exchange(m_isExtentStale, false)) {
+    if (!std::exchange(m_isExtentStale, false) || m_isEditing) {
         return;
     }
     m_curves.erase(std::remove(m_curves.begin(), m_curves.end(), nullptr), m_curves.end());
     const auto bounds = pointBounds(true);
-    const QRectF extent = bounds.value_or(QRectF());
+    const QRectF extent = within(bounds.value_or(QRectF()));
     const double x = kExtentRoom * std::max(extent.width(), 1.0);
     const double y = kExtentRoom * std::max(extent.height(), 1.0);
     setSceneRect(extent.adjusted(-x, -y, x, y));
@@ -178,7 +196,7 @@ void ValueGraphView::fitAll()
     m_isFitted = true;
     takeExtent();
     if (const auto bounds = pointBounds(true)) {
-        fit(*bounds);
+        fit(within(*bounds));
     }
 }
 
@@ -221,6 +239,10 @@ void ValueGraphView::drawForeground(QPainter* painter, const QRectF& rect)
     painter->drawLine(QLineF(m_frame, rect.top(), m_frame, rect.bottom()));
     painter->resetTransform();
     paintLabels(*painter);
+    if (curves().empty()) {
+        painter->setPen(ui::colorQt(QStringLiteral("HelperHints")));
+        painter->drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+    }
     painter->restore();
 }
 
@@ -231,6 +253,7 @@ void ValueGraphView::paintLabels(QPainter& painter) const
     const QRectF seen = getVisibleRect();
     const QFontMetricsF metrics(font());
     painter.setFont(font());
+    painter.setLayoutDirection(Qt::LeftToRight); // a minus stands before its number
     painter.setPen(ui::colorQt(QStringLiteral("Text")));
     const double bottom = viewport()->height() - kLabelMargin;
     for (const double y : axisLines(seen.top(), seen.bottom(), step.height())) {

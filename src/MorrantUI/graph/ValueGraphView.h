@@ -42,6 +42,11 @@ public:
     int currentFrame() const { return m_frame; }
     void setCurrentFrame(int frame); ///< repaints; nothing is told
 
+    /// What stands in the middle while there are no curves, such as how to get some; it is the
+    /// accessible description, too. Empty for nothing.
+    const QString& hint() const { return m_hint; }
+    void setHint(const QString& hint);
+
     /// Whether keys go by whole frames. On at first.
     bool snapsToFrames() const { return m_snapsToFrames; }
     void setSnapsToFrames(bool snaps) { m_snapsToFrames = snaps; }
@@ -97,6 +102,7 @@ private:
 
     std::vector<QPointer<ValueGraphCurve>> m_curves; ///< the scene's
     int m_frame = 0;
+    QString m_hint;
     bool m_snapsToFrames = true;
     bool m_isEditing = false;     ///< between gestureStarted() and gestureEnded()
     bool m_isExtentStale = false; ///< curves have other keys

@@ -10,7 +10,7 @@ namespace ui::Graph {
 
 namespace {
 
-constexpr double kMostLines = 1000;
+constexpr int kMostLines = 1000;
 constexpr int kMostDecimals = 6;
 
 } // namespace
@@ -33,8 +33,9 @@ std::vector<double> axisLines(double first, double last, double step)
 {
     std::vector<double> lines;
     if (step > 0 && (last - first) / step < kMostLines) {
-        for (double n = std::ceil(first / step); n * step <= last; ++n) {
-            lines.push_back(n * step);
+        const double from = std::ceil(first / step);
+        for (int i = 0; i < kMostLines && (from + i) * step <= last; ++i) { // from may be huge
+            lines.push_back((from + i) * step);
         }
     }
     return lines;

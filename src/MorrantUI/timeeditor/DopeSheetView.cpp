@@ -100,6 +100,9 @@ void DopeSheetView::mouseReleaseEvent(QMouseEvent* event)
     if (alive) {
         Q_EMIT gestureEnded();
     }
+    if (alive) {
+        Q_EMIT released();
+    }
 }
 
 void DopeSheetView::wheelEvent(QWheelEvent* event)

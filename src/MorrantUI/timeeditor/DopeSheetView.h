@@ -30,6 +30,7 @@ Q_SIGNALS:
     void zoomWanted(double factor, int x);
     /// The mouse is done: a click, or the end of a drag, whichever way.
     void gestureEnded();
+    void released(); ///< after it, where it was a button that was let go
 
 protected:
     void abandonGesture() override;

@@ -41,6 +41,7 @@ DopeSheetPane::DopeSheetPane(QWidget* parent)
     , m_ruler(new TimelineView)
     , m_header(new TimeEditorRowHeader(m_view))
 {
+    setFocusProxy(m_view); // first: of a view inside it, Qt would take others out of Tab's order
     m_view->setup(new TimeEditorScene(m_view, QRect(0, 0, 1, 1)));
     m_ruler->setEditor(m_view);
 
@@ -60,7 +61,8 @@ DopeSheetPane::DopeSheetPane(QWidget* parent)
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
     bareColumn(this)->addWidget(splitter);
-    setFocusProxy(m_view);
+    setTabOrder(m_view, m_header); // Tab comes to the proxy first, and would pass over these
+    setTabOrder(m_header, m_ruler);
     setCorner(nullptr);
     connectViews();
     const TimelineScene& time = *m_ruler->getTimelineScene();

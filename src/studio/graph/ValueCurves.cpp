@@ -20,10 +20,15 @@ namespace studio {
 
 namespace {
 
-QString colorName(std::size_t entry, bool isAlone)
+/// Split positions have the colours of the axes that they are, as one of two entries has.
+QString colorNameOf(Attribute attribute, std::size_t entry, std::size_t count)
 {
     static const std::array<QString, 4> kNames{u"Red"_qs, u"Green"_qs, u"Blue"_qs, u"Grey"_qs};
-    return isAlone ? u"Accent2"_qs : kNames.at(entry % kNames.size());
+    const bool isY = attribute == Attribute::PositionY;
+    if (count == 1 && !isY && attribute != Attribute::PositionX) {
+        return u"Accent2"_qs;
+    }
+    return kNames.at((isY ? 1 : entry) % kNames.size());
 }
 
 QPointF atOffset(const HandleOffset& offset)
@@ -92,8 +97,8 @@ void ValueCurves::build()
             const std::size_t count = std::min(
                 entryCount(address.attribute), static_cast<std::size_t>(property->dimensions));
             for (std::size_t entry = 0; entry < count; ++entry) {
-                m_curves.push_back(
-                    {address, entry, m_view.addCurve({}, colorName(entry, count == 1)), {}, {}});
+                const QString color = colorNameOf(address.attribute, entry, count);
+                m_curves.push_back({address, entry, m_view.addCurve({}, color), {}, {}});
             }
         }
     }

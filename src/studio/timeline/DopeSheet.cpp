@@ -89,6 +89,7 @@ DopeSheet::~DopeSheet()
 
 void DopeSheet::buildLayout()
 {
+    setFocusProxy(m_view); // of a view inside it, Qt would take the others out of the order of Tab
     auto* corner = new QWidget;
     auto* buttons = new QHBoxLayout(corner);
     buttons->setContentsMargins(4, 0, 4, 0);
@@ -105,7 +106,6 @@ void DopeSheet::buildLayout()
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_pane);
-    setFocusProxy(m_view);
 }
 
 void DopeSheet::connectViews()
