@@ -1059,6 +1059,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Its keys cannot be edited, and are seen in the dope sheet only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Change Key</source>
         <translation type="unfinished"></translation>
     </message>

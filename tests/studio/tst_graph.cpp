@@ -29,6 +29,7 @@ Document turning()
     QByteArray text = "'ty':3,'nm':'A','ks':{'r':{'a':1,'k':["
                       "{'t':10,'s':[0],'o':{'x':[0.5],'y':[0]},'i':{'x':[0.5],'y':[1]}},"
                       "{'t':50,'s':[100]},{'t':70,'s':[100]}]},"
+                      "'sk':{'a':1,'k':[{'t':0,'s':[0]},{'t':20,'s':[9]}]},"
                       "'o':{'a':1,'k':[{'t':0,'s':[0]},{'t':20,'s':[100]}]}}";
     return studio::test::documentOf(studio::test::layer(text.replace("'", "\"")));
 }
@@ -150,6 +151,8 @@ private Q_SLOTS:
         Graph window;
         QCOMPARE(window.rotation(), kStart);
         QCOMPARE(window.shown(), u"10:0 | 50:100 | 70:100"_qs);
+        const QListWidgetItem* const skew = window.graph().properties().item(2); // not to be edited
+        QVERIFY(skew && skew->text() == u"Skew" && !(skew->flags() & Qt::ItemIsEnabled));
         window.drag(window.at(50, 100), window.at(40.2, 60));
         QVERIFY(window.rotation().startsWith(u"10:0 0.5,0.0 0.5,1.0 | 40:60"_qs)); // meanwhile
         QTest::keyClick(&window.view(), Qt::Key_Escape);

@@ -200,13 +200,16 @@ void GraphEditor::listProperties()
     const auto document = m_editor ? m_editor->document() : nullptr;
     std::vector<PropertyAddress> rows;
     QStringList names;
+    QStringList others; // such as a mask's path: they are named all the same
     for (const KeyRow& row : document ? keyRowsOf(*document, m_layer) : std::vector<KeyRow>()) {
         if (row.address) {
             rows.push_back(*row.address);
             names.append(row.name);
+        } else {
+            others.append(row.name);
         }
     }
-    if (rows == m_rows && m_list->count() == names.size()) {
+    if (rows == m_rows && m_list->count() == names.size() + others.size()) {
         return;
     }
     const std::vector<PropertyAddress> chosen = m_curves->properties();
@@ -215,6 +218,11 @@ void GraphEditor::listProperties()
         const QSignalBlocker quiet(m_list);
         m_list->clear();
         m_list->addItems(names);
+        for (const QString& other : others) {
+            auto* item = new QListWidgetItem(other, m_list);
+            item->setFlags(Qt::NoItemFlags);
+            item->setToolTip(tr("Its keys cannot be edited, and are seen in the dope sheet only"));
+        }
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const bool isChosen = std::find(chosen.begin(), chosen.end(), rows[i]) != chosen.end();
             m_list->item(static_cast<int>(i))->setSelected(isChosen);
