@@ -35,7 +35,8 @@ class GraphEdit;
 ///
 /// What points and handles report while the user drags, nudges or scales them comes at the end of
 /// each step, when everything has moved. editStarted() and editEnded() lie around all steps of a
-/// gesture, which a host makes one step of its history. Escape takes a gesture back.
+/// gesture, which a host makes one step of its history. Escape takes a gesture back. Drags scroll
+/// at the viewport's edge, as far as the scene's rectangle lets them.
 class MORRANT_UI_EXPORT GeneralGraphView : public GraphicsView
 {
     Q_OBJECT
