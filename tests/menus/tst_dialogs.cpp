@@ -101,13 +101,10 @@ private Q_SLOTS:
             QLineEdit* const field = fieldOf(dialog);
             QCOMPARE(dialog.focusWidget(), field);
             QCOMPARE(field->accessibleName(), u"Name:"_qs);
-            for (const QString& entered : {QString(), u"  "_qs, u"x"_qs}) {
+            for (const QString& entered : {QString(), u"  "_qs}) {
                 field->setText(entered);
-                QCOMPARE(buttonOf(dialog, Box::Ok)->isEnabled(), entered == u"x"_qs);
-                if (entered != u"x"_qs) {
-                    QTest::keyClick(field, Qt::Key_Return);
-                    QVERIFY(dialog.isVisible());
-                }
+                QTest::keyClick(field, Qt::Key_Return);
+                QVERIFY(!buttonOf(dialog, Box::Ok)->isEnabled() && dialog.isVisible());
             }
         });
         QVERIFY(!ask({}));

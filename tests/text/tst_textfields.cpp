@@ -147,12 +147,7 @@ private Q_SLOTS:
         for (const bool isCode : {true, false}) {
             QMimeData data;
             data.setText(isCode ? u"5"_qs : u"five"_qs);
-            QDragEnterEvent enter({5, 5}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(field.viewport(), &enter);
-            QDropEvent drop({5, 5}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-            drop.ignore();
-            QCoreApplication::sendEvent(field.viewport(), &drop);
-            QCOMPARE(drop.isAccepted(), isCode);
+            QCOMPARE(ui::test::dropOn(*field.viewport(), data), isCode);
         }
         QCOMPARE(field.toPlainText().size(), kept.size() + 1);
     }
