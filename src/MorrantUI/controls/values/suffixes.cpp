@@ -24,8 +24,9 @@ QRect suffixRect(const QLineEdit& field)
     const int width = field.textMargins().right();
     const int text = field.fontMetrics().horizontalAdvance(field.text()) + 2 * kTextMargin;
     const QSize room(std::min(inner.width(), text + width), inner.height());
-    const QRect whole =
-        QStyle::alignedRect(field.layoutDirection(), field.alignment(), room, inner);
+    // A line edit aligns by its text, not by the window around it.
+    const auto direction = field.text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    const QRect whole = QStyle::alignedRect(direction, field.alignment(), room, inner);
     return {whole.right() + 1 - width - kTextMargin, whole.top(), width, whole.height()};
 }
 
@@ -54,6 +55,7 @@ void paintSuffix(QLineEdit& field, const QString& suffix)
     QPainter painter(&field);
     painter.setPen(field.palette().color(QPalette::Text));
     painter.setOpacity(field.isEnabled() ? kSuffixStrength : kDisabledOpacity);
+    painter.setLayoutDirection(Qt::LeftToRight);
     painter.drawText(suffixRect(field), Qt::AlignVCenter | Qt::TextSingleLine, suffix);
 }
 
