@@ -95,6 +95,19 @@ private Q_SLOTS:
         stage.row.setLinked(false);
         stage.row.setValue(0, 90);
         stage.follow({{"", "", "90.0|60.0|10.0"}});
+
+        QList<double> model{90, 60, 10}; // of a host that shows all of it at each report
+        connect(&stage.row, &AttributeRow::valueChanged, &stage.row, [&](int index) {
+            model[index] = stage.row.value(index);
+            for (int i = 0; i < model.size(); ++i) {
+                stage.row.setValue(i, model[i]);
+            }
+        });
+        stage.row.setLinked(true);
+        stage.play("#0 in =45 Return");
+        QCOMPARE(model, QList<double>({45, 30, 5}));
+        stage.row.reset();
+        QCOMPARE(model, QList<double>({0, 20, 0}));
     }
 
     void aKeyframeGetsTheValueThatIsSeen()

@@ -78,7 +78,8 @@ NumericField* AttributeFields::at(int index) const
 void AttributeFields::setValue(int index, double value)
 {
     Field* const field = find(index);
-    if (field && !std::isnan(value) && field->shown->show(value)) {
+    const bool isDue = std::find(m_due.begin(), m_due.end(), index) != m_due.end();
+    if (field && !isDue && !std::isnan(value) && field->shown->show(value)) {
         rememberValues();
     }
 }
@@ -135,6 +136,17 @@ void AttributeFields::report(int index, bool committed)
     }
 }
 
+void AttributeFields::reportAll(std::vector<int> indices, bool committed)
+{
+    const QPointer<AttributeFields> self(this);
+    m_due = std::move(indices);
+    while (self && !m_due.empty()) {
+        const int index = m_due.front();
+        m_due.erase(m_due.begin());
+        report(index, committed);
+    }
+}
+
 void AttributeFields::fieldChanged(int index, bool committed)
 {
     Field* const field = find(index);
@@ -150,11 +162,7 @@ void AttributeFields::fieldChanged(int index, bool committed)
         moved.insert(moved.end(), others.begin(), others.end());
     }
     const QPointer<AttributeFields> self(this);
-    for (const int reported : moved) {
-        if (self) {
-            report(reported, committed);
-        }
-    }
+    reportAll(std::move(moved), committed);
     if (self && committed) {
         commitSteps();
     }

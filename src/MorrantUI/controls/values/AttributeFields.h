@@ -27,13 +27,14 @@ public:
     int count() const { return static_cast<int>(m_fields.size()); }
     NumericField* at(int index) const;
 
-    /// Shows a value, but not in place of what is being typed. Emits nothing.
+    /// Shows a value, but not in place of what is being typed, or of what has changed and is next
+    /// to be told: a host may show all that it has at each report. Emits nothing.
     void setValue(int index, double value);
 
     void setDefaultValue(int index, double value);
     bool areAtDefault() const;
     /// Shows the defaults and emits nothing.
-    /// @return the fields that this has changed, to be told to report()
+    /// @return the fields that this has changed, to be given to reportAll()
     std::vector<int> showDefaults();
 
     void setLocked(bool locked) { m_locked = locked; }
@@ -41,8 +42,8 @@ public:
     /// Commits what is being typed as Return does; the focus stays.
     void commitTyping();
 
-    /// Emits changed() for a change made from outside. The caller may be deleted by it.
-    void report(int index, bool committed);
+    /// Emits changed() for each. The caller may be deleted by it.
+    void reportAll(std::vector<int> indices, bool committed);
 
 Q_SIGNALS:
     /// False at each step of a change, true once at its end.
@@ -69,10 +70,12 @@ private:
     Field* find(int index);
     void fieldChanged(int index, bool committed);
     void fieldDragged(int index, bool dragging);
+    void report(int index, bool committed);
     std::vector<int> scaleOthers(int index);
     bool commitSteps();
     void rememberValues();
 
     std::vector<Field> m_fields;
+    std::vector<int> m_due; ///< changed, and next to be reported
     bool m_locked = false;
 };

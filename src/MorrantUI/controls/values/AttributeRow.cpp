@@ -380,11 +380,7 @@ void AttributeRow::reset()
     }
     updateReset();
 
-    for (const int index : changed) {
-        if (self) {
-            m_parts->fields->report(index, true);
-        }
-    }
+    m_parts->fields->reportAll(changed, true);
     if (self && recolored) {
         Q_EMIT colorChanged(true);
     }
