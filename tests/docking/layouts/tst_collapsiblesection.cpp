@@ -138,6 +138,11 @@ private Q_SLOTS:
         panel.toggle();
         QTest::keyClick(after, Qt::Key_Backtab);
         QVERIFY(panel.content->field->hasFocus());
+        auto* late = new QLineEdit; // comes to the same place
+        panel.section->setContent(late);
+        after->setFocus();
+        QTest::keyClick(after, Qt::Key_Backtab);
+        QVERIFY(late->hasFocus());
     }
 
     void theContentComesBackAsHighAsItWas()

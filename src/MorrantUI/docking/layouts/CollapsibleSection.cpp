@@ -8,6 +8,29 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
+
+namespace {
+
+/// Qt puts a newcomer behind everything that is in the window by now.
+void putBehind(QWidget& header, QWidget& content)
+{
+    QList<QWidget*> stops{&content};
+    for (QWidget* next = content.nextInFocusChain(); content.isAncestorOf(next);
+         next = next->nextInFocusChain())
+    {
+        stops.append(next);
+    }
+    QWidget* before = &header;
+    for (QWidget* const stop : std::as_const(stops)) {
+        if ((stop->focusPolicy() & Qt::TabFocus) != 0) {
+            QWidget::setTabOrder(before, stop);
+            before = stop;
+        }
+    }
+}
+
+} // namespace
 
 CollapsibleSection::CollapsibleSection(const QString& title, QWidget* parent)
     : QWidget(parent)
@@ -67,6 +90,7 @@ void CollapsibleSection::setContent(QWidget* content)
     if (content) {
         m_fold->addWidget(content); // out of the one before, too, if it is in there
         content->setVisible(!isHidden);
+        putBehind(*m_header, *content);
     }
     if (previous && previous->parentWidget() == m_body) {
         m_fold->removeWidget(previous);
