@@ -44,6 +44,7 @@ TransportBar::TransportBar(
     , m_code(new TimeCodeField(this))
 {
     setWindowTitle(tr("Transport"));
+    setLayoutDirection(Qt::LeftToRight); // as time goes, in the editors over it too
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* strip = new QWidget;
     strip->setLayout(m_layout);

@@ -21,6 +21,9 @@
 GraphicsView::GraphicsView(QWidget* parent)
     : QGraphicsView(parent)
 {
+    // Frames and values go from left to right wherever one reads the other way: scroll bars stand
+    // where those of a ruler above do, and a minus before its number.
+    setLayoutDirection(Qt::LeftToRight);
     setFrameShape(QFrame::NoFrame);
     setFrameShadow(QFrame::Plain);
     ui::installAccessible<GraphicsView, ui::AccessibleView>();

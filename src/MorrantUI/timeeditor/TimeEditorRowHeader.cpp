@@ -33,6 +33,7 @@ TimeEditorRowHeader::TimeEditorRowHeader(TimeEditorView* view, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     ui::installAccessible<TimeEditorRowHeader, ui::AccessibleAs<QAccessible::List>>();
     setAccessibleName(tr("Rows"));
+    setLayoutDirection(Qt::LeftToRight); // as the rows beside it
     if (!view) {
         return;
     }
@@ -187,6 +188,7 @@ bool TimeEditorRowHeader::eventFilter(QObject* watched, QEvent* event)
 void TimeEditorRowHeader::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection()); // Qt would ask the application
     painter.fillRect(rect(), ui::colorQt(QStringLiteral("Window")));
     if (!m_view) {
         return;

@@ -47,6 +47,7 @@ void TimeEditorView::paintEvent(QPaintEvent* event)
         return;
     }
     QPainter painter(viewport());
+    painter.setLayoutDirection(Qt::LeftToRight); // a minus stands before its number
     painter.setRenderHint(QPainter::Antialiasing);
     if (showsRing) {
         const QRect key = mapFromScene(m_walkedKey->sceneBoundingRect()).boundingRect();

@@ -428,6 +428,7 @@ void TimelineView::paintEvent(QPaintEvent* event)
     GraphicsView::paintEvent(event);
     if (hasFocus() && m_showsFocus) {
         QPainter painter(viewport());
+        painter.setLayoutDirection(Qt::LeftToRight); // a minus stands before its number
         ui::drawFocusRing(painter, viewport()->rect());
     }
 }
