@@ -4,6 +4,8 @@
 #include "controls/PaintCounter.h"
 #include "lottie/evaluate.h"
 #include "studiotest.h"
+#include "timeline/DopeSheet.h"
+#include "timeline/DopeSheetView.h"
 #include <MorrantUI/MorrantUI.h>
 
 using namespace studio;
@@ -352,6 +354,25 @@ private Q_SLOTS:
         QCOMPARE(window.row("Position X").value(0), 100.0);
         QTest::keyClick(list, Qt::Key_Up);
         QCOMPARE(window.row("Position").value(0), 30.0);
+    }
+
+    void tabGoesThroughTheWindowFromPanelToPanel()
+    {
+        OpenWindow window;
+        window.dopeSheet().selectKeys({{{0, Attribute::Scale}, 0}}); // of another layer
+        window.select(1);
+        window.viewport().setFocus();
+        QWidgetList stops;
+        do {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            stops.append(QApplication::focusWidget());
+        } while (stops.last() != &window.viewport() && stops.size() < 99);
+        QCOMPARE(stops.last(), &window.viewport()); // nothing keeps it
+        const auto place = [&stops](QWidget* stop) { return stops.indexOf(stop); };
+        QCOMPARE(place(window.field("Position Y")), place(window.field("Position X")) + 1);
+        QVERIFY(place(&window.dopeSheet().view()) > place(window.field("Anchor", 1)));
+        QVERIFY(stops.contains(&window.dopeSheet().ruler()));
+        QVERIFY(window.row("Position X").isVisible()); // the layer is still the same
     }
 
     void longListsOfColorsAreCut()

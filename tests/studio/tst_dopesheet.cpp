@@ -11,29 +11,19 @@ using studio::test::settle;
 
 namespace {
 
-void animate(NumberProperty& property, const std::vector<double>& times)
-{
-    for (const double time : times) {
-        property.keys.emplace_back().time = time;
-    }
-}
-
 /// Two layers of a hundred frames: "A" with keys of rotation and opacity, "B" with rotation alone
 /// and shown from 5 to 60.
 Document twoLayers()
 {
-    const QByteArray layer = studio::test::layer("\"ty\":3");
-    Document document = studio::test::documentOf(layer + "," + layer);
-    Layer& a = document.main.layers[0];
-    Layer& b = document.main.layers[1];
-    a.name = u"A"_qs;
-    b.name = u"B"_qs;
-    b.inPoint = 5;
-    b.outPoint = 60;
-    animate(a.transform.rotation, {10, 40});
-    animate(a.transform.opacity, {10, 20, 30.5});
-    animate(b.transform.rotation, {20, 50});
-    return document;
+    const auto keys = [](const char* name, const QByteArrayList& times) {
+        return QByteArray(name) + R"(:{"k":[{"s":[0],"t":)" + times.join(R"(},{"s":[0],"t":)")
+               + "}]}";
+    };
+    const QByteArray a = keys(R"("r")", {"10", "40"}) + "," + keys(R"("o")", {"10", "20", "30.5"});
+    return studio::test::documentOf(
+        studio::test::layer(R"("nm":"A","ty":3,"ks":{)" + a + "}") + ","
+        + studio::test::layer(
+            R"("nm":"B","ty":3,"ip":5,"op":60,"ks":{)" + keys(R"("r")", {"20", "50"}) + "}"));
 }
 
 QString text(const std::vector<double>& numbers)
@@ -191,6 +181,16 @@ private Q_SLOTS:
         QCOMPARE(sheet.shown(), u"10 40 | 10 20 30.5 | 20 50"_qs);
         QVERIFY(!sheet.editor().canUndo());
 
+        // On its way a key is where another one is, which the graph does not show meanwhile.
+        sheet.drag(sheet.at(10, 1), sheet.at(40, 1), false);
+        settle();
+        sheet.pointer.drop(sheet.at(55, 1));
+        settle();
+        QCOMPARE(sheet.shown(), u"40 55 | 10 20 30.5 | 20 50"_qs);
+        QCOMPARE(sheet.selection(), u"55"_qs);
+        sheet.undo();
+        settle();
+
         // A band over two rows, and what it has caught.
         sheet.drag(sheet.at(6, 1) - QPoint(0, 5), sheet.at(15, 2));
         QCOMPARE(sheet.selection(), u"10 10"_qs);
@@ -206,6 +206,13 @@ private Q_SLOTS:
         Sheet sheet;
         sheet.key(Qt::Key_T);
         sheet.drag(sheet.at(6, 2) + QPoint(0, 5), sheet.at(22, 2));
+        sheet.key(Qt::Key_Right, Qt::AltModifier);
+        sheet.undo();
+        settle();
+        for (const QGraphicsItem* item : sheet.view().items()) { // the tool goes back too
+            const auto* tool = dynamic_cast<const TranslateScaleTool*>(item);
+            QVERIFY(!tool || (tool->isVisible() && tool->rect().left() == 10));
+        }
         sheet.pointer.hold(Qt::AltModifier);
         sheet.drag(sheet.at(20, 2) - QPoint(2, 0), sheet.at(25, 2));
         QCOMPARE(sheet.shown(), u"10 40 | 10 25 35 | 20 50"_qs);
@@ -258,6 +265,12 @@ private Q_SLOTS:
             QCOMPARE(sheet.shown(), u"10 40 | %1 | 20 50"_qs.arg(opacity));
             QCOMPARE(sheet.selection(), selection);
         }
+        sheet.editor().deleteKeys({{{0, Attribute::Opacity}, 0}});
+        settle();
+        const QSignalSpy told(sheet.view().getEditorScene(), &QGraphicsScene::selectionChanged);
+        sheet.undo(); // other marks are selected now, which is told once
+        settle();
+        QCOMPARE(told.count(), 1);
         int steps = 0;
         for (; sheet.editor().canUndo(); ++steps) {
             sheet.undo();
@@ -318,6 +331,12 @@ private Q_SLOTS:
         QVERIFY(std::abs(sheet.at(50, 1).x() - at.x()) <= 1);
         const QRectF zoomed = sheet.view().getVisibleRect();
         QVERIFY(zoomed.width() < 40);
+        sheet.setLayoutDirection(Qt::RightToLeft); // time goes on as before
+        settle();
+        const auto xOf = [](const QGraphicsView& view) {
+            return view.viewport()->mapToGlobal(view.mapFromScene(50, 0)).x();
+        };
+        QCOMPARE(xOf(sheet.dopeSheet().ruler()), xOf(sheet.view()));
         sheet.player().seek(90); // followed by pages
         QVERIFY(sheet.view().getVisibleRect().contains(90, 1));
         sheet.dopeSheet().ruler().seek(92);

@@ -126,7 +126,7 @@ void DopeSheet::connectViews()
     });
 
     connect(m_view, &DopeSheetView::spaceTapped, &m_player, &Player::toggle);
-    connect(m_view, &DopeSheetView::gestureEnded, this, &DopeSheet::chooseLayer);
+    connect(m_view, &DopeSheetView::released, this, &DopeSheet::chooseLayer);
     connect(m_edits, &DopeSheetEdits::dragStarted, &m_player, &Player::pause);
     // Which layer is chosen may have been told while they stood where they were before.
     connect(m_edits, &DopeSheetEdits::layersShown, this, [this] { setLayer(m_layer); });
@@ -308,8 +308,13 @@ void DopeSheet::setLayer(int layer)
     }
 }
 
+/// What is being dragged stays selected, and where it is: others lose sight of a key for as long as
+/// that is on another one.
 void DopeSheet::selectKeys(const std::vector<KeyAddress>& keys)
 {
+    if (m_edits->isDragging()) {
+        return;
+    }
     const QScopedValueRollback following(m_isFollowing, true);
     m_edits->select(keys);
 }

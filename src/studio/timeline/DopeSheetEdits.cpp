@@ -83,8 +83,8 @@ void DopeSheetEdits::noteEdit(int layer)
 
 void DopeSheetEdits::showEdits()
 {
-    for (const int layer : std::exchange(m_stale, {})) {
-        m_rows.refresh(layer);
+    if (!m_stale.empty()) {
+        m_rows.refresh(std::exchange(m_stale, {}));
     }
 }
 

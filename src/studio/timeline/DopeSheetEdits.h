@@ -32,6 +32,7 @@ public:
     void setLayer(int layer) { m_layer = layer; }
     /// Ends a drag where it is.
     void finish();
+    bool isDragging() const { return m_isDragging; }
 
     void onCutKeyframes() override;
     void onCopyKeyframes() override;

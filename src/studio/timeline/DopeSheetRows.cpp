@@ -176,25 +176,35 @@ void DopeSheetRows::fitScene()
     scene().setSceneRect(first, 0, last - first, scene().layoutContainer()->rowsBottom());
 }
 
-void DopeSheetRows::refresh(int layer)
+void DopeSheetRows::refresh(const std::set<int>& layers)
 {
-    if (!document()) {
-        return;
+    bool isSelectionChanged = false;
+    for (const int layer : document() ? layers : std::set<int>()) {
+        const auto isOfLayer = [layer](const Line& line) { return line.row.layer == layer; };
+        const auto first = std::find_if(m_lines.begin(), m_lines.end(), isOfLayer);
+        const auto last = std::find_if_not(first, m_lines.end(), isOfLayer);
+        const bool isChanged =
+            showRows(first, last, dopeRows(*document(), layer, *m_state->folded));
+        isSelectionChanged = isSelectionChanged || isChanged;
     }
-    const auto isOfLayer = [layer](const Line& line) { return line.row.layer == layer; };
-    const auto first = std::find_if(m_lines.begin(), m_lines.end(), isOfLayer);
-    const auto last = std::find_if_not(first, m_lines.end(), isOfLayer);
-    showRows(first, last, dopeRows(*document(), layer, *m_state->folded));
+    tellSelection(isSelectionChanged);
 }
 
 void DopeSheetRows::refreshLayers()
 {
-    showRows(m_lines.begin(), m_lines.end(), allRows());
+    tellSelection(showRows(m_lines.begin(), m_lines.end(), allRows()));
+}
+
+/// The view's tool is about keys that may be elsewhere, even where the same ones are selected.
+void DopeSheetRows::tellSelection(bool isChanged)
+{
+    isChanged ? Q_EMIT scene().selectionChanged() : m_view.selectionChanged();
 }
 
 /// Shows rows in the lines that they have already, if these are the same ones: a property's first
 /// key brings a row, and its last one takes it away.
-void DopeSheetRows::showRows(
+/// @return whether nobody has been told yet that the selection is another one
+bool DopeSheetRows::showRows(
     Lines::iterator first, Lines::iterator last, const std::vector<DopeRow>& rows)
 {
     const auto isSame = [](const Line& line, const DopeRow& row) {
@@ -202,11 +212,17 @@ void DopeSheetRows::showRows(
     };
     if (!std::equal(first, last, rows.begin(), rows.end(), isSame)) {
         rebuild();
-        return;
+        return false;
     }
+    const QSignalBlocker quiet(&scene()); // one signal for all of them
+    bool isChanged = false;
     for (const DopeRow& row : rows) {
-        showRow(*first++, row);
+        Line& line = *first++;
+        const std::vector<bool> before = selectionOf(line);
+        showRow(line, row);
+        isChanged = isChanged || selectionOf(line) != before;
     }
+    return isChanged;
 }
 
 void DopeSheetRows::refreshSound()
@@ -229,14 +245,20 @@ void DopeSheetRows::setFolded(const TimeEditorBaseItem* row, bool folded, bool a
     rebuild();
 }
 
-/// Shows a row's name, times and marks in the line that it has already.
-void DopeSheetRows::showRow(Line& line, const DopeRow& row)
+std::vector<bool> DopeSheetRows::selectionOf(const Line& line)
 {
-    const std::vector<double> before = timesOf(line.row.keys);
     std::vector<bool> selected;
     for (const TimeEditorKeyframeItem* mark : line.marks) {
         selected.push_back(mark->isSelected());
     }
+    return selected;
+}
+
+/// Shows a row's name, times and marks in the line that it has already.
+void DopeSheetRows::showRow(Line& line, const DopeRow& row)
+{
+    const std::vector<double> before = timesOf(line.row.keys);
+    const std::vector<bool> selected = selectionOf(line);
     const bool isChanged = line.row.keys != row.keys;
     line.row = row;
     if (line.item->isEnabled() != row.isOpen) {

@@ -7,6 +7,7 @@
 #include <QPointer>
 
 #include <functional>
+#include <set>
 #include <vector>
 
 class TimeEditorBaseItem;
@@ -36,8 +37,8 @@ public:
     /// Shows a document, whose editor and state must outlive being shown.
     void setDocument(const DocumentEditor& editor, DopeSheetState& state);
 
-    /// Shows a layer's times and keys as they are now.
-    void refresh(int layer);
+    /// Shows some layers' times and keys as they are now.
+    void refresh(const std::set<int>& layers);
     /// Names, order, visibility or locks of layers have changed, or anything else.
     void refreshLayers();
     /// The sound is another one.
@@ -89,7 +90,9 @@ private:
     const Document* document() const;
     std::vector<DopeRow> allRows() const;
     void rebuild();
-    void showRows(Lines::iterator first, Lines::iterator last, const std::vector<DopeRow>& rows);
+    bool showRows(Lines::iterator first, Lines::iterator last, const std::vector<DopeRow>& rows);
+    void tellSelection(bool isChanged);
+    static std::vector<bool> selectionOf(const Line& line);
     void addSound();
     void addLine(const DopeRow& row);
     void connectClip(TimeEditorClipItem& clip);
