@@ -176,8 +176,12 @@ private Q_SLOTS:
         QTest::keyClick(&value, Qt::Key_Return);
         studio::test::settle();
         QCOMPARE(window.shown(), u"10:0 | 70:100 | 80:25"_qs);
-        window.undo();
-        window.undo();
+        QTest::keyClick(&window.view(), Qt::Key_Delete);
+        studio::test::settle();
+        QCOMPARE(window.shown(), u"10:0 | 70:100"_qs);
+        for (int step = 0; step < 3; ++step) {
+            window.undo();
+        }
         studio::test::settle();
         QCOMPARE(window.rotation(), kStart);
         QCOMPARE(window.shown(), u"10:0 | 50:100 | 70:100"_qs);
@@ -188,6 +192,12 @@ private Q_SLOTS:
         window.drag(window.at(50, 100), window.at(40, 60));
         window.drop();
         QCOMPARE(window.rotation(), kStart);
+        const auto hint = [&window] { return window.view().accessibleDescription(); };
+        QCOMPARE(hint(), QString());
+        window.graph().properties().clearSelection(); // what could be seen is said
+        QVERIFY(hint().contains(u"a property"_qs));
+        window.selectLayer(-1);
+        QVERIFY(hint().contains(u"a layer"_qs));
     }
 
     void handlesAndPresetsEditTheEasing()

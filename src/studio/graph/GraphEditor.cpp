@@ -66,6 +66,7 @@ void GraphEditor::buildMenu()
     const auto actions = addCommands(
         *m_menu,
         {
+            {tr("&Delete"), u"delete"_qs, {QKeySequence::Delete}, [this] { deleteSelected(); }},
             {tr("Fit &Selection"), {}, {}, [this] { m_view->fitSelected(); }},
             {tr("Fit &All"), u"home"_qs, {}, [this] { m_view->fitAll(); }},
             {tr("Trans&form Tool"),
@@ -76,7 +77,8 @@ void GraphEditor::buildMenu()
                  m_view->updateTransformTool();
              }},
         });
-    m_tool = actions.at(2);
+    m_delete = actions.at(0);
+    m_tool = actions.at(3);
     m_tool->setCheckable(true);
     for (QAction* action : actions) {
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // the panel's alone
@@ -86,13 +88,14 @@ void GraphEditor::buildMenu()
 
 void GraphEditor::buildLayout()
 {
+    setFocusProxy(m_view); // of a view inside it, Qt would take the others out of the order of Tab
     auto* side = new QWidget;
     auto* column = new QVBoxLayout(side);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     auto* buttons = new QHBoxLayout;
     buttons->setContentsMargins(kMargin, 0, kMargin, 0);
-    for (QAction* action : m_menu->actions().mid(1)) {
+    for (QAction* action : m_menu->actions().mid(2)) {
         auto* button = new QToolButton;
         button->setDefaultAction(action);
         button->setAutoRaise(true);
@@ -116,7 +119,13 @@ void GraphEditor::buildLayout()
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new ScrollContainer(splitter));
-    setFocusProxy(m_view);
+    QWidget* before = m_view; // Tab comes to the proxy first, and would pass over these
+    for (QWidget* next :
+         std::initializer_list<QWidget*>{m_list, &m_fields->frame(), &m_fields->value()})
+    {
+        setTabOrder(before, next);
+        before = next;
+    }
 }
 
 void GraphEditor::connectParts()
@@ -210,6 +219,7 @@ void GraphEditor::listProperties()
         }
     }
     if (rows == m_rows && m_list->count() == names.size() + others.size()) {
+        showHint(); // of another layer it may be another one
         return;
     }
     const std::vector<PropertyAddress> chosen = m_curves->properties();
@@ -245,8 +255,22 @@ void GraphEditor::showProperties()
     }
     finishEditing();
     m_curves->show(m_editor, chosen);
+    showHint();
     showEasing();
     showKey();
+}
+
+void GraphEditor::showHint()
+{
+    if (!m_curves->properties().empty()) {
+        m_view->setHint({});
+    } else if (m_layer < 0) {
+        m_view->setHint(tr("Select a layer to see its curves"));
+    } else {
+        m_view->setHint(
+            m_rows.empty() ? tr("No transform or colour of this layer is animated")
+                           : tr("Select a property to see its curves"));
+    }
 }
 
 void GraphEditor::showEasing()
@@ -273,6 +297,7 @@ void GraphEditor::showKey()
         return;
     }
     const auto keys = m_curves->selection();
+    m_delete->setEnabled(!keys.empty());
     const bool isOne = !keys.empty() && std::all_of(keys.begin(), keys.end(), [&](const auto& key) {
         return key.key == keys.front().key;
     });
@@ -292,13 +317,19 @@ void GraphEditor::chooseKeys()
     if (m_isFollowing || m_isEditing) {
         return;
     }
+    Q_EMIT keysChosen(selectedKeys());
+}
+
+/// Each one once, however many of its entries are.
+std::vector<KeyAddress> GraphEditor::selectedKeys() const
+{
     std::vector<KeyAddress> keys;
     for (const EntryKey& key : m_curves->selection()) {
         if (std::find(keys.begin(), keys.end(), key.key) == keys.end()) {
             keys.push_back(key.key);
         }
     }
-    Q_EMIT keysChosen(keys);
+    return keys;
 }
 
 void GraphEditor::selectKeys(const std::vector<KeyAddress>& keys)
@@ -366,6 +397,16 @@ void GraphEditor::end(bool changed)
     m_edited.clear();
     showEasing();
     chooseKeys();
+}
+
+void GraphEditor::deleteSelected()
+{
+    finishEditing();
+    const auto keys = selectedKeys();
+    if (m_editor && !keys.empty()) {
+        m_view->scene()->clearSelection(); // the others' places are about to change
+        m_editor->deleteKeys(keys);
+    }
 }
 
 void GraphEditor::editEasing(const SegmentEasing& easing)

@@ -61,9 +61,12 @@ private:
     void refresh();
     void listProperties();
     void showProperties();
+    void showHint();
     void showEasing();
     void showKey();
     void chooseKeys();
+    std::vector<KeyAddress> selectedKeys() const;
+    void deleteSelected();
     void begin(const QString& text);
     void end(bool changed);
     void editEasing(const SegmentEasing& easing);
@@ -76,6 +79,7 @@ private:
     KeyFields* m_fields;
     QListWidget* m_list;
     QMenu* m_menu;
+    QAction* m_delete = nullptr;
     QAction* m_tool = nullptr;
     QPointer<DocumentEditor> m_editor;
     int m_layer = -1;
