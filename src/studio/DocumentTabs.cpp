@@ -134,7 +134,6 @@ std::vector<UnsavedDocument> DocumentTabs::unsaved()
     std::vector<UnsavedDocument> documents;
     for (int i = 0; i < count(); ++i) {
         DocumentPage& shown = *page(i);
-        shown.editor().commit();
         const auto bytes = shown.editor().isModified() ? write(*shown.document()) : std::nullopt;
         if (bytes) {
             documents.push_back({shown.title(), shown.path(), shown.fingerprint(), *bytes});

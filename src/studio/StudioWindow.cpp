@@ -34,6 +34,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -43,6 +44,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace studio {
@@ -50,6 +52,9 @@ namespace studio {
 namespace {
 
 constexpr QSize kWindowSize(1440, 900); ///< until the user has given it another one
+constexpr QSize kFrameRoom(16, 40);     ///< logical pixels of a screen, for a window's frame
+constexpr qint64 kKeepingDelay = 5000;  ///< ms from a change until it is kept for a crash
+constexpr qint64 kKeepingShare = 50;    ///< times as long as it takes, at least
 
 QString titleOf(const Document& document, const QString& path)
 {
@@ -342,6 +347,7 @@ void StudioWindow::keepLayoutIn(const QString& path)
     connect(m_layoutWatch, &LayoutWatch::settled, this, &StudioWindow::saveLayout);
     connect(m_player, &Player::loopingChanged, this, &StudioWindow::saveLayout);
     if (!QFileInfo::exists(path)) {
+        resize(size().boundedTo(screen()->availableSize() - kFrameRoom));
         return;
     }
     const QByteArray saved = contentsOf(path);
@@ -362,6 +368,16 @@ void StudioWindow::keepLayoutIn(const QString& path)
 bool StudioWindow::keepUnsavedIn(const QString& folder)
 {
     m_recovery = std::make_unique<Recovery>(folder);
+    m_keeping.setSingleShot(true);
+    m_keeping.setInterval(kKeepingDelay);
+    connect(&m_keeping, &QTimer::timeout, this, &StudioWindow::keepUnsaved);
+    const auto keepLater = [this] {
+        if (!m_keeping.isActive()) { // who changes something all the time has it kept too
+            m_keeping.start();
+        }
+    };
+    connect(m_documents, &DocumentTabs::historyChanged, this, keepLater);
+    connect(m_documents, &DocumentTabs::currentChanged, this, keepLater); // one was closed
     QStringList titles;
     const auto canBeRead = [](const std::string& bytes) { return bool(read(bytes)); };
     for (UnsavedDocument& unsaved : m_recovery->take(canBeRead)) {
@@ -392,8 +408,26 @@ void StudioWindow::putAway()
     if (!m_layoutFile.isEmpty()) {
         saveLayout();
     }
+    editor().commit();
     const QString error = m_recovery ? m_recovery->keep(m_documents->unsaved()) : QString();
     if (!error.isEmpty()) {
+        fail(error);
+    }
+}
+
+/// Nothing that is under way is ended by it.
+void StudioWindow::keepUnsaved()
+{
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        m_keeping.start();
+        return;
+    }
+    QElapsedTimer taken;
+    taken.start();
+    const QString error = m_recovery->keep(m_documents->unsaved());
+    m_keeping.setInterval(
+        static_cast<int>(std::max(kKeepingDelay, kKeepingShare * taken.elapsed())));
+    if (!error.isEmpty() && !std::exchange(m_toldKeepingError, true)) { // it is tried again
         fail(error);
     }
 }
@@ -433,6 +467,7 @@ void StudioWindow::closeEvent(QCloseEvent* event)
         saveLayout();
     }
     if (m_recovery) {
+        m_keeping.stop();
         m_recovery->forget();
     }
     QMainWindow::closeEvent(event);

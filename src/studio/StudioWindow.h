@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <memory>
 
@@ -73,7 +74,7 @@ public:
     /// closes.
     void keepLayoutIn(const QString& path);
     /// Opens the changed documents that a run which had to end has left in a folder, and leaves
-    /// those of this one there in putAway().
+    /// those of this one there: in putAway(), and some seconds after a change, lest it crashes.
     /// @return whether there were any
     bool keepUnsavedIn(const QString& folder);
     /// For an end of the program about which nobody can be asked: nothing is lost by it.
@@ -116,6 +117,7 @@ private:
     void offerMenus();
     void showDefaultLayout();
     void saveLayout();
+    void keepUnsaved();
     QString tryToOpen(const QString& path);
     DocumentPage& page() const;
     void showDocument();
@@ -140,9 +142,11 @@ private:
     QWidget* m_gallery = nullptr; ///< made when first asked for
     StudioMenus* m_menus = nullptr;
     std::unique_ptr<Recovery> m_recovery; ///< null: changed documents are not kept
+    QTimer m_keeping{this};               ///< runs while changes wait for being kept
     LayoutWatch* m_layoutWatch = nullptr;
     QString m_layoutFile; ///< empty: the layout is not kept
     bool m_toldLayoutError = false;
+    bool m_toldKeepingError = false;
 };
 
 } // namespace studio

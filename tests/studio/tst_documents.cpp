@@ -339,7 +339,8 @@ private Q_SLOTS:
             QVERIFY(!window.keepUnsavedIn(kept));
             path = window.editFile(folder);
             original = contents(path);
-            window.putAway();
+            ui::test::FakeClock(&window).fireTimers(5000);
+            QVERIFY(QFile::exists(kept));             // it might crash from here on
             QVERIFY(Recovery(kept).take({}).empty()); // of a run that goes on
         }
         {

@@ -107,6 +107,8 @@ private Q_SLOTS:
         {
             OpenWindow window;
             window.keepLayoutIn(path);
+            const QSize screen = window.screen()->availableSize();
+            QCOMPARE(window.size(), window.size().boundedTo(screen)); // whatever size is usual
             window.resize(760, 620);
             window.panel(u"viewport"_qs)
                 .dockInArea(&window.panel(u"attributes"_qs), DockableArea::Center);
