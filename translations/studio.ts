@@ -391,6 +391,34 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>offset path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>pucker and bloat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rounded corners</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>repeater</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>twist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>zig-zag</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shape of kind “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>The folder %1 could not be made.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1043,6 +1071,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>&amp;Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Fit &amp;Selection</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1060,6 +1092,18 @@
     </message>
     <message>
         <source>Its keys cannot be edited, and are seen in the dope sheet only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select a layer to see its curves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No transform or colour of this layer is animated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select a property to see its curves</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1230,41 +1274,6 @@
     <name>studio::Panel</name>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>studio::Reader</name>
-    <message>
-        <source>offset path</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>pucker and bloat</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>rounded corners</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>repeater</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>twist</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>zig-zag</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>shape of kind “%1”</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>blend mode</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

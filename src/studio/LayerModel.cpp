@@ -45,9 +45,14 @@ QVariant nameData(const Layer& layer, int role)
     case Qt::DisplayRole:
     case Qt::EditRole: return layer.name;
     case Qt::DecorationRole: return ui::getCachedIcon(iconName(layer.kind));
-    case Qt::ToolTipRole:
-        return layer.hidden ? LayerModel::tr("%1, hidden").arg(kindName(layer.kind))
-                            : kindName(layer.kind);
+    case Qt::ToolTipRole: {
+        const QString kind = kindName(layer.kind);
+        // The name may be cut. As mark-up, so that one such as "<b>" is shown as it is.
+        return QStringLiteral("<p style='white-space:pre'>%1\n%2</p>")
+            .arg(
+                layer.name.toHtmlEscaped(),
+                layer.hidden ? LayerModel::tr("%1, hidden").arg(kind) : kind);
+    }
     case Qt::ForegroundRole: // at every paint, so that a change of contrast shows
         return layer.hidden ? QBrush(ui::colorQt(QStringLiteral("HelperHints"))) : QVariant();
     case LayerModel::kIdentityRole: return layer.span.begin;

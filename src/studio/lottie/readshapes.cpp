@@ -20,12 +20,12 @@ struct UndrawnKind
 };
 
 constexpr UndrawnKind kUndrawnKinds[] = {
-    {"op", QT_TRANSLATE_NOOP("studio::Reader", "offset path")},
-    {"pb", QT_TRANSLATE_NOOP("studio::Reader", "pucker and bloat")},
-    {"rd", QT_TRANSLATE_NOOP("studio::Reader", "rounded corners")},
-    {"rp", QT_TRANSLATE_NOOP("studio::Reader", "repeater")},
-    {"tw", QT_TRANSLATE_NOOP("studio::Reader", "twist")},
-    {"zz", QT_TRANSLATE_NOOP("studio::Reader", "zig-zag")},
+    {"op", QT_TRANSLATE_NOOP("studio", "offset path")},
+    {"pb", QT_TRANSLATE_NOOP("studio", "pucker and bloat")},
+    {"rd", QT_TRANSLATE_NOOP("studio", "rounded corners")},
+    {"rp", QT_TRANSLATE_NOOP("studio", "repeater")},
+    {"tw", QT_TRANSLATE_NOOP("studio", "twist")},
+    {"zz", QT_TRANSLATE_NOOP("studio", "zig-zag")},
 };
 
 // The file counts an enumeration from 1; what lies outside becomes its first value.
@@ -167,8 +167,8 @@ void readUndrawn(ReadContext& context, const QString& kind)
         });
     const bool isKnown = known != std::end(kUndrawnKinds);
     context.missing(
-        isKnown ? QCoreApplication::translate("studio::Reader", known->name)
-                : QCoreApplication::translate("studio::Reader", "shape of kind “%1”").arg(kind));
+        isKnown ? QCoreApplication::translate("studio", known->name)
+                : QCoreApplication::translate("studio", "shape of kind “%1”").arg(kind));
 }
 
 ShapeItem readItem(ReadContext& context, const JsonValue& value)
@@ -201,7 +201,7 @@ ShapeItem readItem(ReadContext& context, const JsonValue& value)
         readUndrawn(context, kind);
     }
     if (context.number(value, "bm") != 0) {
-        context.missing(QCoreApplication::translate("studio::Reader", "blend mode"));
+        context.missing(QCoreApplication::translate("studio", "blend mode"));
     }
     return item;
 }
