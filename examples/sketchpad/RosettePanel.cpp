@@ -39,7 +39,7 @@ RosettePanel::RosettePanel(Document& document, QWidget* parent)
     limit(m_size->field(1), 1, 200);
 
     m_turn = addNumbers(tr("Turn"), {&Rosette::turn});
-    m_color = addColor(tr("Color"));
+    m_color = addColor(tr("Colour"));
     column->addStretch();
 }
 
