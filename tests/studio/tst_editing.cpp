@@ -277,36 +277,6 @@ private Q_SLOTS:
         QVERIFY(keysFromJson("{\"rows\":[{\"attribute\":\"scale\"}, 3]}").empty());
     }
 
-    void interleavedStepsOfLayersComeBackInOrder()
-    {
-        OpenEditor editor;
-        const auto now = [&editor] {
-            return std::pair(editor.copyOf(kPositionOf0), editor.copyOf(kRotationOf1));
-        };
-        const std::function<void()> steps[] = {
-            [&] { editor.set(kPositionOf0, 5, 1); },
-            [&] { editor.set(kRotationOf1, 5, 2); },    // ends the gesture before it
-            [&] { editor.toggleKey(kRotationOf1, 5); }, // and so does this
-            [&] { editor.toggleKey(kPositionOf0, 0); },
-            [&] { editor.set(kRotationOf1, 9, 3); }};
-        std::vector states{now()};
-        for (const auto& step : steps) {
-            step();
-            states.push_back(now());
-        }
-        for (int round = 0; round < 2; ++round) {
-            for (std::size_t i = states.size() - 1; i-- > 0;) {
-                editor.undo();
-                QVERIFY(now() == states[i]);
-            }
-            QVERIFY(!editor.canUndo());
-            for (std::size_t i = 1; i < states.size(); ++i) {
-                editor.redo();
-                QVERIFY(now() == states[i]);
-            }
-        }
-    }
-
     void whatChangesNothingLeavesNoStepNorDoesAnotherDocument()
     {
         OpenEditor editor;

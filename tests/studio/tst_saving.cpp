@@ -316,15 +316,15 @@ private Q_SLOTS:
                 QVERIFY2(again, qPrintable(again.error));
                 QCOMPARE(seen(*again.document), seen(*editor.document()));
                 QCOMPARE(*write(*again.document), *saved);
-                int steps = 0;
-                for (; editor.canUndo(); ++steps) {
-                    editor.undo();
+                std::vector<std::string> steps;
+                for (; editor.canUndo(); editor.undo()) {
+                    steps.push_back(*write(*editor.document()));
                 }
                 QVERIFY(*write(*editor.document()) == original);
-                while (steps-- > 0) {
+                for (; !steps.empty(); steps.pop_back()) {
                     editor.redo();
+                    QVERIFY(*write(*editor.document()) == steps.back());
                 }
-                QVERIFY(*write(*editor.document()) == *saved);
             }
         }
         QVERIFY(documents >= 8);
