@@ -61,8 +61,8 @@ DopeSheetPane::DopeSheetPane(QWidget* parent)
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
     bareColumn(this)->addWidget(splitter);
-    setTabOrder(m_view, m_header); // Tab comes to the proxy first, and would pass over these
-    setTabOrder(m_header, m_ruler);
+    setTabOrder(m_view, m_ruler); // Tab comes to the proxy first, and would pass over these
+    setTabOrder(m_view, m_header);
     setCorner(nullptr);
     connectViews();
     const TimelineScene& time = *m_ruler->getTimelineScene();

@@ -119,12 +119,11 @@ void GraphEditor::buildLayout()
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new ScrollContainer(splitter));
-    QWidget* before = m_view; // Tab comes to the proxy first, and would pass over these
-    for (QWidget* next :
-         std::initializer_list<QWidget*>{m_list, &m_fields->frame(), &m_fields->value()})
+    // Tab comes to the proxy first, and would pass over these; the last one goes there first.
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{&m_fields->value(), &m_fields->frame(), m_list})
     {
-        setTabOrder(before, next);
-        before = next;
+        setTabOrder(m_view, part);
     }
 }
 
