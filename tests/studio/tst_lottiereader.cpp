@@ -17,11 +17,6 @@ using namespace studio::test;
 
 namespace {
 
-QByteArray repeated(const char* text, int count)
-{
-    return QByteArray(text).repeated(count);
-}
-
 // Objects in a list; in each %1 is its number, from 0 on, and %2 that of the next.
 QByteArray chain(const char* object, int count)
 {
@@ -131,11 +126,13 @@ private Q_SLOTS:
             {withAssets(chain(simple, 1) + "," + last), "The precomposition “0” holds itself."},
             {withAssets(chain(simple, 70)), "Precompositions are nested more than 64 deep."},
             {withAssets(chain(twofold, 40)), "The animation has more than 50000 layers, with "},
-            {documentText(repeated("{},", 100'000) + "{}"),
+            {documentText(QByteArray("{},").repeated(100'000) + "{}"),
              "The animation has more than 100000 layers and shapes."},
             {QByteArray(100 << 20, ' '), "The file has 100 MB; at most 64 MB can be opened."},
-            {"[" + repeated("0,", 4'000'000) + "0]", "The file holds more than 4000000 values."},
-            {repeated("[", 1'000'000), "The file nests lists and objects more than 256 deep."},
+            {"[" + QByteArray("0,").repeated(4'000'000) + "0]",
+             "The file holds more than 4000000 values."},
+            {QByteArray("[").repeated(1'000'000),
+             "The file nests lists and objects more than 256 deep."},
         };
         for (const auto& [text, sentence] : cases) {
             const QString error = read(text.toStdString()).error;
