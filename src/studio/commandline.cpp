@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commandline.h"
 
+#include "texts.h"
+
 #include <QCommandLineParser>
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <string_view>
 
 namespace studio {
-
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
-
-} // namespace
 
 CommandLine parseCommandLine(const QStringList& arguments)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "discarding.h"
 
+#include "texts.h"
 #include <MorrantUI/menus/ModalDialog.h>
 
 #include <QCoreApplication>
@@ -10,11 +11,6 @@
 namespace studio {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 constexpr qsizetype kMostNamed = 8;
 constexpr qsizetype kLongestTitle = 60; ///< characters

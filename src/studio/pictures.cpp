@@ -5,6 +5,7 @@
 #include "StudioWindow.h"
 #include "Workspace.h"
 #include "gallery/GalleryPage.h"
+#include "texts.h"
 #include <MorrantUI/docking/DockableWindow.h>
 
 #include <QCoreApplication>
@@ -23,11 +24,6 @@ namespace {
 constexpr char kRatio[] = "MORRANT_PICTURES_RATIO";
 
 constexpr int kFrames = 5; ///< pictures of the animation, from the first frame to the last
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 /// Writes widgets into a folder and remembers the first failure.
 class PictureFolder

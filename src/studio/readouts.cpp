@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "readouts.h"
 
-#include <QCoreApplication>
+#include "texts.h"
 
 #include <cmath>
 
 namespace studio {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 /// Plain digits: a group separator in a running number makes it jump.
 QLocale ungrouped(QLocale locale)

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "editing/PropertyAddress.h"
 
-#include <QCoreApplication>
+#include "texts.h"
 
 namespace studio {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 const ShapeItem* findItem(const Layer& layer, const std::vector<std::size_t>& places)
 {

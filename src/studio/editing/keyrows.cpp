@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "editing/keyrows.h"
 
-#include <QCoreApplication>
+#include "texts.h"
 
 #include <algorithm>
 
 namespace studio {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 template <typename Value>
 std::vector<double> timesOf(const Property<Value>& property)

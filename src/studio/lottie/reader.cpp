@@ -4,8 +4,8 @@
 #include "lottie/masking.h"
 #include "lottie/readproperties.h"
 #include "lottie/readshapes.h"
+#include "texts.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -16,11 +16,6 @@
 namespace studio {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 // What the layers of one list name each other and the assets by, until both can be looked up.
 struct LayerReferences

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "lottie/readproperties.h"
 
-#include <QCoreApplication>
+#include "texts.h"
 
 namespace studio {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 EasingHandle readHandle(ReadContext& context, const JsonValue& value)
 {

@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "saving/documentfile.h"
 
-#include <QCoreApplication>
+#include "texts.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
 namespace studio {
-
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
-
-} // namespace
 
 QByteArray fingerprint(const std::string& bytes)
 {

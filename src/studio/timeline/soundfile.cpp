@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "timeline/soundfile.h"
 
-#include <QCoreApplication>
+#include "texts.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -28,11 +29,6 @@ constexpr int kMostChunks = 1000; ///< before the sound
 /// What follows the tag in the names of all formats that have one.
 constexpr std::array<unsigned char, 14> kSubFormatTail = {
     0x00, 0x00, 0x00, 0x00, 0x10, 0x00, 0x80, 0x00, 0x00, 0xaa, 0x00, 0x38, 0x9b, 0x71};
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("studio", text);
-}
 
 struct Format
 {
