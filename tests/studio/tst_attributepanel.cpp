@@ -5,7 +5,6 @@
 #include "lottie/evaluate.h"
 #include "studiotest.h"
 #include "timeline/DopeSheet.h"
-#include "timeline/DopeSheetView.h"
 #include <MorrantUI/MorrantUI.h>
 
 using namespace studio;
