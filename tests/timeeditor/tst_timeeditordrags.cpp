@@ -45,7 +45,7 @@ private Q_SLOTS:
         TimeEditorClipItem* const clip = editor.addClip({{2000, 4000}});
         QCoreApplication::processEvents();
         editor.selectRow(0);
-        editor.drag(editor.at(13, 10), editor.at(13, 10) + QPoint(1, 1)); // a hand that trembles
+        editor.drag(editor.at(13, 10), editor.at(13, 10) + QPoint(2, 2)); // a hand that trembles
         QCOMPARE(editor.view->selectedKeyframes().size(), 1U);
         editor.drag(editor.at(3000, 30), editor.at(3000, 30) - QPoint(2, 0));
         editor.pointer.press(editor.at(13, 10), Qt::MiddleButton); // which drags nothing

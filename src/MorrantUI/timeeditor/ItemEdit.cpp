@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace ui {
 
@@ -68,7 +69,7 @@ bool ItemEdit::hasChanged() const
 void steadyClick(QGraphicsSceneMouseEvent& event)
 {
     const QPoint off = event.screenPos() - event.buttonDownScreenPos(Qt::LeftButton);
-    if (off.manhattanLength() < kLeastDrag) {
+    if (std::max(std::abs(off.x()), std::abs(off.y())) < kLeastDrag) {
         event.setScenePos(event.buttonDownScenePos(Qt::LeftButton));
     }
 }

@@ -49,7 +49,7 @@ std::vector<TimeEditorBaseItem*> draggedItems(TimeEditorBaseItem& pressed);
 /// Pixels that the pointer goes before what was pressed goes along: where a pixel is many frames, a
 /// click that trembles would be an edit. Less than a key or a clip moves by a frame where those are
 /// wide.
-inline constexpr double kLeastDrag = 3.0;
+inline constexpr double kLeastDrag = 2.5; // two whole pixels are none, three are
 
 /// Makes a release within that distance one at the place of the press, which Qt takes for a click.
 void steadyClick(QGraphicsSceneMouseEvent& event);
