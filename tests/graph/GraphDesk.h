@@ -55,9 +55,8 @@ public:
 
     GraphCurveWidget* addCurve(const QPolygonF& places, bool bezier)
     {
-        constexpr double kFar = std::numeric_limits<double>::infinity();
         auto* const made = new GraphCurveWidget;
-        made->setLimits({kFar, -kFar, kFar, kFar});
+        made->setLimits({qInf(), -qInf(), qInf(), qInf()});
         for (const QPointF& place : places) {
             addPoint(made, place, bezier);
         }

@@ -100,9 +100,8 @@ private Q_SLOTS:
         QVERIFY(owner.point(1)->isSelected() && !owner.point(0)->isSelected());
         QVERIFY(owner.point(0)->pos() == QPointF(1, 0) && owner.point(1)->pos() == QPointF(10, 10));
         GraphBezierHandleItem* const right = owner.point(0)->getRightBezier();
-        QVERIFY(right->pos() == QPointF(4, 7) && right->isVisible());
-        QVERIFY(right->opposite()->isVisible());           // though it leads away from the others
-        QCOMPARE(right->opposite()->pos(), -right->pos()); // locked, it leaves the point
+        QVERIFY(right->isVisible() && right->opposite()->isVisible()); // which leads away from all
+        QVERIFY(right->pos() == QPointF(4, 7) && right->opposite()->pos() == -right->pos());
         right->setPos(5, -2);
         const GraphCurveKey key = *owner.data.find(0); // what was not moved keeps its last digit
         QVERIFY(key.time == 0.1 && key.value == 1.0 && key.rightHandle == num2(0.5, 0.2));
@@ -183,10 +182,8 @@ private Q_SLOTS:
     {
         ui::test::Monkey monkey;
         const auto below = [&](int limit) { return monkey.below(limit); };
-        for (int left = std::max(20, qEnvironmentVariableIntValue("MORRANT_MONKEY_ROUNDS"));
-             left > 0;
-             --left)
-        {
+        const int rounds = std::max(20, qEnvironmentVariableIntValue("MORRANT_MONKEY_ROUNDS"));
+        for (int round = 0; round < rounds; ++round) {
             Owner owner({{0, 0}, {0.3, 0.8}, {1, 1}});
             owner.view->setShowTransformTool(true);
             const std::function<void()> acts[] = {
@@ -214,10 +211,8 @@ private Q_SLOTS:
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 QVERIFY(owner.data.count() >= 1);
             }
-            if (owner.view) {
-                owner.pointer.release();
-                QCOMPARE(owner.begun.count(), owner.steps.count());
-            }
+            owner.pointer.release();
+            QVERIFY(!owner.view || owner.begun.count() == owner.steps.count());
         }
     }
 };

