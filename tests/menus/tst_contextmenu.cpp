@@ -319,9 +319,11 @@ private Q_SLOTS:
         QVERIFY(shown(rows.first()) && !shown(rows.last()));
         ui::test::FakePointer pointer(desk.menu);
         const auto* const first = static_cast<WidgetMenuAction*>(rows.first())->getWidget();
-        const QRect button = first->findChild<RolloverButton*>()->geometry();
+        const int column =
+            first->x() + first->findChild<RolloverButton*>()->geometry().center().x();
+        const int x = std::min(column, desk.menu->width() - 10); // screens of tests may be narrow
         for (const int fromBottom : {6, 10, 14}) { // where the arrow lies over a button
-            pointer.click({first->x() + button.center().x(), desk.menu->height() - fromBottom});
+            pointer.click({x, desk.menu->height() - fromBottom});
             QVERIFY(clicks == 0 && desk.menu->isVisible());
         }
         for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Up}) {

@@ -18,6 +18,7 @@
 #include <QPainter>
 #include <QStyleOptionMenuItem>
 #include <QTextLayout>
+#include <QTextOption>
 
 #include <algorithm>
 #include <limits>
@@ -301,6 +302,9 @@ void CommandPalette::underline(QPainter& painter, const Command& command, const 
     const Words words = wordsOf(*command.meant, command.path);
     const auto match = matchCommand(words.text, words.name, m_typed);
     QTextLayout layout(words.text, option.font);
+    QTextOption asDrawn;
+    asDrawn.setTextDirection(painter.layoutDirection());
+    layout.setTextOption(asDrawn);
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();

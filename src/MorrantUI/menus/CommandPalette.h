@@ -27,9 +27,8 @@ class MORRANT_UI_EXPORT CommandPalette : public ContextMenu
     Q_OBJECT
 
 public:
-    /// @param commands whose actions are listed as they are when the palette opens; those with a
-    /// menu
-    ///     stand for its rows. Nothing is listed once it is gone.
+    /// @param commands whose actions are listed as they are when the palette opens; a menu stands
+    ///     for its rows. Nothing is listed once it is gone.
     explicit CommandPalette(QWidget* commands, QWidget* parent = nullptr);
     ~CommandPalette() override;
 
