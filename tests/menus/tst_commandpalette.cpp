@@ -56,14 +56,18 @@ private Q_SLOTS:
         Host host;
         QCOMPARE(host.rowsAfter({}), u"File: Reopen, File: Open\tCtrl+O, File: Recent: S && P"_qs);
         QCOMPARE(host.rowsAfter(u"en FI ope"_qs), u"File: Open\tCtrl+O, File: Reopen"_qs);
-        const QImage image = host.palette.grab().toImage();
-        const QColor accent = ui::colorQt(u"Accent1"_qs);
-        bool typedStandsOut = false; // in full colour, although its row cannot be chosen
-        for (int i = 0; i < image.width() * 30 && !typedStandsOut; ++i) {
-            typedStandsOut = ui::test::closeTo(
-                image.pixelColor(i % image.width(), i / image.width()), accent, 8);
-        }
-        QVERIFY(typedStandsOut);
+        const auto isAccented = [&, accent = ui::colorQt(u"Accent1"_qs)](int row) {
+            const QRect place = host.palette.actionGeometry(host.palette.actions().at(row));
+            const QImage image = host.palette.grab(place).toImage();
+            bool found = false;
+            for (int i = 0; i < image.width() * image.height() && !found; ++i) {
+                const QColor pixel = image.pixelColor(i % image.width(), i / image.width());
+                found = ui::test::closeTo(pixel, accent, 8);
+            }
+            return found;
+        };
+        QVERIFY(isAccented(0)); // what was typed, although that row cannot be chosen
+        QVERIFY(isAccented(3)); // the letters in a row that is not the active one
         QTest::keyClick(&host.palette, Qt::Key_Return);
         QVERIFY(!host.palette.isVisible() && host.field->hasFocus() && host.opened.size() == 1);
         QCOMPARE(host.rowsAfter(u"z"_qs), u"No command found -"_qs);
