@@ -11,6 +11,8 @@ namespace ui::test {
 inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
+inline constexpr int kDigits = 10; ///< of numbers that are compared as texts
+
 inline bool isNear(double value, double expected, double tolerance = 1e-9)
 {
     return std::abs(value - expected) < tolerance;
@@ -33,14 +35,16 @@ inline QString shownBy(const QObject& control)
         return entry->text();
     }
     const QVariant value = control.metaObject()->userProperty().read(&control);
+    const QPointF point = value.toPointF();
     QStringList texts;
     for (const auto* field : control.findChildren<NumericField*>()) {
         texts << field->text();
     }
     switch (value.typeId()) {
     case QMetaType::UnknownType: return texts.join(u'|');
-    case QMetaType::Double: return QString::number(value.toDouble());
-    case QMetaType::QPointF: return u"%1;%2"_qs.arg(value.toPointF().x()).arg(value.toPointF().y());
+    case QMetaType::Double: return QString::number(value.toDouble(), 'g', kDigits);
+    case QMetaType::QPointF:
+        return u"%1;%2"_qs.arg(point.x(), 0, 'g', kDigits).arg(point.y(), 0, 'g', kDigits);
     default: return value.toString();
     }
 }

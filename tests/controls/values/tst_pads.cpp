@@ -148,7 +148,8 @@ private Q_SLOTS:
              {">147,-100", "(s", "10;100"},
              {">47,53", "s", "5;50"},
              {"[Ctrl] >77,53", "s"}});
-        const QByteArray fine = QByteArray::number(5.0 + 11 * (pad.value().x - 5.0)) + ";50";
+        const double x = 5.0 + 11 * (pad.value().x - 5.0);
+        const QByteArray fine = QByteArray::number(x, 'g', kDigits) + ";50";
         bench.follow({{"[] >107,53 up", "sC)", fine.constData()}});
         pad.setYDownwards(true);
         bench.follow({{"@50,97 up", "(sC)", "5;100"}}); // beside the handle, which comes
