@@ -164,8 +164,7 @@ private Q_SLOTS:
         graph.centerOn(90, 60);
         graph.dragBy(graph.point(1), {});
         graph.pointer.moveTo({580, 610}); // below it, and a little to the left
-        QTRY_VERIFY(graph.getVisibleRect().bottom() > 82);
-        QVERIFY(graph.point(1)->y() > 82);
+        QTRY_VERIFY(graph.getVisibleRect().bottom() > 82 && graph.point(1)->y() > 82);
         graph.clearFocus();
         QCOMPARE(graph.edits.join(u' '), u"start changed"_qs);
     }
@@ -220,7 +219,6 @@ private Q_SLOTS:
         GraphDesk graph({{20, 20}, {60, 40}});
         graph.setShowTransformTool(true);
         graph.select({0, 1});
-        QVERIFY(graph.transformTool()->isVisible());
         graph.pointer.press(graph.mapFromScene(40, 30));
         graph.pointer.dragTo(graph.pointer.position() + QPoint(40, 40), 3);
         QCOMPARE(graph.point(0)->pos(), QPointF(30, 20));
@@ -257,8 +255,7 @@ private Q_SLOTS:
         graph.select({0});
         graph.fitPoints(false); // a single point has no length to fit
         graph.fitPoints(true);
-        QVERIFY(graph.getVisibleRect().contains(QRectF(20, 20, 40, 20)));
-        QVERIFY(graph.transform().m11() < 20.0);
+        QVERIFY(graph.getVisibleRect().contains({20, 20, 40, 20}) && graph.transform().m11() < 20);
         graph.point(0)->setInterpolation(Interpolation::Bezier, true);
         graph.right(0)->placeSilently({10, -90}); // with which the curve leaves its points
         graph.fitPoints(true);
