@@ -72,6 +72,7 @@ public:
 
 private:
     using Do = const DockStep&;
+    using S = DockSession;
     using Step = void (DockSession::*)(Do);
 
     QString broken()
@@ -305,15 +306,9 @@ private:
         DockableWindow& target = *some(s.b);
         const QPoint far = QPoint(target.width(), target.height()) - QPoint(5, 5);
         const int x = far.x() / 2;
-        const std::array places{
-            QPoint(5, far.y() / 2),
-            QPoint(far.x(), far.y() / 2),
-            QPoint(x, far.y()),
-            QPoint(x, 5),
-            QPoint(x, 34),
-            QPoint(x, far.y() / 2),
-            QPoint(12, 10),
-            QPoint(-300, -300)};
+        const int y = far.y() / 2;
+        const QPoint places[] = {
+            {5, y}, {far.x(), y}, {x, far.y()}, {x, 5}, {x, 34}, {x, y}, {12, 10}, {-300, -300}};
         m_hand.moveTo(reachable(target.mapToGlobal(places[s.c % 8U])), 1 + s.c / 8 % 3);
     }
     /// Off screen the pointer goes anywhere, on a display only as far as that goes.
@@ -410,14 +405,14 @@ private:
     void reactToNext(Do s)
     {
         static constexpr std::array<Step, 8> kReactions{
-            &DockSession::insertTab,
-            &DockSession::setActive,
-            &DockSession::dock,
-            &DockSession::dockAsTab,
-            &DockSession::undock,
-            &DockSession::undockAndClose,
-            &DockSession::closeWindow,
-            &DockSession::destroyWindow};
+            &S::insertTab,
+            &S::setActive,
+            &S::dock,
+            &S::dockAsTab,
+            &S::undock,
+            &S::undockAndClose,
+            &S::closeWindow,
+            &S::destroyWindow};
         m_trap = std::make_unique<Trap>();
         m_trap->action = [this, s] { (this->*kReactions[s.b % 8U])({0, s.c, s.b, s.a}); };
         const auto spring = [trap = m_trap.get()](auto* sender, auto signal) {
@@ -453,8 +448,7 @@ private:
 };
 
 // What users do most stands in here most often.
-using S = DockSession;
-const std::array<S::Step, 64> DockSession::kSteps{
+const std::array<DockSession::Step, 64> DockSession::kSteps{
     &S::dock,         &S::dock,           &S::dock,           &S::dock,
     &S::undock,       &S::undock,         &S::undockAndClose, &S::mouseUndock,
     &S::cleanup,      &S::collapse,       &S::takeAndInsert,  &S::insertStolen,

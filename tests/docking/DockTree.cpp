@@ -180,28 +180,23 @@ using Operation = void (*)(DockableWindow&, DockableWindow*, const QString&);
 
 static const QHash<QString, Operation>& operations()
 {
-    using Window = DockableWindow;
-    using Group = DockableGroup;
+    using W = DockableWindow;
+    static const auto group = [](W* window) { return qobject_cast<DockableGroup*>(window); };
     static const QHash<QString, Operation> all{
-        {u"dock"_qs, [](Window& w, Window* o, auto& area) { o->dockInArea(&w, areaOf(area)); }},
-        {u"insert"_qs,
-         [](Window& w, Window* o, auto& index) {
-             qobject_cast<Group*>(o)->insertChild(index.toInt(), &w);
-         }},
-        {u"undock"_qs, [](Window& w, Window*, auto&) { w.undock(true); }},
-        {u"leave"_qs, [](Window& w, Window*, auto&) { w.undock(false); }},
-        {u"tear"_qs, [](Window& w, Window*, auto&) { w.mouseUndock(); }},
-        {u"tidy"_qs, [](Window& w, Window* o, auto&) { w.cleanupOldParent(o); }},
-        {u"collapse"_qs,
-         [](Window& w, Window*, auto&) { qobject_cast<Group*>(&w)->collapseGroup(); }},
-        {u"close"_qs, [](Window& w, Window*, auto&) { w.undockAndClose(); }},
-        {u"shut"_qs, [](Window& w, Window*, auto&) { w.close(); }},
-        {u"delete"_qs, [](Window& w, Window*, auto&) { delete &w; }},
-        {u"keep"_qs,
-         [](Window& w, Window*, auto&) { w.setAttribute(Qt::WA_DeleteOnClose, false); }},
-        {u"hide"_qs, [](Window& w, Window*, auto&) { w.hide(); }},
-        {u"rename"_qs, [](Window& w, Window*, auto& title) { w.setText(title); }},
-        {u"select"_qs, [](Window& w, Window*, auto&) {
+        {u"dock"_qs, [](W& w, W* o, auto& area) { o->dockInArea(&w, areaOf(area)); }},
+        {u"insert"_qs, [](W& w, W* o, auto& i) { group(o)->insertChild(i.toInt(), &w); }},
+        {u"undock"_qs, [](W& w, W*, auto&) { w.undock(true); }},
+        {u"leave"_qs, [](W& w, W*, auto&) { w.undock(false); }},
+        {u"tear"_qs, [](W& w, W*, auto&) { w.mouseUndock(); }},
+        {u"tidy"_qs, [](W& w, W* o, auto&) { w.cleanupOldParent(o); }},
+        {u"collapse"_qs, [](W& w, W*, auto&) { group(&w)->collapseGroup(); }},
+        {u"close"_qs, [](W& w, W*, auto&) { w.undockAndClose(); }},
+        {u"shut"_qs, [](W& w, W*, auto&) { w.close(); }},
+        {u"delete"_qs, [](W& w, W*, auto&) { delete &w; }},
+        {u"keep"_qs, [](W& w, W*, auto&) { w.setAttribute(Qt::WA_DeleteOnClose, false); }},
+        {u"hide"_qs, [](W& w, W*, auto&) { w.hide(); }},
+        {u"rename"_qs, [](W& w, W*, auto& title) { w.setText(title); }},
+        {u"select"_qs, [](W& w, W*, auto&) {
              auto* tabs = qobject_cast<DockableTabGroup*>(w.findDockableParentGroup());
              tabs->setActiveIndex(tabs->indexOfChild(&w));
          }}};

@@ -25,6 +25,8 @@ public:
     int parents = 0;     ///< given to what is torn out
     int headers = 0;     ///< shown of it
     QStringList resized; ///< panels with contents that were, as often
+    QWidgetList still;   ///< contents that must neither blink nor change their window
+    int disturbed = 0;   ///< how often they did
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -38,6 +40,13 @@ public:
         if (widget && event->type() == QEvent::Show && widget->isWindow()) {
             appeared << widget;
         }
+        if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
+            disturbed += static_cast<int>(still.count(widget));
+        } else if (event->type() == QEvent::ParentChange) {
+            for (const QWidget* one : still) {
+                disturbed += one->window() == gMainWindow ? 0 : 1;
+            }
+        }
         if (widget && event->type() == QEvent::Paint && widget->window() != leftOut) {
             ++paints;
             indicators += qobject_cast<DropIndicatorMain*>(widget) ? 1 : 0;
@@ -46,40 +55,6 @@ public:
         }
         return false;
     }
-};
-
-/// Watches what has no part in an operation: it must neither blink nor change its window.
-class Bystanders : public QObject
-{
-public:
-    Bystanders(DockTree& tree, const QString& titles)
-    {
-        for (const QString& title : titles.split(u' ')) {
-            m_all << tree[title]->content();
-        }
-        m_window = m_all.first()->window();
-        qApp->installEventFilter(this);
-    }
-    int disturbed = 0;
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        switch (event->type()) {
-        case QEvent::Show:
-        case QEvent::Hide: disturbed += m_all.count(qobject_cast<QWidget*>(watched)); break;
-        case QEvent::ParentChange:
-            for (const QWidget* widget : m_all) {
-                disturbed += widget->window() == m_window ? 0 : 1;
-            }
-            break;
-        default: break;
-        }
-        return false;
-    }
-
-private:
-    QWidgetList m_all;
-    QWidget* m_window = nullptr;
 };
 
 } // namespace
@@ -173,10 +148,13 @@ private Q_SLOTS:
               {"H(a b) V(f g)", "dock f a bottom", "a b"}})
         {
             DockTree tree(QString::fromLatin1(start));
-            Bystanders bystanders(tree, QString::fromLatin1(titles));
+            Counter counter;
+            for (const QString& title : QString::fromLatin1(titles).split(u' ')) {
+                counter.still << tree[title]->content();
+            }
             tree.play(QString::fromLatin1(operation) + u", settle"_qs);
             QCOMPARE(
-                operation + QByteArray::number(bystanders.disturbed), operation + QByteArray("0"));
+                operation + QByteArray::number(counter.disturbed), operation + QByteArray("0"));
         }
     }
 
