@@ -109,7 +109,7 @@ private Q_SLOTS:
         row("H(a=200 b=300 c=100)", "dock x b left, undock b", "H(a=200 x=300 c=100)");
         for (const char* const where : {"root right", "root left", "c right", "c top"}) {
             const QByteArray dock = QByteArray("dock x ") + where;
-            const char* const sizes = "H(a=200 b=300 c=100)";
+            const char* const sizes = "H(a=201 b=298 c=101)"; // which a half would not give back
             row(sizes, dock + ", undock x, " + dock + ", undock x", sizes);
         }
         row("H(a V(x b) c)", "leave b, settle", "H(a V(x) c) b");

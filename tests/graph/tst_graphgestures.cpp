@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "GraphDesk.h"
+#include "MorrantUI/graph/ChangeBatch.h"
 
 using ui::Graph::Interpolation;
 using ui::test::GraphDesk;
@@ -24,6 +25,12 @@ private Q_SLOTS:
         QCOMPARE(graph.pointChanges, 4);
         graph.pointer.release();
         QCOMPARE(graph.edits.join(u' '), u"start changed"_qs);
+        {
+            const ui::ChangeBatch step(&graph); // of a tool, which may move a point twice
+            graph.point(0)->setPos(40, 20);
+            graph.point(0)->setPos(50, 20);
+        }
+        QCOMPARE(graph.pointChanges, 5);
     }
     void anotherButtonIsNotTheDragsAndAQuickPressBeginsOne()
     {
@@ -52,8 +59,12 @@ private Q_SLOTS:
         GraphDesk graph({{20, 20}, {60, 22}});
         graph.dragBy(graph.point(1), {10, 4}, Qt::ShiftModifier);
         QCOMPARE(graph.point(1)->pos(), QPointF(70, 22));
+        graph.pointer.press(Qt::RightButton); // which unlocks nothing
+        graph.pointer.release(Qt::RightButton);
+        graph.moveBy({0, 1});
+        QCOMPARE(graph.point(1)->pos(), QPointF(70, 22));
         graph.pointer.hold({});
-        graph.moveBy({1, 0});
+        graph.moveBy({1, -1});
         QCOMPARE(graph.point(1)->pos(), QPointF(71, 26));
         graph.pointer.release();
         graph.setGridSnapping(true);

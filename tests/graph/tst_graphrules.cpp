@@ -19,7 +19,7 @@ private Q_SLOTS:
         const auto locked = [](int x, int y, AxisSnappingMode present = None) {
             return lockedAxis({{100, 100}, {100 + x, 100 - y}, true, 10, present});
         };
-        QVERIFY(locked(30, 10) == Horizontal && locked(-10, 30) == Vertical);
+        QVERIFY(locked(60, 10) == Horizontal && locked(-10, 30) == Vertical);
         QVERIFY(locked(20, 20) == Horizontal && locked(10, 10) == None);
         QVERIFY(locked(60, 70) == None && locked(60, 70, Vertical) == Vertical);
         QCOMPARE(lockedAxis({{}, {30, 0}, false, 10, Vertical}), None);

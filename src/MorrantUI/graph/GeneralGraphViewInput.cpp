@@ -172,19 +172,9 @@ void GeneralGraphView::preferPoints()
 
 bool GeneralGraphView::cancelRubberBand()
 {
-    if (rubberBandRect().isNull() || !scene()) {
+    if (!scene() || !endRubberBand()) {
         return false;
     }
-    // Qt gives a band up when it sees, at some distance, that the button is not down any more.
-    const QPointF place = m_pressPosition + QPointF(viewport()->width(), viewport()->height());
-    QMouseEvent lift(
-        QEvent::MouseMove,
-        place,
-        viewport()->mapToGlobal(place),
-        Qt::NoButton,
-        Qt::NoButton,
-        Qt::NoModifier);
-    GraphicsView::mouseMoveEvent(&lift);
     {
         const QSignalBlocker quiet(scene());
         scene()->clearSelection();
