@@ -76,6 +76,17 @@ private Q_SLOTS:
         QGuiApplication::clipboard()->setText(u" s\n"_qs);
         QTest::keyClick(&host.palette, Qt::Key_V, Qt::ControlModifier);
         QVERIFY(host.rowsAfter({}).contains(u"S && P"_qs));
+
+        host.palette.close();
+        for (int i = 0; i < 90; ++i) { // more than the screen holds
+            host.file->addAction(u"Item %1"_qs.arg(i));
+        }
+        host.rowsAfter({});
+        const int above = host.palette.y();
+        host.rowsAfter(u"reop"_qs);
+        const QRect typed = host.palette.actionGeometry(host.palette.actions().first());
+        QVERIFY(host.palette.y() > above && typed.top() > 0);
+        QVERIFY(host.palette.y() >= host.window.mapToGlobal(QPoint()).y());
     }
 
     void rowsFollowTheirActionsAndMenusWhichMayDie()

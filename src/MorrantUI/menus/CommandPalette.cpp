@@ -84,7 +84,8 @@ void CommandPalette::openOver(const QWidget& widget)
     m_nothing->setEnabled(false);
     find({});
     const QPoint top((widget.width() - sizeHint().width()) / 2, qRound(widget.height() * kHeight));
-    popup(widget.mapToGlobal(top));
+    m_top = widget.mapToGlobal(top);
+    popup(m_top);
 }
 
 void CommandPalette::list(
@@ -240,7 +241,11 @@ void CommandPalette::arrange()
     }
     sayWhetherFound();
     m_isArranging = false;
+    const bool wasWhole = y() == m_top.y() && ui::menus::freeOfArrows(*this) == rect();
     ui::menus::layOutAgain(*this);
+    if (isVisible() && !wasWhole) { // Qt forgets only by this how far a longer list was scrolled
+        popup(m_top);
+    }
 }
 
 void CommandPalette::actionEvent(QActionEvent* event)

@@ -3,6 +3,7 @@
 
 #include <MorrantUI/menus/ContextMenu.h>
 
+#include <QPoint>
 #include <QPointer>
 
 #include <optional>
@@ -77,6 +78,7 @@ private:
     QPointer<ContextMenuItemWidget> m_prompt; ///< shows what was typed
     QPointer<QAction> m_nothing;              ///< says that no command was found
     QString m_typed;
+    QPoint m_top;                    ///< where it was to open, on the screen
     std::vector<Command> m_listed;   ///< in the order of the menus
     QList<QPointer<QAction>> m_rows; ///< from top to bottom
     bool m_isArranging = false;
