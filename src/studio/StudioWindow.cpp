@@ -123,6 +123,7 @@ StudioWindow::StudioWindow(QWidget* parent)
     setAcceptDrops(true);
 
     m_menus = new StudioMenus(*this);
+    m_menus->addMenu(*m_graph->menu());
     m_menus->addMenu(*m_dopeSheet->menu());
     m_menus->addMenu(*m_layers->menu());
     m_transport = new TransportBar(*m_player, m_menus->playback(), m_menus->zooms().mid(0, 3));

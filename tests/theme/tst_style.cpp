@@ -343,8 +343,10 @@ private Q_SLOTS:
         const QColor ground = theme().color(QPalette::Window);
         for (const auto& [name, draw] : kControls) {
             for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
-                const auto drawIcon = [&](QPainter& painter) { draw(stemIcon(), painter); };
-                const QImage image = drawn({110, 40}, ratio, ground, drawIcon);
+                const QImage image =
+                    drawn({110, 40}, ratio, ground, [&draw = draw](QPainter& painter) {
+                        draw(stemIcon(), painter);
+                    });
                 QRect inked;
                 int partial = 0; // in the middle row
                 for (int y = 0; y < image.height(); ++y) {

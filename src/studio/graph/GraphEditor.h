@@ -41,6 +41,7 @@ public:
     /// Takes over what is being typed and ends a drag, so that the document is complete.
     void finishEditing();
 
+    QMenu* menu() const { return m_menu; }
     /// Adds the rows of the menu.
     void fillMenu(ContextMenu& menu);
 
