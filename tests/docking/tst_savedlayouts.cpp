@@ -261,6 +261,9 @@ private Q_SLOTS:
             tree.root().show();
             settle();
             QCOMPARE(tree.sizes(), u"H(a=100 b=300 c=200)"_qs);
+            tree.root().findChild<QSplitter*>()->setSizes({300, 100, 200}); // as a handle's drag
+            tree.root().resize(size + QSize(0, 10));
+            QCOMPARE(tree.sizes(), u"H(a=300 b=100 c=200)"_qs);
         }
     }
 

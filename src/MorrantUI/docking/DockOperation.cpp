@@ -130,6 +130,9 @@ QPointer<DockableGroup> DockOperation::splitInGroup(DockableGroup& parent)
     const int index = parent.indexOfChild(&m_target);
     const bool inFront = parent.isInFront(m_target);
 
+    const QPointer<DockableGroup> holder(&parent); // who hears that one is shown may delete others
+    const QPointer<DockableWindow> target(&m_target);
+    const QPointer<DockableWindow> window(&m_window);
     const GroupSplitter::Pause pause(parent.m_splitter);
     const GroupSplitter::Pause pausePair(group->m_splitter);
 
@@ -145,9 +148,15 @@ QPointer<DockableGroup> DockOperation::splitInGroup(DockableGroup& parent)
         parent.bringForward(*group);
     }
     group->insertChild(insertIndex(m_area), &m_window);
-    group->bringForward(m_window);
-    group->applySizes(pair);
-    parent.m_splitterSizes->splitInserted(m_target, *group, neighbours);
+    if (group && window) {
+        group->bringForward(*window);
+    }
+    if (group) {
+        group->applySizes(pair);
+    }
+    if (group && target && holder) {
+        holder->m_splitterSizes->splitInserted(*target, *group, neighbours);
+    }
     return group;
 }
 

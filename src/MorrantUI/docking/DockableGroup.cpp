@@ -580,7 +580,9 @@ void DockableGroup::insertDirectly(DockableWindow& window, DockableArea area)
         bringForward(window);
     }
     for (const auto& one : both) {
-        one ? one->updateGeometry() : void();
+        if (one) {
+            one->updateGeometry();
+        }
     }
 }
 

@@ -92,6 +92,7 @@ void GroupSplitter::settle()
     }
     refresh();
     fill();
+    shareAsWished();
     for (const QPointer<QWidget>& window : std::exchange(m_newcomers, {})) {
         if (window && !window->isHidden()) { // what is in the others may do anything when shown
             window->show();
@@ -125,8 +126,28 @@ int GroupSplitter::room() const
 
 void GroupSplitter::share(const QList<int>& sizes)
 {
-    m_wished = isVisible() && room() > 0 ? QList<int>() : sizes;
+    const bool isLaidOut = isVisible() && room() > 0;
+    m_wished = isLaidOut || sizes.size() != count() ? QList<int>() : sizes;
     shareOut(sizes);
+}
+
+/// As soon as there is room. The groups around are shown later than this one, and have sizes of
+/// their own to share: what is wished holds until control returns to the event loop.
+void GroupSplitter::shareAsWished()
+{
+    if (m_wished.size() != count()) { // someone has come or gone since
+        m_wished.clear();
+    }
+    if (m_wished.isEmpty() || !isVisible() || isPaused()) {
+        return;
+    }
+    shareOut(m_wished);
+    const auto forget = [this, wished = m_wished] {
+        if (isVisible() && m_wished == wished) {
+            m_wished.clear();
+        }
+    };
+    QMetaObject::invokeMethod(this, forget, Qt::QueuedConnection);
 }
 
 void GroupSplitter::shareOut(const QList<int>& sizes)
@@ -157,6 +178,9 @@ void GroupSplitter::shareOut(const QList<int>& sizes)
 
 void GroupSplitter::give(const QList<int>& sizes)
 {
+    if (isVisible()) {
+        m_wished.clear();
+    }
     if (isPaused()) {
         m_awaited = sizes;
         m_stale = true;
@@ -228,11 +252,8 @@ bool GroupSplitter::event(QEvent* event)
     if (layOut) {
         fill();
     }
-    if (event->type() == QEvent::Show && !m_wished.isEmpty() && !isPaused()) {
-        shareOut(m_wished);
-        // The groups around are shown later than this one, and have sizes of their own to share.
-        QMetaObject::invokeMethod(
-            this, [this] { m_wished.clear(); }, Qt::QueuedConnection);
+    if (event->type() == QEvent::Show) {
+        shareAsWished();
     }
     return handled;
 }
@@ -244,9 +265,7 @@ void GroupSplitter::resizeEvent(QResizeEvent* event)
     }
     SolidSplitter::resizeEvent(event);
     fill();
-    if (!m_wished.isEmpty() && isVisible()) {
-        shareOut(m_wished);
-    }
+    shareAsWished();
 }
 
 void GroupSplitter::childEvent(QChildEvent* event)

@@ -64,6 +64,7 @@ private:
     void withoutLayout(Work&& work);
     void settle();
     void shareOut(const QList<int>& sizes);
+    void shareAsWished();
     void showHandles();
     void readLimits();
     bool applyLimits();

@@ -57,7 +57,9 @@ protected:
     {
         const QString name =
             underMouse() ? QStringLiteral("Midlight") : QStringLiteral("WindowBase");
-        QPainter(this).fillRect(rect(), ui::colorQt(name));
+        QColor color = ui::colorQt(name);
+        color.setAlpha(255); // nothing is painted below
+        QPainter(this).fillRect(rect(), color);
     }
 };
 

@@ -139,11 +139,14 @@ void AttributeFields::report(int index, bool committed)
 void AttributeFields::reportAll(std::vector<int> indices, bool committed)
 {
     const QPointer<AttributeFields> self(this);
-    m_due = std::move(indices);
+    std::vector<int> outer = std::exchange(m_due, std::move(indices)); // of which this is a slot
     while (self && !m_due.empty()) {
         const int index = m_due.front();
         m_due.erase(m_due.begin());
         report(index, committed);
+    }
+    if (self) {
+        m_due = std::move(outer);
     }
 }
 

@@ -5,8 +5,8 @@
 
 #include <QEvent>
 
-/// Whether an event of a window changes what a layout holds: that of the host is not saved in it,
-/// and what the system hides, as it minimises a window, is still there.
+/// Whether an event of a window changes what a layout holds. Whether the host is shown is not saved
+/// in it, and what the system hides, as it minimises a window, is still there.
 static bool isChange(const QEvent& event, bool isHost)
 {
     switch (event.type()) {
@@ -44,7 +44,7 @@ bool LayoutWatch::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::ChildAdded && watched == gMainWindow) {
         static_cast<QChildEvent*>(event)->child()->installEventFilter(this); // it may come to float
     }
-    const bool isHost = watched == parent();
+    const bool isHost = watched == parent() || watched == gMainWindow;
     const auto* const window = qobject_cast<QWidget*>(watched);
     const bool isWatched = isHost || qobject_cast<DockableWindow*>(watched);
     if (isWatched && window->isWindow() && isChange(*event, isHost)) {
