@@ -150,7 +150,8 @@ void keepOnScreen(QMenu& menu)
 
 void bringOntoScreen(QMenu& menu)
 {
-    if (!QGuiApplication::screenAt(menu.geometry().center())) {
+    const QRect place = menu.geometry(); // on Windows it has no size at all there
+    if (place.isEmpty() || !QGuiApplication::screenAt(place.center())) {
         layOutAgain(menu);
     }
 }
