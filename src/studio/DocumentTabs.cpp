@@ -41,6 +41,7 @@ DocumentTabs::DocumentTabs(QWidget* parent)
         }
     });
     connect(getHeader(), &TabBarHeader::tabRemoved, this, &DocumentTabs::showCloseButtons);
+    connect(getHeader(), &TabBarHeader::tabRemoved, this, &DocumentTabs::unsavedChanged);
     connect(addButton(), &GroupButton::clicked, this, &DocumentTabs::wanted);
 }
 
@@ -129,15 +130,19 @@ QStringList DocumentTabs::changedTitles()
     return titles;
 }
 
-std::vector<UnsavedDocument> DocumentTabs::unsaved()
+std::optional<std::vector<UnsavedDocument>> DocumentTabs::unsaved()
 {
     std::vector<UnsavedDocument> documents;
     for (int i = 0; i < count(); ++i) {
         DocumentPage& shown = *page(i);
-        const auto bytes = shown.editor().isModified() ? write(*shown.document()) : std::nullopt;
-        if (bytes) {
-            documents.push_back({shown.title(), shown.path(), shown.fingerprint(), *bytes});
+        if (!shown.editor().isModified()) {
+            continue;
         }
+        auto bytes = write(*shown.document());
+        if (!bytes) {
+            return std::nullopt;
+        }
+        documents.push_back({shown.title(), shown.path(), shown.fingerprint(), *std::move(bytes)});
     }
     return documents;
 }
@@ -147,7 +152,7 @@ DocumentPage* DocumentTabs::page(int index)
     return static_cast<DocumentPage*>(getPage(index));
 }
 
-/// Passes on what happens on the page in front.
+/// Passes on what happens on the page in front, and whether any page has changes.
 void DocumentTabs::watch(DocumentPage& page)
 {
     const auto isCurrent = [this, &page] { return currentPage() == &page; };
@@ -156,6 +161,7 @@ void DocumentTabs::watch(DocumentPage& page)
         if (isCurrent()) {
             Q_EMIT historyChanged();
         }
+        Q_EMIT unsavedChanged();
     };
     connect(&page.editor(), &DocumentEditor::historyChanged, this, showHistory);
     connect(&page, &DocumentPage::saved, this, showHistory);

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace studio {
@@ -48,14 +49,16 @@ public:
     void setBackdrop(Backdrop backdrop);
     /// The titles of the documents that differ from their files.
     QStringList changedTitles();
-    /// The same documents as they are.
-    std::vector<UnsavedDocument> unsaved();
+    /// The same documents as they are; nothing when one of them cannot be written.
+    std::optional<std::vector<UnsavedDocument>> unsaved();
 
 Q_SIGNALS:
     /// Another page is in front, or it has another document.
     void currentChanged();
     /// What can be undone or redone in the page in front has changed, or whether it has changes.
     void historyChanged();
+    /// The history of any page has changed, or a page has gone: unsaved() is another.
+    void unsavedChanged();
     /// Undo or redo has changed something in a layer of the page in front.
     void restored(int layer);
     void notDrawnChanged(); ///< of the page in front

@@ -377,8 +377,7 @@ bool StudioWindow::keepUnsavedIn(const QString& folder)
             m_keeping.start();
         }
     };
-    connect(m_documents, &DocumentTabs::historyChanged, this, keepLater);
-    connect(m_documents, &DocumentTabs::currentChanged, this, keepLater); // one was closed
+    connect(m_documents, &DocumentTabs::unsavedChanged, this, keepLater);
     QStringList titles;
     const auto canBeRead = [](const std::string& bytes) { return bool(read(bytes)); };
     for (UnsavedDocument& unsaved : m_recovery->take(canBeRead)) {
@@ -410,10 +409,18 @@ void StudioWindow::putAway()
         saveLayout();
     }
     editor().commit();
-    const QString error = m_recovery ? m_recovery->keep(m_documents->unsaved()) : QString();
+    const QString error = m_recovery ? keepDocuments() : QString();
     if (!error.isEmpty()) {
         fail(error);
     }
+}
+
+/// @return what went wrong, a sentence for the user; what was kept before is then still there
+QString StudioWindow::keepDocuments()
+{
+    const auto documents = m_documents->unsaved();
+    return documents ? m_recovery->keep(*documents)
+                     : tr("Unsaved changes cannot be kept: a document cannot be written.");
 }
 
 /// Nothing that is under way is ended by it.
@@ -425,10 +432,13 @@ void StudioWindow::keepUnsaved()
     }
     QElapsedTimer taken;
     taken.start();
-    const QString error = m_recovery->keep(m_documents->unsaved());
+    const QString error = keepDocuments();
     m_keeping.setInterval(
         static_cast<int>(std::max(kKeepingDelay, kKeepingShare * taken.elapsed())));
-    if (!error.isEmpty() && !std::exchange(m_toldKeepingError, true)) { // it is tried again
+    if (!error.isEmpty()) {
+        m_keeping.start(); // once more
+    }
+    if (!std::exchange(m_toldKeepingError, !error.isEmpty()) && !error.isEmpty()) {
         fail(error);
     }
 }

@@ -118,6 +118,7 @@ private:
     void showDefaultLayout();
     void saveLayout();
     void keepUnsaved();
+    QString keepDocuments();
     QString tryToOpen(const QString& path);
     DocumentPage& page() const;
     void showDocument();

@@ -346,11 +346,20 @@ private Q_SLOTS:
         {
             OpenWindow window(0);
             QVERIFY(window.keepUnsavedIn(kept) && window.isWindowModified());
+            window.openFile(samplePaths().at(1));
+            window.edit();
             window.putAway(); // and once more
+            ui::test::FakeClock clock(&window);
+            clock.fireTimers(60'000);
+            window.documents().setTab(0);
+            const Answer discard(QDialogButtonBox::Discard);
+            window.close(1); // behind the one in front
+            clock.fireTimers(60'000);
         }
-        QVERIFY(QDir(kept).mkdir(u"damaged"_qs));
-        QFile damaged(kept + u"/damaged/1.json"_qs);
-        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("{") == 1);
+        for (const QString& file : {u"/damaged/index.json"_qs, u"/unfinished/1.json"_qs}) {
+            QVERIFY(QDir(kept).mkdir(file.section(u'/', 1, 1)));
+            replace(kept + file, "{");
+        }
         OpenWindow window(0);
         QVERIFY(window.keepUnsavedIn(kept));
         QCOMPARE(window.tabs().size(), 1);

@@ -2,6 +2,7 @@
 #include "saving/Recovery.h"
 
 #include "saving/documentfile.h"
+#include "texts.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,6 +21,7 @@ namespace {
 
 constexpr QLatin1String kIndex("index.json");
 constexpr QLatin1String kLock("lock");
+constexpr int kMostNames = 3;
 constexpr auto kOwn = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
 QByteArray contentsOf(const QString& path)
@@ -90,6 +92,7 @@ std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
 {
     m_unreadable.clear();
     std::vector<UnsavedDocument> documents;
+    std::vector<Taken> unfinished; // the index is written last
     const QDir all(m_folder);
     for (const QString& name : all.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Time)) {
         const QDir folder(all.filePath(name));
@@ -98,12 +101,23 @@ std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
             continue; // of a run that goes on
         }
         auto found = documentsIn(folder, isDocument);
+        if (!found && !folder.exists(kIndex)) {
+            unfinished.push_back({folder.path(), std::move(lock)});
+            continue;
+        }
         if (!found) {
             m_unreadable.append(folder.path());
             continue;
         }
         std::move(found->begin(), found->end(), std::back_inserter(documents));
         m_taken.push_back({folder.path(), std::move(lock)});
+    }
+    for (Taken& one : unfinished) {
+        if (documents.empty()) {
+            m_unreadable.append(one.folder);
+        } else { // what its run had kept before is among them
+            m_taken.push_back(std::move(one));
+        }
     }
     return documents;
 }
@@ -114,21 +128,36 @@ QString Recovery::keep(const std::vector<UnsavedDocument>& documents)
         forget();
         return {};
     }
+    std::vector<Taken> made;
+    made.push_back(makeFolder());
+    if (!made.front().lock) {
+        return tr("Unsaved changes cannot be kept in “%1”.")
+            .arg(QDir::toNativeSeparators(m_folder));
+    }
+    QString error = write(QDir(made.front().folder), documents);
+    if (error.isEmpty()) {
+        std::swap(made, m_taken);
+    }
+    drop(std::move(made));
+    return error;
+}
+
+/// Without a lock where there can be none. Another run may take a new folder while it is empty, and
+/// clears it away later.
+Recovery::Taken Recovery::makeFolder() const
+{
     const QDir all(m_folder);
     all.mkpath(QStringLiteral("."));
-    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    all.mkdir(name, kOwn);
-    const QDir folder(all.filePath(name));
-    auto lock = lockOf(folder);
-    QString error = write(folder, documents);
-    auto former = std::exchange(m_taken, {});
-    m_taken.push_back({folder.path(), std::move(lock)});
-    if (error.isEmpty()) {
-        drop(std::move(former));
-    } else {
-        drop(std::exchange(m_taken, std::move(former)));
+    Taken made;
+    for (int i = 0; i < kMostNames && !made.lock; ++i) {
+        const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        all.mkdir(name, kOwn);
+        made = {all.filePath(name), lockOf(QDir(all.filePath(name)))};
+        if (!made.lock) {
+            all.rmdir(name); // unless it is the other run's
+        }
     }
-    return error;
+    return made;
 }
 
 void Recovery::forget()
@@ -139,7 +168,8 @@ void Recovery::forget()
 void Recovery::drop(std::vector<Taken> taken)
 {
     for (Taken& one : taken) {
-        one.lock.reset(); // its file lies in the folder
+        QFile::remove(QDir(one.folder).filePath(kIndex)); // nobody reads what goes
+        one.lock.reset();                                 // its file lies in the folder
         QDir(one.folder).removeRecursively();
     }
 }

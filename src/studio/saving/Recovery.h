@@ -35,7 +35,8 @@ public:
     ~Recovery();
 
     /// What runs that are over have left, which is this run's from now on and stays on disk until
-    /// forget() or keep(). A folder in which anything cannot be read is nobody's and stays.
+    /// forget() or keep(). A folder in which anything cannot be read is nobody's and stays; one
+    /// that was not finished goes with the others when there is anything in these.
     /// @param isDocument whether bytes can be opened
     std::vector<UnsavedDocument> take(const std::function<bool(const std::string&)>& isDocument);
 
@@ -57,6 +58,7 @@ private:
         std::unique_ptr<QLockFile> lock;
     };
 
+    Taken makeFolder() const;
     void drop(std::vector<Taken> taken);
 
     QString m_folder;
