@@ -243,6 +243,11 @@ private Q_SLOTS:
         QVERIFY(!garden.tree.isExpanded(garden.model.index(2, 0)));
         QApplication::processEvents();
         QVERIFY(garden.tree.isExpanded(garden.model.index(2, 0)) && garden.selected() == u"eg");
+        garden.model.clear();
+        fill(garden.model, u"xa(bc)a(dye)f(g)"_qs);
+        garden.select(u"x"_qs); // by the host
+        QApplication::processEvents();
+        QVERIFY(garden.tree.isExpanded(garden.model.index(2, 0)) && garden.selected() == u"x");
         QIdentityProxyModel proxy;
         garden.tree.setModel(&proxy);
         proxy.setSourceModel(&garden.model);

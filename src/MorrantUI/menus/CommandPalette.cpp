@@ -32,7 +32,7 @@ constexpr int kWidth = 460;              ///< logical pixels
 constexpr double kHeight = 0.12;         ///< of the widget, above the list
 constexpr double kUnderline = 1.5;       ///< logical pixels, below the letters that were found
 constexpr double kDisabledOpacity = 0.5; ///< of that line
-constexpr qsizetype kMostPasted = 200;   ///< letters
+constexpr qsizetype kMostPasted = 200;   ///< UTF-16 units
 
 /// What a row shows of a command: its name behind the menus that it is in.
 struct Words
@@ -54,6 +54,24 @@ bool isCommand(const QAction& action)
     const auto* const rich = qobject_cast<const ContextMenuItemWidget*>(&action);
     return !action.isSeparator() && !action.text().isEmpty()
            && (rich ? rich->hasMainTrigger() : !action.menu());
+}
+
+/// Whether a key changes what is typed.
+bool edits(const QKeyEvent& key)
+{
+    return key.matches(QKeySequence::DeleteStartOfWord) || key.key() == Qt::Key_Backspace
+           || key.matches(QKeySequence::Paste)
+           || ui::menus::menuKey(key.key(), key.modifiers(), key.text())
+                  == ui::menus::MenuKey::Search;
+}
+
+QString pastedText()
+{
+    QString text = QGuiApplication::clipboard()->text().simplified().left(kMostPasted);
+    if (!text.isEmpty() && text.back().isHighSurrogate()) {
+        text.chop(1); // the other half was cut off
+    }
+    return text;
 }
 
 } // namespace
@@ -159,8 +177,8 @@ void CommandPalette::run(const QAction* row)
 
 // Typing
 
-/// What is typed by then; none for a key that types nothing.
-std::optional<QString> CommandPalette::edited(const QKeyEvent& key) const
+/// What is typed behind a key of these.
+QString CommandPalette::edited(const QKeyEvent& key) const
 {
     if (key.matches(QKeySequence::DeleteStartOfWord)) {
         return ui::menus::withoutLastWord(m_typed);
@@ -169,16 +187,14 @@ std::optional<QString> CommandPalette::edited(const QKeyEvent& key) const
         return ui::menus::withoutLastLetter(m_typed);
     }
     if (key.matches(QKeySequence::Paste)) {
-        return m_typed + QGuiApplication::clipboard()->text().simplified().left(kMostPasted);
+        return m_typed + pastedText();
     }
-    const bool types =
-        ui::menus::menuKey(key.key(), key.modifiers(), key.text()) == ui::menus::MenuKey::Search;
-    return types ? std::optional(m_typed + key.text()) : std::nullopt;
+    return m_typed + key.text();
 }
 
 bool CommandPalette::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride && edited(*static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::ShortcutOverride && edits(*static_cast<QKeyEvent*>(event))) {
         event->accept(); // rather than a command's key
         return true;
     }
@@ -187,8 +203,8 @@ bool CommandPalette::event(QEvent* event)
 
 void CommandPalette::keyPressEvent(QKeyEvent* event)
 {
-    if (const auto text = edited(*event)) {
-        find(*text);
+    if (edits(*event)) {
+        find(edited(*event));
     } else {
         ContextMenu::keyPressEvent(event);
     }

@@ -6,7 +6,6 @@
 #include <QPoint>
 #include <QPointer>
 
-#include <optional>
 #include <vector>
 
 class ContextMenuItemWidget;
@@ -21,8 +20,9 @@ class ContextMenuItemWidget;
 /// the focus back.
 ///
 /// The rows show icon, shortcut, tick and state of their actions and follow them while the list is
-/// open; an action is disabled and hidden with each of the menus that it is in. Actions and menus
-/// may be deleted at any time.
+/// open; an action is disabled and hidden with each of the menus that it is in. Actions without a
+/// text are left out, and a row says "No command found" where there is none. Actions and menus may
+/// be deleted at any time.
 class MORRANT_UI_EXPORT CommandPalette : public ContextMenu
 {
     Q_OBJECT
@@ -65,7 +65,7 @@ private:
     void copy(const Command& command);
     void run(const QAction* row);
 
-    std::optional<QString> edited(const QKeyEvent& key) const;
+    QString edited(const QKeyEvent& key) const;
     void find(const QString& text);
     void showTyped(const QString& composed);
     void arrange();

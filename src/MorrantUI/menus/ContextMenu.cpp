@@ -412,10 +412,16 @@ void ContextMenu::actionEvent(QActionEvent* event)
         return;
     }
     m_pictureColumn = -1;
-    QMenu* const submenu = event->action()->menu();
-    const bool leads = event->type() != QEvent::ActionRemoved && isSelectable(*event->action());
-    if (submenu && submenu->isVisible() && !leads) {
+    const QPointer<ContextMenu> alive(this);
+    const QPointer<QAction> row(event->action());
+    QMenu* const submenu = row->menu();
+    const bool leads = event->type() != QEvent::ActionRemoved && isSelectable(*row);
+    const bool isOpener = isVisible() && activeAction() == row;
+    if (submenu && submenu->isVisible() && isOpener && !leads) {
         submenu->hide(); // nothing leads there any more
+    }
+    if (!alive || !row) {
+        return; // by a slot
     }
     QMenu::actionEvent(event);
     if (isVisible()) {

@@ -19,7 +19,7 @@ class WidgetMenuAction;
 /// rows that are disabled or invisible. Return triggers an enabled row, as a click does: exec()
 /// returns the action, and the menu is closed by the time its slots run. Escape, Left, Right, Tab
 /// and keys with Meta or with one of Control and Alt are those of QMenu, except that Tab and Right
-/// lead into the buttons of a ContextMenuItemWidget first.
+/// lead into the buttons of a ContextMenuItemWidget first, Tab also through a WidgetMenuAction.
 ///
 /// Rows are actions of any kind; a ContextMenuItemWidget is a rich one. A menu that is longer than
 /// the screen scrolls. Actions, owner and menu may be deleted while it is open.

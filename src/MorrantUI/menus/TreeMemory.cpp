@@ -66,7 +66,7 @@ void TreeMemory::keep(const QTreeView& tree, int keyRole)
                 && tree.verticalScrollBar()->value() == 0;
 }
 
-void TreeMemory::restore(QTreeView& tree, int keyRole)
+void TreeMemory::restore(QTreeView& tree, int keyRole, Part part)
 {
     if (m_isEmpty || !tree.model() || !tree.selectionModel()) {
         return;
@@ -98,6 +98,9 @@ void TreeMemory::restore(QTreeView& tree, int keyRole)
         if (self) {
             tree.expand(index);
         }
+    }
+    if (part == Part::OpenRows) {
+        return;
     }
     if (self && tree.selectionModel() && current.isValid()) {
         tree.selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);

@@ -17,8 +17,14 @@ public:
     ///     the first, the second and so on count as the same
     void keep(const QTreeView& tree, int keyRole);
 
+    enum class Part
+    {
+        All,
+        OpenRows ///< the host has chosen a row itself
+    };
+
     /// Opens, selects and makes current what there still is of it, and scrolls to where it was.
-    void restore(QTreeView& tree, int keyRole);
+    void restore(QTreeView& tree, int keyRole, Part part = Part::All);
 
 private:
     QSet<QString> m_open;

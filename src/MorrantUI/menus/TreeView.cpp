@@ -110,8 +110,9 @@ void TreeView::recall()
                 const bool isChosen =
                     selectionModel()
                     && (selectionModel()->hasSelection() || currentIndex().isValid());
-                if (std::exchange(m_awaitsRows, false) && !isChosen) { // else by the host
-                    m_memory->restore(*this, m_keyRole);
+                if (std::exchange(m_awaitsRows, false)) {
+                    const auto part = isChosen ? TreeMemory::Part::OpenRows : TreeMemory::Part::All;
+                    m_memory->restore(*this, m_keyRole, part);
                 }
             },
             Qt::QueuedConnection);
@@ -120,7 +121,8 @@ void TreeView::recall()
 
 void TreeView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    const bool isPutAway = editor && editor->isHidden(); // by a reset in the slot of renamed()
+    // By a reset in the slot of renamed().
+    const bool isPutAway = editor && editor->isHidden() && state() != EditingState;
     if (!isPutAway) {
         QTreeView::closeEditor(editor, hint);
     }
