@@ -37,10 +37,6 @@ endif()
 find_package(Core CONFIG QUIET)
 
 # muParser: its own package on Windows builds, pkg-config's or plain files on Debian.
-if(NOT WIN32)
-    find_package(Fontconfig REQUIRED)
-endif()
-
 find_package(muparser CONFIG QUIET)
 if(NOT TARGET muparser::muparser)
     find_library(MUPARSER_LIBRARY muparser REQUIRED)

@@ -55,7 +55,7 @@ private:
 
     void report(const std::string& path, FontFile& file);
 
-    sk_sp<SkFontMgr> m_fontManager; ///< made by the first font: it reads the system's font list
+    sk_sp<SkFontMgr> m_fontManager; ///< made by the first font, with the process's font list
     std::map<std::string, FontFile> m_files;
     FontFileCallback m_callback;
 };
