@@ -21,7 +21,10 @@ constexpr std::size_t kApplyEvery = 16;
 /// The application and the folder that every input's theme is read from.
 struct Host : QtHost
 {
-    Host() { check(QDir(assets.path()).mkdir(QStringLiteral("Style")), "a folder"); }
+    Host()
+    {
+        check(assets.isValid() && QDir(assets.path()).mkdir(QStringLiteral("Style")), "a folder");
+    }
 
     VisualDesignDark& loadTheme(const std::uint8_t* data, std::size_t size)
     {

@@ -48,7 +48,7 @@ QVariant nameData(const Layer& layer, int role)
     case Qt::ToolTipRole: {
         const QString kind = kindName(layer.kind);
         // The name may be cut. As mark-up, so that one such as "<b>" is shown as it is.
-        return QStringLiteral("<p style='white-space:pre'>%1\n%2</p>")
+        return QStringLiteral("<p style='white-space:pre-wrap'>%1\n%2</p>")
             .arg(
                 layer.name.toHtmlEscaped(),
                 layer.hidden ? LayerModel::tr("%1, hidden").arg(kind) : kind);

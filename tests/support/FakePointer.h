@@ -107,9 +107,9 @@ inline bool turnWheel(
     return event.isAccepted();
 }
 
-/// Sends what a drag that comes in and is dropped sends.
-/// @return whether the drop was taken
-inline bool dropOn(QWidget& target, const QMimeData& data)
+/// Sends what a drag that comes in and is dropped sends; the drop also where it is not wanted.
+/// @return whether both were taken
+inline bool dropOn(QWidget& target, const QMimeData& data, Qt::DropAction action = Qt::CopyAction)
 {
     const auto takes = [&target](QDropEvent&& event) {
         event.ignore();
@@ -117,8 +117,8 @@ inline bool dropOn(QWidget& target, const QMimeData& data)
         return event.isAccepted();
     };
     const QPoint at(5, 5);
-    return takes(QDragEnterEvent(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier))
-           && takes(QDropEvent(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier));
+    const bool enters = takes(QDragEnterEvent(at, action, &data, Qt::LeftButton, {}));
+    return takes(QDropEvent(at, action, &data, Qt::LeftButton, {})) && enters;
 }
 
 /// Clicks the middle of a widget.

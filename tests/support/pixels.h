@@ -30,6 +30,7 @@ QImage drawn(QSizeF size, double devicePixelRatio, const QColor& ground, Draw dr
     image.fill(ground);
     QPainter painter(&image);
     draw(painter);
+    painter.end();
     return image;
 }
 

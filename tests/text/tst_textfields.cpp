@@ -147,7 +147,7 @@ private Q_SLOTS:
         for (const bool isCode : {true, false}) {
             QMimeData data;
             data.setText(isCode ? u"5"_qs : u"five"_qs);
-            QCOMPARE(ui::test::dropOn(*field.viewport(), data), isCode);
+            QCOMPARE(ui::test::dropOn(*field.viewport(), data, Qt::MoveAction), isCode);
         }
         QCOMPARE(field.toPlainText().size(), kept.size() + 1);
     }

@@ -14,8 +14,8 @@
 /// Return and Enter finish an edit and give the focus away; leaving the field finishes it too.
 /// While nothing has been edited Return begins a new line, as Shift+Return always does
 /// (deliberate). Keys that mean something in a text stay in the field, also where the window has
-/// shortcuts for them; so do undo and redo, with every usual key, unless
-/// they are left to the host.
+/// shortcuts for them; so do undo and redo, with every usual key, unless they are left to
+/// the host.
 ///
 /// Lines are wrapped at words; anywhere while there is one of more than 10,000 characters, which
 /// would take too long.
