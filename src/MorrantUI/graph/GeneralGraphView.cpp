@@ -288,6 +288,7 @@ void GeneralGraphView::finishGesture()
 bool GeneralGraphView::cancelGesture()
 {
     const QPointer<GeneralGraphView> alive(this);
+    stopEdgeScroll();
     {
         const ui::ChangeBatch batch(this);
         if (m_drag && m_drag->state() == ui::DragState::Dragging) {

@@ -144,6 +144,11 @@ protected:
     /// Scene units that an arrow key moves the selection by; ten times as much with Shift. By
     /// default a unit on each axis, and the grid's where points snap to it.
     virtual QSizeF nudgeStep() const;
+    /// The accessible description: what is selected; empty for nothing.
+    virtual QString selectionText() const;
+    /// Tells assistive tools selectionText(), where that is another than before. The view does so
+    /// itself after the user's gestures and when it gets the focus.
+    void describeSelection();
     /// Makes the transform tool, which becomes the scene's. By default a PointTransformTool.
     virtual TransformTool* createTransformTool();
     /// Around what the user changes in one go: a drag, a key, a click that changes points. When it
@@ -198,7 +203,6 @@ private:
     void preferPoints();
     QRectF selectedBounds() const;
     bool nudgeByKey(const QKeyEvent& event);
-    void describeSelection();
     /// What an item that is moved goes by: none while the arrow keys move it.
     static Qt::KeyboardModifiers heldModifiers(const GeneralGraphView* view);
 

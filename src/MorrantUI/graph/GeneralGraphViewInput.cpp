@@ -289,15 +289,18 @@ QObjectList GeneralGraphView::listsForReaders() const
     return curves;
 }
 
-void GeneralGraphView::describeSelection()
+QString GeneralGraphView::selectionText() const
 {
     const std::vector<GraphPointWidget*> points = m_utils->pointItems(true);
-    QString text;
     if (points.size() == 1) {
-        text = pointText(*points.front());
-    } else if (!points.empty()) {
-        text = tr("%1 points selected").arg(points.size());
+        return pointText(*points.front());
     }
+    return points.empty() ? QString() : tr("%1 points selected").arg(points.size());
+}
+
+void GeneralGraphView::describeSelection()
+{
+    const QString text = selectionText();
     if (text != accessibleDescription()) {
         setAccessibleDescription(text);
     }
@@ -329,8 +332,7 @@ void GeneralGraphView::zoomAt(QPointF factors, QPointF place)
 void GeneralGraphView::panBy(QPoint distance)
 {
     const ui::ChangeBatch batch(this);
-    QScrollBar* const horizontal = horizontalScrollBar();
-    horizontal->setValue(horizontal->value() + (isRightToLeft() ? distance.x() : -distance.x()));
+    scrollAcross(-distance.x());
     verticalScrollBar()->setValue(verticalScrollBar()->value() - distance.y());
 }
 
@@ -360,10 +362,10 @@ std::optional<QRectF> GeneralGraphView::pointBounds(bool all) const
     if (points.empty()) {
         return std::nullopt;
     }
-    QRectF bounds(points.front()->scenePos(), QSizeF());
+    QRectF bounds(points.front()->scenePos(), QSizeF(0.0, 0.0)); // QSizeF() is less than nothing
     std::set<const GraphCurveWidget*> curves;
     for (const GraphPointWidget* const point : points) {
-        bounds = ui::spanned(bounds, {point->scenePos(), QSizeF()});
+        bounds = ui::spanned(bounds, {point->scenePos(), QSizeF(0.0, 0.0)});
         curves.insert(point->curve());
     }
     curves.erase(nullptr);
