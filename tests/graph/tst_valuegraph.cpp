@@ -59,6 +59,13 @@ private Q_SLOTS:
         ValueDesk view;
         view.drag({40, 100}, {45.4, 80.2});
         QCOMPARE(view.takeTold(), u"start,0:0 45:80* 60:-20"_qs);
+        ui::test::turnWheel(
+            *view.viewport(),
+            view.pointer.position() + QPoint(100, 0),
+            {0, 120},
+            Qt::ControlModifier);
+        const QString zoomed = view.takeTold(); // Qt has repeated the movement
+        QVERIFY(zoomed == view.shown() && !zoomed.contains(u" 45:"));
         QTest::keyClick(&view, Qt::Key_Escape);
         view.pointer.release();
         QCOMPARE(view.takeTold(), u"0:0 40:100* 60:-20,same"_qs);
@@ -116,6 +123,8 @@ private Q_SLOTS:
         view.curve->setKeys({{0, 0}, {900, 9}});
         QCoreApplication::processEvents();
         QVERIFY(!view.sees(60, 5));
+        QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier); // the window's
+        QVERIFY(!view.sees(60, 5));
         QTest::keyClick(&view, Qt::Key_A);
         QVERIFY(view.sees(0, 0) && view.sees(900, 9));
         const QSignalSpy tapped(&view, &ValueGraphView::spaceTapped);
@@ -124,6 +133,34 @@ private Q_SLOTS:
         view.drag({900, 5}, {100, 5}); // pans
         QTest::keyRelease(&view, Qt::Key_Space);
         QVERIFY(tapped.count() == 1 && !view.sees(0, 0) && view.told.isEmpty());
+
+        view.pointer.release();
+        view.pointer.press({200, 100}, Qt::MiddleButton);
+        view.pointer.press(); // does not concern the pan
+        view.pointer.release();
+        const QRectF seen = view.getVisibleRect();
+        view.pointer.moveTo({100, 100});
+        QVERIFY(view.getVisibleRect().left() > seen.left() && view.rubberBandRect().isNull());
+        view.pointer.release(Qt::MiddleButton);
+
+        view.curve->setKeys({{5, 5}});
+        QCOMPARE(view.pointBounds(true), std::optional(QRectF(5, -5, 0, 0)));
+        view.addCurve()->setKeys({{7, 9}});
+        QCOMPARE(view.pointBounds(true), std::optional(QRectF(5, -9, 2, 4)));
+    }
+    void aCurveThatGoesIsNotMetAgain()
+    {
+        ValueDesk view;
+        view.setHint(u"None"_qs);
+        view.curve->point(1)->setSelected(true);
+        view.setHint(u"Nothing"_qs);
+        QCOMPARE(view.accessibleDescription(), u"Frame 40, value 100"_qs);
+        QStringList told;
+        connect(view.scene(), &QGraphicsScene::selectionChanged, &view, [&] {
+            told << QString::number(view.curves().size()) + view.accessibleDescription();
+        });
+        delete view.curve;
+        QCOMPARE(told, QStringList(u"0Nothing"_qs));
     }
     void aHostMayDeleteWhateverItLikesInMidDrag()
     {

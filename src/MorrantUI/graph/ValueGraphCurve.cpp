@@ -79,17 +79,44 @@ ValueGraphCurve::ValueGraphCurve(ValueGraphView& view)
     setEndsAtBarePoints(false);
 }
 
+/// What is selected would tell of it as it is hidden or dies, when the others are not in place yet.
+/// @return whether that has come to something
+template <typename Change>
+bool ValueGraphCurve::changeQuietly(const Change& change)
+{
+    const auto selection = [home = scene()] {
+        return home ? home->selectedItems() : QList<QGraphicsItem*>();
+    };
+    const QSignalBlocker quiet(scene());
+    const QList<QGraphicsItem*> before = selection();
+    change();
+    return selection() != before;
+}
+
 ValueGraphCurve::~ValueGraphCurve()
 {
     if (m_view) {
-        m_view->noteKeys(false); // what is left may be fitted
+        m_view->forget(*this);
+    }
+    m_points.clear();
+    QGraphicsScene* const home = scene();
+    const bool isSelectionOther = changeQuietly([this, home] {
+        while (!childItems().isEmpty()) {
+            delete childItems().constFirst();
+        }
+        if (home) {
+            home->removeItem(this); // so that a slot may delete that as well
+        }
+    });
+    if (home && isSelectionOther) {
+        Q_EMIT home->selectionChanged();
     }
 }
 
 void ValueGraphCurve::setColorName(const QString& name)
 {
     m_colorName = name;
-    refresh();
+    update();
 }
 
 QColor ValueGraphCurve::lineColor() const
@@ -134,20 +161,6 @@ void ValueGraphCurve::setKeys(const std::vector<ValueGraphKey>& keys)
     }
 }
 
-/// What is selected would tell of it as it is hidden or dies, when the others are not in place yet.
-/// @return whether that has come to something
-template <typename Change>
-bool ValueGraphCurve::changeQuietly(const Change& change)
-{
-    const auto selection = [this] {
-        return scene() ? scene()->selectedItems() : QList<QGraphicsItem*>();
-    };
-    const QSignalBlocker quiet(scene());
-    const QList<QGraphicsItem*> before = selection();
-    change();
-    return selection() != before;
-}
-
 std::vector<ValueGraphKey> ValueGraphCurve::keys() const
 {
     std::vector<ValueGraphKey> all;
@@ -168,7 +181,12 @@ std::vector<ValueGraphKey> ValueGraphCurve::keys() const
 
 GraphPointWidget* ValueGraphCurve::point(std::size_t key) const
 {
-    return key < m_points.size() ? m_points[key].data() : nullptr;
+    for (const QPointer<GraphPointWidget>& point : m_points) {
+        if (point && key-- == 0) {
+            return point;
+        }
+    }
+    return nullptr;
 }
 
 std::optional<double> ValueGraphCurve::valueAtFrame(double frame) const

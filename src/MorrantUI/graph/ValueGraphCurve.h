@@ -17,14 +17,13 @@ class GraphPointWidget;
 class ValueGraphView;
 
 /// A curve of a ValueGraphView, which makes it: the host's keys as points with tangent handles.
-/// Delete it to take it away.
+/// Delete it to take it away; the view has forgotten it and its points by the time that anybody
+/// hears of it.
 class MORRANT_UI_EXPORT ValueGraphCurve : public GraphCurveWidget
 {
     Q_OBJECT
 
 public:
-    /// @param view whose scene owns the curve
-    explicit ValueGraphCurve(ValueGraphView& view);
     ~ValueGraphCurve() override;
 
     /// One of the theme's colours by its name, asked for whenever the curve is drawn. Empty, as at
@@ -38,7 +37,7 @@ public:
     /// numbers that are not finite are shown at 0.
     void setKeys(const std::vector<ValueGraphKey>& keys);
     /// What is shown, as the user has made it: in the order in which the host gave them, also where
-    /// they have passed each other.
+    /// they have passed each other. What a host has deleted of the points is left out.
     std::vector<ValueGraphKey> keys() const;
     /// The point of a key by its place in that order; null for none.
     GraphPointWidget* point(std::size_t key) const;
@@ -51,6 +50,8 @@ protected:
 
 private:
     friend class ValueGraphView;
+
+    explicit ValueGraphCurve(ValueGraphView& view);
 
     GraphPointWidget* makePoint();
     template <typename Change>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/ValueGraphView.h"
 
+#include "MorrantUI/graph/ChangeBatch.h"
 #include "MorrantUI/graph/axislines.h"
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
@@ -12,6 +13,8 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPainter>
+#include <QPointer>
+#include <QSignalBlocker>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -33,23 +36,35 @@ constexpr double kNudgesPerLine = 10; ///< Up and Down, from one labelled value 
 constexpr double kFarthest = 1e100;   ///< scene units that are looked at
 constexpr int kLabelMargin = 4;       ///< pixels
 
-/// Keys that belong to the graph while it has the focus, although the window's menus have them too.
-bool isOwnKey(const QKeyEvent& event, bool hasSelection)
+bool hasOnly(const QKeyEvent& event, Qt::KeyboardModifiers modifiers)
 {
-    const bool isPlain = !(event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+    return !(event.modifiers() & ~(modifiers | Qt::KeypadModifier));
+}
+
+/// Keys that pan, fit and zoom; Shift is what a keyboard may need for signs.
+bool isViewKey(const QKeyEvent& event)
+{
     switch (event.key()) {
     case Qt::Key_Space:
     case Qt::Key_F:
-    case Qt::Key_A:
+    case Qt::Key_A: return hasOnly(event, {});
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-    case Qt::Key_Minus: return isPlain;
+    case Qt::Key_Minus: return hasOnly(event, Qt::ShiftModifier);
+    default: return false;
+    }
+}
+
+/// Keys that belong to the graph while it has the focus, although the window's menus have them too.
+bool isOwnKey(const QKeyEvent& event, bool hasSelection)
+{
+    switch (event.key()) {
     case Qt::Key_Left:
     case Qt::Key_Right:
     case Qt::Key_Up:
-    case Qt::Key_Down: return isPlain && hasSelection;
+    case Qt::Key_Down: return hasOnly(event, Qt::ShiftModifier) && hasSelection;
     case Qt::Key_Escape: return QGuiApplication::mouseButtons() != Qt::NoButton;
-    default: return false;
+    default: return isViewKey(event);
     }
 }
 
@@ -89,6 +104,7 @@ ValueGraphView::ValueGraphView(QWidget* parent)
     setAccessibleName(tr("Values over frames"));
     connect(scene, &QGraphicsScene::selectionChanged, this, [this] {
         updateTransformTool();
+        describeSelection();
         viewport()->update();
     });
     noteKeys(false);
@@ -96,6 +112,7 @@ ValueGraphView::ValueGraphView(QWidget* parent)
 
 ValueGraphView::~ValueGraphView()
 {
+    const QSignalBlocker quiet(scene()); // of a selection that goes with the view
     for (ValueGraphCurve* const curve : curves()) {
         delete curve; // which asks the view
     }
@@ -107,19 +124,9 @@ ValueGraphCurve* ValueGraphView::addCurve(const QString& text, const QString& co
     curve->setToolTip(text);
     curve->setColorName(colorName);
     scene()->addItem(curve);
-    m_curves.emplace_back(curve);
+    m_curves.push_back(curve);
+    noteKeys(false);
     return curve;
-}
-
-std::vector<ValueGraphCurve*> ValueGraphView::curves() const
-{
-    std::vector<ValueGraphCurve*> living;
-    for (const QPointer<ValueGraphCurve>& curve : m_curves) {
-        if (curve) {
-            living.push_back(curve);
-        }
-    }
-    return living;
 }
 
 void ValueGraphView::setCurrentFrame(int frame)
@@ -131,9 +138,10 @@ void ValueGraphView::setCurrentFrame(int frame)
 
 void ValueGraphView::setHint(const QString& hint)
 {
-    m_hint = hint;
-    setAccessibleDescription(hint);
-    viewport()->update();
+    if (std::exchange(m_hint, hint) != hint) {
+        describeSelection();
+        viewport()->update();
+    }
 }
 
 // What is shown
@@ -149,13 +157,19 @@ void ValueGraphView::noteKeys(bool hasNewPoints)
     }
 }
 
+/// Of a curve that dies: what is left may be fitted.
+void ValueGraphView::forget(ValueGraphCurve& curve)
+{
+    m_curves.erase(std::remove(m_curves.begin(), m_curves.end(), &curve), m_curves.end());
+    noteKeys(false);
+}
+
 /// What can be scrolled to: all curves and much around them. A gesture does it at its end.
 void ValueGraphView::takeExtent()
 {
     if (!std::exchange(m_isExtentStale, false) || m_isEditing) {
         return;
     }
-    m_curves.erase(std::remove(m_curves.begin(), m_curves.end(), nullptr), m_curves.end());
     const auto bounds = pointBounds(true);
     const QRectF extent = within(bounds.value_or(QRectF()));
     const double x = kExtentRoom * std::max(extent.width(), 1.0);
@@ -166,6 +180,7 @@ void ValueGraphView::takeExtent()
     }
     updateItemRects();
     updateTransformTool();
+    describeSelection();
     viewport()->update();
 }
 
@@ -282,6 +297,12 @@ QString ValueGraphView::pointText(const GraphPointWidget& point) const
         .arg(locale.toString(point.x()), locale.toString(0.0 - point.y()));
 }
 
+QString ValueGraphView::selectionText() const
+{
+    const QString selected = GeneralGraphView::selectionText();
+    return selected.isEmpty() && m_curves.empty() ? m_hint : selected;
+}
+
 void ValueGraphView::editStarted()
 {
     GeneralGraphView::editStarted();
@@ -327,7 +348,7 @@ void ValueGraphView::editEnded(bool changed)
 void ValueGraphView::abandonGesture()
 {
     m_isTap = m_spaceHeld = false;
-    m_panned.reset();
+    endPan();
     GeneralGraphView::abandonGesture();
 }
 
@@ -343,25 +364,55 @@ bool ValueGraphView::event(QEvent* event)
     return GeneralGraphView::event(event);
 }
 
-void ValueGraphView::mousePressEvent(QMouseEvent* event)
+/// A press that pans, or one that a pan takes no notice of.
+bool ValueGraphView::takesPress(const QMouseEvent& event)
 {
     m_isTap = false;
     const bool isPan =
-        event->buttons() == Qt::MiddleButton || (m_spaceHeld && event->buttons() == Qt::LeftButton);
+        event.buttons() == Qt::MiddleButton || (m_spaceHeld && event.buttons() == Qt::LeftButton);
     if (isPan) {
-        m_panned = event->position().toPoint();
+        m_pan = Pan{event.button(), event.position().toPoint()};
         changeMouse(Qt::ClosedHandCursor);
-        return;
     }
-    GeneralGraphView::mousePressEvent(event);
+    return isPanning(event);
+}
+
+/// Ends a pan whose button is up, also where nobody has seen its release.
+bool ValueGraphView::isPanning(const QMouseEvent& event)
+{
+    if (m_pan && !event.buttons().testFlag(m_pan->button)) {
+        endPan();
+    }
+    return m_pan.has_value();
+}
+
+void ValueGraphView::endPan()
+{
+    if (std::exchange(m_pan, std::nullopt)) {
+        restoreMouse();
+    }
+}
+
+void ValueGraphView::mousePressEvent(QMouseEvent* event)
+{
+    if (!takesPress(*event)) {
+        GeneralGraphView::mousePressEvent(event);
+    }
+}
+
+void ValueGraphView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (!takesPress(*event)) {
+        GeneralGraphView::mouseDoubleClickEvent(event);
+    }
 }
 
 void ValueGraphView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (m_panned) {
+    if (isPanning(*event)) {
         const QPoint now = event->position().toPoint();
         m_isFitted = false;
-        panBy(now - *std::exchange(m_panned, now));
+        panBy(now - std::exchange(m_pan->last, now));
         return;
     }
     const QPointer<ValueGraphView> alive(this);
@@ -373,40 +424,62 @@ void ValueGraphView::mouseMoveEvent(QMouseEvent* event)
 
 void ValueGraphView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (m_panned) {
-        m_panned.reset();
-        restoreMouse();
-        return;
+    const bool wasPanning = m_pan.has_value();
+    if (!isPanning(*event) && !wasPanning) {
+        GeneralGraphView::mouseReleaseEvent(event);
     }
-    GeneralGraphView::mouseReleaseEvent(event);
+}
+
+/// In mid-drag Qt repeats the last movement as the view moves.
+void ValueGraphView::moveView(const std::function<void()>& change)
+{
+    const QPointer<ValueGraphView> alive(this);
+    m_isFitted = false;
+    {
+        const ui::ChangeBatch batch(this);
+        change();
+    }
+    if (alive && m_isEditing) {
+        tellStep();
+    }
 }
 
 void ValueGraphView::wheelEvent(QWheelEvent* event)
 {
-    m_isFitted = false;
-    if (zoomByWheel(*event)) {
-        event->accept();
-    } else {
-        GeneralGraphView::wheelEvent(event);
-    }
+    moveView([this, event] {
+        if (zoomByWheel(*event)) {
+            event->accept();
+        } else {
+            GeneralGraphView::wheelEvent(event);
+        }
+    });
 }
 
 void ValueGraphView::keyPressEvent(QKeyEvent* event)
 {
-    const bool isSpace = event->key() == Qt::Key_Space;
+    const bool isOwn = isViewKey(*event);
+    const bool isSpace = isOwn && event->key() == Qt::Key_Space;
     m_isTap = isSpace && (m_isTap || !event->isAutoRepeat());
+    m_spaceHeld = m_spaceHeld || isSpace;
+    if (!isOwn) {
+        GeneralGraphView::keyPressEvent(event);
+    } else if (!m_isEditing) { // what is dragged would run away
+        showByKey(event->key());
+    }
+}
+
+void ValueGraphView::showByKey(int key)
+{
     const auto zoom = [this](double factor) {
-        m_isFitted = false;
-        zoomAt({factor, 1}, mapFromScene(m_frame, 0));
+        moveView([&] { zoomAt({factor, 1}, mapFromScene(m_frame, 0)); });
     };
-    switch (event->key()) {
-    case Qt::Key_Space: m_spaceHeld = true; break;
+    switch (key) {
     case Qt::Key_F: fitSelected(); break;
     case Qt::Key_A: fitAll(); break;
     case Qt::Key_Plus:
     case Qt::Key_Equal: zoom(kZoomStep); break;
     case Qt::Key_Minus: zoom(1 / kZoomStep); break;
-    default: GeneralGraphView::keyPressEvent(event); break;
+    default: break;
     }
 }
 

@@ -5,9 +5,9 @@
 #include <MorrantUI/morrantui_export.h>
 
 #include <QPoint>
-#include <QPointer>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -37,12 +37,12 @@ public:
     /// @param colorName see ValueGraphCurve::setColorName()
     ValueGraphCurve* addCurve(const QString& text = {}, const QString& colorName = {});
     /// In the order of their making, without those that were deleted.
-    std::vector<ValueGraphCurve*> curves() const;
+    std::vector<ValueGraphCurve*> curves() const { return m_curves; }
 
     int currentFrame() const { return m_frame; }
     void setCurrentFrame(int frame); ///< repaints; nothing is told
 
-    /// What stands in the middle while there are no curves, such as how to get some; it is the
+    /// What stands in the middle while there are no curves, such as how to get some; it is then the
     /// accessible description, too. Empty for nothing.
     const QString& hint() const { return m_hint; }
     void setHint(const QString& hint);
@@ -73,6 +73,8 @@ protected:
     /// A frame, and a tenth of the distance between two labelled values.
     QSizeF nudgeStep() const override;
     QString pointText(const GraphPointWidget& point) const override;
+    /// The hint, where there are no curves.
+    QString selectionText() const override;
     void editStarted() override;
     void editEnded(bool changed) override;
     void abandonGesture() override;
@@ -83,6 +85,7 @@ protected:
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -92,15 +95,27 @@ protected:
 private:
     friend class ValueGraphCurve;
 
+    struct Pan
+    {
+        Qt::MouseButton button;
+        QPoint last; ///< where the mouse was
+    };
+
     void noteKeys(bool hasNewPoints);
+    void forget(ValueGraphCurve& curve);
     void takeExtent();
     bool tellStep();
+    void moveView(const std::function<void()>& change);
+    bool takesPress(const QMouseEvent& event);
+    bool isPanning(const QMouseEvent& event);
+    void endPan();
+    void showByKey(int key);
     /// Distances between lines with a label, in frames and in the values' unit.
     QSizeF steps() const;
     void fit(QRectF rect);
     void paintLabels(QPainter& painter) const;
 
-    std::vector<QPointer<ValueGraphCurve>> m_curves; ///< the scene's
+    std::vector<ValueGraphCurve*> m_curves; ///< the scene's, which see to it that none is dead
     int m_frame = 0;
     QString m_hint;
     bool m_snapsToFrames = true;
@@ -108,6 +123,6 @@ private:
     bool m_isExtentStale = false; ///< curves have other keys
     bool m_isFitted = true;       ///< all of it, until the user zooms or pans
     bool m_spaceHeld = false;
-    bool m_isTap = false;           ///< Space is down, and nothing else has happened
-    std::optional<QPoint> m_panned; ///< where the mouse that pans was last
+    bool m_isTap = false; ///< Space is down, and nothing else has happened
+    std::optional<Pan> m_pan;
 };

@@ -16,5 +16,14 @@ struct ValueGraphKey
     bool hold = false;         ///< the value stays up to the next key
     bool handlesLocked = true; ///< they move as a pair
 
-    friend bool operator==(const ValueGraphKey&, const ValueGraphKey&) = default;
+    /// To the last digit, in the handles too, which QPointF would compare roughly.
+    friend bool operator==(const ValueGraphKey& a, const ValueGraphKey& b)
+    {
+        const auto isSame = [](QPointF place, QPointF other) {
+            return place.x() == other.x() && place.y() == other.y();
+        };
+        return a.time == b.time && a.value == b.value && isSame(a.leftHandle, b.leftHandle)
+               && isSame(a.rightHandle, b.rightHandle) && a.interpolation == b.interpolation
+               && a.hold == b.hold && a.handlesLocked == b.handlesLocked;
+    }
 };
