@@ -402,7 +402,7 @@ void GraphEditor::deleteSelected()
 {
     finishEditing();
     const auto keys = selectedKeys();
-    if (m_editor && !keys.empty()) {
+    if (m_editor && !keys.empty() && !m_editor->isLocked(m_layer)) {
         m_view->scene()->clearSelection(); // the others' places are about to change
         m_editor->deleteKeys(keys);
     }

@@ -111,14 +111,24 @@ void ValueCurves::refresh()
     if (m_isDragging || !m_editor) {
         return;
     }
-    for (Curve& curve : m_curves) {
-        const NumberProperty* property = m_editor->property(curve.address);
-        if (!property) {
-            build();
-            return;
+    const bool isAnyGone = std::any_of(m_curves.begin(), m_curves.end(), [this](const auto& curve) {
+        return !m_editor->property(curve.address);
+    });
+    if (isAnyGone) {
+        build();
+        return;
+    }
+    QGraphicsScene& scene = *m_view.scene();
+    const auto before = scene.selectedItems();
+    {
+        const QSignalBlocker quiet(&scene); // told below, when all curves are shown
+        for (Curve& curve : m_curves) {
+            place(curve, *m_editor->property(curve.address), {});
+            curve.item->setEnabled(!m_editor->isLocked(curve.address.layer));
         }
-        place(curve, *property, {});
-        curve.item->setEnabled(!m_editor->isLocked(curve.address.layer));
+    }
+    if (scene.selectedItems() != before) {
+        Q_EMIT scene.selectionChanged();
     }
 }
 
@@ -342,8 +352,8 @@ std::vector<EntryKey> ValueCurves::selection() const
 {
     std::vector<EntryKey> keys;
     for (const Curve& curve : m_curves) {
-        for (std::size_t i = 0; i < curve.item->pointCount(); ++i) {
-            if (curve.item->point(i)->isSelected()) {
+        for (std::size_t i = 0; const auto* point = curve.item->point(i); ++i) {
+            if (point->isSelected()) {
                 keys.push_back({{curve.address, i}, curve.entry});
             }
         }
@@ -358,10 +368,10 @@ void ValueCurves::selectPoints(const IsWanted& isWanted)
     {
         const QSignalBlocker quiet(m_view.scene()); // one signal for all of them
         for (const Curve& curve : m_curves) {
-            for (std::size_t i = 0; i < curve.item->pointCount(); ++i) {
+            for (std::size_t i = 0; auto* point = curve.item->point(i); ++i) {
                 const bool wanted = isWanted(EntryKey{{curve.address, i}, curve.entry});
-                isChanged = isChanged || curve.item->point(i)->isSelected() != wanted;
-                curve.item->point(i)->setSelected(wanted);
+                isChanged = isChanged || point->isSelected() != wanted;
+                point->setSelected(wanted);
             }
         }
     }
