@@ -31,10 +31,10 @@ public:
     explicit DopeSheetRow(TimeEditorView* view, QGraphicsItem* parent = nullptr);
     ~DopeSheetRow() override;
 
-    /// Shows what the host has now, and tells nobody; during a drag too, which goes on. Items stay
-    /// selected as the keys that they show, wherever in the list these have come: an item goes on
-    /// as the key at its frame, and as the one of its index where there is none. Frames that are
-    /// not finite are shown at 0.
+    /// Shows what the host has now; during a drag too, which goes on. Items stay selected as the
+    /// keys that they show, wherever in the list these have come: an item goes on as the key at its
+    /// frame, and what is left of both in its order. Nothing is told of the keys; where a selected
+    /// one has gone, the scene's selectionChanged() is. Frames that are not finite are shown at 0.
     void setKeys(const std::vector<DopeSheetKey>& keys);
     /// What is shown, as the user has moved it: in the order in which the host gave the keys, also
     /// where they have passed each other.

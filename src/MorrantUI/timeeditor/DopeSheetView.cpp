@@ -54,8 +54,26 @@ void DopeSheetView::abandonGesture()
     const QPointer<DopeSheetView> alive(this);
     TimeEditorView::abandonGesture();
     if (alive) {
+        endPress();
+    }
+}
+
+void DopeSheetView::endPress()
+{
+    if (std::exchange(m_isPressed, false)) {
         Q_EMIT gestureEnded();
     }
+}
+
+/// What has not seen its release ends before another press, or a movement without buttons.
+/// @return whether the view is still there
+bool DopeSheetView::endLostGesture(const QMouseEvent& event)
+{
+    const QPointer<DopeSheetView> alive(this);
+    if (m_isPressed && !(event.buttons() & ~Qt::MouseButtons(event.button()))) {
+        abandonGesture();
+    }
+    return alive;
 }
 
 bool DopeSheetView::event(QEvent* event)
@@ -74,7 +92,16 @@ void DopeSheetView::mousePressEvent(QMouseEvent* event)
         m_panned = event->position().toPoint();
         return;
     }
-    TimeEditorView::mousePressEvent(event);
+    if (endLostGesture(*event)) {
+        m_isPressed = true;
+        TimeEditorView::mousePressEvent(event);
+    }
+}
+
+void DopeSheetView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    m_isPressed = true; // what Qt gives the item below for a press
+    TimeEditorView::mouseDoubleClickEvent(event);
 }
 
 void DopeSheetView::mouseMoveEvent(QMouseEvent* event)
@@ -86,7 +113,9 @@ void DopeSheetView::mouseMoveEvent(QMouseEvent* event)
         verticalScrollBar()->setValue(verticalScrollBar()->value() - step.y());
         return;
     }
-    TimeEditorView::mouseMoveEvent(event);
+    if (endLostGesture(*event)) {
+        TimeEditorView::mouseMoveEvent(event);
+    }
 }
 
 void DopeSheetView::mouseReleaseEvent(QMouseEvent* event)
@@ -95,10 +124,13 @@ void DopeSheetView::mouseReleaseEvent(QMouseEvent* event)
         m_panned.reset();
         return;
     }
+    if (isBesideDrag(*event)) {
+        return;
+    }
     const QPointer<DopeSheetView> alive(this);
     TimeEditorView::mouseReleaseEvent(event);
     if (alive) {
-        Q_EMIT gestureEnded();
+        endPress();
     }
     if (alive) {
         Q_EMIT released();

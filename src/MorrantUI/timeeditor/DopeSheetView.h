@@ -28,7 +28,8 @@ Q_SIGNALS:
     /// The user wants to zoom about a place of the viewport, in logical pixels: connected to
     /// TimelineView::zoomAt().
     void zoomWanted(double factor, int x);
-    /// The mouse is done: a click, or the end of a drag, whichever way.
+    /// The mouse is done: a click, or the end of a drag, whichever way. Once for what began with a
+    /// press; where the release got lost, as soon as that shows.
     void gestureEnded();
     void released(); ///< after it, where it was a button that was let go
 
@@ -38,11 +39,16 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
+    bool endLostGesture(const QMouseEvent& event);
+    void endPress();
+
+    bool m_isPressed = false;       ///< and gestureEnded() is still to come
     bool m_isTap = false;           ///< Space is down, and nothing else has happened
     std::optional<QPoint> m_panned; ///< where the middle button was last
 };

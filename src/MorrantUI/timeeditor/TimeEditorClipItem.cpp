@@ -354,7 +354,7 @@ void TimeEditorClipItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 
 std::optional<ui::DragProgress> TimeEditorClipItem::dragProgress() const
 {
-    if (!m_drag) {
+    if (!hasDragged()) {
         return std::nullopt;
     }
     const ui::ClipSpan now = m_drag->now();

@@ -577,6 +577,9 @@ void TimeEditorView::onConnectionLeave(ConnectionInstance* connection)
 
 void TimeEditorView::onConnectionDrop(ConnectionInstance* connection)
 {
+    if (!connection) {
+        return;
+    }
     if (const auto target = std::exchange(m_connectionTarget, nullptr)) {
         target->onConnectionLeave(connection);
         if (target) {

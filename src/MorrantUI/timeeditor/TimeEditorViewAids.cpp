@@ -15,6 +15,7 @@
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 #include <MorrantUI/timeeditor/TimeEditorView.h>
 #include <MorrantUI/timeeditor/TranslateScaleTool.h>
+#include <MorrantUI/timeline/TimeHandle.h>
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -110,6 +111,9 @@ Qt::Orientations TimeEditorView::scrollDirections() const
     }
     const QGraphicsItem* const grabber = m_scene->mouseGrabberItem();
     // Nothing leaves its row; what Escape has ended keeps the mouse and goes nowhere.
+    if (const TimeHandle* const handle = m_scene->getTimeHandle(); handle && grabber == handle) {
+        return handle->isDragging() ? Qt::Horizontal : Qt::Orientations();
+    }
     const bool moves =
         dragProgress().has_value()
         || (grabber && !m_keyDrag && grabber->flags() & QGraphicsItem::ItemIsMovable);

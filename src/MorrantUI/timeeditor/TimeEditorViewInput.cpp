@@ -278,6 +278,7 @@ void TimeEditorView::mouseReleaseEvent(QMouseEvent* event)
     m_scaleRange = {ui::frameOf(bounds.left()), ui::frameOf(bounds.left() + bounds.width())};
     changeMouse(m_spaceHeld ? ui::panCursor() : QCursor(Qt::ArrowCursor));
     m_pressedKey = nullptr;
+    m_beforeBand.reset();
     tellOfDragged();
     if (!alive) {
         return;
@@ -360,6 +361,7 @@ void TimeEditorView::abandonGesture()
     m_panning = false;
     m_snapping = false;
     m_pressedKey = nullptr;
+    m_beforeBand.reset();
     endKeyScaling();
     endDragAids();
     finishDrags();
