@@ -14,7 +14,9 @@ private Q_SLOTS:
         for (int i = 0; i < 30; ++i) {
             pane.scene().addLayoutItem(new TimeEditorCurveItem(&view));
         }
-        pane.setCorner(new QWidget);
+        const QPointer<QWidget> corner = new QWidget;
+        pane.setCorner(corner);
+        pane.setCorner(corner); // again
         pane.setFrameRange(0, 100);
         pane.setPlaybackRange(20, 60);
         pane.setRate(25);
@@ -25,11 +27,15 @@ private Q_SLOTS:
             return seen.left() <= 0 && seen.right() >= 100 && seen.width() < 110;
         };
         QVERIFY(isWhole() && !pane.zoomedFrames());
+        QFont large = pane.ruler().font();
+        large.setPixelSize(30);
+        pane.ruler().setFont(large);
         pane.resize(500, 200);
         QCoreApplication::processEvents();
         QVERIFY(isWhole());
         QCOMPARE(view.sceneRect().height(), 30.0 * view.trackHeight());
         QCOMPARE(pane.scene().getBackgroundRegion(), std::pair(20, 60));
+        QVERIFY(corner && corner->height() == pane.ruler().height());
         QCOMPARE(pane.header().mapTo(&pane, QPoint()).y(), view.mapTo(&pane, QPoint()).y());
         pane.ruler().seek(42);
         QVERIFY(view.frameNumber() == 42 && pane.currentFrame() == 42);
@@ -49,10 +55,33 @@ private Q_SLOTS:
         QVERIFY(view.getVisibleRect().left() > 0);
 
         pane.setFrameRange(0, 100);
+        pane.ruler().fitFrameRange();
+        QVERIFY(isWhole() && !pane.zoomedFrames());
+        const auto pixelsOff = [](DopeSheetPane& of, std::pair<double, double> frames) {
+            const QRectF seen = of.view().getVisibleRect();
+            const double off =
+                std::abs(seen.left() - frames.first) + std::abs(seen.right() - frames.second);
+            return off * of.ruler().pixelsPerFrame();
+        };
+        pane.setZoomedFrames(std::pair(10.0, 30.0));
+        QVERIFY(pixelsOff(pane, {10, 30}) <= 1.001);
+        const auto kept = *pane.zoomedFrames();
+        for (const auto& none : {std::pair(30.0, 10.0), {5, 5}, {std::nan(""), 1}}) {
+            pane.setZoomedFrames(none);
+        }
+        QVERIFY(pixelsOff(pane, kept) < 1e-6);
         pane.setZoomedFrames({});
         QVERIFY(isWhole());
-        pane.setZoomedFrames(std::pair(10.0, 30.0));
-        QVERIFY(view.getVisibleRect().width() < 30 && pane.zoomedFrames());
+        view.verticalScrollBar()->setValue(40);
+        pane.setZoomedFrames(kept); // comes back
+        QVERIFY(pixelsOff(pane, kept) < 1e-6);
+        QCOMPARE(view.verticalScrollBar()->value(), 40);
+        pane.hide();
+        pane.setZoomedFrames(kept);
+        QVERIFY(pane.zoomedFrames() == kept);
+        pane.resize(700, 300);
+        ui::test::showActive(pane);
+        QVERIFY(pixelsOff(pane, kept) <= 1.001);
     }
     void aRowKeepsItsItemsAsTheHostPushesItsKeysBack()
     {
@@ -72,10 +101,22 @@ private Q_SLOTS:
         const TimeEditorKeyframeItem* const held = row->item(1);
         const auto at = [&](double frame) { return pane.view().mapFromScene(frame, 11); };
         ui::test::FakePointer pointer(pane.view().viewport());
+        const QSignalSpy ended(&pane.view(), &DopeSheetView::gestureEnded);
         pointer.press(at(40));
+        pointer.dragTo(at(60));
+        pointer.press(Qt::RightButton); // beside the drag
+        pointer.release(Qt::RightButton);
+        QCOMPARE(ended.size(), 0);
         pointer.drop(at(70), 5);
+        QCOMPARE(ended.size(), 1);
         QCOMPARE(row->keys(), (std::vector<DopeSheetKey>{{0}, {10, KeyEasing::Hold}, {60}, {70}}));
         QVERIFY(held == row->item(3) && held->isSelected());
+        pointer.press(at(30));
+        ui::test::FakePointer(pane.view().viewport()).moveTo(at(32)); // the release got lost
+        QCOMPARE(ended.size(), 2);
+        pointer.release();
+        pane.view().finishGesture(); // there is none
+        QCOMPARE(ended.size(), 2);
         row->setKeys({{10}, {70}}); // two have gone
         QVERIFY(held == row->item(1) && row->keyframes().size() == 2);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeline/DopeSheetPane.h"
 
+#include "MorrantUI/scene/viewfit.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/timeeditor/DopeSheetView.h>
@@ -12,12 +13,13 @@
 #include <MorrantUI/timeline/TimelineView.h>
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QPainter>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -65,6 +67,7 @@ DopeSheetPane::DopeSheetPane(QWidget* parent)
     setTabOrder(m_view, m_header);
     setCorner(nullptr);
     connectViews();
+    watchSizes();
     const TimelineScene& time = *m_ruler->getTimelineScene();
     m_view->setBackgroundRegion(time.getPlaybackStartFrame(), time.getPlaybackEndFrame());
 }
@@ -79,20 +82,36 @@ DopeSheetPane::~DopeSheetPane()
 void DopeSheetPane::connectViews()
 {
     connect(m_view, &DopeSheetView::zoomWanted, m_ruler, &TimelineView::zoomAt);
-    const auto noteZoom = [this] { m_isZoomed = true; };
+    const auto noteZoom = [this] { setZoomed(true); };
     connect(m_view, &TimeEditorView::scaleChanged, this, noteZoom);
     connect(m_view, &TimeEditorView::rescale, this, noteZoom);
+    connect(m_ruler, &TimelineView::frameRangeFitted, this, [this] { setZoomed(false); });
     connect(m_ruler, &TimelineView::frameChanged, this, &DopeSheetPane::setCurrentFrame);
     connect(
         m_ruler->getTimelineScene(),
         &TimelineScene::playbackRangeChanged,
         m_view,
         &TimeEditorView::setBackgroundRegion);
+}
+
+void DopeSheetPane::watchSizes()
+{
     ui::installEventFilter(
         m_view->viewport(),
         [this](QObject*, QEvent* event) {
             if (event->type() == QEvent::Resize) {
-                fitUnlessZoomed();
+                showWantedFrames();
+            } else if (event->type() == QEvent::Paint) {
+                m_awaited.reset(); // it has the size that it is shown with
+            }
+            return false;
+        },
+        this);
+    ui::installEventFilter(
+        m_ruler,
+        [this](QObject*, QEvent* event) {
+            if (event->type() == QEvent::Resize) {
+                fitCorner();
             }
             return false;
         },
@@ -106,10 +125,25 @@ TimeEditorScene& DopeSheetPane::scene() const
 
 void DopeSheetPane::setCorner(QWidget* corner)
 {
-    delete m_corner;
+    if (corner && corner == m_corner) {
+        return;
+    }
+    if (m_corner) {
+        m_labels->removeWidget(m_corner);
+        m_corner->hide();
+        m_corner->deleteLater(); // a button inside may be what has called
+    }
     m_corner = corner ? corner : new QWidget;
-    m_corner->setFixedHeight(m_ruler->minimumSizeHint().height());
+    fitCorner();
     m_labels->insertWidget(0, m_corner);
+}
+
+void DopeSheetPane::fitCorner()
+{
+    if (m_corner) {
+        m_corner->setFixedHeight(std::clamp(
+            m_ruler->sizeHint().height(), m_ruler->minimumHeight(), m_ruler->maximumHeight()));
+    }
 }
 
 // Frames
@@ -118,7 +152,7 @@ void DopeSheetPane::setFrameRange(int first, int last)
 {
     m_ruler->setFrameRange(first, last);
     rowsChanged();
-    fitUnlessZoomed();
+    showWantedFrames();
 }
 
 void DopeSheetPane::rowsChanged()
@@ -169,22 +203,50 @@ void DopeSheetPane::setFollowsFrame(bool follows)
 
 std::optional<std::pair<double, double>> DopeSheetPane::zoomedFrames() const
 {
+    if (m_awaited) {
+        return m_awaited;
+    }
     const QRectF seen = m_view->getVisibleRect();
     return m_isZoomed ? std::optional(std::pair(seen.left(), seen.right())) : std::nullopt;
 }
 
 void DopeSheetPane::setZoomedFrames(const std::optional<std::pair<double, double>>& frames)
 {
-    m_isZoomed = frames.has_value();
-    if (frames) {
-        m_view->fitRect({frames->first, 0, frames->second - frames->first, 1});
+    const double width = frames ? frames->second - frames->first : 1.0;
+    if (!std::isfinite(width) || !(width > 0.0)) {
+        return;
     }
-    fitUnlessZoomed();
+    setZoomed(frames.has_value());
+    m_awaited = frames;
+    showWantedFrames();
+    if (m_view->isVisible()) {
+        m_awaited.reset();
+    }
 }
 
-void DopeSheetPane::fitUnlessZoomed()
+void DopeSheetPane::setZoomed(bool zoomed)
 {
-    if (!m_isZoomed) {
+    m_isZoomed = zoomed;
+    m_awaited.reset();
+}
+
+void DopeSheetPane::showFrames(std::pair<double, double> frames)
+{
+    const QSize room = m_view->viewport()->size();
+    const double width = frames.second - frames.first;
+    const double fitted = width * std::max(0.0, 1.0 - ui::kFitMargin / std::max(room.width(), 1));
+    QScrollBar& rows = *m_view->verticalScrollBar();
+    const int rowsAbove = rows.value();
+    m_view->fitRect({frames.first + (width - fitted) / 2.0, 0.0, fitted, 1.0});
+    m_view->scrollAcross(m_view->mapFromScene(frames.first, 0.0).x()); // a fit drops fractions
+    rows.setValue(rowsAbove);
+}
+
+void DopeSheetPane::showWantedFrames()
+{
+    if (m_awaited) {
+        showFrames(*m_awaited);
+    } else if (!m_isZoomed) {
         m_ruler->fitFrameRange();
     }
 }

@@ -35,8 +35,8 @@ public:
     TimelineView& ruler() const { return *m_ruler; }
     TimeEditorRowHeader& header() const { return *m_header; }
 
-    /// A widget beside the ruler, above the labels, such as buttons: the pane owns it, makes it as
-    /// high as the ruler, and deletes the one before. Null leaves the corner empty.
+    /// A widget beside the ruler, above the labels, such as buttons: the pane owns it, keeps it as
+    /// high as the ruler, and has the one before deleted later. Null leaves the corner empty.
     void setCorner(QWidget* corner);
 
     /// The frames of the document. The scene reaches a little beyond them, and down to the last row
@@ -59,7 +59,10 @@ public:
     /// What the user has zoomed to, from edge to edge of the view; none while all frames are
     /// fitted. For hosts that keep it with a document.
     std::optional<std::pair<double, double>> zoomedFrames() const;
-    void setZoomedFrames(const std::optional<std::pair<double, double>>& frames); ///< none fits all
+    /// Shows just these frames, to the pixel and as far as the scene reaches, and stays with the
+    /// rows in sight; none fits all. A hidden pane does so in the size that it is shown with. What
+    /// is not a range is ignored.
+    void setZoomedFrames(const std::optional<std::pair<double, double>>& frames);
 
     QSize sizeHint() const override;
 
@@ -68,7 +71,11 @@ protected:
 
 private:
     void connectViews();
-    void fitUnlessZoomed();
+    void watchSizes();
+    void fitCorner();
+    void setZoomed(bool zoomed);
+    void showFrames(std::pair<double, double> frames);
+    void showWantedFrames();
 
     DopeSheetView* m_view;
     TimelineView* m_ruler;
@@ -76,5 +83,6 @@ private:
     QVBoxLayout* m_labels; ///< corner and header
     QPointer<QWidget> m_corner;
     bool m_isZoomed = false;
+    std::optional<std::pair<double, double>> m_awaited; ///< frames to show once there is a size
     bool m_followsFrame = true;
 };

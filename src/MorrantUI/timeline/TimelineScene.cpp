@@ -33,9 +33,10 @@ ui::BookendLook lookOf(const PlaybackBookend* bookend, bool isRangeLit)
                    : ui::BookendLook{};
 }
 
-/// Lets a picture be painted in the viewport's pixels.
+/// Lets a picture be painted in the viewport's pixels, under any layout direction alike.
 void useViewUnits(QPainter& painter)
 {
+    painter.setLayoutDirection(Qt::LeftToRight); // a minus stands before its number
     painter.setWorldTransform(QTransform::fromTranslate(0.0, painter.worldTransform().dy()));
 }
 

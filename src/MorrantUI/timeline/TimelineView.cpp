@@ -243,9 +243,9 @@ void TimelineView::scrollBy(int pixels)
 void TimelineView::fitFrameRange()
 {
     m_fitsRange = true;
+    const QPointer<TimelineView> alive(this);
     const QRectF rect = ui::framedRange(frames(), 1.0, QRectF(0.0, 0.0, 1.0, 1.0));
     if (m_editor) {
-        const QPointer<TimelineView> alive(this);
         const QPointer<QScrollBar> rows = m_editor->verticalScrollBar();
         const int rowsAbove = rows->value();
         m_editor->fitRect(rect);
@@ -257,6 +257,9 @@ void TimelineView::fitFrameRange()
         }
     } else if (const auto scale = ui::horizontalFit(rect, viewport()->size())) {
         showAt(*scale, rect.left() * *scale - ui::kFitMargin / 2.0);
+    }
+    if (alive) {
+        Q_EMIT frameRangeFitted();
     }
 }
 
@@ -428,7 +431,6 @@ void TimelineView::paintEvent(QPaintEvent* event)
     GraphicsView::paintEvent(event);
     if (hasFocus() && m_showsFocus) {
         QPainter painter(viewport());
-        painter.setLayoutDirection(Qt::LeftToRight); // a minus stands before its number
         ui::drawFocusRing(painter, viewport()->rect());
     }
 }

@@ -112,6 +112,8 @@ Q_SIGNALS:
     /// Scroll, zoom or size have changed; the size is told of with the next turn of the event loop.
     /// A slot may delete the ruler.
     void viewRectChanged();
+    /// fitFrameRange() has shown the whole range, as also the context menu can.
+    void frameRangeFitted();
 
 protected:
     /// The user wants to give a marker another name. The base opens a line edit on it; a host may
