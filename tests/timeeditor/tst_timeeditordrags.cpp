@@ -266,6 +266,16 @@ private Q_SLOTS:
         editor.pointer.release();
         clock.advanceAnimations(90);
         QCOMPARE(bar->value(), reached);
+        editor.addClip({{0, 60}});
+        QCoreApplication::processEvents();
+        editor.press({edge - 2, 32});
+        editor.pointer.moveTo({edge - 1, 32}); // a click that trembles
+        clock.advanceAnimations(90);
+        QCOMPARE(bar->value(), reached);
+        editor.pointer.moveTo({edge + 2, 32});
+        clock.advanceAnimations(90);
+        QVERIFY(bar->value() > reached);
+        editor.pointer.release();
     }
 
     void aDragShowsWhereItHasSnapped()
