@@ -451,6 +451,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Unsaved changes cannot be kept in “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>its samples are neither PCM nor floating point numbers</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1479,6 +1483,10 @@
     </message>
     <message>
         <source>The studio had to end before changes were saved. They are here again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept: a document cannot be written.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

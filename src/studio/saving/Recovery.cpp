@@ -80,6 +80,11 @@ QString write(const QDir& folder, const std::vector<UnsavedDocument>& documents)
     return writeFile(folder.filePath(kIndex), QJsonDocument(index).toJson().toStdString());
 }
 
+QString notKeptIn(const QString& folder)
+{
+    return tr("Unsaved changes cannot be kept in “%1”.").arg(QDir::toNativeSeparators(folder));
+}
+
 } // namespace
 
 Recovery::Recovery(const QString& folder)
@@ -131,8 +136,7 @@ QString Recovery::keep(const std::vector<UnsavedDocument>& documents)
     std::vector<Taken> made;
     made.push_back(makeFolder());
     if (!made.front().lock) {
-        return tr("Unsaved changes cannot be kept in “%1”.")
-            .arg(QDir::toNativeSeparators(m_folder));
+        return notKeptIn(m_folder);
     }
     QString error = write(QDir(made.front().folder), documents);
     if (error.isEmpty()) {
