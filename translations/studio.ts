@@ -1486,10 +1486,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Unsaved changes cannot be kept: a document cannot be written.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The layout was not saved: %1.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1573,6 +1569,13 @@
         <translation type="unfinished">
             <numerusform></numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>studio::UnsavedKeeper</name>
+    <message>
+        <source>Unsaved changes cannot be kept: a document cannot be written.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -11,6 +11,7 @@
 #include "Player.h"
 #include "StudioMenus.h"
 #include "TransportBar.h"
+#include "UnsavedKeeper.h"
 #include "Viewport.h"
 #include "Workspace.h"
 #include "commands.h"
@@ -21,7 +22,6 @@
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "readouts.h"
-#include "saving/Recovery.h"
 #include "timeline/DopeSheet.h"
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/menus/ContextMenu.h>
@@ -34,7 +34,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QDragEnterEvent>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -53,8 +52,6 @@ namespace {
 
 constexpr QSize kWindowSize(1440, 900); ///< until the user has given it another one
 constexpr QSize kFrameRoom(16, 40);     ///< logical pixels of a screen, for a window's frame
-constexpr qint64 kKeepingDelay = 5000;  ///< ms from a change until it is kept for a crash
-constexpr qint64 kKeepingShare = 50;    ///< times as long as it takes, at least
 
 QString titleOf(const Document& document, const QString& path)
 {
@@ -368,26 +365,18 @@ void StudioWindow::keepLayoutIn(const QString& path)
 
 bool StudioWindow::keepUnsavedIn(const QString& folder)
 {
-    m_recovery = std::make_unique<Recovery>(folder);
-    m_keeping.setSingleShot(true);
-    m_keeping.setInterval(kKeepingDelay);
-    connect(&m_keeping, &QTimer::timeout, this, &StudioWindow::keepUnsaved);
-    const auto keepLater = [this] {
-        if (!m_keeping.isActive()) { // who changes something all the time has it kept too
-            m_keeping.start();
-        }
-    };
-    connect(m_documents, &DocumentTabs::unsavedChanged, this, keepLater);
+    m_unsaved = std::make_unique<UnsavedKeeper>(folder, *m_documents, this);
+    connect(m_unsaved.get(), &UnsavedKeeper::failed, this, &StudioWindow::fail);
     QStringList titles;
     const auto canBeRead = [](const std::string& bytes) { return bool(read(bytes)); };
-    for (UnsavedDocument& unsaved : m_recovery->take(canBeRead)) {
+    for (UnsavedDocument& unsaved : m_unsaved->recovery().take(canBeRead)) {
         ReadResult result = read(std::move(unsaved.bytes));
         openDocument(
             std::make_shared<Document>(*std::move(result.document)), unsaved.title, unsaved.path);
         page().setUnsaved(unsaved.fingerprint);
         titles.append(unsaved.title);
     }
-    for (const QString& left : m_recovery->unreadable()) {
+    for (const QString& left : m_unsaved->recovery().unreadable()) {
         fail(tr("Unsaved changes in “%1” cannot be read. They stay there.")
                  .arg(QDir::toNativeSeparators(left)));
     }
@@ -409,36 +398,8 @@ void StudioWindow::putAway()
         saveLayout();
     }
     editor().commit();
-    const QString error = m_recovery ? keepDocuments() : QString();
+    const QString error = m_unsaved ? m_unsaved->keep() : QString();
     if (!error.isEmpty()) {
-        fail(error);
-    }
-}
-
-/// @return what went wrong, a sentence for the user; what was kept before is then still there
-QString StudioWindow::keepDocuments()
-{
-    const auto documents = m_documents->unsaved();
-    return documents ? m_recovery->keep(*documents)
-                     : tr("Unsaved changes cannot be kept: a document cannot be written.");
-}
-
-/// Nothing that is under way is ended by it.
-void StudioWindow::keepUnsaved()
-{
-    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
-        m_keeping.start();
-        return;
-    }
-    QElapsedTimer taken;
-    taken.start();
-    const QString error = keepDocuments();
-    m_keeping.setInterval(
-        static_cast<int>(std::max(kKeepingDelay, kKeepingShare * taken.elapsed())));
-    if (!error.isEmpty()) {
-        m_keeping.start(); // once more
-    }
-    if (!std::exchange(m_toldKeepingError, !error.isEmpty()) && !error.isEmpty()) {
         fail(error);
     }
 }
@@ -477,9 +438,8 @@ void StudioWindow::closeEvent(QCloseEvent* event)
     if (!m_layoutFile.isEmpty()) {
         saveLayout();
     }
-    if (m_recovery) {
-        m_keeping.stop();
-        m_recovery->forget();
+    if (m_unsaved) {
+        m_unsaved->forget();
     }
     QMainWindow::closeEvent(event);
 }

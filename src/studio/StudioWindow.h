@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QTimer>
 
 #include <memory>
 
@@ -23,9 +22,9 @@ class LayerPanel;
 class MissingPanel;
 class NotesPanel;
 class Player;
-class Recovery;
 class StudioMenus;
 class TransportBar;
+class UnsavedKeeper;
 class Viewport;
 class Workspace;
 struct Document;
@@ -117,8 +116,6 @@ private:
     void offerMenus();
     void showDefaultLayout();
     void saveLayout();
-    void keepUnsaved();
-    QString keepDocuments();
     QString tryToOpen(const QString& path);
     DocumentPage& page() const;
     void showDocument();
@@ -142,12 +139,10 @@ private:
     QStackedWidget* m_pages;
     QWidget* m_gallery = nullptr; ///< made when first asked for
     StudioMenus* m_menus = nullptr;
-    std::unique_ptr<Recovery> m_recovery; ///< null: changed documents are not kept
-    QTimer m_keeping{this};               ///< runs while changes wait for being kept
+    std::unique_ptr<UnsavedKeeper> m_unsaved; ///< null: changed documents are not kept
     LayoutWatch* m_layoutWatch = nullptr;
     QString m_layoutFile; ///< empty: the layout is not kept
     bool m_toldLayoutError = false;
-    bool m_toldKeepingError = false;
 };
 
 } // namespace studio
