@@ -25,6 +25,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <set>
 
 namespace {
@@ -332,8 +333,10 @@ void GeneralGraphView::zoomAt(QPointF factors, QPointF place)
 void GeneralGraphView::panBy(QPoint distance)
 {
     const ui::ChangeBatch batch(this);
-    scrollAcross(-distance.x());
-    verticalScrollBar()->setValue(verticalScrollBar()->value() - distance.y());
+    constexpr int kFarthest = std::numeric_limits<int>::max(); // of what is saturated
+    scrollAcross(-std::max(distance.x(), -kFarthest));
+    QScrollBar* const bar = verticalScrollBar();
+    bar->setValue(ui::movedFrame(bar->value(), -1.0 * distance.y()));
 }
 
 void GeneralGraphView::fitSceneRect(const QRectF& rect)
