@@ -254,7 +254,7 @@ void ValueGraphView::drawForeground(QPainter* painter, const QRectF& rect)
     painter->drawLine(QLineF(m_frame, rect.top(), m_frame, rect.bottom()));
     painter->resetTransform();
     paintLabels(*painter);
-    if (curves().empty()) {
+    if (m_curves.empty()) {
         painter->setPen(ui::colorQt(QStringLiteral("HelperHints")));
         painter->drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
     }

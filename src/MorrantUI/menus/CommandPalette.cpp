@@ -124,8 +124,9 @@ void CommandPalette::add(QAction& action, const QString& path, const Parents& pa
     QAction* const row = addAction(QString());
     const std::size_t index = m_listed.size();
     m_rows.append(row);
-    m_listed.push_back({row, &action, path, parents});
+    m_listed.push_back({row, &action, path, parents, {}, {}});
     const auto follow = [this, index] {
+        match(m_listed[index]);
         copy(m_listed[index]);
         sayWhetherFound();
     };
@@ -136,18 +137,29 @@ void CommandPalette::add(QAction& action, const QString& path, const Parents& pa
     connect(row, &QAction::triggered, this, [this, row] { run(row); });
 }
 
+/// What a command is called now, and how that fits what is typed.
+void CommandPalette::match(Command& command) const
+{
+    const Words words = command.meant ? wordsOf(*command.meant, command.path) : Words{};
+    const auto found = matchCommand(words.text, words.name, m_typed);
+    command.text = words.text;
+    command.match = found ? std::make_shared<const ui::menus::CommandMatch>(*found) : nullptr;
+}
+
 /// Makes a row look as what it stands for.
 void CommandPalette::copy(const Command& command)
 {
     QAction* const row = command.row;
     const QAction* const meant = command.meant;
-    if (!row || !meant) {
-        row ? row->setVisible(false) : void();
+    if (!row) {
         return;
     }
-    const Words words = wordsOf(*meant, command.path);
+    if (!meant) {
+        row->setVisible(false);
+        return;
+    }
     const QString key = meant->shortcut().toString(QKeySequence::NativeText);
-    const QString text = ui::menuText(words.text);
+    const QString text = ui::menuText(command.text);
     const auto allParents = [&command](auto&& are) {
         return std::all_of(command.parents.begin(), command.parents.end(), are);
     };
@@ -161,7 +173,7 @@ void CommandPalette::copy(const Command& command)
     row->setVisible(
         meant->isVisible()
         && allParents([](const QPointer<QAction>& menu) { return !menu || menu->isVisible(); })
-        && matchCommand(words.text, words.name, m_typed));
+        && command.match);
 }
 
 void CommandPalette::run(const QAction* row)
@@ -242,10 +254,10 @@ void CommandPalette::arrange()
 {
     std::vector<std::pair<int, std::size_t>> ranks;
     for (std::size_t i = 0; i < m_listed.size(); ++i) {
-        const Command& command = m_listed[i];
-        const Words words = command.meant ? wordsOf(*command.meant, command.path) : Words{};
-        const auto match = matchCommand(words.text, words.name, m_typed);
-        ranks.emplace_back(match ? match->rank : std::numeric_limits<int>::max(), i);
+        Command& command = m_listed[i];
+        match(command);
+        ranks.emplace_back(
+            command.match ? command.match->rank : std::numeric_limits<int>::max(), i);
     }
     std::sort(ranks.begin(), ranks.end());
     m_isArranging = true;
@@ -320,16 +332,14 @@ void CommandPalette::underline(QPainter& painter, const Command& command, const 
 {
     QStyleOptionMenuItem option;
     initStyleOption(&option, command.row);
-    const Words words = wordsOf(*command.meant, command.path);
-    const auto match = matchCommand(words.text, words.name, m_typed);
-    QTextLayout layout(words.text, option.font);
+    QTextLayout layout(command.text, option.font);
     QTextOption asDrawn;
     asDrawn.setTextDirection(painter.layoutDirection());
     layout.setTextOption(asDrawn);
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
-    if (!match || !line.isValid()) {
+    if (!command.match || !line.isValid()) {
         return;
     }
     const QRectF row = actionGeometry(command.row);
@@ -340,7 +350,7 @@ void CommandPalette::underline(QPainter& painter, const Command& command, const 
     const double widest = ui::style::widestMenuText(option.fontMetrics);
     const double y = row.center().y() + line.height() / 2 - line.descent() + kUnderline;
     painter.setOpacity(command.row->isEnabled() ? 1.0 : kDisabledOpacity);
-    for (const ui::menus::Letters& letters : match->marks) {
+    for (const ui::menus::Letters& letters : command.match->marks) {
         const double from = line.cursorToX(static_cast<int>(letters.from));
         const double to = line.cursorToX(static_cast<int>(letters.from + letters.count));
         if (std::max(from, to) <= widest) { // beyond it the text is cut

@@ -10,6 +10,10 @@
 
 class ContextMenuItemWidget;
 
+namespace ui::menus {
+struct CommandMatch;
+}
+
 /// Every command of a menu bar, or of another widget with actions, in one list, "Menu: Command".
 ///
 /// What is typed keeps the rows that have all its words somewhere, in any order, without regard to
@@ -58,11 +62,14 @@ private:
         QPointer<QAction> meant;
         QString path;    ///< of the menus that it is in; may be empty
         Parents parents; ///< those menus, which disable and hide it too
+        QString text;    ///< that the row shows
+        std::shared_ptr<const ui::menus::CommandMatch> match; ///< null: it is not found
     };
 
     void list(const QList<QAction*>& actions, const QString& path, const Parents& parents);
     void add(QAction& action, const QString& path, const Parents& parents);
-    void copy(const Command& command);
+    void match(Command& command) const;
+    static void copy(const Command& command);
     void run(const QAction* row);
 
     QString edited(const QKeyEvent& key) const;

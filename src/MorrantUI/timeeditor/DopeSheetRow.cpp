@@ -63,5 +63,10 @@ std::vector<DopeSheetKey> DopeSheetRow::keys() const
 
 TimeEditorKeyframeItem* DopeSheetRow::item(std::size_t key) const
 {
-    return key < m_items.size() ? m_items[key].data() : nullptr;
+    for (const QPointer<TimeEditorKeyframeItem>& item : m_items) {
+        if (item && key-- == 0) { // as keys() counts
+            return item;
+        }
+    }
+    return nullptr;
 }
