@@ -8,17 +8,17 @@
 
 namespace {
 
-/// An easing and its editor.
-class EasingEditor : public QWidget
+/// A response curve and its editor.
+class ResponseEditor : public QWidget
 {
 public:
-    EasingEditor();
+    ResponseEditor();
 
 private:
     GraphCurveData m_curve;
 };
 
-EasingEditor::EasingEditor()
+ResponseEditor::ResponseEditor()
 {
     auto* column = new QVBoxLayout(this);
     // [fixedgraph]
@@ -52,5 +52,5 @@ EasingEditor::EasingEditor()
 
 QWidget* fixedGraphChapter()
 {
-    return new EasingEditor;
+    return new ResponseEditor;
 }

@@ -73,6 +73,7 @@
 #include <MorrantUI/docking/tabs/tabgeometry.h>
 #include <MorrantUI/docking/tabs/tabnavigation.h>
 #include <MorrantUI/docking/tabs/tabreorder.h>
+#include <MorrantUI/graph/EasingEditor.h>
 #include <MorrantUI/graph/FixedGraphPointWidget.h>
 #include <MorrantUI/graph/FixedGraphScene.h>
 #include <MorrantUI/graph/FixedGraphView.h>
@@ -81,9 +82,11 @@
 #include <MorrantUI/graph/GraphBezierHandleItem.h>
 #include <MorrantUI/graph/GraphCurveWidget.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/graph/KeyFields.h>
 #include <MorrantUI/graph/PointTransformTool.h>
 #include <MorrantUI/graph/ValueGraphCurve.h>
 #include <MorrantUI/graph/ValueGraphView.h>
+#include <MorrantUI/graph/easings.h>
 #include <MorrantUI/graph/fixedunits.h>
 #include <MorrantUI/graph/graphsegments.h>
 #include <MorrantUI/graph/graphtypes.h>

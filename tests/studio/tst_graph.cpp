@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "graph/EasingEditor.h"
 #include "graph/GraphEditor.h"
-#include "graph/KeyFields.h"
 #include "studiotest.h"
 #include "timeline/DopeSheet.h"
 #include <MorrantUI/MorrantUI.h>
@@ -100,44 +98,13 @@ class GraphTest : public studio::test::StudioTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void easingIsHandlesAndBack()
+    void handlesKeepTheirEntriesAndFramesFindTheirSegment()
     {
-        struct Case
-        {
-            EasingHandle easing;
-            std::size_t entry;
-            KeyDistance distance;
-            HandleOffset out, in;
-        };
-        const Case cases[] = {
-            {handle({0.25}, {0.5}), 0, {40, 200}, {10, 100}, {-30, -100}},
-            {handle({0.25}, {1.5}), 1, {40, -200}, {10, -300}, {-30, -100}}, // overshoots
-            {handle({0.5, 0.75}, {0, -1}), 1, {8, 2}, {6, -2}, {-2, -4}},
-            {handle({0.5}, {0.3}), 0, {8, 0}, {4, 0}, {-4, 0}}, // no change: its share stays
-            {handle({0.5}, {0.25}), 0, {0, 4}, {0, 1}, {0, -3}}};
-        for (const auto& [easing, entry, distance, out, in] : cases) {
-            QCOMPARE(outOffset(easing, entry, distance), out);
-            QCOMPARE(inOffset(easing, entry, distance), in);
-            QCOMPARE(outEasing(easing, entry, out, distance), easing);
-            QCOMPARE(inEasing(easing, entry, in, distance), easing);
-        }
-        // One for all entries stays that; of several only one changes; time stays in the segment.
-        const KeyDistance whole{10, 100};
-        QCOMPARE(outEasing(handle({0.5}, {0}), 1, {12, 20}, whole), handle({1}, {0.2}));
+        QCOMPARE(withShare(handle({0.5}, {0}), 1, {1, 0.2}), handle({1}, {0.2}));
         EasingHandle wanted = handle({0.5, 0.5}, {1, 1});
         wanted.x[1] = 0.9;
         wanted.y[1] = 1.5;
-        QCOMPARE(inEasing(handle({0.5, 0.5}, {1, 1}), 1, {-1, 50}, whole), wanted);
-    }
-
-    void presetsComeBackFromTheirCurves()
-    {
-        for (int i = 0; i <= static_cast<int>(Preset::Hold); ++i) {
-            const auto preset = static_cast<Preset>(i);
-            QVERIFY(presetOf(easingOf(curveOf(easingOf(preset)))) == preset);
-        }
-        const SegmentEasing own{false, handle({0.1}, {0.9}), handle({0.9}, {0.1})};
-        QVERIFY(!presetOf(own));
+        QCOMPARE(withShare(handle({0.5, 0.5}, {1, 1}), 1, {0.9, 1.5}), wanted);
         const Document document = turning();
         const NumberProperty& rotation = document.main.layers[0].transform.rotation;
         for (const auto& [frame, segment] :
@@ -207,26 +174,22 @@ private Q_SLOTS:
         window.drop();
         QCOMPARE(window.rotation(), u"10:0 0.4,0.4 0.5,1.0 | 50:100 | 70:100"_qs);
 
-        // The fixed graph shows it, and its own handle goes the other way.
-        FixedGraphView& fixed = window.graph().easing().view();
-        GraphBezierHandleItem* out = nullptr;
-        for (GraphPointWidget* point : fixed.utils()->pointItems(false)) {
-            out = point->x() == 0 ? point->getRightBezier() : out;
-        }
-        QVERIFY(out && std::abs(out->x() - 4) < 0.2 && std::abs(out->y() + 2) < 0.2);
-        ui::test::FakePointer pointer(fixed.viewport());
-        pointer.press(fixed.mapFromScene(out->scenePos()));
-        pointer.drop(fixed.mapFromScene(2, 6.5), 3);
+        // The editor shows it, and its own handle goes the other way.
+        EasingEditor& easing = window.graph().easing();
+        QVERIFY(easing.easing() && std::abs(easing.easing()->out.y() - 0.4) < 0.05);
+        ui::test::FakePointer pointer(easing.view().viewport());
+        pointer.press(easing.view().mapFromScene(4, 5.5));
+        pointer.drop(easing.view().mapFromScene(2, 6.5), 3);
         studio::test::settle();
         QCOMPARE(window.rotation(), u"10:0 0.2,0.2 0.5,1.0 | 50:100 | 70:100"_qs);
 
-        auto& presets = window.graph().easing().presets();
+        auto& presets = easing.presets();
         QCOMPARE(presets.currentIndex(), -1);
-        presets.segment(static_cast<int>(Preset::Hold))->click();
+        presets.segment(static_cast<int>(EasingPreset::Hold))->click();
         QVERIFY(window.rotation().contains(u"hold"_qs));
         studio::test::settle();
-        QCOMPARE(presets.currentIndex(), static_cast<int>(Preset::Hold));
-        presets.segment(static_cast<int>(Preset::Linear))->click();
+        QCOMPARE(presets.currentIndex(), static_cast<int>(EasingPreset::Hold));
+        presets.segment(static_cast<int>(EasingPreset::Linear))->click();
         QCOMPARE(window.rotation(), u"10:0 | 50:100 | 70:100"_qs);
         for (int step = 0; step < 4; ++step) {
             window.undo();

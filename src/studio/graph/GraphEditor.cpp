@@ -4,10 +4,10 @@
 #include "Player.h"
 #include "commands.h"
 #include "editing/keyrows.h"
-#include "graph/EasingEditor.h"
-#include "graph/KeyFields.h"
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/docking/layouts/ScrollContainer.h>
+#include <MorrantUI/graph/EasingEditor.h>
+#include <MorrantUI/graph/KeyFields.h>
 #include <MorrantUI/graph/ValueGraphView.h>
 #include <MorrantUI/menus/ContextMenu.h>
 
@@ -46,8 +46,11 @@ GraphEditor::GraphEditor(Player& player, QWidget* parent)
 {
     m_list->setAccessibleName(tr("Animated properties"));
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_list->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
-    m_view->setContextMenuPolicy(Qt::NoContextMenu); // the same
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{m_list, m_view, &m_fields->frame(), &m_fields->value()})
+    {
+        part->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
+    }
     buildMenu();
     buildLayout();
     connectParts();
@@ -139,24 +142,14 @@ void GraphEditor::connectParts()
     connect(m_list, &QListWidget::itemSelectionChanged, this, &GraphEditor::showProperties);
 
     connect(m_easing, &EasingEditor::editStarted, this, [this] { begin(tr("Change Easing")); });
-    connect(m_easing, &EasingEditor::easingEdited, this, &GraphEditor::editEasing);
+    connect(m_easing, &EasingEditor::edited, this, &GraphEditor::editEasing);
     connect(m_easing, &EasingEditor::editEnded, this, &GraphEditor::end);
-
-    connect(m_fields, &KeyFields::editingStarted, &m_player, &Player::pause);
-    connect(m_fields, &KeyFields::frameEdited, this, [this](double frame, bool committed) {
-        editKey({.time = std::round(frame)}, committed);
+    connect(m_fields, &KeyFields::editStarted, this, [this] { begin(tr("Change Key")); });
+    connect(m_fields, &KeyFields::frameEdited, this, [this](double frame) {
+        editKey({.time = std::round(frame)});
     });
-    connect(m_fields, &KeyFields::valueEdited, this, [this](double value, bool committed) {
-        const auto keys = m_isEditing ? m_edited : m_curves->selection();
-        const auto* key = m_editor && !keys.empty() ? m_editor->keyAt(keys.front().key) : nullptr;
-        if (key) {
-            KeyChange change{.value = key->value};
-            const EntryKey& edited = keys.front();
-            (*change.value)[edited.entry] = allowedValue(edited.key.property.attribute, value);
-            editKey(change, committed);
-        }
-    });
-    connect(m_fields, &KeyFields::dragEnded, this, [this] { end(true); });
+    connect(m_fields, &KeyFields::valueEdited, this, &GraphEditor::editValue);
+    connect(m_fields, &KeyFields::editEnded, this, &GraphEditor::end);
 }
 
 // What is shown
@@ -278,15 +271,15 @@ void GraphEditor::showEasing()
         return;
     }
     m_segment.reset();
-    std::optional<SegmentEasing> easing;
+    std::vector<SegmentEasing> easings;
     const auto& shown = m_curves->properties();
     const auto* property = m_editor && !shown.empty() ? m_editor->property(shown.front()) : nullptr;
     const auto segment = property ? segmentAt(*property, m_player.frame()) : std::nullopt;
     if (segment && !m_editor->isLocked(m_layer)) {
         m_segment = KeyAddress{shown.front(), *segment};
-        easing = easingOf(property->keys[*segment]);
+        easings = easingsOf(property->keys[*segment]);
     }
-    m_easing->setEasing(easing);
+    m_easing->setEasings(easings);
 }
 
 /// Its frame where one key is selected, and its value where that is one number.
@@ -415,11 +408,9 @@ void GraphEditor::editEasing(const SegmentEasing& easing)
     }
 }
 
-void GraphEditor::editKey(const KeyChange& change, bool committed)
+void GraphEditor::editKey(const KeyChange& change)
 {
-    begin(tr("Change Key"));
     if (!m_isEditing || m_edited.empty()) {
-        end(false);
         return;
     }
     const KeyAddress& edited = m_edited.front().key;
@@ -427,8 +418,17 @@ void GraphEditor::editKey(const KeyChange& change, bool committed)
     whole.change.key = edited.key;
     const auto places = m_editor->changeKeys({whole});
     m_editedNow = places.empty() ? std::nullopt : places.front();
-    if (committed) {
-        end(true);
+}
+
+void GraphEditor::editValue(double value)
+{
+    const auto* key =
+        m_editor && !m_edited.empty() ? m_editor->keyAt(m_edited.front().key) : nullptr;
+    if (key) {
+        KeyChange change{.value = key->value};
+        const EntryKey& edited = m_edited.front();
+        (*change.value)[edited.entry] = allowedValue(edited.key.property.attribute, value);
+        editKey(change);
     }
 }
 

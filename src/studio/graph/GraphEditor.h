@@ -7,6 +7,8 @@
 #include <optional>
 
 class ContextMenu;
+class EasingEditor;
+class KeyFields;
 class QAction;
 class QListWidget;
 class QMenu;
@@ -14,9 +16,6 @@ class ValueGraphView;
 
 namespace studio {
 
-class EasingEditor;
-struct SegmentEasing;
-class KeyFields;
 class Player;
 
 /// The animated properties of a layer as curves: a list to choose them from with the frame and the
@@ -71,7 +70,8 @@ private:
     void begin(const QString& text);
     void end(bool changed);
     void editEasing(const SegmentEasing& easing);
-    void editKey(const KeyChange& change, bool committed);
+    void editKey(const KeyChange& change);
+    void editValue(double value);
 
     Player& m_player;
     ValueGraphView* m_view;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "graph/ValueCurves.h"
 
-#include "graph/easings.h"
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/graph/ValueGraphCurve.h>
 #include <MorrantUI/graph/ValueGraphView.h>
@@ -12,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 using ui::Graph::Interpolation;
@@ -31,11 +31,6 @@ QString colorNameOf(Attribute attribute, std::size_t entry, std::size_t count)
     return kNames.at((isY ? 1 : entry) % kNames.size());
 }
 
-QPointF atOffset(const HandleOffset& offset)
-{
-    return {offset.frames, offset.value};
-}
-
 /// QPointF's own comparison takes what is next to nothing for nothing.
 bool isAt(QPointF place, QPointF other)
 {
@@ -43,18 +38,12 @@ bool isAt(QPointF place, QPointF other)
 }
 
 /// A file does not say whether handles are locked: what a key at the same frame shows is kept.
-ValueGraphKey shownKey(const ValueKey& key, const std::vector<ValueGraphKey>& shown)
+ValueGraphKey shownKey(ValueGraphKey key, const std::vector<ValueGraphKey>& shown)
 {
     const auto same = std::find_if(
         shown.begin(), shown.end(), [&](const auto& one) { return one.time == key.time; });
-    return {
-        .time = key.time,
-        .value = key.value,
-        .leftHandle = atOffset(key.left),
-        .rightHandle = atOffset(key.right),
-        .interpolation = key.curved ? Interpolation::Bezier : Interpolation::Linear,
-        .hold = key.hold,
-        .handlesLocked = same != shown.end() ? same->handlesLocked : isSmooth(key)};
+    key.handlesLocked = same != shown.end() ? same->handlesLocked : key.handlesLocked;
+    return key;
 }
 
 } // namespace
@@ -142,11 +131,11 @@ void ValueCurves::place(Curve& curve, const NumberProperty& property, const Plac
         if (places.empty()) {
             wanted.push_back(shownKey(keys[i], shown));
         } else if (places[i]) {
-            wanted.push_back(shownKey(keys[places[i]->key], {}));
+            wanted.push_back(keys[places[i]->key]);
             wanted.back().handlesLocked = shown[i].handlesLocked;
         } else { // the key is covered by another: it lies below that one
-            const auto cover = std::min_element(
-                keys.begin(), keys.end(), [&](const ValueKey& a, const ValueKey& b) {
+            const auto cover =
+                std::min_element(keys.begin(), keys.end(), [&](const auto& a, const auto& b) {
                     return std::abs(a.time - shown[i].time) < std::abs(b.time - shown[i].time);
                 });
             wanted.push_back({.time = cover->time, .value = cover->value, .hold = cover->hold});
@@ -263,9 +252,8 @@ bool ValueCurves::take(const Curve& curve, const ValueGraphKey& now, KeyChange& 
     }
     if (key && touched.isToggled) {
         const bool isCurved = now.interpolation == Interpolation::Bezier;
-        const SegmentEasing easing = easingOf(isCurved ? Preset::EaseInAndOut : Preset::Linear);
-        change.easeOut = easing.out;
-        change.easeIn = easing.in;
+        const auto preset = isCurved ? EasingPreset::EaseInAndOut : EasingPreset::Linear;
+        std::tie(change.easeOut, change.easeIn) = handlesOf(ui::easing::easingOf(preset));
     } else if (key && touched.isBent) {
         takeHandles(curve, now, change);
     }
@@ -281,29 +269,29 @@ void ValueCurves::takeHandles(const Curve& curve, const ValueGraphKey& now, KeyC
     const auto* key = keyAt(place);
     const auto* before = place > 0 ? keyAt(place - 1) : nullptr;
     const auto* after = keyAt(place + 1);
-    const auto distance = [entry](const auto& from, const auto& to) {
-        return KeyDistance{to.time - from.time, to.value[entry] - from.value[entry]};
-    };
     const auto bend = [&](auto& wanted,
-                          const auto& was,
+                          const EasingHandle& was,
                           const auto& from,
                           const auto& to,
-                          const auto& offsetOf,
-                          const auto& toEasing,
+                          const auto& handleOf,
+                          const auto& shareOf,
                           QPointF handle) {
         const std::size_t easing = easingEntry(from, entry);
-        const KeyDistance whole = distance(from, to);
-        if (was.count > 0 && !from.hold && !isAt(handle, atOffset(offsetOf(was, easing, whole)))) {
+        const QPointF whole(to.time - from.time, to.value[entry] - from.value[entry]);
+        if (was.count > 0 && !from.hold
+            && !isAt(handle, handleOf({was.x[easing], was.y[easing]}, whole))) {
             EasingHandle base = wanted.value_or(was);
             base.count = from.hasSpatial ? std::min(base.count, 1) : base.count;
-            wanted = toEasing(base, easing, {handle.x(), handle.y()}, whole);
+            const QPointF share(base.x[easing], base.y[easing]);
+            wanted = withShare(base, easing, shareOf(handle, whole, share));
         }
     };
+    using namespace ui::easing;
     if (after) {
-        bend(change.easeOut, key->easeOut, *key, *after, outOffset, outEasing, now.rightHandle);
+        bend(change.easeOut, key->easeOut, *key, *after, outHandle, outShare, now.rightHandle);
     }
     if (before) {
-        bend(change.easeIn, before->easeIn, *before, *key, inOffset, inEasing, now.leftHandle);
+        bend(change.easeIn, before->easeIn, *before, *key, inHandle, inShare, now.leftHandle);
     }
 }
 

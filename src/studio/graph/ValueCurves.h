@@ -3,7 +3,6 @@
 
 #include "editing/DocumentEditor.h"
 #include "graph/valuekeys.h"
-#include <MorrantUI/graph/valuegraphkey.h>
 
 #include <QObject>
 #include <QPointF>

@@ -3,89 +3,47 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace studio {
 
 namespace {
 
-constexpr double kOnLine = 1e-3; ///< share by which handles on one line may miss it
 constexpr double kFinest = 1000; ///< parts of a unit
 
-bool isNone(const HandleOffset& offset)
+bool isEased(const Keyframe<Numbers>& key)
 {
-    return offset == HandleOffset();
+    return !key.hold && key.easeOut.count > 0 && key.easeIn.count > 0;
 }
 
-KeyDistance distanceBetween(
-    const Keyframe<Numbers>& from, const Keyframe<Numbers>& to, std::size_t entry)
+SegmentEasing easingAt(const Keyframe<Numbers>& key, std::size_t entry)
 {
-    return {to.time - from.time, to.value[entry] - from.value[entry]};
-}
-
-/// @param none the share where the file gives no handle
-EasingHandle withShares(
-    EasingHandle before,
-    std::size_t entry,
-    double time,
-    const std::optional<double>& change,
-    double none)
-{
-    const bool isOwn = before.count > 1;
-    const double y = change.value_or(before.count > 0 ? before.y[entry] : none);
-    if (isOwn) {
-        before.x[entry] = time;
-        before.y[entry] = y;
-    } else {
-        before.x.fill(time);
-        before.y.fill(y);
-        before.count = 1;
-    }
-    return before;
-}
-
-std::optional<double> shareOf(double part, double whole)
-{
-    const double share = part / whole;
-    return whole != 0 && std::isfinite(share) ? std::optional(share) : std::nullopt;
+    return {
+        false,
+        {key.easeOut.x[entry], key.easeOut.y[entry]},
+        {key.easeIn.x[entry], key.easeIn.y[entry]}};
 }
 
 } // namespace
 
-HandleOffset outOffset(const EasingHandle& out, std::size_t entry, KeyDistance distance)
+std::vector<ValueGraphKey> valueKeys(const NumberProperty& property, std::size_t entry)
 {
-    if (out.count == 0) {
-        return {};
+    std::vector<ValueGraphKey> keys;
+    keys.reserve(property.keys.size());
+    for (const auto& key : property.keys) {
+        keys.push_back({.time = key.time, .value = key.value[entry], .hold = key.hold});
     }
-    return {out.x[entry] * distance.frames, out.y[entry] * distance.change};
-}
-
-HandleOffset inOffset(const EasingHandle& in, std::size_t entry, KeyDistance distance)
-{
-    if (in.count == 0) {
-        return {};
+    for (std::size_t i = 0; i + 1 < keys.size(); ++i) {
+        const auto& from = property.keys[i];
+        if (isEased(from)) {
+            ui::easing::setEasing(keys[i], keys[i + 1], easingAt(from, easingEntry(from, entry)));
+            keys[i].interpolation = keys[i + 1].interpolation = ui::Graph::Interpolation::Bezier;
+        }
     }
-    return {(in.x[entry] - 1) * distance.frames, (in.y[entry] - 1) * distance.change};
-}
-
-EasingHandle outEasing(
-    EasingHandle before, std::size_t entry, HandleOffset offset, KeyDistance distance)
-{
-    const double kept = before.count > 0 ? before.x[entry] : 0;
-    const double time =
-        std::clamp(shareOf(offset.frames, distance.frames).value_or(kept), 0.0, 1.0);
-    return withShares(before, entry, time, shareOf(offset.value, distance.change), 0);
-}
-
-EasingHandle inEasing(
-    EasingHandle before, std::size_t entry, HandleOffset offset, KeyDistance distance)
-{
-    const double kept = before.count > 0 ? before.x[entry] : 1;
-    const auto fromStart = [](std::optional<double> share) {
-        return share ? std::optional(1 + *share) : std::nullopt;
-    };
-    const double time =
-        std::clamp(fromStart(shareOf(offset.frames, distance.frames)).value_or(kept), 0.0, 1.0);
-    return withShares(before, entry, time, fromStart(shareOf(offset.value, distance.change)), 1);
+    for (ValueGraphKey& key : keys) {
+        key.handlesLocked = ui::easing::isSmooth(key);
+    }
+    return keys;
 }
 
 std::size_t easingEntry(const Keyframe<Numbers>& key, std::size_t entry)
@@ -93,35 +51,46 @@ std::size_t easingEntry(const Keyframe<Numbers>& key, std::size_t entry)
     return key.hasSpatial ? 0 : entry;
 }
 
-std::vector<ValueKey> valueKeys(const NumberProperty& property, std::size_t entry)
+std::vector<SegmentEasing> easingsOf(const Keyframe<Numbers>& key)
 {
-    std::vector<ValueKey> keys;
-    keys.reserve(property.keys.size());
-    for (const auto& key : property.keys) {
-        keys.push_back({key.time, key.value[entry], key.hold, false, {}, {}});
+    std::vector<SegmentEasing> easings;
+    const int entries = isEased(key) ? std::max(key.easeOut.count, key.easeIn.count) : 0;
+    for (int entry = 0; entry < entries; ++entry) {
+        easings.push_back(easingAt(key, static_cast<std::size_t>(entry)));
     }
-    for (std::size_t i = 0; i + 1 < keys.size(); ++i) {
-        const auto& from = property.keys[i];
-        if (from.hold || from.easeOut.count == 0 || from.easeIn.count == 0) {
-            continue;
-        }
-        const KeyDistance distance = distanceBetween(from, property.keys[i + 1], entry);
-        const std::size_t easing = easingEntry(from, entry);
-        keys[i].right = outOffset(from.easeOut, easing, distance);
-        keys[i + 1].left = inOffset(from.easeIn, easing, distance);
-        keys[i].curved = keys[i + 1].curved = true;
-    }
-    return keys;
+    return entries > 0 ? easings : std::vector{SegmentEasing{.hold = key.hold}};
 }
 
-bool isSmooth(const ValueKey& key)
+std::pair<EasingHandle, EasingHandle> handlesOf(const SegmentEasing& easing)
 {
-    if (isNone(key.left) || isNone(key.right)) {
-        return false;
+    return easing == SegmentEasing()
+               ? std::pair<EasingHandle, EasingHandle>()
+               : std::pair(withShare({}, 0, easing.out), withShare({}, 0, easing.in));
+}
+
+EasingHandle withShare(EasingHandle handle, std::size_t entry, QPointF share)
+{
+    if (handle.count > 1) {
+        handle.x[entry] = share.x();
+        handle.y[entry] = share.y();
+    } else {
+        handle.x.fill(share.x());
+        handle.y.fill(share.y());
+        handle.count = 1;
     }
-    const double one = key.left.frames * key.right.value;
-    const double other = key.left.value * key.right.frames;
-    return std::abs(one - other) <= kOnLine * (std::abs(one) + std::abs(other));
+    return handle;
+}
+
+std::vector<PropertyKeyChange> easingChanges(
+    const PropertyAddress& address, std::size_t segment, const SegmentEasing& easing)
+{
+    PropertyKeyChange leave{address, {.key = segment}};
+    PropertyKeyChange enter{address, {.key = segment + 1}};
+    leave.change.hold = easing.hold;
+    if (!easing.hold) { // what it was comes back when the hold is taken away
+        std::tie(leave.change.easeOut, enter.change.easeIn) = handlesOf(easing);
+    }
+    return {std::move(leave), std::move(enter)};
 }
 
 std::optional<std::size_t> segmentAt(const NumberProperty& property, double frame)

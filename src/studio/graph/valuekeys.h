@@ -2,66 +2,33 @@
 #pragma once
 
 #include "editing/PropertyAddress.h"
-#include "editing/keychanges.h"
+#include "editing/keygroups.h"
+#include <MorrantUI/graph/easings.h>
 
 #include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
-/// Keys of a property as a graph of values shows them: easing, which a file keeps as shares of a
-/// segment's time and change, as handles in frames and the value's own unit.
+/// Keys of a property as graphs show them, and back: a file keeps an easing once for all entries of
+/// a value, or once for each.
 namespace studio {
 
-/// From a key, the value upward.
-struct HandleOffset
-{
-    double frames = 0;
-    double value = 0;
-
-    bool operator==(const HandleOffset&) const = default;
-};
-
-/// From a key to the next one, in one entry of the value.
-struct KeyDistance
-{
-    double frames = 0;
-    double change = 0;
-};
-
-/// Where the handles of a segment lie: what leaves its first key, from that, and what enters its
-/// second one, from that. None for a handle that the file does not give.
-HandleOffset outOffset(const EasingHandle& out, std::size_t entry, KeyDistance distance);
-HandleOffset inOffset(const EasingHandle& in, std::size_t entry, KeyDistance distance);
-
-/// The way back. Where the file has one handle for all entries, it stays one for all; a share of
-/// time is kept within the segment. Where the value does not change, or keys are at one frame, the
-/// offset says nothing about that share, which stays.
-/// @param before the handle to change
-EasingHandle outEasing(
-    EasingHandle before, std::size_t entry, HandleOffset offset, KeyDistance distance);
-EasingHandle inEasing(
-    EasingHandle before, std::size_t entry, HandleOffset offset, KeyDistance distance);
-
-/// A key of one entry.
-struct ValueKey
-{
-    double time = 0;
-    double value = 0;
-    bool hold = false;
-    bool curved = false; ///< it has a handle on either side
-    HandleOffset left;
-    HandleOffset right;
-
-    bool operator==(const ValueKey&) const = default;
-};
-
-std::vector<ValueKey> valueKeys(const NumberProperty& property, std::size_t entry);
+/// Keys of one entry. Handles that lie on one line are locked.
+std::vector<ValueGraphKey> valueKeys(const NumberProperty& property, std::size_t entry);
 
 /// The entry whose easing counts: a position on a bent way has one for all.
 std::size_t easingEntry(const Keyframe<Numbers>& key, std::size_t entry);
+/// Of the segment that begins with a key, in each of its entries that the file spells out.
+std::vector<SegmentEasing> easingsOf(const Keyframe<Numbers>& key);
 
-/// Whether both handles are there and lie on one line, so that they should stay so.
-bool isSmooth(const ValueKey& key);
+/// What leaves a key and what enters the next one; none on both sides of a linear one.
+std::pair<EasingHandle, EasingHandle> handlesOf(const SegmentEasing& easing);
+/// A handle with another place in one entry. What is one for all entries stays one for all.
+EasingHandle withShare(EasingHandle handle, std::size_t entry, QPointF share);
+/// What brings an easing into a segment, the same one in all entries.
+std::vector<PropertyKeyChange> easingChanges(
+    const PropertyAddress& address, std::size_t segment, const SegmentEasing& easing);
 
 /// The key that a segment begins with: the one around a frame, or the nearest one. None with fewer
 /// than two keys.

@@ -1,20 +1,28 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "graph/EasingEditor.h"
+#include "MorrantUI/graph/EasingEditor.h"
 
+#include "MorrantUI/graph/graphmoves.h"
 #include <MorrantUI/controls/buttons/SegmentedButton.h>
 #include <MorrantUI/graph/FixedGraphView.h>
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 
 #include <QGraphicsScene>
+#include <QPointer>
 #include <QVBoxLayout>
 
-namespace studio {
+#include <algorithm>
 
 namespace {
 
 constexpr QSize kUsualSize(200, 220); ///< logical pixels
 constexpr int kMargin = 4;
+
+SegmentEasing finite(const SegmentEasing& easing)
+{
+    const bool isFinite = ui::Graph::isFinite(easing.out) && ui::Graph::isFinite(easing.in);
+    return isFinite ? easing : SegmentEasing{.hold = easing.hold};
+}
 
 } // namespace
 
@@ -52,36 +60,31 @@ EasingEditor::EasingEditor(QWidget* parent)
     , m_view(new View(&m_data))
     , m_presets(new SegmentedButton)
 {
+    setLayoutDirection(Qt::LeftToRight); // as time goes, in the row of presets too
     setAccessibleName(tr("Easing"));
     m_view->setAccessibleName(tr("Easing curve"));
-    const std::pair<QString, QString> presets[] = {// as Preset has them
-                                                   {tr("Linear"), u"easeLinear"_qs},
-                                                   {tr("Ease in"), u"easeIn"_qs},
-                                                   {tr("Ease out"), u"easeOut"_qs},
-                                                   {tr("Ease in and out"), u"easeBezier"_qs},
-                                                   {tr("Back"), u"easeBack"_qs},
-                                                   {tr("Hold"), u"easeHold"_qs}};
-    for (const auto& [name, icon] : presets) {
-        m_presets->addSegment({}, u"icons:%1.png"_qs.arg(icon), name);
-    }
     m_presets->setAccessibleName(tr("Easing presets"));
-    auto* layout = new QVBoxLayout(this);
+    for (const EasingPreset preset : ui::easing::kPresets) {
+        m_presets->addSegment({}, ui::easing::presetIcon(preset), ui::easing::presetName(preset));
+    }
+    auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->addWidget(m_presets, 0, Qt::AlignHCenter);
     layout->addWidget(m_view, 1);
 
     connect(m_presets, &SegmentedButton::currentIndexChanged, this, &EasingEditor::choose);
     connect(m_view, &FixedGraphView::gestureStarted, this, [this] {
-        m_isEditing = true;
+        m_isDragging = true;
         Q_EMIT editStarted();
     });
     connect(m_view, &FixedGraphView::pointMoved, this, [this](GraphPointWidget* point) {
         m_data.replace(m_view->shownKey(point));
-        m_easing = easingOf(m_data.keys());
-        Q_EMIT easingEdited(m_easing);
+        m_easing = ui::easing::easingOf(m_data.keys());
+        showPreset({m_easing});
+        Q_EMIT edited(m_easing);
     });
     connect(m_view, &FixedGraphView::gestureEnded, this, [this](bool changed) {
-        m_isEditing = false;
+        m_isDragging = false;
         Q_EMIT editEnded(changed);
     });
     setEasing(std::nullopt);
@@ -89,29 +92,50 @@ EasingEditor::EasingEditor(QWidget* parent)
 
 EasingEditor::~EasingEditor()
 {
+    m_view->disconnect(this); // a drag that ends with it has nobody to tell
     m_view->setData(nullptr); // which dies before it
 }
 
 void EasingEditor::setEasing(const std::optional<SegmentEasing>& easing)
 {
-    if (m_isEditing) {
+    setEasings(easing ? std::vector{*easing} : std::vector<SegmentEasing>());
+}
+
+void EasingEditor::setEasings(const std::vector<SegmentEasing>& easings)
+{
+    if (m_isDragging) {
         return;
     }
-    setEnabled(easing.has_value());
-    fill(easing.value_or(SegmentEasing()));
-    const auto preset = easing ? presetOf(*easing) : std::nullopt;
-    m_presets->setCurrentIndex(preset ? static_cast<int>(*preset) : -1);
+    m_hasEasing = !easings.empty();
+    setEnabled(m_hasEasing);
+    fill(m_hasEasing ? finite(easings.front()) : SegmentEasing());
+    showPreset(easings);
+}
+
+std::optional<SegmentEasing> EasingEditor::easing() const
+{
+    return m_hasEasing ? std::optional(m_easing) : std::nullopt;
 }
 
 void EasingEditor::fill(const SegmentEasing& easing)
 {
     m_easing = easing;
     GraphCurveData curve;
-    curve.setKeys(curveOf(easing));
+    curve.setKeys(ui::easing::curveOf(easing));
     if (!(curve == m_data) || m_view->utils()->pointItems(false).empty()) {
         m_data = curve;
         m_view->fill();
     }
+}
+
+/// The one that all are; none where they differ.
+void EasingEditor::showPreset(const std::vector<SegmentEasing>& of)
+{
+    const auto preset = of.empty() ? std::nullopt : ui::easing::presetOf(of.front());
+    const bool isOne = preset && std::all_of(of.begin(), of.end(), [&](const auto& easing) {
+                           return ui::easing::presetOf(easing) == preset;
+                       });
+    m_presets->setCurrentIndex(isOne ? static_cast<int>(*preset) : -1);
 }
 
 void EasingEditor::finishGesture()
@@ -124,17 +148,24 @@ FixedGraphView& EasingEditor::view() const
     return *m_view;
 }
 
+/// The host may show something else, or delete the editor, in each slot.
 void EasingEditor::choose(int preset)
 {
+    const QPointer<EasingEditor> alive(this);
     finishGesture();
-    Q_EMIT editStarted();
-    Q_EMIT easingEdited(easingOf(static_cast<Preset>(preset)));
-    Q_EMIT editEnded(true);
+    if (alive) {
+        Q_EMIT editStarted();
+    }
+    if (alive) {
+        fill(ui::easing::easingOf(static_cast<EasingPreset>(preset)));
+        Q_EMIT edited(m_easing);
+    }
+    if (alive) {
+        Q_EMIT editEnded(true);
+    }
 }
 
 QSize EasingEditor::sizeHint() const
 {
     return kUsualSize;
 }
-
-} // namespace studio

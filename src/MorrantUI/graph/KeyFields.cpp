@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "MorrantUI/graph/KeyFields.h"
+
+#include <MorrantUI/controls/values/NumericField.h>
+
+#include <QFormLayout>
+#include <QPointer>
+
+#include <utility>
+
+namespace {
+
+constexpr int kMargin = 4;
+
+} // namespace
+
+KeyFields::KeyFields(QWidget* parent)
+    : Widget(parent)
+    , m_frame(new NumericField)
+    , m_value(new NumericField)
+{
+    auto* const layout = new QFormLayout(this);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setSpacing(kMargin);
+    layout->addRow(tr("Frame"), m_frame);
+    layout->addRow(tr("Value"), m_value);
+    m_frame->setAccessibleName(tr("Frame of the key"));
+    m_value->setAccessibleName(tr("Value of the key"));
+    watch(*m_frame);
+    watch(*m_value);
+    setKey(std::nullopt, std::nullopt);
+}
+
+KeyFields::~KeyFields()
+{
+    m_frame->disconnect(this); // which may commit as they die
+    m_value->disconnect(this);
+}
+
+void KeyFields::watch(NumericField& field)
+{
+    field.setFieldType(NumericField::FloatingPoint);
+    field.setValue(0);
+    connect(&field, &NumericField::dragStateChanged, this, [this, &field](bool dragging) {
+        m_isDragged = dragging;
+        dragging ? begin(field) : end();
+    });
+    connect(&field, &NumericField::edited, this, [this, &field](double number, bool committed) {
+        take(field, number, committed);
+    });
+}
+
+// From the host
+
+void KeyFields::setKey(std::optional<double> frame, std::optional<double> value)
+{
+    show(*m_frame, m_shownFrame, frame);
+    show(*m_value, m_shownValue, value);
+}
+
+void KeyFields::show(NumericField& field, double& shown, std::optional<double> number)
+{
+    field.setEnabled(number.has_value());
+    const bool isStepped = m_edited == &field && !m_isDragged; // by key, which is yet to commit
+    if (number && !isStepped && (field.isReadOnly() || !field.isModified())) {
+        field.setValue(*number);
+        shown = field.value();
+    }
+}
+
+void KeyFields::finishEditing()
+{
+    const QPointer<KeyFields> alive(this);
+    for (NumericField* field : {m_frame, m_value}) {
+        if (alive && field->hasFocus()) {
+            field->clearFocus();
+        }
+    }
+    if (alive) {
+        end();
+    }
+}
+
+// From the user
+
+/// Steps by key go on until they are committed, or taken back.
+void KeyFields::take(NumericField& field, double number, bool committed)
+{
+    const QPointer<KeyFields> alive(this);
+    begin(field);
+    if (alive) {
+        (&field == m_frame ? m_shownFrame : m_shownValue) = number;
+        &field == m_frame ? Q_EMIT frameEdited(number) : Q_EMIT valueEdited(number);
+    }
+    if (alive && !m_isDragged && (committed || number == m_before)) {
+        end();
+    }
+}
+
+void KeyFields::begin(NumericField& field)
+{
+    if (m_edited == &field) {
+        return;
+    }
+    const QPointer<KeyFields> alive(this);
+    end();
+    if (alive) {
+        m_edited = &field;
+        m_before = &field == m_frame ? m_shownFrame : m_shownValue;
+        Q_EMIT editStarted();
+    }
+}
+
+void KeyFields::end()
+{
+    if (const NumericField* field = std::exchange(m_edited, nullptr)) {
+        Q_EMIT editEnded(field->value() != m_before);
+    }
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+#include <MorrantUI/theme/Widget.h>
+
+#include <optional>
+
+class NumericField;
+
+/// Frame and value of a selected key, to be scrubbed and typed.
+///
+/// It changes no key: it tells what the user entered. A drag, and what is typed, is one step of a
+/// history, with editStarted() before and editEnded() behind all of it.
+class MORRANT_UI_EXPORT KeyFields : public Widget
+{
+    Q_OBJECT
+
+public:
+    explicit KeyFields(QWidget* parent = nullptr);
+    ~KeyFields() override;
+
+    /// Shows a key, and tells nobody: without a value only its frame, as of several at one frame,
+    /// and without a frame only its value. A field without a number is disabled; one that is being
+    /// typed in stays as it is.
+    void setKey(std::optional<double> frame, std::optional<double> value);
+    /// Takes over what is being typed, and ends the step.
+    void finishEditing();
+
+    // The fields, for limits, units and steps: numbers with three decimals, and not to be deleted.
+    NumericField& frame() const { return *m_frame; }
+    NumericField& value() const { return *m_value; }
+
+Q_SIGNALS:
+    /// The user has begun to drag, to step by key, or has typed.
+    void editStarted();
+    void frameEdited(double frame);
+    void valueEdited(double value);
+    /// @param changed false where the number is as before, after Escape too
+    void editEnded(bool changed);
+
+private:
+    void watch(NumericField& field);
+    void show(NumericField& field, double& shown, std::optional<double> number);
+    void take(NumericField& field, double number, bool committed);
+    void begin(NumericField& field);
+    void end();
+
+    NumericField* m_frame;
+    NumericField* m_value;
+    double m_shownFrame = 0.0; ///< as the field has what the host gave
+    double m_shownValue = 0.0;
+    NumericField* m_edited = nullptr; ///< between editStarted() and editEnded()
+    bool m_isDragged = false;
+    double m_before = 0.0; ///< as the step found that field
+};

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "GraphDesk.h"
+
+using namespace ui::easing;
+
+namespace {
+
+QString shown(const std::optional<SegmentEasing>& easing)
+{
+    const auto number = [](double share) { return QString::number(share, 'f', 1); };
+    return !easing ? u"none"_qs
+                   : QStringList{
+                         number(easing->out.x()),
+                         number(easing->out.y()),
+                         number(easing->in.x()),
+                         number(easing->in.y())}.join(u' ');
+}
+
+/// An editor or fields of a key, and what they tell.
+template <typename Control>
+struct Desk : QWidget
+{
+    Desk()
+    {
+        setLayoutDirection(Qt::RightToLeft);
+        (new QVBoxLayout(this))->addWidget(control);
+        resize(300, 340);
+        connect(control, &Control::editStarted, this, [this] { told << u"("_qs; });
+        connect(control, &Control::editEnded, this, [this](bool changed) {
+            told << (changed ? u"C)"_qs : u")"_qs);
+        });
+        ui::test::showActive(*this);
+    }
+    QString take() { return std::exchange(told, {}).join(u' '); }
+
+    Control* control = new Control;
+    QStringList told;
+};
+
+} // namespace
+
+/// How a value goes from one key to the next, as shares, as handles, and under the user's hands.
+class EasingsTest : public ui::test::StyledTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sharesAreHandlesAndBack()
+    {
+        struct Case
+        {
+            QPointF share, distance, out, in;
+        };
+        const Case cases[] = {
+            {{0.25, 0.5}, {40, 200}, {10, 100}, {-30, -100}},
+            {{0.25, 1.5}, {40, -200}, {10, -300}, {-30, -100}}, // overshoots
+            {{0.5, 0.3}, {8, 0}, {4, 0}, {-4, 0}},              // no change: its share stays
+            {{0.5, 0.25}, {0, 4}, {0, 1}, {0, -3}}};
+        for (const auto& [share, distance, out, in] : cases) {
+            QCOMPARE(outHandle(share, distance), out);
+            QCOMPARE(inHandle(share, distance), in);
+            QCOMPARE(outShare(out, distance, share), share);
+            QCOMPARE(inShare(in, distance, share), share);
+        }
+        QCOMPARE(outShare({12, 20}, {10, 100}), QPointF(1, 0.2)); // time stays in the segment
+        QVERIFY(isSmooth({.leftHandle = {-2, -4}, .rightHandle = {1, 2}}));
+        QVERIFY(!isSmooth({.leftHandle = {-2, 4}, .rightHandle = {1, 2}}));
+        QVERIFY(!isSmooth({.rightHandle = {1, 2}}));
+    }
+    void presetsComeBackFromTheirCurvesAndKeys()
+    {
+        for (const EasingPreset preset : kPresets) {
+            const SegmentEasing easing = easingOf(preset);
+            QVERIFY(presetOf(easingOf(curveOf(easing))) == preset);
+            ValueGraphKey from{10, 50};
+            ValueGraphKey to{30, -50};
+            setEasing(from, to, easingOf(EasingPreset::Back));
+            setEasing(from, to, easing);
+            QVERIFY(presetOf(easingOf(from, to)) == preset);
+            QVERIFY(easedShare(easing, -1) == 0 && easedShare(easing, 2) == 1);
+            QVERIFY(!ui::getCachedPixmap(presetIcon(preset)).isNull());
+        }
+        QVERIFY(!presetOf({false, {0.1, 0.9}, {0.9, 0.1}}));
+        for (const auto& [preset, share] :
+             {std::pair(EasingPreset::Linear, 0.5),
+              {EasingPreset::EaseInAndOut, 0.5},
+              {EasingPreset::Hold, 0.0}})
+        {
+            QCOMPARE(easedShare(easingOf(preset), 0.5), share);
+        }
+        QVERIFY(easedShare(easingOf(EasingPreset::Back), 0.6) > 1);
+    }
+    void whatIsDraggedOrChosenIsOneStep()
+    {
+        Desk<EasingEditor> desk;
+        EasingEditor& editor = *desk.control;
+        connect(&editor, &EasingEditor::edited, this, [&](const SegmentEasing& easing) {
+            if (desk.told.isEmpty() || desk.told.last() != shown(easing)) {
+                desk.told << shown(easing);
+            }
+            editor.setEasing({}); // waits for the end of a drag
+        });
+        QVERIFY(!editor.isEnabled() && shown(editor.easing()) == u"none");
+        editor.setEasing(easingOf(EasingPreset::EaseInAndOut));
+        QCOMPARE(editor.presets().currentIndex(), int(EasingPreset::EaseInAndOut));
+        FixedGraphView& view = editor.view();
+        ui::test::FakePointer pointer(view.viewport());
+        const QPoint handle = view.mapFromScene(4.2, 7.5);
+        QVERIFY(handle.x() < view.mapFromScene(5.8, 2.5).x()); // time from left to right
+        QVERIFY(editor.presets().segment(0)->x() < editor.presets().segment(5)->x());
+        pointer.press(handle);
+        pointer.moveTo(view.mapFromScene(2, 6.5));
+        QCOMPARE(desk.take(), u"( 0.2 0.2 0.6 1.0"_qs);
+        QCOMPARE(editor.presets().currentIndex(), -1);
+        QTest::keyClick(&view, Qt::Key_Escape);
+        QCOMPARE(desk.take(), u"0.4 0.0 0.6 1.0 )"_qs);
+        pointer.release();
+        for (const int preset : {int(EasingPreset::Hold), int(EasingPreset::Linear)}) {
+            editor.setEasings({easingOf(EasingPreset::Back), easingOf(EasingPreset::EaseIn)});
+            QCOMPARE(editor.presets().currentIndex(), -1); // they differ
+            editor.presets().segment(preset)->click();
+            QCOMPARE(desk.take(), u"( 0.0 0.0 1.0 1.0 C)"_qs);
+            QVERIFY(!editor.easing());
+        }
+        editor.setEasing(SegmentEasing{false, {qQNaN(), 0}, {1, 1}});
+        QCOMPARE(shown(editor.easing()), u"0.0 0.0 1.0 1.0"_qs);
+        QTest::keyClick(&view, Qt::Key_Delete);
+        QCOMPARE(view.utils()->pointItems(false).size(), std::size_t(2));
+    }
+    void numbersThatAreScrubbedAndTypedAreSteps()
+    {
+        Desk<KeyFields> desk;
+        KeyFields& fields = *desk.control;
+        const auto tell = [&](double number) { desk.told << QString::number(number); };
+        connect(&fields, &KeyFields::frameEdited, this, tell);
+        connect(&fields, &KeyFields::valueEdited, this, tell);
+        fields.setKey(40, std::nullopt);
+        NumericField& frame = fields.frame();
+        QVERIFY(frame.isEnabled() && !fields.value().isEnabled());
+        ui::test::FakePointer pointer(&frame);
+        pointer.press(frame.rect().center());
+        pointer.dragTo(pointer.position() + QPoint(30, 0));
+        const QString scrubbed = desk.take();
+        QVERIFY(scrubbed.startsWith(u"( "_qs) && frame.value() > 45);
+        QVERIFY(scrubbed.endsWith(u' ' + QString::number(frame.value())));
+        QTest::keyClick(&frame, Qt::Key_Escape);
+        QCOMPARE(desk.take(), u"40 )"_qs);
+        pointer.release();
+        fields.setKey(40.5, 100);
+        NumericField& value = fields.value();
+        value.setFocus(Qt::TabFocusReason);
+        QTest::keyClick(&value, Qt::Key_Up); // steps go on until they are entered
+        QTest::keyClick(&value, Qt::Key_Up);
+        fields.setKey(40.5, 7);
+        QCOMPARE(desk.take(), u"( 101 102"_qs);
+        fields.finishEditing();
+        QCOMPARE(desk.take(), u"102 C)"_qs);
+        value.setFocus(Qt::TabFocusReason);
+        value.selectAll();
+        QTest::keyClicks(&value, u"2*3"_qs);
+        QTest::keyClick(&value, Qt::Key_Return);
+        QCOMPARE(desk.take(), u"( 6 C)"_qs);
+    }
+};
+
+const ui::test::Registration<EasingsTest> kRegistration;
+
+#include "tst_easings.moc"
