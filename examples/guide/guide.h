@@ -4,12 +4,13 @@
 class QMenu;
 class QWidget;
 
-/// One window a chapter of docs/host-guide.md.
+/// One window a chapter of docs/host-guide.md, or a page of docs/widgets.
 QWidget* dockingChapter();
 QWidget* timeEditorChapter();
 QWidget* timeRulerChapter();
 QWidget* fixedGraphChapter();
 QWidget* undoChapter();
+QWidget* canvasChapter();
 
 /// The menu of the menus' chapter, filled but not shown.
 QMenu* menuChapter(QWidget* panel);

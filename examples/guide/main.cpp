@@ -15,7 +15,12 @@ int main(int argc, char** argv)
 
     bool drawn = ui::version() >= MORRANT_UI_VERSION;
     for (const auto chapter :
-         {dockingChapter, timeEditorChapter, timeRulerChapter, fixedGraphChapter, undoChapter})
+         {dockingChapter,
+          timeEditorChapter,
+          timeRulerChapter,
+          fixedGraphChapter,
+          undoChapter,
+          canvasChapter})
     {
         const std::unique_ptr<QWidget> window(chapter());
         window->resize(640, 400);

@@ -3,6 +3,8 @@
 
 /// Every public header of the library.
 
+#include <MorrantUI/canvas/CanvasView.h>
+#include <MorrantUI/canvas/canvasmapping.h>
 #include <MorrantUI/controls/buttons/CheckBox.h>
 #include <MorrantUI/controls/buttons/GroupButton.h>
 #include <MorrantUI/controls/buttons/IconButton.h>

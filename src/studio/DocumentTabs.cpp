@@ -111,7 +111,7 @@ void DocumentTabs::closeCurrent()
     }
 }
 
-void DocumentTabs::setBackdrop(Backdrop backdrop)
+void DocumentTabs::setBackdrop(CanvasBackdrop backdrop)
 {
     m_backdrop = backdrop;
     for (int i = 0; i < count(); ++i) {

@@ -9,11 +9,12 @@
 #include <optional>
 #include <vector>
 
+enum class CanvasBackdrop;
+
 namespace studio {
 
 class DocumentPage;
 class DocumentSaver;
-enum class Backdrop;
 struct Document;
 struct UnsavedDocument;
 
@@ -46,7 +47,7 @@ public:
     void closeCurrent();
 
     /// Of all pages.
-    void setBackdrop(Backdrop backdrop);
+    void setBackdrop(CanvasBackdrop backdrop);
     /// The titles of the documents that differ from their files.
     QStringList changedTitles();
     /// The same documents as they are; nothing when one of them cannot be written.
@@ -81,7 +82,7 @@ private:
     bool mayClose(DocumentPage& page);
 
     DocumentSaver* m_saver;
-    Backdrop m_backdrop{};
+    CanvasBackdrop m_backdrop{};
     QPointer<QWidget> m_shown; ///< the page that currentChanged() has told last
 };
 

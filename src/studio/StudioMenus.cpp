@@ -188,15 +188,15 @@ void StudioMenus::buildViewMenu()
 void StudioMenus::addBackdrops(QMenu& menu)
 {
     auto* group = new QActionGroup(this);
-    const std::pair<Backdrop, QString> choices[] = {
-        {Backdrop::Chequer, tr("&Chequer")},
-        {Backdrop::Light, tr("&Light")},
-        {Backdrop::Dark, tr("&Dark")},
+    const std::pair<CanvasBackdrop, QString> choices[] = {
+        {CanvasBackdrop::Chequer, tr("&Chequer")},
+        {CanvasBackdrop::Light, tr("&Light")},
+        {CanvasBackdrop::Dark, tr("&Dark")},
     };
     for (const auto& [backdrop, name] : choices) {
         QAction* action = group->addAction(name);
         action->setCheckable(true);
-        action->setChecked(backdrop == Backdrop::Chequer);
+        action->setChecked(backdrop == CanvasBackdrop::Chequer);
         connect(action, &QAction::triggered, this, [this, chosen = backdrop] {
             m_window.documents().setBackdrop(chosen);
         });

@@ -4,7 +4,7 @@
 #include "FrameSlider.h"
 #include "Player.h"
 #include "readouts.h"
-#include "viewmapping.h"
+#include <MorrantUI/canvas/canvasmapping.h>
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/controls/values/PendingValue.h>
 #include <MorrantUI/docking/layouts/ScrollContainer.h>
@@ -95,8 +95,8 @@ void TransportBar::connectFields()
     });
     connect(m_frame, &NumericField::dragStateChanged, &m_player, &Player::pause);
     m_zoom->setFieldType(NumericField::FloatingPoint);
-    m_zoom->setMin(kSmallestScale * kPercent);
-    m_zoom->setMax(kLargestScale * kPercent);
+    m_zoom->setMin(ui::CanvasZoom().least * kPercent);
+    m_zoom->setMax(ui::CanvasZoom().most * kPercent);
     m_zoom->setSuffix(tr(" %"));
     connect(m_zoom, &NumericField::edited, this, [this](double percent) {
         m_shownZoom->forget();

@@ -35,7 +35,7 @@ struct OpenWindow : StudioWindow
     {
         openDocument(squares(), u"squares"_qs);
         studio::test::showActive(*this);
-        viewport().setBackdrop(Backdrop::Dark);
+        viewport().setBackdrop(CanvasBackdrop::Dark);
         select(0);
     }
 
@@ -71,9 +71,8 @@ struct OpenWindow : StudioWindow
     QColor colorAt(QPointF point)
     {
         QCoreApplication::processEvents();
-        const ViewMapping& mapping = viewport().mapping();
         const QImage picture = viewport().grab().toImage();
-        return ui::test::pixelAt(picture, point * mapping.scale + mapping.origin);
+        return ui::test::pixelAt(picture, viewport().mapping().toView(point));
     }
 
     void press(QKeySequence::StandardKey keys, int times = 1)
