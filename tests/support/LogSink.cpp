@@ -9,7 +9,6 @@
 namespace ui::test {
 
 static QStringList gLines;
-static QStringList gMissedColors;
 
 namespace {
 
@@ -18,11 +17,8 @@ class RecordingSink : public spdlog::sinks::base_sink<std::mutex>
 protected:
     void sink_it_(const spdlog::details::log_msg& message) override
     {
-        static const QString missed = QStringLiteral("debug: The theme has no color ");
         const auto level = spdlog::level::to_string_view(message.level);
-        const QString line = QString::fromStdString(fmt::format("{}: {}", level, message.payload));
-        line.startsWith(missed) ? gMissedColors.append(line.mid(missed.size()))
-                                : gLines.append(line);
+        gLines.append(QString::fromStdString(fmt::format("{}: {}", level, message.payload)));
     }
 
     void flush_() override {}
@@ -40,11 +36,6 @@ void LogSink::install()
 QStringList LogSink::take()
 {
     return std::exchange(gLines, {});
-}
-
-QStringList LogSink::takeMissedColors()
-{
-    return std::exchange(gMissedColors, {});
 }
 
 } // namespace ui::test

@@ -14,10 +14,6 @@ public:
 
     /// The recorded lines, oldest first; the record is empty afterwards.
     static QStringList take();
-
-    /// The names of colours that themes were found to lack, which are kept apart from the other
-    /// lines: whatever paints with a theme of a few colours meets some of them.
-    static QStringList takeMissedColors();
 };
 
 } // namespace ui::test

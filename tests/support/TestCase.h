@@ -8,6 +8,7 @@
 #include "support/paths.h"
 #include "support/pixels.h"
 #include "support/themes.h"
+#include <MorrantUI/theme/VisualDesignBase.h>
 
 #include <QtTest>
 #include <QtWidgets>
@@ -85,7 +86,7 @@ protected:
 private:
     void failOnLoggedLines() const
     {
-        const QStringList missed = LogSink::takeMissedColors();
+        const QStringList missed = VisualDesignBase::takeMissedColors();
         const QStringList unexpected = LogSink::take() + (lacksColors() ? QStringList() : missed);
         QVERIFY2(unexpected.isEmpty(), qPrintable(u"unexpected log: "_qs + unexpected.join(u'\n')));
     }

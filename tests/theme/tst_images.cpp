@@ -186,7 +186,7 @@ private Q_SLOTS:
         makeTheme<VisualDesignBase>().setColor(name, Qt::green);
         auto& newer = makeTheme<VisualDesignBase>();
         QCOMPARE(ui::colorQt(name), QColor(Qt::black));
-        QCOMPARE(LogSink::takeMissedColors(), QStringList(name));
+        QCOMPARE(VisualDesignBase::takeMissedColors(), QStringList(name));
         newer.setColor(name, QColor(1, 2, 3, 4));
         newer.setColor(u"Base"_qs, QColor(100, 200, 40));
         QVERIFY(ui::color("Gr\xC3\xBCn") == Color(0x04010203U));

@@ -21,6 +21,13 @@ constexpr int kDefaultFontSize = 12; ///< pixels
 
 VisualDesignBase* gCurrentTheme = nullptr;
 
+/// Of all themes. Never destroyed, since what is static may still ask for colours.
+QSet<QString>& missedColors()
+{
+    static auto* const names = new QSet<QString>;
+    return *names;
+}
+
 /// Whether an image may be loaded from `path`; says so in the log if not. An empty path is no
 /// mistake: it stands for "no image".
 bool checkFile(const QString& path)
@@ -47,7 +54,6 @@ struct VisualDesignBase::Data
     int largeFontSize = kDefaultFontSize;
     int fontSizeOverride = 0;
     QMap<QString, QColor> colors;
-    QSet<QString> missedColors; ///< those that the log has been told of
     QMap<QString, QIcon> iconCache;
     bool usePointerLock = true;
     bool highContrastMode = false;
@@ -92,11 +98,15 @@ QColor VisualDesignBase::getColor(const QString& name) const
     if (found != m_data->colors.constEnd()) {
         return *found;
     }
-    if (!m_data->missedColors.contains(name)) { // widgets ask again at every repaint
-        m_data->missedColors.insert(name);
-        ui::log::debug("The theme has no color {}", name.toStdString());
-    }
+    missedColors().insert(name);
     return QColor(Qt::black);
+}
+
+QStringList VisualDesignBase::takeMissedColors()
+{
+    QStringList names = std::exchange(missedColors(), {}).values();
+    names.sort();
+    return names;
 }
 
 void VisualDesignBase::setColor(const QString& name, const QColor& color)

@@ -11,6 +11,7 @@
 #include <QPalette>
 #include <QPixmap>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <memory>
@@ -43,8 +44,11 @@ public:
     /// themselves the next time they paint.
     virtual void applyAppStyle();
 
-    /// The named colour, case-sensitive; opaque black, and once a line of the log, for an unknown.
+    /// The named colour, case-sensitive; opaque black for an unknown.
     QColor getColor(const QString& name) const;
+    /// The unknown names that themes were asked for since the last call, sorted. Nobody is told of
+    /// a misspelt name, which is black: a host looks here, and its tests do.
+    static QStringList takeMissedColors();
     /// Adds or replaces a named colour. An invalid colour is stored as it is.
     void setColor(const QString& name, const QColor& color);
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/theme/VisualDesignDark.h"
 
-#include "MorrantUI/log.h"
 #include <MorrantUI/theme/Style.h>
 #include <MorrantUI/theme/colors.h>
 
@@ -134,24 +133,11 @@ bool isFileName(const QString& path)
     return !path.isEmpty() && !path.contains(QChar::Null);
 }
 
-/// The theme file's root. One that cannot be read is an empty one, of which the log is told.
-QJsonObject readThemeFile(const QString& assetsPath)
+/// The theme file's root; empty for one that cannot be read.
+QJsonObject readThemeFile()
 {
-    const QString path = QStringLiteral("style:theme.json");
-    const QString text = VisualDesignBase::loadTextFromFile(path);
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
-    if (!document.isObject()) {
-        const bool parsed = error.error == QJsonParseError::NoError;
-        ui::log::debug(
-            "No theme in {}, {}: {}",
-            assetsPath.toStdString(),
-            path.toStdString(),
-            text.isEmpty() ? "there is no such file, or nothing in it"
-            : parsed       ? "the root is no object"
-                           : error.errorString().toStdString());
-    }
-    return document.object();
+    const QString text = VisualDesignBase::loadTextFromFile(QStringLiteral("style:theme.json"));
+    return QJsonDocument::fromJson(text.toUtf8()).object();
 }
 
 } // namespace
@@ -159,7 +145,7 @@ QJsonObject readThemeFile(const QString& assetsPath)
 VisualDesignDark::VisualDesignDark(const QString& assetsPath)
 {
     registerSearchPaths(assetsPath);
-    setPreferences(readThemeFile(assetsPath));
+    setPreferences(readThemeFile());
 
     updatePalette();
     // After updatePalette(), so that the named colours start out as the file has them.

@@ -9,7 +9,7 @@
 /// The theme read from "style:theme.json"; docs/theme.md describes that file.
 ///
 /// A missing or unreadable file gives an empty theme, in which every named colour is black and
-/// every palette role invalid. The user is told nothing; the log is, at debug level.
+/// every palette role invalid; nobody is told.
 class MORRANT_UI_EXPORT VisualDesignDark : public VisualDesignBase
 {
     Q_OBJECT

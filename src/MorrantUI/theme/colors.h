@@ -12,9 +12,9 @@
 
 namespace ui {
 
-/// The current theme's named colour, case-sensitive. Opaque black for one that the theme lacks, of
-/// which the log is told once at debug level, and without a theme. Cheap enough to ask at paint
-/// time, which is how a change of theme reaches widgets: do not store the result.
+/// The current theme's named colour, case-sensitive. Opaque black for one that the theme lacks and
+/// without a theme. Cheap enough to ask at paint time, which is how a change of theme reaches
+/// widgets: do not store the result.
 MORRANT_UI_EXPORT QColor colorQt(const QString& name);
 
 /// The same for Core's drawing; `name` is UTF-8.
