@@ -107,8 +107,8 @@ AnimatorWindow::AnimatorWindow(Animation animation)
         m_sheet->header().setLabel(row, {.text = property.name});
         m_rows.push_back({row, m_graph->addCurve(property.name, property.color)});
     }
-    m_sheet->setFrameRange(0, 100);
-    m_sheet->setRate(24);
+    m_clock.setTrack(0, 100, 24);
+    m_sheet->setClock(&m_clock);             // Space plays
     m_sheet->view().setUtils(m_edits.get()); // your TimeEditorUtils: copy, paste, delete, menus
     // [rows]
     connectViews();
@@ -132,7 +132,8 @@ void AnimatorWindow::connectViews()
     connect(m_graph, &ValueGraphView::keysChanging, this, &AnimatorWindow::takeCurves);
     connect(m_graph, &ValueGraphView::gestureEnded, this, [this] { finish(tr("Change Curve")); });
     TimelineView& ruler = m_sheet->ruler();
-    connect(&ruler, &TimelineView::frameChanged, m_graph, &ValueGraphView::setCurrentFrame);
+    connect(&m_clock, &PlaybackClock::frameChanged, m_graph, &ValueGraphView::setCurrentFrame);
+    connect(m_graph, &ValueGraphView::spaceTapped, &m_clock, &PlaybackClock::toggle);
     connect(&ruler, &TimelineView::playbackRangeEdited, this, &AnimatorWindow::takeTime);
     connect(&ruler, &TimelineView::markerEdited, this, &AnimatorWindow::takeTime);
     // [edits]

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Animation.h"
+#include <MorrantUI/timeline/PlaybackClock.h>
 
 #include <QUndoStack>
 #include <QWidget>
@@ -52,6 +53,7 @@ private:
     Animation m_now;
     Animation m_before; ///< as the history has it
     QUndoStack m_history;
+    PlaybackClock m_clock;
     DopeSheetPane* m_sheet;
     ValueGraphView* m_graph;
     std::unique_ptr<TimeEditorUtils> m_edits; ///< stays the host's

@@ -4,19 +4,6 @@
 
 #include <QVBoxLayout>
 
-namespace {
-
-/// Whatever a host plays and keeps with.
-struct Player
-{
-    void seek(int toFrame) { frame = toFrame; }
-
-    int frame = 0;
-    int edits = 0;
-};
-
-} // namespace
-
 QWidget* timeRulerChapter()
 {
     auto* window = new QWidget;
@@ -24,24 +11,30 @@ QWidget* timeRulerChapter()
     auto* view = new TimeEditorView;
     view->setup(new TimeEditorScene(view, QRect(0, 0, 240, 44)));
     view->setupViewAndScene(0, 240, 44);
-    static Player player;
+    static int edits = 0; // of whatever a host keeps
     // [timeruler]
+    auto* clock = new PlaybackClock(window); // the current time, and what plays it
+    clock->setTrack(0, 240, 24);
+    clock->setPlaybackRange(24, 168);
     auto* ruler = new TimelineView; // above the editor, their left edges aligned
     ruler->setEditor(view);         // the same scroll and zoom from now on
-    ruler->setFrameRange(0, 240);
-    ruler->setPlaybackRange(24, 168);
-    ruler->getTimelineScene()->setFramesPerSecond(24);
+    ruler->setClock(clock);         // and the same time
+    QObject::connect(clock, &PlaybackClock::frameChanged, view, &TimeEditorView::setCurrentFrame);
 
-    // The user seeks; what the host sets is not told back.
-    QObject::connect(ruler, &TimelineView::frameChanged, view, [view](int frame) {
-        player.seek(frame);
-        view->setCurrentFrame(frame);
-    });
     // One step of a history each, with what was before and after.
-    QObject::connect(ruler, &TimelineView::playbackRangeEdited, view, [] { ++player.edits; });
-    QObject::connect(ruler, &TimelineView::markerEdited, view, [] { ++player.edits; });
+    QObject::connect(ruler, &TimelineView::playbackRangeEdited, view, [] { ++edits; });
+    QObject::connect(ruler, &TimelineView::markerEdited, view, [] { ++edits; });
     // [timeruler]
+    // [transport]
+    auto* actions = new TransportActions(window); // Space plays, arrows step
+    actions->setClock(clock);
+    window->addActions(actions->actions()); // or a menu
+    auto* bar = new TransportBar;
+    bar->setClock(clock);
+    bar->addButtons(TransportBar::End::Left, actions->actions());
+    // [transport]
     column->addWidget(ruler);
     column->addWidget(view);
+    column->addWidget(bar);
     return window;
 }

@@ -161,10 +161,15 @@
 #include <MorrantUI/timeeditor/keymoves.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
 #include <MorrantUI/timeline/DopeSheetPane.h>
+#include <MorrantUI/timeline/FrameSlider.h>
 #include <MorrantUI/timeline/PlaybackBookend.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 #include <MorrantUI/timeline/TimeHandle.h>
 #include <MorrantUI/timeline/TimeThumb.h>
 #include <MorrantUI/timeline/TimelineScene.h>
 #include <MorrantUI/timeline/TimelineView.h>
+#include <MorrantUI/timeline/TransportActions.h>
+#include <MorrantUI/timeline/TransportBar.h>
 #include <MorrantUI/timeline/markers.h>
+#include <MorrantUI/timeline/playback.h>
 #include <MorrantUI/version.h>

@@ -3,8 +3,8 @@
 
 #include "Viewport.h"
 #include "editing/DocumentEditor.h"
-#include "playback.h"
 #include "saving/documentfile.h"
+#include <MorrantUI/timeline/playback.h>
 
 #include <QFileInfo>
 #include <QHash>
@@ -49,7 +49,7 @@ void DocumentPage::setDocument(
     m_notDrawn = document->missing;
     layer = -1;
     dopeSheet = {};
-    m_viewport->setFrame(frameRange(document->inPoint, document->outPoint).first);
+    m_viewport->setFrame(ui::wholeFrames(document->inPoint, document->outPoint).first);
     m_editor->setDocument(std::move(document));
     m_viewport->setDocument(m_editor->document());
 }

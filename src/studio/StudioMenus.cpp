@@ -2,7 +2,6 @@
 #include "StudioMenus.h"
 
 #include "DocumentTabs.h"
-#include "Player.h"
 #include "StudioWindow.h"
 #include "Viewport.h"
 #include "Workspace.h"
@@ -14,7 +13,7 @@
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/events.h>
-#include <MorrantUI/theme/icons.h>
+#include <MorrantUI/timeline/TransportActions.h>
 
 #include <QActionGroup>
 #include <QFileInfo>
@@ -35,6 +34,7 @@ StudioMenus::StudioMenus(StudioWindow& window)
     : QObject(&window)
     , m_window(window)
     , m_palette(new CommandPalette(window.menuBar(), &window))
+    , m_playback(new TransportActions(this))
 {
     buildFileMenu();
     buildEditMenu();
@@ -92,35 +92,14 @@ void StudioMenus::buildEditMenu()
 
 void StudioMenus::buildPlaybackMenu()
 {
-    Player& player = m_window.player();
-    m_playback = addCommands(
-        *m_window.menuBar()->addMenu(tr("&Playback")),
-        {
-            {tr("&First Frame"),
-             u"toStart"_qs,
-             {Qt::Key_Home},
-             [&player] { player.seek(player.range().first); }},
-            {tr("Step &Back"), u"stepBack"_qs, {Qt::Key_Left}, [&player] { player.step(-1); }},
-            {tr("&Play"), u"play"_qs, {Qt::Key_Space}, [&player] { player.toggle(); }},
-            {tr("Step F&orward"),
-             u"stepForward"_qs,
-             {Qt::Key_Right},
-             [&player] { player.step(1); }},
-            {tr("&Last Frame"),
-             u"toEnd"_qs,
-             {Qt::Key_End},
-             [&player] { player.seek(player.range().last); }},
-            {tr("L&oop"),
-             u"loop"_qs,
-             {Qt::SHIFT | Qt::Key_L},
-             [&player] { player.setLooping(!player.isLooping()); }},
-        });
-    QAction* const loop = m_playback.at(5);
-    loop->setCheckable(true);
-    loop->setChecked(player.isLooping());
-    connect(&player, &Player::loopingChanged, loop, &QAction::setChecked);
-    m_playAction = m_playback.at(2);
-    m_editorActions += m_playback;
+    m_playback->setClock(&m_window.player());
+    m_window.menuBar()->addMenu(tr("&Playback"))->addActions(playback());
+    m_editorActions += playback();
+}
+
+QList<QAction*> StudioMenus::playback() const
+{
+    return m_playback->actions();
 }
 
 void StudioMenus::buildViewMenu()
@@ -241,14 +220,6 @@ void StudioMenus::setGalleryShown(bool shown)
     for (QAction* action : std::as_const(m_editorActions)) {
         action->setEnabled(!shown);
     }
-}
-
-void StudioMenus::showPlaying(bool playing)
-{
-    const QString icon = playing ? u"icons:pause.png"_qs : u"icons:play.png"_qs;
-    m_playAction->setIcon(ui::getCachedIcon(icon));
-    m_playAction->setText(playing ? tr("&Pause") : tr("&Play"));
-    m_playAction->setToolTip(playing ? tr("Pause (Space)") : tr("Play (Space)"));
 }
 
 void StudioMenus::showHistory(const DocumentEditor& editor)

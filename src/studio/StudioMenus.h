@@ -8,6 +8,7 @@ class CommandPalette;
 class ContextMenu;
 class QAction;
 class QMenu;
+class TransportActions;
 
 namespace studio {
 
@@ -27,7 +28,7 @@ public:
     void addMenu(QMenu& menu);
 
     const QList<QAction*>& history() const { return m_history; }
-    const QList<QAction*>& playback() const { return m_playback; }
+    QList<QAction*> playback() const;
     /// The first three have icons.
     const QList<QAction*>& zooms() const { return m_zooms; }
 
@@ -36,7 +37,6 @@ public:
 
     /// While the gallery is shown, what works on the hidden panels is disabled.
     void setGalleryShown(bool shown);
-    void showPlaying(bool playing);
     void showHistory(const DocumentEditor& editor);
 
 private:
@@ -49,13 +49,12 @@ private:
 
     StudioWindow& m_window;
     CommandPalette* m_palette;
+    TransportActions* m_playback;
     QMenu* m_panels = nullptr;
     QList<QAction*> m_history; ///< undo and redo
-    QList<QAction*> m_playback;
     QList<QAction*> m_zooms;
     QList<QAction*> m_backdrops;
     QList<QAction*> m_editorActions; ///< for what the gallery hides
-    QAction* m_playAction = nullptr;
     QAction* m_galleryAction = nullptr;
     bool m_isGalleryShown = false;
 };

@@ -8,12 +8,11 @@
 #include "LayerPanel.h"
 #include "MissingPanel.h"
 #include "NotesPanel.h"
-#include "Player.h"
 #include "StudioMenus.h"
-#include "TransportBar.h"
 #include "UnsavedKeeper.h"
 #include "Viewport.h"
 #include "Workspace.h"
+#include "ZoomField.h"
 #include "commands.h"
 #include "discarding.h"
 #include "editing/DocumentEditor.h"
@@ -21,7 +20,6 @@
 #include "graph/GraphEditor.h"
 #include "lottie/Document.h"
 #include "lottie/reader.h"
-#include "readouts.h"
 #include "timeline/DopeSheet.h"
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/menus/ContextMenu.h>
@@ -30,6 +28,9 @@
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
+#include <MorrantUI/timeline/TransportBar.h>
+#include <MorrantUI/timeline/playback.h>
 
 #include <QApplication>
 #include <QDir>
@@ -71,6 +72,14 @@ QString plainTitle(QString text)
     return text.replace(u"[*]"_qs, u"[*][*]"_qs);
 }
 
+/// "1920 × 1080", in plain digits as the transport's.
+QString sizeText(int width, int height)
+{
+    QLocale plain;
+    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    return StudioWindow::tr("%1 × %2").arg(plain.toString(width), plain.toString(height));
+}
+
 /// Whoever offers to move a file must not delete it after we have read it.
 void acceptCopy(QDropEvent& event)
 {
@@ -107,13 +116,15 @@ StudioWindow::StudioWindow(QWidget* parent)
     : QMainWindow(parent)
     , m_workspace(std::make_unique<Workspace>(this))
     , m_documents(new DocumentTabs)
-    , m_player(new Player(this))
+    , m_player(new PlaybackClock(this))
     , m_layers(new LayerPanel)
     , m_attributes(new AttributePanel(m_documents->current().editor()))
     , m_missing(new MissingPanel)
     , m_notes(new NotesPanel)
     , m_dopeSheet(new DopeSheet(*m_player))
     , m_graph(new GraphEditor(*m_player))
+    , m_transport(new TransportBar)
+    , m_zoom(new ZoomField)
     , m_pages(new QStackedWidget)
 {
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
@@ -123,7 +134,7 @@ StudioWindow::StudioWindow(QWidget* parent)
     m_menus->addMenu(*m_graph->menu());
     m_menus->addMenu(*m_dopeSheet->menu());
     m_menus->addMenu(*m_layers->menu());
-    m_transport = new TransportBar(*m_player, m_menus->playback(), m_menus->zooms().mid(0, 3));
+    addTransport();
     addPanels();
     offerMenus();
     showDefaultLayout();
@@ -148,6 +159,17 @@ StudioWindow::~StudioWindow()
     selectLayer(-1);
     m_documents->disconnect(this);
     m_workspace.reset();
+}
+
+void StudioWindow::addTransport()
+{
+    m_transport->setClock(m_player);
+    m_transport->addButtons(TransportBar::End::Left, m_menus->playback());
+    m_transport->addWidget(TransportBar::End::Right, m_zoom);
+    m_transport->addButtons(TransportBar::End::Right, m_menus->zooms().mid(0, 3));
+    connect(m_zoom, &ZoomField::scaleEntered, this, [this](double scale) {
+        viewport().zoomBy(scale / viewport().mapping().scale);
+    });
 }
 
 void StudioWindow::addPanels()
@@ -193,11 +215,10 @@ void StudioWindow::offerMenus()
 
 void StudioWindow::connectPanels()
 {
-    connect(m_player, &Player::frameChanged, this, [this](int frame) {
+    connect(m_player, &PlaybackClock::frameChanged, this, [this](int frame) {
         viewport().setFrame(frame);
         m_attributes->setFrame(frame);
     });
-    connect(m_player, &Player::playingChanged, m_menus, &StudioMenus::showPlaying);
     connect(m_layers, &LayerPanel::layerSelected, this, [this](int layer) {
         page().layer = layer;
         viewport().setLayer(layer);
@@ -213,15 +234,12 @@ void StudioWindow::connectPanels()
     connect(m_layers, &LayerPanel::wanted, this, [this] {
         m_workspace->setPanelOpen(u"layers"_qs, true);
     });
-    connect(m_attributes, &AttributePanel::editingStarted, m_player, &Player::pause);
+    connect(m_attributes, &AttributePanel::editingStarted, m_player, &PlaybackClock::pause);
     connect(m_documents, &DocumentTabs::currentChanged, this, &StudioWindow::showDocument);
     connect(m_documents, &DocumentTabs::historyChanged, this, &StudioWindow::showHistory);
     connect(m_documents, &DocumentTabs::restored, this, &StudioWindow::selectLayer);
-    connect(m_documents, &DocumentTabs::scaleChanged, m_transport, &TransportBar::setZoom);
+    connect(m_documents, &DocumentTabs::scaleChanged, m_zoom, &ZoomField::setScale);
     connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFiles);
-    connect(m_transport, &TransportBar::zoomEntered, this, [this](double scale) {
-        viewport().zoomBy(scale / viewport().mapping().scale);
-    });
     connect(m_documents, &DocumentTabs::closing, this, &StudioWindow::finishEditing);
     connect(&m_documents->saver(), &DocumentSaver::failed, this, &StudioWindow::fail);
     // Its panel may float, where drops do not reach this window.
@@ -296,12 +314,14 @@ void StudioWindow::showDocument()
     m_layers->setEditor(shown.editor());
     m_missing->setMissing(shown.notDrawn());
     m_notes->setEditor(shown.editor());
-    m_player->setTrack(frameRange(document.inPoint, document.outPoint), document.frameRate);
+    m_dopeSheet->leaveDocument();
+    const auto frames = ui::wholeFrames(document.inPoint, document.outPoint);
+    m_player->setTrack(frames.first, frames.second, document.frameRate);
     m_player->seek(frame);
     m_dopeSheet->setDocument(shown.editor(), shown.dopeSheet);
     m_graph->setDocument(shown.editor());
     m_attributes->setFrame(frame);
-    m_transport->setZoom(shown.viewport().mapping().scale);
+    m_zoom->setScale(shown.viewport().mapping().scale);
     selectLayer(layer);
     showHistory();
 }
@@ -343,7 +363,7 @@ void StudioWindow::keepLayoutIn(const QString& path)
     m_layoutFile = path;
     m_layoutWatch = new LayoutWatch(this);
     connect(m_layoutWatch, &LayoutWatch::settled, this, &StudioWindow::saveLayout);
-    connect(m_player, &Player::loopingChanged, this, &StudioWindow::saveLayout);
+    connect(m_player, &PlaybackClock::loopingChanged, this, &StudioWindow::saveLayout);
     if (!QFileInfo::exists(path)) {
         resize(size().boundedTo(screen()->availableSize() - kFrameRoom));
         return;

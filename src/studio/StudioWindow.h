@@ -7,8 +7,10 @@
 
 class LayoutWatch;
 class NoticeStack;
+class PlaybackClock;
 class QMimeData;
 class QStackedWidget;
+class TransportBar;
 
 namespace studio {
 
@@ -21,12 +23,11 @@ class GraphEditor;
 class LayerPanel;
 class MissingPanel;
 class NotesPanel;
-class Player;
 class StudioMenus;
-class TransportBar;
 class UnsavedKeeper;
 class Viewport;
 class Workspace;
+class ZoomField;
 struct Document;
 
 /// The local .json files that a drop brings.
@@ -84,7 +85,7 @@ public:
     /// Of the document in front, as the viewport is.
     DocumentEditor& editor();
     Viewport& viewport();
-    Player& player() { return *m_player; }
+    PlaybackClock& player() { return *m_player; }
     NoticeStack& notices() { return *m_notices; }
     Workspace& workspace() { return *m_workspace; }
     DocumentTabs& documents() { return *m_documents; }
@@ -113,6 +114,7 @@ protected:
 private:
     void addPanels();
     void connectPanels();
+    void addTransport();
     void offerMenus();
     void showDefaultLayout();
     void saveLayout();
@@ -127,7 +129,7 @@ private:
 
     std::unique_ptr<Workspace> m_workspace; ///< in m_pages too, but dies before all others
     DocumentTabs* m_documents;
-    Player* m_player;
+    PlaybackClock* m_player;
     LayerPanel* m_layers;
     AttributePanel* m_attributes;
     MissingPanel* m_missing;
@@ -135,7 +137,8 @@ private:
     NoticeStack* m_notices = nullptr; ///< over the central widget
     DopeSheet* m_dopeSheet;
     GraphEditor* m_graph;
-    TransportBar* m_transport = nullptr;
+    TransportBar* m_transport;
+    ZoomField* m_zoom;
     QStackedWidget* m_pages;
     QWidget* m_gallery = nullptr; ///< made when first asked for
     StudioMenus* m_menus = nullptr;

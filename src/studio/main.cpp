@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Player.h"
 #include "StudioWindow.h"
 #include "assetsfolder.h"
 #include "commandline.h"
@@ -7,6 +6,7 @@
 #include <MorrantUI/platform/TerminationWatch.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/theme/events.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 
 #include <QApplication>
 #include <QEvent>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pictures.h"
 
-#include "Player.h"
 #include "StudioWindow.h"
 #include "Workspace.h"
 #include "gallery/GalleryPage.h"
 #include "texts.h"
 #include <MorrantUI/docking/DockableWindow.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -63,15 +63,15 @@ private:
 
 void writeFrames(PictureFolder& pictures, StudioWindow& window)
 {
-    const FrameRange range = window.player().range();
-    const int count = qMin(kFrames, range.count());
+    const auto [first, last] = window.player().frameRange();
+    const int count = qMin(kFrames, last - first + 1);
     for (int i = 0; i < count; ++i) {
-        const qint64 offset = qint64(range.count() - 1) * i / qMax(1, count - 1);
-        const int frame = range.first + static_cast<int>(offset);
+        const qint64 offset = qint64(last - first) * i / qMax(1, count - 1);
+        const int frame = first + static_cast<int>(offset);
         window.player().seek(frame);
         pictures.write(QStringLiteral("play-%1").arg(frame, 4, 10, QLatin1Char('0')), window);
     }
-    window.player().seek(range.first + range.count() / 2);
+    window.player().seek(first + (last - first + 1) / 2);
 }
 
 void writeNotice(PictureFolder& pictures, StudioWindow& window)

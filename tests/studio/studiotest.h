@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Player.h"
 #include "StudioWindow.h"
 #include "Viewport.h"
 #include "Workspace.h"
@@ -11,6 +10,7 @@
 #include "support/themes.h"
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 
 namespace studio::test {
 

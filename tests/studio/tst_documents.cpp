@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(window.tabs().first().endsWith(u'*'));
 
         QVERIFY(window.openFile(samplePaths().at(1)) && window.document() != first);
-        QCOMPARE(window.player().frame(), window.player().range().first);
+        QCOMPARE(window.player().frame(), window.player().frameRange().first);
         QVERIFY(list->selectedLayers().empty());
         QVERIFY(!window.isWindowModified() && !window.editor().canUndo());
         window.player().seek(3);

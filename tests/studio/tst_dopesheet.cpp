@@ -324,7 +324,7 @@ private Q_SLOTS:
     {
         Sheet sheet;
         sheet.dopeSheet().ruler().setPlaybackRange(20, 30);
-        QCOMPARE(sheet.player().loop(), (FrameRange{20, 30}));
+        QCOMPARE(sheet.player().playbackRange(), std::pair(20, 30));
         QCOMPARE(sheet.view().getEditorScene()->getBackgroundRegion(), std::pair(20, 30));
         const QPoint at = sheet.at(50, 1);
         ui::test::turnWheel(*sheet.view().viewport(), at, {0, 1440}, Qt::ControlModifier);
@@ -342,9 +342,9 @@ private Q_SLOTS:
         sheet.dopeSheet().ruler().seek(92);
         QCOMPARE(sheet.player().frame(), 92);
         sheet.openFile(samplePaths().first());
-        QVERIFY(sheet.player().loop() == sheet.player().range());
+        QVERIFY(sheet.player().playbackRange() == sheet.player().frameRange());
         sheet.documents().setTab(0);
-        QCOMPARE(sheet.player().loop(), (FrameRange{20, 30}));
+        QCOMPARE(sheet.player().playbackRange(), std::pair(20, 30));
         QVERIFY(qAbs(sheet.view().getVisibleRect().width() - zoomed.width()) < 1);
     }
 

@@ -4,7 +4,6 @@
 #include "studiotest.h"
 #include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/text/PlainTextEdit.h>
-#include <MorrantUI/text/TimeCodeField.h>
 
 using namespace studio;
 
@@ -25,7 +24,6 @@ struct OpenWindow : StudioWindow
         openDocument(std::make_shared<Document>(document), u"untitled"_qs);
     }
 
-    TimeCodeField& code() { return *findChild<TimeCodeField*>(); }
     PlainTextEdit& notes() { return *findChild<PlainTextEdit*>(); }
 };
 
@@ -89,18 +87,6 @@ private Q_SLOTS:
         QCOMPARE(rowsOf(palette).at(1), u"File: Open Sample: bounce"_qs);
         QTest::keyClick(&palette, Qt::Key_Return);
         QCOMPARE(window.documents().count(), 2);
-    }
-
-    void aTimeCodeIsEnteredAndFollowsThePlayer()
-    {
-        OpenWindow window;
-        window.player().seek(27);
-        QCOMPARE(window.code().toPlainText(), u"00:00:02:07"_qs);
-        type(window.code(), u"5:3"_qs);
-        QTest::keyClick(&window.code(), Qt::Key_Return);
-        QCOMPARE(window.player().frame(), 53);
-        type(window.code(), u"a b"_qs); // Space plays nothing meanwhile
-        QVERIFY(!window.player().isPlaying());
     }
 
     void notesBelongToTheirDocumentAndAnEditIsOneStep()

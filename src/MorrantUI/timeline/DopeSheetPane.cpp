@@ -2,6 +2,7 @@
 #include "MorrantUI/timeline/DopeSheetPane.h"
 
 #include "MorrantUI/scene/viewfit.h"
+#include "MorrantUI/timeline/clocklinks.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/events.h>
 #include <MorrantUI/timeeditor/DopeSheetView.h>
@@ -147,6 +148,22 @@ void DopeSheetPane::fitCorner()
 }
 
 // Frames
+
+void DopeSheetPane::setClock(PlaybackClock* clock)
+{
+    m_clockLink.reset();
+    const QPointer<DopeSheetPane> alive(this);
+    m_ruler->setClock(clock);
+    if (alive && m_ruler->clock()) {
+        m_clockLink = ui::linkClock(*clock, *this);
+        ui::showClock(*clock, *this);
+    }
+}
+
+PlaybackClock* DopeSheetPane::clock() const
+{
+    return m_ruler->clock();
+}
 
 void DopeSheetPane::setFrameRange(int first, int last)
 {

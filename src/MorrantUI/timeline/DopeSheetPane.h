@@ -6,21 +6,27 @@
 
 #include <QPointer>
 
+#include <memory>
 #include <optional>
 #include <utility>
 
 class DopeSheetView;
+class PlaybackClock;
 class QVBoxLayout;
 class TimeEditorRowHeader;
 class TimeEditorScene;
 class TimelineView;
 
+namespace ui {
+class ClockLink;
+} // namespace ui
+
 /// A dope sheet that only wants rows: a DopeSheetView with its scene, the TimelineView above and
 /// the TimeEditorRowHeader beside it, which scroll and zoom together, and a corner for buttons.
 ///
 /// All frames stay in sight, whatever the range and the size, until the user zooms. Frames that the
-/// user seeks on the ruler show in the view at once, and the playback range is its background; the
-/// host listens to the ruler for both.
+/// user seeks on the ruler show in the view at once, and the playback range is its background. A
+/// host gives it a PlaybackClock, or listens to the ruler for both.
 class MORRANT_UI_EXPORT DopeSheetPane : public Widget
 {
     Q_OBJECT
@@ -38,6 +44,11 @@ public:
     /// A widget beside the ruler, above the labels, such as buttons: the pane owns it, keeps it as
     /// high as the ruler, and has the one before deleted later. Null leaves the corner empty.
     void setCorner(QWidget* corner);
+
+    /// Shows and moves a clock's time, as TimelineView::setClock() has it for the ruler; a tap of
+    /// Space in the view plays and pauses. Null and the clock's death leave the pane as it is.
+    void setClock(PlaybackClock* clock);
+    PlaybackClock* clock() const;
 
     /// The frames of the document. The scene reaches a little beyond them, and down to the last row
     /// that there is now.
@@ -82,6 +93,7 @@ private:
     TimeEditorRowHeader* m_header;
     QVBoxLayout* m_labels; ///< corner and header
     QPointer<QWidget> m_corner;
+    std::unique_ptr<ui::ClockLink> m_clockLink;
     bool m_isZoomed = false;
     std::optional<std::pair<double, double>> m_awaited; ///< frames to show once there is a size
     bool m_followsFrame = true;

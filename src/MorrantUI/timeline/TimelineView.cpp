@@ -5,12 +5,14 @@
 #include "MorrantUI/scene/viewfit.h"
 #include "MorrantUI/timeline/AccessibleTimeline.h"
 #include "MorrantUI/timeline/MarkerNameEdit.h"
+#include "MorrantUI/timeline/clocklinks.h"
 #include "MorrantUI/timeline/playbackrange.h"
 #include "MorrantUI/timeline/rulergesture.h"
 #include "MorrantUI/timeline/rulerpaint.h"
 #include <MorrantUI/theme/drawing.h>
 #include <MorrantUI/timeeditor/TimeEditorView.h>
 #include <MorrantUI/timeline/PlaybackBookend.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 #include <MorrantUI/timeline/TimeThumb.h>
 #include <MorrantUI/timeline/TimelineScene.h>
 
@@ -98,6 +100,21 @@ void TimelineView::setEditor(TimeEditorView* editor)
 TimeEditorView* TimelineView::editor() const
 {
     return m_editor;
+}
+
+void TimelineView::setClock(PlaybackClock* clock)
+{
+    m_clock = clock;
+    m_clockLink.reset();
+    if (clock) {
+        m_clockLink = ui::linkClock(*clock, *this);
+        ui::showClock(*clock, *this);
+    }
+}
+
+PlaybackClock* TimelineView::clock() const
+{
+    return m_clock;
 }
 
 /// What its signals do not tell: a fit that needs no scrolling, and another size.

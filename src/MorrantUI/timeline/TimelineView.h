@@ -15,12 +15,14 @@
 class ContextMenu;
 class MarkerNameEdit;
 class PlaybackBookend;
+class PlaybackClock;
 class QMenu;
 class TimeEditorView;
 class TimeThumb;
 class TimelineScene;
 
 namespace ui {
+class ClockLink;
 struct RulerHit;
 struct RulerKey;
 struct TimelineGesture;
@@ -56,6 +58,13 @@ public:
     /// where it is.
     void setEditor(TimeEditorView* editor);
     TimeEditorView* editor() const;
+
+    /// Frame range, rate, current frame and playback range are those of the clock from now on, and
+    /// what the user does to the last two is the clock's at once; a drag of the playhead pauses it.
+    /// A track that is another one ends what is under way. The clock is not owned; null and its
+    /// death leave the ruler as it is.
+    void setClock(PlaybackClock* clock);
+    PlaybackClock* clock() const;
 
     /// The same as the scene's, which see.
     void setFrameRange(int first, int last);
@@ -193,6 +202,8 @@ private:
     PlaybackBookend* m_left;
     PlaybackBookend* m_right;
     QPointer<TimeEditorView> m_editor;
+    QPointer<PlaybackClock> m_clock;
+    std::unique_ptr<ui::ClockLink> m_clockLink;
     std::unique_ptr<ui::TimelineGesture> m_gesture;
     QPointer<MarkerNameEdit> m_nameEdit;
     double m_scroll = 0.0;     ///< pixels from frame 0 to the viewport's left edge, before rounding

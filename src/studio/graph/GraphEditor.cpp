@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "graph/GraphEditor.h"
 
-#include "Player.h"
 #include "commands.h"
 #include "editing/keyrows.h"
 #include <MorrantUI/controls/values/NumericField.h>
@@ -10,6 +9,7 @@
 #include <MorrantUI/graph/KeyFields.h>
 #include <MorrantUI/graph/ValueGraphView.h>
 #include <MorrantUI/menus/ContextMenu.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -34,7 +34,7 @@ constexpr double kColorStep = 0.01; ///< for a pixel, of a channel from 0 to 1
 
 } // namespace
 
-GraphEditor::GraphEditor(Player& player, QWidget* parent)
+GraphEditor::GraphEditor(PlaybackClock& player, QWidget* parent)
     : EditorPane(tr("Graph Editor"), parent)
     , m_player(player)
     , m_view(new ValueGraphView)
@@ -132,12 +132,12 @@ void GraphEditor::buildLayout()
 
 void GraphEditor::connectParts()
 {
-    connect(&m_player, &Player::frameChanged, this, [this](int frame) {
+    connect(&m_player, &PlaybackClock::frameChanged, this, [this](int frame) {
         m_view->setCurrentFrame(frame);
         showEasing();
     });
-    connect(m_view, &ValueGraphView::spaceTapped, &m_player, &Player::toggle);
-    connect(m_curves, &ValueCurves::editingStarted, &m_player, &Player::pause);
+    connect(m_view, &ValueGraphView::spaceTapped, &m_player, &PlaybackClock::toggle);
+    connect(m_curves, &ValueCurves::editingStarted, &m_player, &PlaybackClock::pause);
     connect(m_curves, &ValueCurves::selectionChanged, this, &GraphEditor::chooseKeys);
     connect(m_list, &QListWidget::itemSelectionChanged, this, &GraphEditor::showProperties);
 

@@ -9,14 +9,13 @@
 class ContextMenu;
 class EasingEditor;
 class KeyFields;
+class PlaybackClock;
 class QAction;
 class QListWidget;
 class QMenu;
 class ValueGraphView;
 
 namespace studio {
-
-class Player;
 
 /// The animated properties of a layer as curves: a list to choose them from with the frame and the
 /// value of the selected key, the graph of their values, and the easing of the segment under the
@@ -28,7 +27,7 @@ class GraphEditor : public EditorPane
 
 public:
     /// @param player must outlive it
-    explicit GraphEditor(Player& player, QWidget* parent = nullptr);
+    explicit GraphEditor(PlaybackClock& player, QWidget* parent = nullptr);
     ~GraphEditor() override;
 
     /// Shows a document, whose layer is to be set next.
@@ -73,7 +72,7 @@ private:
     void editKey(const KeyChange& change);
     void editValue(double value);
 
-    Player& m_player;
+    PlaybackClock& m_player;
     ValueGraphView* m_view;
     ValueCurves* m_curves;
     EasingEditor* m_easing;

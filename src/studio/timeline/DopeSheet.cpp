@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "timeline/DopeSheet.h"
 
-#include "Player.h"
 #include "commands.h"
 #include "editing/DocumentEditor.h"
 #include "timeline/DopeSheetEdits.h"
@@ -15,6 +14,7 @@
 #include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 #include <MorrantUI/timeline/DopeSheetPane.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 #include <MorrantUI/timeline/TimelineScene.h>
 #include <MorrantUI/timeline/TimelineView.h>
 
@@ -55,7 +55,7 @@ QString droppedSound(const QMimeData& data)
     return path.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive) ? path : QString();
 }
 
-DopeSheet::DopeSheet(Player& player, QWidget* parent)
+DopeSheet::DopeSheet(PlaybackClock& player, QWidget* parent)
     : EditorPane(tr("Dope Sheet"), parent)
     , m_player(player)
     , m_pane(new DopeSheetPane)
@@ -110,24 +110,17 @@ void DopeSheet::buildLayout()
 
 void DopeSheet::connectViews()
 {
-    connect(&m_player, &Player::frameChanged, m_pane, &DopeSheetPane::setCurrentFrame);
-    connect(m_ruler, &TimelineView::frameChanged, &m_player, &Player::seek);
-    connect(m_ruler, &TimelineView::scrubbingChanged, &m_player, [this](bool scrubbing) {
-        if (scrubbing) {
-            m_player.pause();
-        }
-    });
+    m_pane->setClock(&m_player);
     const TimelineScene* scene = m_ruler->getTimelineScene();
-    connect(scene, &TimelineScene::playbackRangeChanged, this, &DopeSheet::keepLoop);
+    connect(&m_player, &PlaybackClock::playbackRangeChanged, this, &DopeSheet::keepLoop);
     connect(scene, &TimelineScene::markersChanged, this, [this] {
         if (shownState()) {
             m_state->markers = m_ruler->getTimelineScene()->markers();
         }
     });
 
-    connect(m_view, &DopeSheetView::spaceTapped, &m_player, &Player::toggle);
     connect(m_view, &DopeSheetView::released, this, &DopeSheet::chooseLayer);
-    connect(m_edits, &DopeSheetEdits::dragStarted, &m_player, &Player::pause);
+    connect(m_edits, &DopeSheetEdits::dragStarted, &m_player, &PlaybackClock::pause);
     // Which layer is chosen may have been told while they stood where they were before.
     connect(m_edits, &DopeSheetEdits::layersShown, this, [this] { setLayer(m_layer); });
     connect(m_view->getEditorScene(), &QGraphicsScene::selectionChanged, this, [this] {
@@ -269,13 +262,18 @@ void DopeSheet::addViewCommands()
     m_follow->setChecked(true);
 }
 
-void DopeSheet::setDocument(DocumentEditor& editor, DopeSheetState& state)
+void DopeSheet::leaveDocument()
 {
     finishEditing();
     if (shownState()) {
         m_state->visible = m_pane->zoomedFrames();
     }
     m_state = nullptr; // until all is in place
+}
+
+void DopeSheet::setDocument(DocumentEditor& editor, DopeSheetState& state)
+{
+    leaveDocument();
     m_editor = &editor;
     m_edits->setEditor(editor);
     m_rows->setDocument(editor, state);
@@ -284,12 +282,9 @@ void DopeSheet::setDocument(DocumentEditor& editor, DopeSheetState& state)
         state.isShown = true;
         state.markers = markersOf(*document);
     }
-    const FrameRange track = m_player.range();
-    m_ruler->setFrameRange(track.first, track.last);
-    m_pane->setRate(m_player.rate());
     m_ruler->getTimelineScene()->setMarkers(state.markers);
-    const FrameRange loop = state.loop.value_or(track);
-    m_ruler->setPlaybackRange(loop.first, loop.last);
+    const ui::FrameRange loop = state.loop.value_or(m_player.frameRange());
+    m_player.setPlaybackRange(loop.first, loop.second);
     m_state = &state;
     keepLoop();
     m_pane->setZoomedFrames(state.visible);
@@ -336,13 +331,9 @@ void DopeSheet::chooseLayer()
 
 void DopeSheet::keepLoop()
 {
-    if (!shownState()) {
-        return;
+    if (shownState()) {
+        m_state->loop = m_player.playbackRange();
     }
-    const TimelineScene& scene = *m_ruler->getTimelineScene();
-    const FrameRange loop{scene.getPlaybackStartFrame(), scene.getPlaybackEndFrame()};
-    m_state->loop = loop;
-    m_player.setLoop(loop);
 }
 
 void DopeSheet::showActions()

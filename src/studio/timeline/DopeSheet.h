@@ -11,6 +11,7 @@
 class ContextMenu;
 class DopeSheetPane;
 class DopeSheetView;
+class PlaybackClock;
 class QAction;
 class QMenu;
 class QMimeData;
@@ -22,7 +23,6 @@ namespace studio {
 class DocumentEditor;
 class DopeSheetEdits;
 class DopeSheetRows;
-class Player;
 struct DopeSheetState;
 
 /// The one local .wav file that a drop brings; empty for anything else.
@@ -37,11 +37,14 @@ class DopeSheet : public EditorPane
 
 public:
     /// @param player must outlive it
-    explicit DopeSheet(Player& player, QWidget* parent = nullptr);
+    explicit DopeSheet(PlaybackClock& player, QWidget* parent = nullptr);
     ~DopeSheet() override;
 
     /// Shows a document that the player has taken up. Both must live until another one is shown.
     void setDocument(DocumentEditor& editor, DopeSheetState& state);
+    /// What is under way ends, and how the document is seen is kept, before the player takes up
+    /// another one.
+    void leaveDocument();
     /// Marks a layer, unless one of its properties is marked; -1 for none.
     void setLayer(int layer);
     /// Selects keys that were selected elsewhere.
@@ -86,7 +89,7 @@ private:
     void chooseLayer();
     void chooseSound();
 
-    Player& m_player;
+    PlaybackClock& m_player;
     DopeSheetPane* m_pane;
     DopeSheetView* m_view; ///< the pane's, as are the next two
     TimelineView* m_ruler;

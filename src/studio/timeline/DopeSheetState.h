@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "playback.h"
 #include "timeline/doperows.h"
+#include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/timeline/markers.h>
 
 #include <memory>
@@ -18,7 +18,7 @@ struct DopeSheetState
 {
     std::optional<FoldedLayers> folded; ///< none before the document was first shown
     bool isShown = false;               ///< whether it was shown before
-    std::optional<FrameRange> loop;     ///< what is played; none for all of it
+    std::optional<ui::FrameRange> loop; ///< what is played; none for all of it
     TimelineMarkers markers;
     std::shared_ptr<const Sound> sound; ///< null for none
     std::optional<std::pair<double, double>>

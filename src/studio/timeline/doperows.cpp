@@ -3,7 +3,7 @@
 
 #include "editing/keyrows.h"
 #include "lottie/reader.h"
-#include "playback.h"
+#include <MorrantUI/timeline/playback.h>
 
 #include <algorithm>
 #include <cmath>
@@ -161,9 +161,10 @@ ClipTimes editedTimes(const ClipTimes& times, const ClipFrames& from, const Clip
 
 std::pair<int, int> sheetRange(const Document& document)
 {
-    const FrameRange range = frameRange(document.inPoint, document.outPoint);
+    const auto range = ui::wholeFrames(document.inPoint, document.outPoint);
+    const double count = ui::frameSpan(range) + 1.0;
     double first = range.first;
-    double last = range.last + 1.0; // where clips of the whole document end
+    double last = range.second + 1.0; // where clips of the whole document end
     for (int i = 0; i < static_cast<int>(document.main.layers.size()); ++i) {
         for (const KeyRow& row : keyRowsOf(document, i)) {
             if (!row.times.empty()) {
@@ -172,8 +173,8 @@ std::pair<int, int> sheetRange(const Document& document)
             }
         }
     }
-    first = std::max(first, static_cast<double>(range.first) - range.count());
-    last = std::min(last, range.last + 1.0 + range.count());
+    first = std::max(first, range.first - count);
+    last = std::min(last, range.second + 1.0 + count);
     return {static_cast<int>(std::floor(first)), static_cast<int>(std::ceil(last))};
 }
 

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "MorrantUI/timeline/FrameSlider.h"
+
+#include "MorrantUI/timeline/clocklinks.h"
+#include <MorrantUI/theme/events.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionSlider>
+
+FrameSlider::FrameSlider(QWidget* parent)
+    : QSlider(Qt::Horizontal, parent)
+{
+    setLayoutDirection(Qt::LeftToRight);
+    setMouseTracking(true); // a move without the button tells of a release that went elsewhere
+}
+
+FrameSlider::~FrameSlider() = default;
+
+void FrameSlider::setClock(PlaybackClock* clock)
+{
+    m_clock = clock;
+    m_clockLink.reset();
+    if (clock) {
+        m_clockLink = ui::linkClock(*clock, *this);
+        ui::showClock(*clock, *this);
+    }
+}
+
+PlaybackClock* FrameSlider::clock() const
+{
+    return m_clock;
+}
+
+void FrameSlider::initStyleOption(QStyleOptionSlider* option) const
+{
+    QSlider::initStyleOption(option);
+    if (isSliderDown()) {
+        option->activeSubControls = QStyle::SC_SliderHandle;
+        option->state |= QStyle::State_Sunken;
+    }
+}
+
+void FrameSlider::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || isSliderDown()) {
+        event->ignore();
+        return;
+    }
+    m_before = value();
+    m_doors.watch(this, [this](GestureDoors::Door) { endDrag(); });
+    m_escapeFilter = ui::installEventFilter(
+        qApp,
+        [this](QObject*, QEvent* key) {
+            const bool isKey =
+                key->type() == QEvent::KeyPress || key->type() == QEvent::ShortcutOverride;
+            if (!isKey || static_cast<QKeyEvent*>(key)->key() != Qt::Key_Escape) {
+                return false;
+            }
+            key->accept();
+            if (key->type() == QEvent::KeyPress) {
+                cancelDrag();
+            }
+            return true;
+        },
+        this);
+    const QPointer<FrameSlider> alive(this);
+    const int frame = frameAt(event->position().x());
+    setSliderDown(true);
+    if (alive && isSliderDown()) {
+        setSliderPosition(frame);
+    }
+}
+
+void FrameSlider::mouseMoveEvent(QMouseEvent* event)
+{
+    if (isSliderDown()) {
+        setSliderPosition(frameAt(event->position().x()));
+    } else {
+        QSlider::mouseMoveEvent(event); // ignores it
+    }
+}
+
+void FrameSlider::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        endDrag();
+    }
+}
+
+void FrameSlider::cancelDrag()
+{
+    const QPointer<FrameSlider> alive(this);
+    setSliderPosition(m_before);
+    if (alive) {
+        endDrag();
+    }
+}
+
+void FrameSlider::endDrag()
+{
+    m_doors.stop();
+    delete m_escapeFilter;
+    update();
+    setSliderDown(false);
+}
+
+int FrameSlider::frameAt(double x) const
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRect groove =
+        style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
+    const int handle = style()->pixelMetric(QStyle::PM_SliderLength, &option, this);
+    const int offset = qRound(x) - groove.x() - handle / 2;
+    return QStyle::sliderValueFromPosition(
+        minimum(), maximum(), offset, groove.width() - handle, option.upsideDown);
+}

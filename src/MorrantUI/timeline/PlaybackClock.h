@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+#include <MorrantUI/scene/framemath.h>
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+/// The current frame of a document, and what plays it by real elapsed time: a slow repaint drops
+/// frames and never slows down. Its timer runs only while it plays.
+///
+/// A track is all frames of a document at a rate. Of these the playback range is played, over and
+/// over unless told to stop at its end. Whatever shows the time takes a clock with setClock(), and
+/// is in step with all others from then on: TransportBar, TransportActions, FrameSlider,
+/// TimelineView and DopeSheetPane.
+///
+/// A range whose last frame comes before its first one is ignored. Signals come once all is as they
+/// say; a slot may change or delete the clock.
+class MORRANT_UI_EXPORT PlaybackClock : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int frame READ frame WRITE seek NOTIFY frameChanged USER true)
+    Q_PROPERTY(bool looping READ isLooping WRITE setLooping NOTIFY loopingChanged)
+    Q_PROPERTY(bool playing READ isPlaying NOTIFY playingChanged)
+
+public:
+    using Seconds = std::function<double()>; ///< since any fixed moment, not going back
+
+    explicit PlaybackClock(QObject* parent = nullptr);
+    /// Goes by another time than the system's, such as that of the sound that is heard.
+    /// @param seconds asked at every frame; null for the system's
+    explicit PlaybackClock(Seconds seconds, QObject* parent = nullptr);
+    ~PlaybackClock() override;
+
+    /// Another document: pauses, plays all of it and goes to its first frame. trackChanged()
+    /// follows, also where nothing is different. Frame 0 at no rate at first.
+    /// @param framesPerSecond one that is not above 0 and finite counts as 0, which never leaves a
+    ///     frame
+    void setTrack(int first, int last, double framesPerSecond);
+
+    /// The document has become longer or shorter: the current frame and what is played stay as far
+    /// as they can, and all is played if it was before.
+    void setFrameRange(int first, int last);
+    void setRate(double framesPerSecond); ///< as in setTrack(); playing goes on
+    ui::FrameRange frameRange() const { return m_state.frames; }
+    double rate() const { return m_state.rate; }
+
+    /// Plays only these frames, held within the frame range. Playing goes on from where it is, or
+    /// begins with the first of them.
+    void setPlaybackRange(int first, int last);
+    ui::FrameRange playbackRange() const { return m_state.playback; }
+
+    /// Whether what is played begins again behind its last frame, as at first, or pauses there.
+    void setLooping(bool loops);
+    bool isLooping() const { return m_state.loops; }
+
+    int frame() const { return m_state.frame; }
+    bool isPlaying() const { return m_state.plays; }
+    /// Frames that were not shown since play() because their time had passed. May be another number
+    /// with every frameChanged(), and is 0 again with playingChanged(true) and trackChanged().
+    qint64 droppedFrames() const { return m_dropped; }
+
+public Q_SLOTS:
+    /// From where it is; from the first frame of the playback range when it is outside, or, without
+    /// looping, at the end.
+    void play();
+    void pause();
+    void toggle();
+    /// Goes to a frame, or the nearest one in the frame range; playing goes on from there.
+    void seek(int frame);
+    /// Pauses and moves by so many frames, looping past either end of the frame range.
+    void step(int frames);
+
+Q_SIGNALS:
+    /// Frame range or rate are others, or those of another document. Comes before the others.
+    void trackChanged();
+    void playbackRangeChanged(int first, int last); ///< whoever caused it, as those below
+    void loopingChanged(bool loops);
+    void playingChanged(bool playing);
+    void frameChanged(int frame);
+
+private:
+    struct State
+    {
+        ui::FrameRange frames{0, 0};
+        ui::FrameRange playback{0, 0};
+        double rate = 0.0;
+        bool loops = true;
+        bool plays = false;
+        int frame = 0;
+    };
+    enum class Time
+    {
+        GoesOn,
+        BeginsAnew, ///< with the current frame
+    };
+
+    void change(const State& next, Time time, bool isOtherTrack = false);
+    void tell(const State& before, bool isOtherTrack);
+    void startTimer(double elapsed);
+    void advance();
+
+    Seconds m_seconds;
+    QTimer m_timer;
+    State m_state;
+    double m_startTime = 0.0; ///< on m_seconds
+    int m_startFrame = 0;
+    qint64 m_passed = 0; ///< frames since m_startTime
+    qint64 m_dropped = 0;
+};
