@@ -210,10 +210,11 @@ private Q_SLOTS:
     {
         DrivenClock driven;
         PlaybackClock other;
-        other.setTrack(0, 9, 25);
         DopeSheetPane pane;
         pane.resize(900, 200);
         pane.setClock(&other);
+        QCOMPARE(pane.ruler().getTimelineScene()->getEndFrame(), 100); // there is no track yet
+        other.setTrack(0, 9, 25);
         pane.setClock(&driven.clock);
         ui::test::showActive(pane);
         TimelineView& ruler = pane.ruler();

@@ -51,6 +51,7 @@ PlaybackClock::~PlaybackClock() = default;
 void PlaybackClock::setTrack(int first, int last, double framesPerSecond)
 {
     if (first <= last) {
+        m_hasTrack = true;
         m_dropped = 0;
         State next;
         next.frames = next.playback = {first, last};
@@ -64,6 +65,7 @@ void PlaybackClock::setTrack(int first, int last, double framesPerSecond)
 void PlaybackClock::setFrameRange(int first, int last)
 {
     if (first <= last) {
+        m_hasTrack = true;
         State next = m_state;
         next.frames = {first, last};
         const bool playsAll = m_state.playback == m_state.frames;

@@ -15,7 +15,7 @@
 /// A track is all frames of a document at a rate. Of these the playback range is played, over and
 /// over unless told to stop at its end. Whatever shows the time takes a clock with setClock(), and
 /// is in step with all others from then on: TransportBar, TransportActions, FrameSlider,
-/// TimelineView and DopeSheetPane.
+/// TimelineView and DopeSheetPane. The last two stay as they are while there is no track.
 ///
 /// A range whose last frame comes before its first one is ignored. Signals come once all is as they
 /// say; a slot may change or delete the clock.
@@ -45,6 +45,8 @@ public:
     /// as they can, and all is played if it was before.
     void setFrameRange(int first, int last);
     void setRate(double framesPerSecond); ///< as in setTrack(); playing goes on
+    /// False until setTrack() or setFrameRange().
+    bool hasTrack() const { return m_hasTrack; }
     ui::FrameRange frameRange() const { return m_state.frames; }
     double rate() const { return m_state.rate; }
 
@@ -67,8 +69,8 @@ public Q_SLOTS:
     /// From where it is; from the first frame of the playback range when it is outside, or, without
     /// looping, at the end.
     void play();
-    void pause();
-    void toggle();
+    void pause();  ///< nothing when it does not play
+    void toggle(); ///< plays or pauses
     /// Goes to a frame, or the nearest one in the frame range; playing goes on from there.
     void seek(int frame);
     /// Pauses and moves by so many frames, looping past either end of the frame range.
@@ -77,10 +79,11 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// Frame range or rate are others, or those of another document. Comes before the others.
     void trackChanged();
-    void playbackRangeChanged(int first, int last); ///< whoever caused it, as those below
-    void loopingChanged(bool loops);
-    void playingChanged(bool playing);
-    void frameChanged(int frame);
+    /// By the host or by the user, as those below.
+    void playbackRangeChanged(int first, int last);
+    void loopingChanged(bool loops);   ///< by setLooping()
+    void playingChanged(bool playing); ///< also at the end of what is played once
+    void frameChanged(int frame);      ///< at every frame that is shown
 
 private:
     struct State
@@ -106,6 +109,7 @@ private:
     Seconds m_seconds;
     QTimer m_timer;
     State m_state;
+    bool m_hasTrack = false;
     double m_startTime = 0.0; ///< on m_seconds
     int m_startFrame = 0;
     qint64 m_passed = 0; ///< frames since m_startTime

@@ -43,6 +43,7 @@ public:
         Rate = 32,
         AllParts = 63,
     };
+    /// Any of them.
     Q_DECLARE_FLAGS(Parts, Part)
     Q_FLAG(Parts)
     enum class End

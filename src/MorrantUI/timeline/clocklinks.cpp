@@ -20,13 +20,13 @@ namespace {
 
 /// At each step somebody may be told, and delete either.
 template <class Shown>
-void doWhileAlive(
+void showTrack(
     const PlaybackClock& clock, Shown& shown, std::initializer_list<std::function<void()>> steps)
 {
     const QPointer<const PlaybackClock> clockAlive(&clock);
     const QPointer<Shown> shownAlive(&shown);
     for (const auto& step : steps) {
-        if (clockAlive && shownAlive) {
+        if (clockAlive && shownAlive && clock.hasTrack()) {
             step();
         }
     }
@@ -107,7 +107,7 @@ void showClock(const PlaybackClock& clock, TimelineView& ruler)
 {
     const auto frames = [&] { return clock.frameRange(); };
     const auto played = [&] { return clock.playbackRange(); };
-    doWhileAlive(
+    showTrack(
         clock,
         ruler,
         {
@@ -133,7 +133,7 @@ std::unique_ptr<ClockLink> linkClock(PlaybackClock& clock, DopeSheetPane& pane)
 
 void showClock(const PlaybackClock& clock, DopeSheetPane& pane)
 {
-    doWhileAlive(
+    showTrack(
         clock,
         pane,
         {

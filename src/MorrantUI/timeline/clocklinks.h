@@ -35,7 +35,8 @@ std::unique_ptr<ClockLink> linkClock(PlaybackClock& clock, TimelineView& ruler);
 /// What the pane has beyond its ruler, which is linked before.
 std::unique_ptr<ClockLink> linkClock(PlaybackClock& clock, DopeSheetPane& pane);
 
-/// Shows all that the clock has. Slots of the host's may delete either.
+/// Shows all that the clock has; ruler and pane show no clock without a track. Slots of the host's
+/// may delete either.
 void showClock(const PlaybackClock& clock, FrameSlider& slider);
 void showClock(const PlaybackClock& clock, TimelineView& ruler);
 void showClock(const PlaybackClock& clock, DopeSheetPane& pane);
