@@ -87,6 +87,7 @@
 #include <MorrantUI/graph/KeyFields.h>
 #include <MorrantUI/graph/PointTransformTool.h>
 #include <MorrantUI/graph/ValueGraphCurve.h>
+#include <MorrantUI/graph/ValueGraphPane.h>
 #include <MorrantUI/graph/ValueGraphView.h>
 #include <MorrantUI/graph/easings.h>
 #include <MorrantUI/graph/fixedunits.h>

@@ -148,6 +148,86 @@ private Q_SLOTS:
         view.addCurve()->setKeys({{7, 9}});
         QCOMPARE(view.pointBounds(true), std::optional(QRectF(5, -9, 2, 4)));
     }
+    void theSecondOfTwoQuickPressesIsOneLikeAnyOther()
+    {
+        ValueDesk view;
+        const auto send = [&](QEvent::Type type, QPointF at) {
+            const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+            QMouseEvent event(type, at, view.mapToGlobal(at), Qt::LeftButton, held, {});
+            QCoreApplication::sendEvent(view.viewport(), &event);
+        };
+        const auto doubleDrag = [&] {
+            view.pointer.click({2, 2});
+            send(QEvent::MouseButtonDblClick, {2, 2});
+            send(QEvent::MouseMove, {590, 390});
+            send(QEvent::MouseButtonRelease, {590, 390});
+        };
+        doubleDrag();
+        QCOMPARE(view.shown(), u"0:0* 40:100* 60:-20*"_qs);
+        QTest::keyPress(&view, Qt::Key_Space);
+        doubleDrag();
+        QVERIFY(!view.sees(40, 100) && view.shown().count(u'*') == 3);
+    }
+    void whatFieldsBesideTheGraphSayIsAGesture()
+    {
+        ValueDesk view;
+        view.curve->setKeys({{0, 0}, {40.5, 100}, {60, -20}});
+        const QSignalSpy selections(view.scene(), &QGraphicsScene::selectionChanged);
+        view.selectKeys({{view.curve, 1}, {view.curve, 7}, {nullptr, 0}});
+        view.selectKeys({{view.curve, 1}});
+        QCOMPARE(selections.count(), 1);
+        QVERIFY(view.selectedFrame() == 40.5 && view.selectedValue() == 100.0);
+        view.beginGesture();
+        view.placeSelectedKeys(70.2, {});
+        view.placeSelectedKeys({}, 7.0);
+        view.placeSelectedKeys(qQNaN(), {});
+        QCOMPARE(view.takeTold(), u"start,0:0 70:100* 60:-20,0:0 70:7* 60:-20"_qs);
+        view.endGesture(false);
+        view.endGesture(true);
+        QCOMPARE(view.takeTold(), u"0:0 40.5:100* 60:-20,same"_qs);
+        view.selectKeys({{view.curve, 0}, {view.curve, 1}});
+        QVERIFY(!view.selectedFrame() && !view.selectedValue());
+        view.placeSelectedKeys(8, {});
+        const QString now = u"8:0* 8:100* 60:-20"_qs;
+        QCOMPARE(view.takeTold(), u"start,%1,%1,changed"_qs.arg(now));
+        view.curve->setEnabled(false);
+        view.placeSelectedKeys(9, {});
+        QVERIFY(view.shown().startsWith(u"8:0"_qs) && !view.selectedFrame());
+    }
+    void aPaneTiesListAndFieldsToItsView()
+    {
+        ValueGraphPane pane;
+        ui::test::showActive(pane);
+        pane.setEmptyHint(u"Empty"_qs);
+        QCOMPARE(pane.view().hint(), u"Empty"_qs);
+        using Places = std::vector<std::size_t>;
+        pane.setProperties({{u"A"_qs, {}, false}, {u"B"_qs}, {u"C"_qs}}, {0, 9});
+        QVERIFY(pane.chosenProperties() == Places{1} && pane.view().hint() != u"Empty");
+        const QSignalSpy chosen(&pane, &ValueGraphPane::propertiesChosen);
+        pane.chooseProperties({0, 2});
+        QVERIFY(pane.chosenProperties() == Places{2} && chosen.isEmpty());
+        QTest::keyClick(&pane.list(), Qt::Key_Up);
+        QVERIFY(pane.chosenProperties() == Places{1} && chosen.count() == 1);
+
+        ValueGraphCurve* const curve = pane.view().addCurve();
+        curve->setKeys({{0, 0}, {40, 100}});
+        const QSignalSpy steps(&pane.view(), &ValueGraphView::gestureEnded);
+        const QSignalSpy deletions(&pane, &ValueGraphPane::deleteWanted);
+        NumericField& value = pane.fields().value();
+        QVERIFY(!value.isEnabled());
+        pane.view().selectKeys({{curve, 1}});
+        QVERIFY(value.value() == 100 && pane.fields().frame().value() == 40);
+        value.setFocus(Qt::TabFocusReason);
+        value.selectAll();
+        QTest::keyClicks(&value, u"25"_qs);
+        pane.command(ValueGraphPane::Command::Delete)->trigger(); // of what is complete
+        QVERIFY(curve->keys().at(1).value == 25 && steps.count() == 1 && deletions.count() == 1);
+        curve->setKeys({{0, 0}, {40, 3}});
+        QCoreApplication::processEvents();
+        QCOMPARE(value.value(), 3.0);
+        curve->setKeys({{0, 0}});
+        QVERIFY(!pane.command(ValueGraphPane::Command::Delete)->isEnabled());
+    }
     void aCurveThatGoesIsNotMetAgain()
     {
         ValueDesk view;

@@ -174,6 +174,7 @@ private:
     friend class GraphBezierHandleItem;
     friend class GraphPointWidget;
     friend class PointTransformTool;
+    friend class ValueGraphView;
     friend class ui::ChangeBatch;
 
     enum class Edit

@@ -85,6 +85,10 @@ void GeneralGraphView::mouseDoubleClickEvent(QMouseEvent* event)
     if (isBesideDrag(*event)) {
         return;
     }
+    if (!itemAt(event->position().toPoint())) {
+        GeneralGraphView::mousePressEvent(event); // on empty ground it is a press like any other
+        return;
+    }
     const ui::ChangeBatch batch(this);
     m_pressPosition = rounded(event->position());
     GraphicsView::mouseDoubleClickEvent(event);

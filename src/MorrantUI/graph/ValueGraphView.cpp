@@ -2,6 +2,7 @@
 #include "MorrantUI/graph/ValueGraphView.h"
 
 #include "MorrantUI/graph/ChangeBatch.h"
+#include "MorrantUI/graph/GraphDrag.h"
 #include "MorrantUI/graph/axislines.h"
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
@@ -153,7 +154,13 @@ void ValueGraphView::noteKeys(bool hasNewPoints)
         updateItemRects();
     }
     if (!std::exchange(m_isExtentStale, true)) {
-        QMetaObject::invokeMethod(this, &ValueGraphView::takeExtent, Qt::QueuedConnection);
+        const auto show = [this] {
+            takeExtent();
+            if (!m_isEditing) {
+                Q_EMIT keysShown();
+            }
+        };
+        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
     }
 }
 
@@ -307,9 +314,7 @@ void ValueGraphView::editStarted()
 {
     GeneralGraphView::editStarted();
     m_isEditing = true;
-    for (ValueGraphCurve* const curve : curves()) {
-        curve->rememberTimes();
-    }
+    rememberTimes();
     Q_EMIT gestureStarted();
 }
 
@@ -347,9 +352,13 @@ void ValueGraphView::editEnded(bool changed)
 
 void ValueGraphView::abandonGesture()
 {
+    const QPointer<ValueGraphView> alive(this);
     m_isTap = m_spaceHeld = false;
     endPan();
-    GeneralGraphView::abandonGesture();
+    endGesture(true);
+    if (alive) {
+        GeneralGraphView::abandonGesture();
+    }
 }
 
 bool ValueGraphView::event(QEvent* event)

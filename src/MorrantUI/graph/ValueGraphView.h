@@ -7,8 +7,11 @@
 #include <QPoint>
 #include <QString>
 
+#include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class ValueGraphCurve;
@@ -39,6 +42,36 @@ public:
     /// In the order of their making, without those that were deleted.
     std::vector<ValueGraphCurve*> curves() const { return m_curves; }
 
+    /// A key of a curve of this view, by its place in ValueGraphCurve::keys().
+    struct KeyPlace
+    {
+        ValueGraphCurve* curve;
+        std::size_t key;
+
+        bool operator==(const KeyPlace&) const = default;
+    };
+    /// Those whose points are selected, in the order of the curves and their keys. The scene's
+    /// selectionChanged() tells of others.
+    std::vector<KeyPlace> selectedKeys() const;
+    /// Selects the points of these keys and no others; the scene tells once, and only where that is
+    /// different. Handles and curves stay as they are. What is no key of this view does not count,
+    /// and what is disabled cannot be selected.
+    void selectKeys(const std::vector<KeyPlace>& keys);
+    /// The frame that all selected keys are at, and the value of a single one; none where there is
+    /// none to tell.
+    std::optional<double> selectedFrame() const;
+    std::optional<double> selectedValue() const; ///< see selectedFrame()
+
+    /// Brings the selected keys to a frame, whole where keys go by whole frames, and to a value,
+    /// upward: an edit as by the mouse, with its step and its gesture. Nothing happens for a number
+    /// that is not finite.
+    void placeSelectedKeys(std::optional<double> frame, std::optional<double> value);
+    /// Around several of these that are one gesture. The one that is under way ends before.
+    void beginGesture();
+    /// @param keeps false to have every key where it was when the gesture began. Ignored without
+    ///     one.
+    void endGesture(bool keeps);
+
     int currentFrame() const { return m_frame; }
     void setCurrentFrame(int frame); ///< repaints; nothing is told
 
@@ -55,7 +88,8 @@ public:
     void fitSelected();
     /// All curves, with what overshoots.
     void fitAll();
-    /// Ends what the mouse is doing, as by its release. For hosts that show something else now.
+    /// Ends what the mouse is doing, as by its release, or the gesture that beginGesture() began.
+    /// For hosts that show something else now.
     void finishGesture() { abandonGesture(); }
 
 Q_SIGNALS:
@@ -66,6 +100,8 @@ Q_SIGNALS:
     void keysChanging();
     /// After the last step. @param changed false where all is as before
     void gestureEnded(bool changed);
+    /// Curves have been given keys, by whomever; after all of them, and not in mid-gesture.
+    void keysShown();
     /// Space was pressed and let go with nothing between: for the host to play and pause.
     void spaceTapped();
 
@@ -101,6 +137,8 @@ private:
         QPoint last; ///< where the mouse was
     };
 
+    std::vector<std::pair<KeyPlace, GraphPointWidget*>> selection() const;
+    void rememberTimes();
     void noteKeys(bool hasNewPoints);
     void forget(ValueGraphCurve& curve);
     void takeExtent();
@@ -125,4 +163,5 @@ private:
     bool m_spaceHeld = false;
     bool m_isTap = false; ///< Space is down, and nothing else has happened
     std::optional<Pan> m_pan;
+    std::unique_ptr<ui::GraphEdit> m_placed; ///< between beginGesture() and endGesture()
 };

@@ -8,7 +8,7 @@
 /// A key of a ValueGraphCurve, in frames and in the value's own unit, which grows upward.
 struct ValueGraphKey
 {
-    double time = 0.0; ///< frames
+    double time = 0.0; ///< frames, as DopeSheetKey::frame; the one of a GraphCurveKey is 0 to 1
     double value = 0.0;
     QPointF leftHandle = {};  ///< from the key: frames, and value upward; none lies on the key
     QPointF rightHandle = {}; ///< likewise
