@@ -61,7 +61,7 @@ private Q_SLOTS:
     {
         std::vector<QLineF> beats;
         std::vector<QLineF> bars;
-        const ui::BeatGrid grid{30.0F, 120.0F, 4, 7.0F}; // a beat is 15 frames
+        const ui::BeatGrid grid{30.0, 120.0F, 4, 7.0F}; // a beat is 15 frames
         ui::beatGridLines(grid, {0, 100}, {-10, 3, 200, 5}, 10.0, beats, bars);
         std::vector<double> xs;
         for (const QLineF& line : beats) {
@@ -76,6 +76,9 @@ private Q_SLOTS:
         QVERIFY(beats.empty() && !bars.empty());
         ui::beatGridLines(grid, {100, 0}, {0, 0, 100, 5}, 10.0, beats, bars); // a reversed range
         QVERIFY(beats.empty());
+        for (const double rate : {23.976, 24000 / 1001.0, 30.0, 59.94, 60000 / 1001.0}) {
+            QCOMPARE(ui::meantRate(static_cast<float>(rate)), rate);
+        }
     }
 
     void aBeatGridThatCannotBeDrawnHasNoLines()

@@ -200,7 +200,7 @@ void TimeEditorScene::setBPM(float bpm)
 
 void TimeEditorScene::setFps(float framesPerSecond)
 {
-    change(m_fps, framesPerSecond);
+    change(m_fps, ui::meantRate(framesPerSecond));
 }
 
 void TimeEditorScene::setBeatBars(int beatsPerBar)

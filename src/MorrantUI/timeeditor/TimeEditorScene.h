@@ -129,7 +129,7 @@ private:
     bool m_useTimeHandle = false;
     bool m_beatMarkers = false;
     float m_bpm = 60.0F;
-    float m_fps = 30.0F;
+    double m_fps = 30.0;
     int m_beatBars = 4;
     float m_beatOffset = 0.0F; ///< frames
     std::vector<QLineF> m_beatLines;

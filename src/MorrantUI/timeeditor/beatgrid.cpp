@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/beatgrid.h"
 
+#include <QByteArray>
+
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace ui {
@@ -9,6 +13,7 @@ namespace ui {
 namespace {
 
 constexpr double kSecondsPerMinute = 60.0;
+constexpr double kSlowing = 1.001;       ///< of rates that colour television has slowed down
 constexpr double kLeastDistance = 1.0;   ///< pixels between lines
 constexpr float kFarthestOffset = 1e10F; ///< frames, beyond all of them; lines are counted from it
 
@@ -33,11 +38,23 @@ LineSpan linesInSight(
 
 } // namespace
 
+double meantRate(float framesPerSecond)
+{
+    const double slowed = std::round(static_cast<double>(framesPerSecond) * kSlowing) / kSlowing;
+    if (static_cast<float>(slowed) == framesPerSecond) {
+        return slowed;
+    }
+    std::array<char, 64> written{}; // room for any float's shortest text
+    const auto end =
+        std::to_chars(written.data(), written.data() + written.size(), framesPerSecond);
+    return QByteArray(written.data(), end.ptr - written.data()).toDouble();
+}
+
 double framesPerBeat(const BeatGrid& grid)
 {
     const double frames =
         grid.framesPerSecond * kSecondsPerMinute / std::max(static_cast<double>(grid.bpm), 1.0);
-    const bool drawable = grid.framesPerSecond > 0.0F && !std::isnan(grid.bpm)
+    const bool drawable = grid.framesPerSecond > 0.0 && !std::isnan(grid.bpm)
                           && grid.beatsPerBar > 0 && std::abs(grid.offset) < kFarthestOffset
                           && std::isfinite(frames);
     return drawable ? frames : 0.0;

@@ -13,11 +13,15 @@ namespace ui {
 /// A musical grid over frames: a line a beat, a stronger one a bar.
 struct BeatGrid
 {
-    float framesPerSecond = 30.0F;
+    double framesPerSecond = 30.0;
     float bpm = 60.0F; ///< below 1 counts as 1
     int beatsPerBar = 4;
     float offset = 0.0F; ///< the frame of the first bar line
 };
+
+/// The rate that was meant before it became a float: so many frames in 1.001 seconds, or else the
+/// number as it is written, such as 59.94. Beats go on with a ruler that counts in doubles.
+double meantRate(float framesPerSecond);
 
 /// Frames from one beat to the next; 0 for a grid that cannot be drawn.
 double framesPerBeat(const BeatGrid& grid);
