@@ -131,6 +131,15 @@ private Q_SLOTS:
         QCOMPARE(editor.frames(0), u"33 43"_qs);
         QCOMPARE(editor.told, QList<int>{2});
         QCOMPARE(editor.selection(), u"33 43"_qs);
+
+        for (int frame = 0; frame < 600; ++frame) { // many are shown together
+            editor.curves[1]->addKeyframe(frame)->setSelected(true);
+        }
+        QCoreApplication::processEvents();
+        for (const QGraphicsItem* const item : editor.scene->items()) {
+            const auto* const tool = dynamic_cast<const TranslateScaleTool*>(item);
+            QVERIFY(!tool || tool->rect().right() == 599);
+        }
     }
 
     void theToolScalesAboutTheOppositeEndAndRipplesWithAlt()

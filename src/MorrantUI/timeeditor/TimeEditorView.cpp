@@ -417,19 +417,6 @@ bool TimeEditorView::filterMarquee()
     return selectedContent().size() != selected.size();
 }
 
-void TimeEditorView::showTool()
-{
-    if (!m_tool) {
-        return;
-    }
-    const KeyExtent extent = m_showTransformTool ? selectedKeyExtent() : KeyExtent();
-    const bool shown = extent.keys >= 2;
-    if (shown) {
-        m_tool->setRect(extent.places);
-    }
-    m_tool->setVisible(shown);
-}
-
 void TimeEditorView::subSelect(QRect band, QPointF from, QPointF to)
 {
     if (m_scene && band.isValid()) {

@@ -228,6 +228,7 @@ private:
     void subSelect(QRect band, QPointF from, QPointF to);
     bool filterMarquee();
     void showTool();
+    void placeTool();
     bool selectClipsUpTo(TimeEditorBaseItem* pressed, QPoint position);
     bool selectKeysUpTo(TimeEditorKeyframeItem* pressed);
     void rememberPress(TimeEditorBaseItem* pressed, double sceneX, Qt::MouseButton button);
@@ -277,6 +278,8 @@ private:
     bool m_doneRippleEdit = false;
     std::pair<int, int> m_scaleRange{0, 0};
     QPointer<TranslateScaleTool> m_tool;
+    int m_toolKeys = 0;         ///< that it was last placed for
+    bool m_toolAwaited = false; ///< it is placed when control returns to the event loop
     QPointer<TimeEditorKeyframeItem> m_pressedKey;
     int m_pressedKeyFrame = 0;
     QPointer<TimeEditorBaseItem> m_lastClicked;

@@ -32,6 +32,7 @@ namespace {
 
 constexpr int kRingDistance = 3; ///< pixels around a key
 constexpr int kWalkMargin = 50;  ///< pixels that stay in sight beside a key that was walked to
+constexpr int kManyKeys = 256;   ///< from which on the tool is placed once for all of them
 
 } // namespace
 
@@ -65,6 +66,32 @@ void TimeEditorView::scrollContentsBy(int dx, int dy)
     if (m_overlay->content()) {
         viewport()->update(); // what is beside the pointer has been shifted with the rest
     }
+}
+
+/// At once, unless so many keys are selected that whoever selects more of them one by one would
+/// wait for it.
+void TimeEditorView::showTool()
+{
+    if (!m_showTransformTool || m_toolKeys < kManyKeys) {
+        placeTool();
+    } else if (!std::exchange(m_toolAwaited, true)) {
+        QMetaObject::invokeMethod(this, &TimeEditorView::placeTool, Qt::QueuedConnection);
+    }
+}
+
+void TimeEditorView::placeTool()
+{
+    m_toolAwaited = false;
+    if (!m_tool) {
+        return;
+    }
+    const KeyExtent extent = m_showTransformTool ? selectedKeyExtent() : KeyExtent();
+    m_toolKeys = extent.keys;
+    const bool shown = extent.keys >= 2;
+    if (shown) {
+        m_tool->setRect(extent.places);
+    }
+    m_tool->setVisible(shown);
 }
 
 // Drags
