@@ -3,10 +3,13 @@
 #include "themeassets.h"
 #include "timing.h"
 #include <MorrantUI/theme/colors.h>
+#include <MorrantUI/timeeditor/DopeSheetOutline.h>
+#include <MorrantUI/timeeditor/DopeSheetView.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 #include <MorrantUI/timeeditor/TimeEditorView.h>
+#include <MorrantUI/timeline/DopeSheetPane.h>
 
 #include <QApplication>
 #include <QGraphicsRectItem>
@@ -350,6 +353,51 @@ void benchBuild(Report& report)
     report.state("timeeditor-clear-100k-time", ui::bench::median(clearings) / 1e6, "ms");
 }
 
+/// The same rows as a list: made by an outline against made by hand. A list that is pushed back
+/// with a key of each row elsewhere is reported, as are all rows folded into one.
+void benchOutline(Report& report)
+{
+    const char* const name = "timeeditor-outline-100k";
+    if (!report.wants(name)) {
+        return;
+    }
+    std::vector<DopeSheetLine> lines{{.id = QStringLiteral("all")}};
+    for (int row = 0; row < kTall.rows; ++row) {
+        DopeSheetLine line{.id = QString::number(row), .label = {.depth = 1}};
+        for (int key = 0; key < kTall.keysPerRow; ++key) {
+            line.keys.push_back({static_cast<double>(key * kTall.distance + row % kTall.distance)});
+        }
+        lines.push_back(line);
+    }
+    std::vector<double> ratios;
+    std::vector<double> pushes;
+    std::vector<double> folds;
+    for (int run = 0; run < ui::bench::kRuns; ++run) {
+        std::unique_ptr<Editor> rows;
+        const double byHand =
+            ui::bench::nanosecondsOf([&] { rows = std::make_unique<Editor>(kTall); });
+        DopeSheetPane pane;
+        DopeSheetOutline outline(pane.view(), pane.header());
+        const double asList = ui::bench::nanosecondsOf([&] {
+            outline.setLines(lines);
+            pane.setFrameRange(0, kTall.frames());
+            pane.resize(kViewSize);
+            pane.show();
+            QCoreApplication::processEvents();
+        });
+        ratios.push_back(asList / byHand);
+        for (std::size_t row = 1; row < lines.size(); ++row) {
+            lines[row].keys[0].frame = 1 - lines[row].keys[0].frame;
+        }
+        pushes.push_back(ui::bench::nanosecondsOf([&] { outline.setLines(lines); }));
+        folds.push_back(
+            ui::bench::nanosecondsOf([&] { outline.setFolded({QStringLiteral("all")}); }));
+    }
+    report.judge(name, ui::bench::median(ratios), "x-rows-by-hand", 1.5);
+    report.state("timeeditor-outline-push-100k-time", ui::bench::median(pushes) / 1e6, "ms");
+    report.state("timeeditor-outline-fold-100k-time", ui::bench::median(folds) / 1e6, "ms");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -365,5 +413,6 @@ int main(int argc, char** argv)
         benchZoom(report, "timeeditor-zoom-100k", kTall);
         benchDrag(report, "timeeditor-drag-1000-of-20k", kLong);
         benchBuild(report);
+        benchOutline(report);
     });
 }

@@ -27,18 +27,13 @@ public:
         , m_window(window)
     {}
 
-    void onDeleteKeyframes(std::set<TimeEditorKeyframeItem*> items) override
+    void onDeleteKeyframes(std::set<TimeEditorKeyframeItem*> /*items*/) override
     {
         Animation animation = m_window.animation();
-        for (std::size_t i = 0; i < animation.properties.size(); ++i) {
-            auto& keys = animation.properties[i].keys;
-            std::vector<ValueGraphKey> left;
-            for (std::size_t key = 0; key < keys.size(); ++key) {
-                if (items.count(m_window.row(i).item(key)) == 0) {
-                    left.push_back(keys[key]);
-                }
-            }
-            keys = left;
+        const auto selected = m_window.outline().selectedKeys(); // in order
+        for (auto place = selected.rbegin(); place != selected.rend(); ++place) {
+            auto& keys = animation.properties[place->line].keys;
+            keys.erase(keys.begin() + static_cast<std::ptrdiff_t>(place->key));
         }
         m_window.preview(animation);
         m_window.finish(tr("Delete Keys"));
@@ -93,6 +88,7 @@ AnimatorWindow::AnimatorWindow(Animation animation)
     : m_now(std::move(animation))
     , m_before(m_now)
     , m_sheet(new DopeSheetPane)
+    , m_outline(new DopeSheetOutline(m_sheet->view(), m_sheet->header(), this))
     , m_graph(new ValueGraphView)
     , m_edits(std::make_unique<KeyEdits>(*this))
 {
@@ -100,12 +96,9 @@ AnimatorWindow::AnimatorWindow(Animation animation)
     column->addWidget(m_sheet);
     column->addWidget(m_graph);
     // [rows]
+    connect(m_outline, &DopeSheetOutline::rowsChanged, m_sheet, &DopeSheetPane::rowsChanged);
     for (const Property& property : m_now.properties) {
-        auto* row = new DopeSheetRow(&m_sheet->view());
-        row->setText(property.name); // for screen readers
-        m_sheet->scene().addLayoutItem(row);
-        m_sheet->header().setLabel(row, {.text = property.name});
-        m_rows.push_back({row, m_graph->addCurve(property.name, property.color)});
+        m_curves.push_back(m_graph->addCurve(property.name, property.color));
     }
     m_clock.setTrack(0, 100, 24);
     m_sheet->setClock(&m_clock);             // Space plays
@@ -142,14 +135,17 @@ void AnimatorWindow::connectViews()
 // [show]
 void AnimatorWindow::showAnimation()
 {
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        std::vector<DopeSheetKey> keys;
-        for (const ValueGraphKey& key : m_now.properties[i].keys) {
-            keys.push_back({key.time, easingOf(key)});
+    std::vector<DopeSheetLine> lines;
+    for (std::size_t i = 0; i < m_curves.size(); ++i) {
+        const Property& property = m_now.properties[i];
+        DopeSheetLine line{.id = property.name, .label = {.text = property.name}};
+        for (const ValueGraphKey& key : property.keys) {
+            line.keys.push_back({key.time, easingOf(key)});
         }
-        m_rows[i].keys->setKeys(keys);
-        m_rows[i].curve->setKeys(m_now.properties[i].keys);
+        lines.push_back(line);
+        m_curves[i]->setKeys(property.keys);
     }
+    m_outline->setLines(lines);
     m_sheet->ruler().getTimelineScene()->setMarkers(m_now.markers);
     m_sheet->setPlaybackRange(m_now.playback.first, m_now.playback.second);
 }
@@ -157,11 +153,8 @@ void AnimatorWindow::showAnimation()
 void AnimatorWindow::takeKeys()
 {
     Animation animation = m_now;
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        const auto shown = m_rows[i].keys->keys(); // in the order of the last setKeys()
-        for (std::size_t key = 0; key < shown.size(); ++key) {
-            animation.properties[i].keys[key].time = shown[key].frame;
-        }
+    for (const auto& [place, frame, distance, selected] : m_outline->movedKeys()) {
+        animation.properties[place.line].keys[place.key].time = frame;
     }
     preview(animation);
 }
@@ -169,8 +162,8 @@ void AnimatorWindow::takeKeys()
 void AnimatorWindow::takeCurves()
 {
     Animation animation = m_now;
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        animation.properties[i].keys = m_rows[i].curve->keys();
+    for (std::size_t i = 0; i < m_curves.size(); ++i) {
+        animation.properties[i].keys = m_curves[i]->keys();
     }
     preview(animation);
 }

@@ -9,8 +9,8 @@
 
 #include <memory>
 
+class DopeSheetOutline;
 class DopeSheetPane;
-class DopeSheetRow;
 class TimeEditorUtils;
 class ValueGraphCurve;
 class ValueGraphView;
@@ -29,7 +29,7 @@ public:
     QUndoStack& history() { return m_history; }
     DopeSheetPane& sheet() { return *m_sheet; }
     ValueGraphView& graph() { return *m_graph; }
-    DopeSheetRow& row(std::size_t property) { return *m_rows.at(property).keys; }
+    DopeSheetOutline& outline() { return *m_outline; }
 
     /// Shows a change that is under way.
     void preview(Animation animation);
@@ -38,11 +38,6 @@ public:
 
 private:
     class Step;
-    struct Row
-    {
-        DopeSheetRow* keys;     ///< the dope sheet's
-        ValueGraphCurve* curve; ///< the graph's
-    };
 
     void connectViews();
     void showAnimation();
@@ -55,7 +50,8 @@ private:
     QUndoStack m_history;
     PlaybackClock m_clock;
     DopeSheetPane* m_sheet;
+    DopeSheetOutline* m_outline; ///< the sheet's rows
     ValueGraphView* m_graph;
     std::unique_ptr<TimeEditorUtils> m_edits; ///< stays the host's
-    std::vector<Row> m_rows;                  ///< as the document has its properties
+    std::vector<ValueGraphCurve*> m_curves;   ///< as the document has its properties
 };

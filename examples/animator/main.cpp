@@ -20,14 +20,19 @@ Animation sample()
         {{.id = 1, .frame = 24, .name = QStringLiteral("beat")}}};
 }
 
+std::vector<TimeEditorKeyframeItem*> sheetKeys(AnimatorWindow& window)
+{
+    return dynamic_cast<TimeEditorCurveItem&>(*window.outline().row(0)).keyframes();
+}
+
 /// The frames of the first property's keys in document and views, where these agree.
 QString keys(AnimatorWindow& window)
 {
     QStringList texts;
-    for (std::size_t i = 0; i < window.row(0).keys().size(); ++i) {
+    for (std::size_t i = 0; i < sheetKeys(window).size(); ++i) {
         const double time = window.animation().properties[0].keys[i].time;
         const bool agree = window.graph().curves().front()->keys()[i].time == time
-                           && window.row(0).keys()[i].frame == time;
+                           && sheetKeys(window)[i]->x() == time;
         texts << (agree ? QString::number(time) : QStringLiteral("?"));
     }
     return texts.join(u' ');
@@ -50,7 +55,7 @@ void drag(QGraphicsView& view, const QGraphicsItem& item, int frames)
 bool selfCheck(AnimatorWindow& window)
 {
     QStringList told{keys(window)};
-    drag(window.sheet().view(), *window.row(0).item(1), 55);
+    drag(window.sheet().view(), *sheetKeys(window)[1], 55);
     told << keys(window);
     drag(window.graph(), *window.graph().curves().front()->point(2), -60);
     told << keys(window);

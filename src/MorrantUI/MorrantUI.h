@@ -141,6 +141,7 @@
 #include <MorrantUI/theme/screens.h>
 #include <MorrantUI/theme/stylesheets.h>
 #include <MorrantUI/theme/themesettings.h>
+#include <MorrantUI/timeeditor/DopeSheetOutline.h>
 #include <MorrantUI/timeeditor/DopeSheetRow.h>
 #include <MorrantUI/timeeditor/DopeSheetView.h>
 #include <MorrantUI/timeeditor/EndPointHover.h>
@@ -158,8 +159,10 @@
 #include <MorrantUI/timeeditor/TranslateScaleTool.h>
 #include <MorrantUI/timeeditor/VisClip.h>
 #include <MorrantUI/timeeditor/clipmoves.h>
+#include <MorrantUI/timeeditor/dopesheetlines.h>
 #include <MorrantUI/timeeditor/framefollowing.h>
 #include <MorrantUI/timeeditor/keymoves.h>
+#include <MorrantUI/timeeditor/soundfile.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
 #include <MorrantUI/timeline/DopeSheetPane.h>
 #include <MorrantUI/timeline/FrameSlider.h>

@@ -2,24 +2,18 @@
 #pragma once
 
 #include <MorrantUI/morrantui_export.h>
-#include <MorrantUI/timeeditor/KeyEasing.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
-
-#include <QPointer>
+#include <MorrantUI/timeeditor/dopesheetlines.h>
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 class TimeEditorKeyframeItem;
 
-/// A key of a DopeSheetRow.
-struct DopeSheetKey
-{
-    double frame = 0.0;
-    KeyEasing easing = KeyEasing::Bezier; ///< how the value leaves it
-
-    friend bool operator==(const DopeSheetKey&, const DopeSheetKey&) = default;
-};
+namespace ui {
+class KeyMarks;
+} // namespace ui
 
 /// A row of keys that a host fills from its document and reads back: as a list, in the host's own
 /// order, instead of one item for each key.
@@ -43,5 +37,5 @@ public:
     TimeEditorKeyframeItem* item(std::size_t key) const;
 
 private:
-    std::vector<QPointer<TimeEditorKeyframeItem>> m_items; ///< as the host has its keys
+    std::unique_ptr<ui::KeyMarks> m_marks;
 };

@@ -1,6 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/DopeSheetView.h"
 
+#include "MorrantUI/timeeditor/SelectionTold.h"
+#include "MorrantUI/timeeditor/outlinelines.h"
+#include <MorrantUI/timeeditor/TimeEditorClipItem.h>
+#include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
+#include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
+#include <MorrantUI/timeeditor/TimeEditorScene.h>
+
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
@@ -9,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <utility>
 
 namespace {
@@ -46,6 +54,69 @@ DopeSheetView::DopeSheetView(QWidget* parent)
 }
 
 DopeSheetView::~DopeSheetView() = default;
+
+// What is selected
+
+template <typename IsWanted>
+void DopeSheetView::selectKeysWhere(const IsWanted& isWanted)
+{
+    if (!getEditorScene()) {
+        return;
+    }
+    TimeEditorScene& scene = *getEditorScene();
+    const ui::SelectionTold told(scene);
+    scene.clearSelection();
+    const auto select = [&isWanted](const auto& rows) {
+        for (const TimeEditorBaseItem* const row : rows) {
+            for (QGraphicsItem* const child : row->childItems()) {
+                auto* const key = dynamic_cast<TimeEditorKeyframeItem*>(child);
+                if (key && isWanted(key->scenePos().x())) {
+                    key->setSelected(true);
+                }
+            }
+        }
+    };
+    select(scene.curves());
+    select(scene.clips());
+}
+
+void DopeSheetView::selectAllKeys()
+{
+    selectKeysWhere([](double) { return true; });
+}
+
+void DopeSheetView::selectKeyColumn()
+{
+    std::vector<double> frames = selectedFrames();
+    if (frames.empty()) {
+        frames.push_back(frameNumber());
+    }
+    selectKeysWhere([&frames](double frame) {
+        const auto next = std::lower_bound(frames.begin(), frames.end(), frame - ui::kSameFrame);
+        return next != frames.end() && *next <= frame + ui::kSameFrame;
+    });
+}
+
+void DopeSheetView::selectKeysFrom(int frame)
+{
+    selectKeysWhere([frame](double other) { return other >= frame; });
+}
+
+void DopeSheetView::selectKeysUpTo(int frame)
+{
+    selectKeysWhere([frame](double other) { return other <= frame; });
+}
+
+std::vector<double> DopeSheetView::selectedFrames() const
+{
+    std::set<double> frames;
+    for (const TimeEditorKeyframeItem* const key : selectedKeyframes()) {
+        frames.insert(key->scenePos().x());
+    }
+    return {frames.begin(), frames.end()};
+}
+
+// Gestures
 
 void DopeSheetView::abandonGesture()
 {

@@ -7,6 +7,7 @@
 #include <QPoint>
 
 #include <optional>
+#include <vector>
 
 /// A time editor with what animators expect of a dope sheet beyond its keys: the wheel zooms with
 /// Control, Plus and Minus about the playhead, the middle button pans, and a tap of Space, which
@@ -18,6 +19,17 @@ class MORRANT_UI_EXPORT DopeSheetView : public TimeEditorView
 public:
     explicit DopeSheetView(QWidget* parent = nullptr);
     ~DopeSheetView() override;
+
+    // Each selects keys and nothing else, of rows and on clips, and is told once where that is
+    // another selection. Keys that are hidden or disabled are left out.
+    void selectAllKeys();
+    /// Those at the frames of the keys that are selected; without any, at the current frame.
+    void selectKeyColumn();
+    void selectKeysFrom(int frame); ///< and behind it
+    void selectKeysUpTo(int frame); ///< with it
+
+    /// The frames of the selected keys, upwards, each once.
+    std::vector<double> selectedFrames() const;
 
     /// Ends what the mouse is doing, as by its release. For hosts that show something else now.
     void finishGesture() { abandonGesture(); }
@@ -45,6 +57,8 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
+    template <typename IsWanted>
+    void selectKeysWhere(const IsWanted& isWanted);
     bool endLostGesture(const QMouseEvent& event);
     void endPress();
 

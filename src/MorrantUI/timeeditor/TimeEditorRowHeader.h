@@ -4,33 +4,21 @@
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/theme/Widget.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
+#include <MorrantUI/timeeditor/dopesheetlines.h>
 
-#include <QIcon>
 #include <QPointer>
-#include <QString>
 
 #include <vector>
 
 class QPainter;
 class TimeEditorView;
 
-/// What stands beside a row of a time editor.
-struct TimeRowLabel
-{
-    QString text = {};
-    QIcon icon = {};       ///< may be null
-    int depth = 0;         ///< levels that the label is indented by
-    bool foldable = false; ///< with an arrow before it
-    bool folded = false;
-    bool dimmed = false; ///< for what is hidden or cannot be edited
-};
-
 /// The labels of a TimeEditorView's rows. Each stands exactly where its row is and scrolls with it,
 /// wherever the header itself lies: beside the view is the host's to place it.
 ///
 /// One row can be the current one: by a press, or with Up, Down, Home and End. An arrow, Left and
-/// Right ask the host to fold; it adds and removes rows as it likes, and tells the header with
-/// setLabel().
+/// Right ask to fold: a DopeSheetOutline does so; a host with rows of its own adds and removes some
+/// as it likes, and tells the header with setLabel().
 class MORRANT_UI_EXPORT TimeEditorRowHeader : public Widget
 {
     Q_OBJECT

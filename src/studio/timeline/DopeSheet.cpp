@@ -6,7 +6,6 @@
 #include "timeline/DopeSheetEdits.h"
 #include "timeline/DopeSheetRows.h"
 #include "timeline/DopeSheetState.h"
-#include "timeline/soundfile.h"
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/icons.h>
@@ -132,14 +131,6 @@ void DopeSheet::connectViews()
         }
     });
     connect(
-        m_header,
-        &TimeEditorRowHeader::foldRequested,
-        this,
-        [this](TimeEditorBaseItem* row, bool folded, bool all) {
-            finishEditing();
-            m_rows->setFolded(row, folded, all);
-        });
-    connect(
         m_header, &TimeEditorRowHeader::currentRowChosen, this, [this](TimeEditorBaseItem* row) {
             if (m_rows->layerOf(row) >= 0) {
                 Q_EMIT layerChosen(m_rows->layerOf(row));
@@ -215,16 +206,16 @@ void DopeSheet::addSelectionCommands()
             {tr("Select &All Keys"),
              {},
              {QKeySequence::SelectAll},
-             [this] { m_edits->selectAll(); }},
-            {tr("Select C&olumn"), {}, {Qt::Key_K}, [this] { m_edits->selectColumn(); }},
+             [this] { m_view->selectAllKeys(); }},
+            {tr("Select C&olumn"), {}, {Qt::Key_K}, [this] { m_view->selectKeyColumn(); }},
             {tr("Select up to Playhead"),
              {},
              {Qt::Key_BracketLeft},
-             [this] { m_edits->selectUpTo(m_player.frame()); }},
+             [this] { m_view->selectKeysUpTo(m_player.frame()); }},
             {tr("Select from Playhead"),
              {},
              {Qt::Key_BracketRight},
-             [this] { m_edits->selectFrom(m_player.frame()); }},
+             [this] { m_view->selectKeysFrom(m_player.frame()); }},
         });
 }
 
@@ -249,8 +240,8 @@ void DopeSheet::addViewCommands()
              {},
              {},
              [this] {
-                 m_state->sound.reset();
-                 m_rows->refreshSound();
+                 m_state->sound = {};
+                 m_rows->refreshAll();
                  showActions();
              }},
         });
@@ -342,7 +333,7 @@ void DopeSheet::showActions()
     for (QAction* action : std::as_const(m_keyActions)) {
         action->setEnabled(hasKeys);
     }
-    m_removeSound->setEnabled(shownState() && m_state->sound);
+    m_removeSound->setEnabled(shownState() && m_state->sound.peaks);
 }
 
 void DopeSheet::chooseSound()
@@ -360,14 +351,14 @@ void DopeSheet::openSound(const QString& path)
     if (!shownState()) {
         return;
     }
-    SoundResult result = readSoundFile(path);
-    if (!result.sound) {
+    ui::SoundFile sound = ui::readSoundFile(path);
+    if (!sound.peaks) {
         Q_EMIT failed(tr("The sound “%1” cannot be used: %2.")
-                          .arg(QDir::toNativeSeparators(path), result.error));
+                          .arg(QDir::toNativeSeparators(path), sound.error));
         return;
     }
-    m_state->sound = std::move(result.sound);
-    m_rows->refreshSound();
+    m_state->sound = std::move(sound);
+    m_rows->refreshAll();
     showActions();
 }
 

@@ -16,7 +16,7 @@ namespace studio {
 
 namespace {
 
-QString nameOf(const ClipFrames& from, const ClipFrames& to)
+QString nameOf(const DopeSheetClip& from, const DopeSheetClip& to)
 {
     if (to.slip != from.slip) {
         return DopeSheetEdits::tr("Slip Layer");
@@ -60,7 +60,7 @@ void DopeSheetEdits::setEditor(DocumentEditor& editor)
     connect(&editor, &DocumentEditor::layersAboutToChange, &m_view, &DopeSheetView::finishGesture);
     connect(&editor, &DocumentEditor::layersChanged, this, [this] {
         m_stale.clear();
-        m_rows.refreshLayers();
+        m_rows.refreshAll();
         Q_EMIT layersShown();
     });
 }
@@ -113,7 +113,7 @@ void DopeSheetEdits::followKeys()
     }
 }
 
-void DopeSheetEdits::followClip(int layer, const ClipFrames& from, const ClipFrames& to)
+void DopeSheetEdits::followClip(int layer, const DopeSheetClip& from, const DopeSheetClip& to)
 {
     const auto times = m_editor ? m_editor->clipOf(layer) : std::nullopt;
     if (!times) {
@@ -138,7 +138,7 @@ void DopeSheetEdits::finish()
     m_clipsBefore.clear();
     m_clips.clear();
     m_stale.clear();
-    m_rows.refreshLayers(); // also where the document has refused something
+    m_rows.refreshAll(); // also where the document has refused something
     std::vector<KeyAddress> keys;
     for (const auto& place : std::exchange(m_places, {})) {
         if (place) {
@@ -211,7 +211,7 @@ void DopeSheetEdits::duplicate()
 {
     showEdits();
     const auto keys = m_rows.selectedKeys();
-    const auto frames = m_rows.selectedFrames();
+    const auto frames = m_view.selectedFrames();
     if (m_editor && !keys.empty()) {
         const int distance = static_cast<int>(std::lround(m_view.frameNumber() - frames.front()));
         const int behind = static_cast<int>(std::lround(frames.back() - frames.front())) + 1;
@@ -226,33 +226,6 @@ void DopeSheetEdits::nudge(int frames)
     if (m_editor && !keys.empty()) {
         select(m_editor->nudgeKeys(keys, frames));
     }
-}
-
-void DopeSheetEdits::selectAll()
-{
-    m_rows.selectFrames([](double) { return true; });
-}
-
-void DopeSheetEdits::selectColumn()
-{
-    auto frames = m_rows.selectedFrames();
-    if (frames.empty()) {
-        frames.push_back(m_view.frameNumber());
-    }
-    m_rows.selectFrames([&frames](double frame) {
-        const auto next = std::lower_bound(frames.begin(), frames.end(), frame - kSameFrame);
-        return next != frames.end() && *next <= frame + kSameFrame;
-    });
-}
-
-void DopeSheetEdits::selectFrom(int frame)
-{
-    m_rows.selectFrames([frame](double other) { return other >= frame; });
-}
-
-void DopeSheetEdits::selectUpTo(int frame)
-{
-    m_rows.selectFrames([frame](double other) { return other <= frame; });
 }
 
 void DopeSheetEdits::trim(bool start)

@@ -46,11 +46,6 @@ public:
     void nudge(int frames);
     /// Selects these keys and nothing else; with none, all stays as it is.
     void select(const std::vector<KeyAddress>& keys);
-    void selectAll();
-    /// The keys at the frames of those that are selected; without any, at the current frame.
-    void selectColumn();
-    void selectFrom(int frame);
-    void selectUpTo(int frame);
     /// Brings the beginning or the end of the chosen layers to the current frame.
     void trim(bool start);
 
@@ -60,7 +55,7 @@ Q_SIGNALS:
 
 private:
     void followKeys();
-    void followClip(int layer, const ClipFrames& from, const ClipFrames& to);
+    void followClip(int layer, const DopeSheetClip& from, const DopeSheetClip& to);
     void begin(const QString& text);
     void noteEdit(int layer);
     void showEdits();

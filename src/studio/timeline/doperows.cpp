@@ -22,127 +22,70 @@ KeyEasing easingOf(const Keyframe<Numbers>& key)
     return key.easeOut.count > 0 && key.easeIn.count > 0 ? KeyEasing::Bezier : KeyEasing::Linear;
 }
 
-std::vector<DopeKey> keysOf(const Document& document, const KeyRow& row)
+std::vector<DopeSheetKey> keysOf(const Document& document, const KeyRow& row)
 {
-    std::vector<DopeKey> keys;
+    std::vector<DopeSheetKey> keys;
     const NumberProperty* property = row.address ? findProperty(document, *row.address) : nullptr;
     for (std::size_t i = 0; i < row.times.size(); ++i) {
-        DopeKey key{row.times[i], KeyEasing::Linear, {}};
-        if (property) {
-            key.easing = easingOf(property->keys[i]);
-            key.keys = {{*row.address, i}};
-        }
-        keys.push_back(std::move(key));
+        keys.push_back({row.times[i], property ? easingOf(property->keys[i]) : KeyEasing::Linear});
     }
     return keys;
 }
 
-/// All keys of some rows, one mark a frame. It can be moved when all that it stands for can.
-std::vector<DopeKey> summaryOf(const Document& document, const std::vector<KeyRow>& rows)
+/// A property's, which is the same as long as the layer has it.
+QString idOf(const QString& layer, const KeyRow& row, std::size_t place)
 {
-    std::vector<DopeKey> all;
-    for (const KeyRow& row : rows) {
-        const auto keys = keysOf(document, row);
-        all.insert(all.end(), keys.begin(), keys.end());
+    if (!row.address) {
+        return u"%1 %2"_qs.arg(layer).arg(place);
     }
-    std::stable_sort(
-        all.begin(), all.end(), [](const DopeKey& a, const DopeKey& b) { return a.time < b.time; });
-    std::vector<DopeKey> marks;
-    for (const DopeKey& key : all) {
-        if (marks.empty() || key.time - marks.back().time > kSameFrame) {
-            marks.push_back(key);
-            continue;
-        }
-        DopeKey& mark = marks.back();
-        const bool isOpen = !mark.keys.empty() && !key.keys.empty();
-        mark.easing = mark.easing == key.easing ? mark.easing : KeyEasing::Linear;
-        mark.keys.insert(mark.keys.end(), key.keys.begin(), key.keys.end());
-        if (!isOpen) {
-            mark.keys.clear();
-        }
+    QString id = u"%1/%2"_qs.arg(layer).arg(static_cast<int>(row.address->attribute));
+    for (const std::size_t item : row.address->item) {
+        id += u'/' + QString::number(item);
     }
-    return marks;
+    return id;
 }
 
 } // namespace
 
-bool DopeRow::isSameAs(const DopeRow& other) const
-{
-    const auto place = [](const DopeRow& row) {
-        return row.address ? std::optional(std::pair(row.address->attribute, row.address->item))
-                           : std::nullopt;
-    };
-    return id == other.id && isLayer == other.isLayer && place(*this) == place(other);
-}
-
-std::vector<DopeRow> dopeRows(const Document& document, int layer, const FoldedLayers& folded)
+std::vector<DopeRow> dopeRows(const Document& document, int layer)
 {
     const Layer* found = findLayer(document, layer);
     if (!found) {
         return {};
     }
-    const auto properties = keyRowsOf(document, layer);
-    DopeRow own{layer, found->span.begin, found->name};
-    own.isLayer = true;
-    own.isOpen = !found->locked;
-    own.foldable = !properties.empty();
-    own.folded = own.foldable && folded.count(own.id) > 0;
-    if (own.folded) {
-        own.keys = summaryOf(document, properties);
-        return {std::move(own)};
-    }
-    std::vector<DopeRow> rows{std::move(own)};
-    for (const KeyRow& property : properties) {
-        DopeRow row{layer, found->span.begin, property.name};
-        row.address = property.address;
-        row.isOpen = property.address && !found->locked;
-        row.keys = keysOf(document, property);
+    DopeRow own{layer, true};
+    own.line.id = QString::number(found->span.begin);
+    own.line.label.text = found->name;
+    own.line.label.dimmed = found->hidden || found->locked;
+    own.line.locked = found->locked;
+    own.line.clip = clipFrames(clipOf(*found));
+    std::vector<DopeRow> rows{own};
+    for (const KeyRow& property : keyRowsOf(document, layer)) {
+        DopeRow row{layer, false, property.address, own.line};
+        row.line.id = idOf(own.line.id, property, rows.size());
+        row.line.clip.reset();
+        row.line.label.text = property.name;
+        row.line.label.depth = 1;
+        row.line.locked = found->locked || !property.address;
+        row.line.label.dimmed = found->hidden || row.line.locked;
+        row.line.keys = keysOf(document, property);
         rows.push_back(std::move(row));
     }
     return rows;
 }
 
-FoldedLayers firstFolded(const Document& document)
+QSet<QString> firstFolded(const std::vector<DopeRow>& rows)
 {
-    FoldedLayers layers;
-    std::size_t rows = 0;
-    for (int i = 0; i < static_cast<int>(document.main.layers.size()); ++i) {
-        rows += 1 + keyRowsOf(document, i).size();
-        layers.insert(findLayer(document, i)->span.begin);
-    }
-    return rows > kUnfoldedRows ? layers : FoldedLayers();
-}
-
-std::vector<bool> selectionAfter(
-    const std::vector<double>& before,
-    const std::vector<bool>& selected,
-    const std::vector<double>& after)
-{
-    const auto has = [](const std::vector<double>& times, double time) {
-        return std::binary_search(times.begin(), times.end(), time);
-    };
-    std::vector<double> kept;
-    std::size_t gone = 0;
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        if (selected[i] && has(after, before[i])) {
-            kept.push_back(before[i]);
-        } else if (selected[i]) {
-            ++gone;
+    QSet<QString> layers;
+    for (const DopeRow& row : rows) {
+        if (row.isLayer && rows.size() > kUnfoldedRows) {
+            layers.insert(row.line.id);
         }
     }
-    std::vector<bool> result;
-    std::size_t come = 0;
-    for (const double time : after) {
-        come += has(before, time) ? 0 : 1;
-        result.push_back(has(kept, time));
-    }
-    for (std::size_t i = 0; gone == come && i < after.size(); ++i) {
-        result[i] = result[i] || !has(before, after[i]);
-    }
-    return result;
+    return layers;
 }
 
-ClipFrames clipFrames(const ClipTimes& times)
+DopeSheetClip clipFrames(const ClipTimes& times)
 {
     const auto frame = [](double time) {
         return static_cast<int>(std::lround(std::clamp(time, -kMaxFrame, kMaxFrame)));
@@ -150,7 +93,7 @@ ClipFrames clipFrames(const ClipTimes& times)
     return {frame(times.inPoint), std::max(frame(times.inPoint) + 1, frame(times.outPoint)), 0};
 }
 
-ClipTimes editedTimes(const ClipTimes& times, const ClipFrames& from, const ClipFrames& to)
+ClipTimes editedTimes(const ClipTimes& times, const DopeSheetClip& from, const DopeSheetClip& to)
 {
     const int start = to.start - from.start;
     const int end = to.end - from.end;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "timeline/soundfile.h"
+#include "MorrantUI/timeeditor/soundfile.h"
 
-#include "texts.h"
-
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -13,7 +12,7 @@
 #include <optional>
 #include <utility>
 
-namespace studio {
+namespace ui {
 
 namespace {
 
@@ -25,10 +24,18 @@ constexpr qint64 kExtensibleBytes = 40; ///< of one with a format behind it
 constexpr int kSubFormat = 24;          ///< where that begins; the tag are its first two bytes
 constexpr qint64 kFramesAtOnce = 16384;
 constexpr int kMostChunks = 1000; ///< before the sound
+constexpr int kMostChannels = 8;
+constexpr quint32 kMostSampleRate = 768'000;
 
 /// What follows the tag in the names of all formats that have one.
 constexpr std::array<unsigned char, 14> kSubFormatTail = {
     0x00, 0x00, 0x00, 0x00, 0x10, 0x00, 0x80, 0x00, 0x00, 0xaa, 0x00, 0x38, 0x9b, 0x71};
+
+/// A text of this file's, in a context of its own.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ui::sound)
+};
 
 struct Format
 {
@@ -55,15 +62,16 @@ QString complaint(const Format& format, int blockAlign)
         && (format.bits == 8 || format.bits == 16 || format.bits == 24 || format.bits == 32);
     const bool isFloat = format.tag == kFloat && (format.bits == 32 || format.bits == 64);
     if (!isPcm && !isFloat) {
-        return tr("its samples are neither PCM nor floating point numbers");
+        return Texts::tr("its samples are neither PCM nor floating point numbers");
     }
     if (format.channels < 1 || format.channels > kMostChannels) {
-        return tr("it has %1 channels").arg(format.channels);
+        return Texts::tr("it has %1 channels").arg(format.channels);
     }
     if (format.rate < 1 || format.rate > kMostSampleRate) {
-        return tr("it has %1 samples a second").arg(format.rate);
+        return Texts::tr("it has %1 samples a second").arg(format.rate);
     }
-    return blockAlign == format.frameBytes() ? QString() : tr("its format contradicts itself");
+    return blockAlign == format.frameBytes() ? QString()
+                                             : Texts::tr("its format contradicts itself");
 }
 
 /// One sample, -1 to 1 for whole numbers.
@@ -85,18 +93,16 @@ float sampleAt(const char* bytes, const Format& format)
 
 class WavReader
 {
-    Q_DECLARE_TR_FUNCTIONS(studio)
-
 public:
     explicit WavReader(QIODevice& device)
         : m_device(device)
     {}
 
-    WavResult read()
+    WavSound read()
     {
         const QByteArray head = m_device.read(12);
         if (head.size() < 12 || !head.startsWith("RIFF") || head.mid(8) != "WAVE") {
-            return refused(tr("it is no WAV file"));
+            return refused(Texts::tr("it is no WAV file"));
         }
         for (int chunks = 0; chunks < kMostChunks; ++chunks) {
             const QByteArray chunk = m_device.read(8);
@@ -115,11 +121,11 @@ public:
                 skip(size + size % 2);
             }
         }
-        return refused(tr("it holds no sound"));
+        return refused(Texts::tr("it holds no sound"));
     }
 
 private:
-    static WavResult refused(const QString& error) { return {{}, 0, error}; }
+    static WavSound refused(const QString& error) { return {{}, 0, error}; }
 
     void skip(qint64 bytes)
     {
@@ -130,7 +136,7 @@ private:
     {
         const QByteArray bytes = m_device.read(std::min(size, kExtensibleBytes));
         if (bytes.size() < kFormatBytes) {
-            return tr("its format is incomplete");
+            return Texts::tr("its format is incomplete");
         }
         Format format{
             at<quint16>(bytes, 0),
@@ -149,18 +155,18 @@ private:
         return complaint(format, at<quint16>(bytes, 12));
     }
 
-    WavResult readSamples(qint64 size)
+    WavSound readSamples(qint64 size)
     {
         if (!m_format) {
-            return refused(tr("its format comes too late"));
+            return refused(Texts::tr("its format comes too late"));
         }
         // What is written while it is recorded has a size that means nothing.
         const qint64 there = m_device.isSequential() ? size : m_device.size() - m_device.pos();
         const qint64 frames = std::min(size, there) / m_format->frameBytes();
-        if (frames > kMostSamples) {
-            return refused(tr("it is too long"));
+        if (frames > kMostSoundSamples) {
+            return refused(Texts::tr("it is too long"));
         }
-        WavResult result{{}, static_cast<double>(m_format->rate), {}};
+        WavSound result{{}, static_cast<double>(m_format->rate), {}};
         result.samples.reserve(static_cast<std::size_t>(std::max<qint64>(0, frames)));
         for (qint64 left = frames; left > 0;) {
             const qint64 wanted = std::min(left, kFramesAtOnce);
@@ -169,7 +175,7 @@ private:
             mix(block, got, result.samples);
             left = got == wanted ? left - got : 0;
         }
-        return result.samples.empty() ? refused(tr("it holds no sound")) : std::move(result);
+        return result.samples.empty() ? refused(Texts::tr("it holds no sound")) : std::move(result);
     }
 
     void mix(const QByteArray& block, qint64 frames, std::vector<float>& samples) const
@@ -191,26 +197,27 @@ private:
 
 } // namespace
 
-WavResult readWav(QIODevice& device)
+WavSound readWav(QIODevice& device)
 {
     return WavReader(device).read();
 }
 
-SoundResult readSoundFile(const QString& path)
+SoundFile readSoundFile(const QString& path)
 {
+    SoundFile sound;
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return {nullptr, tr("it cannot be opened")};
+        sound.error = Texts::tr("it cannot be opened");
+        return sound;
     }
-    WavResult wav = readWav(file);
-    if (!wav.error.isEmpty()) {
-        return {nullptr, wav.error};
+    WavSound wav = readWav(file);
+    sound.error = wav.error;
+    if (wav.error.isEmpty()) {
+        sound.name = QFileInfo(path).completeBaseName();
+        sound.rate = wav.rate;
+        sound.peaks = std::make_shared<const SoundPeaks>(std::move(wav.samples));
     }
-    auto peaks = std::make_shared<const ui::SoundPeaks>(std::move(wav.samples));
-    return {
-        std::make_shared<const Sound>(
-            Sound{QFileInfo(path).completeBaseName(), wav.rate, std::move(peaks)}),
-        {}};
+    return sound;
 }
 
-} // namespace studio
+} // namespace ui

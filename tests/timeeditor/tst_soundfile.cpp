@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestCase.h"
-#include "timeline/soundfile.h"
-
-using namespace studio;
+#include <MorrantUI/timeeditor/soundfile.h>
 
 namespace {
 
@@ -43,11 +41,11 @@ QByteArray wav(const QByteArray& format, const QByteArray& data)
     return "RIFF" + bytesOf<quint32>({quint32(chunks.size() + 4)}) + "WAVE" + chunks;
 }
 
-WavResult readBytes(QByteArray bytes)
+ui::WavSound readBytes(QByteArray bytes)
 {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
-    return readWav(buffer);
+    return ui::readWav(buffer);
 }
 
 } // namespace
@@ -73,7 +71,7 @@ private Q_SLOTS:
             {wav(extensible(format(3, 1, 32), 3), floats), {-1.0F, 0.5F}},
             {wav(format(1, 1, 16), wide).chopped(3), {-1.0F, 0.0F}}}; // cut off in a sample
         for (const auto& [bytes, samples] : cases) {
-            const WavResult result = readBytes(bytes);
+            const ui::WavSound result = readBytes(bytes);
             QCOMPARE(result.error, QString());
             QVERIFY(result.samples == samples);
             QCOMPARE(result.rate, 8000.0);
@@ -105,7 +103,7 @@ private Q_SLOTS:
             cases.push_back(wav(bad, "abcd"));
         }
         for (const QByteArray& bytes : cases) {
-            const WavResult result = readBytes(bytes);
+            const ui::WavSound result = readBytes(bytes);
             QVERIFY2(!result.error.isEmpty() && result.samples.empty(), bytes.left(64).toHex());
         }
         // Whatever a byte says: nothing but samples that are there.
