@@ -14,9 +14,10 @@ private Q_SLOTS:
         for (int i = 0; i < 30; ++i) {
             pane.scene().addLayoutItem(new TimeEditorCurveItem(&view));
         }
-        const QPointer<QWidget> corner = new QWidget;
+        const QPointer corner = new QPushButton;
         pane.setCorner(corner);
         pane.setCorner(corner); // again
+        connect(corner, &QPushButton::clicked, &pane, [&pane] { pane.setCorner(nullptr); });
         pane.setFrameRange(0, 100);
         pane.setPlaybackRange(20, 60);
         pane.setRate(25);
@@ -82,6 +83,9 @@ private Q_SLOTS:
         pane.resize(700, 300);
         ui::test::showActive(pane);
         QVERIFY(pixelsOff(pane, kept) <= 1.001);
+        corner->click(); // from within, its own end
+        QVERIFY(corner && corner->isHidden());
+        QTRY_VERIFY(!corner);
     }
     void aRowKeepsItsItemsAsTheHostPushesItsKeysBack()
     {

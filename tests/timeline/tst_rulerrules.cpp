@@ -39,8 +39,7 @@ private Q_SLOTS:
             {{1.0, 24.0, false}, 30.0, {50, 10, 5}},
             {{16.0, 24.0, true}, 70.0, {6, 3, 1}}, // parts of a second
             {{4.0, 29.97, true}, 70.0, {30, 10, 2}},
-            {{0.25, 24.0, true}, 70.0, {360, 120, 24}}, // a quarter of a minute
-            {{0.125, 24.0, true}, 70.0, {720, 240, 48}},
+            {{0.25, 24.0, true}, 70.0, {360, 120, 24}},        // a quarter of a minute
             {{0.001, 24.0, true}, 70.0, {86400, 43200, 7200}}, // an hour
             {{10.0, kNan, true}, 20.0, {5, 0, 1}},
             {{10.0, -24.0, true}, 20.0, {5, 0, 1}},
@@ -85,6 +84,22 @@ private Q_SLOTS:
         QCOMPARE(rulerTicks({1, 0, 0}, 2147483646.0, 1e12).size(), std::size_t(2));
         QVERIFY(rulerTicks({1, 0, 0}, kNan, 5.0).empty());
         QVERIFY(rulerTicks({1, 0, 0}, -2e9, 2e9).empty()); // none that could be seen
+    }
+
+    void labelsAreWholeAndApart()
+    {
+        // In the middle, and moved in; too close to the next one, and out of sight.
+        const std::array<double, 3> cases[] = {
+            {250, 74, 220},
+            {10, 99, 2},
+            {500, 99, 438},
+            {24, 74, 2},
+            {10, 74, -1},
+            {-1, 99, -1},
+            {501, 99, -1}};
+        for (const auto& [x, distance, start] : cases) {
+            QCOMPARE(labelStart(x, 60.0, distance, 500.0).value_or(-1.0), start);
+        }
     }
 
     void bookendsStayInsideAndApart()

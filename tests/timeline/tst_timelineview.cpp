@@ -227,11 +227,34 @@ private Q_SLOTS:
         QVERIFY(ruler.takeTold().isEmpty());
         ruler.view.zoomAt(1.2, 0);
         ruler.drag(ruler.at(2, ruler.kLabels), QPoint(999, 5)); // a screen's edge has no beyond
+        QCOMPARE(FakeClock(&ruler.view).fireTimers(30), 1);
+        ruler.key(Qt::Key_Escape);
+        QCOMPARE(FakeClock(&ruler.view).fireTimers(30), 0);
+        ruler.pointer.release();
+        ruler.drag(ruler.at(2, ruler.kLabels), QPoint(999, 5));
         QTRY_COMPARE(ruler.view.currentFrame(), 100);
         ruler.pointer.release();
         ruler.takeTold();
         ruler.view.setCurrentFrame(70);
         QVERIFY(ruler.takeTold().isEmpty());
+    }
+
+    void theTimeLineScrollsUntilItIsTakenBack()
+    {
+        TimeEditorView view;
+        view.setup(new TimeEditorScene(&view, QRect(0, 0, 1000, 44), true));
+        view.setTransform(QTransform::fromScale(4.0, 1.0));
+        view.resize(400, 100);
+        showActive(view);
+        FakePointer pointer(view.viewport());
+        pointer.press(view.mapFromScene(0.5, 10.0));
+        pointer.dragTo({view.width() + 40, 20}, 20);
+        for (const bool scrolls : {true, false}) {
+            const int before = view.horizontalScrollBar()->value();
+            FakeClock(&view).advanceAnimations(200);
+            QCOMPARE(view.horizontalScrollBar()->value() != before, scrolls);
+            QTest::keyClick(&view, Qt::Key_Escape);
+        }
     }
 
     void bookendsAndTheirRangeAreDragged()
@@ -500,6 +523,10 @@ private Q_SLOTS:
         QCOMPARE(colorAt(10, 0.95), ui::colorQt(u"WindowBase"_qs));
         QCOMPARE(colorAt(20, ruler.kRange), ui::colorQt(u"Accent1"_qs));
         QVERIFY(colorAt(40, ruler.kRange) != colorAt(80, ruler.kRange));
+        ruler.view.setFrameRange(-200, -100); // signs stay before their numbers
+        const QImage leftToRight = ruler.view.viewport()->grab().toImage();
+        ruler.view.setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(ruler.view.viewport()->grab().toImage(), leftToRight);
     }
 
     void assistiveToolsReadAndSetTheFrame()

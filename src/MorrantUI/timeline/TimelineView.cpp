@@ -65,6 +65,7 @@ TimelineView::TimelineView(QWidget* parent)
     connect(m_thumb, &TimeThumb::timeChangedSignal, this, &TimelineView::frameChanged);
     connect(m_thumb, &QGraphicsObject::xChanged, this, &TimelineView::noteFrame);
     connect(m_scene, &TimelineScene::markersChanged, this, &TimelineView::arrangeNameEdit);
+    m_edgeTimer.setParent(this);
     m_edgeTimer.setInterval(kEdgeInterval);
     connect(&m_edgeTimer, &QTimer::timeout, this, &TimelineView::scrollAtEdge);
 }

@@ -78,6 +78,15 @@ RulerBands rulerBands(double height, double labelHeight)
     return bands;
 }
 
+std::optional<double> labelStart(double x, double width, double distance, double room)
+{
+    const double centred = x - width / 2.0;
+    const double most = std::max(kLabelInset, room - kLabelInset - width);
+    const double start = std::clamp(centred, kLabelInset, most);
+    const bool isClear = distance - width - std::abs(start - centred) >= kLeastGap;
+    return x >= 0.0 && x <= room && isClear ? std::optional(start) : std::nullopt;
+}
+
 QRectF bandBetween(
     const RulerGeometry& geometry, double top, double bottom, const FrameRange& range)
 {

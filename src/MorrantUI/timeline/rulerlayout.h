@@ -8,6 +8,7 @@
 #include <QRectF>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// Where everything on a ruler is. Lengths are pixels of the viewport; painting, hit test and tests
@@ -22,6 +23,8 @@ inline constexpr double kThumbTip = 21.0;   ///< likewise
 inline constexpr double kMarkerReach = 6.0; ///< to either side of a marker's frame
 inline constexpr double kBarHeight = 2.0;   ///< of a marker's duration
 inline constexpr double kLeastName = 14.0;  ///< a name with less room is left out
+inline constexpr double kLabelInset = 2.0;  ///< from the ruler's edge
+inline constexpr double kLeastGap = 6.0;    ///< from a label that was moved in to the next one
 
 /// Bands from top to bottom, each from one edge to the next.
 struct RulerBands
@@ -50,6 +53,11 @@ struct RulerGeometry
     double x(double frame) const { return frame * scale + offset; }
     double frame(double place) const { return (place - offset) / scale; }
 };
+
+/// Where the label of a tick at x begins: its middle is at the tick, or as near as the ruler's edge
+/// lets it. None where the tick is out of sight, and where it would come too close to the next one.
+/// @param distance from one label's tick to the next one's @param room the ruler's width
+std::optional<double> labelStart(double x, double width, double distance, double room);
 
 /// A rectangle of a band between two frames; empty where the second is not after the first.
 QRectF bandBetween(

@@ -103,14 +103,17 @@ double baselineOf(const QFont& font, double top, double height)
     return std::round(top + (height + metrics.capHeight()) / 2.0);
 }
 
-void paintLabel(QPainter& painter, const RulerPicture& picture, double x, const QString& text)
+/// @param distance pixels from label to label
+void paintLabel(QPainter& painter, const RulerPicture& picture, int frame, double distance)
 {
     const QRectF& taken = picture.playheadLabel;
+    const RulerGeometry& geometry = picture.geometry;
+    const QString text = rulerLabel(frame, picture.scale);
     const double width = nameWidth(picture.font, text);
-    const double left = std::round(x - width / 2.0);
-    if (left > taken.right() || left + width < taken.left() || taken.isEmpty()) {
-        const double baseline = baselineOf(picture.font, 0.0, picture.geometry.bands.ticks);
-        painter.drawText(QPointF(left, baseline), text);
+    const auto start = labelStart(geometry.x(frame), width, distance, geometry.width);
+    if (start && (*start > taken.right() || *start + width < taken.left() || taken.isEmpty())) {
+        const double baseline = baselineOf(picture.font, 0.0, geometry.bands.ticks);
+        painter.drawText(QPointF(std::round(*start), baseline), text);
     }
 }
 
@@ -125,7 +128,7 @@ void paintTicks(QPainter& painter, const RulerPicture& picture)
         labelRoom(metrics, rulerLabel(last, picture.scale)));
     const RulerSteps steps = rulerSteps(picture.scale, widest);
     const std::vector<RulerTick> ticks =
-        rulerTicks(steps, geometry.frame(-widest), geometry.frame(geometry.width + widest));
+        rulerTicks(steps, geometry.frame(-1.0), geometry.frame(geometry.width + 1.0));
 
     const QColor strong = named("HelperHints");
     const QColor weak = named("Grey");
@@ -142,7 +145,7 @@ void paintTicks(QPainter& painter, const RulerPicture& picture)
         if (tick.kind == TickKind::Label && isFrame(tick.frame)) {
             const int frame = static_cast<int>(tick.frame);
             painter.setPen(frame == frameWithin(frame, picture.frames) ? strong : outside);
-            paintLabel(painter, picture, x, rulerLabel(frame, picture.scale));
+            paintLabel(painter, picture, frame, static_cast<double>(steps.label) * geometry.scale);
         }
     }
 }
