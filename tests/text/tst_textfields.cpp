@@ -132,6 +132,7 @@ private Q_SLOTS:
     {
         TimeCodeEdit field;
         QVERIFY(field.sizeHint().height() <= QLineEdit().sizeHint().height() + 2);
+        QCOMPARE(ui::test::renderWidget(field).pixelColor(0, 0).alpha(), 0); // round corners
         field.show();
         for (const QString& text : {u"01:02:03"_qs, u"::"_qs, u"\uff11\u0661\U0001D7CF"_qs}) {
             field.clear();
@@ -204,6 +205,7 @@ private Q_SLOTS:
             QCOMPARE(code.toPlainText(), QLatin1String(typed));
             QTest::keyClick(&code, end);
             QVERIFY(!code.hasFocus() && code.property("frame") == frame);
+            QVERIFY(!code.textCursor().hasSelection());
             QCOMPARE(code.toPlainText(), ui::timeCode(frame, 10));
         }
         QVERIFY(entered.count() == 2 && undone.count() == 5);

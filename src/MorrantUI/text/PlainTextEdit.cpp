@@ -2,6 +2,8 @@
 #include "MorrantUI/text/PlainTextEdit.h"
 
 #include "MorrantUI/controls/historykeys.h"
+#include "MorrantUI/text/fieldlook.h"
+#include "MorrantUI/theme/style/shades.h"
 #include <MorrantUI/theme/colors.h>
 
 #include <QKeyEvent>
@@ -126,6 +128,8 @@ PlainTextEdit::PlainTextEdit(QWidget* parent)
         &QTextDocument::contentsChange,
         this,
         [this](int position, int, int added) { adaptWrapping(position, added); });
+    viewport()->setAutoFillBackground(false); // the ground has round corners
+    setAttribute(Qt::WA_Hover);
     setGround(ui::colorQt(QStringLiteral("Window")));
 }
 
@@ -141,6 +145,8 @@ void PlainTextEdit::setGround(const QColor& color)
 {
     QPalette changed = palette();
     changed.setColor(QPalette::Base, color);
+    const QColor text = changed.color(QPalette::Active, QPalette::Text);
+    changed.setColor(QPalette::Disabled, QPalette::Text, ui::style::faded(text));
     setPalette(changed);
     m_ground = color;
 }
@@ -198,6 +204,10 @@ void PlainTextEdit::report()
 
 bool PlainTextEdit::event(QEvent* event)
 {
+    if (event->type() == QEvent::Paint) {
+        ui::paintField(*this);
+        return true;
+    }
     if (event->type() == QEvent::ShortcutOverride) {
         const auto& key = *static_cast<const QKeyEvent*>(event);
         if (belongsToText(key)) {

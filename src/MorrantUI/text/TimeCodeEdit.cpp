@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/text/TimeCodeEdit.h"
 
+#include "MorrantUI/text/fieldlook.h"
+#include "MorrantUI/theme/style/shades.h"
+
 #include <QMimeData>
+#include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -36,8 +42,8 @@ TimeCodeEdit::TimeCodeEdit(QWidget* parent)
     : QPlainTextEdit(parent)
 {
     document()->setDocumentMargin(0);
-    setBackgroundRole(QPalette::Base); // beside the viewport
-    setAutoFillBackground(true);
+    viewport()->setAutoFillBackground(false); // the ground has round corners
+    setAttribute(Qt::WA_Hover);
     setLineWrapMode(NoWrap);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -71,11 +77,39 @@ void TimeCodeEdit::resizeEvent(QResizeEvent* event)
     const int room = contentsRect().height();
     const int line = fontMetrics().lineSpacing();
     const int spare = room < 2 * line ? std::max(0, room - line) : 0;
-    const QMargins margins(kSideMargin, spare / 2, kSideMargin, 0);
+    const QMargins margins(kSideMargin, (spare + 1) / 2, kSideMargin, 0);
     if (margins != viewportMargins()) {
         setViewportMargins(margins);
     }
     QPlainTextEdit::resizeEvent(event);
+}
+
+bool TimeCodeEdit::event(QEvent* event)
+{
+    if (event->type() != QEvent::Paint) {
+        return QPlainTextEdit::event(event);
+    }
+    ui::paintField(*this);
+    return true;
+}
+
+/// A disabled text is faded here, since a palette of its own would take the field's ground from
+/// the style.
+void TimeCodeEdit::paintEvent(QPaintEvent* event)
+{
+    if (isEnabled()) {
+        QPlainTextEdit::paintEvent(event);
+        return;
+    }
+    QPainter painter(viewport());
+    painter.setPen(ui::style::faded(palette().color(QPalette::Text)));
+    QPointF place = contentOffset();
+    for (QTextBlock line = firstVisibleBlock(); line.isValid() && place.y() < height();
+         line = line.next())
+    {
+        line.layout()->draw(&painter, place);
+        place.ry() += blockBoundingRect(line).height();
+    }
 }
 
 bool TimeCodeEdit::canInsertFromMimeData(const QMimeData* source) const

@@ -103,7 +103,14 @@ void TimeCodeField::focusInEvent(QFocusEvent* event)
 void TimeCodeField::focusOutEvent(QFocusEvent* event)
 {
     TimeCodeEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) {
+    if (event->reason() == Qt::PopupFocusReason) {
+        return;
+    }
+    const QPointer<TimeCodeField> self(this);
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection(); // as in a field of one line
+    setTextCursor(cursor);
+    if (self) {
         enter();
     }
 }
