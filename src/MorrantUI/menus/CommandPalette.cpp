@@ -80,7 +80,6 @@ CommandPalette::CommandPalette(QWidget* commands, QWidget* parent)
     : ContextMenu(parent)
     , m_commands(commands)
 {
-    setMinimumWidth(kWidth);
     setAccessibleName(tr("Commands"));
 }
 
@@ -88,6 +87,7 @@ CommandPalette::~CommandPalette() = default;
 
 void CommandPalette::openOver(const QWidget& widget)
 {
+    setMinimumWidth(std::min(kWidth, widget.screen()->availableGeometry().width()));
     clear();
     m_listed.clear();
     m_rows.clear();
@@ -101,6 +101,7 @@ void CommandPalette::openOver(const QWidget& widget)
     m_nothing = addAction(tr("No command found"));
     m_nothing->setEnabled(false);
     find({});
+    ui::menus::closeWith(*this, widget.window());
     const QPoint top((widget.width() - sizeHint().width()) / 2, qRound(widget.height() * kHeight));
     m_top = widget.mapToGlobal(top);
     popup(m_top);

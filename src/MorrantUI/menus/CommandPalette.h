@@ -40,7 +40,8 @@ public:
     /// An action that is not listed, such as the one that opens the palette. Null for none.
     void leaveOut(const QAction* action) { m_leftOut = action; }
 
-    /// Opens empty-handed in the upper middle of a widget, usually a window.
+    /// Opens empty-handed in the upper middle of a widget, usually a window; closes when the
+    /// widget's window is hidden.
     void openOver(const QWidget& widget);
 
     /// What has been typed since it opened.

@@ -90,6 +90,7 @@ void ContextMenu::aboutToOpen()
     m_pressed = false;
     m_ledByKeys = false;
     ui::menus::limitToScreens(*this);
+    ui::menus::closeWith(*this, parentWidget() ? parentWidget()->window() : nullptr);
     ui::menus::updateRows(*this);
     const QList<QAction*> rows = actions();
     for (QAction* const row : rows) {

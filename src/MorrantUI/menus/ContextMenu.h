@@ -22,7 +22,8 @@ class WidgetMenuAction;
 /// lead into the buttons of a ContextMenuItemWidget first, Tab also through a WidgetMenuAction.
 ///
 /// Rows are actions of any kind; a ContextMenuItemWidget is a rich one. A menu that is longer than
-/// the screen scrolls. Actions, owner and menu may be deleted while it is open.
+/// the screen scrolls. Actions, owner and menu may be deleted while it is open; it closes when the
+/// owner's window is hidden.
 class MORRANT_UI_EXPORT ContextMenu : public QMenu
 {
     Q_OBJECT

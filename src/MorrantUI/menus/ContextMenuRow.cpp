@@ -286,6 +286,18 @@ void ContextMenuRow::arrange()
     }
 }
 
+/// What the widest menu of the narrowest screen has between its frames.
+int ContextMenuRow::roomInMenu() const
+{
+    const QWidget* const menu = parentWidget();
+    if (!menu) {
+        return QWIDGETSIZE_MAX;
+    }
+    const int frame = style()->pixelMetric(QStyle::PM_MenuPanelWidth, nullptr, menu)
+                      + style()->pixelMetric(QStyle::PM_MenuHMargin, nullptr, menu);
+    return menu->maximumWidth() - 2 * frame;
+}
+
 QSize ContextMenuRow::sizeHint() const
 {
     const QStyleOptionMenuItem option = this->option();
@@ -294,7 +306,8 @@ QSize ContextMenuRow::sizeHint() const
     const QSize plain = style()->sizeFromContents(QStyle::CT_MenuItem, &option, text, this);
     const int picture = pictureSize().height();
     const int pictured = picture > 0 ? picture + 2 * kPictureMargin : 0;
-    return {width, std::max({plain.height(), pictured, ui::rowHeight(*this)})};
+    return {
+        std::min(width, roomInMenu()), std::max({plain.height(), pictured, ui::rowHeight(*this)})};
 }
 
 QSize ContextMenuRow::minimumSizeHint() const

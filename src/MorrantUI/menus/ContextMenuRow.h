@@ -78,6 +78,7 @@ private:
     QStyleOptionMenuItem option() const;
     ui::menus::RowParts parts(const QStyleOptionMenuItem& option) const;
     QString shortcutText() const;
+    int roomInMenu() const;
     void paintCheckedGround(QPainter& painter, const QStyleOptionMenuItem& option) const;
     QList<RolloverButton*> shownButtons() const;
     QList<RolloverButton*> usableButtons() const;

@@ -20,6 +20,7 @@ WidgetMenu::WidgetMenu(QWidget* parent)
     connect(this, &QMenu::aboutToShow, this, [this] {
         m_heardMove = false;
         ui::menus::limitToScreens(*this);
+        ui::menus::closeWith(*this, parentWidget() ? parentWidget()->window() : nullptr);
         ui::menus::updateRows(*this);
     });
 }

@@ -3,6 +3,7 @@
 
 #include <MorrantUI/menus/WidgetMenuAction.h>
 #include <MorrantUI/menus/keyboardnavigation.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QActionEvent>
 #include <QApplication>
@@ -195,6 +196,21 @@ void closeAll(QMenu* menu)
         open->close();
         open = above;
     }
+}
+
+void closeWith(QMenu& menu, QWidget* window)
+{
+    if (!window || window->windowType() == Qt::Popup || menu.isVisible()) {
+        return; // menus close their submenus themselves; one that moves is watched already
+    }
+    const auto close = [&menu](QObject* /*watched*/, QEvent* event) {
+        if (event->type() == QEvent::Hide) {
+            menu.close();
+        }
+        return false;
+    };
+    QObject* const watch = ui::installEventFilter(window, close, &menu);
+    QObject::connect(&menu, &QMenu::aboutToHide, watch, &QObject::deleteLater);
 }
 
 void updateRows(const QMenu& menu)

@@ -52,6 +52,10 @@ QMenu* openerOf(const QMenu& menu);
 /// Closes a menu and those that it was opened from.
 void closeAll(QMenu* menu);
 
+/// Closes a menu that is about to open together with a window: its rows act on what lies there.
+/// Windows that are popups themselves, and null, are left alone.
+void closeWith(QMenu& menu, QWidget* window);
+
 /// What the widgets of a menu's rows hold may have changed since it was last open.
 void updateRows(const QMenu& menu);
 

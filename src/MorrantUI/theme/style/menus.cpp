@@ -15,7 +15,8 @@ namespace ui::style {
 namespace {
 
 constexpr double kPanelRadius = 6.0; ///< corners of menus and tool tips
-constexpr int kMenuShortText = 40;   ///< characters that fit into a row in any font
+constexpr int kMenuWideChar = 2;     ///< average ones, of a wide character in any font
+constexpr int kMenuMostChars = 400;  ///< that are measured: more than fit into a row
 
 QRect mirrored(const QStyleOption& option, const QRect& rect)
 {
@@ -94,12 +95,15 @@ void drawMark(const QStyleOptionMenuItem& item, QPainter& painter)
 QString shownText(const QStyleOptionMenuItem& item, int room)
 {
     const QString text = item.text.left(item.text.indexOf(QLatin1Char('\t')));
-    if (text.size() <= kMenuShortText) {
+    const int widest = widestMenuText(item.fontMetrics);
+    if (text.size() * kMenuWideChar * item.fontMetrics.averageCharWidth() <= widest) {
         return text; // which is not worth measuring
     }
-    const int most = std::min(room, widestMenuText(item.fontMetrics) + 1);
     return item.fontMetrics.elidedText(
-        text.left(10 * kMenuShortText), Qt::ElideRight, most, Qt::TextShowMnemonic);
+        text.left(kMenuMostChars),
+        Qt::ElideRight,
+        std::min(room, widest + 1),
+        Qt::TextShowMnemonic);
 }
 
 void drawTexts(const QStyleOptionMenuItem& item, QPainter& painter, const Context& context)

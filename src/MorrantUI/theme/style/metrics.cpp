@@ -2,6 +2,8 @@
 #include "MorrantUI/theme/style/metrics.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -16,6 +18,7 @@ constexpr int kToolButtonPadding = 3; ///< on each side
 constexpr int kFieldPadding = 6;      ///< beside a field's text
 constexpr int kTabPadding = 12;       ///< beside a tab's text
 constexpr int kMenuChars = 80;        ///< of average width, in a menu row's text
+constexpr int kMenuBesidesText = 180; ///< for marks, a long shortcut, arrow and frame
 
 constexpr int roundedToEven(double value)
 {
@@ -166,7 +169,11 @@ int menuTextOffset(const QStyleOption& option)
 
 int widestMenuText(const QFontMetrics& metrics)
 {
-    return kMenuChars * metrics.averageCharWidth();
+    int widest = kMenuChars * metrics.averageCharWidth();
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        widest = std::min(widest, screen->availableGeometry().width() - kMenuBesidesText);
+    }
+    return std::max(widest, 0);
 }
 
 } // namespace ui::style
