@@ -181,8 +181,14 @@ private Q_SLOTS:
         QTRY_VERIFY(!stage.panel->isOpen()); // the user has turned to another window
         auto* const mortal = new QWidget(&stage);
         mortal->show();
-        stage.panel->openAt(mortal);
-        QVERIFY(stage.panel->isOpen());
+        for (const bool isBackAtOnce : {false, true}) {
+            stage.panel->openAt(mortal);
+            mortal->move(0, 999); // out of sight
+            isBackAtOnce ? mortal->move(0, 0) : void();
+            QCoreApplication::processEvents();
+            QTRY_COMPARE(stage.panel->isOpen(), isBackAtOnce);
+            mortal->move(0, 0);
+        }
         delete mortal;
         QVERIFY(!stage.panel->isOpen());
         stage.panel->openAt(stage.button);

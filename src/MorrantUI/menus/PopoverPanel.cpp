@@ -27,6 +27,17 @@ namespace {
 constexpr int kPadding = 10; ///< logical pixels around the content
 constexpr double kEdge = 1.0;
 
+/// What everything that a widget lies in leaves to be seen of it, on screen; may be empty.
+QRect seenPart(const QWidget& widget)
+{
+    QRect seen({}, widget.size().expandedTo({1, 1}));
+    const QWidget* inner = &widget;
+    for (; !inner->isWindow(); inner = inner->parentWidget()) {
+        seen = seen.translated(inner->pos()) & inner->parentWidget()->rect();
+    }
+    return {inner->mapToGlobal(seen.topLeft()), seen.size()};
+}
+
 QSize roomFor(const QWidget& widget, QSize size)
 {
     if (widget.hasHeightForWidth()) {
@@ -134,6 +145,7 @@ void PopoverPanel::open()
         ui::belongsTo(m_anchor, this); // as of a parent in a panel within this one
     const QWidget* const over = m_anchor && !isCircle ? m_anchor->window() : nullptr;
     windowHandle()->setTransientParent(over ? over->windowHandle() : nullptr);
+    m_wasSeen = false;
     if (isVisible()) {
         follow();
         return;
@@ -267,7 +279,10 @@ void PopoverPanel::follow()
     if (m_anchorRect) {
         request.anchor = *m_anchorRect;
     } else if (m_anchor) {
-        request.anchor = {m_anchor->mapToGlobal(QPoint()), m_anchor->size()};
+        const QRect seen = seenPart(*m_anchor);
+        m_wasSeen = m_wasSeen || !seen.isEmpty();
+        request.anchor =
+            seen.isEmpty() ? QRect(m_anchor->mapToGlobal(QPoint()), m_anchor->size()) : seen;
     }
     if (const QScreen* screen = getClosestScreenAt(request.anchor.center())) {
         request.screen = screen->availableGeometry();
@@ -280,6 +295,24 @@ void PopoverPanel::follow()
         m_content->setGeometry(
             m_placement->body.adjusted(kPadding, kPadding, -kPadding, -kPadding));
     }
+}
+
+/// An anchor that is scrolled out of sight takes the panel along, unless it is back by the time
+/// that whoever moves it is through.
+void PopoverPanel::followSeenAnchor()
+{
+    const auto isLost = [this] {
+        return m_isWorking && m_wasSeen && m_anchor && seenPart(*m_anchor).isEmpty();
+    };
+    if (!isLost()) {
+        follow();
+        return;
+    }
+    QTimer::singleShot(0, this, [this, isLost] {
+        if (isLost()) {
+            dismiss();
+        }
+    });
 }
 
 void PopoverPanel::applyPlacement()
@@ -353,7 +386,7 @@ bool PopoverPanel::eventFilter(QObject* watched, QEvent* event)
     const auto* const widget = static_cast<QWidget*>(watched);
     if (widget == m_anchor || widget->isAncestorOf(m_anchor) || widget == m_anchor->window()) {
         if (moves) {
-            follow();
+            followSeenAnchor();
         } else {
             dismiss();
         }

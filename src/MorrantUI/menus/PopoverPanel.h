@@ -19,9 +19,10 @@ struct Placement;
 /// and goes away when the user turns to something else.
 ///
 /// It closes on Escape, on a press outside, when another window or another application becomes
-/// active, and when its anchor is hidden or dies. A press on the anchor itself only closes it, so
-/// that the button that opened it also closes it. Menus, dialogs and further popovers that are
-/// opened from inside belong to it and leave it open. No input is grabbed.
+/// active, and when its anchor is hidden, dies, or is scrolled out of sight. A press on the anchor
+/// itself only closes it, so that the button that opened it also closes it. Menus, dialogs and
+/// further popovers that are opened from inside belong to it and leave it open. No input is
+/// grabbed.
 ///
 /// While it is open it follows its anchor and the size of its content. It stays on the screen:
 /// where there is no room on the preferred side it goes to another and moves along the anchor,
@@ -92,6 +93,7 @@ private:
     void finish();
     void watchAnchor(QWidget* anchor);
     void follow();
+    void followSeenAnchor();
     void applyPlacement();
     void makeContent();
     void takeFocus();
@@ -112,5 +114,6 @@ private:
     QPointer<QWidget> m_windowBefore; ///< active when the panel was opened
     QPointer<QWidget> m_focusBefore;
     bool m_isWorking = false;     ///< between opened() and closed()
+    bool m_wasSeen = false;       ///< the anchor, since then
     bool m_isInterrupted = false; ///< it was the active window when a modal dialog came
 };
