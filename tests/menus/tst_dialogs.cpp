@@ -186,8 +186,11 @@ private Q_SLOTS:
             QTest::keyClick(field, Qt::Key_Return);
         });
         QCOMPARE(ui::getSpreadsheetLink(kTitle, {}), std::optional(QUrl(link)));
-        answerWith(Qt::Key_Escape);
-        QVERIFY(!ui::getSpreadsheetLink(kTitle, {}, QUrl(link)));
+        answerDialog([](QDialog& dialog) {
+            QCOMPARE(dialog.height(), dialog.layout()->totalHeightForWidth(dialog.width()));
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        QVERIFY(!ui::getSpreadsheetLink(kTitle, {}, QUrl(u"ftp://x"_qs)));
         const QUrl spaced(u"https://sheets.example.com/a%20b"_qs);
         answerWith(Qt::Key_Return);
         QCOMPARE(ui::getSpreadsheetLink(kTitle, {}, spaced), std::optional(spaced));

@@ -264,7 +264,7 @@ private Q_SLOTS:
 
     void lettersFindRowsBeforeTheyAreShortcuts()
     {
-        Garden garden(u"abc"_qs);
+        Garden garden(u"ab(c)"_qs);
         QVERIFY(QTest::qWaitForWindowActive(&garden.tree)); // shortcuts are of the active window
         QString shortcuts;
         for (const auto key : {Qt::Key_C, Qt::Key_Space, Qt::Key_Delete}) {
@@ -282,6 +282,13 @@ private Q_SLOTS:
         garden.key(Qt::Key_Delete);
         QCOMPARE(shortcuts, u"Space Del "_qs);
         QCOMPARE(removals.count(), 1);
+        garden.tree.clearFocus(); // and with it its ring
+        const QImage image = garden.tree.viewport()->grab().toImage();
+        const QRectF name = garden.tree.visualRect(garden.row(u"c"_qs));
+        const auto ground = [&](double x) {
+            return ui::test::pixelAt(image, {x, name.center().y()});
+        };
+        QCOMPARE(ground(name.left() + 0.5), ground(name.right() - 9.5)); // also where it begins
     }
 
     void aSwitchNeitherSelectsNorDrags()

@@ -191,6 +191,12 @@ ModalDialog::Button ModalDialog::getChoice(
     return chosen;
 }
 
+/// As wide as it will be: a narrower one would be given the height of texts that wrap more often.
+QSize ModalDialog::sizeHint() const
+{
+    return QDialog::sizeHint().expandedTo({minimumWidth(), 0});
+}
+
 void ModalDialog::setVisible(bool visible)
 {
     if (visible && !isVisible()) {

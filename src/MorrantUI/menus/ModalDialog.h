@@ -58,6 +58,8 @@ public:
         Button defaultButton,
         QWidget* parent = nullptr);
 
+    QSize sizeHint() const override;
+
 public Q_SLOTS:
     void done(int result) override;
     void setVisible(bool visible) override;

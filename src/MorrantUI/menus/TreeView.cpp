@@ -6,6 +6,7 @@
 #include "MorrantUI/menus/TreeMemory.h"
 #include "MorrantUI/menus/menusearch.h"
 #include "MorrantUI/menus/rowmoves.h"
+#include "MorrantUI/theme/style/shapes.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -43,6 +44,7 @@ bool removes(const QKeyEvent& key)
 }
 
 constexpr int kSwitchWidth = 24; ///< logical pixels
+constexpr int kRowCorner = 4;    ///< in which a row's round corner lies
 
 } // namespace
 
@@ -335,6 +337,28 @@ void TreeView::keyPressEvent(QKeyEvent* event)
     } else {
         QTreeView::keyPressEvent(event);
     }
+}
+
+/// The base draws the ground in two parts, before the item and below it: what it does at the row's
+/// beginning is cut off, so that the one below both shows its round corners.
+void TreeView::drawRow(
+    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const bool hasOneColumn = header()->count() - header()->hiddenSectionCount() == 1;
+    if (!hasOneColumn || !isEnabled() || !selectionModel()->isSelected(index)) {
+        QTreeView::drawRow(painter, option, index);
+        return;
+    }
+    QStyleOptionViewItem ground(option);
+    ground.rect = {0, option.rect.y(), viewport()->width(), option.rect.height()};
+    ground.viewItemPosition = QStyleOptionViewItem::OnlyOne;
+    ground.state |= QStyle::State_Selected;
+    style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &ground, painter, this);
+    const ui::style::PainterState state(*painter);
+    const bool leftToRight = layoutDirection() == Qt::LeftToRight;
+    const QMargins beginning(leftToRight ? kRowCorner : 0, 0, leftToRight ? 0 : kRowCorner, 0);
+    painter->setClipRect(ground.rect - beginning);
+    QTreeView::drawRow(painter, option, index);
 }
 
 void TreeView::paintEvent(QPaintEvent* event)

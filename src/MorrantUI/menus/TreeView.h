@@ -97,6 +97,10 @@ protected:
     /// Takes no notice of an editor that went with the rows of before.
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
+    /// Gives a selected row of one column one ground, from end to end.
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index)
+        const override;
+
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
