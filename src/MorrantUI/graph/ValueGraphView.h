@@ -96,7 +96,9 @@ Q_SIGNALS:
     /// Around what is one step of a history: a drag, a key, a click. When it starts, nothing may be
     /// deleted.
     void gestureStarted();
-    /// Keys may have been changed by a step of a gesture, also as Escape takes it back.
+    /// Keys may have been changed by a step of a gesture, also as Escape takes it back. What a slot
+    /// pushes back does not send it again; one that runs an event loop may get the next step inside
+    /// its own.
     void keysChanging();
     /// After the last step. @param changed false where all is as before
     void gestureEnded(bool changed);
