@@ -64,8 +64,10 @@
 #include <MorrantUI/docking/layouts/SpacerBar.h>
 #include <MorrantUI/docking/layouts/flowmath.h>
 #include <MorrantUI/docking/panelnavigation.h>
+#include <MorrantUI/docking/saving/LayoutFile.h>
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/NamedLayouts.h>
+#include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/docking/saving/savedlayouts.h>
 #include <MorrantUI/docking/tabs/TabBar.h>
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
@@ -75,6 +77,13 @@
 #include <MorrantUI/docking/tabs/tabgeometry.h>
 #include <MorrantUI/docking/tabs/tabnavigation.h>
 #include <MorrantUI/docking/tabs/tabreorder.h>
+#include <MorrantUI/documents/FilePage.h>
+#include <MorrantUI/documents/FileSaver.h>
+#include <MorrantUI/documents/FileTabs.h>
+#include <MorrantUI/documents/Recovery.h>
+#include <MorrantUI/documents/UnsavedKeeper.h>
+#include <MorrantUI/documents/questions.h>
+#include <MorrantUI/documents/savedfiles.h>
 #include <MorrantUI/graph/EasingEditor.h>
 #include <MorrantUI/graph/FixedGraphPointWidget.h>
 #include <MorrantUI/graph/FixedGraphScene.h>

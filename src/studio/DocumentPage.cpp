@@ -3,10 +3,11 @@
 
 #include "Viewport.h"
 #include "editing/DocumentEditor.h"
-#include "saving/documentfile.h"
+#include "lottie/reader.h"
+#include "saving/documentwriter.h"
+#include <MorrantUI/documents/savedfiles.h>
 #include <MorrantUI/timeline/playback.h>
 
-#include <QFileInfo>
 #include <QHash>
 #include <QVBoxLayout>
 
@@ -16,7 +17,7 @@
 namespace studio {
 
 DocumentPage::DocumentPage(QWidget* parent)
-    : QWidget(parent)
+    : FilePage(parent)
     , m_editor(new DocumentEditor(this))
     , m_viewport(new Viewport)
 {
@@ -26,6 +27,7 @@ DocumentPage::DocumentPage(QWidget* parent)
     setFocusProxy(m_viewport);
     connect(m_editor, &DocumentEditor::edited, m_viewport, qOverload<>(&QWidget::update));
     connect(m_editor, &DocumentEditor::clipChanged, m_viewport, qOverload<>(&QWidget::update));
+    connect(m_editor, &DocumentEditor::historyChanged, this, &FilePage::changed);
     connect(m_editor, &DocumentEditor::layersChanged, this, &DocumentPage::followLayers);
     connect(
         m_viewport,
@@ -43,32 +45,40 @@ DocumentPage::~DocumentPage()
 void DocumentPage::setDocument(
     std::shared_ptr<Document> document, const QString& title, const QString& path)
 {
-    m_title = title;
-    m_path = path;
-    m_fingerprint = studio::fingerprint(document->bytes);
+    const QByteArray fingerprint = ui::fingerprintOf(QByteArray::fromStdString(document->bytes));
     m_notDrawn = document->missing;
     layer = -1;
     dopeSheet = {};
     m_viewport->setFrame(ui::wholeFrames(document->inPoint, document->outPoint).first);
     m_editor->setDocument(std::move(document));
     m_viewport->setDocument(m_editor->document());
+    setFile(title, path, fingerprint);
 }
 
-void DocumentPage::setSaved(const QString& path, const QByteArray& fingerprint)
+bool DocumentPage::isModified() const
 {
-    if (m_path != path) {
-        m_path = path;
-        m_title = QFileInfo(path).completeBaseName();
-    }
-    m_fingerprint = fingerprint;
-    m_editor->setSaved();
-    Q_EMIT saved();
+    return m_editor->isModified();
 }
 
-void DocumentPage::setUnsaved(const QByteArray& fingerprint)
+std::optional<QByteArray> DocumentPage::contents()
 {
-    m_fingerprint = fingerprint;
-    m_editor->setUnsaved();
+    const auto bytes = write(*document());
+    return bytes ? std::optional(QByteArray::fromStdString(*bytes)) : std::nullopt;
+}
+
+bool DocumentPage::canBeRead(const QByteArray& contents) const
+{
+    return bool(read(contents.toStdString()));
+}
+
+void DocumentPage::finishEditing()
+{
+    m_editor->commit();
+}
+
+void DocumentPage::setModified(bool modified)
+{
+    modified ? m_editor->setUnsaved() : m_editor->setSaved();
 }
 
 const Document* DocumentPage::document() const

@@ -3,8 +3,7 @@
 
 #include "lottie/Document.h"
 #include "timeline/DopeSheetState.h"
-
-#include <QWidget>
+#include <MorrantUI/documents/FilePage.h>
 
 #include <memory>
 #include <vector>
@@ -15,7 +14,7 @@ class DocumentEditor;
 class Viewport;
 
 /// An open document: its history, its picture, and where its user is in it.
-class DocumentPage : public QWidget
+class DocumentPage : public FilePage
 {
     Q_OBJECT
 
@@ -28,15 +27,6 @@ public:
 
     /// Null until there is one.
     const Document* document() const;
-    const QString& title() const { return m_title; }
-    const QString& path() const { return m_path; }
-    /// Of what its file held when it was read or written last.
-    const QByteArray& fingerprint() const { return m_fingerprint; }
-    /// The document is now what a file holds, and no longer modified. Another file than before
-    /// gives it its name.
-    void setSaved(const QString& path, const QByteArray& fingerprint);
-    /// The document has changes that are not in its file, whose contents were others than it is.
-    void setUnsaved(const QByteArray& fingerprint);
     DocumentEditor& editor() { return *m_editor; }
     /// Its frame is the document's.
     Viewport& viewport() { return *m_viewport; }
@@ -48,9 +38,16 @@ public:
     /// What is not drawn: as read, and found while drawing.
     const std::vector<MissingFeature>& notDrawn() const { return m_notDrawn; }
 
+    bool isModified() const override;
+    std::optional<QByteArray> contents() override;
+    bool canBeRead(const QByteArray& contents) const override;
+    void finishEditing() override;
+
 Q_SIGNALS:
     void notDrawnChanged();
-    void saved(); ///< title and path may be others
+
+protected:
+    void setModified(bool modified) override;
 
 private:
     void followLayers();
@@ -58,9 +55,6 @@ private:
 
     DocumentEditor* m_editor;
     Viewport* m_viewport;
-    QString m_title;
-    QString m_path;
-    QByteArray m_fingerprint;
     std::vector<MissingFeature> m_notDrawn;
 };
 

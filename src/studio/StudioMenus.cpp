@@ -4,10 +4,9 @@
 #include "DocumentTabs.h"
 #include "StudioWindow.h"
 #include "Viewport.h"
-#include "Workspace.h"
 #include "commands.h"
 #include "editing/DocumentEditor.h"
-#include <MorrantUI/docking/tabs/TabBarHeader.h>
+#include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/menus/CommandPalette.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/NoticeStack.h>
@@ -41,6 +40,11 @@ StudioMenus::StudioMenus(StudioWindow& window)
     buildPlaybackMenu();
     buildViewMenu();
     ui::shareShortcuts(*window.menuBar()); // with floating panels
+}
+
+void StudioMenus::addPanels(const QList<QAction*>& panels)
+{
+    m_panels->addActions(panels);
 }
 
 void StudioMenus::addMenu(QMenu& menu)
@@ -124,20 +128,9 @@ void StudioMenus::buildViewMenu()
     m_editorActions += menu.actions();
     menu.addSeparator();
     m_panels = menu.addMenu(tr("&Panels"));
-    connect(m_panels, &QMenu::aboutToShow, this, &StudioMenus::showPanels);
     m_editorActions.append(m_panels->menuAction());
-    m_editorActions += addCommands(
-        menu,
-        {
-            {tr("&Next Document"),
-             {},
-             {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown},
-             [this] { m_window.documents().getHeader()->selectInTurn(1); }},
-            {tr("Pre&vious Document"),
-             {},
-             {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp},
-             [this] { m_window.documents().getHeader()->selectInTurn(-1); }},
-        });
+    menu.addActions(m_window.documents().turnActions());
+    m_editorActions += m_window.documents().turnActions();
     menu.addSeparator();
     const QList<QAction*> others = addCommands(
         menu,
@@ -154,10 +147,7 @@ void StudioMenus::buildViewMenu()
             {tr("&Command Palette…"),
              u"search"_qs,
              {Qt::CTRL | Qt::SHIFT | Qt::Key_P},
-             [this] {
-                 showPanels();
-                 m_palette->openOver(m_window);
-             }},
+             [this] { m_palette->openOver(m_window); }},
         });
     m_galleryAction = others.at(1);
     m_galleryAction->setCheckable(true);
@@ -182,25 +172,6 @@ void StudioMenus::addBackdrops(QMenu& menu)
     }
     m_backdrops = group->actions();
     menu.addActions(m_backdrops);
-}
-
-/// Panels come and go by many ways: this is what is there now.
-void StudioMenus::showPanels()
-{
-    const Workspace& workspace = m_window.workspace();
-    const bool isNew = m_panels->isEmpty();
-    for (std::size_t i = 0; i < workspace.panels().size(); ++i) {
-        const Workspace::Panel& panel = workspace.panels()[i];
-        if (isNew) {
-            QAction* action =
-                m_panels->addAction(ui::menuText(panel.name), this, [this, id = panel.id] {
-                    Workspace& panels = m_window.workspace();
-                    panels.setPanelOpen(id, !panels.isPanelOpen(id));
-                });
-            action->setCheckable(true);
-        }
-        m_panels->actions().at(static_cast<int>(i))->setChecked(workspace.isPanelOpen(panel.id));
-    }
 }
 
 void StudioMenus::fillViewportMenu(ContextMenu& menu) const

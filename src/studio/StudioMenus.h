@@ -27,6 +27,9 @@ public:
     /// Takes up the menu of a panel before that of playback.
     void addMenu(QMenu& menu);
 
+    /// Takes up the rows that open and close panels.
+    void addPanels(const QList<QAction*>& panels);
+
     const QList<QAction*>& history() const { return m_history; }
     QList<QAction*> playback() const;
     /// The first three have icons.
@@ -45,7 +48,6 @@ private:
     void buildPlaybackMenu();
     void buildViewMenu();
     void addBackdrops(QMenu& menu);
-    void showPanels();
 
     StudioWindow& m_window;
     CommandPalette* m_palette;

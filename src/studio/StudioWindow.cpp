@@ -3,25 +3,25 @@
 
 #include "AttributePanel.h"
 #include "DocumentPage.h"
-#include "DocumentSaver.h"
 #include "DocumentTabs.h"
 #include "LayerPanel.h"
 #include "MissingPanel.h"
 #include "NotesPanel.h"
 #include "StudioMenus.h"
-#include "UnsavedKeeper.h"
 #include "Viewport.h"
-#include "Workspace.h"
 #include "ZoomField.h"
 #include "commands.h"
-#include "discarding.h"
 #include "editing/DocumentEditor.h"
 #include "gallery/GalleryPage.h"
 #include "graph/GraphEditor.h"
 #include "lottie/Document.h"
 #include "lottie/reader.h"
 #include "timeline/DopeSheet.h"
-#include <MorrantUI/docking/saving/LayoutWatch.h>
+#include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/saving/LayoutFile.h>
+#include <MorrantUI/docking/saving/Workspace.h>
+#include <MorrantUI/documents/FileSaver.h>
+#include <MorrantUI/documents/UnsavedKeeper.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
@@ -36,11 +36,8 @@
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QMenu>
 #include <QMimeData>
-#include <QSaveFile>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -52,7 +49,6 @@ namespace studio {
 namespace {
 
 constexpr QSize kWindowSize(1440, 900); ///< until the user has given it another one
-constexpr QSize kFrameRoom(16, 40);     ///< logical pixels of a screen, for a window's frame
 
 QString titleOf(const Document& document, const QString& path)
 {
@@ -126,7 +122,9 @@ StudioWindow::StudioWindow(QWidget* parent)
     , m_transport(new TransportBar)
     , m_zoom(new ZoomField)
     , m_pages(new QStackedWidget)
+    , m_previousRoot(gMainWindow)
 {
+    gMainWindow = &m_workspace->root();
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
     setAcceptDrops(true);
 
@@ -159,6 +157,7 @@ StudioWindow::~StudioWindow()
     selectLayer(-1);
     m_documents->disconnect(this);
     m_workspace.reset();
+    gMainWindow = m_previousRoot;
 }
 
 void StudioWindow::addTransport()
@@ -181,7 +180,8 @@ void StudioWindow::addPanels()
     m_workspace->addPanel(u"attributes"_qs, m_attributes);
     m_workspace->addPanel(u"dopeSheet"_qs, m_dopeSheet);
     m_workspace->addPanel(u"graph"_qs, m_graph);
-    m_workspace->addPanel(u"transport"_qs, m_transport, Workspace::Header::Grip);
+    m_workspace->addPanel(u"transport"_qs, m_transport, Workspace::Kind::Bar);
+    m_menus->addPanels(m_workspace->panelActions());
 }
 
 void StudioWindow::offerMenus()
@@ -236,12 +236,12 @@ void StudioWindow::connectPanels()
     });
     connect(m_attributes, &AttributePanel::editingStarted, m_player, &PlaybackClock::pause);
     connect(m_documents, &DocumentTabs::currentChanged, this, &StudioWindow::showDocument);
-    connect(m_documents, &DocumentTabs::historyChanged, this, &StudioWindow::showHistory);
+    connect(m_documents, &DocumentTabs::currentEdited, this, &StudioWindow::showHistory);
     connect(m_documents, &DocumentTabs::restored, this, &StudioWindow::selectLayer);
     connect(m_documents, &DocumentTabs::scaleChanged, m_zoom, &ZoomField::setScale);
     connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFiles);
     connect(m_documents, &DocumentTabs::closing, this, &StudioWindow::finishEditing);
-    connect(&m_documents->saver(), &DocumentSaver::failed, this, &StudioWindow::fail);
+    connect(&m_documents->saver(), &FileSaver::failed, this, &StudioWindow::fail);
     // Its panel may float, where drops do not reach this window.
     m_documents->setAcceptDrops(true);
     ui::installEventFilter(
@@ -349,9 +349,10 @@ Viewport& StudioWindow::viewport()
 void StudioWindow::showDefaultLayout()
 {
     m_workspace->setDefaultLayout(contentsOf(u"style:layout.json"_qs));
-    const QString error = m_workspace->reset();
+    QString error;
+    const bool isUsable = m_workspace->reset(&error);
     resize(kWindowSize);
-    if (!error.isEmpty()) {
+    if (!isUsable) {
         const QString sentence = tr("The default layout cannot be used: %1.").arg(error);
         QMetaObject::invokeMethod(
             this, [this, sentence] { fail(sentence); }, Qt::QueuedConnection); // once we are heard
@@ -360,27 +361,14 @@ void StudioWindow::showDefaultLayout()
 
 void StudioWindow::keepLayoutIn(const QString& path)
 {
-    m_layoutFile = path;
-    m_layoutWatch = new LayoutWatch(this);
-    connect(m_layoutWatch, &LayoutWatch::settled, this, &StudioWindow::saveLayout);
-    connect(m_player, &PlaybackClock::loopingChanged, this, &StudioWindow::saveLayout);
-    if (!QFileInfo::exists(path)) {
-        resize(size().boundedTo(screen()->availableSize() - kFrameRoom));
-        return;
-    }
-    const QByteArray saved = contentsOf(path);
-    const QString error = m_workspace->setLayout(saved);
-    if (!error.isEmpty()) {
-        const QString kept = path + u".bad"_qs; // a new one will be written in its place
-        QFile::remove(kept);
-        QFile::copy(path, kept);
-        fail(tr("The layout in “%1” cannot be used: %2.")
-                 .arg(QDir::toNativeSeparators(path), error));
-        return;
-    }
-    const QJsonDocument kept = QJsonDocument::fromJson(saved);
-    restoreGeometry(QByteArray::fromBase64(kept[u"window"].toString().toLatin1()));
-    m_player->setLooping(kept[u"loop"].toBool(true));
+    const auto loop = u"loop"_qs;
+    m_layout = new LayoutFile(path, *m_workspace, *this);
+    connect(m_layout, &LayoutFile::failed, this, &StudioWindow::fail);
+    m_layout->restore();
+    m_player->setLooping(m_layout->value(loop).toBool(m_player->isLooping()));
+    connect(m_player, &PlaybackClock::loopingChanged, m_layout, [this, loop](bool looping) {
+        m_layout->setValue(loop, looping);
+    });
 }
 
 bool StudioWindow::keepUnsavedIn(const QString& folder)
@@ -388,9 +376,9 @@ bool StudioWindow::keepUnsavedIn(const QString& folder)
     m_unsaved = std::make_unique<UnsavedKeeper>(folder, *m_documents, this);
     connect(m_unsaved.get(), &UnsavedKeeper::failed, this, &StudioWindow::fail);
     QStringList titles;
-    const auto canBeRead = [](const std::string& bytes) { return bool(read(bytes)); };
-    for (UnsavedDocument& unsaved : m_unsaved->recovery().take(canBeRead)) {
-        ReadResult result = read(std::move(unsaved.bytes));
+    const auto canBeRead = [this](const QByteArray& bytes) { return page().canBeRead(bytes); };
+    for (const UnsavedDocument& unsaved : m_unsaved->recovery().take(canBeRead)) {
+        ReadResult result = read(unsaved.contents.toStdString());
         openDocument(
             std::make_shared<Document>(*std::move(result.document)), unsaved.title, unsaved.path);
         page().setUnsaved(unsaved.fingerprint);
@@ -414,29 +402,13 @@ bool StudioWindow::keepUnsavedIn(const QString& folder)
 void StudioWindow::putAway()
 {
     finishEditing();
-    if (!m_layoutFile.isEmpty()) {
-        saveLayout();
+    if (m_layout) {
+        m_layout->save();
     }
     editor().commit();
     const QString error = m_unsaved ? m_unsaved->keep() : QString();
     if (!error.isEmpty()) {
         fail(error);
-    }
-}
-
-void StudioWindow::saveLayout()
-{
-    m_layoutWatch->forget();
-    QJsonObject layout = m_workspace->layout();
-    layout[u"window"] = QString::fromLatin1(saveGeometry().toBase64());
-    layout[u"loop"] = m_player->isLooping();
-    const QByteArray json = QJsonDocument(layout).toJson();
-    QDir().mkpath(QFileInfo(m_layoutFile).path());
-    QSaveFile file(m_layoutFile);
-    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
-        if (!std::exchange(m_toldLayoutError, true)) { // it is tried again with every change
-            fail(tr("The layout was not saved: %1.").arg(file.errorString()));
-        }
     }
 }
 
@@ -451,31 +423,17 @@ void StudioWindow::changeEvent(QEvent* event)
 void StudioWindow::closeEvent(QCloseEvent* event)
 {
     finishEditing();
-    if (!mayQuit()) {
+    if (!m_documents->mayLeave(tr("Quit the studio?"))) {
         event->ignore();
         return;
     }
-    if (!m_layoutFile.isEmpty()) {
-        saveLayout();
+    if (m_layout) {
+        m_layout->save();
     }
     if (m_unsaved) {
         m_unsaved->forget();
     }
     QMainWindow::closeEvent(event);
-}
-
-bool StudioWindow::mayQuit()
-{
-    const QStringList changed = m_documents->changedTitles();
-    if (changed.isEmpty()) {
-        return true;
-    }
-    switch (askToLeave(tr("Quit the studio?"), unsavedText(changed), this)) {
-    case Leaving::Save: return m_documents->saveAll();
-    case Leaving::Discard: return true;
-    case Leaving::Stay: break;
-    }
-    return false;
 }
 
 void StudioWindow::selectLayer(int layer)

@@ -2,15 +2,19 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
-class LayoutWatch;
+class DockableGroup;
+class LayoutFile;
 class NoticeStack;
 class PlaybackClock;
 class QMimeData;
 class QStackedWidget;
 class TransportBar;
+class UnsavedKeeper;
+class Workspace;
 
 namespace studio {
 
@@ -24,9 +28,7 @@ class LayerPanel;
 class MissingPanel;
 class NotesPanel;
 class StudioMenus;
-class UnsavedKeeper;
 class Viewport;
-class Workspace;
 class ZoomField;
 struct Document;
 
@@ -61,7 +63,7 @@ public:
     /// Asks for files and opens them.
     void chooseFiles();
 
-    /// Saves the document in front with what is being typed, see DocumentSaver.
+    /// Saves the document in front with what is being typed, see FileSaver.
     bool save();
     bool saveAs();
 
@@ -117,7 +119,6 @@ private:
     void addTransport();
     void offerMenus();
     void showDefaultLayout();
-    void saveLayout();
     QString tryToOpen(const QString& path);
     DocumentPage& page() const;
     void showDocument();
@@ -125,7 +126,6 @@ private:
     bool takeDrop(QEvent& event);
     void showViewport();
     void finishEditing();
-    bool mayQuit();
 
     std::unique_ptr<Workspace> m_workspace; ///< in m_pages too, but dies before all others
     DocumentTabs* m_documents;
@@ -143,9 +143,8 @@ private:
     QWidget* m_gallery = nullptr; ///< made when first asked for
     StudioMenus* m_menus = nullptr;
     std::unique_ptr<UnsavedKeeper> m_unsaved; ///< null: changed documents are not kept
-    LayoutWatch* m_layoutWatch = nullptr;
-    QString m_layoutFile; ///< empty: the layout is not kept
-    bool m_toldLayoutError = false;
+    LayoutFile* m_layout = nullptr;           ///< null: the layout is not kept
+    QPointer<DockableGroup> m_previousRoot;   ///< gMainWindow before
 };
 
 } // namespace studio

@@ -2,10 +2,10 @@
 #include "pictures.h"
 
 #include "StudioWindow.h"
-#include "Workspace.h"
 #include "gallery/GalleryPage.h"
 #include "texts.h"
 #include <MorrantUI/docking/DockableWindow.h>
+#include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/timeline/PlaybackClock.h>
 
 #include <QCoreApplication>

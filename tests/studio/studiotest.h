@@ -3,11 +3,11 @@
 
 #include "StudioWindow.h"
 #include "Viewport.h"
-#include "Workspace.h"
 #include "editing/DocumentEditor.h"
 #include "lottietexts.h"
 #include "support/TestCase.h"
 #include "support/themes.h"
+#include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/theme/VisualDesignDark.h>
 #include <MorrantUI/timeline/PlaybackClock.h>

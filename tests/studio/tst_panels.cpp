@@ -71,9 +71,10 @@ private Q_SLOTS:
         OpenWindow window;
         QCOMPARE(menuRowsAt(window.viewport()).last(), u"&Backdrop"_qs);
         QCOMPARE(menuRowsAt(*window.findChild<LayerTree*>()).first(), u"&Rename -"_qs);
-        for (const Workspace::Panel& panel : window.workspace().panels()) {
-            window.workspace().setPanelOpen(panel.id, true);
-            QVERIFY2(menuRowsAt(*panel.content).size() > 1, qUtf8Printable(panel.id));
+        for (const QString& panel : window.workspace().panels()) {
+            window.workspace().setPanelOpen(panel, true);
+            QWidget& content = *window.workspace().content(panel);
+            QVERIFY2(menuRowsAt(content).size() > 1, qUtf8Printable(panel));
         }
     }
 

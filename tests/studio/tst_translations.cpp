@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "discarding.h"
 #include "gallery/GalleryPage.h"
 #include "gallery/IconSheet.h"
 #include "gallery/SwatchSheet.h"
 #include "studiotest.h"
+#include <MorrantUI/documents/questions.h>
 #include <MorrantUI/menus/dialogs.h>
 
 using namespace studio;
@@ -169,8 +169,8 @@ private Q_SLOTS:
                 + R"(,{"ty":2,"ip":0,"op":100,"nm":")" + name + R"("})")),
             QString(kMark));
         window.fail(window.document()->missing.front().feature);
-        for (const Workspace::Panel& panel : window.workspace().panels()) {
-            window.workspace().setPanelOpen(panel.id, true);
+        for (const QString& panel : window.workspace().panels()) {
+            window.workspace().setPanelOpen(panel, true);
             window.selectLayer(0);
             studio::test::settle();
             reader.read(window);
@@ -189,8 +189,8 @@ private Q_SLOTS:
     {
         const QString text(kMark);
         const std::vector<std::function<void()>> questions{
-            [&] { askToLeave(text, text, nullptr); },
-            [&] { askToOverwrite(text, text, nullptr); },
+            [&] { ui::askToLeave(text, text, nullptr); },
+            [&] { ui::askToOverwrite(text, text, nullptr); },
             [&] { ui::getStringInput(text, text); },
             [&] { ui::getIntegerInput(text, text, 1, 0, 10); },
             [&] { ui::getSpreadsheetLink(text, text, QUrl(u"ftp://x"_qs)); },

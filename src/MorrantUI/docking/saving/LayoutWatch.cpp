@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/saving/LayoutWatch.h"
 
+#include "MorrantUI/docking/docktree.h"
 #include <MorrantUI/docking/DockableGroup.h>
 
 #include <QEvent>
@@ -28,10 +29,10 @@ LayoutWatch::LayoutWatch(QWidget* window)
     if (window) {
         window->installEventFilter(this);
     }
-    if (gMainWindow) {
-        connect(gMainWindow, &DockableGroup::layoutChanged, &m_rest, qOverload<>(&QTimer::start));
-        gMainWindow->installEventFilter(this);
-        for (QObject* const child : gMainWindow->children()) {
+    if (DockableGroup* const root = ui::docking::mainWindow()) {
+        connect(root, &DockableGroup::layoutChanged, &m_rest, qOverload<>(&QTimer::start));
+        root->installEventFilter(this);
+        for (QObject* const child : root->children()) {
             child->installEventFilter(this);
         }
     }

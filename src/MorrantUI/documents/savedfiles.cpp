@@ -1,23 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "saving/documentfile.h"
+#include "MorrantUI/documents/savedfiles.h"
 
-#include "texts.h"
-
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
-namespace studio {
+namespace ui {
 
-QByteArray fingerprint(const std::string& bytes)
+QByteArray fingerprintOf(const QByteArray& bytes)
 {
-    const auto size = static_cast<qsizetype>(bytes.size());
-    return QCryptographicHash::hash(
-        QByteArray::fromRawData(bytes.data(), size), QCryptographicHash::Sha256);
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
 }
 
-FileState stateOf(const QString& path, const QByteArray& known)
+FileState fileState(const QString& path, const QByteArray& known)
 {
     QFile file(path);
     if (!QFileInfo::exists(path)) {
@@ -34,20 +31,22 @@ bool isOnDisk(const QString& path)
     return !path.isEmpty() && !path.startsWith(u':');
 }
 
-QString writeFile(const QString& path, const std::string& bytes)
+QString replaceFile(const QString& path, const QByteArray& bytes)
 {
     const QFileInfo info(path);
     const QString shown = QDir::toNativeSeparators(path);
     if (info.exists() && !info.isFile()) {
-        return tr("“%1” was not saved: it is not a file.").arg(shown);
+        return QCoreApplication::translate("ui::documents", "“%1” was not saved: it is not a file.")
+            .arg(shown);
     }
     // Written beside the file that a link leads to, not in the link's place.
     const QString target = info.exists() ? info.canonicalFilePath() : path;
     QSaveFile file(target);
-    const auto size = static_cast<qint64>(bytes.size());
     const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit();
-    return isWritten ? QString() : tr("“%1” was not saved: %2.").arg(shown, file.errorString());
+        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return isWritten ? QString()
+                     : QCoreApplication::translate("ui::documents", "“%1” was not saved: %2.")
+                           .arg(shown, file.errorString());
 }
 
-} // namespace studio
+} // namespace ui

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <MorrantUI/morrantui_export.h>
+
 #include <QByteArray>
 #include <QLockFile>
 #include <QString>
@@ -9,25 +11,23 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
-
-namespace studio {
 
 /// A document with changes that no file has.
 struct UnsavedDocument
 {
     QString title;
     QString path;           ///< of its file; empty for none
-    QByteArray fingerprint; ///< of what that file held, see stateOf()
-    std::string bytes;      ///< what the file would hold
+    QByteArray fingerprint; ///< of what that file held, see ui::fileState()
+    QByteArray contents;    ///< what the file would hold
 
     bool operator==(const UnsavedDocument&) const = default;
 };
 
 /// Keeps changed documents on disk where a program has to end without asking, for its next start.
-/// Each run keeps its own in a folder of its own, so that several at a time do not meet.
-class Recovery
+/// Each run keeps its own in a folder of its own, private to the user and locked while the run
+/// lasts, so that several at a time do not meet.
+class MORRANT_UI_EXPORT Recovery
 {
 public:
     /// @param folder of all runs, made when it is first needed
@@ -37,8 +37,8 @@ public:
     /// What runs that are over have left, which is this run's from now on and stays on disk until
     /// forget() or keep(). A folder in which anything cannot be read is nobody's and stays; one
     /// that was not finished goes with the others when there is anything in these.
-    /// @param isDocument whether bytes can be opened
-    std::vector<UnsavedDocument> take(const std::function<bool(const std::string&)>& isDocument);
+    /// @param isDocument whether contents can be opened; an empty function: all can
+    std::vector<UnsavedDocument> take(const std::function<bool(const QByteArray&)>& isDocument);
 
     /// The folders that the last take() could not read whole.
     const QStringList& unreadable() const { return m_unreadable; }
@@ -65,5 +65,3 @@ private:
     std::vector<Taken> m_taken;
     QStringList m_unreadable;
 };
-
-} // namespace studio

@@ -5,10 +5,10 @@
 
 #include <QPointer>
 
-namespace studio {
+namespace ui::docking {
 
-/// The window of a panel, named and titled as its content is. Dockable windows delete themselves
-/// when they are closed: this one then leaves its content to a shelf.
+/// The window of a workspace's panel, named and titled as its content is. Dockable windows delete
+/// themselves when they are closed: this one then leaves its content to a shelf.
 class PanelWindow : public DockableWindow
 {
     Q_OBJECT
@@ -22,4 +22,4 @@ private:
     QPointer<QWidget> m_shelf;
 };
 
-} // namespace studio
+} // namespace ui::docking

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "PanelWindow.h"
+#include "MorrantUI/docking/saving/PanelWindow.h"
 
-namespace studio {
+namespace ui::docking {
 
 PanelWindow::PanelWindow(const QString& id, QWidget* content, QWidget* shelf)
     : DockableWindow(content)
@@ -22,4 +22,4 @@ PanelWindow::~PanelWindow()
     }
 }
 
-} // namespace studio
+} // namespace ui::docking

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "discarding.h"
+#include "MorrantUI/documents/questions.h"
 
-#include "texts.h"
 #include <MorrantUI/menus/ModalDialog.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPointer>
 #include <QPushButton>
 
-namespace studio {
+namespace ui {
 
 namespace {
 
@@ -26,17 +25,19 @@ QString shortened(const QString& title)
 QString unsavedText(const QStringList& titles)
 {
     if (titles.size() == 1) {
-        return tr("“%1” has changes that are not saved.").arg(shortened(titles.first()));
+        return QCoreApplication::translate("ui::documents", "“%1” has changes that are not saved.")
+            .arg(shortened(titles.first()));
     }
-    QString text = tr("These documents have changes that are not saved:");
+    QString text = QCoreApplication::translate(
+        "ui::documents", "These documents have changes that are not saved:");
     for (const QString& title : titles.mid(0, kMostNamed)) {
-        text += u'\n' + tr("• %1").arg(shortened(title));
+        text += u'\n' + QCoreApplication::translate("ui::documents", "• %1").arg(shortened(title));
     }
     const auto more = static_cast<int>(titles.size() - kMostNamed);
-    return more > 0 ? text + u'\n'
-                          + QCoreApplication::translate(
-                              "studio::Discarding", "and %n more", nullptr, more)
-                    : text;
+    return more > 0
+               ? text + u'\n'
+                     + QCoreApplication::translate("ui::documents", "and %n more", nullptr, more)
+               : text;
 }
 
 Leaving askToLeave(const QString& question, const QString& text, QWidget* parent)
@@ -53,13 +54,16 @@ Leaving askToLeave(const QString& question, const QString& text, QWidget* parent
 Overwriting askToOverwrite(const QString& question, const QString& text, QWidget* parent)
 {
     // What the file holds now would be lost: that is what the button of discarding stands for.
-    const QPointer<ModalDialog> dialog = new ModalDialog(question, parent);
+    const QPointer<ModalDialog> dialog =
+        new ModalDialog(question, parent ? parent : QApplication::activeWindow());
     dialog->setText(text);
     dialog->setButtons(
         QDialogButtonBox::Save | QDialogButtonBox::Discard | QDialogButtonBox::Cancel,
         QDialogButtonBox::Cancel);
-    dialog->button(QDialogButtonBox::Save)->setText(tr("Save &As…"));
-    dialog->button(QDialogButtonBox::Discard)->setText(tr("&Overwrite"));
+    dialog->button(QDialogButtonBox::Save)
+        ->setText(QCoreApplication::translate("ui::documents", "Save &As…"));
+    dialog->button(QDialogButtonBox::Discard)
+        ->setText(QCoreApplication::translate("ui::documents", "&Overwrite"));
     dialog->exec();
     const auto chosen = dialog ? dialog->chosen() : QDialogButtonBox::Cancel;
     delete dialog.data(); // here, since the parent may go before the loop comes round
@@ -70,4 +74,4 @@ Overwriting askToOverwrite(const QString& question, const QString& text, QWidget
     }
 }
 
-} // namespace studio
+} // namespace ui

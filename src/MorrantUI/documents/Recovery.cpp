@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "saving/Recovery.h"
+#include "MorrantUI/documents/Recovery.h"
 
-#include "saving/documentfile.h"
-#include "texts.h"
+#include <MorrantUI/documents/savedfiles.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -15,12 +15,11 @@
 #include <iterator>
 #include <utility>
 
-namespace studio {
-
 namespace {
 
 constexpr QLatin1String kIndex("index.json");
 constexpr QLatin1String kLock("lock");
+constexpr QLatin1String kSuffix(".document");
 constexpr int kMostNames = 3;
 constexpr auto kOwn = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
@@ -30,7 +29,7 @@ QByteArray contentsOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-using IsDocument = std::function<bool(const std::string&)>;
+using IsDocument = std::function<bool(const QByteArray&)>;
 
 /// Nothing where anything of a folder cannot be read.
 std::optional<std::vector<UnsavedDocument>> documentsIn(
@@ -44,13 +43,14 @@ std::optional<std::vector<UnsavedDocument>> documentsIn(
             entry[u"title"].toString(),
             entry[u"path"].toString(),
             QByteArray::fromBase64(entry[u"fingerprint"].toString().toLatin1()),
-            contentsOf(folder.filePath(file)).toStdString()};
-        if (!isDocument(document.bytes)) {
+            contentsOf(folder.filePath(file))};
+        if (isDocument && !isDocument(document.contents)) {
             return std::nullopt;
         }
         documents.push_back(std::move(document));
     }
-    const bool isWhole = !documents.empty() || folder.entryList({u"*.json"_qs}).isEmpty();
+    const bool isWhole =
+        !documents.empty() || folder.entryList({kIndex, u'*' + kSuffix}, QDir::Files).isEmpty();
     return isWhole ? std::optional(std::move(documents)) : std::nullopt;
 }
 
@@ -66,8 +66,8 @@ QString write(const QDir& folder, const std::vector<UnsavedDocument>& documents)
 {
     QJsonArray index;
     for (const UnsavedDocument& document : documents) {
-        const QString file = QStringLiteral("%1.json").arg(index.size() + 1);
-        const QString error = writeFile(folder.filePath(file), document.bytes);
+        const QString file = QString::number(index.size() + 1) + kSuffix;
+        const QString error = ui::replaceFile(folder.filePath(file), document.contents);
         if (!error.isEmpty()) {
             return error;
         }
@@ -77,12 +77,13 @@ QString write(const QDir& folder, const std::vector<UnsavedDocument>& documents)
             {QStringLiteral("path"), document.path},
             {QStringLiteral("fingerprint"), QString::fromLatin1(document.fingerprint.toBase64())}});
     }
-    return writeFile(folder.filePath(kIndex), QJsonDocument(index).toJson().toStdString());
+    return ui::replaceFile(folder.filePath(kIndex), QJsonDocument(index).toJson());
 }
 
 QString notKeptIn(const QString& folder)
 {
-    return tr("Unsaved changes cannot be kept in “%1”.").arg(QDir::toNativeSeparators(folder));
+    return QCoreApplication::translate("Recovery", "Unsaved changes cannot be kept in “%1”.")
+        .arg(QDir::toNativeSeparators(folder));
 }
 
 } // namespace
@@ -177,5 +178,3 @@ void Recovery::drop(std::vector<Taken> taken)
         QDir(one.folder).removeRecursively();
     }
 }
-
-} // namespace studio

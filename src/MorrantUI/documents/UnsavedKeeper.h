@@ -1,31 +1,34 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "saving/Recovery.h"
+#include <MorrantUI/documents/Recovery.h>
+#include <MorrantUI/morrantui_export.h>
 
+#include <QObject>
+#include <QPointer>
 #include <QTimer>
 
-namespace studio {
-
-class DocumentTabs;
+class FileTabs;
 
 /// Keeps the changed documents of a window on disk some seconds after a change, lest the program
-/// crashes.
-class UnsavedKeeper : public QObject
+/// crashes; large ones less often, so that their user is not held up.
+class MORRANT_UI_EXPORT UnsavedKeeper : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Begins to do so. @param documents must outlive it
-    UnsavedKeeper(const QString& folder, DocumentTabs& documents, QObject* parent = nullptr);
+    /// Begins to do so, until the tabs die.
+    /// @param folder of the program's own, for all its runs
+    UnsavedKeeper(const QString& folder, FileTabs& documents, QObject* parent = nullptr);
     ~UnsavedKeeper() override;
 
+    /// Where they are kept, and where those that a crash has left are taken from.
     Recovery& recovery() { return m_recovery; }
 
     /// Keeps them now. @return what went wrong, a sentence for the user; what was kept before is
     /// then still there
     QString keep();
-    /// Nothing needs to be recovered any more.
+    /// Nothing needs to be recovered any more: for an end that the user has agreed to.
     void forget();
 
 Q_SIGNALS:
@@ -35,9 +38,7 @@ private:
     void keepInTime();
 
     Recovery m_recovery;
-    DocumentTabs& m_documents;
+    QPointer<FileTabs> m_documents;
     QTimer m_wait{this}; ///< runs while changes wait
     bool m_hasFailed = false;
 };
-
-} // namespace studio

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "UnsavedKeeper.h"
+#include "MorrantUI/documents/UnsavedKeeper.h"
 
-#include "DocumentTabs.h"
+#include <MorrantUI/documents/FileTabs.h>
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
 
 #include <algorithm>
 #include <utility>
-
-namespace studio {
 
 namespace {
 
@@ -18,15 +16,15 @@ constexpr qint64 kShare = 50;   ///< times as long as it takes, at least
 
 } // namespace
 
-UnsavedKeeper::UnsavedKeeper(const QString& folder, DocumentTabs& documents, QObject* parent)
+UnsavedKeeper::UnsavedKeeper(const QString& folder, FileTabs& documents, QObject* parent)
     : QObject(parent)
     , m_recovery(folder)
-    , m_documents(documents)
+    , m_documents(&documents)
 {
     m_wait.setSingleShot(true);
     m_wait.setInterval(kDelay);
     connect(&m_wait, &QTimer::timeout, this, &UnsavedKeeper::keepInTime);
-    connect(&documents, &DocumentTabs::unsavedChanged, this, [this] {
+    connect(&documents, &FileTabs::unsavedChanged, this, [this] {
         if (!m_wait.isActive()) { // who changes something all the time has it kept too
             m_wait.start();
         }
@@ -37,7 +35,10 @@ UnsavedKeeper::~UnsavedKeeper() = default;
 
 QString UnsavedKeeper::keep()
 {
-    const auto documents = m_documents.unsaved();
+    if (!m_documents) {
+        return {};
+    }
+    const auto documents = m_documents->unsaved();
     return documents ? m_recovery.keep(*documents)
                      : tr("Unsaved changes cannot be kept: a document cannot be written.");
 }
@@ -66,5 +67,3 @@ void UnsavedKeeper::keepInTime()
         Q_EMIT failed(error);
     }
 }
-
-} // namespace studio

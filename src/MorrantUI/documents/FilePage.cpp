@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "MorrantUI/documents/FilePage.h"
+
+#include <QFileInfo>
+
+FilePage::FilePage(QWidget* parent)
+    : QWidget(parent)
+{}
+
+FilePage::~FilePage() = default;
+
+void FilePage::setFile(const QString& title, const QString& path, const QByteArray& fingerprint)
+{
+    m_title = title;
+    m_path = path;
+    m_fingerprint = fingerprint;
+    Q_EMIT changed(); // so that it is shown under its name
+    Q_EMIT documentSet();
+}
+
+void FilePage::setSaved(const QString& path, const QByteArray& fingerprint)
+{
+    if (m_path != path) {
+        m_path = path;
+        m_title = QFileInfo(path).completeBaseName();
+    }
+    m_fingerprint = fingerprint;
+    setModified(false);
+    Q_EMIT changed();
+}
+
+void FilePage::setUnsaved(const QByteArray& fingerprint)
+{
+    m_fingerprint = fingerprint;
+    setModified(true);
+    Q_EMIT changed();
+}
+
+bool FilePage::canBeRead(const QByteArray&) const
+{
+    return true;
+}

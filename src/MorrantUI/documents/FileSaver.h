@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class FilePage;
+class QWidget;
+
+/// Saves documents into their files, and asks where to and over what. What cannot be saved stays
+/// modified, and failed() says why. A file is replaced as a whole, or left as it was.
+class MORRANT_UI_EXPORT FileSaver : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param parent over whose window it asks; owns it
+    explicit FileSaver(QWidget* parent);
+    ~FileSaver() override;
+
+    /// What kind of file the user is offered.
+    /// @param filter as QFileDialog has them; empty for all files
+    /// @param suffix that a name without one gets, such as "json"; empty for none
+    void setFileType(const QString& filter, const QString& suffix);
+
+    /// How the user is asked for a path, by default in a file dialog, which also asks before an
+    /// existing file is taken. An empty path is none. An empty function: as by default.
+    using ChoosePath = std::function<QString(const QString& suggested)>;
+    void setChoosePath(ChoosePath choose) { m_choosePath = std::move(choose); }
+
+    /// Whether a file belongs to another document, which refuses saveAs(); by default none does.
+    using IsTaken = std::function<bool(const FilePage& page, const QString& path)>;
+    void setIsTaken(IsTaken isTaken) { m_isTaken = std::move(isTaken); }
+
+    /// Saves a document where it comes from; one that comes from no file as saveAs() does. When the
+    /// file is not what was read from it or written to it last, asks first.
+    /// @return whether it was saved; the page may have been deleted meanwhile, which saves nothing
+    bool save(FilePage& page);
+    /// Asks for a file, which from then on is the document's.
+    bool saveAs(FilePage& page);
+
+Q_SIGNALS:
+    /// One sentence for the user.
+    void failed(const QString& sentence);
+
+private:
+    QWidget* window() const;
+    QString suggestionFor(const FilePage& page) const;
+    QString askForPath(const QString& suggested);
+    bool writeTo(FilePage& page, const QString& path);
+
+    QString m_filter;
+    QString m_suffix;
+    ChoosePath m_choosePath;
+    IsTaken m_isTaken;
+};

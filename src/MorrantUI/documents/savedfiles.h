@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <MorrantUI/morrantui_export.h>
+
+#include <QByteArray>
+#include <QString>
+
+/// Files that a program replaces, and that others may have changed meanwhile.
+namespace ui {
+
+/// Tells whether bytes are the same ones.
+MORRANT_UI_EXPORT QByteArray fingerprintOf(const QByteArray& bytes);
+
+enum class FileState
+{
+    Known,   ///< it holds what it held
+    Changed, ///< by others
+    Gone,
+};
+
+/// @param known the fingerprint of what the file held when we last read or wrote it
+MORRANT_UI_EXPORT FileState fileState(const QString& path, const QByteArray& known);
+
+/// Whether a file can be saved there at all: not an empty path, and not among the program's own
+/// resources.
+MORRANT_UI_EXPORT bool isOnDisk(const QString& path);
+
+/// Replaces a file as a whole, or leaves it as it was. A link is followed, and the file keeps its
+/// permissions.
+/// @return one sentence for the user, empty when all went well
+MORRANT_UI_EXPORT QString replaceFile(const QString& path, const QByteArray& bytes);
+
+} // namespace ui

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "docking/DockTree.h"
+#include "support/TestCase.h"
+#include <MorrantUI/docking/saving/LayoutFile.h>
+#include <MorrantUI/docking/saving/LayoutWatch.h>
+#include <MorrantUI/docking/saving/Workspace.h>
+#include <MorrantUI/docking/saving/savedlayouts.h>
+
+using ui::test::settle;
+
+namespace {
+
+/// Two columns, of which the left one has tabs, above a bar.
+const QByteArray kDefault = QByteArrayLiteral(
+    R"({"version":1,"root":{"type":"group","orientation":"vertical","children":[)"
+    R"({"type":"group","orientation":"horizontal","sizes":[200,400],"children":[)"
+    R"({"type":"tabGroup","active":0,"children":[{"type":"panel","panel":"layers"},)"
+    R"({"type":"panel","panel":"notes"}]},{"type":"panel","panel":"view"}]},)"
+    R"({"type":"panel","panel":"bar"}]}})");
+
+struct Host : QWidget
+{
+    Host()
+    {
+        gMainWindow = &panels.root();
+        for (const QString& id : {u"layers"_qs, u"notes"_qs, u"view"_qs, u"bar"_qs}) {
+            auto* content = new QWidget;
+            content->setMinimumSize(50, 20);
+            content->setWindowTitle(u"The &"_qs + id);
+            panels.addPanel(
+                id, content, id == u"bar" ? Workspace::Kind::Bar : Workspace::Kind::Panel);
+        }
+        panels.setDefaultLayout(kDefault);
+        panels.reset();
+        (new QVBoxLayout(this))->addWidget(&panels);
+        resize(640, 480);
+    }
+
+    void open()
+    {
+        show();
+        settle();
+    }
+    DockableWindow& window(const QString& id) { return *panels.windowOf(id); }
+    void setOpen(const QString& id, bool open)
+    {
+        panels.setPanelOpen(id, open);
+        settle();
+    }
+    /// In the order of the tree, then those that float.
+    static QString order()
+    {
+        QStringList names;
+        for (const DockableWindow* panel : ui::allPanels()) {
+            names.append(panel->objectName());
+        }
+        return names.join(u' ');
+    }
+
+    Workspace panels;
+};
+
+} // namespace
+
+class WorkspaceTest : public ui::test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aClosedPanelComesBackToItsPlaceAndActionsFollow()
+    {
+        Host host;
+        host.open();
+        const QStringList ids = host.panels.panels();
+        for (const QString& id : ids) {
+            host.setOpen(id, false);
+            host.setOpen(id, true);
+            QCOMPARE(Host::order(), u"layers notes view bar"_qs);
+        }
+        const auto actions = host.panels.panelActions();
+        QCOMPARE(actions[1]->text(), u"The &&notes"_qs);
+        for (const bool open : {false, true}) { // also into a tree without any panel
+            for (int i = 0; i < ids.size(); ++i) {
+                actions[i]->trigger();
+                settle();
+                QCOMPARE(host.panels.content(ids[i])->isVisible(), open);
+            }
+        }
+        for (const auto* group : gMainWindow->findChildren<DockableGroup*>()) {
+            QVERIFY(group->childCount() > 1); // nothing is left in an empty band
+        }
+        for (const bool floats : {false, true}) { // by other hands
+            DockableWindow& notes = host.window(u"notes"_qs);
+            floats ? notes.undock(true) : notes.undockAndClose();
+            floats ? void(notes.close()) : settle();
+            settle();
+            QVERIFY(!actions[1]->isChecked() && host.panels.reset() && actions[1]->isChecked());
+        }
+    }
+
+    void aPanelGoesWithItsContentAndBadOnesAreIgnored()
+    {
+        Host host;
+        host.open();
+        delete host.panels.content(u"layers"_qs);
+        settle();
+        QCOMPARE(host.panels.panelActions().size(), 3);
+        QCOMPARE(Host::order(), u"notes view bar"_qs);
+        host.panels.addPanel(u"view"_qs, &host);
+        host.panels.addPanel({}, &host);
+        host.panels.addPanel(u"none"_qs, nullptr);
+        host.setOpen(u"none"_qs, true);
+        QCOMPARE(host.panels.panels().size(), 3);
+        gMainWindow = nullptr;
+        QVERIFY(!host.panels.reset());
+        const auto line = u"warning: A workspace arranges nothing: its root is not gMainWindow"_qs;
+        QCOMPARE(ui::test::LogSink::take(), QStringList(line));
+    }
+
+    void aFloatingGroupHidesWithTheWorkspaceAndKeepsItsPanelsWhenClosed()
+    {
+        Host host;
+        host.open();
+        QWidget* const content = host.panels.content(u"layers"_qs);
+        host.window(u"view"_qs).undock(true);
+        DockableWindow* group =
+            host.window(u"view"_qs).dockInArea(&host.window(u"layers"_qs), DockableArea::Center);
+        for (const bool shown : {false, true}) {
+            host.panels.setVisible(shown);
+            QVERIFY(group->isVisible() == shown && ui::floatingWindows().size() == 1);
+        }
+        QVERIFY(group->close());
+        settle();
+        const QJsonValue closed = QJsonDocument::fromJson(host.panels.layout())[u"closed"];
+        QCOMPARE(closed, QJsonValue(QJsonArray{u"layers"_qs, u"view"_qs}));
+        host.setOpen(u"layers"_qs, true);
+        QCOMPARE(host.window(u"layers"_qs).content(), content);
+    }
+
+    void aPanelThatALayoutDoesNotMentionComesToItsPlace()
+    {
+        Host host;
+        host.open();
+        const QByteArray former = QByteArrayLiteral(
+            R"({"version":1,"closed":["bar"],"root":{"type":"group","children":[)"
+            R"({"type":"panel","panel":"view"},{"type":"panel","panel":"layers"}]}})");
+        for (const bool open : {false, true}) {
+            host.setOpen(u"notes"_qs, open);
+            QVERIFY(host.panels.setLayout(former));
+            settle();
+            QCOMPARE(Host::order(), u"view layers notes"_qs);
+        }
+        QString error;
+        QVERIFY(!host.panels.setLayout("{", &error) && !error.isEmpty() && host.panels.reset());
+        QCOMPARE(Host::order(), u"layers notes view bar"_qs);
+    }
+
+    void aLayoutFileKeepsTheArrangementTheWindowAndValues()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"new/layout.json"_qs);
+        QByteArray before;
+        for (int run = 0; run < 3; ++run) {
+            Host host;
+            LayoutFile file(path, host.panels, host);
+            file.save(); // not before it was read
+            QCOMPARE(QFile::exists(path), run > 0);
+            QSignalSpy failed(&file, &LayoutFile::failed);
+            file.restore();
+            host.panels.setHidden(run == 1); // its panels never get a size
+            host.open();
+            if (run == 0) {
+                host.resize(560, 420);
+                host.window(u"view"_qs).dockInArea(&host.window(u"notes"_qs), DockableArea::Bottom);
+                host.window(u"layers"_qs).undock(true);
+                host.window(u"layers"_qs).setGeometry(50, 60, 300, 200);
+                host.setOpen(u"bar"_qs, false);
+                before = host.panels.layout();
+                file.setValue(u"loop"_qs, 7);
+                file.setValue(u"root"_qs, 7); // no host's own
+                ui::test::FakeClock(host.findChild<LayoutWatch*>()).fireTimers(ui::kLayoutRest);
+            } else if (run == 1) {
+                file.save();
+            } else {
+                QCOMPARE(host.panels.layout(), before);
+                QCOMPARE(host.size(), QSize(560, 420));
+            }
+            QVERIFY(failed.isEmpty() && file.value(u"loop"_qs) == QJsonValue(7));
+        }
+    }
+
+    void aBadLayoutFileIsToldOnceAndReplaced()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"layout.json"_qs);
+        QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+        Host host;
+        host.open();
+        for (const QString& bad : {path, path + u"/x/layout.json"_qs}) {
+            LayoutFile file(bad, host.panels, host);
+            QSignalSpy failed(&file, &LayoutFile::failed);
+            file.restore();
+            file.save();
+            file.save();
+            QCOMPARE(failed.size(), 1);
+        }
+        QVERIFY(QFile::exists(path + u".bad"_qs) && QFileInfo(path).size() > 0);
+    }
+};
+
+const ui::test::Registration<WorkspaceTest> kRegistration;
+
+#include "tst_workspace.moc"
