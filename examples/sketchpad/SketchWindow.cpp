@@ -4,7 +4,8 @@
 #include "RosettePanel.h"
 #include "RosetteView.h"
 #include <MorrantUI/docking/DockableGroup.h>
-#include <MorrantUI/docking/saving/savedlayouts.h>
+#include <MorrantUI/docking/saving/LayoutFile.h>
+#include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/menus/ModalDialog.h>
 #include <MorrantUI/menus/dialogs.h>
 #include <MorrantUI/menus/hostmenus.h>
@@ -18,24 +19,17 @@
 #include <QMenuBar>
 #include <QUndoView>
 
-namespace {
-
-const QString kLayoutKey = QStringLiteral("layout");
-const QString kGeometryKey = QStringLiteral("geometry");
-
-} // namespace
-
-SketchWindow::SketchWindow()
+SketchWindow::SketchWindow(const QString& layoutFile)
     : m_document({.name = tr("Rosette"), .color = ui::colorQt(QStringLiteral("Accent1"))})
-    , m_root(std::make_unique<DockableGroup>())
+    , m_panels(std::make_unique<Workspace>())
 {
     morrant::native::setDarkTitleBar(this);
     addPanels();
     addMenus();
     resize(900, 600);
     // [restore]
-    restoreGeometry(m_settings.value(kGeometryKey).toByteArray());
-    ui::restoreLayout(m_settings.value(kLayoutKey).toByteArray()); // all panels are there
+    m_layout = new LayoutFile(layoutFile, *m_panels, *this); // a path of yours
+    m_layout->restore();
     // [restore]
 
     const auto showTitle = [this] { setWindowTitle(m_document.rosette().name); };
@@ -45,32 +39,28 @@ SketchWindow::SketchWindow()
 
 SketchWindow::~SketchWindow() = default;
 
-DockableWindow* SketchWindow::addPanel(const QString& id, const QString& title, QWidget* content)
+void SketchWindow::addPanel(const QString& id, const QString& title, QWidget* content)
 {
-    auto* panel = new DockableWindow(content);
-    panel->setObjectName(id);
-    panel->setText(title);
-    panel->setAttribute(Qt::WA_DeleteOnClose, false); // closed, it can be shown again
-    return panel;
+    content->setWindowTitle(title);
+    m_panels->addPanel(id, content);
+    m_panels->setPanelOpen(id, true);
 }
 
 void SketchWindow::addPanels()
 {
     // [window]
-    m_root->setAttribute(Qt::WA_DeleteOnClose, false);
-    gMainWindow = m_root.get(); // a std::unique_ptr: it goes before the window around it
-    setCentralWidget(m_root.get());
-    // [window]
+    gMainWindow = &m_panels->root(); // a std::unique_ptr: it goes before the window around it
+    setCentralWidget(m_panels.get());
 
     m_view = new RosetteView(m_document);
     m_panel = new RosettePanel(m_document);
-    DockableWindow* drawing = addPanel(QStringLiteral("drawing"), tr("Drawing"), m_view);
-    DockableWindow* attributes = addPanel(QStringLiteral("attributes"), tr("Attributes"), m_panel);
-    DockableWindow* history =
-        addPanel(QStringLiteral("history"), tr("History"), new QUndoView(&m_document.history()));
-    m_root->dockInArea(drawing, DockableArea::Left);
-    drawing->dockInArea(attributes, DockableArea::Right);
-    attributes->dockInArea(history, DockableArea::Bottom);
+    addPanel(QStringLiteral("drawing"), tr("Drawing"), m_view);
+    addPanel(QStringLiteral("attributes"), tr("Attributes"), m_panel);
+    addPanel(QStringLiteral("history"), tr("History"), new QUndoView(&m_document.history()));
+    m_panels->windowOf(QStringLiteral("attributes"))
+        ->dockInArea(m_panels->windowOf(QStringLiteral("history")), DockableArea::Bottom);
+    m_panels->setDefaultLayout(m_panels->layout());
+    // [window]
 }
 
 void SketchWindow::addMenus()
@@ -87,13 +77,12 @@ void SketchWindow::addMenus()
     redo->setShortcut(QKeySequence::Redo);
     edit->addActions({undo, redo});
 
+    // [panels]
     QMenu* panels = menuBar()->addMenu(tr("&Panels"));
-    const QByteArray standard = ui::saveLayout();
-    for (DockableWindow* panel : ui::allPanels()) {
-        panels->addAction(panel->getText(), panel, [panel, standard] {
-            ui::dockAsInLayout(panel, standard); // nothing for one that is docked
-        });
-    }
+    panels->addActions(m_panels->panelActions());
+    panels->addSeparator();
+    panels->addAction(tr("&Reset"), this, [this] { m_panels->reset(); });
+    // [panels]
     ui::shareShortcuts(*menuBar()); // in floating panels too
 }
 
@@ -141,10 +130,9 @@ void SketchWindow::exportTo(const QString& path)
 void SketchWindow::closeEvent(QCloseEvent* event)
 {
     // [close]
-    event->setAccepted(m_root->mayClose());
+    event->setAccepted(m_panels->root().mayClose());
     if (event->isAccepted()) {
-        m_settings.setValue(kGeometryKey, saveGeometry());
-        m_settings.setValue(kLayoutKey, ui::saveLayout());
+        m_layout->save(); // the last change may be less than half a second old
     }
     // [close]
 }

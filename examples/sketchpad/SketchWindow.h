@@ -4,14 +4,13 @@
 #include "Document.h"
 
 #include <QMainWindow>
-#include <QSettings>
 
 #include <memory>
 
-class DockableGroup;
-class DockableWindow;
+class LayoutFile;
 class RosettePanel;
 class RosetteView;
+class Workspace;
 
 /// The window of the sketchpad: drawing, attributes and history, which the user arranges as he
 /// likes. The arrangement is kept between runs.
@@ -20,7 +19,8 @@ class SketchWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    SketchWindow();
+    /// @param layoutFile where the arrangement is kept
+    explicit SketchWindow(const QString& layoutFile);
     ~SketchWindow() override;
 
     Document& document() { return m_document; }
@@ -36,14 +36,14 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    DockableWindow* addPanel(const QString& id, const QString& title, QWidget* content);
+    void addPanel(const QString& id, const QString& title, QWidget* content);
     void addPanels();
     void addMenus();
     void chooseExport();
 
-    QSettings m_settings;
     Document m_document;
-    std::unique_ptr<DockableGroup> m_root; ///< goes before the window around it
+    std::unique_ptr<Workspace> m_panels; ///< goes before the window around it
+    LayoutFile* m_layout = nullptr;
     RosettePanel* m_panel = nullptr;
     RosetteView* m_view = nullptr;
 };

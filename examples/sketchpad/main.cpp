@@ -5,6 +5,7 @@
 #include <MorrantUI/theme/VisualDesignDark.h>
 
 #include <QApplication>
+#include <QStandardPaths>
 
 /// sketchpad [--once]: draws a rosette; --once uses it without a user, for the tests.
 int main(int argc, char** argv)
@@ -20,7 +21,9 @@ int main(int argc, char** argv)
         theme.setUsePointerLock(false); // pressed by the program, the pointer stays where it is
         return selfCheck() ? 0 : 1;
     }
-    SketchWindow window;
+    SketchWindow window(
+        QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
+        + QStringLiteral("/layout.json"));
     window.show();
     return QApplication::exec();
 }

@@ -150,15 +150,14 @@ bool thePanelsStay(SketchWindow& window)
 
 bool selfCheck()
 {
-    const QTemporaryDir settings;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    const QTemporaryDir folder;
+    const QString layout = folder.filePath(QStringLiteral("layout.json"));
     const NotificationService service;
 
     QByteArray left;
     bool good = true;
     {
-        SketchWindow window;
+        SketchWindow window(layout);
         window.show();
         QCoreApplication::processEvents();
         good &= aGestureIsOneStep(window);
@@ -168,7 +167,7 @@ bool selfCheck()
         good &= thePanelsStay(window);
         left = ui::saveLayout();
     }
-    SketchWindow window;
+    SketchWindow window(layout);
     window.show();
     QCoreApplication::processEvents();
     return holds(ui::saveLayout() == left, "the panels are where they were") && good;
