@@ -50,6 +50,17 @@
     </message>
 </context>
 <context>
+    <name>CanvasView</name>
+    <message>
+        <source>%1 by %2 pixels, shown at %3 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Canvas</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ColorSwatch</name>
     <message>
         <source>&amp;Basic colours</source>
@@ -144,6 +155,83 @@
     </message>
 </context>
 <context>
+    <name>EasingEditor</name>
+    <message>
+        <source>Easing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Easing curve</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Easing presets</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FileSaver</name>
+    <message>
+        <source>Save “%1” again?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Overwrite “%1”?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file has been moved or deleted since it was opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program has changed the file since it was opened. Its changes would be lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was not saved: it is open in another tab.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was not saved: the document could not be read again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FileTabs</name>
+    <message>
+        <source>Documents</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open another document</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Next Document</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious Document</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1*</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close “%1”?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changes that are not saved will be lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FixedGraphView</name>
     <message>
         <source>Curve</source>
@@ -213,6 +301,25 @@
     </message>
 </context>
 <context>
+    <name>KeyFields</name>
+    <message>
+        <source>Frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Frame of the key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value of the key</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KeyframeButton</name>
     <message>
         <source>Animated</source>
@@ -236,6 +343,17 @@
     </message>
     <message>
         <source>Set a keyframe at this frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LayoutFile</name>
+    <message>
+        <source>The layout in “%1” cannot be used: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The layout was not saved: %1.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -268,6 +386,13 @@
     </message>
     <message>
         <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Recovery</name>
+    <message>
+        <source>Unsaved changes cannot be kept in “%1”.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -456,6 +581,132 @@
     </message>
 </context>
 <context>
+    <name>TransportActions</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;First Frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Step &amp;Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Step Fo&amp;rward</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Last Frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>L&amp;oop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TransportBar</name>
+    <message>
+        <source>Transport</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Frames that came too late to be shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Frame rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time code of the current frame: hours, minutes, seconds, frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy Time Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Edit Time Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> / %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dropped</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UnsavedKeeper</name>
+    <message>
+        <source>Unsaved changes cannot be kept: a document cannot be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ValueGraphPane</name>
+    <message>
+        <source>Nothing is animated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Animated properties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fit &amp;Selection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fit &amp;All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trans&amp;form Tool</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transform Tool (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select a property to see its curves</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ValueGraphView</name>
     <message>
         <source>Values over frames</source>
@@ -627,6 +878,120 @@
     </message>
     <message>
         <source>it has no panels</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ui::documents</name>
+    <message>
+        <source>“%1” has changes that are not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These documents have changes that are not saved:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>• %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was not saved: it is not a file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was not saved: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ui::easing</name>
+    <message>
+        <source>Linear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ease in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ease out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ease in and out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ui::playback</name>
+    <message>
+        <source>%1 fps</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ui::sound</name>
+    <message>
+        <source>its samples are neither PCM nor floating point numbers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has %1 channels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has %1 samples a second</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its format contradicts itself</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is no WAV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it holds no sound</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its format is incomplete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its format comes too late</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it cannot be opened</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -59,26 +59,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>“%1” has changes that are not saved.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>These documents have changes that are not saved:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>• %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Save &amp;As…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Overwrite</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 · %2</source>
         <translation type="unfinished"></translation>
     </message>
@@ -434,66 +414,6 @@
         <source>The pictures at device ratio %1 could not be rendered.</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>%1 fps</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 × %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>“%1” was not saved: it is not a file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>“%1” was not saved: %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unsaved changes cannot be kept in “%1”.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its samples are neither PCM nor floating point numbers</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it has %1 channels</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it has %1 samples a second</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its format contradicts itself</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it is no WAV file</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it holds no sound</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its format is incomplete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>its format comes too late</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it is too long</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it cannot be opened</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>studio::AttributePanel</name>
@@ -695,15 +615,6 @@
     </message>
 </context>
 <context>
-    <name>studio::Discarding</name>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>studio::DocumentEditor</name>
     <message>
         <source>Change %1</source>
@@ -779,64 +690,13 @@
     </message>
 </context>
 <context>
-    <name>studio::DocumentSaver</name>
-    <message>
-        <source>Save “%1” again?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Overwrite “%1”?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The file has been moved or deleted since it was opened.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Another program has changed the file since it was opened. Its changes would be lost.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>“%1” was not saved: it is open in another tab.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Save As</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Lottie animations (*.json);;All files (*)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>“%1” was not saved: the document could not be read again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>studio::DocumentTabs</name>
-    <message>
-        <source>Documents</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message>
         <source>Viewport</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Open another document</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1*</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Close “%1”?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Changes that are not saved will be lost.</source>
+        <source>Lottie animations (*.json);;All files (*)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -975,45 +835,6 @@
     </message>
 </context>
 <context>
-    <name>studio::EasingEditor</name>
-    <message>
-        <source>Easing</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Easing curve</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Linear</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Ease in</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Ease out</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Ease in and out</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Back</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Hold</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Easing presets</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>studio::GalleryPage</name>
     <message>
         <source>Value controls and their states</source>
@@ -1095,6 +916,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Change Key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Its keys cannot be edited, and are seen in the dope sheet only</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1108,29 +933,6 @@
     </message>
     <message>
         <source>Select a property to see its curves</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Change Key</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>studio::KeyFields</name>
-    <message>
-        <source>Frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Value</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Frame of the key</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Value of the key</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1359,30 +1161,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>&amp;First Frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Step &amp;Back</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Play</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Step F&amp;orward</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Last Frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>L&amp;oop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>&amp;View</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1408,14 +1186,6 @@
     </message>
     <message>
         <source>&amp;Panels</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Next Document</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pre&amp;vious Document</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1447,18 +1217,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>&amp;Pause</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pause (Space)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Play (Space)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>&amp;Undo %1</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1470,11 +1228,11 @@
 <context>
     <name>studio::StudioWindow</name>
     <message>
-        <source>The default layout cannot be used: %1.</source>
+        <source>%1 × %2</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The layout in “%1” cannot be used: %2.</source>
+        <source>The default layout cannot be used: %1.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1483,10 +1241,6 @@
     </message>
     <message>
         <source>The studio had to end before changes were saved. They are here again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The layout was not saved: %1.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1511,70 +1265,6 @@
     </message>
     <message>
         <source>Lottie animations (*.json);;All files (*)</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>studio::TransportBar</name>
-    <message>
-        <source>Transport</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Current frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Current time</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Frames that came too late to be shown</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Frame rate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Zoom</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Time code of the current frame: hours, minutes, seconds, frames</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Time code</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source> %</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Copy Time Code</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Edit Time Code</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source> / %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n dropped</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>studio::UnsavedKeeper</name>
-    <message>
-        <source>Unsaved changes cannot be kept: a document cannot be written.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1605,6 +1295,17 @@
     </message>
     <message>
         <source>too complex</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>studio::ZoomField</name>
+    <message>
+        <source>Zoom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> %</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

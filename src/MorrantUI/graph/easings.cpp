@@ -20,9 +20,26 @@ namespace {
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 constexpr double kOnLine = 1e-3; ///< share by which handles on one line may miss it
 
-QString tr(const char* text)
+/// What a preset is shown as.
+struct Face
 {
-    return QCoreApplication::translate("ui::easing", text);
+    const char* name;
+    const char* icon;
+};
+
+constexpr std::array kFaces{// as kPresets
+                            Face{QT_TRANSLATE_NOOP("ui::easing", "Linear"), "easeLinear"},
+                            Face{QT_TRANSLATE_NOOP("ui::easing", "Ease in"), "easeIn"},
+                            Face{QT_TRANSLATE_NOOP("ui::easing", "Ease out"), "easeOut"},
+                            Face{QT_TRANSLATE_NOOP("ui::easing", "Ease in and out"), "easeBezier"},
+                            Face{QT_TRANSLATE_NOOP("ui::easing", "Back"), "easeBack"},
+                            Face{QT_TRANSLATE_NOOP("ui::easing", "Hold"), "easeHold"}};
+static_assert(kFaces.size() == kPresets.size());
+
+const Face& faceOf(EasingPreset preset)
+{
+    const auto index = static_cast<std::size_t>(preset);
+    return index < kFaces.size() ? kFaces[index] : kFaces.front();
 }
 
 bool isNear(QPointF a, QPointF b, double tolerance)
@@ -103,28 +120,12 @@ std::optional<EasingPreset> presetOf(const SegmentEasing& easing, double toleran
 
 QString presetName(EasingPreset preset)
 {
-    switch (preset) {
-    case EasingPreset::EaseIn: return tr("Ease in");
-    case EasingPreset::EaseOut: return tr("Ease out");
-    case EasingPreset::EaseInAndOut: return tr("Ease in and out");
-    case EasingPreset::Back: return tr("Back");
-    case EasingPreset::Hold: return tr("Hold");
-    case EasingPreset::Linear: break;
-    }
-    return tr("Linear");
+    return QCoreApplication::translate("ui::easing", faceOf(preset).name);
 }
 
 QString presetIcon(EasingPreset preset)
 {
-    switch (preset) {
-    case EasingPreset::EaseIn: return QStringLiteral("icons:easeIn.png");
-    case EasingPreset::EaseOut: return QStringLiteral("icons:easeOut.png");
-    case EasingPreset::EaseInAndOut: return QStringLiteral("icons:easeBezier.png");
-    case EasingPreset::Back: return QStringLiteral("icons:easeBack.png");
-    case EasingPreset::Hold: return QStringLiteral("icons:easeHold.png");
-    case EasingPreset::Linear: break;
-    }
-    return QStringLiteral("icons:easeLinear.png");
+    return QStringLiteral("icons:%1.png").arg(QLatin1String(faceOf(preset).icon));
 }
 
 double easedShare(const SegmentEasing& easing, double time)
