@@ -98,6 +98,7 @@ void TransportBar::addFields()
     m_time = addReadout(tr("Current time"));
     m_middle->addSpacing(kGap);
     m_middle->addWidget(m_slider, 1);
+    m_middle->addStretch(0); // for a bar without it
     m_middle->addSpacing(kGap);
     m_dropped = addReadout(tr("Frames that came too late to be shown"));
     m_rate = addReadout(tr("Frame rate"));
