@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/theme/Style.h"
 
+#include "MorrantUI/platform/vectorregisters.h"
 #include "MorrantUI/theme/style/dispatch.h"
 #include "MorrantUI/theme/style/metrics.h"
 #include "MorrantUI/theme/style/shades.h"
@@ -182,6 +183,7 @@ void Style::drawItemText(
     const QString& text,
     QPalette::ColorRole textRole) const
 {
+    morrant::native::clearVectorRegisters();
     if (enabled) {
         QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, textRole);
         return;

@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "MorrantUI/platform/vectorregisters.h"
+
+void morrant::native::clearVectorRegisters()
+{}
