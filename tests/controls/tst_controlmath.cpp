@@ -118,13 +118,15 @@ private Q_SLOTS:
         QCOMPARE(scale.valueAt(-1e9), -50.0);
         QCOMPARE((ui::SliderScale{7, 7, 3, 5}.valueAt(7)), 3.0); // no room
         QCOMPARE((ui::SliderScale{7, 107, 3, 3}.xOf(3)), 7.0);   // no range
+        QCOMPARE((ui::SliderScale{7, 107, -DBL_MAX, DBL_MAX}.valueAt(57)), 0.0);
 
         const std::tuple<ui::SliderScale, double, double, double> fills[] = {
             {{7, 107, 0, 10}, 5, 0, 57},
             {{7, 107, 0, 10, Qt::RightToLeft}, 5, 57, 114},
             {{7, 107, -10, 10}, 5, 57, 82}, // from 0
             {{7, 107, -10, 10}, -5, 32, 57},
-            {{7, 107, -10, 10}, 0, 57, 57}};
+            {{7, 107, -10, 10}, 0, 57, 57},
+            {{7, 107, -DBL_MAX, DBL_MAX}, DBL_MAX, 57, 107}};
         for (const auto& [spanned, value, left, right] : fills) {
             const QRectF fill = ui::filledGroove(spanned, {0, 10, 114, 4}, value);
             QCOMPARE(fill, QRectF(left, 10, right - left, 4));
@@ -210,6 +212,8 @@ private Q_SLOTS:
         QVERIFY(up.valueAt({160, 220}) == num2<double>(2, 0)); // limits are the control's
         QVERIFY(down.valueAt({10, 20}) == num2<double>(-1, 0));
         QVERIFY(flat.valueAt({400, 400}) == num2<double>(-1, 0));
+        const ui::PadArea widest{up.rect, {-DBL_MAX, 0}, {DBL_MAX, 10}, false};
+        QVERIFY(widest.pointOf(widest.valueAt({60, 120})) == QPointF(60, 120));
         QCOMPARE(ui::alongOneAxis({3, -4}), QPointF(0, -4));
         QCOMPARE(ui::alongOneAxis({-4, 4}), QPointF(-4, 0));
     }

@@ -85,7 +85,8 @@ QPointF alongOneAxis(const QPointF& movement)
 QPointF PadArea::pointOf(const num2<double>& value) const
 {
     const auto share = [](double number, double least, double greatest) {
-        return greatest > least ? (number - least) / (greatest - least) : 0.5;
+        const double width = greatest / 2 - least / 2; // which need not be a number itself
+        return width > 0.0 ? (number / 2 - least / 2) / width : 0.5;
     };
     const double right = share(value.x, minimum.x, maximum.x);
     const double grown = share(value.y, minimum.y, maximum.y);
@@ -95,15 +96,12 @@ QPointF PadArea::pointOf(const num2<double>& value) const
 
 num2<double> PadArea::valueAt(const QPointF& point) const
 {
-    const auto number = [](double share, double least, double greatest) {
-        return least + share * (greatest - least);
-    };
     const double right = rect.width() > 0.0 ? (point.x() - rect.left()) / rect.width() : 0.0;
     const double down =
         rect.height() > 0.0 ? (point.y() - rect.top()) / rect.height() : (yDownwards ? 0.0 : 1.0);
     return {
-        number(right, minimum.x, maximum.x),
-        number(yDownwards ? down : 1.0 - down, minimum.y, maximum.y)};
+        std::lerp(minimum.x, maximum.x, right),
+        std::lerp(minimum.y, maximum.y, yDownwards ? down : 1.0 - down)};
 }
 
 } // namespace ui

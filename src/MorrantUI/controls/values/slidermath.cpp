@@ -8,8 +8,10 @@ namespace ui {
 
 double SliderScale::xOf(double value) const
 {
+    // Halves, since the width of the range need not be a number.
+    const double width = maximum / 2 - minimum / 2;
     const double share =
-        maximum > minimum ? std::clamp((value - minimum) / (maximum - minimum), 0.0, 1.0) : 0.0;
+        width > 0.0 ? std::clamp((value / 2 - minimum / 2) / width, 0.0, 1.0) : 0.0;
     return direction == Qt::RightToLeft ? right - share * (right - left)
                                         : left + share * (right - left);
 }
@@ -21,7 +23,7 @@ double SliderScale::valueAt(double x) const
     }
     const double share = std::clamp((x - left) / (right - left), 0.0, 1.0);
     const double forward = direction == Qt::RightToLeft ? 1.0 - share : share;
-    return minimum + forward * (maximum - minimum);
+    return std::lerp(minimum, maximum, forward);
 }
 
 double roundedTo(double value, int decimals)
