@@ -21,25 +21,20 @@ struct Ruler
         scene->setPlaybackRange(20, 60);
         showActive(view);
         view.setFocus();
-        const auto tell = [this](const QString& what) { told << what; };
-        QObject::connect(&view, &TimelineView::frameChanged, &view, [tell](int frame) {
-            tell(QString::number(frame));
+        QObject::connect(&view, &TimelineView::frameChanged, &view, [this](int frame) {
+            told << QString::number(frame);
         });
-        QObject::connect(&view, &TimelineView::scrubbingChanged, &view, [tell](bool on) {
-            tell(on ? u"scrub"_qs : u"rest"_qs);
+        QObject::connect(&view, &TimelineView::scrubbingChanged, &view, [this](bool on) {
+            told << (on ? u"scrub"_qs : u"rest"_qs);
         });
-        QObject::connect(
-            &view, &TimelineView::playbackRangeEdited, &view, [tell](auto before, auto after) {
-                const auto text = [](auto range) {
-                    return u"%1-%2"_qs.arg(range.first).arg(range.second);
-                };
-                tell(text(before) + u" to "_qs + text(after));
-            });
-        QObject::connect(&view, &TimelineView::markerEdited, &view, [tell](const MarkerEdit& edit) {
+        QObject::connect(&view, &TimelineView::playbackRangeEdited, &view, [this](auto a, auto b) {
+            told << rangeText(a) + u" to "_qs + rangeText(b);
+        });
+        QObject::connect(&view, &TimelineView::markerEdited, &view, [this](const MarkerEdit& edit) {
             const auto text = [](const std::optional<TimelineMarker>& marker) {
                 return marker ? marker->name + u'@' + QString::number(marker->frame) : u"-"_qs;
             };
-            tell(text(edit.before) + u" to "_qs + text(edit.after));
+            told << text(edit.before) + u" to "_qs + text(edit.after);
         });
     }
 
@@ -61,9 +56,13 @@ struct Ruler
     {
         QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, place);
     }
+    static QString rangeText(std::pair<int, int> range)
+    {
+        return u"%1-%2"_qs.arg(range.first).arg(range.second);
+    }
     QString playback() const
     {
-        return u"%1-%2"_qs.arg(scene->getPlaybackStartFrame()).arg(scene->getPlaybackEndFrame());
+        return rangeText({scene->getPlaybackStartFrame(), scene->getPlaybackEndFrame()});
     }
     QString takeTold() { return std::exchange(told, {}).join(u", "); }
 
