@@ -320,13 +320,18 @@ void ContextMenu::mousePressEvent(QMouseEvent* event)
 {
     m_pressed = true;
     m_ledByKeys = false;
-    QMenu::mousePressEvent(event);
+    if (!ui::menus::isOnSeparator(*this, event->position().toPoint())) {
+        QMenu::mousePressEvent(event);
+    }
 }
 
 void ContextMenu::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool pressed = std::exchange(m_pressed, false);
     const QPoint position = event->position().toPoint();
+    if (ui::menus::isOnSeparator(*this, position)) {
+        return;
+    }
     const bool overArrow = !ui::menus::freeOfArrows(*this).contains(position);
     QAction* const row = overArrow ? nullptr : actionAt(position);
     const auto* const item = qobject_cast<ContextMenuItemWidget*>(row);

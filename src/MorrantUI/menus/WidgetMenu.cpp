@@ -66,6 +66,13 @@ void WidgetMenu::hearUnheardMove(const QHoverEvent& hover)
 
 bool WidgetMenu::event(QEvent* event)
 {
+    const bool isClick =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease;
+    if (isClick
+        && ui::menus::isOnSeparator(*this, static_cast<QMouseEvent*>(event)->position().toPoint()))
+    {
+        return true;
+    }
     switch (event->type()) {
     case QEvent::LayoutRequest: ui::menus::layOutAgain(*this); break;
     case QEvent::Show: ui::menus::bringOntoScreen(*this); break;

@@ -64,6 +64,12 @@ QRect freeOfArrows(const QMenu& menu)
     return free;
 }
 
+bool isOnSeparator(const QMenu& menu, QPoint position)
+{
+    const QAction* const row = menu.actionAt(position);
+    return row && row->isSeparator() && freeOfArrows(menu).contains(position);
+}
+
 void focusRow(const QAction& row)
 {
     const auto* const action = qobject_cast<const QWidgetAction*>(&row);

@@ -30,6 +30,10 @@ void layOutAgain(QMenu& menu);
 /// The part of a menu that no scroll arrow takes; below an arrow a row may go on unseen.
 QRect freeOfArrows(const QMenu& menu);
 
+/// Whether the mouse is on a line between rows, which a click neither chooses nor closes the menu
+/// by: QMenu would trigger it.
+bool isOnSeparator(const QMenu& menu, QPoint position);
+
 /// Gives the focus to what can have it in a row's widget, as QMenu does where its own keys lead.
 void focusRow(const QAction& row);
 

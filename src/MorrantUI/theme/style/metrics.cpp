@@ -169,8 +169,9 @@ int menuTextOffset(const QStyleOption& option)
 
 int widestMenuText(const QFontMetrics& metrics)
 {
+    const QList<QScreen*> screens = QGuiApplication::screens(); // asked for by every row
     int widest = kMenuChars * metrics.averageCharWidth();
-    for (const QScreen* const screen : QGuiApplication::screens()) {
+    for (const QScreen* const screen : screens) {
         widest = std::min(widest, screen->availableGeometry().width() - kMenuBesidesText);
     }
     return std::max(widest, 0);
