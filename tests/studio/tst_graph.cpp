@@ -10,15 +10,13 @@ using namespace studio;
 
 namespace {
 
-EasingHandle handle(std::initializer_list<double> x, std::initializer_list<double> y)
+QString joined(const std::map<double, QString>& byTime)
 {
-    EasingHandle made;
-    made.count = static_cast<int>(x.size());
-    for (std::size_t i = 0; i < made.x.size(); ++i) {
-        made.x[i] = i < x.size() ? x.begin()[i] : x.begin()[0];
-        made.y[i] = i < y.size() ? y.begin()[i] : y.begin()[0];
+    QStringList texts;
+    for (const auto& entry : byTime) {
+        texts.append(entry.second);
     }
-    return made;
+    return texts.join(u" | ");
 }
 
 /// A layer that turns, eased, from 0 at 10 to 100 at 50 and stops at 70, with opacity below.
@@ -78,11 +76,7 @@ struct Graph : StudioWindow
         for (const GraphPointWidget* point : view().utils()->pointItems(false)) {
             texts[point->x()] = u"%1:%2"_qs.arg(point->x()).arg(std::round(0 - point->y()));
         }
-        QStringList all;
-        for (const auto& [x, text] : texts) {
-            all.append(text);
-        }
-        return all.join(u" | ");
+        return joined(texts);
     }
 
     ui::test::FakePointer pointer{view().viewport()};
@@ -100,11 +94,11 @@ class GraphTest : public studio::test::StudioTest
 private Q_SLOTS:
     void handlesKeepTheirEntriesAndFramesFindTheirSegment()
     {
-        QCOMPARE(withShare(handle({0.5}, {0}), 1, {1, 0.2}), handle({1}, {0.2}));
-        EasingHandle wanted = handle({0.5, 0.5}, {1, 1});
-        wanted.x[1] = 0.9;
-        wanted.y[1] = 1.5;
-        QCOMPARE(withShare(handle({0.5, 0.5}, {1, 1}), 1, {0.9, 1.5}), wanted);
+        EasingHandle ease = withShare({}, 0, {0.5, 0});
+        QCOMPARE(withShare(ease, 1, {1, 0.2}), withShare({}, 0, {1, 0.2})); // one for all stays so
+        ease.count = 2;
+        ease = withShare(ease, 1, {0.9, 1.5});
+        QVERIFY(ease.x[0] == 0.5 && ease.y[0] == 0 && ease.x[1] == 0.9 && ease.y[1] == 1.5);
         const Document document = turning();
         const NumberProperty& rotation = document.main.layers[0].transform.rotation;
         for (const auto& [frame, segment] :
@@ -118,7 +112,7 @@ private Q_SLOTS:
         Graph window;
         QCOMPARE(window.rotation(), kStart);
         QCOMPARE(window.shown(), u"10:0 | 50:100 | 70:100"_qs);
-        const QListWidgetItem* const skew = window.graph().properties().item(2); // not to be edited
+        const QListWidgetItem* const skew = window.graph().list().item(2); // not to be edited
         QVERIFY(skew && skew->text() == u"Skew" && !(skew->flags() & Qt::ItemIsEnabled));
         window.drag(window.at(50, 100), window.at(40.2, 60));
         QVERIFY(window.rotation().startsWith(u"10:0 0.5,0.0 0.5,1.0 | 40:60"_qs)); // meanwhile
@@ -161,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(window.rotation(), kStart);
         const auto hint = [&window] { return window.view().accessibleDescription(); };
         QCOMPARE(hint(), QString());
-        window.graph().properties().clearSelection(); // what could be seen is said
+        window.graph().list().clearSelection(); // what could be seen is said
         QVERIFY(hint().contains(u"a property"_qs));
         window.selectLayer(-1);
         QVERIFY(hint().contains(u"a layer"_qs));
@@ -261,11 +255,7 @@ private Q_SLOTS:
             for (const auto& key : rotation().keys) {
                 texts[key.time] = u"%1:%2"_qs.arg(key.time).arg(std::round(key.value[0]));
             }
-            QStringList all;
-            for (const auto& [time, text] : texts) {
-                all.append(text);
-            }
-            QCOMPARE(window.shown(), all.join(u" | "));
+            QCOMPARE(window.shown(), joined(texts));
         }
         QVERIFY(!(rotation() == before));
         while (window.editor().canUndo()) {

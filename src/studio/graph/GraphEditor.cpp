@@ -1,155 +1,73 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "graph/GraphEditor.h"
 
-#include "commands.h"
 #include "editing/keyrows.h"
 #include <MorrantUI/controls/values/NumericField.h>
-#include <MorrantUI/docking/layouts/ScrollContainer.h>
 #include <MorrantUI/graph/EasingEditor.h>
 #include <MorrantUI/graph/KeyFields.h>
 #include <MorrantUI/graph/ValueGraphView.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/timeline/PlaybackClock.h>
 
-#include <QHBoxLayout>
-#include <QListWidget>
+#include <QGraphicsScene>
 #include <QMenu>
 #include <QScopedValueRollback>
-#include <QSignalBlocker>
-#include <QSplitter>
-#include <QToolButton>
 
 #include <algorithm>
-#include <cmath>
+#include <initializer_list>
 #include <utility>
 
 namespace studio {
 
 namespace {
 
-constexpr int kListWidth = 200;
-constexpr int kEasingWidth = 220;
-constexpr int kMargin = 4;
 constexpr double kColorStep = 0.01; ///< for a pixel, of a channel from 0 to 1
+
+template <typename Values, typename Value>
+bool contains(const Values& values, const Value& value)
+{
+    return std::find(values.begin(), values.end(), value) != values.end();
+}
 
 } // namespace
 
 GraphEditor::GraphEditor(PlaybackClock& player, QWidget* parent)
-    : EditorPane(tr("Graph Editor"), parent)
+    : ValueGraphPane(parent)
     , m_player(player)
-    , m_view(new ValueGraphView)
-    , m_curves(new ValueCurves(*m_view))
-    , m_easing(new EasingEditor)
-    , m_fields(new KeyFields)
-    , m_list(new QListWidget)
+    , m_curves(new ValueCurves(view()))
     , m_menu(new QMenu(tr("&Graph"), this))
 {
-    m_list->setAccessibleName(tr("Animated properties"));
-    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    for (QWidget* part :
-         std::initializer_list<QWidget*>{m_list, m_view, &m_fields->frame(), &m_fields->value()})
-    {
-        part->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
+    setWindowTitle(tr("Graph Editor"));
+    setAccessibleName(windowTitle());
+    m_menu->addActions(commands());
+    for (NumericField* field : {&fields().frame(), &fields().value()}) {
+        field->setContextMenuPolicy(Qt::NoContextMenu); // the panel's is the one to open
     }
-    buildMenu();
-    buildLayout();
     connectParts();
 }
 
 GraphEditor::~GraphEditor()
 {
-    for (QObject* part :
-         std::initializer_list<QObject*>{m_curves, m_view, m_easing, m_fields, m_list}) {
+    for (QObject* part : std::initializer_list<QObject*>{m_curves, &view(), &easing()}) {
         part->disconnect(this); // they outlive what is a graph editor of this object
-    }
-}
-
-void GraphEditor::buildMenu()
-{
-    const auto actions = addCommands(
-        *m_menu,
-        {
-            {tr("&Delete"), u"delete"_qs, {QKeySequence::Delete}, [this] { deleteSelected(); }},
-            {tr("Fit &Selection"), {}, {}, [this] { m_view->fitSelected(); }},
-            {tr("Fit &All"), u"home"_qs, {}, [this] { m_view->fitAll(); }},
-            {tr("Trans&form Tool"),
-             u"fit"_qs,
-             {Qt::Key_T},
-             [this] {
-                 m_view->setShowTransformTool(m_tool->isChecked());
-                 m_view->updateTransformTool();
-             }},
-        });
-    m_delete = actions.at(0);
-    m_tool = actions.at(3);
-    m_tool->setCheckable(true);
-    for (QAction* action : actions) {
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // the panel's alone
-        addAction(action);
-    }
-}
-
-void GraphEditor::buildLayout()
-{
-    setFocusProxy(m_view); // of a view inside it, Qt would take the others out of the order of Tab
-    auto* side = new QWidget;
-    auto* column = new QVBoxLayout(side);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    auto* buttons = new QHBoxLayout;
-    buttons->setContentsMargins(kMargin, 0, kMargin, 0);
-    for (QAction* action : m_menu->actions().mid(2)) {
-        auto* button = new QToolButton;
-        button->setDefaultAction(action);
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::NoFocus);
-        buttons->addWidget(button);
-    }
-    buttons->addStretch(1);
-    column->addLayout(buttons);
-    column->addWidget(m_list, 1);
-    column->addWidget(m_fields);
-
-    auto* splitter = new QSplitter;
-    splitter->addWidget(side);
-    splitter->addWidget(m_view);
-    splitter->addWidget(m_easing);
-    splitter->setSizes({kListWidth, kUsualSize.width() - kListWidth - kEasingWidth, kEasingWidth});
-    splitter->setStretchFactor(0, 0);
-    splitter->setStretchFactor(1, 1);
-    splitter->setStretchFactor(2, 0);
-    splitter->setChildrenCollapsible(false);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new ScrollContainer(splitter));
-    // Tab comes to the proxy first, and would pass over these; the last one goes there first.
-    for (QWidget* part :
-         std::initializer_list<QWidget*>{&m_fields->value(), &m_fields->frame(), m_list})
-    {
-        setTabOrder(m_view, part);
     }
 }
 
 void GraphEditor::connectParts()
 {
     connect(&m_player, &PlaybackClock::frameChanged, this, [this](int frame) {
-        m_view->setCurrentFrame(frame);
+        view().setCurrentFrame(frame);
         showEasing();
     });
-    connect(m_view, &ValueGraphView::spaceTapped, &m_player, &PlaybackClock::toggle);
+    connect(&view(), &ValueGraphView::spaceTapped, &m_player, &PlaybackClock::toggle);
     connect(m_curves, &ValueCurves::editingStarted, &m_player, &PlaybackClock::pause);
     connect(m_curves, &ValueCurves::selectionChanged, this, &GraphEditor::chooseKeys);
-    connect(m_list, &QListWidget::itemSelectionChanged, this, &GraphEditor::showProperties);
-
-    connect(m_easing, &EasingEditor::editStarted, this, [this] { begin(tr("Change Easing")); });
-    connect(m_easing, &EasingEditor::edited, this, &GraphEditor::editEasing);
-    connect(m_easing, &EasingEditor::editEnded, this, &GraphEditor::end);
-    connect(m_fields, &KeyFields::editStarted, this, [this] { begin(tr("Change Key")); });
-    connect(m_fields, &KeyFields::frameEdited, this, [this](double frame) {
-        editKey({.time = std::round(frame)});
-    });
-    connect(m_fields, &KeyFields::valueEdited, this, &GraphEditor::editValue);
-    connect(m_fields, &KeyFields::editEnded, this, &GraphEditor::end);
+    connect(this, &GraphEditor::propertiesChosen, this, &GraphEditor::showProperties);
+    connect(this, &GraphEditor::deleteWanted, this, &GraphEditor::deleteSelected);
+    connect(&fields(), &KeyFields::editStarted, &m_player, &PlaybackClock::pause);
+    connect(&easing(), &EasingEditor::editStarted, this, &GraphEditor::beginEasing);
+    connect(&easing(), &EasingEditor::edited, this, &GraphEditor::editEasing);
+    connect(&easing(), &EasingEditor::editEnded, this, &GraphEditor::endEasing);
 }
 
 // What is shown
@@ -166,7 +84,7 @@ void GraphEditor::setDocument(DocumentEditor& editor)
     connect(&editor, &DocumentEditor::edited, this, &GraphEditor::noteEdit);
     connect(&editor, &DocumentEditor::layersChanged, this, &GraphEditor::noteEdit);
     connect(&editor, &DocumentEditor::layersAboutToChange, this, &GraphEditor::finishEditing);
-    m_view->setCurrentFrame(m_player.frame());
+    view().setCurrentFrame(m_player.frame());
     listProperties();
 }
 
@@ -192,7 +110,6 @@ void GraphEditor::refresh()
     listProperties();
     m_curves->refresh();
     showEasing();
-    showKey();
 }
 
 /// Keeps what is chosen, where it is still there.
@@ -200,39 +117,35 @@ void GraphEditor::listProperties()
 {
     const auto document = m_editor ? m_editor->document() : nullptr;
     std::vector<PropertyAddress> rows;
-    QStringList names;
-    QStringList others; // such as a mask's path: they are named all the same
+    std::vector<Property> shown;
+    std::vector<Property> others; // such as a mask's path: they are named all the same
     for (const KeyRow& row : document ? keyRowsOf(*document, m_layer) : std::vector<KeyRow>()) {
         if (row.address) {
             rows.push_back(*row.address);
-            names.append(row.name);
+            shown.push_back({row.name});
         } else {
-            others.append(row.name);
+            others.push_back(
+                {row.name,
+                 tr("Its keys cannot be edited, and are seen in the dope sheet only"),
+                 false});
         }
     }
-    if (rows == m_rows && m_list->count() == names.size() + others.size()) {
-        showHint(); // of another layer it may be another one
+    setEmptyHint(
+        m_layer < 0 ? tr("Select a layer to see its curves")
+                    : tr("No transform or colour of this layer is animated"));
+    if (rows == m_rows && others.size() == m_others) {
         return;
     }
-    const std::vector<PropertyAddress> chosen = m_curves->properties();
     m_rows = rows;
-    {
-        const QSignalBlocker quiet(m_list);
-        m_list->clear();
-        m_list->addItems(names);
-        for (const QString& other : others) {
-            auto* item = new QListWidgetItem(other, m_list);
-            item->setFlags(Qt::NoItemFlags);
-            item->setToolTip(tr("Its keys cannot be edited, and are seen in the dope sheet only"));
-        }
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            const bool isChosen = std::find(chosen.begin(), chosen.end(), rows[i]) != chosen.end();
-            m_list->item(static_cast<int>(i))->setSelected(isChosen);
-        }
-        if (!rows.empty() && m_list->selectedItems().isEmpty()) {
-            m_list->setCurrentRow(0);
+    m_others = others.size();
+    std::vector<std::size_t> chosen;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (contains(m_curves->properties(), rows[i])) {
+            chosen.push_back(i);
         }
     }
+    shown.insert(shown.end(), others.begin(), others.end());
+    setProperties(shown, chosen);
     showProperties();
 }
 
@@ -240,34 +153,17 @@ void GraphEditor::listProperties()
 void GraphEditor::showProperties()
 {
     std::vector<PropertyAddress> chosen;
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        if (m_list->item(static_cast<int>(i))->isSelected()) {
-            chosen.push_back(m_rows[i]);
-        }
+    for (const std::size_t place : chosenProperties()) {
+        chosen.push_back(m_rows.at(place));
     }
     finishEditing();
     m_curves->show(m_editor, chosen);
-    showHint();
     showEasing();
-    showKey();
-}
-
-void GraphEditor::showHint()
-{
-    if (!m_curves->properties().empty()) {
-        m_view->setHint({});
-    } else if (m_layer < 0) {
-        m_view->setHint(tr("Select a layer to see its curves"));
-    } else {
-        m_view->setHint(
-            m_rows.empty() ? tr("No transform or colour of this layer is animated")
-                           : tr("Select a property to see its curves"));
-    }
 }
 
 void GraphEditor::showEasing()
 {
-    if (m_isEditing) {
+    if (m_isEasing) {
         return;
     }
     m_segment.reset();
@@ -279,37 +175,17 @@ void GraphEditor::showEasing()
         m_segment = KeyAddress{shown.front(), *segment};
         easings = easingsOf(property->keys[*segment]);
     }
-    m_easing->setEasings(easings);
-}
-
-/// Its frame where one key is selected, and its value where that is one number.
-void GraphEditor::showKey()
-{
-    if (m_isEditing) {
-        return;
-    }
-    const auto keys = m_curves->selection();
-    m_delete->setEnabled(!keys.empty());
-    const bool isOne = !keys.empty() && std::all_of(keys.begin(), keys.end(), [&](const auto& key) {
-        return key.key == keys.front().key;
-    });
-    if (!isOne) {
-        m_fields->setKey(std::nullopt, std::nullopt);
-        return;
-    }
-    const bool isColor = keys.front().key.property.attribute == Attribute::ShapeColor;
-    m_fields->value().setDragMultiplier(isColor ? kColorStep : 1);
-    const QPointF place = m_curves->placeOf(keys.front());
-    m_fields->setKey(place.x(), keys.size() == 1 ? std::optional(0.0 - place.y()) : std::nullopt);
+    easing().setEasings(easings);
 }
 
 void GraphEditor::chooseKeys()
 {
-    showKey();
-    if (m_isFollowing || m_isEditing) {
-        return;
+    const std::vector<KeyAddress> keys = selectedKeys();
+    const bool isColor = !keys.empty() && keys.front().property.attribute == Attribute::ShapeColor;
+    fields().value().setDragMultiplier(isColor ? kColorStep : 1);
+    if (!m_isFollowing && !m_isEasing) {
+        Q_EMIT keysChosen(keys);
     }
-    Q_EMIT keysChosen(selectedKeys());
 }
 
 /// Each one once, however many of its entries are.
@@ -317,7 +193,7 @@ std::vector<KeyAddress> GraphEditor::selectedKeys() const
 {
     std::vector<KeyAddress> keys;
     for (const EntryKey& key : m_curves->selection()) {
-        if (std::find(keys.begin(), keys.end(), key.key) == keys.end()) {
+        if (!contains(keys, key.key)) {
             keys.push_back(key.key);
         }
     }
@@ -326,7 +202,7 @@ std::vector<KeyAddress> GraphEditor::selectedKeys() const
 
 void GraphEditor::selectKeys(const std::vector<KeyAddress>& keys)
 {
-    if (m_isEditing || m_curves->isDragging()) {
+    if (m_isEasing || m_curves->isDragging()) {
         return;
     }
     const QScopedValueRollback following(m_isFollowing, true);
@@ -336,22 +212,16 @@ void GraphEditor::selectKeys(const std::vector<KeyAddress>& keys)
         return;
     }
     refresh();
-    const auto isShown = [&](const PropertyAddress& address) {
-        const auto& shown = m_curves->properties();
-        return std::find(shown.begin(), shown.end(), address) != shown.end();
-    };
-    const bool areShown = std::all_of(
-        keys.begin(), keys.end(), [&](const KeyAddress& key) { return isShown(key.property); });
+    const bool areShown = std::all_of(keys.begin(), keys.end(), [&](const KeyAddress& key) {
+        return contains(m_curves->properties(), key.property);
+    });
     if (!areShown) {
-        {
-            const QSignalBlocker quiet(m_list);
-            for (std::size_t i = 0; i < m_rows.size(); ++i) {
-                const bool isWanted = std::any_of(keys.begin(), keys.end(), [&](const auto& key) {
-                    return key.property == m_rows[i];
-                });
-                m_list->item(static_cast<int>(i))->setSelected(isWanted);
-            }
+        std::vector<std::size_t> wanted;
+        for (const KeyAddress& key : keys) {
+            const auto row = std::find(m_rows.begin(), m_rows.end(), key.property);
+            wanted.push_back(static_cast<std::size_t>(row - m_rows.begin()));
         }
+        chooseProperties(wanted);
         showProperties();
     }
     m_curves->selectKeys(keys);
@@ -359,85 +229,41 @@ void GraphEditor::selectKeys(const std::vector<KeyAddress>& keys)
 
 // What the user does
 
-void GraphEditor::begin(const QString& text)
+void GraphEditor::deleteSelected()
 {
-    if (!m_isEditing && m_editor) {
-        m_player.pause();
-        m_isEditing = true;
-        m_edited = m_curves->selection();
-        m_editor->beginGesture(text);
+    const auto keys = selectedKeys();
+    if (m_editor && !m_editor->isLocked(m_layer)) {
+        view().scene()->clearSelection(); // the others' places are about to change
+        m_editor->deleteKeys(keys);
     }
 }
 
-void GraphEditor::end(bool changed)
+void GraphEditor::beginEasing()
 {
-    if (!m_isEditing) {
+    if (m_editor) {
+        m_player.pause();
+        m_isEasing = true;
+        m_editor->beginGesture(tr("Change Easing"));
+    }
+}
+
+void GraphEditor::editEasing(const SegmentEasing& easing)
+{
+    if (m_isEasing && m_editor && m_segment) {
+        m_editor->changeKeys(easingChanges(m_segment->property, m_segment->key, easing));
+    }
+}
+
+void GraphEditor::endEasing(bool changed)
+{
+    if (!std::exchange(m_isEasing, false)) {
         return;
     }
     if (m_editor && m_editor->isInGesture()) { // which another edit may have ended
         changed ? m_editor->commit() : m_editor->cancel();
     }
     m_curves->refresh();
-    const auto now = std::exchange(m_editedNow, std::nullopt);
-    if (now) { // the key may have passed others
-        for (EntryKey& key : m_edited) {
-            key.key = *now;
-        }
-        m_curves->select(m_edited);
-    }
-    m_isEditing = false;
-    m_edited.clear();
     showEasing();
-    chooseKeys();
-}
-
-void GraphEditor::deleteSelected()
-{
-    finishEditing();
-    const auto keys = selectedKeys();
-    if (m_editor && !keys.empty() && !m_editor->isLocked(m_layer)) {
-        m_view->scene()->clearSelection(); // the others' places are about to change
-        m_editor->deleteKeys(keys);
-    }
-}
-
-void GraphEditor::editEasing(const SegmentEasing& easing)
-{
-    if (m_editor && m_isEditing && m_segment) {
-        m_editor->changeKeys(easingChanges(m_segment->property, m_segment->key, easing));
-    }
-}
-
-void GraphEditor::editKey(const KeyChange& change)
-{
-    if (!m_isEditing || m_edited.empty()) {
-        return;
-    }
-    const KeyAddress& edited = m_edited.front().key;
-    PropertyKeyChange whole{edited.property, change};
-    whole.change.key = edited.key;
-    const auto places = m_editor->changeKeys({whole});
-    m_editedNow = places.empty() ? std::nullopt : places.front();
-}
-
-void GraphEditor::editValue(double value)
-{
-    const auto* key =
-        m_editor && !m_edited.empty() ? m_editor->keyAt(m_edited.front().key) : nullptr;
-    if (key) {
-        KeyChange change{.value = key->value};
-        const EntryKey& edited = m_edited.front();
-        (*change.value)[edited.entry] = allowedValue(edited.key.property.attribute, value);
-        editKey(change);
-    }
-}
-
-void GraphEditor::finishEditing()
-{
-    m_fields->finishEditing();
-    m_easing->finishGesture();
-    m_view->finishGesture();
-    end(true);
 }
 
 void GraphEditor::fillMenu(ContextMenu& menu)

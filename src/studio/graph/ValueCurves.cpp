@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "graph/ValueCurves.h"
 
-#include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/graph/ValueGraphCurve.h>
 #include <MorrantUI/graph/ValueGraphView.h>
 
@@ -241,9 +240,8 @@ bool ValueCurves::take(const Curve& curve, const ValueGraphKey& now, KeyChange& 
     const Touched& touched = curve.touched[change.key];
     const auto* key = m_editor->keyAt({curve.address, change.key});
     if (key && touched.isMoved) {
-        const double frames = std::round(now.time - key->time);
-        if (frames != 0) {
-            change.time = key->time + frames;
+        if (now.time != key->time) {
+            change.time = now.time;
         }
         if (now.value != key->value[entry]) {
             change.value = change.value.value_or(key->value);
@@ -325,25 +323,15 @@ void ValueCurves::finish(bool changed)
 
 // The selection
 
-QPointF ValueCurves::placeOf(const EntryKey& key) const
-{
-    for (const Curve& curve : m_curves) {
-        const GraphPointWidget* point = curve.item->point(key.key.key);
-        if (curve.address == key.key.property && curve.entry == key.entry && point) {
-            return point->pos();
-        }
-    }
-    return {};
-}
-
 std::vector<EntryKey> ValueCurves::selection() const
 {
     std::vector<EntryKey> keys;
-    for (const Curve& curve : m_curves) {
-        for (std::size_t i = 0; const auto* point = curve.item->point(i); ++i) {
-            if (point->isSelected()) {
-                keys.push_back({{curve.address, i}, curve.entry});
-            }
+    for (const ValueGraphView::KeyPlace& place : m_view.selectedKeys()) {
+        const auto curve = std::find_if(m_curves.begin(), m_curves.end(), [&](const Curve& one) {
+            return one.item == place.curve;
+        });
+        if (curve != m_curves.end()) {
+            keys.push_back({{curve->address, place.key}, curve->entry});
         }
     }
     return keys;
@@ -352,20 +340,15 @@ std::vector<EntryKey> ValueCurves::selection() const
 template <typename IsWanted>
 void ValueCurves::selectPoints(const IsWanted& isWanted)
 {
-    bool isChanged = false;
-    {
-        const QSignalBlocker quiet(m_view.scene()); // one signal for all of them
-        for (const Curve& curve : m_curves) {
-            for (std::size_t i = 0; auto* point = curve.item->point(i); ++i) {
-                const bool wanted = isWanted(EntryKey{{curve.address, i}, curve.entry});
-                isChanged = isChanged || point->isSelected() != wanted;
-                point->setSelected(wanted);
+    std::vector<ValueGraphView::KeyPlace> wanted;
+    for (const Curve& curve : m_curves) {
+        for (std::size_t i = 0; i < curve.shown.size(); ++i) {
+            if (isWanted(EntryKey{{curve.address, i}, curve.entry})) {
+                wanted.push_back({curve.item, i});
             }
         }
     }
-    if (isChanged) {
-        Q_EMIT m_view.scene()->selectionChanged();
-    }
+    m_view.selectKeys(wanted);
 }
 
 void ValueCurves::select(const std::vector<EntryKey>& keys)

@@ -5,7 +5,6 @@
 #include "graph/valuekeys.h"
 
 #include <QObject>
-#include <QPointF>
 #include <QPointer>
 
 #include <optional>
@@ -44,9 +43,6 @@ public:
     const std::vector<PropertyAddress>& properties() const { return m_properties; }
 
     bool isDragging() const { return m_isDragging; }
-    /// Frame and value, downward, that a key is shown at.
-    QPointF placeOf(const EntryKey& key) const;
-
     std::vector<EntryKey> selection() const;
     /// Selects these and nothing else.
     void select(const std::vector<EntryKey>& keys);
