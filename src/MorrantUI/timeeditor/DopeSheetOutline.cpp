@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/DopeSheetOutline.h"
 
+#include "MorrantUI/scene/placematching.h"
 #include "MorrantUI/timeeditor/KeyMarks.h"
 #include "MorrantUI/timeeditor/outlinelines.h"
 #include <MorrantUI/timeeditor/DopeSheetView.h>
@@ -18,6 +19,20 @@
 #include <algorithm>
 #include <iterator>
 #include <utility>
+
+namespace {
+
+/// What keys are known by when rows are built anew.
+std::vector<QPointF> framesOf(const DopeSheetLine& line)
+{
+    std::vector<QPointF> frames;
+    for (const DopeSheetKey& key : line.keys) {
+        frames.emplace_back(ui::shownFrame(key), 0.0);
+    }
+    return frames;
+}
+
+} // namespace
 
 struct DopeSheetOutline::Row
 {
@@ -38,7 +53,12 @@ struct DopeSheetOutline::Selection
 
 struct DopeSheetOutline::Kept
 {
-    std::vector<std::pair<QString, std::size_t>> keys;
+    struct Keys
+    {
+        std::vector<QPointF> frames; ///< of all keys of a line
+        std::vector<bool> selected;
+    };
+    QHash<QString, Keys> keys;
     QSet<QString> rows;
     std::vector<QString> current; ///< and the groups around it, from the inside
 };
@@ -216,7 +236,13 @@ DopeSheetOutline::Kept DopeSheetOutline::keep(const Selection& selection) const
 {
     Kept kept;
     for (const DopeSheetPlace& place : selection.keys) {
-        kept.keys.emplace_back(m_lines[place.line].id, place.key);
+        const DopeSheetLine& line = m_lines[place.line];
+        Kept::Keys& keys = kept.keys[line.id];
+        if (keys.frames.empty()) {
+            keys.frames = framesOf(line);
+        }
+        keys.selected.resize(std::max(keys.frames.size(), place.key + 1)); // ids may be shared
+        keys.selected[place.key] = true;
     }
     for (const std::size_t line : selection.lines) {
         kept.rows.insert(m_lines[line].id);
@@ -229,27 +255,32 @@ DopeSheetOutline::Kept DopeSheetOutline::keep(const Selection& selection) const
 
 void DopeSheetOutline::restore(const Kept& kept)
 {
-    QHash<QString, std::size_t> lines;
-    for (std::size_t line = 0; line < m_lines.size(); ++line) {
-        lines.insert(m_lines[line].id, line);
-    }
     std::vector<DopeSheetPlace> places;
-    for (const auto& [id, key] : kept.keys) {
-        if (const auto line = lines.constFind(id); line != lines.cend()) {
-            places.push_back({*line, key});
+    for (std::size_t line = 0; line < m_lines.size(); ++line) {
+        const auto keys = kept.keys.constFind(m_lines[line].id);
+        if (keys == kept.keys.cend()) {
+            continue;
+        }
+        const auto matches = ui::matchedPlaces(keys->frames, framesOf(m_lines[line]));
+        for (std::size_t key = 0; key < matches.size(); ++key) {
+            if (matches[key] && keys->selected[*matches[key]]) {
+                places.push_back({line, key});
+            }
         }
     }
     select(places);
-    for (const Row& each : m_rows) {
-        auto* const clip = dynamic_cast<TimeEditorClipItem*>(each.item.data());
-        if (kept.rows.contains(m_lines[each.line].id)) {
-            clip ? clip->selectItemAndClips() : each.item->setSelected(true);
+    for (const Row& row : m_rows) {
+        auto* const clip = dynamic_cast<TimeEditorClipItem*>(row.item.data());
+        if (kept.rows.contains(m_lines[row.line].id)) {
+            clip ? clip->selectItemAndClips() : row.item->setSelected(true);
         }
     }
     for (const QString& id : kept.current) {
-        const auto line = lines.constFind(id);
-        if (line != lines.cend() && row(*line)) {
-            m_header->setCurrentRow(row(*line));
+        const auto seen = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& row) {
+            return m_lines[row.line].id == id;
+        });
+        if (seen != m_rows.end()) {
+            m_header->setCurrentRow(seen->item);
             break; // what is around it is farther from what was current
         }
     }

@@ -53,7 +53,7 @@ void KeyMarks::set(const std::vector<DopeSheetKey>& keys)
     m_items.reserve(keys.size());
     for (std::size_t i = 0; i < keys.size(); ++i) {
         TimeEditorKeyframeItem* const item =
-            matches[i] ? std::exchange(before[*matches[i]], nullptr).data() : make();
+            matches[i] ? std::exchange(before[*matches[i]], nullptr).data() : make(wanted[i].x());
         m_items.emplace_back(item);
         if (item->x() != wanted[i].x()) {
             item->forceMove({wanted[i].x(), item->y()});
@@ -66,11 +66,10 @@ void KeyMarks::set(const std::vector<DopeSheetKey>& keys)
     }
 }
 
-TimeEditorKeyframeItem* KeyMarks::make() const
+TimeEditorKeyframeItem* KeyMarks::make(double frame) const
 {
     auto* const mark = new TimeEditorKeyframeItem(m_view, nullptr);
-    // Before anybody has to be told.
-    mark->forceMove({0.0, m_row->rect().center().y() - kKeyMiddle});
+    mark->forceMove({frame, m_row->rect().center().y() - kKeyMiddle}); // before it is in the scene
     mark->setParentItem(m_row);
     return mark;
 }

@@ -29,7 +29,7 @@ public:
     const Items& items() const { return m_items; }
 
 private:
-    TimeEditorKeyframeItem* make() const;
+    TimeEditorKeyframeItem* make(double frame) const;
 
     QPointer<TimeEditorView> m_view;
     QPointer<TimeEditorBaseItem> m_row;
