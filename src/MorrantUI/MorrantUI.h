@@ -82,6 +82,7 @@
 #include <MorrantUI/documents/FileTabs.h>
 #include <MorrantUI/documents/Recovery.h>
 #include <MorrantUI/documents/UnsavedKeeper.h>
+#include <MorrantUI/documents/filedrops.h>
 #include <MorrantUI/documents/questions.h>
 #include <MorrantUI/documents/savedfiles.h>
 #include <MorrantUI/graph/EasingEditor.h>

@@ -22,11 +22,11 @@
 #include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/documents/FileSaver.h>
 #include <MorrantUI/documents/UnsavedKeeper.h>
+#include <MorrantUI/documents/filedrops.h>
 #include <MorrantUI/menus/ContextMenu.h>
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/OverrideCursor.h>
-#include <MorrantUI/theme/events.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/timeline/PlaybackClock.h>
 #include <MorrantUI/timeline/TransportBar.h>
@@ -34,14 +34,11 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QMenu>
-#include <QMimeData>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace studio {
@@ -76,27 +73,7 @@ QString sizeText(int width, int height)
     return StudioWindow::tr("%1 × %2").arg(plain.toString(width), plain.toString(height));
 }
 
-/// Whoever offers to move a file must not delete it after we have read it.
-void acceptCopy(QDropEvent& event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
-
 } // namespace
-
-QStringList droppedFiles(const QMimeData& data)
-{
-    QStringList paths;
-    const QList<QUrl> urls = data.urls();
-    for (const QUrl& url : urls) {
-        const QString path = url.toLocalFile();
-        if (path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive)) {
-            paths.append(path);
-        }
-    }
-    return paths;
-}
 
 QStringList samplePaths()
 {
@@ -126,7 +103,6 @@ StudioWindow::StudioWindow(QWidget* parent)
 {
     gMainWindow = &m_workspace->root();
     setWindowIcon(ui::getCachedIcon(u"icons:appIcon.png"_qs));
-    setAcceptDrops(true);
 
     m_menus = new StudioMenus(*this);
     m_menus->addMenu(*m_graph->menu());
@@ -242,10 +218,11 @@ void StudioWindow::connectPanels()
     connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFiles);
     connect(m_documents, &DocumentTabs::closing, this, &StudioWindow::finishEditing);
     connect(&m_documents->saver(), &FileSaver::failed, this, &StudioWindow::fail);
-    // Its panel may float, where drops do not reach this window.
-    m_documents->setAcceptDrops(true);
-    ui::installEventFilter(
-        m_documents, [this](QObject*, QEvent* event) { return takeDrop(*event); }, this);
+    const auto open = [this](const QStringList& paths, bool hasOthers) {
+        openDropped(paths, hasOthers);
+    };
+    ui::offerFileDrops(*this, u"json"_qs, open);
+    ui::offerFileDrops(*m_documents, u"json"_qs, open); // whose panel may float
     connect(m_documents, &DocumentTabs::notDrawnChanged, this, [this] {
         m_missing->setMissing(page().notDrawn());
     });
@@ -455,35 +432,12 @@ void StudioWindow::setGalleryShown(bool shown)
     showHistory();
 }
 
-void StudioWindow::dragEnterEvent(QDragEnterEvent* event)
+void StudioWindow::openDropped(const QStringList& paths, bool hasOthers)
 {
-    // Files that cannot be opened are let in too: the drop then says why.
-    if (event->mimeData()->hasUrls()) {
-        acceptCopy(*event);
-    }
-}
-
-/// A drag or drop on the documents.
-bool StudioWindow::takeDrop(QEvent& event)
-{
-    if (event.type() == QEvent::DragEnter) {
-        dragEnterEvent(static_cast<QDragEnterEvent*>(&event));
-    } else if (event.type() == QEvent::Drop) {
-        dropEvent(static_cast<QDropEvent*>(&event));
-    } else {
-        return false;
-    }
-    return event.isAccepted();
-}
-
-void StudioWindow::dropEvent(QDropEvent* event)
-{
-    acceptCopy(*event);
-    const QStringList paths = droppedFiles(*event->mimeData());
     openFiles(paths);
     if (paths.isEmpty()) {
         fail(tr("Drop Lottie files, with the extension .json, from this computer."));
-    } else if (paths.size() < event->mimeData()->urls().size()) {
+    } else if (hasOthers) {
         fail(tr("Only what has the extension .json and is on this computer was opened."));
     }
 }

@@ -10,7 +10,6 @@ class DockableGroup;
 class LayoutFile;
 class NoticeStack;
 class PlaybackClock;
-class QMimeData;
 class QStackedWidget;
 class TransportBar;
 class UnsavedKeeper;
@@ -31,9 +30,6 @@ class StudioMenus;
 class Viewport;
 class ZoomField;
 struct Document;
-
-/// The local .json files that a drop brings.
-QStringList droppedFiles(const QMimeData& data);
 
 /// The bundled animations, the one to open by default first.
 QStringList samplePaths();
@@ -110,8 +106,6 @@ protected:
     /// would give it to the first field, into which the next key for playback would be typed.
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
 private:
     void addPanels();
@@ -123,7 +117,7 @@ private:
     DocumentPage& page() const;
     void showDocument();
     void showHistory();
-    bool takeDrop(QEvent& event);
+    void openDropped(const QStringList& paths, bool hasOthers);
     void showViewport();
     void finishEditing();
 

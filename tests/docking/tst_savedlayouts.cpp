@@ -300,8 +300,9 @@ private Q_SLOTS:
         QVERIFY(layouts.restore(names[1], &ui::panelNamed));
         settle();
         QCOMPARE(tree.text(), u"H(a b)"_qs);
+        QVERIFY(layouts.save(names[0], "x") && layouts.layout(names[0]) == "x");
         QVERIFY(layouts.remove(names[0]) && !layouts.remove(names[0]));
-        QVERIFY(!layouts.restore(names[0], &ui::panelNamed));
+        QVERIFY(!layouts.restore(names[0], &ui::panelNamed) && layouts.layout(names[0]).isEmpty());
     }
 };
 

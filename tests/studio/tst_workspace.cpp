@@ -13,12 +13,9 @@ class StudioWorkspaceTest : public studio::test::StudioTest
 private Q_SLOTS:
     void theStudioWorksWithoutAnyPanelAndKeepsItsLayout()
     {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(u"layout.json"_qs);
         StudioWindow window;
         window.openFile(samplePaths().first());
         window.show();
-        window.keepLayoutIn(path);
         settle();
         Workspace& workspace = window.workspace();
         const QByteArray before = workspace.layout();
@@ -34,13 +31,6 @@ private Q_SLOTS:
             window.selectLayer(0);
             window.player().step(1);
         }
-        window.player().setLooping(false);
-        {
-            StudioWindow next;
-            next.keepLayoutIn(path);
-            QVERIFY(!next.workspace().isPanelOpen(u"transport"_qs));
-            QVERIFY(next.notices().isEmpty() && !next.player().isLooping());
-        }
         for (QAction* action : window.findChildren<QAction*>()) {
             if (action->text() == u"&Reset Layout"_qs) {
                 action->trigger();
@@ -48,6 +38,16 @@ private Q_SLOTS:
         }
         settle();
         QCOMPARE(workspace.layout(), before);
+
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"layout.json"_qs);
+        window.keepLayoutIn(path);
+        workspace.setPanelOpen(u"transport"_qs, false);
+        window.player().setLooping(false);
+        StudioWindow next;
+        next.keepLayoutIn(path);
+        QVERIFY(!next.workspace().isPanelOpen(u"transport"_qs));
+        QVERIFY(next.notices().isEmpty() && !next.player().isLooping());
     }
 };
 

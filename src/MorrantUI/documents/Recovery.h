@@ -33,6 +33,8 @@ public:
     /// @param folder of all runs, made when it is first needed
     explicit Recovery(const QString& folder);
     ~Recovery();
+    Recovery(const Recovery&) = delete;
+    Recovery& operator=(const Recovery&) = delete;
 
     /// What runs that are over have left, which is this run's from now on and stays on disk until
     /// forget() or keep(). A folder in which anything cannot be read is nobody's and stays; one

@@ -21,7 +21,8 @@ enum class Leaving
     Stay, ///< the document is not left
 };
 
-/// Asks what is to become of changes.
+/// Asks what is to become of changes, in a dialog that waits for the answer.
+/// @param question its heading, such as "Close “Walk”?"
 MORRANT_UI_EXPORT Leaving askToLeave(const QString& question, const QString& text, QWidget* parent);
 
 /// Says which documents have changes that are not saved, the first eight of them by name.

@@ -12,6 +12,7 @@ namespace ui {
 /// Tells whether bytes are the same ones.
 MORRANT_UI_EXPORT QByteArray fingerprintOf(const QByteArray& bytes);
 
+/// What has become of a file that was read.
 enum class FileState
 {
     Known,   ///< it holds what it held
@@ -19,6 +20,7 @@ enum class FileState
     Gone,
 };
 
+/// Reads the file, whatever its time says.
 /// @param known the fingerprint of what the file held when we last read or wrote it
 MORRANT_UI_EXPORT FileState fileState(const QString& path, const QByteArray& known);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "support/Answer.h"
+#include "menus/answers.h"
 #include "support/TestCase.h"
 #include <MorrantUI/docking/tabs/TabBarHeader.h>
 #include <MorrantUI/docking/tabs/TabItem.h>
@@ -7,14 +7,25 @@
 #include <MorrantUI/documents/FileSaver.h>
 #include <MorrantUI/documents/FileTabs.h>
 #include <MorrantUI/documents/UnsavedKeeper.h>
+#include <MorrantUI/documents/filedrops.h>
 #include <MorrantUI/documents/questions.h>
 #include <MorrantUI/documents/savedfiles.h>
-
-using ui::test::Answer;
+#include <MorrantUI/menus/ModalDialog.h>
 
 namespace {
 
 using Button = QDialogButtonBox::StandardButton;
+
+int gAsked = 0; ///< questions that were answered
+
+/// Presses a button of the next question.
+void answer(Button button)
+{
+    ui::test::answerDialog([button](QDialog& dialog) {
+        ++gAsked;
+        static_cast<ModalDialog&>(dialog).button(button)->click();
+    });
+}
 
 QByteArray contentsOf(const QString& path)
 {
@@ -146,23 +157,24 @@ private Q_SLOTS:
         const std::pair<Button, QString> answers[] = {
             {QDialogButtonBox::Cancel, u"b c*"_qs}, {QDialogButtonBox::Discard, u"b"_qs}};
         for (const auto& [button, left] : answers) {
-            const Answer answer(button);
+            answer(button);
             tabs.close(1);
             QCoreApplication::processEvents();
-            QCOMPARE(answer.asked, 1);
+            QCOMPARE(std::exchange(gAsked, 0), 1);
             QCOMPARE(tabs.texts(), left);
         }
         tabs.add(new TextPage(u"d"_qs, {}));
         connect(&tabs, &FileTabs::closing, &tabs, [&tabs] { tabs.front().type("typed"); });
-        const Answer save(QDialogButtonBox::Save);
+        answer(QDialogButtonBox::Save);
         tabs.close(1); // without a path
         QCOMPARE(tabs.texts(), u"b d*"_qs);
 
         tabs.add(new TextPage(u"e"_qs, {}));
         FilePage* const kept = tabs.pages().at(1);
+        answer(QDialogButtonBox::Cancel);
         tabs.getHeader()->closeTabs({0, 1}); // the one that is kept comes back
         QTRY_COMPARE(tabs.texts(), u"e* d*"_qs);
-        QCOMPARE(save.asked, 2);
+        QCOMPARE(std::exchange(gAsked, 0), 2);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(tabs.current() == kept && kept->isVisible());
         kept->setSaved(u"/elsewhere/new.txt"_qs, {});
@@ -192,9 +204,9 @@ private Q_SLOTS:
             {QDialogButtonBox::Save, true, "theirs", "123"},
             {QDialogButtonBox::Discard, true, "theirs", "123"}};
         for (const auto& [button, saved, first, other] : answers) {
-            const Answer answer(button);
+            answer(button);
             QCOMPARE(tabs.saver().save(tabs.front()), saved);
-            QCOMPARE(answer.asked, 1);
+            QCOMPARE(std::exchange(gAsked, 0), 1);
             QCOMPARE(contentsOf(path), first);
             QCOMPARE(contentsOf(tabs.chosen), other);
             QVERIFY(!saved || QFile::remove(tabs.chosen)); // asked again
@@ -246,20 +258,40 @@ private Q_SLOTS:
             {QDialogButtonBox::Discard, true},
             {QDialogButtonBox::Save, false}};
         for (const auto& [button, may] : answers) {
-            const Answer answer(button);
+            answer(button);
             QCOMPARE(tabs.mayLeave(u"Quit?"_qs), may);
-            QCOMPARE(answer.asked, 1);
+            QCOMPARE(std::exchange(gAsked, 0), 1);
         }
         tabs.saver().setChoosePath([&folder](const QString& suggested) {
             return folder.filePath(QFileInfo(suggested).fileName());
         });
-        const Answer save(QDialogButtonBox::Save);
+        answer(QDialogButtonBox::Save);
         QVERIFY(tabs.mayLeave(u"Quit?"_qs) && tabs.mayLeave(u"Quit?"_qs));
-        QCOMPARE(save.asked, 1);
+        QCOMPARE(std::exchange(gAsked, 0), 1);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), (QStringList{u"b"_qs, u"c"_qs}));
         const QString named = ui::unsavedText({u"A\nB"_qs, QString(99, u'c')});
         QVERIFY(named.contains(u"\n• A B\n• ccc"_qs) && named.endsWith(u"c…"_qs));
         QVERIFY(ui::unsavedText(QStringList(10, u"d"_qs)).endsWith(u"\nand 2 more"_qs));
+    }
+
+    void droppedFilesAreTakenByTheirSuffix()
+    {
+        QWidget target;
+        QStringList taken;
+        ui::offerFileDrops(target, u"txt"_qs, [&taken](const QStringList& paths, bool hasOthers) {
+            taken = paths + QStringList(hasOthers ? u"and others"_qs : u"whole"_qs);
+        });
+        QMimeData data;
+        QVERIFY(!ui::test::dropOn(target, data));
+        const QUrl file(u"file:///C:/a%20b.TXT"_qs);
+        const QUrl remote(u"https://example.org/b.txt"_qs);
+        for (const QList<QUrl>& urls : {QList{file}, {file, remote}, {remote}}) {
+            data.setUrls(urls);
+            QVERIFY(ui::test::dropOn(target, data, Qt::MoveAction));
+            const bool isWhole = !urls.contains(remote);
+            QCOMPARE(taken.takeLast(), isWhole ? u"whole"_qs : u"and others"_qs);
+            QCOMPARE(taken, urls.contains(file) ? QStringList(file.toLocalFile()) : QStringList());
+        }
     }
 
     void changesOutliveACrash()

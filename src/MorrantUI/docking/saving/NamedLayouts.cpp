@@ -39,12 +39,16 @@ QStringList NamedLayouts::names() const
 
 bool NamedLayouts::save(const QString& name) const
 {
+    return save(name, saveLayout());
+}
+
+bool NamedLayouts::save(const QString& name, const QByteArray& layout) const
+{
     if (name.trimmed().isEmpty() || !QDir().mkpath(m_folder)) {
         return false;
     }
     QSaveFile file(path(name));
-    const QByteArray json = saveLayout();
-    if (file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.commit()) {
+    if (file.open(QIODevice::WriteOnly) && file.write(layout) == layout.size() && file.commit()) {
         return true;
     }
     log::warning("The layout could not be saved: {}", file.errorString().toStdString());
@@ -53,8 +57,13 @@ bool NamedLayouts::save(const QString& name) const
 
 bool NamedLayouts::restore(const QString& name, const PanelForName& panelForName) const
 {
+    return restoreLayout(layout(name), panelForName);
+}
+
+QByteArray NamedLayouts::layout(const QString& name) const
+{
     QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) && restoreLayout(file.readAll(), panelForName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 bool NamedLayouts::remove(const QString& name) const

@@ -4,6 +4,7 @@
 #include <MorrantUI/docking/saving/savedlayouts.h>
 #include <MorrantUI/morrantui_export.h>
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -23,6 +24,10 @@ public:
     /// @return false for a name without any visible character and when the file cannot be written,
     ///     which is one line in the log
     bool save(const QString& name) const;
+    /// The same with a layout that there is, such as Workspace::layout().
+    bool save(const QString& name, const QByteArray& layout) const;
+    /// The layout as it was saved, for Workspace::setLayout(); empty when there is no such layout.
+    QByteArray layout(const QString& name) const;
     /// As restoreLayout(); false when there is no such layout.
     bool restore(const QString& name, const PanelForName& panelForName) const;
     bool remove(const QString& name) const; ///< whether there was one

@@ -151,6 +151,9 @@ bool Workspace::setLayout(const QByteArray& layout, QString* error)
 {
     const auto saved = readLayout(layout, error);
     if (!saved || !isMain()) {
+        if (saved && error) {
+            *error = tr("the panels are not those of the main window");
+        }
         return false;
     }
     const QStringList mentioned = mentionedIn(*saved);
