@@ -17,12 +17,16 @@ struct CanvasMapping
     double scale = 1; ///< logical pixels a pixel of the page; above 0
     QPointF origin;   ///< of the page's top left corner, in the view
 
+    /// Where a point of the page lies in the view.
     QPointF toView(QPointF point) const { return origin + point * scale; }
+    /// The same for an area.
     QRectF toView(const QRectF& area) const
     {
         return {toView(area.topLeft()), area.size() * scale};
     }
+    /// What of the page lies at a point of the view.
     QPointF toPage(QPointF point) const { return (point - origin) / scale; }
+    /// The same for an area.
     QRectF toPage(const QRectF& area) const
     {
         return {toPage(area.topLeft()), area.size() / scale};
