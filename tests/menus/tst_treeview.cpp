@@ -306,6 +306,12 @@ private Q_SLOTS:
         QVERIFY(pressed.size() == 2 && garden.tree.columnWidth(1) == 24);
         QCOMPARE(notationOf(garden.model), u"abc"_qs);
     }
+
+    void aTreeMayOwnItsModel()
+    {
+        TreeView tree;
+        tree.setModel(new QStandardItemModel(&tree)); // which dies after what the tree is made of
+    }
 };
 
 const ui::test::Registration<TreeViewTest> kRegistration;

@@ -65,6 +65,9 @@ TreeView::TreeView(QWidget* parent)
 TreeView::~TreeView()
 {
     m_drag->cancel();
+    for (const QMetaObject::Connection& watch : std::as_const(m_watches)) {
+        disconnect(watch); // a model that is the tree's child dies after what they would use
+    }
 }
 
 void TreeView::setModel(QAbstractItemModel* newModel)
