@@ -114,6 +114,7 @@
 #include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/PopoverPanel.h>
 #include <MorrantUI/menus/PopoverSide.h>
+#include <MorrantUI/menus/RowListModel.h>
 #include <MorrantUI/menus/TreeView.h>
 #include <MorrantUI/menus/WidgetMenu.h>
 #include <MorrantUI/menus/WidgetMenuAction.h>

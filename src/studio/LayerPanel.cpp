@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "LayerPanel.h"
 
-#include "LayerModel.h"
 #include "LayerTree.h"
 #include "commands.h"
 #include "editing/DocumentEditor.h"
@@ -38,11 +37,9 @@ bool hasAny(const DocumentEditor& editor, const std::vector<int>& layers, bool L
 
 LayerPanel::LayerPanel(QWidget* parent)
     : Panel(tr("Layers"), parent)
-    , m_model(new LayerModel(this))
-    , m_tree(new LayerTree(*m_model))
+    , m_tree(new LayerTree)
     , m_menu(new QMenu(tr("&Layer"), this))
 {
-    m_tree->setAccessibleName(tr("Layers"));
     setContent(m_tree);
     buildMenu();
     connect(
@@ -50,8 +47,8 @@ LayerPanel::LayerPanel(QWidget* parent)
         &QItemSelectionModel::selectionChanged,
         this,
         &LayerPanel::showSelection);
-    connect(m_model, &QAbstractItemModel::layoutChanged, this, &LayerPanel::showSelection);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, &LayerPanel::showActions);
+    connect(m_tree->model(), &QAbstractItemModel::layoutChanged, this, &LayerPanel::showSelection);
+    connect(m_tree->model(), &QAbstractItemModel::dataChanged, this, &LayerPanel::showActions);
     showActions();
 }
 
@@ -71,15 +68,15 @@ void LayerPanel::buildMenu()
 void LayerPanel::setEditor(DocumentEditor& editor)
 {
     selectLayer(-1);
-    m_model->setEditor(editor);
+    m_tree->setEditor(editor);
     selectLayer(-1); // names of layers may be the same in another document
-    setRemark(QLocale().toString(m_model->rowCount()));
+    setRemark(QLocale().toString(m_tree->model()->rowCount()));
     showSelection();
 }
 
 void LayerPanel::selectLayer(int layer)
 {
-    const QModelIndex row = m_model->index(layer, 0);
+    const QModelIndex row = m_tree->model()->index(layer, 0);
     m_tree->selectionModel()->setCurrentIndex(
         row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
@@ -94,7 +91,7 @@ void LayerPanel::rename()
 void LayerPanel::toggleHidden()
 {
     const auto layers = m_tree->selectedLayers();
-    DocumentEditor& editor = *m_model->editor();
+    DocumentEditor& editor = m_tree->editor();
     const auto isShown = [&editor](int layer) { return !hasAny(editor, {layer}, &Layer::hidden); };
     editor.setHidden(layers, std::any_of(layers.begin(), layers.end(), isShown));
 }
@@ -102,7 +99,7 @@ void LayerPanel::toggleHidden()
 void LayerPanel::toggleLocked()
 {
     const auto layers = m_tree->selectedLayers();
-    DocumentEditor& editor = *m_model->editor();
+    DocumentEditor& editor = m_tree->editor();
     editor.setLocked(layers, !hasAny(editor, layers, &Layer::locked));
 }
 
@@ -110,7 +107,7 @@ void LayerPanel::toggleLocked()
 void LayerPanel::move(int step)
 {
     const auto layers = m_tree->selectedLayers();
-    m_model->editor()->moveLayers(layers, step < 0 ? layers.front() - 1 : layers.back() + 2);
+    m_tree->editor().moveLayers(layers, step < 0 ? layers.front() - 1 : layers.back() + 2);
 }
 
 void LayerPanel::showSelection()
@@ -124,9 +121,9 @@ void LayerPanel::showActions()
 {
     const auto layers = m_tree->selectedLayers();
     const bool isAny = !layers.empty();
-    const bool isLocked = isAny && hasAny(*m_model->editor(), layers, &Layer::locked);
+    const bool isLocked = isAny && hasAny(m_tree->editor(), layers, &Layer::locked);
     const auto isHidden = [this](int layer) {
-        return hasAny(*m_model->editor(), {layer}, &Layer::hidden);
+        return hasAny(m_tree->editor(), {layer}, &Layer::hidden);
     };
     const bool shows = isAny && std::all_of(layers.begin(), layers.end(), isHidden);
     m_actions[Hide]->setText(shows ? tr("S&how") : tr("&Hide"));
@@ -139,7 +136,8 @@ void LayerPanel::showActions()
     m_actions[Hide]->setEnabled(isAny);
     m_actions[Lock]->setEnabled(isAny);
     m_actions[MoveUp]->setEnabled(isAny && !isLocked && layers.front() > 0);
-    m_actions[MoveDown]->setEnabled(isAny && !isLocked && layers.back() < m_model->rowCount() - 1);
+    m_actions[MoveDown]->setEnabled(
+        isAny && !isLocked && layers.back() < m_tree->model()->rowCount() - 1);
 }
 
 } // namespace studio

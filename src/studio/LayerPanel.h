@@ -9,7 +9,6 @@ class QMenu;
 namespace studio {
 
 class DocumentEditor;
-class LayerModel;
 class LayerTree;
 
 /// The layers of the main composition in a tree: renamed in place, taken elsewhere by the mouse or
@@ -45,7 +44,6 @@ private:
     void showSelection();
     void showActions();
 
-    LayerModel* m_model;
     LayerTree* m_tree;
     QMenu* m_menu;
     QList<QAction*> m_actions;

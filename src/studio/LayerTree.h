@@ -3,19 +3,29 @@
 
 #include <MorrantUI/menus/TreeView.h>
 
+#include <QPointer>
+
+#include <vector>
+
+class RowListModel;
+
 namespace studio {
 
-class LayerModel;
+class DocumentEditor;
 
-/// The tree over a LayerModel: its columns of switches act on the document, and rows
-/// that are taken elsewhere move in the document, as one step.
+/// The layers of the main composition, first on top, each with the icon of its kind and switches
+/// for being seen and locked. Follows the document and edits it, one step each; a layer that is
+/// moved stays the same row.
 class LayerTree : public TreeView
 {
     Q_OBJECT
 
 public:
-    /// @param model must outlive it
-    explicit LayerTree(LayerModel& model, QWidget* parent = nullptr);
+    explicit LayerTree(QWidget* parent = nullptr);
+
+    /// Shows the layers of another document, which may be null, or the same anew.
+    void setEditor(DocumentEditor& editor);
+    DocumentEditor& editor() const; ///< that has been set
 
     /// The selected layers' places, from top to bottom.
     std::vector<int> selectedLayers() const;
@@ -25,7 +35,8 @@ protected:
         const QModelIndexList& rows, const QModelIndex& parent, int row) override;
 
 private:
-    LayerModel& m_model;
+    RowListModel* m_model;
+    QPointer<DocumentEditor> m_editor;
 };
 
 } // namespace studio

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/StyledApplication.h"
 #include <MorrantUI/menus/ListView.h>
+#include <MorrantUI/menus/RowListModel.h>
 
 using Reordering = TreeView::Reordering;
 using ui::test::FakePointer;
@@ -305,6 +306,47 @@ private Q_SLOTS:
         QTest::mousePress(viewport, Qt::RightButton, {}, at);
         QVERIFY(pressed.size() == 2 && garden.tree.columnWidth(1) == 24);
         QCOMPARE(notationOf(garden.model), u"abc"_qs);
+    }
+
+    void aPushedListKeepsItsRowsByTheirIdentities()
+    {
+        RowListModel model(QList<ListedSwitch>(2));
+        QAbstractItemModelTester tester(
+            &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        std::mt19937 random(7);
+        for (int round = 0; round < 200; ++round) {
+            std::vector<ListedRow> rows;
+            for (quint64 identity = 0; identity < 8; ++identity) {
+                if (random() % 4 != 0) {
+                    rows.push_back({.identity = identity, .name = QString::number(random() % 3)});
+                }
+            }
+            std::shuffle(rows.begin(), rows.end(), random);
+            QMap<quint64, QPersistentModelIndex> held;
+            for (int row = 0; row < model.rowCount(); ++row) {
+                held[model.rows()[std::size_t(row)].identity] = model.index(row, 1);
+            }
+            model.setRows(rows);
+            QVERIFY(model.rows() == rows);
+            for (std::size_t row = 0; row < rows.size(); ++row) {
+                const QPersistentModelIndex at = held.take(rows[row].identity);
+                QVERIFY(!at.isValid() || at == model.index(int(row), 1));
+            }
+            for (const QPersistentModelIndex& gone : std::as_const(held)) {
+                QVERIFY(!gone.isValid());
+            }
+        }
+        model.setRows(
+            {{.identity = 1}, {.identity = 1, .isRenamable = false}}); // counts as another
+        const QSignalSpy switched(&model, &RowListModel::switchWanted);
+        const QSignalSpy renamed(&model, &RowListModel::renameWanted);
+        model.pressSwitch(model.index(1, 0)); // no switch
+        model.pressSwitch(model.index(1, 2));
+        QCOMPARE(switched.size(), 1);
+        QCOMPARE(switched[0], (QVariantList{1, 1, true}));
+        QVERIFY(!model.setData(model.index(1, 0), u"a"_qs));
+        QVERIFY(model.setData(model.index(0, 0), u"b"_qs));
+        QCOMPARE(renamed.size(), 1);
     }
 
     void aTreeMayOwnItsModel()
