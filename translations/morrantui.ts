@@ -718,6 +718,13 @@
     </message>
 </context>
 <context>
+    <name>Workspace</name>
+    <message>
+        <source>the panels are not those of the main window</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ui::PresetDialog</name>
     <message>
         <source>A name has no line breaks or control characters.</source>

@@ -884,39 +884,11 @@
 <context>
     <name>studio::GraphEditor</name>
     <message>
-        <source>Graph Editor</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>&amp;Graph</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Animated properties</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Fit &amp;Selection</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Fit &amp;All</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Trans&amp;form Tool</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Change Easing</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Change Key</source>
+        <source>Graph Editor</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -932,66 +904,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Select a property to see its curves</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>studio::LayerModel</name>
-    <message>
-        <source>Precomposition</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Solid</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Null</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Shape</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Not drawn</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1, hidden</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Show layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Hide layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Hidden</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Visible</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unlock layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Lock layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Locked</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unlocked</source>
+        <source>Change Easing</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1031,6 +944,69 @@
     </message>
     <message>
         <source>Un&amp;lock</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>studio::LayerTree</name>
+    <message>
+        <source>%1, hidden</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Precomposition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Null</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not drawn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unlocked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lock layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unlock layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layers</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
