@@ -144,10 +144,12 @@ QPointer<DockableGroup> DockOperation::splitInGroup(DockableGroup& parent)
         group->show();
     }
     group->appendChild(&m_target);
-    if (inFront) {
-        parent.bringForward(*group);
+    if (inFront && group && holder) {
+        holder->bringForward(*group);
     }
-    group->insertChild(insertIndex(m_area), &m_window);
+    if (group && window) { // what is in them hears of each step, and may do anything
+        group->insertChild(insertIndex(m_area), window);
+    }
     if (group && window) {
         group->bringForward(*window);
     }
@@ -171,9 +173,17 @@ QPointer<DockableGroup> DockOperation::splitFloating()
     const int own = m_target.extentAlong(m_area);
 
     group->appendChild(&m_target);
-    group->insertChild(insertIndex(m_area), &m_window);
-    group->bringForward(m_window);
-    group->m_splitterSizes->setSizesAround(m_target, own);
+    if (group && window) { // unless what is in the target has answered to its being hidden
+        group->insertChild(insertIndex(m_area), window);
+    }
+    if (!group || !target || !window || group->childCount() < 2) {
+        if (group) {
+            group->collapseGroup();
+        }
+        return {};
+    }
+    group->bringForward(*window);
+    group->m_splitterSizes->setSizesAround(*target, own);
     group->move(alone.topLeft());
     group->show();
     if (group && target && window && groupOf(*window) == group) {

@@ -138,8 +138,9 @@ void DockableGroup::insertChild(int index, DockableWindow* window)
     if (!Rearranging::active()) {
         m_splitterSizes->growFor(*window, place);
     }
-
-    window->dropNativeWindow();
+    if (!ui::docking::TreeAccess::hideFor(*this, *window)) {
+        return;
+    }
     GroupSplitter::liftLimits(*window);
     {
         const GroupSplitter::Pause pause(m_splitter);

@@ -83,13 +83,16 @@ void DockableTabGroup::insertChild(int index, DockableWindow* window)
         resize(window->size() + QSize(0, m_strip->sizeHint().height()));
     }
     const bool meets = isFloating() && window->isWindow();
-    m_kept[window] = {
+    const Kept kept{
         window, window->sizePolicy(), window->shownTitle(), meets ? window->size() : QSize()};
+    if (!TreeAccess::hideFor(*this, *window) || indexOfChild(window) >= 0) {
+        return;
+    }
+    m_kept[window] = kept;
     window->setSizePolicy(noSay());
     if (window->windowMode() == WindowMode::Panel) {
         window->setHeaderVisible(false);
     }
-    window->dropNativeWindow();
     TreeAccess::setLimits(*window, {}, Qt::Horizontal | Qt::Vertical); // a page fills its group
     addTab(place, *window);
     m_stack->insertWidget(place, window);
@@ -216,7 +219,7 @@ void DockableTabGroup::forgetTab(int index)
 void DockableTabGroup::setActiveIndex(int index)
 {
     DockableWindow* const next = getChild(index);
-    if (!next) {
+    if (!next || !m_kept.contains(next)) {
         return;
     }
     if (next == m_active && m_stack->currentIndex() == index) {

@@ -93,6 +93,14 @@ void TreeAccess::dropNativeWindow(DockableWindow& window)
     window.dropNativeWindow();
 }
 
+bool TreeAccess::hideFor(DockableGroup& group, DockableWindow& window)
+{
+    const QPointer<DockableGroup> taker(&group);
+    const QPointer<DockableWindow> guest(&window);
+    window.dropNativeWindow();
+    return taker && guest && taker->canTake(guest);
+}
+
 void TreeAccess::letGo(DockableWindow& window)
 {
     if (DockableGroup* group = groupOf(window)) {

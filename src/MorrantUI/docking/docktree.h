@@ -49,6 +49,10 @@ public:
     static void listPanels(DockableWindow& window, QList<DockableWindow*>& panels);
     /// Hides a window that floats, and gives its window of the system back.
     static void dropNativeWindow(DockableWindow& window);
+    /// The same before a window comes into a group. What is in it hears of that, and may do
+    /// anything.
+    /// @return whether it may still come in
+    static bool hideFor(DockableGroup& group, DockableWindow& window);
     /// A window that is in a group gets back what it came with, and may leave.
     static void letGo(DockableWindow& window);
     /// Of a tab group the active child; null where no child lies behind another.
