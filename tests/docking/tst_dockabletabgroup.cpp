@@ -205,6 +205,11 @@ private Q_SLOTS:
         tree.play(u"select r"_qs);
         QCOMPARE(tree.tabs("^b")->activeIndex(), 0);
         QCOMPARE(tree.text(), u"H(a T(b c d r n) e)"_qs);
+        tree.play(u"undock r, undock c, settle"_qs);
+        content->whenHidden = [&tree] { tree["c"]->undock(true); }; // as it comes to it
+        tree.play(u"dock r c center, settle"_qs);
+        QCOMPARE(tree.text(), u"H(a T(b d n) e) c r"_qs);
+        QVERIFY(panel->isVisible());
     }
 
     void keysWalkBetweenTabs()

@@ -553,8 +553,9 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
         }
         const QPointer<DockableWindow> newcomer(window);
         result = operation.run();
-        if (newcomer && !groupOf(*newcomer)) {
+        if (newcomer && !newcomer->m_closing && !groupOf(*newcomer)) {
             newcomer->makeFloating(); // something has come in between
+            newcomer->show();
         }
         if (old && old != result) {
             old->collapseIfNeedless();
