@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/DockableTabHeader.h"
 
+#include "MorrantUI/platform/vectorregisters.h"
 #include <MorrantUI/theme/colors.h>
 
 #include <QEvent>
@@ -63,6 +64,7 @@ void DockableTabHeader::paintEvent(QPaintEvent* /*event*/)
     const QRect title = QStyle::alignedRect(
         layoutDirection(), Qt::AlignVCenter | Qt::AlignLeading, m_title.size().toSize(), room);
     painter.setPen(ui::colorQt(QStringLiteral("WindowText")));
+    morrant::native::clearVectorRegisters();
     painter.drawStaticText(title.topLeft(), m_title);
     paintFocus(painter);
 }

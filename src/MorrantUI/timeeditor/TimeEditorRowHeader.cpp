@@ -2,6 +2,7 @@
 #include "MorrantUI/timeeditor/TimeEditorRowHeader.h"
 
 #include "MorrantUI/controls/accessibility.h"
+#include "MorrantUI/platform/vectorregisters.h"
 #include <MorrantUI/theme/colors.h>
 #include <MorrantUI/theme/drawing.h>
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
@@ -231,6 +232,7 @@ void TimeEditorRowHeader::paintLabel(QPainter& painter, const Entry& entry) cons
         room.setLeft(icon.right() + 1 + kSpacing);
     }
     painter.setPen(ink);
+    morrant::native::clearVectorRegisters();
     painter.drawText(
         room,
         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

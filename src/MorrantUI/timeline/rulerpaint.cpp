@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeline/rulerpaint.h"
 
+#include "MorrantUI/platform/vectorregisters.h"
 #include "MorrantUI/theme/style/pixelgrid.h"
 #include "MorrantUI/theme/style/shades.h"
 #include "MorrantUI/theme/style/shapes.h"
@@ -299,6 +300,7 @@ void paintRuler(QPainter& painter, const RulerPicture& picture)
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setFont(picture.font);
     paintGround(painter, picture);
+    morrant::native::clearVectorRegisters();
     paintTicks(painter, picture);
     paintRange(painter, picture);
     paintMarkers(painter, picture);
