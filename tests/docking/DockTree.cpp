@@ -131,6 +131,7 @@ void DockTree::buildChildren(QStringView& notation, DockableGroup& group)
     if (&group == m_root.get() && all.first(all.size() - notation.size()).contains(u'=')) {
         const int handles = 6 * static_cast<int>(sizes.size() - 1);
         const int length = std::accumulate(sizes.begin(), sizes.end(), handles) + 12;
+        waitForFrame(group); // a window manager's late answer would bring the size before back
         upright ? group.resize(group.width(), length) : group.resize(length, group.height());
         settle();
         group.setSizes(sizes);
