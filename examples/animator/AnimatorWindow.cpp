@@ -102,6 +102,7 @@ AnimatorWindow::AnimatorWindow(Animation animation)
     }
     m_clock.setTrack(0, 100, 24);
     m_sheet->setClock(&m_clock);             // Space plays
+    m_graph->setClock(&m_clock);             // here, too
     m_sheet->view().setUtils(m_edits.get()); // your TimeEditorUtils: copy, paste, delete, menus
     // [rows]
     connectViews();
@@ -125,8 +126,6 @@ void AnimatorWindow::connectViews()
     connect(m_graph, &ValueGraphView::keysChanging, this, &AnimatorWindow::takeCurves);
     connect(m_graph, &ValueGraphView::gestureEnded, this, [this] { finish(tr("Change Curve")); });
     TimelineView& ruler = m_sheet->ruler();
-    connect(&m_clock, &PlaybackClock::frameChanged, m_graph, &ValueGraphView::setCurrentFrame);
-    connect(m_graph, &ValueGraphView::spaceTapped, &m_clock, &PlaybackClock::toggle);
     connect(&ruler, &TimelineView::playbackRangeEdited, this, &AnimatorWindow::takeTime);
     connect(&ruler, &TimelineView::markerEdited, this, &AnimatorWindow::takeTime);
     // [edits]

@@ -7,6 +7,8 @@ using ui::FrameRange;
 
 namespace {
 
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
 /// A clock of ten frames a second whose time the test sets.
 struct DrivenClock
 {
@@ -28,11 +30,13 @@ struct DrivenClock
         ui::test::FakeClock(&clock).fireTimers(std::numeric_limits<int>::max());
     }
 
-    bool timerRuns() { return clock.findChild<QTimer*>()->isActive(); }
+    QTimer& timer() { return *clock.findChild<QTimer*>(); }
+    bool timerRuns() { return timer().isActive(); }
 };
 
 void enter(QWidget& field, const QString& text)
 {
+    field.clearFocus();
     field.setFocus(Qt::TabFocusReason);
     QTest::keyClicks(&field, text);
     QTest::keyClick(&field, Qt::Key_Return);
@@ -47,7 +51,6 @@ class PlaybackTest : public ui::test::StyledTestCase
 private Q_SLOTS:
     void framesFollowTimeAndLoopAndTheOutPointIsNone()
     {
-        constexpr double kInf = std::numeric_limits<double>::infinity();
         constexpr int kLeast = std::numeric_limits<int>::min();
         constexpr int kMost = std::numeric_limits<int>::max();
         const FrameRange range{0, 89};
@@ -59,7 +62,9 @@ private Q_SLOTS:
             {1, {range, 30, 80, false}, 89},
             {1.7, {{-5, 4}, 10, 0}, -3},
             {1, {{kLeast, kMost}, 2, kMost}, kLeast + 1},
-            {0, {range, 60, 100}, 89},
+            {0, {range, 60, 100}, 100}, // outside comes before the first
+            {0.1, {{20, 29}, 10, 5}, 20},
+            {0.2, {{20, 29}, 10, 80, false}, 21},
             {365.0 * 86400, {range, 60, 1}, 1},
             {kInf, {range, 60, 0}, 0},
             {-5, {range, 60, 3}, 3},
@@ -67,7 +72,20 @@ private Q_SLOTS:
         for (const auto& [seconds, run, expected] : cases) {
             QCOMPARE(ui::frameAfter(run, ui::framesPassed(run, seconds)), expected);
         }
+        const std::tuple<ui::PlaybackRun, double, qint64, int> waits[] = {
+            {{range, 10}, 0.25, 2, 50},
+            {{range, 10}, 5, 2, 1}, // late
+            {{range, 10}, std::nan(""), 2, 100},
+            {{range, 1e-9}, 0, 0, 3600000},
+            {{range, 0}, 0, 0, -1},
+            {{{4, 4}, 10, 4}, 0, 0, -1}, // nothing follows
+            {{{4, 4}, 10, 5}, 0, 0, 100}};
+        for (const auto& [run, seconds, passed, expected] : waits) {
+            QCOMPARE(ui::waitForNextFrame(run, seconds, passed).value_or(-1), expected);
+        }
         QCOMPARE(ui::wholeFrames(-2.5, 89.5), FrameRange(-2, 89));
+        QCOMPARE(ui::wholeFrames(2.0000001, 90.0000001), FrameRange(2, 89)); // rounding
+        QCOMPARE(ui::wholeFrames(std::nan(""), 3), FrameRange(0, 2));
         QCOMPARE(ui::wholeFrames(0.5, 3), FrameRange(1, 2));
         QCOMPARE(ui::wholeFrames(3.2, 3.6), FrameRange(4, 4)); // between two frames
         QCOMPARE(ui::wholeFrames(-kInf, 1e300), FrameRange(kLeast, kMost));
@@ -76,6 +94,8 @@ private Q_SLOTS:
         const QLocale german(QLocale::German, QLocale::Germany);
         QCOMPARE(ui::timeText(3661 * 25 + 1, 25, german), u"61:01,04"_qs);
         QCOMPARE(ui::timeText(-1, 1, english), u"-0:01.00"_qs);
+        QCOMPARE(ui::timeText(-1, 0, english), u"0:00.00"_qs);
+        QCOMPARE(ui::rateText(std::nan(""), english), u"0 fps"_qs);
         QCOMPARE(ui::rateText(29.9700012207031, german), u"29,97 fps"_qs);
     }
 
@@ -94,6 +114,47 @@ private Q_SLOTS:
         driven.clock.seek(97);
         driven.passTo(60); // there is but one between
         QCOMPARE(driven.clock.droppedFrames(), 5);
+    }
+
+    void aTimeThatLeapsPlaysOnFromTheFrameShown()
+    {
+        for (const double leap : {-700.0, std::nan(""), kInf}) {
+            DrivenClock driven;
+            driven.clock.play();
+            driven.passTo(0.75);
+            driven.passTo(leap);
+            QCOMPARE(driven.timer().interval(), 100);
+            driven.passTo(-700);
+            driven.passTo(-699.9);
+            QCOMPARE(driven.shown, QList<int>({7, 8}));
+            driven.clock.setTime([&driven] { return driven.now * 2; });
+            driven.passTo(-699.85);
+            QCOMPARE(driven.clock.frame(), 9);
+        }
+    }
+
+    void whatLeavesTheFrameDoesNotHoldUpPlaying()
+    {
+        DrivenClock driven;
+        PlaybackClock& clock = driven.clock;
+        clock.play();
+        const std::function<void()> changes[] = {
+            [&] { clock.setRate(10); },
+            [&] { clock.setLooping(false); },
+            [&] { clock.setPlaybackRange(0, 50); },
+            [&] { clock.setFrameRange(0, 120); },
+            [&] { clock.seek(0); }};
+        for (const auto& change : changes) {
+            driven.now += 0.01;
+            change();
+        }
+        QVERIFY(driven.timer().interval() <= 61);
+        driven.passTo(0.15);
+        clock.setRate(20); // half of a frame is left
+        driven.passTo(0.18);
+        QCOMPARE(driven.shown, QList<int>({1, 2}));
+        clock.setRate(0);
+        QVERIFY(!clock.isPlaying() && !driven.timerRuns());
     }
 
     void playingGoesOnFromWhereItWasSoughtAndSteppingEndsIt()
@@ -132,19 +193,21 @@ private Q_SLOTS:
         QCOMPARE(clock.frame(), -1);
         clock.setTrack(0, 99, std::nan("")); // never leaves a frame
         clock.play();
-        QVERIFY(!driven.timerRuns());
+        QVERIFY(!clock.isPlaying() && !driven.timerRuns());
     }
 
     void aPartIsPlayedOverAndOver()
     {
         DrivenClock driven;
         PlaybackClock& clock = driven.clock;
+        const QSignalSpy jumps(&clock, &PlaybackClock::jumped);
         clock.setPlaybackRange(20, 29);
         clock.seek(95);
         clock.play(); // outside: from its beginning
         driven.passTo(0.9);
         driven.passTo(1.0);
         QCOMPARE(driven.shown, (QList<int>{95, 20, 29, 20}));
+        QCOMPARE(jumps.count(), 3); // not to 29
         clock.setLooping(false);
         driven.passTo(2.5);
         QCOMPARE(clock.frame(), 29);
@@ -153,6 +216,9 @@ private Q_SLOTS:
         QCOMPARE(clock.frame(), 20);
         clock.setPlaybackRange(-5, 300); // held within the track
         QCOMPARE(clock.playbackRange(), clock.frameRange());
+        clock.setPlaybackRange(20, 29);
+        clock.setFrameRange(40, 90); // none of it is left
+        QCOMPARE(clock.playbackRange(), FrameRange(40, 90));
     }
 
     void aSlotHasTheLastWord()
@@ -166,6 +232,31 @@ private Q_SLOTS:
         driven.clock.play();
         driven.clock.step(1);
         QCOMPARE(driven.shown, (QList<int>{99, 40, 50}));
+        DrivenClock strict;
+        connect(
+            &strict.clock, &PlaybackClock::playbackRangeChanged, this, [&](int first, int last) {
+                strict.clock.setPlaybackRange(first, qMax(first + 10, last));
+            });
+        connect(&strict.clock, &PlaybackClock::frameChanged, this, [&](int frame) {
+            strict.clock.seek(frame + frame % 2);
+        });
+        DopeSheetPane pane; // is told after them
+        FrameSlider slider;
+        pane.setClock(&strict.clock);
+        slider.setClock(&strict.clock);
+        const TimelineScene& time = *pane.ruler().getTimelineScene();
+        const std::pair<FrameRange, FrameRange> ranges[] = {
+            {{0, 5}, {0, 10}}, {{90, 200}, {90, 99}}, {{30, 20}, {90, 99}}, {{30, 32}, {30, 40}}};
+        for (const auto& [wanted, expected] : ranges) {
+            pane.ruler().setPlaybackRange(wanted.first, wanted.second);
+            const FrameRange shown(time.getPlaybackStartFrame(), time.getPlaybackEndFrame());
+            QVERIFY(shown == expected && shown == strict.clock.playbackRange());
+        }
+        strict.clock.seek(7);
+        QVERIFY(pane.currentFrame() == 8 && slider.value() == 8);
+        slider.setValue(11);
+        QVERIFY(pane.view().frameNumber() == 12 && slider.value() == 12);
+
         auto* const clock = new PlaybackClock;
         connect(clock, &PlaybackClock::trackChanged, clock, [clock] { delete clock; });
         clock->setTrack(5, 9, 10);
@@ -179,6 +270,9 @@ private Q_SLOTS:
         FrameSlider slider(&window);
         slider.setClock(&driven.clock);
         slider.resize(400, 30);
+        TransportActions actions;
+        actions.setClock(&driven.clock);
+        window.addActions(actions.actions()); // which have fewer rights than the focus
         ui::test::showActive(window);
         driven.clock.seek(20);
         driven.clock.play();
@@ -200,10 +294,20 @@ private Q_SLOTS:
         pointer.moveTo(at(0.9));
         QVERIFY(!slider.isSliderDown() && driven.clock.frame() < 60);
         driven.clock.seek(30);
-        for (const auto& [key, frame] : {std::pair(Qt::Key_Right, 31), {Qt::Key_PageUp, 41}}) {
+        using Keys = std::initializer_list<std::pair<Qt::Key, int>>;
+        for (const auto& [key, frame] : Keys{
+                 {Qt::Key_Right, 31}, {Qt::Key_PageUp, 41}, {Qt::Key_End, 99}, {Qt::Key_Right, 99}})
+        {
             QTest::keyClick(&slider, key);
             QCOMPARE(driven.clock.frame(), frame);
         }
+        pointer.press(at(0.5));
+        driven.clock.setFrameRange(0, 120); // the same document goes on
+        QVERIFY(slider.isSliderDown());
+        driven.clock.setTrack(0, 120, 10);
+        QTest::keyClick(&window, Qt::Key_Escape);
+        QVERIFY(!slider.isSliderDown() && driven.clock.frame() == 0);
+        pointer.release();
     }
 
     void theRulersTimeIsTheClocks()
@@ -214,7 +318,11 @@ private Q_SLOTS:
         pane.resize(900, 200);
         pane.setClock(&other);
         QCOMPARE(pane.ruler().getTimelineScene()->getEndFrame(), 100); // there is no track yet
+        other.setFrameRange(0, 0);                                     // which is one
+        QCOMPARE(pane.ruler().getTimelineScene()->getEndFrame(), 0);
         other.setTrack(0, 9, 25);
+        ValueGraphPane graph;
+        graph.setClock(&driven.clock);
         pane.setClock(&driven.clock);
         ui::test::showActive(pane);
         TimelineView& ruler = pane.ruler();
@@ -229,12 +337,16 @@ private Q_SLOTS:
         QCOMPARE(other.playbackRange(), FrameRange(0, 9));
         driven.clock.seek(42);
         QVERIFY(pane.currentFrame() == 42 && pane.view().frameNumber() == 42);
+        QTest::keyClick(&graph.view(), Qt::Key_Space);
+        QVERIFY(graph.view().currentFrame() == 42 && driven.clock.isPlaying());
+        driven.clock.pause();
         QTest::keyClick(&pane.view(), Qt::Key_Space);
         QVERIFY(driven.clock.isPlaying());
         ui::test::FakePointer(ruler.viewport()).press({ruler.mapFromScene(70, 0).x(), 2});
         QVERIFY(!driven.clock.isPlaying() && driven.clock.frame() == 70);
         driven.clock.setTrack(5, 50, 24); // which ends the drag
         QVERIFY(!ruler.isScrubbing() && pane.view().frameNumber() == 5);
+        QCOMPARE(graph.view().currentFrame(), 5);
         QCOMPARE(played(), FrameRange(5, 50));
     }
 
@@ -248,7 +360,14 @@ private Q_SLOTS:
         bar.addButtons(TransportBar::End::Left, actions.actions());
         auto& code = *bar.findChild<TimeCodeField*>();
         auto& frame = *bar.findChild<NumericField*>();
-        QVERIFY(!code.isEnabled());
+        const auto usableRows = [&bar] {
+            ContextMenu menu;
+            bar.fillMenu(menu);
+            const auto rows = menu.actions();
+            return std::count_if(
+                rows.begin(), rows.end(), [](auto* row) { return row->isEnabled(); });
+        };
+        QVERIFY(!code.isEnabled() && usableRows() == 0);
         bar.setClock(&clock);
         bar.resize(bar.sizeHint());
         ui::test::showActive(bar);
@@ -256,6 +375,15 @@ private Q_SLOTS:
         QCOMPARE(code.toPlainText(), u"00:00:02:07"_qs);
         enter(code, u"5:3"_qs);
         QCOMPARE(clock.frame(), 53);
+        code.setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(&code, u"8"_qs);
+        clock.setFrameRange(0, 98); // is no other document
+        QVERIFY(code.isEdited());
+        clock.setTrack(0, 99, 10);
+        QVERIFY(!code.isEdited());
+        clock.seek(99);
+        enter(code, u"1:0:0"_qs); // beyond the end
+        QCOMPARE(code.toPlainText(), u"00:00:09:09"_qs);
         enter(frame, u"7 / 99"_qs);
         QVERIFY(clock.frame() == 7 && frame.text() == u"7"_qs);
 
@@ -277,18 +405,28 @@ private Q_SLOTS:
         const auto texts = [&bar] {
             QStringList told;
             for (const QLabel* label : bar.findChildren<QLabel*>()) {
-                told << label->text();
+                const bool hasRoom = label->minimumWidth() >= label->sizeHint().width();
+                told << (hasRoom ? label->text() : u"no room"_qs);
             }
             return told.join(u'|');
         };
         QCOMPARE(texts(), u"%1|2 dropped|%2"_qs.arg(ui::timeText(3, 10), ui::rateText(10)));
 
         bar.setShownParts(TransportBar::TimeCode | TransportBar::Rate);
-        QVERIFY(!frame.isVisible() && code.isVisible());
+        QVERIFY(!frame.isVisible() && code.isVisible() && usableRows() == 2);
         QCOMPARE(bar.shownParts(), TransportBar::TimeCode | TransportBar::Rate);
+        bar.setShownParts(TransportBar::FrameNumber);
+        QCOMPARE(usableRows(), 1); // there is nothing to type into
+        actions.action(TransportActions::Loop)->setChecked(true);
+        QVERIFY(clock.isLooping());
         driven.reset(); // leaves a bar that does nothing
         actions.action(TransportActions::Play)->trigger();
         QVERIFY(!code.isEnabled() && play.toolTip() == u"Play (Space)"_qs);
+
+        auto* const owner = new TransportBar;
+        owner->setClock(new PlaybackClock(owner));
+        owner->addButtons(TransportBar::End::Right, {nullptr});
+        delete owner; // the clock goes after what is in it
     }
 };
 

@@ -108,6 +108,7 @@ private Q_SLOTS:
         QCOMPARE(bookendFrame(false, 500, frames, playback), 100);
         QCOMPARE(bookendFrame(false, 70, {90, 60}, playback), 60);
         QCOMPARE(bookendFrame(false, 0, {90, 60}, playback), 60);
+        QVERIFY(bookendFrame(true, 0, {0, 0}, {0, 0}) == 0 && bookendFrame(false, 0, {}, {}) == 0);
         QCOMPARE(bookendFrame(true, 5, frames, {0, kLeast}), kLeast);
         QCOMPARE(bookendFrame(false, 5, frames, {kMost, 0}), kMost);
     }

@@ -68,6 +68,16 @@ ValueGraphPane::~ValueGraphPane()
 
 // What it is made of
 
+void ValueGraphPane::setClock(PlaybackClock* clock)
+{
+    m_view->setClock(clock);
+}
+
+PlaybackClock* ValueGraphPane::clock() const
+{
+    return m_view->clock();
+}
+
 QAction* ValueGraphPane::addCommand(Command command, const QString& text, const QString& icon)
 {
     auto* const action = new QAction(text, this);

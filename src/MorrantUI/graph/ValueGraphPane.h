@@ -13,6 +13,7 @@
 
 class EasingEditor;
 class KeyFields;
+class PlaybackClock;
 class QAction;
 class QListWidget;
 class ValueGraphView;
@@ -53,6 +54,10 @@ public:
     EasingEditor& easing() const { return *m_easing; }
     KeyFields& fields() const { return *m_fields; }
     QListWidget& list() const { return *m_list; }
+
+    /// The view's, which see.
+    void setClock(PlaybackClock* clock);
+    PlaybackClock* clock() const;
 
     /// Fills the list, and tells nobody.
     /// @param chosen places, of which those that cannot be chosen do not count; where none is left,

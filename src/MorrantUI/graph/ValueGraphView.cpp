@@ -4,10 +4,12 @@
 #include "MorrantUI/graph/ChangeBatch.h"
 #include "MorrantUI/graph/GraphDrag.h"
 #include "MorrantUI/graph/axislines.h"
+#include "MorrantUI/timeline/clocklinks.h"
 #include <MorrantUI/graph/GeneralGraphUtils.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
 #include <MorrantUI/graph/ValueGraphCurve.h>
 #include <MorrantUI/theme/colors.h>
+#include <MorrantUI/timeline/PlaybackClock.h>
 
 #include <QGraphicsScene>
 #include <QGuiApplication>
@@ -128,6 +130,31 @@ ValueGraphCurve* ValueGraphView::addCurve(const QString& text, const QString& co
     m_curves.push_back(curve);
     noteKeys(false);
     return curve;
+}
+
+void ValueGraphView::setClock(PlaybackClock* clock)
+{
+    m_clockLink.reset();
+    m_clock = clock;
+    if (!clock) {
+        return;
+    }
+    const auto show = [this, clock] {
+        if (clock->hasTrack()) {
+            setCurrentFrame(clock->frame());
+        }
+    };
+    m_clockLink.reset(new ui::ClockLink{
+        connect(clock, &PlaybackClock::trackChanged, this, show),
+        connect(clock, &PlaybackClock::frameChanged, this, show),
+        connect(this, &ValueGraphView::spaceTapped, clock, &PlaybackClock::toggle),
+    });
+    show();
+}
+
+PlaybackClock* ValueGraphView::clock() const
+{
+    return m_clock;
 }
 
 void ValueGraphView::setCurrentFrame(int frame)

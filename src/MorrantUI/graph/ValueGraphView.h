@@ -5,6 +5,7 @@
 #include <MorrantUI/morrantui_export.h>
 
 #include <QPoint>
+#include <QPointer>
 #include <QString>
 
 #include <cstddef>
@@ -14,7 +15,12 @@
 #include <utility>
 #include <vector>
 
+class PlaybackClock;
 class ValueGraphCurve;
+
+namespace ui {
+class ClockLink;
+} // namespace ui
 
 /// Curves over frames in the values' own unit, with axes that follow the zoom and a line at the
 /// current frame. Scene x is the frame, y the value, downward negative; what a host gives and gets
@@ -72,6 +78,11 @@ public:
     ///     one.
     void endGesture(bool keeps);
 
+    /// Shows the clock's frame while it has a track, and a tap of Space plays and pauses. Not
+    /// owned; null and its death leave the view as it is.
+    void setClock(PlaybackClock* clock);
+    PlaybackClock* clock() const;
+
     int currentFrame() const { return m_frame; }
     void setCurrentFrame(int frame); ///< repaints; nothing is told
 
@@ -104,7 +115,8 @@ Q_SIGNALS:
     void gestureEnded(bool changed);
     /// Curves have been given keys, by whomever; after all of them, and not in mid-gesture.
     void keysShown();
-    /// Space was pressed and let go with nothing between: for the host to play and pause.
+    /// Space was pressed and let go with nothing between: for a host without a clock to play and
+    /// pause.
     void spaceTapped();
 
 protected:
@@ -156,6 +168,8 @@ private:
     void paintLabels(QPainter& painter) const;
 
     std::vector<ValueGraphCurve*> m_curves; ///< the scene's, which see to it that none is dead
+    QPointer<PlaybackClock> m_clock;
+    std::unique_ptr<ui::ClockLink> m_clockLink;
     int m_frame = 0;
     QString m_hint;
     bool m_snapsToFrames = true;

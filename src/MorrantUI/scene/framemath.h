@@ -11,7 +11,7 @@
 /// move by frames, too.
 namespace ui {
 
-/// First and last frame. A range whose last frame is not after its first one is empty.
+/// First and last frame. Both are played; as a stretch between them equal ones are empty.
 using FrameRange = std::pair<int, int>;
 
 /// A whole number as a frame.

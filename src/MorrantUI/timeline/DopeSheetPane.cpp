@@ -154,7 +154,7 @@ void DopeSheetPane::setClock(PlaybackClock* clock)
     m_clockLink.reset();
     const QPointer<DopeSheetPane> alive(this);
     m_ruler->setClock(clock);
-    if (alive && m_ruler->clock()) {
+    if (alive && clock && m_ruler->clock() == clock) {
         m_clockLink = ui::linkClock(*clock, *this);
         ui::showClock(*clock, *this);
     }

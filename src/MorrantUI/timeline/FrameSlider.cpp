@@ -11,6 +11,26 @@
 #include <QStyle>
 #include <QStyleOptionSlider>
 
+namespace {
+
+/// Keys that a QSlider moves by.
+bool isOwn(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End: return !(event.modifiers() & ~Qt::KeypadModifier);
+    default: return false;
+    }
+}
+
+} // namespace
+
 FrameSlider::FrameSlider(QWidget* parent)
     : QSlider(Qt::Horizontal, parent)
 {
@@ -20,8 +40,14 @@ FrameSlider::FrameSlider(QWidget* parent)
 
 FrameSlider::~FrameSlider() = default;
 
-void FrameSlider::setClock(PlaybackClock* clock)
+void FrameSlider::setClock(PlaybackClock* wanted)
 {
+    const QPointer<FrameSlider> alive(this);
+    const QPointer<PlaybackClock> clock(wanted);
+    finishGesture();
+    if (!alive) {
+        return;
+    }
     m_clock = clock;
     m_clockLink.reset();
     if (clock) {
@@ -33,6 +59,15 @@ void FrameSlider::setClock(PlaybackClock* clock)
 PlaybackClock* FrameSlider::clock() const
 {
     return m_clock;
+}
+
+bool FrameSlider::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isOwn(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QSlider::event(event);
 }
 
 void FrameSlider::initStyleOption(QStyleOptionSlider* option) const
@@ -51,7 +86,7 @@ void FrameSlider::mousePressEvent(QMouseEvent* event)
         return;
     }
     m_before = value();
-    m_doors.watch(this, [this](GestureDoors::Door) { endDrag(); });
+    m_doors.watch(this, [this](GestureDoors::Door) { finishGesture(); });
     m_escapeFilter = ui::installEventFilter(
         qApp,
         [this](QObject*, QEvent* key) {
@@ -87,7 +122,7 @@ void FrameSlider::mouseMoveEvent(QMouseEvent* event)
 void FrameSlider::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
-        endDrag();
+        finishGesture();
     }
 }
 
@@ -96,12 +131,15 @@ void FrameSlider::cancelDrag()
     const QPointer<FrameSlider> alive(this);
     setSliderPosition(m_before);
     if (alive) {
-        endDrag();
+        finishGesture();
     }
 }
 
-void FrameSlider::endDrag()
+void FrameSlider::finishGesture()
 {
+    if (!isSliderDown()) {
+        return;
+    }
     m_doors.stop();
     delete m_escapeFilter;
     update();

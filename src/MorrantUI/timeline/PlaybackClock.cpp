@@ -6,6 +6,7 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <utility>
@@ -21,11 +22,6 @@ double steadySeconds()
 double usableRate(double framesPerSecond)
 {
     return std::isfinite(framesPerSecond) && framesPerSecond > 0.0 ? framesPerSecond : 0.0;
-}
-
-ui::FrameRange heldWithin(const ui::FrameRange& range, const ui::FrameRange& frames)
-{
-    return {ui::frameWithin(range.first, frames), ui::frameWithin(range.second, frames)};
 }
 
 } // namespace
@@ -46,6 +42,14 @@ PlaybackClock::PlaybackClock(Seconds seconds, QObject* parent)
 
 PlaybackClock::~PlaybackClock() = default;
 
+void PlaybackClock::setTime(Seconds seconds)
+{
+    m_seconds = seconds ? std::move(seconds) : steadySeconds;
+    if (m_state.plays) {
+        beginRun({});
+    }
+}
+
 // What is played
 
 void PlaybackClock::setTrack(int first, int last, double framesPerSecond)
@@ -58,20 +62,20 @@ void PlaybackClock::setTrack(int first, int last, double framesPerSecond)
         next.rate = usableRate(framesPerSecond);
         next.loops = m_state.loops;
         next.frame = first;
-        change(next, Time::BeginsAnew, true);
+        change(next, true);
     }
 }
 
 void PlaybackClock::setFrameRange(int first, int last)
 {
     if (first <= last) {
-        m_hasTrack = true;
+        const bool hadTrack = std::exchange(m_hasTrack, true);
         State next = m_state;
         next.frames = {first, last};
         const bool playsAll = m_state.playback == m_state.frames;
-        next.playback = playsAll ? next.frames : heldWithin(m_state.playback, next.frames);
+        next.playback = playsAll ? next.frames : ui::playedWithin(m_state.playback, next.frames);
         next.frame = ui::frameWithin(m_state.frame, next.frames);
-        change(next, Time::BeginsAnew);
+        change(next, !hadTrack);
     }
 }
 
@@ -79,46 +83,45 @@ void PlaybackClock::setRate(double framesPerSecond)
 {
     State next = m_state;
     next.rate = usableRate(framesPerSecond);
-    change(next, Time::BeginsAnew);
+    next.plays = m_state.plays && next.rate > 0.0;
+    change(next);
 }
 
 void PlaybackClock::setPlaybackRange(int first, int last)
 {
-    State next = m_state;
-    next.playback = heldWithin({first, last}, m_state.frames);
-    if (first <= last && next.playback != m_state.playback) {
-        change(next, Time::BeginsAnew);
+    if (first <= last) {
+        State next = m_state;
+        next.playback = ui::playedWithin({first, last}, m_state.frames);
+        change(next);
     }
 }
 
 void PlaybackClock::setLooping(bool loops)
 {
-    if (m_state.loops != loops) {
-        State next = m_state;
-        next.loops = loops;
-        change(next, Time::BeginsAnew);
-    }
+    State next = m_state;
+    next.loops = loops;
+    change(next);
 }
 
 // Time
 
 void PlaybackClock::play()
 {
-    if (m_state.plays) {
+    if (m_state.plays || !(m_state.rate > 0.0)) {
         return;
     }
     m_dropped = 0;
     State next = m_state;
     next.plays = true;
     next.frame = ui::firstPlayed({m_state.playback, m_state.rate, m_state.frame, m_state.loops});
-    change(next, Time::BeginsAnew);
+    change(next);
 }
 
 void PlaybackClock::pause()
 {
     State next = m_state;
     next.plays = false;
-    change(next, Time::GoesOn);
+    change(next);
 }
 
 void PlaybackClock::toggle()
@@ -130,7 +133,7 @@ void PlaybackClock::seek(int frame)
 {
     State next = m_state;
     next.frame = ui::frameWithin(frame, m_state.frames);
-    change(next, Time::BeginsAnew);
+    change(next);
 }
 
 void PlaybackClock::step(int frames)
@@ -138,55 +141,88 @@ void PlaybackClock::step(int frames)
     State next = m_state;
     next.plays = false;
     next.frame = ui::steppedFrame(m_state.frame, frames, m_state.frames);
-    change(next, Time::GoesOn);
+    change(next);
 }
 
 void PlaybackClock::advance()
 {
     const double elapsed = m_seconds() - m_startTime;
-    const ui::PlaybackRun run{m_state.playback, m_state.rate, m_startFrame, m_state.loops};
-    const qint64 passed = ui::framesPassed(run, elapsed);
-    m_dropped += qMax<qint64>(0, passed - m_passed - 1);
+    if (!ui::canFollow(run(), elapsed, m_passed)) {
+        beginRun(m_state);
+        return;
+    }
+    const ui::PlaybackRun played = run();
+    const qint64 passed = std::max(m_passed, ui::framesPassed(played, elapsed));
+    const qint64 laps = ui::lapOf(played, passed) - ui::lapOf(played, m_passed);
+    m_dropped += std::max<qint64>(0, passed - m_passed - 1);
     m_passed = passed;
-    startTimer(elapsed);
     State next = m_state;
-    next.frame = ui::frameAfter(run, passed);
-    next.plays = !ui::isOver(run, passed);
-    change(next, Time::GoesOn);
+    next.frame = ui::frameAfter(played, passed);
+    next.plays = !ui::isOver(played, passed);
+    if (next.plays) {
+        startTimer(elapsed);
+    }
+    tell(std::exchange(m_state, next), {false, laps != 0});
+}
+
+ui::PlaybackRun PlaybackClock::run() const
+{
+    return {m_state.playback, m_state.rate, m_startFrame, m_state.loops};
+}
+
+/// With the current frame; where that is the one before, with what has passed of it.
+void PlaybackClock::beginRun(const State& before)
+{
+    const double now = m_seconds();
+    const double elapsed = now - m_startTime;
+    const bool goesOn = before.plays && before.frame == m_state.frame
+                        && ui::canFollow({before.playback, before.rate}, elapsed, m_passed);
+    const double sinceFrame = goesOn ? elapsed * before.rate - static_cast<double>(m_passed) : 0.0;
+    m_startTime = now - sinceFrame / m_state.rate;
+    m_startFrame = m_state.frame;
+    m_passed = 0;
+    startTimer(now - m_startTime);
 }
 
 void PlaybackClock::startTimer(double elapsed)
 {
-    if (const auto wait = ui::waitForNextFrame(m_state.rate, elapsed, m_passed)) {
+    m_timer.stop();
+    if (const auto wait = ui::waitForNextFrame(run(), elapsed, m_passed)) {
         m_timer.start(*wait);
     }
 }
 
-void PlaybackClock::change(const State& next, Time time, bool isOtherTrack)
+/// By whatever is not playing on.
+void PlaybackClock::change(const State& next, bool isOtherTrack)
 {
-    const State before = std::exchange(m_state, next);
-    if (!next.plays) {
-        m_timer.stop();
-    } else if (time == Time::BeginsAnew) {
-        m_timer.stop();
-        m_startTime = m_seconds();
-        m_startFrame = next.frame;
-        m_passed = 0;
-        startTimer(0.0);
+    if (next == m_state && !isOtherTrack) {
+        return;
     }
-    tell(before, isOtherTrack);
+    const State before = std::exchange(m_state, next);
+    if (next.plays) {
+        beginRun(before);
+    } else {
+        m_timer.stop();
+    }
+    tell(before, {isOtherTrack, before.frame != next.frame});
 }
 
 /// What a slot changes meanwhile has been told by then.
-void PlaybackClock::tell(const State& before, bool isOtherTrack)
+void PlaybackClock::tell(const State& before, News news)
 {
     const QPointer<PlaybackClock> alive(this);
     const State now = m_state;
     const auto isNew = [&](auto State::*part) {
         return alive && before.*part != now.*part && m_state.*part == now.*part;
     };
-    if (isOtherTrack || isNew(&State::frames) || isNew(&State::rate)) {
+    if (news.isOtherTrack) {
         Q_EMIT trackChanged();
+    }
+    if (isNew(&State::frames)) {
+        Q_EMIT frameRangeChanged(now.frames.first, now.frames.second);
+    }
+    if (isNew(&State::rate)) {
+        Q_EMIT rateChanged(now.rate);
     }
     if (isNew(&State::playback)) {
         Q_EMIT playbackRangeChanged(now.playback.first, now.playback.second);
@@ -196,6 +232,9 @@ void PlaybackClock::tell(const State& before, bool isOtherTrack)
     }
     if (isNew(&State::plays)) {
         Q_EMIT playingChanged(now.plays);
+    }
+    if (alive && news.hasJumped && m_state.frame == now.frame) {
+        Q_EMIT jumped(now.frame);
     }
     if (isNew(&State::frame)) {
         Q_EMIT frameChanged(now.frame);

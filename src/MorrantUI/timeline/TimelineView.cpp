@@ -103,8 +103,14 @@ TimeEditorView* TimelineView::editor() const
     return m_editor;
 }
 
-void TimelineView::setClock(PlaybackClock* clock)
+void TimelineView::setClock(PlaybackClock* wanted)
 {
+    const QPointer<TimelineView> alive(this);
+    const QPointer<PlaybackClock> clock(wanted);
+    finishGesture();
+    if (!alive) {
+        return;
+    }
     m_clock = clock;
     m_clockLink.reset();
     if (clock) {

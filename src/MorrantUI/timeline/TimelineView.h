@@ -61,8 +61,9 @@ public:
 
     /// Frame range, rate, current frame and playback range are those of the clock from now on, and
     /// what the user does to the last two is the clock's at once; a drag of the playhead pauses it.
-    /// A track that is another one ends what is under way. The clock is not owned; null and its
-    /// death leave the ruler as it is.
+    /// Another track, and another clock, end what is under way. What the host sets here meanwhile
+    /// holds until the clock says otherwise: better set it there. The clock is not owned; null and
+    /// its death leave the ruler as it is.
     void setClock(PlaybackClock* clock);
     PlaybackClock* clock() const;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeline/TransportActions.h"
 
+#include "MorrantUI/timeline/clocklinks.h"
 #include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/theme/icons.h>
 #include <MorrantUI/timeline/PlaybackClock.h>
@@ -44,7 +45,8 @@ TransportActions::TransportActions(QObject* parent)
         action->setText(text);
         action->setIcon(ui::getCachedIcon(QStringLiteral("icons:%1.png").arg(icon)));
         action->setShortcut(key);
-        connect(action, &QAction::triggered, this, [this, i] { run(static_cast<Command>(i)); });
+        const auto signal = i == Loop ? &QAction::toggled : &QAction::triggered;
+        connect(action, signal, this, [this, i] { run(static_cast<Command>(i)); });
     }
     m_actions[Loop]->setCheckable(true);
     showState();
@@ -54,14 +56,15 @@ TransportActions::~TransportActions() = default;
 
 void TransportActions::setClock(PlaybackClock* clock)
 {
-    if (m_clock) {
-        m_clock->disconnect(this);
-    }
+    using Clock = PlaybackClock;
+    m_clockLink.reset();
     m_clock = clock;
     if (clock) {
-        connect(clock, &PlaybackClock::playingChanged, this, &TransportActions::showState);
-        connect(clock, &PlaybackClock::loopingChanged, this, &TransportActions::showState);
-        connect(clock, &QObject::destroyed, this, &TransportActions::showState);
+        m_clockLink.reset(new ui::ClockLink{
+            connect(clock, &Clock::playingChanged, this, &TransportActions::showState),
+            connect(clock, &Clock::loopingChanged, this, &TransportActions::showState),
+            connect(clock, &QObject::destroyed, this, &TransportActions::showState),
+        });
     }
     showState();
 }
@@ -94,7 +97,7 @@ void TransportActions::run(Command command)
     case Play: m_clock->toggle(); break;
     case StepForward: m_clock->step(1); break;
     case LastFrame: m_clock->seek(m_clock->frameRange().second); break;
-    case Loop: m_clock->setLooping(!m_clock->isLooping()); break;
+    case Loop: m_clock->setLooping(m_actions[Loop]->isChecked()); break;
     }
 }
 

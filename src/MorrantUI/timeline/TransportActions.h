@@ -8,16 +8,23 @@
 #include <QPointer>
 
 #include <array>
+#include <memory>
 
 class PlaybackClock;
 class QAction;
+
+namespace ui {
+class ClockLink;
+} // namespace ui
 
 /// What a user does with a PlaybackClock, as actions with icons and keys: for a menu, a
 /// TransportBar and a window's shortcuts. Wants a theme before it, for the icons.
 ///
 /// The keys work where the host adds the actions (QMenu::addActions(), QWidget::addActions()), in
-/// Qt's default context, which is the window. A host may give them others, and is the one to enable
-/// them. Each tool tip is the action's text with its first key, whatever these are.
+/// Qt's default context, which is the window. What has the focus and a key of its own has it first:
+/// fields, and ruler, slider, keys and curves where it moves something there. A host may give them
+/// others, and is the one to enable them. Each tool tip is the action's text with its first key,
+/// whatever these are.
 class MORRANT_UI_EXPORT TransportActions : public QObject
 {
     Q_OBJECT
@@ -30,7 +37,7 @@ public:
         Play,        ///< or pauses, and says which; Space
         StepForward, ///< Right
         LastFrame,   ///< End
-        Loop,        ///< checkable; Shift+L
+        Loop,        ///< checkable, by setChecked() too; Shift+L
     };
     Q_ENUM(Command)
 
@@ -52,5 +59,6 @@ private:
     void showState();
 
     QPointer<PlaybackClock> m_clock;
+    std::unique_ptr<ui::ClockLink> m_clockLink;
     std::array<QAction*, Loop + 1> m_actions{};
 };

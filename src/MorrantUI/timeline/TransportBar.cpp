@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeline/TransportBar.h"
 
+#include "MorrantUI/timeline/clocklinks.h"
 #include <MorrantUI/controls/values/NumericField.h>
 #include <MorrantUI/controls/values/PendingValue.h>
 #include <MorrantUI/docking/layouts/ScrollContainer.h>
@@ -35,6 +36,7 @@ constexpr int kGap = 10; ///< around the slider
 constexpr int kReadoutMargin = 6;
 constexpr int kShortestSlider = 80;
 
+constexpr int kMostDropped = 8888;    ///< that there is room for at any rate
 constexpr int kLeastReserved = 88888; ///< a frame that every bar has room for
 constexpr double kSlowRate = 24.0;    ///< and as many minutes as it takes then
 constexpr double kWidestRate = 88.888;
@@ -54,6 +56,11 @@ int widthOf(const QWidget& label, const QString& text)
     return label.fontMetrics().horizontalAdvance(text) + 2 * kReadoutMargin;
 }
 
+QString droppedText(int frames)
+{
+    return TransportBar::tr("%n dropped", nullptr, frames);
+}
+
 } // namespace
 
 TransportBar::TransportBar(QWidget* parent)
@@ -68,6 +75,7 @@ TransportBar::TransportBar(QWidget* parent)
     , m_slider(new FrameSlider(m_strip))
 {
     setWindowTitle(tr("Transport"));
+    setAccessibleName(windowTitle());
     setLayoutDirection(Qt::LeftToRight);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* const row = new QHBoxLayout(m_strip);
@@ -88,7 +96,12 @@ TransportBar::TransportBar(QWidget* parent)
     showTrack();
 }
 
-TransportBar::~TransportBar() = default;
+TransportBar::~TransportBar()
+{
+    m_clockLink.reset(); // clock and fields may outlive what is a bar of this object
+    m_code->disconnect(this);
+    m_frame->disconnect(this);
+}
 
 void TransportBar::addFields()
 {
@@ -112,7 +125,7 @@ void TransportBar::addFields()
     m_frame->setContextMenuPolicy(Qt::NoContextMenu);
     m_slider->setMinimumWidth(kShortestSlider);
     m_slider->setFocusPolicy(Qt::NoFocus);
-    m_slider->setAccessibleName(m_frame->toolTip());
+    m_slider->setAccessibleName(tr("Playhead"));
 }
 
 QLabel* TransportBar::addReadout(const QString& hint)
@@ -127,38 +140,47 @@ QLabel* TransportBar::addReadout(const QString& hint)
 
 void TransportBar::connectFields()
 {
-    connect(m_code, &TimeCodeField::frameEntered, this, [this](int frame) {
-        if (m_clock) {
-            m_clock->seek(frame);
-        }
-    });
+    connect(m_code, &TimeCodeField::frameEntered, this, &TransportBar::seek);
     connect(m_frame, &NumericField::edited, this, [this](double frame) {
         m_shownFrame->forget();
-        if (m_clock) {
-            m_clock->seek(ui::nearestFrame(frame));
-        }
+        seek(ui::nearestFrame(frame));
     });
-    connect(m_frame, &NumericField::dragStateChanged, this, [this] {
-        if (m_clock) {
+    connect(m_frame, &NumericField::dragStateChanged, this, [this](bool drags) {
+        if (drags && m_clock) {
             m_clock->pause();
         }
     });
 }
 
+/// A field shows what was entered by now, and the clock may want it otherwise.
+void TransportBar::seek(int frame)
+{
+    const QPointer<TransportBar> alive(this);
+    if (m_clock) {
+        m_clock->seek(frame);
+    }
+    if (alive) {
+        showFrame();
+    }
+}
+
 void TransportBar::setClock(PlaybackClock* clock)
 {
-    if (m_clock) {
-        m_clock->disconnect(this);
-    }
+    using Clock = PlaybackClock;
+    m_clockLink.reset();
     m_clock = clock;
-    m_slider->setClock(clock);
     if (clock) {
-        connect(clock, &PlaybackClock::trackChanged, this, &TransportBar::showTrack);
-        connect(clock, &PlaybackClock::frameChanged, this, &TransportBar::showFrame);
-        connect(clock, &PlaybackClock::playingChanged, this, &TransportBar::showFrame);
-        connect(clock, &QObject::destroyed, this, &TransportBar::showTrack);
+        m_clockLink.reset(new ui::ClockLink{
+            connect(clock, &Clock::trackChanged, this, &TransportBar::showTrack),
+            connect(clock, &Clock::frameRangeChanged, this, &TransportBar::showRange),
+            connect(clock, &Clock::rateChanged, this, &TransportBar::showRange),
+            connect(clock, &Clock::frameChanged, this, &TransportBar::showFrame),
+            connect(clock, &Clock::playingChanged, this, &TransportBar::showFrame),
+            connect(clock, &QObject::destroyed, this, &TransportBar::showTrack),
+        });
     }
     showTrack();
+    m_slider->setClock(clock); // ends a drag, of which somebody may be told
 }
 
 PlaybackClock* TransportBar::clock() const
@@ -171,7 +193,11 @@ PlaybackClock* TransportBar::clock() const
 void TransportBar::addButtons(End end, const QList<QAction*>& actions)
 {
     for (QAction* const action : actions) {
+        if (!action) {
+            continue;
+        }
         auto* const button = new QToolButton;
+        connect(action, &QObject::destroyed, button, &QObject::deleteLater);
         button->setDefaultAction(action);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::NoFocus); // Space must reach the action that plays
@@ -214,27 +240,36 @@ TransportBar::Parts TransportBar::shownParts() const
 
 void TransportBar::fillMenu(ContextMenu& menu)
 {
-    menu.addAction(
+    const bool hasCode = m_strip->isEnabled();
+    QAction* const copy = menu.addAction(
         ui::getCachedIcon(QStringLiteral("icons:copy.png")), tr("&Copy Time Code"), this, [this] {
             QGuiApplication::clipboard()->setText(m_code->code());
         });
-    menu.addAction(tr("&Edit Time Code"), this, [this] {
+    copy->setEnabled(hasCode);
+    QAction* const edit = menu.addAction(tr("&Edit Time Code"), this, [this] {
         m_code->setFocus();
         m_code->selectAll();
     });
+    edit->setEnabled(hasCode && !m_code->isHidden());
 }
 
 // What it shows
 
 void TransportBar::showTrack()
 {
+    m_code->cancel(); // what is being typed is about another track
+    m_shownFrame->forget();
+    m_frame->setValue(m_clock ? m_clock->frame() : 0);
+    showRange();
+}
+
+void TransportBar::showRange()
+{
     const ui::FrameRange frames = m_clock ? m_clock->frameRange() : ui::FrameRange(0, 0);
     m_strip->setEnabled(m_clock && m_clock->rate() > 0.0);
-    m_code->cancel(); // what is being typed is about another track
     m_frame->setMin(frames.first);
     m_frame->setMax(frames.second);
     m_frame->setSuffix(tr(" / %1").arg(frames.second));
-    m_frame->setValue(m_clock ? m_clock->frame() : 0);
     m_rate->setText(ui::rateText(m_clock ? m_clock->rate() : 0.0));
     fitFields();
     showFrame();
@@ -250,7 +285,7 @@ void TransportBar::showFrame()
     m_shownFrame->show(frame);
     m_time->setText(ui::timeText(frame, rate));
     const int told = static_cast<int>(std::min<qint64>(dropped, std::numeric_limits<int>::max()));
-    m_dropped->setText(dropped > 0 ? tr("%n dropped", nullptr, told) : QString());
+    m_dropped->setText(dropped > 0 ? droppedText(told) : QString());
 }
 
 /// Room for the widest that can be shown.
@@ -267,6 +302,7 @@ void TransportBar::fitFields()
     m_code->setMinimumWidth(m_code->sizeHint().width());
     m_frame->setFixedWidth(widthOf(*m_frame, frame) + 2 * kReadoutMargin);
     m_time->setMinimumWidth(widthOf(*m_time, time));
+    m_dropped->setMinimumWidth(widthOf(*m_dropped, droppedText(kMostDropped)));
     m_rate->setMinimumWidth(widthOf(*m_rate, ui::rateText(kWidestRate)));
 }
 

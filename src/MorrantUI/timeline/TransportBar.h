@@ -6,6 +6,8 @@
 
 #include <QPointer>
 
+#include <memory>
+
 class ContextMenu;
 class FrameSlider;
 class NumericField;
@@ -15,6 +17,10 @@ class QAction;
 class QHBoxLayout;
 class QLabel;
 class TimeCodeField;
+
+namespace ui {
+class ClockLink;
+} // namespace ui
 
 /// A bar below a picture or a dope sheet: a slider over the frames of a PlaybackClock, its current
 /// frame as a time code, a number and a time, its rate, and how many frames were dropped; and what
@@ -26,7 +32,8 @@ class TimeCodeField;
 /// left to right in every language, as time does.
 ///
 /// Its own context menu has the rows of fillMenu(); a host offers another by
-/// ui::offerContextMenu(). Buttons and slider do not take the focus: their keys are the window's.
+/// ui::offerContextMenu(). Buttons and slider do not take the focus: their keys are the window's,
+/// and an action that is to be reached without a mouse needs one.
 class MORRANT_UI_EXPORT TransportBar : public Widget
 {
     Q_OBJECT
@@ -61,7 +68,8 @@ public:
     void setClock(PlaybackClock* clock);
     PlaybackClock* clock() const;
 
-    /// Adds flat buttons behind what is at that end, from left to right. The actions are not owned.
+    /// Adds flat buttons behind what is at that end, from left to right. The actions are not owned,
+    /// and take their buttons with them. Null is passed over.
     void addButtons(End end, const QList<QAction*>& actions);
     /// Adds a widget, which the bar owns, behind what is at that end. Null is ignored.
     void addWidget(End end, QWidget* widget);
@@ -70,7 +78,7 @@ public:
     void setShownParts(Parts parts);
     Parts shownParts() const;
 
-    /// Adds rows that copy the time code and begin to edit it.
+    /// Adds rows that copy the time code and begin to edit it, as far as there is one to see.
     void fillMenu(ContextMenu& menu);
 
 protected:
@@ -82,10 +90,13 @@ private:
     void addFields();
     void connectFields();
     void fitFields();
+    void seek(int frame);
     void showTrack();
+    void showRange();
     void showFrame();
 
     QPointer<PlaybackClock> m_clock;
+    std::unique_ptr<ui::ClockLink> m_clockLink;
     QWidget* m_strip; ///< all that is in the bar
     QHBoxLayout* m_left;
     QHBoxLayout* m_middle;

@@ -29,14 +29,15 @@ private:
     std::vector<QMetaObject::Connection> m_connections;
 };
 
-/// What changes on either side, the other one follows.
+/// What changes on either side, the other one follows; where they differ, the clock is right.
+/// Another track ends what the user is doing.
 std::unique_ptr<ClockLink> linkClock(PlaybackClock& clock, FrameSlider& slider);
 std::unique_ptr<ClockLink> linkClock(PlaybackClock& clock, TimelineView& ruler);
 /// What the pane has beyond its ruler, which is linked before.
 std::unique_ptr<ClockLink> linkClock(PlaybackClock& clock, DopeSheetPane& pane);
 
-/// Shows all that the clock has; ruler and pane show no clock without a track. Slots of the host's
-/// may delete either.
+/// Shows all that the clock has; ruler and pane show no clock without a track, and it is the
+/// caller's to end what is under way. Slots of the host's may delete either.
 void showClock(const PlaybackClock& clock, FrameSlider& slider);
 void showClock(const PlaybackClock& clock, TimelineView& ruler);
 void showClock(const PlaybackClock& clock, DopeSheetPane& pane);

@@ -15,9 +15,20 @@ int bookendFrame(bool isStart, int wanted, const FrameRange& frames, const Frame
 {
     const int frame = frameWithin(wanted, frames);
     if (isStart) {
-        return frame >= playback.second ? movedFrame(playback.second, -1.0) : frame;
+        const int latest =
+            std::max(movedFrame(playback.second, -1.0), std::min(frames.first, playback.second));
+        return std::min(frame, latest);
     }
-    return frame <= playback.first ? movedFrame(playback.first, 1.0) : frame;
+    const int earliest =
+        std::min(movedFrame(playback.first, 1.0), std::max(frames.second, playback.first));
+    return std::max(frame, earliest);
+}
+
+FrameRange playedWithin(const FrameRange& wanted, const FrameRange& frames)
+{
+    const FrameRange played(
+        std::max(wanted.first, frames.first), std::min(wanted.second, frames.second));
+    return played.first <= played.second ? played : frames;
 }
 
 FrameRange movedRange(const FrameRange& playback, double distance, const FrameRange& frames)

@@ -20,10 +20,15 @@ qint64 countOf(const FrameRange& frames)
     return qint64{frames.second} - frames.first + 1;
 }
 
+bool isPlayed(const PlaybackRun& run)
+{
+    return frameWithin(run.startFrame, run.frames) == run.startFrame;
+}
+
 /// Frames between the first one and where a run begins.
 qint64 startOffset(const PlaybackRun& run)
 {
-    return qint64{frameWithin(run.startFrame, run.frames)} - run.frames.first;
+    return isPlayed(run) ? qint64{run.startFrame} - run.frames.first : -1;
 }
 
 } // namespace
@@ -41,6 +46,9 @@ qint64 framesPassed(const PlaybackRun& run, double seconds)
 int frameAfter(const PlaybackRun& run, qint64 passed)
 {
     const qint64 fromFirst = startOffset(run) + passed;
+    if (fromFirst < 0) {
+        return run.startFrame;
+    }
     const qint64 count = countOf(run.frames);
     const qint64 shown = run.loops ? fromFirst % count : std::min(fromFirst, count - 1);
     return static_cast<int>(run.frames.first + shown);
@@ -51,20 +59,32 @@ bool isOver(const PlaybackRun& run, qint64 passed)
     return !run.loops && frameAfter(run, passed) == run.frames.second;
 }
 
-std::optional<int> waitForNextFrame(double rate, double seconds, qint64 passed)
+qint64 lapOf(const PlaybackRun& run, qint64 passed)
 {
-    if (!(rate > 0.0)) {
+    const qint64 fromFirst = startOffset(run) + passed;
+    return fromFirst < 0 ? -1 : fromFirst / countOf(run.frames);
+}
+
+bool canFollow(const PlaybackRun& run, double seconds, qint64 passed)
+{
+    return std::isfinite(seconds) && seconds * run.rate > static_cast<double>(passed - 1);
+}
+
+std::optional<int> waitForNextFrame(const PlaybackRun& run, double seconds, qint64 passed)
+{
+    const bool isStill = run.loops && countOf(run.frames) == 1 && isPlayed(run);
+    if (!(run.rate > 0.0) || isStill) {
         return std::nullopt;
     }
-    const double next = static_cast<double>(passed + 1) / rate;
-    const double wait = std::ceil((next - seconds) * kMilliseconds);
+    const double next = static_cast<double>(passed + 1) / run.rate;
+    const double now = std::isfinite(seconds) ? seconds : static_cast<double>(passed) / run.rate;
+    const double wait = std::ceil((next - now) * kMilliseconds);
     return static_cast<int>(std::clamp(wait, 1.0, kLongestWait));
 }
 
 int firstPlayed(const PlaybackRun& run)
 {
-    const bool isPlayed = frameWithin(run.startFrame, run.frames) == run.startFrame;
-    return isPlayed && !isOver(run, 0) ? run.startFrame : run.frames.first;
+    return isPlayed(run) && !isOver(run, 0) ? run.startFrame : run.frames.first;
 }
 
 int steppedFrame(int frame, int steps, const FrameRange& frames)

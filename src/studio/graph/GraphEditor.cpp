@@ -55,11 +55,8 @@ GraphEditor::~GraphEditor()
 
 void GraphEditor::connectParts()
 {
-    connect(&m_player, &PlaybackClock::frameChanged, this, [this](int frame) {
-        view().setCurrentFrame(frame);
-        showEasing();
-    });
-    connect(&view(), &ValueGraphView::spaceTapped, &m_player, &PlaybackClock::toggle);
+    setClock(&m_player);
+    connect(&m_player, &PlaybackClock::frameChanged, this, &GraphEditor::showEasing);
     connect(m_curves, &ValueCurves::editingStarted, &m_player, &PlaybackClock::pause);
     connect(m_curves, &ValueCurves::selectionChanged, this, &GraphEditor::chooseKeys);
     connect(this, &GraphEditor::propertiesChosen, this, &GraphEditor::showProperties);
@@ -84,7 +81,6 @@ void GraphEditor::setDocument(DocumentEditor& editor)
     connect(&editor, &DocumentEditor::edited, this, &GraphEditor::noteEdit);
     connect(&editor, &DocumentEditor::layersChanged, this, &GraphEditor::noteEdit);
     connect(&editor, &DocumentEditor::layersAboutToChange, this, &GraphEditor::finishEditing);
-    view().setCurrentFrame(m_player.frame());
     listProperties();
 }
 
