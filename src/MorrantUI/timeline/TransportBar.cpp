@@ -125,7 +125,7 @@ void TransportBar::addFields()
     m_frame->setContextMenuPolicy(Qt::NoContextMenu);
     m_slider->setMinimumWidth(kShortestSlider);
     m_slider->setFocusPolicy(Qt::NoFocus);
-    m_slider->setAccessibleName(tr("Playhead"));
+    m_slider->setAccessibleName(m_time->toolTip());
 }
 
 QLabel* TransportBar::addReadout(const QString& hint)
