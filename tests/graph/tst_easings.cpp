@@ -8,7 +8,8 @@ namespace {
 QString shown(const std::optional<SegmentEasing>& easing)
 {
     const auto number = [](double share) { return QString::number(share, 'f', 1); };
-    return !easing ? u"none"_qs
+    return !easing       ? u"none"_qs
+           : easing->hold ? u"hold"_qs
                    : QStringList{
                          number(easing->out.x()),
                          number(easing->out.y()),
@@ -25,17 +26,32 @@ struct Desk : QWidget
         setLayoutDirection(Qt::RightToLeft);
         (new QVBoxLayout(this))->addWidget(control);
         resize(300, 340);
-        connect(control, &Control::editStarted, this, [this] { told << u"("_qs; });
+        connect(control, &Control::editStarted, this, [this] {
+            told << u"("_qs;
+            onStart ? onStart() : void();
+        });
         connect(control, &Control::editEnded, this, [this](bool changed) {
             told << (changed ? u"C)"_qs : u")"_qs);
         });
+        if constexpr (requires { &Control::frameEdited; }) {
+            const auto tell = [this](double number) { told << QString::number(number); };
+            connect(control, &Control::frameEdited, this, tell);
+            connect(control, &Control::valueEdited, this, tell);
+        }
         ui::test::showActive(*this);
     }
     QString take() { return std::exchange(told, {}).join(u' '); }
 
     Control* control = new Control;
     QStringList told;
+    std::function<void()> onStart;
 };
+
+void scrub(ui::test::FakePointer& pointer, const QWidget& field)
+{
+    pointer.press(field.rect().center());
+    pointer.dragTo(pointer.position() + QPoint(30, 0));
+}
 
 } // namespace
 
@@ -66,6 +82,17 @@ private Q_SLOTS:
         QVERIFY(isSmooth({.leftHandle = {-2, -4}, .rightHandle = {1, 2}}));
         QVERIFY(!isSmooth({.leftHandle = {-2, 4}, .rightHandle = {1, 2}}));
         QVERIFY(!isSmooth({.rightHandle = {1, 2}}));
+        QVERIFY(!isSmooth({.leftHandle = {1, 2}, .rightHandle = {1, 2}})); // a cusp
+        ValueGraphKey from{.leftHandle = {-1, -1}};
+        ValueGraphKey to{10, 10};
+        setEasing(from, to, {false, {0.3, 0.3}, {qQNaN(), 1}});
+        QVERIFY(from.handlesLocked && from.rightHandle.isNull());
+        setEasing(from, to, easingOf(EasingPreset::EaseIn));
+        QVERIFY(!from.handlesLocked && to.handlesLocked);
+        auto curve = curveOf({false, {3, 0}, {0.6, 1}});
+        QCOMPARE(shown(easingOf(curve)), u"1.0 0.0 0.6 1.0"_qs);
+        curve[0].interpolation = morrant::KeyInterpolationType::Linear; // as its handle goes
+        QCOMPARE(shown(easingOf(curve)), u"0.0 0.0 0.6 1.0"_qs);
     }
     void presetsComeBackFromTheirCurvesAndKeys()
     {
@@ -81,10 +108,11 @@ private Q_SLOTS:
             QVERIFY(!ui::getCachedPixmap(presetIcon(preset)).isNull());
         }
         QVERIFY(!presetOf({false, {0.1, 0.9}, {0.9, 0.1}}));
+        using Middle = std::pair<EasingPreset, double>;
         for (const auto& [preset, share] :
-             {std::pair(EasingPreset::Linear, 0.5),
-              {EasingPreset::EaseInAndOut, 0.5},
-              {EasingPreset::Hold, 0.0}})
+             {Middle(EasingPreset::Linear, 0.5),
+              Middle(EasingPreset::EaseInAndOut, 0.5),
+              Middle(EasingPreset::Hold, 0.0)})
         {
             QCOMPARE(easedShare(easingOf(preset), 0.5), share);
         }
@@ -115,31 +143,63 @@ private Q_SLOTS:
         QTest::keyClick(&view, Qt::Key_Escape);
         QCOMPARE(desk.take(), u"0.4 0.0 0.6 1.0 )"_qs);
         pointer.release();
-        for (const int preset : {int(EasingPreset::Hold), int(EasingPreset::Linear)}) {
+        for (const bool hides : {true, false}) {
+            editor.setEasing(easingOf(EasingPreset::EaseInAndOut));
+            pointer.press(handle);
+            pointer.moveTo(view.mapFromScene(2, 6.5));
+            hides ? editor.hide() : editor.finishGesture();
+            pointer.release();
+            QCOMPARE(desk.take(), u"( 0.2 0.2 0.6 1.0 C)"_qs);
+            editor.show();
+        }
+        for (const EasingPreset preset : {EasingPreset::Hold, EasingPreset::Linear}) {
             editor.setEasings({easingOf(EasingPreset::Back), easingOf(EasingPreset::EaseIn)});
             QCOMPARE(editor.presets().currentIndex(), -1); // they differ
-            editor.presets().segment(preset)->click();
-            QCOMPARE(desk.take(), u"( 0.0 0.0 1.0 1.0 C)"_qs);
+            editor.presets().segment(int(preset))->click();
+            QCOMPARE(desk.take(), u"( %1 C)"_qs.arg(shown(easingOf(preset))));
             QVERIFY(!editor.easing());
         }
         editor.setEasing(SegmentEasing{false, {qQNaN(), 0}, {1, 1}});
         QCOMPARE(shown(editor.easing()), u"0.0 0.0 1.0 1.0"_qs);
         QTest::keyClick(&view, Qt::Key_Delete);
         QCOMPARE(view.utils()->pointItems(false).size(), std::size_t(2));
+        editor.setEasing(SegmentEasing{false, {3, 2}, {0.6, 1}});
+        QVERIFY(view.viewport()->rect().contains(view.mapFromScene(10, -2.5)));
+        editor.setEasing(easingOf(EasingPreset::EaseInAndOut));
+        view.setFocus(Qt::TabFocusReason);
+        QCOMPARE(view.accessibleDescription(), u"Time 0.42, change 0"_qs);
+        QTest::keyClick(&view, Qt::Key_Tab);
+        QCOMPARE(view.accessibleDescription(), u"Time 0.58, change 1"_qs);
+        QTest::keyClick(&view, Qt::Key_Left, Qt::ShiftModifier);
+        QVERIFY(desk.take().endsWith(u" C)"_qs));
+    }
+    void aSlotMayTakeAwayOrDeleteWhatHasBegun()
+    {
+        for (const bool deletes : {false, true}) {
+            Desk<EasingEditor> easing;
+            easing.control->setEasing(SegmentEasing());
+            easing.onStart = [&] {
+                deletes ? delete easing.control : easing.control->setEasing({});
+            };
+            easing.control->presets().segment(4)->click();
+            QCOMPARE(easing.take(), deletes ? u"("_qs : u"( )"_qs);
+            Desk<KeyFields> key;
+            key.control->setKey(40, 5);
+            key.onStart = [&] { deletes ? delete key.control : key.control->setKey(qQNaN(), {}); };
+            ui::test::FakePointer pointer(&key.control->frame());
+            scrub(pointer, key.control->frame());
+            QCOMPARE(key.take(), deletes ? u"("_qs : u"( )"_qs);
+        }
     }
     void numbersThatAreScrubbedAndTypedAreSteps()
     {
         Desk<KeyFields> desk;
         KeyFields& fields = *desk.control;
-        const auto tell = [&](double number) { desk.told << QString::number(number); };
-        connect(&fields, &KeyFields::frameEdited, this, tell);
-        connect(&fields, &KeyFields::valueEdited, this, tell);
         fields.setKey(40, std::nullopt);
         NumericField& frame = fields.frame();
         QVERIFY(frame.isEnabled() && !fields.value().isEnabled());
         ui::test::FakePointer pointer(&frame);
-        pointer.press(frame.rect().center());
-        pointer.dragTo(pointer.position() + QPoint(30, 0));
+        scrub(pointer, frame);
         const QString scrubbed = desk.take();
         QVERIFY(scrubbed.startsWith(u"( "_qs) && frame.value() > 45);
         QVERIFY(scrubbed.endsWith(u' ' + QString::number(frame.value())));
@@ -160,6 +220,27 @@ private Q_SLOTS:
         QTest::keyClicks(&value, u"2*3"_qs);
         QTest::keyClick(&value, Qt::Key_Return);
         QCOMPARE(desk.take(), u"( 6 C)"_qs);
+
+        fields.setKey(40, 5);
+        scrub(pointer, frame);
+        fields.finishEditing();
+        pointer.dragTo(pointer.position() + QPoint(30, 0));
+        pointer.release();
+        QCOMPARE(desk.take().count(u'('), 1);
+        fields.setKey(40, 5);
+        frame.setFocus(Qt::TabFocusReason);
+        QTest::keyClick(&frame, Qt::Key_Up);
+        frame.selectAll();
+        QTest::keyClicks(&frame, u"40"_qs);
+        QTest::keyClick(&frame, Qt::Key_Return);
+        QCOMPARE(desk.take(), u"( 41 40 )"_qs);
+        QTest::keyClick(&frame, Qt::Key_Up);
+        ui::test::FakePointer other(&value); // ends the step of the former field
+        scrub(other, value);
+        QVERIFY(desk.take().startsWith(u"( 41 41 C) ( "_qs));
+        QTest::keyClick(&frame, Qt::Key_Escape);
+        QCOMPARE(desk.take(), u"5 )"_qs);
+        other.release();
     }
 };
 

@@ -137,6 +137,7 @@ private Q_SLOTS:
         QTest::keyClick(&value, Qt::Key_Return);
         studio::test::settle();
         QCOMPARE(window.shown(), u"10:0 | 70:100 | 80:25"_qs);
+        window.view().setFocus();
         QTest::keyClick(&window.view(), Qt::Key_Delete);
         studio::test::settle();
         QCOMPARE(window.shown(), u"10:0 | 70:100"_qs);

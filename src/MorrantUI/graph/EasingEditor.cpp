@@ -1,27 +1,35 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/EasingEditor.h"
 
-#include "MorrantUI/graph/graphmoves.h"
 #include <MorrantUI/controls/buttons/SegmentedButton.h>
 #include <MorrantUI/graph/FixedGraphView.h>
 #include <MorrantUI/graph/GeneralGraphUtils.h>
+#include <MorrantUI/graph/GraphBezierHandleItem.h>
 #include <MorrantUI/graph/GraphPointWidget.h>
+#include <MorrantUI/graph/fixedunits.h>
 
+#include <QFocusEvent>
 #include <QGraphicsScene>
+#include <QLocale>
 #include <QPointer>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
 constexpr QSize kUsualSize(200, 220); ///< logical pixels
 constexpr int kMargin = 4;
 
-SegmentEasing finite(const SegmentEasing& easing)
+constexpr QRectF kUsualRange(-0.25, -0.25, 10.5, 10.5); ///< scene units
+constexpr double kHandleRoom = 0.5;                     ///< scene units around a far handle
+constexpr double kMostShown = 200.0;                    ///< scene units on either side
+
+/// A share of the change as the data has it, which leaves room for what overshoots.
+double shareOf(double value)
 {
-    const bool isFinite = ui::Graph::isFinite(easing.out) && ui::Graph::isFinite(easing.in);
-    return isFinite ? easing : SegmentEasing{.hold = easing.hold};
+    return (value - ui::easing::kOvershootRoom) / (1 - 2 * ui::easing::kOvershootRoom);
 }
 
 } // namespace
@@ -42,6 +50,7 @@ public:
 
     void fill()
     {
+        const auto before = selectedHandle();
         fillGraph(true);
         for (GraphPointWidget* point : utils()->pointItems(false)) {
             point->setAcceptedMouseButtons(Qt::NoButton);
@@ -52,6 +61,79 @@ public:
                 item->setFlag(QGraphicsItem::ItemIsSelectable, false);
             }
         }
+        select(before);
+    }
+
+    /// That of the first key and that of the second, without one that lies on its key.
+    std::vector<GraphBezierHandleItem*> handles()
+    {
+        std::vector<GraphBezierHandleItem*> all;
+        for (GraphPointWidget* const point : utils()->pointItems(false)) {
+            for (auto* const handle : {point->getLeftBezier(), point->getRightBezier()}) {
+                if (handle && handle->isVisible()) {
+                    all.push_back(handle);
+                }
+            }
+        }
+        std::ranges::sort(all, std::ranges::greater(), &GraphBezierHandleItem::side);
+        return all;
+    }
+
+protected:
+    QString pointText(const GraphPointWidget& point) const override
+    {
+        return placeText(point.scenePos());
+    }
+    QString selectionText() const override
+    {
+        const auto selected = scene()->selectedItems();
+        return selected.empty() ? QString() : placeText(selected.constFirst()->scenePos());
+    }
+    void focusInEvent(QFocusEvent* event) override
+    {
+        const bool isBack = event->reason() == Qt::BacktabFocusReason;
+        const auto all = handles();
+        if (!all.empty() && (isBack || event->reason() == Qt::TabFocusReason)) {
+            select((isBack ? all.back() : all.front())->side());
+        }
+        FixedGraphView::focusInEvent(event);
+    }
+    /// From the one handle to the other, and from there on as always.
+    bool focusNextPrevChild(bool next) override
+    {
+        const auto from = next ? Side::Right : Side::Left;
+        if (handles().size() == 2 && selectedHandle() == from) {
+            select(next ? Side::Left : Side::Right);
+            describeSelection();
+            return true;
+        }
+        return FixedGraphView::focusNextPrevChild(next);
+    }
+
+private:
+    using Side = ui::Graph::Side;
+
+    std::optional<Side> selectedHandle()
+    {
+        for (const GraphBezierHandleItem* const handle : handles()) {
+            if (handle->isSelected()) {
+                return handle->side();
+            }
+        }
+        return {};
+    }
+    void select(std::optional<Side> side)
+    {
+        for (GraphBezierHandleItem* const handle : handles()) {
+            handle->setSelected(handle->side() == side);
+        }
+    }
+    QString placeText(QPointF place) const
+    {
+        const num2<double> shown = ui::Graph::fixedData(place);
+        const QLocale locale;
+        return EasingEditor::tr("Time %1, change %2")
+            .arg(locale.toString(shown.x), locale.toString(shareOf(shown.y)));
     }
 };
 
@@ -75,6 +157,7 @@ EasingEditor::EasingEditor(QWidget* parent)
     connect(m_presets, &SegmentedButton::currentIndexChanged, this, &EasingEditor::choose);
     connect(m_view, &FixedGraphView::gestureStarted, this, [this] {
         m_isDragging = true;
+        m_before = m_easing;
         Q_EMIT editStarted();
     });
     connect(m_view, &FixedGraphView::pointMoved, this, [this](GraphPointWidget* point) {
@@ -85,7 +168,8 @@ EasingEditor::EasingEditor(QWidget* parent)
     });
     connect(m_view, &FixedGraphView::gestureEnded, this, [this](bool changed) {
         m_isDragging = false;
-        Q_EMIT editEnded(changed);
+        showHandles();
+        Q_EMIT editEnded(changed && (m_isMixed || !(m_easing == m_before)));
     });
     setEasing(std::nullopt);
 }
@@ -108,7 +192,10 @@ void EasingEditor::setEasings(const std::vector<SegmentEasing>& easings)
     }
     m_hasEasing = !easings.empty();
     setEnabled(m_hasEasing);
-    fill(m_hasEasing ? finite(easings.front()) : SegmentEasing());
+    m_isMixed = std::any_of(easings.begin(), easings.end(), [&](const auto& easing) {
+        return !(easing == easings.front());
+    });
+    fill(m_hasEasing ? ui::easing::finiteEasing(easings.front()) : SegmentEasing());
     showPreset(easings);
 }
 
@@ -126,6 +213,24 @@ void EasingEditor::fill(const SegmentEasing& easing)
         m_data = curve;
         m_view->fill();
     }
+    showHandles();
+}
+
+/// Brings them into sight, as far as the curve can still be seen.
+void EasingEditor::showHandles()
+{
+    QRectF range = kUsualRange;
+    for (const GraphBezierHandleItem* const handle : m_view->handles()) {
+        const QPointF room(kHandleRoom, kHandleRoom);
+        const QPointF place = handle->scenePos();
+        if (!kUsualRange.contains(place)) {
+            range |= QRectF(place - room, place + room);
+        }
+    }
+    range.setTop(std::max(range.top(), -kMostShown));
+    range.setBottom(std::min(range.bottom(), kMostShown));
+    m_view->scene()->setSceneRect(range); // else it would not be scrolled there
+    m_view->fitToRect(range);
 }
 
 /// The one that all are; none where they differ.
@@ -156,12 +261,15 @@ void EasingEditor::choose(int preset)
     if (alive) {
         Q_EMIT editStarted();
     }
-    if (alive) {
+    const bool isTaken = alive && m_hasEasing;
+    if (isTaken) {
+        m_isMixed = false;
         fill(ui::easing::easingOf(static_cast<EasingPreset>(preset)));
+        showPreset({m_easing}); // which a slot may have set back
         Q_EMIT edited(m_easing);
     }
     if (alive) {
-        Q_EMIT editEnded(true);
+        Q_EMIT editEnded(isTaken);
     }
 }
 

@@ -15,7 +15,12 @@ class SegmentedButton;
 /// dragged, with room for what overshoots. Time goes from left to right in every language.
 ///
 /// It changes no keys: it tells what the user did. A drag and a choice are one step of a history,
-/// with editStarted() before and editEnded() behind all of it; Escape takes a drag back.
+/// with editStarted() before and editEnded() behind all of it; Escape takes a drag back. A slot may
+/// delete the editor, of which nothing is told then, and may take the easing away, which ends the
+/// step.
+///
+/// Tab goes to the one handle and then to the other, which the arrow keys move. Handles beyond the
+/// room for what overshoots are brought into sight between drags.
 class MORRANT_UI_EXPORT EasingEditor : public Widget
 {
     Q_OBJECT
@@ -45,7 +50,7 @@ Q_SIGNALS:
     void editStarted();
     /// A step: what is shown now.
     void edited(const SegmentEasing& easing);
-    /// @param changed false where all is as before
+    /// @param changed false where all is as before; of several that differed, none is
     void editEnded(bool changed);
 
 private:
@@ -54,6 +59,7 @@ private:
     void fill(const SegmentEasing& easing);
     void showPreset(const std::vector<SegmentEasing>& of);
     void choose(int preset);
+    void showHandles();
 
     GraphCurveData m_data;
     View* m_view;
@@ -61,4 +67,6 @@ private:
     SegmentEasing m_easing;
     bool m_hasEasing = false;
     bool m_isDragging = false;
+    bool m_isMixed = false; ///< the easing is the first of several that differ
+    SegmentEasing m_before; ///< when the drag began
 };

@@ -166,7 +166,7 @@ void GeneralGraphView::endKeyScaling()
     setDoneRippleEdit(false);
     const bool scaled = !std::exchange(m_scaledKeys, {}).empty();
     if (scaled && scene() && !scene()->mouseGrabberItem()) {
-        finishGesture(); // else the release does
+        closeGesture(); // else the release does
     }
 }
 
@@ -272,7 +272,7 @@ void GeneralGraphView::dragTo(QPointF scenePosition)
 }
 
 /// However it ends.
-void GeneralGraphView::finishGesture()
+void GeneralGraphView::closeGesture()
 {
     m_gestureDoors.stop();
     stopEdgeScroll();

@@ -159,6 +159,9 @@ protected:
     /// Runs a change as an edit of its own, or as a part of the one that is under way.
     /// @param change which may delete the view; it returns whether anything is different
     void asEdit(const std::function<bool()>& change);
+    /// Of a gesture that ends with the release, or with finishEdit(). @param changed already
+    void beginEdit(bool changed);
+    void finishEdit();
 
     void abandonGesture() override;
 
@@ -174,7 +177,6 @@ private:
     friend class GraphBezierHandleItem;
     friend class GraphPointWidget;
     friend class PointTransformTool;
-    friend class ValueGraphView;
     friend class ui::ChangeBatch;
 
     enum class Edit
@@ -189,11 +191,8 @@ private:
     void watchGesture();
     void scrollAlong(const QMouseEvent& event);
     void dragTo(QPointF scenePosition);
-    void finishGesture();
+    void closeGesture();
     void startToolDrag();
-    /// Of a gesture that ends with the release. @param changed already
-    void beginEdit(bool changed);
-    void finishEdit();
     void openBatch() { ++m_batches; }
     void closeBatch();
     /// Whether items wait with what they report, until the batch lets them.

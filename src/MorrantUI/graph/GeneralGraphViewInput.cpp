@@ -86,7 +86,7 @@ void GeneralGraphView::mouseDoubleClickEvent(QMouseEvent* event)
         return;
     }
     if (!itemAt(event->position().toPoint())) {
-        GeneralGraphView::mousePressEvent(event); // on empty ground it is a press like any other
+        mousePressEvent(event); // on empty ground it is a press like any other
         return;
     }
     const ui::ChangeBatch batch(this);
@@ -147,7 +147,7 @@ void GeneralGraphView::mouseReleaseEvent(QMouseEvent* event)
         GraphicsView::mouseReleaseEvent(event);
     }
     if (alive && event->button() == Qt::LeftButton) {
-        finishGesture();
+        closeGesture();
     }
     if (alive) {
         describeSelection();
@@ -207,7 +207,7 @@ void GeneralGraphView::abandonGesture()
         GraphicsView::abandonGesture();
     }
     if (alive) {
-        finishGesture();
+        closeGesture();
     }
 }
 

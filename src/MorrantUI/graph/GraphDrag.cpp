@@ -32,6 +32,17 @@ void GraphEdit::restore()
     }
 }
 
+std::vector<GraphPointWidget*> GraphEdit::points() const
+{
+    std::vector<GraphPointWidget*> living;
+    for (const Entry& entry : m_entries) {
+        if (auto* const point = qobject_cast<GraphPointWidget*>(entry.item.data())) {
+            living.push_back(point);
+        }
+    }
+    return living;
+}
+
 GraphDrag::GraphDrag(TimeEditorBaseItem* pressed, QPointF scenePosition)
     : m_pressed(pressed)
     , m_pressPosition(scenePosition)

@@ -6,6 +6,10 @@
 #include <QPointF>
 #include <QPointer>
 
+#include <vector>
+
+class GraphPointWidget;
+
 namespace ui {
 
 /// Points and handles that a gesture moves.
@@ -16,6 +20,7 @@ public:
     void add(TimeEditorBaseItem* item, bool moves = true);
     /// What had moved reports it.
     void restore();
+    std::vector<GraphPointWidget*> points() const; ///< those that live
 };
 
 /// The drag of a point or a handle and of what is selected with it, from the press to whatever ends

@@ -6,6 +6,7 @@
 #include <QFormLayout>
 #include <QPointer>
 
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -42,7 +43,7 @@ void KeyFields::watch(NumericField& field)
     field.setFieldType(NumericField::FloatingPoint);
     field.setValue(0);
     connect(&field, &NumericField::dragStateChanged, this, [this, &field](bool dragging) {
-        m_isDragged = dragging;
+        m_dragged = dragging ? &field : nullptr;
         dragging ? begin(field) : end();
     });
     connect(&field, &NumericField::edited, this, [this, &field](double number, bool committed) {
@@ -54,15 +55,23 @@ void KeyFields::watch(NumericField& field)
 
 void KeyFields::setKey(std::optional<double> frame, std::optional<double> value)
 {
+    const QPointer<KeyFields> alive(this);
     show(*m_frame, m_shownFrame, frame);
-    show(*m_value, m_shownValue, value);
+    if (alive) {
+        show(*m_value, m_shownValue, value);
+    }
 }
 
 void KeyFields::show(NumericField& field, double& shown, std::optional<double> number)
 {
-    field.setEnabled(number.has_value());
-    const bool isStepped = m_edited == &field && !m_isDragged; // by key, which is yet to commit
-    if (number && !isStepped && (field.isReadOnly() || !field.isModified())) {
+    const bool isNumber = number && std::isfinite(*number);
+    const QPointer<KeyFields> alive(this);
+    field.setEnabled(isNumber); // which may end a step
+    if (!alive) {
+        return;
+    }
+    const bool isStepped = m_edited == &field && m_dragged != &field; // by key, and to be committed
+    if (isNumber && !isStepped && (field.isReadOnly() || !field.isModified())) {
         field.setValue(*number);
         shown = field.value();
     }
@@ -72,12 +81,38 @@ void KeyFields::finishEditing()
 {
     const QPointer<KeyFields> alive(this);
     for (NumericField* field : {m_frame, m_value}) {
-        if (alive && field->hasFocus()) {
-            field->clearFocus();
+        if (alive) {
+            commit(*field);
         }
     }
     if (alive) {
         end();
+    }
+}
+
+/// This object may be deleted by it.
+void KeyFields::commit(NumericField& field)
+{
+    const QPointer<KeyFields> alive(this);
+    field.finishDrag();
+    if (alive && field.hasFocus()) {
+        field.clearFocus();
+    }
+}
+
+void KeyFields::leaveKey()
+{
+    if (m_edited) {
+        finishEditing();
+        return;
+    }
+    for (const auto& [field, shown] :
+         {std::pair(m_frame, m_shownFrame), std::pair(m_value, m_shownValue)})
+    {
+        if (field->isModified()) {
+            field->setValue(shown);
+            field->setModified(false);
+        }
     }
 }
 
@@ -88,11 +123,12 @@ void KeyFields::take(NumericField& field, double number, bool committed)
 {
     const QPointer<KeyFields> alive(this);
     begin(field);
-    if (alive) {
+    if (alive && m_edited == &field) {
         (&field == m_frame ? m_shownFrame : m_shownValue) = number;
         &field == m_frame ? Q_EMIT frameEdited(number) : Q_EMIT valueEdited(number);
     }
-    if (alive && !m_isDragged && (committed || number == m_before)) {
+    const bool isOpen = alive && m_edited == &field && m_dragged != &field;
+    if (isOpen && (committed || number == m_before)) {
         end();
     }
 }
@@ -102,9 +138,15 @@ void KeyFields::begin(NumericField& field)
     if (m_edited == &field) {
         return;
     }
+    const bool isDrag = m_dragged == &field;
     const QPointer<KeyFields> alive(this);
-    end();
+    if (m_edited) {
+        commit(*m_edited);
+    }
     if (alive) {
+        end();
+    }
+    if (alive && isDrag == (m_dragged == &field)) { // else a slot has ended it
         m_edited = &field;
         m_before = &field == m_frame ? m_shownFrame : m_shownValue;
         Q_EMIT editStarted();

@@ -11,7 +11,8 @@ class NumericField;
 /// Frame and value of a selected key, to be scrubbed and typed.
 ///
 /// It changes no key: it tells what the user entered. A drag, and what is typed, is one step of a
-/// history, with editStarted() before and editEnded() behind all of it.
+/// history, with editStarted() before and editEnded() behind all of it; a step in one field ends
+/// that in the other. A slot may delete the fields, of which nothing is told then.
 class MORRANT_UI_EXPORT KeyFields : public Widget
 {
     Q_OBJECT
@@ -21,11 +22,14 @@ public:
     ~KeyFields() override;
 
     /// Shows a key, and tells nobody: without a value only its frame, as of several at one frame,
-    /// and without a frame only its value. A field without a number is disabled; one that is being
-    /// typed in stays as it is.
+    /// and without a frame only its value. A field without a number, or with one that is not
+    /// finite, is disabled; one that is being typed in stays as it is.
     void setKey(std::optional<double> frame, std::optional<double> value);
-    /// Takes over what is being typed, and ends the step.
+    /// Takes over what is being typed, and ends the step and the drag.
     void finishEditing();
+    /// Ends the step, too, but what is typed outside of one is taken back: for a host that is about
+    /// to show another key.
+    void leaveKey();
 
     // The fields, for limits, units and steps: numbers with three decimals, and not to be deleted.
     NumericField& frame() const { return *m_frame; }
@@ -44,6 +48,7 @@ private:
     void show(NumericField& field, double& shown, std::optional<double> number);
     void take(NumericField& field, double number, bool committed);
     void begin(NumericField& field);
+    void commit(NumericField& field);
     void end();
 
     NumericField* m_frame;
@@ -51,6 +56,6 @@ private:
     double m_shownFrame = 0.0; ///< as the field has what the host gave
     double m_shownValue = 0.0;
     NumericField* m_edited = nullptr; ///< between editStarted() and editEnded()
-    bool m_isDragged = false;
+    NumericField* m_dragged = nullptr;
     double m_before = 0.0; ///< as the step found that field
 };

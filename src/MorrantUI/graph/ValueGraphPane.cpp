@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -84,8 +85,8 @@ QAction* ValueGraphPane::addCommand(Command command, const QString& text, const 
     if (!icon.isEmpty()) {
         action->setIcon(ui::getCachedIcon(icon));
     }
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // the pane's alone
-    addAction(action);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    m_view->addAction(action);
     m_commands.at(static_cast<std::size_t>(command)) = action;
     return action;
 }
@@ -177,18 +178,28 @@ void ValueGraphPane::connectParts()
         showHint();
         Q_EMIT propertiesChosen();
     });
-    connect(m_view->scene(), &QGraphicsScene::selectionChanged, this, &ValueGraphPane::showKey);
+    connect(
+        m_view->scene(), &QGraphicsScene::selectionChanged, this, &ValueGraphPane::showSelection);
     connect(m_view, &ValueGraphView::keysChanging, this, &ValueGraphPane::showKey);
     connect(m_view, &ValueGraphView::keysShown, this, &ValueGraphPane::showKey);
 
-    connect(m_fields, &KeyFields::editStarted, m_view, &ValueGraphView::beginGesture);
-    connect(m_fields, &KeyFields::frameEdited, m_view, [view = m_view](double frame) {
-        view->placeSelectedKeys(frame, std::nullopt);
+    connect(m_fields, &KeyFields::editStarted, this, &ValueGraphPane::beginFieldGesture);
+    connect(m_fields, &KeyFields::frameEdited, this, [this](double frame) {
+        place(frame, std::nullopt);
     });
-    connect(m_fields, &KeyFields::valueEdited, m_view, [view = m_view](double value) {
-        view->placeSelectedKeys(std::nullopt, value);
+    connect(m_fields, &KeyFields::valueEdited, this, [this](double value) {
+        place(std::nullopt, value);
     });
-    connect(m_fields, &KeyFields::editEnded, m_view, &ValueGraphView::endGesture);
+    connect(m_fields, &KeyFields::editEnded, this, [this](bool changed) {
+        if (std::exchange(m_hasFieldGesture, false)) {
+            m_view->endGesture(changed);
+        }
+    });
+    connect(m_view, &ValueGraphView::gestureEnded, this, [this] {
+        if (std::exchange(m_hasFieldGesture, false)) { // by another than the fields
+            m_fields->finishEditing();
+        }
+    });
 }
 
 // The list
@@ -266,6 +277,34 @@ void ValueGraphPane::showKey()
 {
     command(Command::Delete)->setEnabled(!m_view->selectedKeys().empty());
     m_fields->setKey(m_view->selectedFrame(), m_view->selectedValue());
+}
+
+/// What is half typed was meant for the key before.
+void ValueGraphPane::showSelection()
+{
+    const QPointer<ValueGraphPane> alive(this);
+    m_fields->leaveKey();
+    if (alive) {
+        showKey();
+    }
+}
+
+void ValueGraphPane::beginFieldGesture()
+{
+    const QPointer<ValueGraphPane> alive(this);
+    m_view->finishGesture(); // the one before, whose end is none of the fields'
+    if (alive) {
+        m_hasFieldGesture = true;
+        m_view->beginGesture();
+    }
+}
+
+/// A gesture that is over takes no further step.
+void ValueGraphPane::place(std::optional<double> frame, std::optional<double> value)
+{
+    if (m_hasFieldGesture) {
+        m_view->placeSelectedKeys(frame, value);
+    }
 }
 
 QAction* ValueGraphPane::command(Command command) const

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 class EasingEditor;
@@ -72,7 +73,8 @@ public:
     /// What the view says where there is nothing to choose from, such as why.
     void setEmptyHint(const QString& hint);
 
-    /// For menus and shortcuts. The Delete key and T act within the pane.
+    /// For menus and shortcuts. The Delete key and T act while the view has the focus: a list takes
+    /// letters to find its rows by.
     QAction* command(Command command) const;
     QList<QAction*> commands() const; ///< all of them, as in the pane's own context menu
 
@@ -99,6 +101,9 @@ private:
     void connectParts();
     void showHint();
     void showKey();
+    void showSelection();
+    void beginFieldGesture();
+    void place(std::optional<double> frame, std::optional<double> value);
 
     ValueGraphView* m_view;
     EasingEditor* m_easing;
@@ -106,4 +111,5 @@ private:
     QListWidget* m_list;
     std::array<QAction*, 4> m_commands{}; ///< as Command has them
     QString m_emptyHint;
+    bool m_hasFieldGesture = false; ///< the view's gesture is that of the fields
 };

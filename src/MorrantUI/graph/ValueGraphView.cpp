@@ -58,17 +58,20 @@ bool isViewKey(const QKeyEvent& event)
     }
 }
 
+bool isArrow(const QKeyEvent& event)
+{
+    const int key = event.key();
+    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
 /// Keys that belong to the graph while it has the focus, although the window's menus have them too.
 bool isOwnKey(const QKeyEvent& event, bool hasSelection)
 {
-    switch (event.key()) {
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Up:
-    case Qt::Key_Down: return hasOnly(event, Qt::ShiftModifier) && hasSelection;
-    case Qt::Key_Escape: return QGuiApplication::mouseButtons() != Qt::NoButton;
-    default: return isViewKey(event);
+    if (isArrow(event)) {
+        return hasOnly(event, Qt::ShiftModifier) && hasSelection;
     }
+    const bool isEscape = event.key() == Qt::Key_Escape;
+    return isEscape ? QGuiApplication::mouseButtons() != Qt::NoButton : isViewKey(event);
 }
 
 /// A pixel wide at any zoom, which differs between the axes.
@@ -400,7 +403,8 @@ bool ValueGraphView::event(QEvent* event)
     return GeneralGraphView::event(event);
 }
 
-/// A press that pans, or one that a pan takes no notice of.
+/// A press that pans, or one that a pan takes no notice of. Others end what fields have begun, and
+/// the view may go with it.
 bool ValueGraphView::takesPress(const QMouseEvent& event)
 {
     m_isTap = false;
@@ -410,7 +414,14 @@ bool ValueGraphView::takesPress(const QMouseEvent& event)
         m_pan = Pan{event.button(), event.position().toPoint()};
         changeMouse(Qt::ClosedHandCursor);
     }
-    return isPanning(event);
+    if (isPanning(event)) {
+        return true;
+    }
+    const QPointer<ValueGraphView> alive(this);
+    if (event.button() == Qt::LeftButton) {
+        endGesture(true);
+    }
+    return !alive;
 }
 
 /// Ends a pan whose button is up, also where nobody has seen its release.
@@ -497,6 +508,13 @@ void ValueGraphView::keyPressEvent(QKeyEvent* event)
     const bool isSpace = isOwn && event->key() == Qt::Key_Space;
     m_isTap = isSpace && (m_isTap || !event->isAutoRepeat());
     m_spaceHeld = m_spaceHeld || isSpace;
+    const QPointer<ValueGraphView> alive(this);
+    if (isArrow(*event)) {
+        endGesture(true); // of fields: a nudge is another
+    }
+    if (!alive) {
+        return;
+    }
     if (!isOwn) {
         GeneralGraphView::keyPressEvent(event);
     } else if (!m_isEditing) { // what is dragged would run away

@@ -51,8 +51,8 @@ public:
     /// A key of a curve of this view, by its place in ValueGraphCurve::keys().
     struct KeyPlace
     {
-        ValueGraphCurve* curve;
-        std::size_t key;
+        ValueGraphCurve* curve = nullptr;
+        std::size_t key = 0;
 
         bool operator==(const KeyPlace&) const = default;
     };
@@ -69,10 +69,12 @@ public:
     std::optional<double> selectedValue() const; ///< see selectedFrame()
 
     /// Brings the selected keys to a frame, whole where keys go by whole frames, and to a value,
-    /// upward: an edit as by the mouse, with its step and its gesture. Nothing happens for a number
-    /// that is not finite.
+    /// upward: an edit as by the mouse, with its step and its gesture. Nothing happens without keys
+    /// or numbers, or for a number that is not finite.
     void placeSelectedKeys(std::optional<double> frame, std::optional<double> value);
-    /// Around several of these that are one gesture. The one that is under way ends before.
+    /// Around several of these that are one gesture, of the keys that are selected now, whatever is
+    /// selected later. The gesture that is under way ends before; a press of the left button and an
+    /// arrow key end this one, and keep what it did.
     void beginGesture();
     /// @param keeps false to have every key where it was when the gesture began. Ignored without
     ///     one.

@@ -110,8 +110,11 @@ void ValueGraphView::placeSelectedKeys(std::optional<double> frame, std::optiona
     if (!std::isfinite(frame.value_or(0.0)) || !std::isfinite(value.value_or(0.0))) {
         return;
     }
-    const QPointer<ValueGraphView> alive(this);
     const bool isAlone = !m_placed;
+    if ((!frame && !value) || (isAlone && selection().empty())) {
+        return;
+    }
+    const QPointer<ValueGraphView> alive(this);
     if (isAlone) {
         beginGesture();
     }
@@ -120,14 +123,17 @@ void ValueGraphView::placeSelectedKeys(std::optional<double> frame, std::optiona
     }
     {
         const ui::ChangeBatch batch(this);
-        for (const auto& [key, point] : selection()) {
+        for (GraphPointWidget* const point : m_placed->points()) {
             const double x = frame.value_or(point->x());
             point->forceMove(
                 {frame && m_snapsToFrames ? std::round(x) : x, value ? 0.0 - *value : point->y()});
         }
     }
+    if (!alive) {
+        return;
+    }
     rememberTimes(); // what was said is not snapped again
-    if (alive && tellStep() && isAlone) {
+    if (tellStep() && isAlone) {
         endGesture(true);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/graph/easings.h"
 
+#include "MorrantUI/graph/graphmoves.h"
 #include <MorrantUI/graph/graphsegments.h>
 
 #include <QCoreApplication>
@@ -79,6 +80,11 @@ QPointF shareOf(QPointF handle, QPointF distance, double start, QPointF before)
         change ? start + *change : before.y()};
 }
 
+bool hasBothHandles(const ValueGraphKey& key)
+{
+    return !isNone(key.leftHandle) && !isNone(key.rightHandle);
+}
+
 Interpolation interpolationOf(const ValueGraphKey& key)
 {
     const bool isCurved = !isNone(key.leftHandle) || !isNone(key.rightHandle);
@@ -86,6 +92,12 @@ Interpolation interpolationOf(const ValueGraphKey& key)
 }
 
 } // namespace
+
+SegmentEasing finiteEasing(const SegmentEasing& easing)
+{
+    const bool isFinite = Graph::isFinite(easing.out) && Graph::isFinite(easing.in);
+    return isFinite ? easing : SegmentEasing{.hold = easing.hold};
+}
 
 // Presets
 
@@ -128,12 +140,13 @@ QString presetIcon(EasingPreset preset)
     return QStringLiteral("icons:%1.png").arg(QLatin1String(faceOf(preset).icon));
 }
 
-double easedShare(const SegmentEasing& easing, double time)
+double easedShare(const SegmentEasing& wanted, double time)
 {
+    const SegmentEasing easing = finiteEasing(wanted);
     const Graph::Segment whole{{0, 0}, easing.out, easing.in, {1, 1}, easing.hold};
     return Graph::valueAt(
         Graph::limited(whole, {-kEndless, -kEndless, kEndless, kEndless}),
-        std::clamp(time, 0.0, 1.0));
+        std::isnan(time) ? 0.0 : std::clamp(time, 0.0, 1.0));
 }
 
 // Between keys of values
@@ -158,15 +171,18 @@ QPointF inShare(QPointF handle, QPointF distance, QPointF before)
     return shareOf(handle, distance, 1, before);
 }
 
-void setEasing(ValueGraphKey& from, ValueGraphKey& to, const SegmentEasing& easing)
+void setEasing(ValueGraphKey& from, ValueGraphKey& to, const SegmentEasing& wanted)
 {
+    const SegmentEasing easing = finiteEasing(wanted);
     from.hold = easing.hold;
     if (!easing.hold) {
         const QPointF distance = distanceBetween(from, to);
         from.rightHandle = outHandle(easing.out, distance);
         to.leftHandle = inHandle(easing.in, distance);
-        from.interpolation = interpolationOf(from);
-        to.interpolation = interpolationOf(to);
+        for (ValueGraphKey* const key : {&from, &to}) {
+            key->interpolation = interpolationOf(*key);
+            key->handlesLocked = key->handlesLocked && (isSmooth(*key) || !hasBothHandles(*key));
+        }
     }
 }
 
@@ -185,12 +201,11 @@ SegmentEasing easingOf(
 
 bool isSmooth(const ValueGraphKey& key)
 {
-    if (isNone(key.leftHandle) || isNone(key.rightHandle)) {
-        return false;
-    }
     const double one = key.leftHandle.x() * key.rightHandle.y();
     const double other = key.leftHandle.y() * key.rightHandle.x();
-    return std::abs(one - other) <= kOnLine * (std::abs(one) + std::abs(other));
+    const bool isLine = std::abs(one - other) <= kOnLine * (std::abs(one) + std::abs(other));
+    const bool isOpposite = QPointF::dotProduct(key.leftHandle, key.rightHandle) < 0;
+    return hasBothHandles(key) && isLine && isOpposite;
 }
 
 // Between keys of a fixed graph
@@ -213,8 +228,8 @@ std::vector<GraphCurveKey> curveOf(const SegmentEasing& easing, double room)
         corner.index = 2;
         return {first, corner, last};
     }
-    first.rightHandle = {easing.out.x(), scale * easing.out.y()};
-    last.leftHandle = {easing.in.x() - 1, scale * (easing.in.y() - 1)};
+    first.rightHandle = {std::clamp(easing.out.x(), 0.0, 1.0), scale * easing.out.y()};
+    last.leftHandle = {std::clamp(easing.in.x(), 0.0, 1.0) - 1, scale * (easing.in.y() - 1)};
     return {first, last};
 }
 
@@ -225,14 +240,14 @@ SegmentEasing easingOf(const std::vector<GraphCurveKey>& curve, double room)
     }
     const GraphCurveKey& first = curve.front();
     const GraphCurveKey& last = curve.back();
-    if (first.interpolation != KeyInterpolationType::Bezier) {
-        return {};
-    }
+    const auto isCurved = [](const GraphCurveKey& key) {
+        return key.interpolation == KeyInterpolationType::Bezier;
+    };
     const QPointF whole(1, 1 - 2 * room);
-    return {
-        false,
-        outShare({first.rightHandle.x, first.rightHandle.y}, whole),
-        inShare({last.leftHandle.x, last.leftHandle.y}, whole)};
+    const SegmentEasing straight;
+    const QPointF out = outShare({first.rightHandle.x, first.rightHandle.y}, whole);
+    const QPointF in = inShare({last.leftHandle.x, last.leftHandle.y}, whole);
+    return {false, isCurved(first) ? out : straight.out, isCurved(last) ? in : straight.in};
 }
 
 } // namespace ui::easing

@@ -34,6 +34,10 @@ struct SegmentEasing
     }
 };
 
+/// Itself, or, of numbers that are not finite, a linear one that holds where it does. What is eased
+/// below goes by it.
+MORRANT_UI_EXPORT SegmentEasing finiteEasing(const SegmentEasing& easing);
+
 /// Those that have names; others are made by hand.
 enum class EasingPreset
 {
@@ -62,8 +66,8 @@ MORRANT_UI_EXPORT std::optional<EasingPreset> presetOf(
 MORRANT_UI_EXPORT QString presetName(EasingPreset preset); ///< for the user: "Ease in"
 MORRANT_UI_EXPORT QString presetIcon(EasingPreset preset); ///< such as "icons:easeIn.png"
 
-/// The share of the change at a share of the time, which counts as 0 to 1; both ends are exact. A
-/// hold is 0 before the end.
+/// The share of the change at a share of the time, which counts as 0 to 1, and as 0 where it is
+/// NaN; both ends are exact. A hold is 0 before the end.
 MORRANT_UI_EXPORT double easedShare(const SegmentEasing& easing, double time);
 
 // Between shares and the handles of keys, which are offsets from their keys. A distance is the one
@@ -78,15 +82,17 @@ MORRANT_UI_EXPORT QPointF outShare(QPointF handle, QPointF distance, QPointF bef
 MORRANT_UI_EXPORT QPointF inShare(QPointF handle, QPointF distance, QPointF before = {1, 1});
 
 /// Eases the segment between two keys: its two handles, whether it holds, and, unless it does, that
-/// a key with a handle on either side is curved and another one straight. What is a hold keeps its
-/// handles, which come back with the next easing.
+/// a key with a handle on either side is curved and another one straight. Locked handles that do
+/// not lie on one line any more are freed, or the next drag of one would turn the other. What is a
+/// hold keeps its handles, which come back with the next easing.
 MORRANT_UI_EXPORT void setEasing(
     ValueGraphKey& from, ValueGraphKey& to, const SegmentEasing& easing);
 /// What setEasing() would give two keys. A handle of a straight key does not count.
 /// @param before what stays where the keys say nothing, see outShare()
 MORRANT_UI_EXPORT SegmentEasing
 easingOf(const ValueGraphKey& from, const ValueGraphKey& to, const SegmentEasing& before = {});
-/// Whether a key has both handles, and these lie on one line, so that they should stay so:
+/// Whether a key has both handles, and these lie on one line to its two sides, so that they should
+/// stay so:
 /// ValueGraphKey::handlesLocked for a host whose document does not say.
 MORRANT_UI_EXPORT bool isSmooth(const ValueGraphKey& key);
 

@@ -307,6 +307,7 @@ private Q_SLOTS:
     {
         const std::pair<const char*, Door> doors[] = {
             {"release", [](Panel& panel) { panel.pointer.release(); }},
+            {"the host", [](Panel& panel) { panel.control->finishDrag(); }},
             {"delete the window", [](Panel& panel) { panel.window.reset(); }},
             {"other pointer lock", [](Panel& panel) { panel.control->setUsePointerLock(false); }},
             {"theme's pointer lock", [this](Panel&) { theme().setUsePointerLock(true); }},

@@ -110,6 +110,7 @@ void LineEdit::stepTo(const QString& text)
     Q_EMIT valueChanged(false);
     if (self) {
         m_tellingStep = isNested;
+        m_told = this->text(); // or what the host has made of it
     }
 }
 
@@ -158,7 +159,9 @@ bool LineEdit::isCommitted() const
 bool LineEdit::commit(Unacceptable rule)
 {
     if (isCommitted()) {
-        m_hasSteps = false;
+        if (endSteps()) {
+            Q_EMIT valueChanged(false);
+        }
         return true;
     }
     const std::optional<QString> entry = entryOf(text());
@@ -175,12 +178,12 @@ bool LineEdit::commit(Unacceptable rule)
         return false;
     }
     const bool changed = result != m_committed;
-    m_hasSteps = false;
+    const bool isTold = endSteps();
     showCommitted(result);
     m_committed = text();
     setModified(false);
-    if (changed) {
-        Q_EMIT valueChanged(true);
+    if (changed || isTold) {
+        Q_EMIT valueChanged(changed);
     }
     return true;
 }
@@ -205,15 +208,21 @@ void LineEdit::showCommitted(const QString& result)
 /// @return whether there was anything to take back
 bool LineEdit::takeBack()
 {
-    if (isCommitted()) {
-        return false;
+    const bool isEdited = !isCommitted();
+    const bool isTold = endSteps();
+    if (isEdited) {
+        setText(m_committed);
     }
-    const bool hadSteps = std::exchange(m_hasSteps, false);
-    setText(m_committed);
-    if (hadSteps) {
+    if (isTold) {
         Q_EMIT valueChanged(false);
     }
-    return true;
+    return isEdited || isTold;
+}
+
+/// @return whether the last of them has told of another text than the one before them
+bool LineEdit::endSteps()
+{
+    return std::exchange(m_hasSteps, false) && m_told != m_committed;
 }
 
 bool LineEdit::event(QEvent* event)

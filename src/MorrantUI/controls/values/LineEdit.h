@@ -58,7 +58,8 @@ public:
 
 Q_SIGNALS:
     /// @param committed true once for each edit that is finished and has changed something; false
-    ///     at every step before, for classes that have steps, and when Escape takes such steps back
+    ///     at every step before, for classes that have steps, and when Escape takes such steps
+    ///     back, or typing the text before them
     /// A slot that takes a number is connected to this without a complaint, and gets 0 or 1: number
     /// fields have edited() for it.
     void valueChanged(bool committed);
@@ -110,6 +111,7 @@ private:
     bool commit(Unacceptable text);
     void showCommitted(const QString& text);
     bool takeBack();
+    bool endSteps();
     void commitByKey(QKeyEvent* event);
     void takeBackByKey(QKeyEvent* event);
 
@@ -117,6 +119,7 @@ private:
     QString m_text;
     QString m_frame;
     QString m_committed;        ///< what Escape returns to
+    QString m_told;             ///< by the last step
     bool m_hasSteps = false;    ///< valueChanged(false) went out since the last commit
     bool m_isEditing = false;   ///< as the palette shows it
     bool m_settingEdit = false; ///< the text being set is not committed by that

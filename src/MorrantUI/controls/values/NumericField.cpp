@@ -118,9 +118,7 @@ NumericField::NumericField(double startValue, QWidget* parent)
 
 NumericField::~NumericField()
 {
-    if (m_data->dragFilter) {
-        m_data->dragFilter->forceEndDrag();
-    }
+    finishDrag();
 }
 
 double NumericField::value() const
@@ -222,9 +220,7 @@ QString NumericField::suffix() const
 void NumericField::setUsePointerLock(bool use)
 {
     const QPointer<NumericField> self(this);
-    if (m_data->dragFilter) {
-        m_data->dragFilter->forceEndDrag();
-    }
+    finishDrag();
     if (!self) {
         return;
     }
@@ -239,6 +235,13 @@ void NumericField::setUsePointerLock(bool use)
     connect(filter, &MouseWrapDragFilter::dragged, this, &NumericField::scrub);
     connect(filter, &MouseWrapDragFilter::ended, this, &NumericField::endDrag);
     m_data->dragFilter = filter;
+}
+
+void NumericField::finishDrag()
+{
+    if (m_data->dragFilter) {
+        m_data->dragFilter->forceEndDrag();
+    }
 }
 
 QString NumericField::textOf(double value) const

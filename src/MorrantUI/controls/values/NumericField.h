@@ -106,6 +106,9 @@ public:
     /// Whether drags pin the pointer. Ends a drag in progress. The next change of the theme's
     /// usePointerLock() sets it again.
     void setUsePointerLock(bool use);
+    /// Ends a drag as by its release, also while the button is down: what the mouse does then is
+    /// none of it. Nothing happens without one. A slot of dragStateChanged() may delete the field.
+    void finishDrag();
 
     bool event(QEvent* event) override;
     /// Escape in a drag, wherever the focus is, brings the value before it back.
