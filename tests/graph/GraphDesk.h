@@ -31,6 +31,19 @@ private:
     std::mt19937 m_random{unsigned(qEnvironmentVariableIntValue("MORRANT_MONKEY_SEED"))};
 };
 
+inline void scrub(FakePointer& pointer, const QWidget& field)
+{
+    pointer.press(field.rect().center());
+    pointer.dragTo(pointer.position() + QPoint(30, 0));
+}
+
+inline void type(NumericField& field, const QString& text)
+{
+    field.setFocus(Qt::TabFocusReason);
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+}
+
 /// Values from 0 to 100 over as many frames, four pixels a unit, one curve without limits on y.
 class GraphDesk : public GeneralGraphView
 {

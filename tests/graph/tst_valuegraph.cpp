@@ -202,7 +202,6 @@ private Q_SLOTS:
         QVERIFY(view.takeTold().startsWith(u"start,9:0 9:100 61:-20*,same,start,"_qs));
         view.pointer.release();
         view.takeTold();
-        view.placeSelectedKeys({}, {});
         view.curve->setEnabled(false);
         view.placeSelectedKeys(11, {});
         QVERIFY(view.shown().startsWith(u"9:0"_qs) && view.told.isEmpty());
@@ -230,32 +229,21 @@ private Q_SLOTS:
         QVERIFY(!value.isEnabled());
         pane.view().selectKeys({{curve, 1}});
         QVERIFY(value.value() == 100 && pane.fields().frame().value() == 40);
-        const QAction& tool = *pane.command(ValueGraphPane::Command::TransformTool);
         pane.list().setFocus(); // whose keys are its own
-        QTest::keyClick(&pane.list(), Qt::Key_T);
         QTest::keyClick(&pane.list(), Qt::Key_Delete);
-        QVERIFY(deletions.isEmpty() && !tool.isChecked());
-        pane.view().setFocus();
-        QTest::keyClick(&pane.view(), Qt::Key_T);
-        QVERIFY(tool.isChecked());
-        const auto type = [&] {
-            value.setFocus(Qt::TabFocusReason);
-            value.selectAll();
-            QTest::keyClicks(&value, u"25"_qs);
-        };
-        type();
+        QVERIFY(deletions.isEmpty());
+        ui::test::type(value, u"25"_qs);
         pane.view().selectKeys({{curve, 0}}); // for which that was not meant
         pane.finishEditing();
         QVERIFY(curve->keys().at(0).value == 0 && steps.isEmpty());
         pane.view().selectKeys({{curve, 1}});
         ui::test::FakePointer pointer(&value);
-        pointer.press(value.rect().center());
-        pointer.dragTo(pointer.position() + QPoint(30, 0));
+        ui::test::scrub(pointer, value);
         pane.view().finishGesture();
         pointer.dragTo(pointer.position() + QPoint(30, 0));
         pointer.release();
         QCOMPARE(steps.count(), 1);
-        type();
+        ui::test::type(value, u"25"_qs);
         pane.command(ValueGraphPane::Command::Delete)->trigger(); // of what is complete
         QVERIFY(curve->keys().at(1).value == 25 && steps.count() == 2 && deletions.count() == 1);
         curve->setKeys({{0, 0}, {40, 3}});

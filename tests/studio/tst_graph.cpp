@@ -170,7 +170,7 @@ private Q_SLOTS:
         QCOMPARE(window.rotation(), u"10:0 0.4,0.4 0.5,1.0 | 50:100 | 70:100"_qs);
 
         // The editor shows it, and its own handle goes the other way.
-        EasingEditor& easing = window.graph().easing();
+        EasingEditor& easing = window.graph().easingEditor();
         QVERIFY(easing.easing() && std::abs(easing.easing()->out.y() - 0.4) < 0.05);
         ui::test::FakePointer pointer(easing.view().viewport());
         pointer.press(easing.view().mapFromScene(4, 5.5));
@@ -233,7 +233,9 @@ private Q_SLOTS:
             switch (random.bounded(10)) {
             case 0: window.undo(); break;
             case 1: window.redo(); break;
-            case 2: window.graph().easing().presets().segment(random.bounded(6))->click(); break;
+            case 2:
+                window.graph().easingEditor().presets().segment(random.bounded(6))->click();
+                break;
             case 3: window.player().seek(random.bounded(100)); break;
             case 4: window.view().setShowTransformTool(random.bounded(2) == 0); break;
             case 5:

@@ -52,7 +52,7 @@ public:
 
     // What it is made of: the pane's, and not to be deleted.
     ValueGraphView& view() const { return *m_view; }
-    EasingEditor& easing() const { return *m_easing; }
+    EasingEditor& easingEditor() const { return *m_easing; }
     KeyFields& fields() const { return *m_fields; }
     QListWidget& list() const { return *m_list; }
 

@@ -48,7 +48,7 @@ GraphEditor::GraphEditor(PlaybackClock& player, QWidget* parent)
 
 GraphEditor::~GraphEditor()
 {
-    for (QObject* part : std::initializer_list<QObject*>{m_curves, &view(), &easing()}) {
+    for (QObject* part : std::initializer_list<QObject*>{m_curves, &view(), &easingEditor()}) {
         part->disconnect(this); // they outlive what is a graph editor of this object
     }
 }
@@ -62,9 +62,9 @@ void GraphEditor::connectParts()
     connect(this, &GraphEditor::propertiesChosen, this, &GraphEditor::showProperties);
     connect(this, &GraphEditor::deleteWanted, this, &GraphEditor::deleteSelected);
     connect(&fields(), &KeyFields::editStarted, &m_player, &PlaybackClock::pause);
-    connect(&easing(), &EasingEditor::editStarted, this, &GraphEditor::beginEasing);
-    connect(&easing(), &EasingEditor::edited, this, &GraphEditor::editEasing);
-    connect(&easing(), &EasingEditor::editEnded, this, &GraphEditor::endEasing);
+    connect(&easingEditor(), &EasingEditor::editStarted, this, &GraphEditor::beginEasing);
+    connect(&easingEditor(), &EasingEditor::edited, this, &GraphEditor::editEasing);
+    connect(&easingEditor(), &EasingEditor::editEnded, this, &GraphEditor::endEasing);
 }
 
 // What is shown
@@ -171,7 +171,7 @@ void GraphEditor::showEasing()
         m_segment = KeyAddress{shown.front(), *segment};
         easings = easingsOf(property->keys[*segment]);
     }
-    easing().setEasings(easings);
+    easingEditor().setEasings(easings);
 }
 
 void GraphEditor::chooseKeys()
