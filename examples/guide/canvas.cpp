@@ -10,6 +10,8 @@ namespace {
 // [canvas]
 class PosterView : public CanvasView
 {
+    Q_DECLARE_TR_FUNCTIONS(PosterView)
+
 public:
     PosterView()
     {

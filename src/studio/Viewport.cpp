@@ -39,6 +39,7 @@ Viewport::~Viewport() = default;
 
 void Viewport::setDocument(std::shared_ptr<const Document> document)
 {
+    abandonGesture(); // also if the new page is as large
     m_document = std::move(document);
     m_layer = -1;
     setPageSize(m_document ? QSizeF(m_document->width, m_document->height) : QSizeF());

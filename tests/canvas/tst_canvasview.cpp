@@ -33,8 +33,14 @@ public:
     QList<QPointF> takeTold() { return std::exchange(told, {}); }
 
     QList<QPointF> told; ///< clicks, double clicks with their signs turned, and taps
+    int abandoned = 0;
 
 protected:
+    void abandonGesture() override
+    {
+        CanvasView::abandonGesture();
+        ++abandoned;
+    }
     void paintPage(SkCanvas& canvas, const SkPaint& paint) override
     {
         fill(canvas, paint, SK_ColorRED, 100);
@@ -70,7 +76,7 @@ private Q_SLOTS:
         QVERIFY(sheet.mapping() == ui::fittedOnCanvas({464, 264}, {200, 100}) && sheet.isFitted());
         sheet.setZoomLimits({0.5, 1.5});
         QCOMPARE(sheet.mapping().scale, 1.5);
-        sheet.setPageSize({qInf(), 1});
+        sheet.setPageSize({1, qQNaN()});
         QVERIFY(!sheet.hasPage());
     }
 
@@ -92,12 +98,23 @@ private Q_SLOTS:
         for (const auto& [x, y, color] : places) {
             QCOMPARE(pixelAt(image, {x, y}), color);
         }
+        sheet.setMapping({1.003, {32, 32}}); // the far edges are on whole pixels as well
+        const double edge = std::round(232.6 / pixel) * pixel;
+        const QPointF border(edge + pixel / 2, 50);
+        QCOMPARE(pixelAt(sheet.grab().toImage(), border), ui::colorQt(u"Grey"_qs));
+        sheet.setMapping({2, {32, 32}});
         sheet.setBackdrop(CanvasBackdrop::Chequer);
         for (const double x : {300.5, 308.5}) { // black and white are seen on both squares
             const int grey = qGray(pixelAt(sheet.grab().toImage(), {x, 100.5}).rgb());
             QVERIFY(grey > 90 && grey < 130);
         }
         showActive(sheet);
+        for (const auto reason : {Qt::TabFocusReason, Qt::MouseFocusReason}) {
+            sheet.clearFocus();
+            sheet.setFocus(reason);
+            const QColor ring = pixelAt(sheet.grab().toImage(), {200, 263});
+            QCOMPARE(ring == ui::colorQt(u"Accent1"_qs), reason == Qt::TabFocusReason);
+        }
         PaintCounter paints(&sheet);
         paints.take();
         const std::pair<std::function<void()>, int> changes[] = {
@@ -112,11 +129,27 @@ private Q_SLOTS:
         }
     }
 
+    void aPlaceFromBeforeTheFirstShowIsKept()
+    {
+        const ui::CanvasMapping saved{3, {-50.5, 7}};
+        QWidget panel;
+        QHBoxLayout row(&panel);
+        Sheet sheet;
+        row.addWidget(&sheet);
+        sheet.setMapping(saved);
+        panel.resize(700, 500);
+        showActive(panel);
+        QVERIFY(sheet.mapping() == saved && sheet.width() > 600);
+    }
+
     void aFittedPageStaysFittedUntilItIsMoved()
     {
         Sheet sheet;
+        const QSignalSpy fitted(&sheet, &CanvasView::fittedChanged);
         showActive(sheet);
         QVERIFY(!turnWheel(sheet, {50, 50}, {120, 0})); // aside
+        QVERIFY(!turnWheel(sheet, {50, 50}, {}, Qt::ShiftModifier));
+        sheet.panBy({});
         sheet.resize(864, 364);
         QTRY_COMPARE(sheet.mapping().scale, 3.0);
 
@@ -129,6 +162,8 @@ private Q_SLOTS:
         QCOMPARE(origin(), panned);
         pointer.release(Qt::MiddleButton);
         pointer.press(Qt::MiddleButton);
+        sheet.setPageSize({200, 100}); // which it has
+        QVERIFY(sheet.isPanning() && fitted.size() == 1 && !fitted[0][0].toBool());
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::ClosedHandCursor);
         sheet.clearFocus();
         pointer.moveTo({20, 20});
@@ -137,6 +172,9 @@ private Q_SLOTS:
         pointer.release(Qt::MiddleButton);
         sheet.resize(464, 264);
         QTRY_COMPARE(origin(), panned - QPointF(200, 50));
+        sheet.setPageSize({});
+        sheet.resize(864, 364);
+        QTRY_COMPARE(origin(), panned);
     }
 
     void wheelsTouchpadsAndKeysZoomAndPan()
@@ -161,7 +199,7 @@ private Q_SLOTS:
             {Qt::Key_Minus, {}, {}, 1.6, {72, 52}},
             {Qt::Key_Left, {}, {}, 2, {64, 32}},
             {Qt::Key_Up, {}, Qt::ShiftModifier, 2, {32, 32 + 264 * 0.8}},
-            {Qt::Key_1, {}, {}, 1, {132, 82}},
+            {Qt::Key_1, {}, Qt::ShiftModifier, 1, {132, 82}},
             {Qt::Key_Home, {}, {}, 2, {32, 32}}};
         for (const auto& [key, wheel, held, scale, origin] : acts) {
             sheet.setMapping({2, {32, 32}});
@@ -183,7 +221,13 @@ private Q_SLOTS:
         QCOMPARE(sheet.mapping().scale, 2.4);
         sheet.setWheelZooms(false);
         turnWheel(sheet, at, {30, 120});
-        QCOMPARE(sheet.mapping().origin, QPointF(12 + 12, 12 + 48));
+        turnWheel(sheet, at, {0, 120}, Qt::ShiftModifier);
+        QCOMPARE(sheet.mapping().origin, QPointF(12 + 12 + 48, 12 + 48));
+        for (const double scale : {2.0, 1.0}) {
+            QNativeGestureEvent taps(Qt::SmartZoomNativeGesture, pad, 2, {}, {}, {}, 0, {});
+            QCoreApplication::sendEvent(&sheet, &taps);
+            QCOMPARE(sheet.scale(), scale);
+        }
     }
 
     void clicksAreToldInThePagesPixelsAndSpaceLendsTheHand()
@@ -208,7 +252,32 @@ private Q_SLOTS:
         pointer.drop({142, 132});
         QTest::keyRelease(&sheet, Qt::Key_Space);
         QCOMPARE(sheet.mapping().origin, before + QPointF(10, 0));
+        QTest::keyPress(&sheet, Qt::Key_Space);
+        turnWheel(sheet, {132, 132}, {0, 120});
+        QTest::keyRelease(&sheet, Qt::Key_Space);
         QVERIFY(sheet.takeTold().isEmpty() && !QGuiApplication::overrideCursor());
+    }
+
+    void aToolsDragIsAbandonedByEveryDoor()
+    {
+        QEvent blocked(QEvent::WindowBlocked);
+        const std::function<void(Sheet&)> doors[] = {
+            &QWidget::clearFocus, &QWidget::hide, [&](Sheet& sheet) {
+                QCoreApplication::sendEvent(sheet.windowHandle(), &blocked);
+            }};
+        for (const auto& leave : doors) {
+            Sheet sheet;
+            sheet.setHand(false);
+            showActive(sheet);
+            FakePointer pointer(&sheet);
+            pointer.press({132, 132});
+            pointer.dragTo({182, 132});
+            QTest::keyClick(&sheet, Qt::Key_Space); // no tap meanwhile
+            sheet.abandoned = 0;
+            leave(sheet);
+            pointer.release();
+            QVERIFY(sheet.abandoned == 1 && sheet.takeTold().isEmpty());
+        }
     }
 
     void assistiveToolsFindACanvasAndHowLargeItIsShown()

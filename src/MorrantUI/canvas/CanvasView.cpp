@@ -5,13 +5,15 @@
 #include "MorrantUI/scene/wheel.h"
 #include <MorrantUI/theme/OverrideCursor.h>
 #include <MorrantUI/theme/colors.h>
-#include <MorrantUI/theme/painting.h>
+#include <MorrantUI/theme/drawing.h>
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QWheelEvent>
 
@@ -21,6 +23,7 @@
 #include <include/core/SkPaint.h>
 #include <include/core/SkShader.h>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -32,12 +35,17 @@ constexpr double kKeyZoom = 1.25;
 constexpr double kKeyPan = 32;     ///< logical pixels
 constexpr double kPageShare = 0.8; ///< of the view, that Shift with an arrow pans by
 constexpr int kChequerSide = 8;    ///< logical pixels
+constexpr int kHintMargin = 8;     ///< logical pixels, on every side
+constexpr double kMostPage = 1e9;  ///< pixels a side
+/// Logical pixels of the origin, in either direction: floats get that far.
+constexpr double kFarthest = 1e12;
 /// Percent of the lighter squares' brightness.
 constexpr double kChequerContrast = 88;
 
-bool isFinite(QPointF point)
+bool isFinite(const ui::CanvasMapping& mapping)
 {
-    return std::isfinite(point.x()) && std::isfinite(point.y());
+    return std::isfinite(mapping.origin.x()) && std::isfinite(mapping.origin.y())
+           && std::isfinite(mapping.scale);
 }
 
 SkRect toSkia(const QRectF& rect)
@@ -70,8 +78,8 @@ QString sizeText(const CanvasView& view)
     const QSizeF page = view.pageSize();
     return CanvasView::tr("%1 by %2 pixels, shown at %3 %")
         .arg(
-            locale.toString(page.width()),
-            locale.toString(page.height()),
+            locale.toString(page.width(), 'f', QLocale::FloatingPointShortest),
+            locale.toString(page.height(), 'f', QLocale::FloatingPointShortest),
             locale.toString(view.mapping().scale * 100, 'f', 0));
 }
 
@@ -114,12 +122,12 @@ CanvasView::~CanvasView() = default;
 
 void CanvasView::setPageSize(QSizeF size)
 {
-    abandonGesture();
-    const bool isPage = std::isfinite(size.width() * size.height()) && !size.isEmpty();
+    const bool isPage = size.width() <= kMostPage && size.height() <= kMostPage && !size.isEmpty();
     const QSizeF page = isPage ? size : QSizeF(0, 0);
-    if (page == m_pageSize) {
+    if (page.width() == m_pageSize.width() && page.height() == m_pageSize.height()) {
         return;
     }
+    abandonGesture();
     m_pageSize = page;
     showCursor();
     update();
@@ -164,8 +172,8 @@ void CanvasView::setZoomLimits(const ui::CanvasZoom& limits)
     m_limits = limits;
     if (m_fitted) {
         fit();
-    } else {
-        zoomTo(middle(), m_mapping.scale);
+    } else if (const double scale = m_limits.limited(m_mapping.scale); scale != m_mapping.scale) {
+        moveTo(ui::zoomedOnCanvas(m_mapping, middle(), scale, m_limits));
     }
 }
 
@@ -176,42 +184,53 @@ ui::CanvasMapping CanvasView::shownMapping() const
 
 void CanvasView::setMapping(const ui::CanvasMapping& mapping)
 {
-    if (isFinite(mapping.origin) && std::isfinite(mapping.scale)) {
-        m_fitted = false;
-        place({m_limits.limited(mapping.scale), mapping.origin});
+    if (!m_wasShown && isFinite(mapping)) {
+        m_viewSize = {};
+    }
+    moveTo(mapping);
+}
+
+void CanvasView::moveTo(const ui::CanvasMapping& mapping)
+{
+    if (isFinite(mapping)) {
+        const QPointF origin(
+            std::clamp(mapping.origin.x(), -kFarthest, kFarthest),
+            std::clamp(mapping.origin.y(), -kFarthest, kFarthest));
+        place({m_limits.limited(mapping.scale), origin}, false);
     }
 }
 
-void CanvasView::place(const ui::CanvasMapping& mapping)
+void CanvasView::place(const ui::CanvasMapping& mapping, bool fitted)
 {
-    m_viewSize = size();
-    if (mapping == m_mapping) {
-        return;
-    }
+    const bool isMoved = mapping != m_mapping;
     const bool isScaled = mapping.scale != m_mapping.scale;
+    const bool isOtherwise = std::exchange(m_fitted, fitted) != fitted;
     m_mapping = mapping;
-    update();
     const QPointer<CanvasView> alive(this);
-    Q_EMIT mappingChanged();
+    if (isMoved) {
+        update();
+        Q_EMIT mappingChanged();
+    }
     if (alive && isScaled) {
         ui::notifyAccessible(this, QAccessible::DescriptionChanged);
         Q_EMIT scaleChanged(m_mapping.scale);
+    }
+    if (alive && isOtherwise) {
+        Q_EMIT fittedChanged(m_fitted);
     }
 }
 
 void CanvasView::fit()
 {
-    m_fitted = true;
-    if (hasPage()) {
-        place(ui::fittedOnCanvas(size(), m_pageSize, m_limits));
-    }
+    m_viewSize = size();
+    place(hasPage() ? ui::fittedOnCanvas(size(), m_pageSize, m_limits) : m_mapping, true);
 }
 
 void CanvasView::showActualSize()
 {
     if (hasPage()) {
-        m_fitted = false;
-        place(ui::centredOnCanvas(size(), m_pageSize, 1.0, m_limits));
+        m_viewSize = size();
+        place(ui::centredOnCanvas(size(), m_pageSize, 1.0, m_limits), false);
     }
 }
 
@@ -238,25 +257,26 @@ void CanvasView::zoomAt(QPointF point, double factor)
 void CanvasView::zoomTo(QPointF anchor, double scale)
 {
     if (hasPage() && scale > 0.0 && std::isfinite(scale)) {
-        setMapping(ui::zoomedOnCanvas(m_mapping, anchor, scale, m_limits));
+        m_viewSize = size(); // what is in the middle of it stays there
+        moveTo(ui::zoomedOnCanvas(m_mapping, anchor, scale, m_limits));
     }
 }
 
 void CanvasView::panBy(QPointF distance)
 {
-    if (hasPage()) {
-        setMapping({m_mapping.scale, m_mapping.origin + distance});
+    if (hasPage() && !distance.isNull()) { // one of nothing leaves a fitted page fitted
+        moveTo({m_mapping.scale, m_mapping.origin + distance});
     }
 }
 
 void CanvasView::resizeEvent(QResizeEvent* event)
 {
     SkiaQWidgetAdapter::resizeEvent(event);
-    const QSize grown = size() - m_viewSize;
     if (m_fitted) {
         fit();
-    } else {
-        panBy(QPointF(grown.width(), grown.height()) / 2.0);
+    } else if (m_viewSize.isValid()) {
+        const QSize grown = size() - std::exchange(m_viewSize, size());
+        moveTo({m_mapping.scale, m_mapping.origin + QPointF(grown.width(), grown.height()) / 2.0});
     }
 }
 
@@ -265,9 +285,14 @@ void CanvasView::resizeEvent(QResizeEvent* event)
 void CanvasView::paintEvent(QPaintEvent* event)
 {
     SkiaQWidgetAdapter::paintEvent(event);
-    if (!hasPage() && !m_hint.isEmpty()) {
-        const QColor color = ui::colorQt(QStringLiteral("HelperHints"));
-        ui::textAtWidgetCentre(this, m_hint, color, nullptr);
+    QPainter painter(this);
+    if (!hasPage()) {
+        const QRect room = rect().adjusted(kHintMargin, kHintMargin, -kHintMargin, -kHintMargin);
+        painter.setPen(ui::colorQt(QStringLiteral("HelperHints")));
+        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+    }
+    if (hasFocus() && m_showsFocus) {
+        ui::drawFocusRing(painter, rect());
     }
 }
 
@@ -278,7 +303,8 @@ void CanvasView::paintSkia(SkCanvas* canvas, const SkPaint& paint)
         return;
     }
     const ui::CanvasMapping shown = shownMapping();
-    const QRectF area = shown.toView(QRectF(QPointF(), m_pageSize));
+    const QRectF page = shown.toView(QRectF(QPointF(), m_pageSize));
+    const QRectF area = ui::snappedToPixels(page, devicePixelRatioF());
     paintBackdrop(*canvas, paint, area);
     {
         const SkAutoCanvasRestore restore(canvas, true);
@@ -286,6 +312,9 @@ void CanvasView::paintSkia(SkCanvas* canvas, const SkPaint& paint)
         canvas->translate(static_cast<float>(area.x()), static_cast<float>(area.y()));
         canvas->scale(scale, scale);
         paintPage(*canvas, paint);
+    }
+    if (!hasPage()) {
+        return; // what it tells of may take the page away
     }
     paintBorder(*canvas, paint, area);
     const SkAutoCanvasRestore restore(canvas, true);
@@ -301,7 +330,7 @@ void CanvasView::paintBackdrop(SkCanvas& canvas, const SkPaint& paint, const QRe
     SkPaint fill = paint;
     switch (m_backdrop) {
     case CanvasBackdrop::Chequer: fill.setShader(chequer(area.topLeft())); break;
-    case CanvasBackdrop::Light: fill.setColor(ui::color("HighlightedText")); break;
+    case CanvasBackdrop::Light: fill.setColor(SK_ColorWHITE); break;
     case CanvasBackdrop::Dark: fill.setColor(ui::color("Black")); break;
     }
     canvas.drawRect(toSkia(area), fill);
@@ -323,6 +352,7 @@ void CanvasView::paintBorder(SkCanvas& canvas, const SkPaint& paint, const QRect
 
 void CanvasView::wheelEvent(QWheelEvent* event)
 {
+    m_isTap = false;
     const bool isShifted = event->modifiers().testFlag(Qt::ShiftModifier);
     const QPointF turned = event->angleDelta();
     if (event->modifiers().testFlag(Qt::ControlModifier) || (m_wheelZooms && !isShifted)) {
@@ -334,7 +364,7 @@ void CanvasView::wheelEvent(QWheelEvent* event)
     }
     const QPoint fine = event->pixelDelta();
     const QPointF distance = fine.isNull() ? turned * ui::kWheelShare : QPointF(fine);
-    event->setAccepted(hasPage() && !distance.isNull());
+    event->setAccepted(hasPage() && !distance.isNull()); // touchpads begin and end with nothing
     panBy(isShifted && distance.x() == 0.0 ? distance.transposed() : distance);
 }
 
@@ -343,6 +373,7 @@ bool CanvasView::obeyGesture(const QNativeGestureEvent& gesture)
     if (!hasPage()) {
         return false;
     }
+    m_isTap = false;
     if (gesture.gestureType() == Qt::ZoomNativeGesture) {
         // Qt leaves its position in the window's coordinates.
         zoomAt(mapFromGlobal(gesture.globalPosition()), 1.0 + gesture.value());
@@ -372,6 +403,16 @@ bool CanvasView::event(QEvent* event)
         break;
     case QEvent::Enter:
     case QEvent::Leave: showCursor(); break;
+    case QEvent::FocusIn: {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        m_showsFocus = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+                       || reason == Qt::ShortcutFocusReason;
+        break;
+    }
+    case QEvent::Show:
+        m_wasShown = true;
+        m_viewSize = m_viewSize.isValid() ? m_viewSize : size();
+        break;
     default: break;
     }
     return SkiaQWidgetAdapter::event(event);
@@ -416,7 +457,7 @@ void CanvasView::mouseMoveEvent(QMouseEvent* event)
     const QPointF moved = event->position() - m_from;
     const bool isClick = m_press == Press::Click || m_press == Press::DoubleClick;
     if (isClick && moved.manhattanLength() >= QApplication::startDragDistance()) {
-        m_hand ? setPress(Press::Pan, m_button) : setPress(Press::None, Qt::NoButton);
+        setPress(m_hand ? Press::Pan : Press::Tool, m_button);
     }
     if (m_press == Press::Pan) {
         m_from = event->position();
@@ -459,11 +500,11 @@ void CanvasView::watchDoors()
 
 void CanvasView::showCursor()
 {
-    const bool isPan = m_press == Press::Pan;
+    const bool isLent = m_spaceHeld && m_press != Press::Tool && underMouse();
     m_cursor.reset();
-    if (isPan || (m_spaceHeld && underMouse())) {
-        m_cursor =
-            std::make_unique<ui::OverrideCursor>(isPan ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+    if (isPanning() || isLent) {
+        m_cursor = std::make_unique<ui::OverrideCursor>(
+            isPanning() ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
     }
     if (m_hand) {
         setCursor(hasPage() ? Qt::OpenHandCursor : Qt::ArrowCursor);
@@ -488,7 +529,7 @@ void CanvasView::setSpaceHeld(bool held)
 void CanvasView::keyPressEvent(QKeyEvent* event)
 {
     const bool isSpace = takesSpace(*event);
-    m_isTap = isSpace && (m_isTap || !event->isAutoRepeat());
+    m_isTap = isSpace && m_press == Press::None && (m_isTap || !event->isAutoRepeat());
     if (isSpace) {
         setSpaceHeld(true);
     } else if (!obeyKey(*event)) {
@@ -524,6 +565,7 @@ bool CanvasView::obeyKey(const QKeyEvent& event)
     case Qt::Key_Plus:
     case Qt::Key_Equal: zoomBy(kKeyZoom); return true;
     case Qt::Key_Minus: zoomBy(1.0 / kKeyZoom); return true;
+    case Qt::Key_1: showActualSize(); return true; // to which some keyboards need Shift
     default: break;
     }
     if (held) {
@@ -532,7 +574,6 @@ bool CanvasView::obeyKey(const QKeyEvent& event)
     switch (event.key()) {
     case Qt::Key_F:
     case Qt::Key_Home: fit(); return true;
-    case Qt::Key_1: showActualSize(); return true;
     default: return false;
     }
 }

@@ -48,8 +48,8 @@ public:
     explicit CanvasView(QWidget* parent = nullptr);
     ~CanvasView() override;
 
-    /// The page's size in its own pixels. A size that is empty or not finite is no page, as at
-    /// first: there is nothing but the hint. Ends a pan.
+    /// The page's size in its own pixels. A size that is empty or not a number, or has a side above
+    /// 1e9, is no page, as at first: there is nothing but the hint. Another size ends a gesture.
     void setPageSize(QSizeF size);
     QSizeF pageSize() const { return m_pageSize; }
     bool hasPage() const { return !m_pageSize.isEmpty(); }
@@ -66,6 +66,9 @@ public:
     /// Without it cursor and drag are the subclass's, and Space held lends the hand.
     void setHand(bool hand);
     bool hasHand() const { return m_hand; }
+    bool isPanning() const { return m_press == Press::Pan; } ///< the mouse holds the page
+    /// Space lends the hand: the next press of the left button pans.
+    bool isSpaceHeld() const { return m_spaceHeld; }
 
     /// Whether the wheel zooms by itself, which it does at first. Without it the wheel pans, with
     /// Shift sideways, and zooms with Control. Where it zooms, Shift with it pans sideways.
@@ -81,9 +84,11 @@ public:
     const ui::CanvasMapping& mapping() const { return m_mapping; }
     /// The same as it is painted, its origin on a device pixel.
     ui::CanvasMapping shownMapping() const;
-    /// Puts the page elsewhere, its scale limited, as a host does that brings a place back. What is
-    /// not finite is ignored. mappingChanged() and scaleChanged() follow what has changed.
+    /// Puts the page elsewhere, its scale limited and its origin no further away than 1e12, as a
+    /// host does that brings a place back: before the view is first shown it is kept as it is,
+    /// whatever size the view gets then. What is not finite is ignored.
     void setMapping(const ui::CanvasMapping& mapping);
+    double scale() const { return m_mapping.scale; } ///< logical pixels a pixel of the page
 
     /// Fits the page, and keeps it fitted.
     void fit();
@@ -96,11 +101,12 @@ public:
     void zoomBy(double factor);
     /// About a point of the view.
     void zoomAt(QPointF point, double factor);
-    /// @param distance logical pixels that the page moves; ignored if not finite
+    /// @param distance logical pixels that the page moves; ignored if null or not finite
     void panBy(QPointF distance);
 
 Q_SIGNALS:
-    void scaleChanged(double scale); ///< comes after mappingChanged()
+    void scaleChanged(double scale);   ///< comes after mappingChanged()
+    void fittedChanged(bool isFitted); ///< comes after both
     /// The page lies elsewhere in the view, or in another size: what is drawn over it follows.
     void mappingChanged();
     /// A press and release of the left button without a drag.
@@ -124,10 +130,12 @@ protected:
     virtual void paintOverlay(
         SkCanvas& canvas, const SkPaint& paint, const ui::CanvasMapping& shown);
 
-    /// Ends a press or a pan where it is. Whatever takes the mouse away comes here; an override
-    /// calls this one.
+    /// Ends a press, a pan or a tool's drag where it is. Whatever takes the mouse away between the
+    /// press and its release comes here; an override calls this one.
     virtual void abandonGesture();
 
+    // An override of what follows calls the base first. A press of the left button is the
+    // subclass's if there is no hand, and it does not pan after that.
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void paintSkia(SkCanvas* canvas, const SkPaint& paint) override;
@@ -148,9 +156,11 @@ private:
         Click, ///< until it has moved too far for one
         DoubleClick,
         Pan,
+        Tool, ///< has moved too far for a click, and the subclass may drag something
     };
 
-    void place(const ui::CanvasMapping& mapping);
+    void place(const ui::CanvasMapping& mapping, bool fitted);
+    void moveTo(const ui::CanvasMapping& mapping);
     void paintBackdrop(SkCanvas& canvas, const SkPaint& paint, const QRectF& area) const;
     void paintBorder(SkCanvas& canvas, const SkPaint& paint, const QRectF& area) const;
     QPointF middle() const;
@@ -169,7 +179,9 @@ private:
     CanvasBackdrop m_backdrop = CanvasBackdrop::Chequer;
     ui::CanvasZoom m_limits;
     ui::CanvasMapping m_mapping;
-    QSize m_viewSize; ///< that the mapping is for
+    QSize m_viewSize; ///< that the mapping is for; invalid if for the one of the first show
+    bool m_wasShown = false;
+    bool m_showsFocus = false; ///< it came by the keyboard
     bool m_fitted = true;
     bool m_hand = true;
     bool m_wheelZooms = true;

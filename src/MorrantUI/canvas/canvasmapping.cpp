@@ -6,6 +6,16 @@
 
 namespace ui {
 
+namespace {
+
+QPointF nearestPixel(QPointF point, double devicePixelRatio)
+{
+    const QPointF pixel = point * devicePixelRatio;
+    return QPointF(std::round(pixel.x()), std::round(pixel.y())) / devicePixelRatio;
+}
+
+} // namespace
+
 double CanvasZoom::limited(double scale) const
 {
     return std::min(most, std::max(least, scale)); // in the order that drops what is not a number
@@ -41,9 +51,15 @@ QPointF middleOfPixel(QPointF point, double devicePixelRatio)
 
 CanvasMapping snappedToPixels(const CanvasMapping& mapping, double devicePixelRatio)
 {
-    const QPointF pixel = mapping.origin * devicePixelRatio;
-    return {
-        mapping.scale, QPointF(std::round(pixel.x()), std::round(pixel.y())) / devicePixelRatio};
+    return {mapping.scale, nearestPixel(mapping.origin, devicePixelRatio)};
+}
+
+QRectF snappedToPixels(const QRectF& area, double devicePixelRatio)
+{
+    const QPointF corner = nearestPixel(area.topLeft(), devicePixelRatio);
+    const QPointF size = nearestPixel(area.bottomRight(), devicePixelRatio) - corner;
+    const double pixel = 1.0 / devicePixelRatio;
+    return {corner, QSizeF(std::max(size.x(), pixel), std::max(size.y(), pixel))};
 }
 
 } // namespace ui

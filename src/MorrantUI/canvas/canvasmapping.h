@@ -53,7 +53,8 @@ inline constexpr double kCanvasMargin = 32;
 MORRANT_UI_EXPORT CanvasMapping
 centredOnCanvas(QSizeF view, QSizeF page, double scale, const CanvasZoom& limits = {});
 
-/// The page as large as it fits into the view, within the limits.
+/// The page as large as it fits into the view, within the limits. The scale for an empty page means
+/// nothing, but is within them too.
 MORRANT_UI_EXPORT CanvasMapping
 fittedOnCanvas(QSizeF view, QSizeF page, const CanvasZoom& limits = {});
 
@@ -68,5 +69,8 @@ MORRANT_UI_EXPORT QPointF middleOfPixel(QPointF point, double devicePixelRatio);
 /// The mapping with its origin on the nearest device pixel, where the page's edges are sharp.
 MORRANT_UI_EXPORT CanvasMapping
 snappedToPixels(const CanvasMapping& mapping, double devicePixelRatio);
+/// An area with all its edges on the nearest device pixels, and at least one of them in each
+/// direction.
+MORRANT_UI_EXPORT QRectF snappedToPixels(const QRectF& area, double devicePixelRatio);
 
 } // namespace ui
