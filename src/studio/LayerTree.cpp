@@ -75,9 +75,11 @@ QList<ListedSwitch> switches()
     };
     return {
         {side("eye", LayerTree::tr("Visible"), LayerTree::tr("Hide layer")),
-         side("eyeOff", LayerTree::tr("Hidden"), LayerTree::tr("Show layer"))},
+         side("eyeOff", LayerTree::tr("Hidden"), LayerTree::tr("Show layer")),
+         LayerTree::tr("Visibility")},
         {side("unlock", LayerTree::tr("Unlocked"), LayerTree::tr("Lock layer")),
-         side("lock", LayerTree::tr("Locked"), LayerTree::tr("Unlock layer"))}};
+         side("lock", LayerTree::tr("Locked"), LayerTree::tr("Unlock layer")),
+         LayerTree::tr("Lock")}};
 }
 
 } // namespace
@@ -93,7 +95,7 @@ LayerTree::LayerTree(QWidget* parent)
     setKeyRole(kListedIdentityRole);
     setModel(m_model);
     header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    setSwitchColumns({1, 2});
+    setSwitchColumns(m_model->switchColumns());
     connect(this, &TreeView::switchPressed, m_model, &RowListModel::pressSwitch);
     connect(m_model, &RowListModel::switchWanted, this, [this](int layer, int number, bool on) {
         if (m_editor) {
@@ -103,6 +105,11 @@ LayerTree::LayerTree(QWidget* parent)
     connect(m_model, &RowListModel::renameWanted, this, [this](int layer, const QString& name) {
         if (m_editor) { // what is being typed may outlive it
             m_editor->renameLayer(layer, name);
+        }
+    });
+    connect(m_model, &RowListModel::moveWanted, this, [this](const QList<int>& layers, int to) {
+        if (m_editor) {
+            m_editor->moveLayers({layers.begin(), layers.end()}, to);
         }
     });
 }
@@ -131,17 +138,6 @@ std::vector<int> LayerTree::selectedLayers() const
         layers.push_back(row.row());
     }
     return layers;
-}
-
-QList<QPersistentModelIndex> LayerTree::moveRows(
-    const QModelIndexList& rows, const QModelIndex&, int row)
-{
-    std::vector<int> layers;
-    for (const QModelIndex& index : rows) {
-        layers.push_back(index.row());
-    }
-    const QList<QPersistentModelIndex> moved(rows.begin(), rows.end()); // they follow their layers
-    return m_editor->moveLayers(std::move(layers), row) ? moved : QList<QPersistentModelIndex>();
 }
 
 } // namespace studio

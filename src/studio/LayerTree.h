@@ -30,10 +30,6 @@ public:
     /// The selected layers' places, from top to bottom.
     std::vector<int> selectedLayers() const;
 
-protected:
-    QList<QPersistentModelIndex> moveRows(
-        const QModelIndexList& rows, const QModelIndex& parent, int row) override;
-
 private:
     RowListModel* m_model;
     QPointer<DocumentEditor> m_editor;

@@ -314,8 +314,13 @@ private Q_SLOTS:
         QAbstractItemModelTester tester(
             &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         std::mt19937 random(7);
+        std::vector<ListedRow> rows;
+        QItemSelectionModel selection(&model);
+        connect(&selection, &QItemSelectionModel::currentChanged, &model, [&] {
+            model.setRows(rows); // as a host does that shows what is current
+        });
         for (int round = 0; round < 200; ++round) {
-            std::vector<ListedRow> rows;
+            rows.clear();
             for (quint64 identity = 0; identity < 8; ++identity) {
                 if (random() % 4 != 0) {
                     rows.push_back({.identity = identity, .name = QString::number(random() % 3)});
@@ -328,6 +333,7 @@ private Q_SLOTS:
             }
             model.setRows(rows);
             QVERIFY(model.rows() == rows);
+            selection.setCurrentIndex(model.index(0, 0), QItemSelectionModel::NoUpdate);
             for (std::size_t row = 0; row < rows.size(); ++row) {
                 const QPersistentModelIndex at = held.take(rows[row].identity);
                 QVERIFY(!at.isValid() || at == model.index(int(row), 1));
@@ -347,6 +353,59 @@ private Q_SLOTS:
         QVERIFY(!model.setData(model.index(1, 0), u"a"_qs));
         QVERIFY(model.setData(model.index(0, 0), u"b"_qs));
         QCOMPARE(renamed.size(), 1);
+
+        rows.clear();
+        for (quint64 identity = 0; identity < 1000; ++identity) {
+            rows.push_back({.identity = identity});
+        }
+        model.setRows(rows);
+        const QSignalSpy removed(&model, &RowListModel::rowsRemoved);
+        std::erase_if(rows, [](const ListedRow& row) { return row.identity % 2 == 0; });
+        model.setRows(rows);
+        QVERIFY(removed.size() == 1 && model.rows() == rows);
+    }
+
+    void keysMoveSwitchAndRenameTheRowsOfAPushedList()
+    {
+        std::vector<ListedRow> rows{
+            {.identity = 1, .name = u"a"_qs}, {.identity = 2, .name = u"b"_qs}, {.identity = 3}};
+        RowListModel model(QList<ListedSwitch>{{{}, {}, u"Lock"_qs}});
+        model.setRows(rows);
+        TreeView tree;
+        tree.setModel(&model);
+        tree.setReordering(Reordering::Siblings);
+        tree.setSwitchColumns(model.switchColumns());
+        connect(&tree, &TreeView::switchPressed, &model, &RowListModel::pressSwitch);
+        connect(&model, &RowListModel::moveWanted, this, [&](const QList<int>& moved, int to) {
+            QVERIFY(moved == QList({0, 1}) && to == 3);
+            std::rotate(rows.begin(), rows.begin() + 2, rows.end());
+            model.setRows(rows);
+        });
+        ui::test::showActive(tree);
+        const QSignalSpy reordered(&tree, &TreeView::rowsReordered);
+        const QSignalSpy switched(&model, &RowListModel::switchWanted);
+        tree.selectionModel()->select(
+            QItemSelection(model.index(0, 0), model.index(1, 1)), QItemSelectionModel::Select);
+        QTest::keyClick(&tree, Qt::Key_Down, Qt::AltModifier);
+        QVERIFY(reordered.size() == 1 && model.rows() == rows);
+        QCOMPARE(
+            tree.selectedRowsInOrder(), (QModelIndexList{model.index(1, 0), model.index(2, 0)}));
+        QVERIFY(!model.moveTo({1, 0}, 3) && !model.moveTo({0, 1}, 2) && !model.moveTo({7}, 0));
+
+        for (const auto key : {Qt::Key_Right, Qt::Key_Space, Qt::Key_Up, Qt::Key_Left}) {
+            QTest::keyClick(&tree, key);
+        }
+        QCOMPARE(switched.value(0), (QVariantList{1, 0, true}));
+        QCOMPARE(tree.currentIndex(), model.index(0, 0));
+        QTest::keyClick(&tree, Qt::Key_Right);
+        QTest::keyClick(&tree, Qt::Key_F2);
+        auto* const editor = tree.findChild<QLineEdit*>();
+        QTest::keyClicks(editor, u"x"_qs);
+        rows[0].note = u"Solid"_qs;
+        model.setRows(rows);
+        QCOMPARE(editor->text(), u"x"_qs);
+        QCOMPARE(model.index(0, 0).data(Qt::AccessibleDescriptionRole), u"Solid"_qs);
+        QCOMPARE(model.headerData(1, Qt::Horizontal), u"Lock"_qs);
     }
 
     void aTreeMayOwnItsModel()

@@ -19,6 +19,14 @@ QWidget* NameDelegate::createEditor(
     return editor;
 }
 
+void NameDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    const auto* const line = qobject_cast<const QLineEdit*>(editor);
+    if (!line || !line->isModified()) {
+        QStyledItemDelegate::setEditorData(editor, index);
+    }
+}
+
 void NameDelegate::setModelData(
     QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
 {

@@ -164,6 +164,11 @@ void TreeView::fitSwitches()
     }
 }
 
+bool TreeView::pressesSwitch(const QKeyEvent& key) const
+{
+    return key.key() == Qt::Key_Space && key.modifiers() == Qt::NoModifier && isOnSwitch();
+}
+
 /// @return whether it was on a switch; a slot may have deleted this object
 bool TreeView::pressSwitch(const QMouseEvent& event)
 {
@@ -173,6 +178,53 @@ bool TreeView::pressSwitch(const QMouseEvent& event)
         Q_EMIT switchPressed(index);
     }
     return isSwitch;
+}
+
+bool TreeView::isOnSwitch() const
+{
+    return m_switches.contains(currentIndex().column());
+}
+
+/// The switch, or from the first one the name, to which a key goes; invalid for none.
+/// @param step 1 towards the end of the row, -1 towards its beginning
+QModelIndex TreeView::cellBeside(int step) const
+{
+    const QModelIndex from = currentIndex();
+    int column = header()->visualIndex(from.column()) + step;
+    const auto isPassed = [this](int visual) {
+        const int logical = header()->logicalIndex(visual);
+        return logical > 0 && (header()->isSectionHidden(logical) || !m_switches.contains(logical));
+    };
+    while (column >= 0 && column < header()->count() && isPassed(column)) {
+        column += step;
+    }
+    return from.siblingAtColumn(header()->logicalIndex(column));
+}
+
+QModelIndex TreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex current = currentIndex();
+    const bool isAside = action == MoveLeft || action == MoveRight;
+    const int step = (action == MoveRight) != isRightToLeft() ? 1 : -1;
+    const bool unfolds = model() && model()->hasChildren(current) && !isExpanded(current);
+    const bool leads = isOnSwitch() || (!m_switches.isEmpty() && step > 0 && !unfolds);
+    if (isAside && current.isValid() && leads) {
+        const QModelIndex beside = cellBeside(step);
+        if (beside.isValid()) {
+            return beside;
+        }
+    }
+    return QTreeView::moveCursor(action, modifiers);
+}
+
+/// Names are what is found, and their cells are where the base looks.
+void TreeView::keyboardSearch(const QString& search)
+{
+    if (isOnSwitch()) {
+        selectionModel()->setCurrentIndex(
+            currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
+    }
+    QTreeView::keyboardSearch(search);
 }
 
 QModelIndexList TreeView::selectedRowsInOrder() const
@@ -203,7 +255,7 @@ QModelIndexList TreeView::selectedRowsInOrder() const
 
 void TreeView::renameCurrent()
 {
-    const QModelIndex row = currentIndex();
+    const QModelIndex row = isOnSwitch() ? currentIndex().siblingAtColumn(0) : currentIndex();
     if (row.flags().testFlag(Qt::ItemIsEditable)) {
         edit(row);
     }
@@ -312,7 +364,7 @@ bool TreeView::takesKey(const QKeyEvent& key) const
     const bool escapes = key.key() == Qt::Key_Escape && isReordering();
     const bool deletes =
         removes(key) && isSignalConnected(QMetaMethod::fromSignal(&TreeView::removalRequested));
-    return moves || finds || escapes || deletes;
+    return moves || finds || escapes || deletes || pressesSwitch(key);
 }
 
 bool TreeView::event(QEvent* event)
@@ -332,6 +384,10 @@ void TreeView::keyPressEvent(QKeyEvent* event)
         m_drag->giveUp();
     } else if (step != 0) {
         moveSelectionBy(step);
+    } else if (pressesSwitch(*event)) {
+        Q_EMIT switchPressed(currentIndex());
+    } else if (event->key() == Qt::Key_F2 && isOnSwitch()) {
+        renameCurrent();
     } else if (removes(*event) && takesKey(*event)) {
         const QModelIndexList rows = selectedRowsInOrder();
         if (!rows.isEmpty()) {

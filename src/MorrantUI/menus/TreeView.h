@@ -56,7 +56,9 @@ public:
 
     /// Columns of icons that are switches, such as for what is seen and what is locked: each as
     /// wide as an icon, and a press of the left button in one tells of its cell by switchPressed(),
-    /// and neither selects nor drags. Columns that the model does not have are ignored.
+    /// and neither selects nor drags. Keys get there by the arrows to both sides, from a row that
+    /// they do not unfold or close, and Space presses. Columns that the model does not have are
+    /// ignored.
     void setSwitchColumns(const QList<int>& columns);
     QList<int> switchColumns() const { return m_switches; }
 
@@ -64,20 +66,23 @@ public:
     /// selected row.
     QModelIndexList selectedRowsInOrder() const;
 
+    void keyboardSearch(const QString& search) override;
+
 public Q_SLOTS:
     /// Opens the name of the current row for editing. Nothing happens if there is none, or if the
     /// model does not let it be edited.
     void renameCurrent();
 
 Q_SIGNALS:
-    /// The user has given a row another name, and the model has taken it.
+    /// The user has given a row another name, and the model's setData() has agreed. A model that
+    /// asks its host, as RowListModel does, agrees before the host has decided.
     void renamed(const QModelIndex& index, const QString& name);
 
     /// The user has moved rows, which are the selected ones now.
     void rowsReordered();
 
-    /// A switch was pressed; the host changes what it stands for. Also by the second press of a
-    /// double click.
+    /// A switch was pressed, by the mouse or Space; the host changes what it stands for. Also by
+    /// the second press of a double click.
     void switchPressed(const QModelIndex& index);
 
     /// Delete or Backspace was pressed. The host removes the rows; while nobody listens, the keys
@@ -86,7 +91,8 @@ Q_SIGNALS:
 
 protected:
     /// Carries rows to another place, as one step. The base asks the model with moveRows(), and
-    /// takes out and puts in the rows of a QStandardItemModel; a model that refuses is left alone.
+    /// takes out and puts in the rows of a QStandardItemModel; a RowListModel tells its host once
+    /// by moveWanted(). A model that refuses is left alone.
     /// @param rows from top to bottom, none of them in another
     /// @param row where the first is to be among the children of `parent`, counted with all rows
     ///     still in their places
@@ -108,6 +114,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event = nullptr) const override;
 
@@ -115,7 +122,10 @@ private:
     friend class RowDrag;
 
     bool pressSwitch(const QMouseEvent& event);
+    bool pressesSwitch(const QKeyEvent& key) const;
     void fitSwitches();
+    bool isOnSwitch() const;
+    QModelIndex cellBeside(int step) const;
     void recall();
     bool reorder(const QModelIndexList& rows, const QModelIndex& parent, int row);
     QList<QStandardItem*> openItems(const QModelIndexList& rows) const;

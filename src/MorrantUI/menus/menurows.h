@@ -56,7 +56,8 @@ QMenu* openerOf(const QMenu& menu);
 /// Closes a menu and those that it was opened from.
 void closeAll(QMenu* menu);
 
-/// Closes a menu that is about to open together with a window: its rows act on what lies there.
+/// Closes a menu that is about to open when a window is hidden or minimised: its rows act on what
+/// lies there.
 /// Windows that are popups themselves, and null, are left alone.
 void closeWith(QMenu& menu, QWidget* window);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/menus/rowmoves.h"
 
+#include <MorrantUI/menus/RowListModel.h>
+
 #include <QStandardItemModel>
 
 namespace ui::menus {
@@ -32,6 +34,17 @@ bool moveOne(QAbstractItemModel& model, const QModelIndex& row, const QModelInde
     return model.moveRow(row.parent(), row.row(), into, before);
 }
 
+/// One drag is one wish to the host; the rows are where they are found again.
+QList<QPersistentModelIndex> moveListed(RowListModel& model, const QModelIndexList& rows, int row)
+{
+    const QList<QPersistentModelIndex> moving(rows.begin(), rows.end());
+    QList<int> numbers;
+    for (const QModelIndex& index : rows) {
+        numbers.append(index.row());
+    }
+    return model.moveTo(numbers, row) ? moving : QList<QPersistentModelIndex>();
+}
+
 } // namespace
 
 RowPlace rowPlace(const QRect& row, int y, bool takesRows)
@@ -46,6 +59,9 @@ RowPlace rowPlace(const QRect& row, int y, bool takesRows)
 QList<QPersistentModelIndex> moveRows(
     QAbstractItemModel& model, const QModelIndexList& rows, const QModelIndex& parent, int row)
 {
+    if (auto* const list = qobject_cast<RowListModel*>(&model)) {
+        return parent.isValid() ? QList<QPersistentModelIndex>() : moveListed(*list, rows, row);
+    }
     const QPersistentModelIndex into(parent);
     QPersistentModelIndex follower; // the first one behind the place that stays where it is
     for (int next = row; next < model.rowCount(into) && !follower.isValid(); ++next) {
