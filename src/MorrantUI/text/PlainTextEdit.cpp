@@ -149,6 +149,7 @@ void PlainTextEdit::setGround(const QColor& color)
     changed.setColor(QPalette::Disabled, QPalette::Text, ui::style::faded(text));
     setPalette(changed);
     m_ground = color;
+    m_fadedFrom = text;
 }
 
 /// Lines are broken anywhere while a word is too long to look for its end.
@@ -266,7 +267,9 @@ void PlainTextEdit::insertFromMimeData(const QMimeData* source)
 void PlainTextEdit::paintEvent(QPaintEvent* event)
 {
     const QColor wanted = ui::colorQt(QStringLiteral("Window"));
-    if (wanted != m_ground && palette().color(QPalette::Base) == m_ground) {
+    const bool isOther =
+        wanted != m_ground || palette().color(QPalette::Active, QPalette::Text) != m_fadedFrom;
+    if (isOther && palette().color(QPalette::Base) == m_ground) {
         setGround(wanted); // the theme has changed; a host's own colour stays
     }
     QPlainTextEdit::paintEvent(event);

@@ -69,4 +69,5 @@ private:
     bool m_keepsWrapping = false;                      ///< the text is being emptied for a new one
     std::optional<QTextOption::WrapMode> m_wrapBefore; ///< while lines are broken anywhere
     QColor m_ground;                                   ///< as it was last taken from the theme
+    QColor m_fadedFrom; ///< the colour of texts that the disabled one was made from
 };

@@ -107,8 +107,9 @@ void TimeCodeEdit::paintEvent(QPaintEvent* event)
     for (QTextBlock line = firstVisibleBlock(); line.isValid() && place.y() < height();
          line = line.next())
     {
+        const double tall = blockBoundingRect(line).height(); // which lays it out
         line.layout()->draw(&painter, place);
-        place.ry() += blockBoundingRect(line).height();
+        place.ry() += tall;
     }
 }
 
