@@ -94,14 +94,9 @@ private Q_SLOTS:
             QVERIFY(!ui::getCachedPixmap(presetIcon(preset)).isNull());
         }
         QVERIFY(!presetOf({false, {0.1, 0.9}, {0.9, 0.1}}));
-        using Middle = std::pair<EasingPreset, double>;
-        for (const auto& [preset, share] :
-             {Middle(EasingPreset::Linear, 0.5),
-              Middle(EasingPreset::EaseInAndOut, 0.5),
-              Middle(EasingPreset::Hold, 0.0)})
-        {
-            QCOMPARE(easedShare(easingOf(preset), 0.5), share);
-        }
+        QCOMPARE(easedShare(easingOf(EasingPreset::Linear), 0.5), 0.5);
+        QCOMPARE(easedShare(easingOf(EasingPreset::EaseInAndOut), 0.5), 0.5);
+        QCOMPARE(easedShare(easingOf(EasingPreset::Hold), 0.5), 0.0);
         QVERIFY(easedShare(easingOf(EasingPreset::Back), 0.6) > 1);
     }
     void whatIsDraggedOrChosenIsOneStep()
@@ -129,15 +124,12 @@ private Q_SLOTS:
         QTest::keyClick(&view, Qt::Key_Escape);
         QCOMPARE(desk.take(), u"0.4 0.0 0.6 1.0 )"_qs);
         pointer.release();
-        for (const bool hides : {true, false}) {
-            editor.setEasing(easingOf(EasingPreset::EaseInAndOut));
-            pointer.press(handle);
-            pointer.moveTo(view.mapFromScene(2, 6.5));
-            hides ? editor.hide() : editor.finishGesture();
-            pointer.release();
-            QCOMPARE(desk.take(), u"( 0.2 0.2 0.6 1.0 C)"_qs);
-            editor.show();
-        }
+        pointer.press(handle);
+        pointer.moveTo(view.mapFromScene(2, 6.5));
+        editor.hide();
+        QCOMPARE(desk.take(), u"( 0.2 0.2 0.6 1.0 C)"_qs);
+        editor.show();
+        pointer.release();
         for (const EasingPreset preset : {EasingPreset::Hold, EasingPreset::Linear}) {
             editor.setEasings({easingOf(EasingPreset::Back), easingOf(EasingPreset::EaseIn)});
             QCOMPARE(editor.presets().currentIndex(), -1); // they differ
@@ -196,15 +188,13 @@ private Q_SLOTS:
         type(value, u"2*3"_qs);
         QTest::keyClick(&value, Qt::Key_Return);
         QCOMPARE(desk.take(), u"( 6 C)"_qs);
-
-        fields.setKey(40, 5);
         scrub(pointer, frame);
         fields.finishEditing();
         pointer.dragTo(pointer.position() + QPoint(30, 0));
         pointer.release();
         QCOMPARE(desk.take().count(u'('), 1);
         fields.setKey(40, 5);
-        frame.setFocus(Qt::TabFocusReason);
+        type(frame, {});
         QTest::keyClick(&frame, Qt::Key_Up);
         type(frame, u"40"_qs);
         QTest::keyClick(&frame, Qt::Key_Return);

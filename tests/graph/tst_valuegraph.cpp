@@ -231,7 +231,6 @@ private Q_SLOTS:
         QVERIFY(value.value() == 100 && pane.fields().frame().value() == 40);
         pane.list().setFocus(); // whose keys are its own
         QTest::keyClick(&pane.list(), Qt::Key_Delete);
-        QVERIFY(deletions.isEmpty());
         ui::test::type(value, u"25"_qs);
         pane.view().selectKeys({{curve, 0}}); // for which that was not meant
         pane.finishEditing();
