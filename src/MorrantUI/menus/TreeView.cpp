@@ -182,7 +182,7 @@ bool TreeView::pressSwitch(const QMouseEvent& event)
 
 bool TreeView::isOnSwitch() const
 {
-    return m_switches.contains(currentIndex().column());
+    return currentIndex().isValid() && m_switches.contains(currentIndex().column());
 }
 
 /// The switch, or from the first one the name, to which a key goes; invalid for none.
