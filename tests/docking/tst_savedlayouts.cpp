@@ -290,7 +290,8 @@ private Q_SLOTS:
         QVERIFY(layouts.names().isEmpty());
         DockTree tree(u"H(a b)"_qs);
         saved();
-        const QStringList names{u"../x: 1"_qs, u"a"_qs, u"Über 10"_qs};
+        const QString longest(80, u'歩');
+        const QStringList names{u"../x: 1"_qs, u"a"_qs, u"con"_qs, u"Über 10"_qs, longest};
         for (const QString& name : names) {
             QVERIFY(layouts.save(name));
         }
@@ -300,7 +301,16 @@ private Q_SLOTS:
         QVERIFY(layouts.restore(names[1], &ui::panelNamed));
         settle();
         QCOMPARE(tree.text(), u"H(a b)"_qs);
-        QVERIFY(layouts.save(names[0], "x") && layouts.layout(names[0]) == "x");
+        const QByteArray other = layout(node("b"));
+        QVERIFY(layouts.save(names[0], other) && layouts.layout(names[0]) == other);
+        QVERIFY(layouts.save(u"A"_qs, other) && layouts.layout(u"a"_qs) != other);
+        QStringList files = QDir(folder.filePath(u"not/yet"_qs)).entryList(QDir::Files);
+        files = files.join(u'/').toLower().split(u'/');
+        QVERIFY(files.removeDuplicates() == 0 && files.size() == 6); // where case does not count
+        QVERIFY(!layouts.save(names[0], "x") && layouts.layout(names[0]) == other);
+        const ui::NamedLayouts nowhere(folder.filePath(u"not/yet/"_qs) + files[0]);
+        QVERIFY(!nowhere.save(u"a"_qs));
+        QCOMPARE(ui::test::LogSink::take().size(), 2);
         QVERIFY(layouts.remove(names[0]) && !layouts.remove(names[0]));
         QVERIFY(!layouts.restore(names[0], &ui::panelNamed) && layouts.layout(names[0]).isEmpty());
     }

@@ -106,7 +106,9 @@ private Q_SLOTS:
         settle();
         QCOMPARE(host.panels.panelActions().size(), 3);
         QCOMPARE(Host::order(), u"notes view bar"_qs);
-        host.panels.addPanel(u"view"_qs, &host);
+        host.panels.addPanel(u"view"_qs, new QWidget(&host));
+        host.panels.addPanel(u"around"_qs, &host);
+        host.panels.addPanel(u"again"_qs, host.panels.content(u"view"_qs));
         host.panels.addPanel({}, &host);
         host.panels.addPanel(u"none"_qs, nullptr);
         host.setOpen(u"none"_qs, true);
@@ -135,6 +137,13 @@ private Q_SLOTS:
         QCOMPARE(closed, QJsonValue(QJsonArray{u"layers"_qs, u"view"_qs}));
         host.setOpen(u"layers"_qs, true);
         QCOMPARE(host.window(u"layers"_qs).content(), content);
+        host.setOpen(u"notes"_qs, true);
+        host.window(u"notes"_qs).undock(true);
+        host.panels.hide();
+        QVERIFY(host.panels.reset()); // behind a tab, meanwhile
+        host.panels.show();
+        settle();
+        QVERIFY(content->isVisible() && !host.window(u"notes"_qs).isVisible());
     }
 
     void aPanelThatALayoutDoesNotMentionComesToItsPlace()
@@ -193,18 +202,35 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"layout.json"_qs);
-        QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+        const QByteArray newer = R"({"version":99,"loop":7})";
         Host host;
         host.open();
-        for (const QString& bad : {path, path + u"/x/layout.json"_qs}) {
-            LayoutFile file(bad, host.panels, host);
-            QSignalSpy failed(&file, &LayoutFile::failed);
-            file.restore();
-            file.save();
-            file.save();
-            QCOMPARE(failed.size(), 1);
+        const auto contents = [](const QString& name) {
+            QFile file(name);
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        for (const bool isKept : {false, true}) { // as a copy, which else a folder is in the way of
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(newer) == newer.size());
+            file.close();
+            QDir copy(path + u".bad"_qs);
+            QVERIFY(isKept ? copy.removeRecursively() : copy.mkpath(u"."_qs));
+            LayoutFile layout(path, host.panels, host);
+            QSignalSpy failed(&layout, &LayoutFile::failed);
+            layout.setValue(u"early"_qs, 1);
+            layout.restore();
+            layout.save();
+            QVERIFY(failed.size() == 1 && layout.value(u"loop"_qs) == QJsonValue(7));
+            QCOMPARE(contents(path + u".bad"_qs), isKept ? newer : QByteArray());
+            QCOMPARE(contents(path) == newer, !isKept);
         }
-        QVERIFY(QFile::exists(path + u".bad"_qs) && QFileInfo(path).size() > 0);
+        QVERIFY(contents(path).contains("early"));
+        LayoutFile nowhere(path + u"/x/layout.json"_qs, host.panels, host);
+        QSignalSpy failed(&nowhere, &LayoutFile::failed);
+        nowhere.restore();
+        nowhere.save();
+        nowhere.save();
+        QCOMPARE(failed.size(), 1);
     }
 };
 

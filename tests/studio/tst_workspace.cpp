@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "studiotest.h"
 #include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/saving/LayoutWatch.h>
 
 using namespace studio;
 using studio::test::settle;
@@ -44,6 +45,7 @@ private Q_SLOTS:
         window.keepLayoutIn(path);
         workspace.setPanelOpen(u"transport"_qs, false);
         window.player().setLooping(false);
+        ui::test::FakeClock(window.findChild<LayoutWatch*>()).fireTimers(ui::kLayoutRest);
         StudioWindow next;
         next.keepLayoutIn(path);
         QVERIFY(!next.workspace().isPanelOpen(u"transport"_qs));

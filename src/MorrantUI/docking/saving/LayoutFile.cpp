@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/saving/LayoutFile.h"
 
+#include "MorrantUI/docking/saving/wholefiles.h"
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/Workspace.h>
 
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QScreen>
 
 #include <utility>
@@ -44,32 +44,46 @@ LayoutFile::~LayoutFile() = default;
 
 void LayoutFile::restore()
 {
-    m_isRestored = true;
     QFile file(m_path);
     if (!file.exists() || !m_workspace) {
+        m_mayWrite = true;
         const QSize most = m_window.screen()->availableSize() - kFrameRoom;
         m_window.resize(m_window.size().boundedTo(most));
         return;
     }
     const QByteArray saved = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    QString error;
-    if (!m_workspace->setLayout(saved, &error)) {
-        const QString kept = m_path + QStringLiteral(".bad"); // a new one will take its place
-        QFile::remove(kept);
-        QFile::copy(m_path, kept);
-        Q_EMIT failed(tr("The layout in “%1” cannot be used: %2.")
-                          .arg(QDir::toNativeSeparators(m_path), error));
+    const QString shown = QDir::toNativeSeparators(m_path);
+    m_mayWrite = file.error() == QFile::NoError; // it may only be locked for a moment
+    if (!m_mayWrite) {
+        Q_EMIT failed(tr("The layout in “%1” cannot be read: %2.").arg(shown, file.errorString()));
         return;
     }
-    m_values = QJsonDocument::fromJson(saved).object();
-    const QByteArray place = m_values[kWindow].toString().toLatin1();
-    m_window.restoreGeometry(QByteArray::fromBase64(place));
+    const QJsonObject all = QJsonDocument::fromJson(saved).object();
+    takeValues(all);
+    QString error;
+    if (m_workspace->setLayout(saved, &error)) {
+        const QByteArray place = all[kWindow].toString().toLatin1();
+        m_window.restoreGeometry(QByteArray::fromBase64(place));
+        return;
+    }
+    m_mayWrite = ui::writeWhole(m_path + QStringLiteral(".bad"), saved).isEmpty();
+    Q_EMIT failed(tr("The layout in “%1” cannot be used: %2.").arg(shown, error));
+}
+
+/// Those that have not been set meanwhile.
+void LayoutFile::takeValues(const QJsonObject& saved)
+{
+    for (auto value = saved.constBegin(); value != saved.constEnd(); ++value) {
+        if (!isOwn(value.key()) && !m_values.contains(value.key())) {
+            m_values[value.key()] = value.value();
+        }
+    }
 }
 
 void LayoutFile::save()
 {
     m_watch->forget();
-    if (!m_isRestored) {
+    if (!m_mayWrite) {
         return;
     }
     QJsonObject layout =
@@ -78,18 +92,15 @@ void LayoutFile::save()
         return; // what was kept is better than nothing
     }
     for (auto value = m_values.constBegin(); value != m_values.constEnd(); ++value) {
-        if (!isOwn(value.key())) {
-            layout[value.key()] = value.value();
-        }
+        layout[value.key()] = value.value();
     }
     layout[kWindow] = QString::fromLatin1(m_window.saveGeometry().toBase64());
     const QByteArray json = QJsonDocument(layout).toJson();
     QDir().mkpath(QFileInfo(m_path).path());
-    QSaveFile file(m_path);
-    const bool isSaved =
-        file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.commit();
-    if (!std::exchange(m_hasFailed, !isSaved) && !isSaved) { // it is tried again with every change
-        Q_EMIT failed(tr("The layout was not saved: %1.").arg(file.errorString()));
+    const QString error = ui::writeWhole(m_path, json);
+    const bool isTold = std::exchange(m_hasFailed, !error.isEmpty());
+    if (m_hasFailed && !isTold) { // it is tried again with every change
+        Q_EMIT failed(tr("The layout was not saved: %1.").arg(error));
     }
 }
 
@@ -97,6 +108,6 @@ void LayoutFile::setValue(const QString& key, const QJsonValue& value)
 {
     if (!isOwn(key) && m_values[key] != value) {
         m_values[key] = value;
-        save();
+        m_watch->note();
     }
 }

@@ -14,7 +14,7 @@ class Workspace;
 /// Keeps the arrangement of a workspace between runs, with place, size and state of the window
 /// around it and with values of the host's own. The file is written whenever something of that has
 /// changed and come to rest, as a whole or not at all; a program that is killed has lost half a
-/// second.
+/// second. Of several runs with one file the last to write it decides on all that is in it.
 class MORRANT_UI_EXPORT LayoutFile : public QObject
 {
     Q_OBJECT
@@ -28,16 +28,18 @@ public:
     ~LayoutFile() override;
 
     /// Arranges everything as the file has it, when all panels are there and before the window is
-    /// shown. Where there is no file, the window becomes no larger than its screen. A file that
-    /// cannot be used leaves everything as it is; it is told by failed(), and a copy stays beside
-    /// it under the ending ".bad".
+    /// shown. Where there is no file, the window becomes no larger than its screen. A layout that
+    /// cannot be used, as one of a newer program, leaves everything as it is but for the host's
+    /// values; it is told by failed(), and a copy stays beside it under the ending ".bad". A file
+    /// that cannot be read, or copied there, is never written by this run.
     void restore();
     /// Writes the file now. For an end of the program, about which the panels are not asked.
     void save();
 
     /// What the file has under a key, or what was set since.
     QJsonValue value(const QString& key) const { return m_values[key]; }
-    /// Keeps a value, too, and writes the file if it is another one. The keys of layouts, and
+    /// Keeps a value, too; if it is another one, the file is written when all has come to rest. One
+    /// that is set before restore() stands instead of the file's. The keys of layouts, and
     /// "window", are ignored.
     void setValue(const QString& key, const QJsonValue& value);
 
@@ -46,11 +48,13 @@ Q_SIGNALS:
     void failed(const QString& sentence);
 
 private:
+    void takeValues(const QJsonObject& saved);
+
     QString m_path;
     QPointer<Workspace> m_workspace;
     QWidget& m_window;
     LayoutWatch* m_watch;
-    QJsonObject m_values; ///< the host's
-    bool m_isRestored = false;
+    QJsonObject m_values;    ///< the host's
+    bool m_mayWrite = false; ///< what the file holds has been read
     bool m_hasFailed = false;
 };

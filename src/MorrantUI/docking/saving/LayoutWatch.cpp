@@ -6,9 +6,11 @@
 
 #include <QEvent>
 
+namespace {
+
 /// Whether an event of a window changes what a layout holds. Whether the host is shown is not saved
 /// in it, and what the system hides, as it minimises a window, is still there.
-static bool isChange(const QEvent& event, bool isHost)
+bool isChange(const QEvent& event, bool isHost)
 {
     switch (event.type()) {
     case QEvent::Move:
@@ -19,6 +21,8 @@ static bool isChange(const QEvent& event, bool isHost)
     default: return false;
     }
 }
+
+} // namespace
 
 LayoutWatch::LayoutWatch(QWidget* window)
     : QObject(window)

@@ -28,6 +28,8 @@ public:
 
     /// Whether a change waits to be told.
     bool isPending() const { return m_rest.isActive(); }
+    /// Something else has changed that is saved with the layout.
+    void note() { m_rest.start(); }
     /// Forgets a change that waits, as it is saved already.
     void forget() { m_rest.stop(); }
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/saving/NamedLayouts.h"
 
+#include "MorrantUI/docking/saving/layoutjson.h"
+#include "MorrantUI/docking/saving/wholefiles.h"
 #include "MorrantUI/log.h"
 
 #include <QCollator>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 #include <QUrl>
 
 #include <algorithm>
@@ -17,6 +18,40 @@ namespace {
 
 const QString kSuffix = QStringLiteral(".layout.json");
 
+QString nameOf(const QString& file)
+{
+    return QUrl::fromPercentEncoding(file.chopped(kSuffix.size()).toUtf8())
+        .normalized(QString::NormalizationForm_C);
+}
+
+QStringList filesIn(const QString& folder)
+{
+    return QDir(folder).entryList({u'*' + kSuffix}, QDir::Files);
+}
+
+QString inPercent(QChar sign)
+{
+    QString text;
+    for (const char byte : QString(sign).toUtf8()) {
+        text += u'%' + QString::number(static_cast<uchar>(byte), 16).rightJustified(2, u'0');
+    }
+    return text;
+}
+
+/// What some file system does not take, or does not tell apart, is written in percent, so that any
+/// name can be used; letters without case are not, as they would soon be too many.
+QString fileOf(const QString& name)
+{
+    QString file;
+    for (const QChar sign : name) {
+        const bool isPlain = sign.category() != QChar::Other_Control && sign.toLower() == sign
+                             && !QStringView(u"%/\\:*?\"<>|.~").contains(sign)
+                             && !(file.isEmpty() && isDeviceName(name));
+        file += isPlain ? QString(sign) : inPercent(sign);
+    }
+    return file + kSuffix;
+}
+
 } // namespace
 
 NamedLayouts::NamedLayouts(const QString& folder)
@@ -26,9 +61,8 @@ NamedLayouts::NamedLayouts(const QString& folder)
 QStringList NamedLayouts::names() const
 {
     QStringList names;
-    const auto files = QDir(m_folder).entryList({u'*' + kSuffix}, QDir::Files);
-    for (const QString& file : files) {
-        names.append(QUrl::fromPercentEncoding(file.chopped(kSuffix.size()).toUtf8()));
+    for (const QString& file : filesIn(m_folder)) {
+        names.append(nameOf(file));
     }
     QCollator order;
     order.setNumericMode(true);
@@ -44,15 +78,18 @@ bool NamedLayouts::save(const QString& name) const
 
 bool NamedLayouts::save(const QString& name, const QByteArray& layout) const
 {
-    if (name.trimmed().isEmpty() || !QDir().mkpath(m_folder)) {
+    if (name.trimmed().isEmpty()) {
         return false;
     }
-    QSaveFile file(path(name));
-    if (file.open(QIODevice::WriteOnly) && file.write(layout) == layout.size() && file.commit()) {
-        return true;
+    QString error;
+    if (docking::readLayout(layout, &error)) {
+        QDir().mkpath(m_folder); // where that fails, the file's error says why
+        error = writeWhole(path(name), layout);
     }
-    log::warning("The layout could not be saved: {}", file.errorString().toStdString());
-    return false;
+    if (!error.isEmpty()) {
+        log::warning("The layout could not be saved: {}", error.toStdString());
+    }
+    return error.isEmpty();
 }
 
 bool NamedLayouts::restore(const QString& name, const PanelForName& panelForName) const
@@ -71,11 +108,15 @@ bool NamedLayouts::remove(const QString& name) const
     return QFile::remove(path(name));
 }
 
-/// What no file system takes is written in percent, so that any name can be used.
+/// The file that has the name, however it is written in percent; else that of a new one.
 QString NamedLayouts::path(const QString& name) const
 {
-    return QDir(m_folder).filePath(
-        QString::fromLatin1(QUrl::toPercentEncoding(name.trimmed(), " ", ".~")) + kSuffix);
+    const QString wanted = name.trimmed().normalized(QString::NormalizationForm_C);
+    const QStringList files = filesIn(m_folder);
+    const auto found = std::find_if(files.begin(), files.end(), [&wanted](const QString& file) {
+        return nameOf(file) == wanted;
+    });
+    return QDir(m_folder).filePath(found != files.end() ? *found : fileOf(wanted));
 }
 
 } // namespace ui

@@ -10,7 +10,8 @@
 
 namespace ui {
 
-/// Arrangements under names that the user gives them, each a file of a folder.
+/// Arrangements under names that the user gives them, each a file of a folder. Names that differ
+/// in the case of a letter are two, on every system.
 class MORRANT_UI_EXPORT NamedLayouts
 {
 public:
@@ -21,8 +22,9 @@ public:
     QStringList names() const;
 
     /// Saves the arrangement as it is, in place of one that has the name. As a whole or not at all.
-    /// @return false for a name without any visible character and when the file cannot be written,
-    ///     which is one line in the log
+    /// @return false for a name without any visible character or of more than about 80, for what is
+    ///     no layout, as without gMainWindow, and when the file cannot be written; but for the
+    ///     first, which is one line in the log
     bool save(const QString& name) const;
     /// The same with a layout that there is, such as Workspace::layout().
     bool save(const QString& name, const QByteArray& layout) const;

@@ -39,7 +39,11 @@ void bringForward(DockableWindow& window)
 
 void closeWindow(DockableWindow& window)
 {
-    window.isFloating() ? void(window.close()) : window.undockAndClose();
+    if (window.isFloating()) {
+        window.close();
+    } else {
+        window.undockAndClose();
+    }
 }
 
 /// A bar is moved by a grip, and fits only one way.
@@ -99,7 +103,12 @@ Workspace::~Workspace()
 
 void Workspace::addPanel(const QString& id, QWidget* content, Kind kind)
 {
-    if (id.isEmpty() || !content || find(id)) {
+    const bool isKnown =
+        std::any_of(m_panels.begin(), m_panels.end(), [content](const Panel& panel) {
+            return panel.content == content;
+        });
+    const bool isAround = content && (content == this || content->isAncestorOf(this));
+    if (id.isEmpty() || !content || find(id) || isKnown || isAround) {
         return;
     }
     const QString title = content->windowTitle();
@@ -165,10 +174,11 @@ bool Workspace::setLayout(const QByteArray& layout, QString* error)
         }
     }
     ui::restoreLayout(layout, [this](const QString& id) {
-        Panel* const panel = find(id);
-        return !panel                  ? ui::panelNamed(id)
-               : isOpen(panel->window) ? panel->window.data()
-                                       : makeWindow(*panel);
+        if (!find(id)) {
+            return ui::panelNamed(id);
+        }
+        DockableWindow* const window = windowOf(id);
+        return window ? window : makeWindow(id);
     });
     if (isVisible()) {
         placeUnplaced();
@@ -180,9 +190,8 @@ bool Workspace::setLayout(const QByteArray& layout, QString* error)
 void Workspace::placeUnplaced()
 {
     for (const QString& id : std::exchange(m_unplaced, {})) {
-        Panel* const panel = find(id);
-        if (panel && !isOpen(panel->window)) {
-            ui::dockAsInLayout(makeWindow(*panel), m_default);
+        if (find(id) && !windowOf(id)) {
+            ui::dockAsInLayout(makeWindow(id), m_default);
         }
     }
 }
@@ -203,12 +212,11 @@ QByteArray Workspace::layout() const
 
 void Workspace::setPanelOpen(const QString& id, bool open)
 {
-    Panel* const panel = find(id);
     const QPointer<DockableWindow> window = windowOf(id);
     if (!open && window) {
         closeWindow(*window);
-    } else if (open && panel && isMain()) {
-        const QPointer<DockableWindow> shown = window ? window.data() : makeWindow(*panel);
+    } else if (open && find(id) && isMain()) {
+        const QPointer<DockableWindow> shown = window ? window.data() : makeWindow(id);
         if (!window) {
             ui::dockAsInLayout(shown, m_default);
         }
@@ -223,7 +231,7 @@ void Workspace::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     for (const QPointer<DockableWindow>& window : std::exchange(m_hidden, {})) {
-        if (isOpen(window)) {
+        if (isOpen(window) && window->isFloating()) { // and has not been docked meanwhile
             window->show();
         }
     }
@@ -266,18 +274,27 @@ const Workspace::Panel* Workspace::find(const QString& id) const
     return findIn(m_panels, id);
 }
 
-DockableWindow* Workspace::makeWindow(Panel& panel)
+/// Null when a slot of the host's has taken the panel away meanwhile; it may also add others.
+DockableWindow* Workspace::makeWindow(const QString& id)
 {
-    const QSize before = panel.content->size();
-    const bool wasShown = panel.content->testAttribute(Qt::WA_Resized);
-    panel.window = new PanelWindow(panel.id, panel.content, m_shelf);
+    const Panel* const panel = find(id);
+    const Kind kind = panel->kind;
+    const QSize before = panel->content->size();
+    const bool wasShown = panel->content->testAttribute(Qt::WA_Resized);
+    const QPointer<DockableWindow> window = new PanelWindow(id, panel->content, m_shelf);
+    Panel* const now = find(id);
+    if (!now || !window) {
+        delete window;
+        return nullptr;
+    }
+    now->window = window;
     if (wasShown) { // it comes back as large as it was
-        panel.window->resize(before + QSize(0, panel.window->header()->sizeHint().height()));
+        window->resize(before + QSize(0, window->header()->sizeHint().height()));
     }
-    if (panel.kind != Kind::Panel) {
-        makeBar(*panel.window, panel.kind);
+    if (kind != Kind::Panel) {
+        makeBar(*window, kind);
     }
-    return panel.window;
+    return window;
 }
 
 /// A content is being deleted: its window goes when that is over.

@@ -46,15 +46,16 @@ public:
     /// Takes a panel, closed at first. Its title is the content's window title, also when that
     /// changes; its share of the room is told by the content's size policy. A content that is
     /// deleted takes its panel along.
-    /// @param id names the panel in layouts; one that is empty or known is ignored, as is a null
-    ///     content
+    /// @param id names the panel in layouts; one that is empty or known is ignored
+    /// @param content owned by the workspace from now on; null, one that is in a panel already and
+    ///     what the workspace lies in are ignored
     void addPanel(const QString& id, QWidget* content, Kind kind = Kind::Panel);
 
     /// The ids, in the order in which the panels came.
     QStringList panels() const;
     /// What is in a panel, whether it is open or not; null for an unknown one.
     QWidget* content(const QString& id) const;
-    /// Null while the panel is closed. It goes when the panel is closed.
+    /// Null while the panel is closed, since it goes then.
     DockableWindow* windowOf(const QString& id) const;
 
     bool isPanelOpen(const QString& id) const { return windowOf(id) != nullptr; }
@@ -96,7 +97,7 @@ private:
     bool isMain() const;
     Panel* find(const QString& id);
     const Panel* find(const QString& id) const;
-    DockableWindow* makeWindow(Panel& panel);
+    DockableWindow* makeWindow(const QString& id);
     void forget(const QObject* content);
     void placeUnplaced();
     void showOpen();

@@ -119,10 +119,15 @@ void TabBarHeader::closeTabs(const QList<int>& indices)
         leaving.append(tab(index));
     }
     const QPointer<TabBarHeader> self(this);
+    const QPointer<TabItem> before = m_current;
     const bool wasClosing = std::exchange(m_closing, true);
     for (const QPointer<TabItem>& closing : leaving) {
+        m_isRefused = false;
         if (closing && indexOf(closing) >= 0) {
             Q_EMIT closing->closed();
+        }
+        if (self && m_isRefused) {
+            break;
         }
         if (self && closing && indexOf(closing) >= 0) {
             takeOut(closing);
@@ -134,6 +139,11 @@ void TabBarHeader::closeTabs(const QList<int>& indices)
         }
     }
     m_closing = wasClosing;
+    const bool isRefused = std::exchange(m_isRefused, false);
+    if (!isRefused && before != m_current && isReachable(indexOf(before))) { // a slot showed others
+        select(indexOf(before));
+        scrollTo(m_currentIndex);
+    }
     if (!m_closing) {
         tellCurrent();
     }

@@ -70,6 +70,9 @@ public:
     /// done so. The current tab stays current unless it is one of them. Indices out of range are
     /// ignored.
     void closeTabs(const QList<int>& indices);
+    /// For a slot of closed(): of those that closeTabs() is closing, this tab and the ones behind
+    /// it stay where they are. At other times nothing happens.
+    void refuseClosing() { m_isRefused = true; }
 
     /// How much of the row's beginning is scrolled out of sight, logical pixels.
     int scrollOffset() const;
@@ -146,5 +149,6 @@ private:
     int m_currentIndex = -1;
     QPointer<TabItem> m_current; ///< null or the tab at that index
     Told m_told;
-    bool m_closing = false; ///< several tabs, of whose removals one signal tells
+    bool m_closing = false;   ///< several tabs, of whose removals one signal tells
+    bool m_isRefused = false; ///< the tab that is being closed
 };

@@ -94,7 +94,8 @@ Q_SIGNALS:
     /// The user has given the tab another text, which it shows by now.
     void renamed();
     /// The user wants the tab closed. The owner of the tab bar removes it, except when several are
-    /// closed at once: these the header removes afterwards, if they are still there.
+    /// closed at once: these the header removes afterwards, if they are still there and nobody has
+    /// refused, see TabBarHeader::refuseClosing().
     void closed();
     /// The context menu has its entries and is about to be shown; slots may add theirs. A menu that
     /// is still empty afterwards is not shown.
