@@ -361,6 +361,7 @@ bool StudioWindow::keepUnsavedIn(const QString& folder)
         page().setUnsaved(unsaved.fingerprint);
         titles.append(unsaved.title);
     }
+    m_unsaved->recovery().setTakenOver();
     for (const QString& left : m_unsaved->recovery().unreadable()) {
         fail(tr("Unsaved changes in “%1” cannot be read. They stay there.")
                  .arg(QDir::toNativeSeparators(left)));
@@ -382,7 +383,7 @@ void StudioWindow::putAway()
     if (m_layout) {
         m_layout->save();
     }
-    editor().commit();
+    m_documents->finishEditing();
     const QString error = m_unsaved ? m_unsaved->keep() : QString();
     if (!error.isEmpty()) {
         fail(error);

@@ -67,19 +67,21 @@ private Q_SLOTS:
             files.append(QUrl::fromLocalFile(folder.filePath(name)));
         }
         OpenWindow window;
-        QMimeData data;
+        const auto drop = [&window](const QList<QUrl>& urls) {
+            QMimeData data;
+            data.setUrls(urls);
+            QVERIFY(ui::test::dropOn(window, data));
+            QCoreApplication::processEvents(); // the drop is over
+        };
         const QUrl picture(u"file:///a.png"_qs);
-        data.setUrls({picture});
-        QVERIFY(ui::test::dropOn(window, data));
+        drop({picture});
         QVERIFY(window.notices().texts().value(0).contains(u".json"_qs));
         QCOMPARE(window.document()->width, 200);
-        data.setUrls(files);
-        QVERIFY(ui::test::dropOn(window, data));
+        drop(files);
         QVERIFY(window.notices().isEmpty());
         QCOMPARE(window.documents().count(), 3);
         QVERIFY(window.document()->width != 200);
-        data.setUrls({picture, files.first()}); // which comes to the front
-        QVERIFY(ui::test::dropOn(window, data));
+        drop({picture, files.first()}); // which comes to the front
         QCOMPARE(window.documents().activeTab(), 1);
         QCOMPARE(window.notices().texts().size(), 1);
     }

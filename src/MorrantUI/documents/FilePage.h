@@ -37,19 +37,23 @@ public:
     /// @param fingerprint of what the file held that it began with
     void setUnsaved(const QByteArray& fingerprint);
 
-    /// Whether the document has changes that its file has not. Emit changed() when that changes.
+    /// Whether the document has changes that its file has not. Emit changed() after every edit,
+    /// not only after the first one: what changes later would not be kept for a crash.
     virtual bool isModified() const = 0;
-    /// What the document's file would hold now; none when it cannot be written.
+    /// What the document's file would hold now; none when it cannot be written. Also called from a
+    /// timer, while the user is at work: it ends nothing that is under way, and asks nothing.
     virtual std::optional<QByteArray> contents() = 0;
     /// Whether these contents can be opened again: others are not saved. True by default.
     virtual bool canBeRead(const QByteArray& contents) const;
-    /// What is being typed or dragged becomes part of the document, which is about to be saved.
+    /// What is being typed or dragged becomes part of the document, which is about to be saved or
+    /// left.
     virtual void finishEditing() {}
 
 Q_SIGNALS:
     /// The page has another document, see setFile().
     void documentSet();
-    /// The document is another one than before, or its title, its file, or whether it is modified.
+    /// The document is another one than before or has been edited, or its title, its file, or
+    /// whether it is modified is another.
     void changed();
 
 protected:

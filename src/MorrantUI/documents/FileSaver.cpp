@@ -11,8 +11,9 @@
 #include <QPointer>
 #include <QStandardPaths>
 
-FileSaver::FileSaver(QWidget* parent)
+FileSaver::FileSaver(QWidget* parent, IsTaken isTaken)
     : QObject(parent)
+    , m_isOpen(std::move(isTaken))
 {}
 
 FileSaver::~FileSaver() = default;
@@ -25,7 +26,12 @@ void FileSaver::setFileType(const QString& filter, const QString& suffix)
 
 bool FileSaver::save(FilePage& page)
 {
+    const QPointer<FileSaver> alive(this); // whatever is asked, its parent may go meanwhile
+    const QPointer<FilePage> asked(&page);
     page.finishEditing();
+    if (!alive || !asked) {
+        return false;
+    }
     if (!ui::isOnDisk(page.path())) {
         return saveAs(page);
     }
@@ -33,7 +39,10 @@ bool FileSaver::save(FilePage& page)
     if (state == ui::FileState::Known) {
         return writeTo(page, page.path());
     }
-    const QPointer<FilePage> asked(&page);
+    Q_EMIT asking(&page);
+    if (!alive || !asked) {
+        return false;
+    }
     const QString name = QFileInfo(page.path()).fileName();
     const ui::Overwriting answer = ui::askToOverwrite(
         state == ui::FileState::Gone ? tr("Save “%1” again?").arg(name)
@@ -43,7 +52,7 @@ bool FileSaver::save(FilePage& page)
             : tr("Another program has changed the file since it was opened. Its changes would be "
                  "lost."),
         window());
-    if (!asked || answer == ui::Overwriting::Cancel) {
+    if (!alive || !asked || answer == ui::Overwriting::Cancel) {
         return false;
     }
     return answer == ui::Overwriting::SaveAs ? saveAs(page) : writeTo(page, page.path());
@@ -51,19 +60,31 @@ bool FileSaver::save(FilePage& page)
 
 bool FileSaver::saveAs(FilePage& page)
 {
-    page.finishEditing();
+    const QPointer<FileSaver> alive(this);
     const QPointer<FilePage> asked(&page);
-    const QString suggested = suggestionFor(page);
-    const QString path = m_choosePath ? m_choosePath(suggested) : askForPath(suggested);
-    if (!asked || path.isEmpty()) {
+    page.finishEditing();
+    if (alive && asked) {
+        Q_EMIT asking(&page);
+    }
+    if (!alive || !asked) {
         return false;
     }
-    if (m_isTaken && m_isTaken(page, path)) {
-        Q_EMIT failed(tr("“%1” was not saved: it is open in another tab.")
+    const ChoosePath choose = m_choosePath; // stays whole while it runs
+    const QString path = choose ? choose(suggestionFor(page)) : askForPath(page);
+    if (!alive || !asked || path.isEmpty()) {
+        return false;
+    }
+    if (isTaken(page, path)) {
+        Q_EMIT failed(tr("“%1” was not saved: it is open in another tab or window.")
                           .arg(QDir::toNativeSeparators(path)));
         return false;
     }
     return writeTo(page, path);
+}
+
+bool FileSaver::isTaken(const FilePage& page, const QString& path) const
+{
+    return (m_isOpen && m_isOpen(page, path)) || (m_isTaken && m_isTaken(page, path));
 }
 
 QWidget* FileSaver::window() const
@@ -72,27 +93,54 @@ QWidget* FileSaver::window() const
     return widget ? widget->window() : nullptr;
 }
 
-/// Its file, or else its title as a file name that is one everywhere.
+/// Its file, or else its title as a file name.
 QString FileSaver::suggestionFor(const FilePage& page) const
 {
     if (ui::isOnDisk(page.path())) {
         return page.path();
     }
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    QString name = page.title();
-    for (const QChar sign : QStringLiteral("/\\:*?\"<>|")) {
-        name.replace(sign, u'-');
-    }
+    const QString name = ui::fileNameFor(page.title());
     return folder.filePath(m_suffix.isEmpty() ? name : name + u'.' + m_suffix);
 }
 
-QString FileSaver::askForPath(const QString& suggested)
+/// Empty when it was dismissed, or has gone with its window.
+QString FileSaver::chooseInDialog(const QString& title, const QString& suggested)
 {
-    QFileDialog dialog(window(), tr("Save As"), {}, m_filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(m_suffix);
-    dialog.selectFile(suggested);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    const QPointer<QFileDialog> dialog = new QFileDialog(window(), title, {}, m_filter);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(m_suffix);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite); // asked about the path that it comes to
+    dialog->selectFile(suggested);
+    const bool isChosen = dialog->exec() == QDialog::Accepted;
+    const QString path = dialog && isChosen ? dialog->selectedFiles().value(0) : QString();
+    delete dialog.data(); // here, since the parent may go before the loop comes round
+    return path;
+}
+
+QString FileSaver::askForPath(const FilePage& page)
+{
+    const QPointer<FileSaver> alive(this);
+    const QString title = page.title().isEmpty()
+                              ? tr("Save As")
+                              : tr("Save “%1” As").arg(ui::shortTitle(page.title()));
+    QString path = suggestionFor(page);
+    for (;;) {
+        path = chooseInDialog(title, path);
+        if (!alive || path.isEmpty() || !QFileInfo::exists(path)) {
+            return path;
+        }
+        const ui::Overwriting answer = ui::askToOverwrite(
+            tr("Overwrite “%1”?").arg(QFileInfo(path).fileName()),
+            tr("There is such a file already. What it holds would be lost."),
+            window());
+        if (!alive || answer == ui::Overwriting::Cancel) {
+            return {};
+        }
+        if (answer == ui::Overwriting::Overwrite) {
+            return path;
+        }
+    }
 }
 
 bool FileSaver::writeTo(FilePage& page, const QString& path)

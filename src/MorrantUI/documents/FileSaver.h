@@ -19,8 +19,12 @@ class MORRANT_UI_EXPORT FileSaver : public QObject
     Q_OBJECT
 
 public:
+    /// Whether a file belongs to another document, which refuses saveAs(); none by default.
+    using IsTaken = std::function<bool(const FilePage& page, const QString& path)>;
+
     /// @param parent over whose window it asks; owns it
-    explicit FileSaver(QWidget* parent);
+    /// @param isTaken holds beside that of setIsTaken()
+    explicit FileSaver(QWidget* parent, IsTaken isTaken = {});
     ~FileSaver() override;
 
     /// What kind of file the user is offered.
@@ -28,13 +32,13 @@ public:
     /// @param suffix that a name without one gets, such as "json"; empty for none
     void setFileType(const QString& filter, const QString& suffix);
 
-    /// How the user is asked for a path, by default in a file dialog, which also asks before an
-    /// existing file is taken. An empty path is none. An empty function: as by default.
+    /// How the user is asked for a path, by default in a file dialog, and then before an existing
+    /// file is taken. An empty path is none. An empty function: as by default. It may delete the
+    /// page and the saver.
     using ChoosePath = std::function<QString(const QString& suggested)>;
     void setChoosePath(ChoosePath choose) { m_choosePath = std::move(choose); }
 
-    /// Whether a file belongs to another document, which refuses saveAs(); by default none does.
-    using IsTaken = std::function<bool(const FilePage& page, const QString& path)>;
+    /// For documents that lie elsewhere, as in other windows.
     void setIsTaken(IsTaken isTaken) { m_isTaken = std::move(isTaken); }
 
     /// Saves a document where it comes from; one that comes from no file as saveAs() does. When the
@@ -45,17 +49,22 @@ public:
     bool saveAs(FilePage& page);
 
 Q_SIGNALS:
+    /// The user is about to be asked about a document, which had better be seen.
+    void asking(FilePage* page);
     /// One sentence for the user.
     void failed(const QString& sentence);
 
 private:
     QWidget* window() const;
     QString suggestionFor(const FilePage& page) const;
-    QString askForPath(const QString& suggested);
+    QString chooseInDialog(const QString& title, const QString& suggested);
+    QString askForPath(const FilePage& page);
+    bool isTaken(const FilePage& page, const QString& path) const;
     bool writeTo(FilePage& page, const QString& path);
 
     QString m_filter;
     QString m_suffix;
     ChoosePath m_choosePath;
+    const IsTaken m_isOpen;
     IsTaken m_isTaken;
 };

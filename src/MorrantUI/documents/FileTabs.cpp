@@ -7,23 +7,27 @@
 #include <MorrantUI/documents/FilePage.h>
 #include <MorrantUI/documents/FileSaver.h>
 #include <MorrantUI/documents/questions.h>
+#include <MorrantUI/documents/savedfiles.h>
 
 #include <QAction>
-#include <QFileInfo>
+#include <QDir>
 #include <QKeySequence>
 
+#include <algorithm>
 #include <utility>
 
 FileTabs::FileTabs(QWidget* parent)
     : TabBar(tr("Documents"), true, parent)
-    , m_saver(new FileSaver(this))
+    , m_saver(new FileSaver(this, [this](const FilePage& page, const QString& path) {
+        const QList<FilePage*> all = pages();
+        return std::any_of(all.begin(), all.end(), [&](const FilePage* other) {
+            return other != &page && ui::isSameFile(other->path(), path);
+        });
+    }))
 {
     addButton()->setToolTip(tr("Open another document"));
     showTabs();
-    m_saver->setIsTaken([this](const FilePage& page, const QString& path) {
-        const FilePage* const other = pageOf(path);
-        return other && other != &page;
-    });
+    connect(m_saver, &FileSaver::asking, this, &FileTabs::showPage);
     addTurn(tr("&Next Document"), 1, {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown});
     addTurn(
         tr("Pre&vious Document"),
@@ -59,6 +63,7 @@ void FileTabs::addTurn(const QString& text, int step, const QList<QKeySequence>&
 void FileTabs::add(FilePage* page)
 {
     if (page && !pages().contains(page)) {
+        m_written.remove(page); // one of this address may have been here
         follow(*page);
         addTab(*page);
         setTab(count() - 1);
@@ -83,12 +88,9 @@ FilePage* FileTabs::current()
 
 FilePage* FileTabs::pageOf(const QString& path)
 {
-    const QFileInfo file(path);
-    if (file.exists()) { // all that do not exist count as equal
-        for (FilePage* page : pages()) {
-            if (!page->path().isEmpty() && QFileInfo(page->path()) == file) {
-                return page;
-            }
+    for (FilePage* page : pages()) {
+        if (ui::isSameFile(page->path(), path)) {
+            return page;
         }
     }
     return nullptr;
@@ -96,13 +98,19 @@ FilePage* FileTabs::pageOf(const QString& path)
 
 bool FileTabs::showFile(const QString& path)
 {
-    FilePage* const shown = pageOf(path);
-    for (int i = 0; shown && i < count(); ++i) {
-        if (getPage(i) == shown) {
+    const FilePage* const shown = pageOf(path);
+    showPage(shown);
+    return shown != nullptr;
+}
+
+void FileTabs::showPage(const FilePage* page)
+{
+    for (int i = 0; page && i < count(); ++i) {
+        if (getPage(i) == page) {
             setTab(i);
+            return;
         }
     }
-    return shown != nullptr;
 }
 
 void FileTabs::closeCurrent()
@@ -112,8 +120,22 @@ void FileTabs::closeCurrent()
     }
 }
 
+void FileTabs::finishEditing()
+{
+    for (const QPointer<FilePage> page : pages()) { // it may take others along, and the tabs
+        if (page) {
+            page->finishEditing();
+        }
+    }
+}
+
 bool FileTabs::mayLeave(const QString& question)
 {
+    const QPointer<FileTabs> alive(this);
+    finishEditing();
+    if (!alive) {
+        return true;
+    }
     QStringList changed;
     for (const FilePage* page : pages()) {
         if (page->isModified()) {
@@ -123,7 +145,6 @@ bool FileTabs::mayLeave(const QString& question)
     if (changed.isEmpty()) {
         return true;
     }
-    const QPointer<FileTabs> alive(this);
     switch (ui::askToLeave(question, ui::unsavedText(changed), window())) {
     case ui::Leaving::Save: return alive && saveAll();
     case ui::Leaving::Discard: return true;
@@ -135,7 +156,8 @@ bool FileTabs::mayLeave(const QString& question)
 bool FileTabs::saveAll()
 {
     const QPointer<FileTabs> alive(this);
-    for (const QPointer<FilePage> page : pages()) {
+    finishEditing();
+    for (const QPointer<FilePage> page : alive ? pages() : QList<FilePage*>()) {
         if (page && page->isModified() && (!m_saver->save(*page) || !alive)) {
             return false;
         }
@@ -143,19 +165,34 @@ bool FileTabs::saveAll()
     return true;
 }
 
-std::optional<std::vector<UnsavedDocument>> FileTabs::unsaved()
+std::vector<UnsavedDocument> FileTabs::unsaved(QStringList* unwritable, bool* isWhole)
 {
+    const auto before = std::exchange(m_written, {});
     std::vector<UnsavedDocument> documents;
+    bool areAll = true;
+    QStringList failed;
     for (FilePage* page : pages()) {
         if (!page->isModified()) {
             continue;
         }
-        auto contents = page->contents();
-        if (!contents) {
-            return std::nullopt;
+        if (auto contents = page->contents()) {
+            m_written[page] = {
+                page->title(), page->path(), page->fingerprint(), *std::move(contents)};
+        } else {
+            failed.append(page->title());
+            if (!before.contains(page)) {
+                areAll = false;
+                continue;
+            }
+            m_written[page] = before[page];
         }
-        documents.push_back(
-            {page->title(), page->path(), page->fingerprint(), *std::move(contents)});
+        documents.push_back(m_written[page]);
+    }
+    if (unwritable) {
+        *unwritable = failed;
+    }
+    if (isWhole) {
+        *isWhole = areAll;
     }
     return documents;
 }
@@ -169,6 +206,7 @@ void FileTabs::follow(FilePage& page)
 
 void FileTabs::showDocument()
 {
+    m_written.remove(qobject_cast<FilePage*>(sender()));
     showTabs();
     if (sender() == currentPage()) {
         Q_EMIT currentChanged();
@@ -214,7 +252,10 @@ void FileTabs::showTitle(FilePage& page)
 {
     for (int i = 0; i < count(); ++i) {
         if (getPage(i) == &page) {
-            renameTab(i, page.isModified() ? tr("%1*").arg(page.title()) : page.title());
+            const bool isModified = page.isModified();
+            renameTab(i, isModified ? tr("%1*").arg(page.title()) : page.title());
+            getTab(i)->setToolTip(QDir::toNativeSeparators(page.path()));
+            getTab(i)->setAccessibleDescription(isModified ? tr("Has unsaved changes") : QString());
         }
     }
 }
@@ -222,13 +263,18 @@ void FileTabs::showTitle(FilePage& page)
 /// Whether a document is done with: unchanged, saved or discarded.
 bool FileTabs::mayClose(FilePage& page)
 {
-    if (!page.isModified()) {
-        return true;
-    }
     const QPointer<FileTabs> alive(this);
     const QPointer<FilePage> asked(&page);
+    page.finishEditing();
+    if (!alive || !asked || !page.isModified()) {
+        return true;
+    }
+    showPage(&page);
+    if (!alive || !asked) {
+        return true;
+    }
     switch (ui::askToLeave(
-        tr("Close “%1”?").arg(page.title()),
+        tr("Close “%1”?").arg(ui::shortTitle(page.title())),
         tr("Changes that are not saved will be lost."),
         window()))
     {
@@ -245,23 +291,13 @@ void FileTabs::askToClose(TabItem& asked)
     const QPointer<TabItem> tab(&asked);
     const QPointer<FilePage> page = qobject_cast<FilePage*>(asked.page());
     Q_EMIT closing();
-    const bool isDone = !page || mayClose(*page);
+    const bool isDone = alive && count() > 1 && (!page || mayClose(*page));
     if (!alive) {
         return;
     }
-    if (isDone) {
-        if (tab && count() > 1) {
-            removeTab(tab->index());
-        }
-        return;
+    if (isDone && count() > 1) { // still
+        removeTab(tab ? tab->index() : -1);
+    } else {
+        getHeader()->refuseClosing();
     }
-    // When several tabs are closed, the header takes this one out too once it has asked us.
-    const auto comeBack = [this, tab, page] {
-        if (page && (!tab || tab->index() < 0)) {
-            page->setParent(nullptr); // no longer the tab's to delete
-            addTab(*page);
-            setTab(count() - 1);
-        }
-    };
-    QMetaObject::invokeMethod(this, comeBack, Qt::QueuedConnection);
 }

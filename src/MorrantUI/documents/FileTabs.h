@@ -5,11 +5,11 @@
 #include <MorrantUI/documents/Recovery.h>
 #include <MorrantUI/morrantui_export.h>
 
+#include <QHash>
 #include <QList>
 #include <QPointer>
 #include <QStringList>
 
-#include <optional>
 #include <vector>
 
 class FilePage;
@@ -19,7 +19,8 @@ class QAction;
 /// Open documents, each on a page of its own behind a tab, with a star behind the title of one that
 /// has changes. There is always a page: the last one cannot be closed, and as long as it has no
 /// document (see FilePage::setFile()) it is shown without tabs. Before a document with changes is
-/// closed, also by a tab's menu, the user is asked. What is closed unasked is TabBar::removeTab().
+/// closed, also by a tab's menu, it comes to the front and the user is asked; of several that are
+/// to be closed, one that the user keeps ends that. What is closed unasked is TabBar::removeTab().
 class MORRANT_UI_EXPORT FileTabs : public TabBar
 {
     Q_OBJECT
@@ -44,18 +45,26 @@ public:
 
     /// Closes the page in front, unless it is the last one. The user is asked about its changes.
     void closeCurrent();
+    /// What is being typed or dragged becomes part of the documents, on all pages. What asks or
+    /// saves here does so itself; call it before UnsavedKeeper::keep().
+    void finishEditing();
     /// Asks what is to become of the changes of all documents, if there are any, before all of them
-    /// are left; saves them if the user wants that.
+    /// are left; saves them if the user wants that. All that closeEvent() has to ask.
     /// @param question such as "Quit?"
     /// @return whether they may be left
     bool mayLeave(const QString& question);
-    /// Saves all documents that have changes.
+    /// Saves all documents that have changes; one of which something has to be asked comes to the
+    /// front.
     /// @return false when one of them was not saved; the ones behind it are then left alone
     bool saveAll();
     FileSaver& saver() { return *m_saver; }
 
-    /// The documents that have changes, as they are; nothing when one of them cannot be written.
-    std::optional<std::vector<UnsavedDocument>> unsaved();
+    /// The documents that have changes, as they are. One that cannot be written is as this has told
+    /// it last, or left out if it never has; until then the last ones stay in memory.
+    /// @param unwritable if not null: their titles
+    /// @param isWhole if not null: whether none was left out
+    std::vector<UnsavedDocument> unsaved(
+        QStringList* unwritable = nullptr, bool* isWhole = nullptr);
 
     /// Rows for a menu that turn to the next and the previous document, round and round, with
     /// Control, Tab and Page Down or Page Up as their keys.
@@ -81,10 +90,12 @@ private:
     void showChange();
     void showTabs();
     void showTitle(FilePage& page);
+    void showPage(const FilePage* page);
     void askToClose(TabItem& asked);
     bool mayClose(FilePage& page);
 
     FileSaver* m_saver;
     QList<QAction*> m_turnActions;
     QPointer<QWidget> m_shown; ///< the page that currentChanged() has told last
+    QHash<const FilePage*, UnsavedDocument> m_written; ///< by those pages that have changes
 };

@@ -20,13 +20,36 @@ namespace {
 constexpr QLatin1String kIndex("index.json");
 constexpr QLatin1String kLock("lock");
 constexpr QLatin1String kSuffix(".document");
+constexpr QLatin1String kFingerprint("fingerprint"); ///< of the document's own file
+constexpr QLatin1String kContents("contents");       ///< fingerprint of what is kept here
 constexpr int kMostNames = 3;
 constexpr auto kOwn = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
-QByteArray contentsOf(const QString& path)
+/// Nothing for a file that cannot be read to its end.
+std::optional<QByteArray> contentsOf(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (!file.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    QByteArray contents = file.readAll();
+    return file.error() == QFile::NoError ? std::optional(std::move(contents)) : std::nullopt;
+}
+
+QByteArray fingerprintIn(const QJsonValue& entry, const QString& key)
+{
+    return QByteArray::fromBase64(entry[key].toString().toLatin1());
+}
+
+QString textOf(const QByteArray& fingerprint)
+{
+    return QString::fromLatin1(fingerprint.toBase64());
+}
+
+/// What the names of a run's folders begin with.
+QString runOf(const QString& folder)
+{
+    return QFileInfo(folder).fileName().section(u'-', 0, 0);
 }
 
 using IsDocument = std::function<bool(const QByteArray&)>;
@@ -36,18 +59,22 @@ std::optional<std::vector<UnsavedDocument>> documentsIn(
     const QDir& folder, const IsDocument& isDocument)
 {
     std::vector<UnsavedDocument> documents;
-    const auto index = QJsonDocument::fromJson(contentsOf(folder.filePath(kIndex))).array();
+    const QByteArray text = contentsOf(folder.filePath(kIndex)).value_or(QByteArray());
+    const auto index = QJsonDocument::fromJson(text).array();
     for (const QJsonValue entry : index) {
         const QString file = QFileInfo(entry[u"file"].toString()).fileName();
-        UnsavedDocument document{
-            entry[u"title"].toString(),
-            entry[u"path"].toString(),
-            QByteArray::fromBase64(entry[u"fingerprint"].toString().toLatin1()),
-            contentsOf(folder.filePath(file))};
-        if (isDocument && !isDocument(document.contents)) {
+        auto contents = contentsOf(folder.filePath(file));
+        const QByteArray expected = fingerprintIn(entry, kContents);
+        if (!contents || (!expected.isEmpty() && expected != ui::fingerprintOf(*contents))
+            || (isDocument && !isDocument(*contents)))
+        {
             return std::nullopt;
         }
-        documents.push_back(std::move(document));
+        documents.push_back(
+            {entry[u"title"].toString(),
+             entry[u"path"].toString(),
+             fingerprintIn(entry, kFingerprint),
+             *std::move(contents)});
     }
     const bool isWhole =
         !documents.empty() || folder.entryList({kIndex, u'*' + kSuffix}, QDir::Files).isEmpty();
@@ -75,7 +102,8 @@ QString write(const QDir& folder, const std::vector<UnsavedDocument>& documents)
             {QStringLiteral("file"), file},
             {QStringLiteral("title"), document.title},
             {QStringLiteral("path"), document.path},
-            {QStringLiteral("fingerprint"), QString::fromLatin1(document.fingerprint.toBase64())}});
+            {kFingerprint, textOf(document.fingerprint)},
+            {kContents, textOf(ui::fingerprintOf(document.contents))}});
     }
     return ui::replaceFile(folder.filePath(kIndex), QJsonDocument(index).toJson());
 }
@@ -90,6 +118,7 @@ QString notKeptIn(const QString& folder)
 
 Recovery::Recovery(const QString& folder)
     : m_folder(folder)
+    , m_run(QUuid::createUuid().toString(QUuid::Id128))
 {}
 
 Recovery::~Recovery() = default;
@@ -98,7 +127,7 @@ std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
 {
     m_unreadable.clear();
     std::vector<UnsavedDocument> documents;
-    std::vector<Taken> unfinished; // the index is written last
+    std::vector<Held> unfinished; // the index is written last
     const QDir all(m_folder);
     for (const QString& name : all.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Time)) {
         const QDir folder(all.filePath(name));
@@ -118,44 +147,51 @@ std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
         std::move(found->begin(), found->end(), std::back_inserter(documents));
         m_taken.push_back({folder.path(), std::move(lock)});
     }
-    for (Taken& one : unfinished) {
-        if (documents.empty()) {
-            m_unreadable.append(one.folder);
-        } else { // what its run had kept before is among them
+    for (Held& one : unfinished) {
+        const bool hasFormer = std::any_of(m_taken.begin(), m_taken.end(), [&](const Held& former) {
+            return runOf(former.folder) == runOf(one.folder)
+                   && QFile::exists(QDir(former.folder).filePath(kIndex));
+        });
+        if (hasFormer) { // which its run was about to replace
             m_taken.push_back(std::move(one));
+        } else {
+            m_unreadable.append(one.folder);
         }
     }
+    m_isTakenOver = m_isTakenOver && documents.empty();
     return documents;
 }
 
-QString Recovery::keep(const std::vector<UnsavedDocument>& documents)
+QString Recovery::keep(const std::vector<UnsavedDocument>& documents, bool isWhole)
 {
-    if (documents.empty()) {
-        forget();
-        return {};
+    std::vector<Held> made;
+    if (!documents.empty()) {
+        made.push_back(makeFolder());
+        if (!made.front().lock) {
+            return notKeptIn(m_folder);
+        }
+        QString error = write(QDir(made.front().folder), documents);
+        if (!error.isEmpty()) {
+            drop(std::move(made));
+            return error;
+        }
     }
-    std::vector<Taken> made;
-    made.push_back(makeFolder());
-    if (!made.front().lock) {
-        return notKeptIn(m_folder);
+    drop(std::exchange(m_kept, std::move(made)));
+    if (isWhole && m_isTakenOver) {
+        drop(std::exchange(m_taken, {}));
     }
-    QString error = write(QDir(made.front().folder), documents);
-    if (error.isEmpty()) {
-        std::swap(made, m_taken);
-    }
-    drop(std::move(made));
-    return error;
+    return {};
 }
 
 /// Without a lock where there can be none. Another run may take a new folder while it is empty, and
 /// clears it away later.
-Recovery::Taken Recovery::makeFolder() const
+Recovery::Held Recovery::makeFolder() const
 {
     const QDir all(m_folder);
     all.mkpath(QStringLiteral("."));
-    Taken made;
+    Held made;
     for (int i = 0; i < kMostNames && !made.lock; ++i) {
-        const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        const QString name = m_run + u'-' + QUuid::createUuid().toString(QUuid::Id128);
         all.mkdir(name, kOwn);
         made = {all.filePath(name), lockOf(QDir(all.filePath(name)))};
         if (!made.lock) {
@@ -167,12 +203,13 @@ Recovery::Taken Recovery::makeFolder() const
 
 void Recovery::forget()
 {
+    drop(std::exchange(m_kept, {}));
     drop(std::exchange(m_taken, {}));
 }
 
-void Recovery::drop(std::vector<Taken> taken)
+void Recovery::drop(std::vector<Held> held)
 {
-    for (Taken& one : taken) {
+    for (Held& one : held) {
         QFile::remove(QDir(one.folder).filePath(kIndex)); // nobody reads what goes
         one.lock.reset();                                 // its file lies in the folder
         QDir(one.folder).removeRecursively();

@@ -36,34 +36,42 @@ public:
     Recovery(const Recovery&) = delete;
     Recovery& operator=(const Recovery&) = delete;
 
-    /// What runs that are over have left, which is this run's from now on and stays on disk until
-    /// forget() or keep(). A folder in which anything cannot be read is nobody's and stays; one
-    /// that was not finished goes with the others when there is anything in these.
+    /// What runs that are over have left, which is this run's from now on and stays on disk, also
+    /// beside what keep() writes, until it is told by setTakenOver() that it has become part of
+    /// that, or until forget(). A folder in which anything cannot be read is nobody's and stays;
+    /// one that was not finished goes with what the same run had kept before.
     /// @param isDocument whether contents can be opened; an empty function: all can
     std::vector<UnsavedDocument> take(const std::function<bool(const QByteArray&)>& isDocument);
 
     /// The folders that the last take() could not read whole.
     const QStringList& unreadable() const { return m_unreadable; }
 
-    /// Replaces what this run has taken or kept.
+    /// All that was taken is among the documents that the next keep() gets, so that it replaces it.
+    void setTakenOver() { m_isTakenOver = true; }
+
+    /// Replaces what this run has kept, and what it has taken over.
+    /// @param isWhole false: some documents are not among these, and what was taken stays too
     /// @return what went wrong, a sentence for the user, and then what was there stays; empty when
     ///     all went well
-    QString keep(const std::vector<UnsavedDocument>& documents);
+    QString keep(const std::vector<UnsavedDocument>& documents, bool isWhole = true);
 
-    /// Nothing needs to be recovered any more.
+    /// Nothing needs to be recovered any more, of what was taken either.
     void forget();
 
 private:
-    struct Taken
+    struct Held
     {
         QString folder;
         std::unique_ptr<QLockFile> lock;
     };
 
-    Taken makeFolder() const;
-    void drop(std::vector<Taken> taken);
+    Held makeFolder() const;
+    void drop(std::vector<Held> held);
 
     QString m_folder;
-    std::vector<Taken> m_taken;
+    QString m_run; ///< names the folders of this run begin with it
+    std::vector<Held> m_kept;
+    std::vector<Held> m_taken;
+    bool m_isTakenOver = true; ///< all of m_taken
     QStringList m_unreadable;
 };

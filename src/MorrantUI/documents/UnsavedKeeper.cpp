@@ -2,6 +2,7 @@
 #include "MorrantUI/documents/UnsavedKeeper.h"
 
 #include <MorrantUI/documents/FileTabs.h>
+#include <MorrantUI/documents/questions.h>
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -38,9 +39,15 @@ QString UnsavedKeeper::keep()
     if (!m_documents) {
         return {};
     }
-    const auto documents = m_documents->unsaved();
-    return documents ? m_recovery.keep(*documents)
-                     : tr("Unsaved changes cannot be kept: a document cannot be written.");
+    QStringList unwritable;
+    bool isWhole = true;
+    const auto documents = m_documents->unsaved(&unwritable, &isWhole);
+    const QString error = m_recovery.keep(documents, isWhole);
+    if (!error.isEmpty() || unwritable.isEmpty()) {
+        return error;
+    }
+    return tr("Unsaved changes of “%1” cannot be kept: it cannot be written.")
+        .arg(ui::shortTitle(unwritable.join(QStringLiteral(", "))));
 }
 
 void UnsavedKeeper::forget()

@@ -22,13 +22,17 @@ public:
     UnsavedKeeper(const QString& folder, FileTabs& documents, QObject* parent = nullptr);
     ~UnsavedKeeper() override;
 
-    /// Where they are kept, and where those that a crash has left are taken from.
+    /// Where they are kept, and where those that a crash has left are taken from. What is taken
+    /// stays on disk until Recovery::setTakenOver() tells that all of it is on pages.
     Recovery& recovery() { return m_recovery; }
 
-    /// Keeps them now. @return what went wrong, a sentence for the user; what was kept before is
-    /// then still there
+    /// Keeps them now, as their pages have them: what is being typed or dragged is not among it
+    /// before FileTabs::finishEditing(). Where nobody is asked any more, that comes first.
+    /// @return what went wrong, a sentence for the user; what was kept before is then still there,
+    ///     and a document that cannot be written is kept as it was when it could
     QString keep();
-    /// Nothing needs to be recovered any more: for an end that the user has agreed to.
+    /// Nothing needs to be recovered any more: for an end that the user has agreed to. Changes that
+    /// come after it are kept again, since the window may stay open.
     void forget();
 
 Q_SIGNALS:

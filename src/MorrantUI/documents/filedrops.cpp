@@ -34,7 +34,7 @@ QStringList filesIn(const QList<QUrl>& urls, const QString& suffix)
 void offerFileDrops(QWidget& widget, const QString& suffix, TakeFiles take)
 {
     widget.setAcceptDrops(true);
-    const auto filter = [suffix, take = std::move(take)](QObject*, QEvent* event) {
+    const auto filter = [&widget, suffix, take = std::move(take)](QObject*, QEvent* event) {
         if (event->type() != QEvent::DragEnter && event->type() != QEvent::Drop) {
             return false;
         }
@@ -47,7 +47,9 @@ void offerFileDrops(QWidget& widget, const QString& suffix, TakeFiles take)
         drop.accept();
         if (event->type() == QEvent::Drop && take) {
             const QStringList paths = filesIn(urls, suffix);
-            take(paths, paths.size() < urls.size());
+            const bool hasOthers = paths.size() < urls.size();
+            const auto later = [take, paths, hasOthers] { take(paths, hasOthers); };
+            QMetaObject::invokeMethod(&widget, later, Qt::QueuedConnection);
         }
         return true;
     };

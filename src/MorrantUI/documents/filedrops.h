@@ -19,8 +19,10 @@ using TakeFiles = std::function<void(const QStringList& paths, bool hasOthers)>;
 
 /// Lets files be dropped on a widget, and on what lies in it and takes no drops of its own. They
 /// are copied: whoever offers to move a file must not delete it after it was read. What cannot be
-/// taken is let in too, so that the drop can say why. A widget in a floating panel needs an offer
-/// of its own, as drops there do not reach the main window.
+/// taken is let in too, so that the drop can say why. They are taken once control returns to the
+/// event loop, as whoever has dropped them waits until then, and not once the widget has died. A
+/// widget in a floating panel needs an offer of its own, as drops there do not reach the main
+/// window.
 /// @param suffix such as "json", in any case; empty for every file
 MORRANT_UI_EXPORT void offerFileDrops(QWidget& widget, const QString& suffix, TakeFiles take);
 

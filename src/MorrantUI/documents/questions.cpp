@@ -14,24 +14,24 @@ namespace {
 constexpr qsizetype kMostNamed = 8;
 constexpr qsizetype kLongestTitle = 60; ///< characters
 
-QString shortened(const QString& title)
+} // namespace
+
+QString shortTitle(const QString& title)
 {
     const QString line = title.simplified();
     return line.size() > kLongestTitle ? line.left(kLongestTitle) + u'…' : line;
 }
 
-} // namespace
-
 QString unsavedText(const QStringList& titles)
 {
     if (titles.size() == 1) {
         return QCoreApplication::translate("ui::documents", "“%1” has changes that are not saved.")
-            .arg(shortened(titles.first()));
+            .arg(shortTitle(titles.first()));
     }
     QString text = QCoreApplication::translate(
         "ui::documents", "These documents have changes that are not saved:");
     for (const QString& title : titles.mid(0, kMostNamed)) {
-        text += u'\n' + QCoreApplication::translate("ui::documents", "• %1").arg(shortened(title));
+        text += u'\n' + QCoreApplication::translate("ui::documents", "• %1").arg(shortTitle(title));
     }
     const auto more = static_cast<int>(titles.size() - kMostNamed);
     return more > 0

@@ -25,6 +25,9 @@ enum class Leaving
 /// @param question its heading, such as "Close “Walk”?"
 MORRANT_UI_EXPORT Leaving askToLeave(const QString& question, const QString& text, QWidget* parent);
 
+/// A title as questions name it: one line, and not a long one.
+MORRANT_UI_EXPORT QString shortTitle(const QString& title);
+
 /// Says which documents have changes that are not saved, the first eight of them by name.
 MORRANT_UI_EXPORT QString unsavedText(const QStringList& titles);
 

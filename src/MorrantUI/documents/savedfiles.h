@@ -28,8 +28,16 @@ MORRANT_UI_EXPORT FileState fileState(const QString& path, const QByteArray& kno
 /// resources.
 MORRANT_UI_EXPORT bool isOnDisk(const QString& path);
 
+/// Whether two paths lead to one file, however they are spelled. Those that do not exist are told
+/// apart by their absolute paths, as the system tells names apart.
+MORRANT_UI_EXPORT bool isSameFile(const QString& one, const QString& other);
+
+/// A title as a file name, without an ending, that every system takes.
+MORRANT_UI_EXPORT QString fileNameFor(const QString& title);
+
 /// Replaces a file as a whole, or leaves it as it was. A link is followed, and the file keeps its
-/// permissions.
+/// permissions; its owner and access lists become those of a new file, and other hard links keep
+/// the old contents. A folder that takes no new file refuses.
 /// @return one sentence for the user, empty when all went well
 MORRANT_UI_EXPORT QString replaceFile(const QString& path, const QByteArray& bytes);
 

@@ -62,7 +62,12 @@ public:
         return m_text.contains('!') ? std::nullopt : std::optional(m_text);
     }
     bool canBeRead(const QByteArray& text) const override { return !text.contains('?'); }
-    void finishEditing() override { m_text += std::exchange(typing, {}); }
+    void finishEditing() override
+    {
+        if (!typing.isEmpty()) {
+            type(std::exchange(typing, {}));
+        }
+    }
 
     QByteArray typing;
 
@@ -97,6 +102,7 @@ struct Tabs : FileTabs
         add(new TextPage(QFileInfo(path).completeBaseName(), path));
         return front();
     }
+    TextPage& page(int index) { return static_cast<TextPage&>(*pages().at(index)); }
     TextPage& front() { return static_cast<TextPage&>(*current()); }
     void close(int index) { Q_EMIT getTab(index)->closed(); }
     QString texts()
@@ -134,6 +140,7 @@ private Q_SLOTS:
         QVERIFY(current.size() == 1 && tabs.getHeader()->isVisible());
         tabs.closeCurrent();
         tabs.close(0);
+        tabs.getHeader()->closeTabs({0});
         QCOMPARE(tabs.texts(), u"a"_qs);
 
         tabs.add(new TextPage(u"b"_qs, {}));
@@ -171,14 +178,22 @@ private Q_SLOTS:
 
         tabs.add(new TextPage(u"e"_qs, {}));
         FilePage* const kept = tabs.pages().at(1);
+        tabs.setTab(2);
         answer(QDialogButtonBox::Cancel);
-        tabs.getHeader()->closeTabs({0, 1}); // the one that is kept comes back
-        QTRY_COMPARE(tabs.texts(), u"e* d*"_qs);
+        tabs.getHeader()->closeTabs({0, 1, 2}); // the one that is kept comes forward and ends it
+        QCOMPARE(tabs.texts(), u"d* e*"_qs);
         QCOMPARE(std::exchange(gAsked, 0), 2);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(tabs.current() == kept && kept->isVisible());
         kept->setSaved(u"/elsewhere/new.txt"_qs, {});
-        QCOMPARE(tabs.texts(), u"e* new"_qs);
+        QCOMPARE(tabs.texts(), u"new e*"_qs);
+        QCOMPARE(tabs.getTab(1)->accessibleDescription(), u"Has unsaved changes"_qs);
+        tabs.open(u"/elsewhere/f.txt"_qs);
+        tabs.page(1).type("x");
+        answer(QDialogButtonBox::Discard);
+        tabs.getHeader()->closeTabs({1}); // the one in front is so again
+        QCOMPARE(tabs.front().title() + tabs.texts(), u"fnew f*"_qs);
+        QCOMPARE(std::exchange(gAsked, 0), 1);
     }
 
     void savingAsksWhereToAndOverWhat()
@@ -211,10 +226,30 @@ private Q_SLOTS:
             QCOMPARE(contentsOf(tabs.chosen), other);
             QVERIFY(!saved || QFile::remove(tabs.chosen)); // asked again
         }
-        tabs.open(path);
-        replace(tabs.chosen, "123");
-        QVERIFY(!tabs.saver().saveAs(tabs.front()));
-        QVERIFY(tabs.errors.value(0).endsWith(u"it is open in another tab."_qs));
+        tabs.chosen = folder.filePath(u"./other.txt"_qs); // which does not exist any more
+        QVERIFY(!tabs.saver().saveAs(tabs.open(path)));
+        QVERIFY(tabs.errors.value(0).endsWith(u"it is open in another tab or window."_qs));
+
+        tabs.saver().setChoosePath({});
+        const QString walk = folder.filePath(u"walk.txt"_qs);
+        replace(walk, "old");
+        for (const Button button : {QDialogButtonBox::Cancel, QDialogButtonBox::Discard}) {
+            ui::test::answerDialog([&](QDialog& dialog) {
+                dialog.findChild<QLineEdit*>()->setText(folder.filePath(u"walk"_qs));
+                answer(button);
+                dialog.accept();
+            });
+            const bool may = button == QDialogButtonBox::Discard;
+            QVERIFY(tabs.saver().saveAs(tabs.front()) == may && std::exchange(gAsked, 0) == 1);
+            QCOMPARE(contentsOf(walk), may ? contentsOf(path) : QByteArray("old"));
+        }
+        QString names;
+        for (const QString& title : {u"A\nB/c"_qs, u"con.x"_qs, u" walk. ."_qs, u"..."_qs}) {
+            names += ui::fileNameFor(title) + u'|';
+        }
+        QCOMPARE(
+            names + ui::fileNameFor(QString(300, u'歩')),
+            u"A B-c|_con.x|walk|Untitled|"_qs + QString(66, u'歩'));
 #ifdef Q_OS_UNIX
         const QString link = folder.filePath(u"link"_qs);
         QVERIFY(QFile::link(path, link));
@@ -232,27 +267,57 @@ private Q_SLOTS:
         replace(path, "1");
         Tabs tabs;
         tabs.open(path).type("2");
-        const QByteArray texts[] = {{}, {}, {}, "?", "!"};
-        const QString bad[] = {
-            path + u"/x"_qs, folder.path(), folder.filePath(u"none/x"_qs), path, path};
-        for (std::size_t i = 0; i < std::size(bad); ++i) {
-            tabs.chosen = bad[i];
-            tabs.front().type(texts[i]);
+        const std::pair<QString, QByteArray> bad[] = {
+            {path + u"/x"_qs, {}},
+            {folder.path(), {}},
+            {folder.filePath(u"none/x"_qs), {}},
+            {path, "?"},
+            {path, "!"}};
+        for (const auto& [chosen, text] : bad) {
+            tabs.chosen = chosen;
+            tabs.front().type(text);
             QVERIFY(!tabs.saver().saveAs(tabs.front()) && tabs.front().isModified());
-            const QString start = u"“%1” was not saved: "_qs.arg(QDir::toNativeSeparators(bad[i]));
+            const QString start = u"“%1” was not saved: "_qs.arg(QDir::toNativeSeparators(chosen));
             QVERIFY(tabs.errors.takeLast().startsWith(start));
-            QCOMPARE(contentsOf(path), QByteArray("1"));
         }
-        QVERIFY(!tabs.unsaved());
+        QCOMPARE(contentsOf(path), QByteArray("1"));
+        bool isWhole = true;
+        QVERIFY(tabs.unsaved(nullptr, &isWhole).empty() && !isWhole);
+    }
+
+    void whoeverIsAskedForMayGoMeanwhile()
+    {
+        const QTemporaryDir folder;
+        QString asked;
+        for (const int way : {0, 1, 2}) {
+            const QPointer<Tabs> tabs = new Tabs;
+            TextPage& page = tabs->open(folder.filePath(u"gone"_qs));
+            const auto go = [&] { delete (way == 2 ? static_cast<QWidget*>(&page) : tabs.data()); };
+            tabs->saver().setChoosePath({});
+            if (way == 0) {
+                tabs->saver().setChoosePath([&go](const QString& suggested) {
+                    go();
+                    return suggested;
+                });
+            } else {
+                ui::test::answerDialog([&](QDialog& dialog) {
+                    asked = dialog.windowTitle();
+                    go();
+                });
+            }
+            QVERIFY(!(way == 2 ? tabs->saver().save(page) : tabs->saver().saveAs(page)));
+            QVERIFY(QDir(folder.path()).isEmpty() && bool(tabs) == (way == 2));
+            delete tabs;
+        }
+        QCOMPARE(asked, u"Save “gone” again?"_qs);
     }
 
     void leavingAsksOnceOverAllChanges()
     {
         const QTemporaryDir folder;
         Tabs tabs({u"a"_qs, u"b"_qs, u"c"_qs});
-        for (FilePage* page : tabs.pages().mid(1)) {
-            static_cast<TextPage*>(page)->type("x");
-        }
+        tabs.page(1).type("x");
+        tabs.page(2).typing = "x";
         const std::pair<Button, bool> answers[] = {
             {QDialogButtonBox::Cancel, false},
             {QDialogButtonBox::Discard, true},
@@ -262,13 +327,17 @@ private Q_SLOTS:
             QCOMPARE(tabs.mayLeave(u"Quit?"_qs), may);
             QCOMPARE(std::exchange(gAsked, 0), 1);
         }
-        tabs.saver().setChoosePath([&folder](const QString& suggested) {
+        QStringList seen;
+        tabs.setTab(0);
+        tabs.saver().setChoosePath([&](const QString& suggested) {
+            seen.append(tabs.front().title());
             return folder.filePath(QFileInfo(suggested).fileName());
         });
         answer(QDialogButtonBox::Save);
         QVERIFY(tabs.mayLeave(u"Quit?"_qs) && tabs.mayLeave(u"Quit?"_qs));
         QCOMPARE(std::exchange(gAsked, 0), 1);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), (QStringList{u"b"_qs, u"c"_qs}));
+        QCOMPARE(seen, (QStringList{u"b"_qs, u"c"_qs}));
         const QString named = ui::unsavedText({u"A\nB"_qs, QString(99, u'c')});
         QVERIFY(named.contains(u"\n• A B\n• ccc"_qs) && named.endsWith(u"c…"_qs));
         QVERIFY(ui::unsavedText(QStringList(10, u"d"_qs)).endsWith(u"\nand 2 more"_qs));
@@ -287,10 +356,12 @@ private Q_SLOTS:
         const QUrl remote(u"https://example.org/b.txt"_qs);
         for (const QList<QUrl>& urls : {QList{file}, {file, remote}, {remote}}) {
             data.setUrls(urls);
-            QVERIFY(ui::test::dropOn(target, data, Qt::MoveAction));
+            QVERIFY(ui::test::dropOn(target, data, Qt::MoveAction) && taken.isEmpty());
+            QCoreApplication::processEvents(); // the drop is over
             const bool isWhole = !urls.contains(remote);
             QCOMPARE(taken.takeLast(), isWhole ? u"whole"_qs : u"and others"_qs);
-            QCOMPARE(taken, urls.contains(file) ? QStringList(file.toLocalFile()) : QStringList());
+            const QStringList files = std::exchange(taken, {});
+            QCOMPARE(files, urls.contains(file) ? QStringList(file.toLocalFile()) : QStringList());
         }
     }
 
@@ -302,26 +373,50 @@ private Q_SLOTS:
         {
             Tabs tabs({u"a"_qs, u"b"_qs});
             UnsavedKeeper keeper(kept, tabs);
-            tabs.front().type("12");
-            ui::test::FakeClock(&keeper).fireTimers(5000);
+            ui::test::FakeClock clock(&keeper);
+            for (const char* const text : {"1", "2"}) {
+                tabs.front().type(text);
+                QCOMPARE(clock.fireTimers(5000), 1);
+            }
             QVERIFY(Recovery(kept).take(isText).empty()); // of a run that goes on
             tabs.front().type("!");
-            QVERIFY(!keeper.keep().isEmpty()); // and what was there stays
+            tabs.page(0).type("13");
+            QVERIFY(keeper.keep().contains(u"“b”"_qs)); // which stays as it was
         }
-        for (const QString& file : {u"/damaged/index.json"_qs, u"/unfinished/1.document"_qs}) {
-            QVERIFY(QDir(kept).mkdir(file.section(u'/', 1, 1)));
-            replace(kept + file, "{");
+        QDir all(kept);
+        const auto names = [&all] { return all.entryList(QDir::Dirs | QDir::NoDotAndDotDot); };
+        const QString whole = names().value(0);
+        const QString next = whole.section(u'-', 0, 0) + u"-next"_qs;
+        const QByteArray index = contentsOf(all.filePath(whole + u"/index.json"_qs));
+        const std::tuple<QString, QString, QByteArray> left[] = {
+            {u"damaged"_qs, u"index.json"_qs, "{"},
+            {u"missing"_qs, u"index.json"_qs, index},
+            {u"short"_qs, u"index.json"_qs, index},
+            {u"short"_qs, u"1.document"_qs, "1"},
+            {u"short"_qs, u"2.document"_qs, "12"},
+            {u"unfinished"_qs, u"1.document"_qs, "1"},
+            {next, u"1.document"_qs, "1"}};
+        for (const auto& [name, file, bytes] : left) {
+            QVERIFY(all.mkpath(name));
+            replace(all.filePath(name + u'/' + file), bytes);
         }
+        const QStringList bad{u"damaged"_qs, u"missing"_qs, u"short"_qs, u"unfinished"_qs};
         {
-            Recovery next(kept);
+            Recovery recovery(kept);
+            const QByteArray none = ui::fingerprintOf({});
             QCOMPARE(
-                next.take(isText),
-                (std::vector<UnsavedDocument>{{u"b"_qs, {}, ui::fingerprintOf({}), "12"}}));
-            QCOMPARE(next.unreadable(), QStringList(kept + u"/damaged"_qs));
-            next.forget();
+                recovery.take(isText),
+                (std::vector<UnsavedDocument>{
+                    {u"a"_qs, {}, none, "13"}, {u"b"_qs, {}, none, "12"}}));
+            QStringList unreadable = recovery.unreadable();
+            unreadable.replaceInStrings(kept + u'/', QString());
+            unreadable.sort();
+            QCOMPARE(unreadable, bad);
+            QVERIFY(recovery.keep({}).isEmpty() && names().contains(whole)); // not taken over yet
+            recovery.setTakenOver();
+            QVERIFY(recovery.keep({}).isEmpty());
         }
-        QCOMPARE(
-            QDir(kept).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList(u"damaged"_qs));
+        QCOMPARE(names(), bad);
         Recovery nowhere(kept + u"/damaged/index.json"_qs);
         QVERIFY(nowhere.keep({{u"b"_qs, {}, {}, "12"}}).contains(u"index.json"_qs));
     }
