@@ -157,6 +157,10 @@
 <context>
     <name>EasingEditor</name>
     <message>
+        <source>Time %1, change %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Easing</source>
         <translation type="unfinished"></translation>
     </message>
@@ -188,11 +192,19 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>“%1” was not saved: it is open in another tab.</source>
+        <source>“%1” was not saved: it is open in another tab or window.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Save As</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save “%1” As</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is such a file already. What it holds would be lost.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -220,6 +232,10 @@
     </message>
     <message>
         <source>%1*</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Has unsaved changes</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -348,6 +364,10 @@
 </context>
 <context>
     <name>LayoutFile</name>
+    <message>
+        <source>The layout in “%1” cannot be read: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
     <message>
         <source>The layout in “%1” cannot be used: %2.</source>
         <translation type="unfinished"></translation>
@@ -617,6 +637,12 @@
 </context>
 <context>
     <name>TransportBar</name>
+    <message numerus="yes">
+        <source>%n dropped</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
     <message>
         <source>Transport</source>
         <translation type="unfinished"></translation>
@@ -657,17 +683,11 @@
         <source> / %1</source>
         <translation type="unfinished"></translation>
     </message>
-    <message numerus="yes">
-        <source>%n dropped</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
 </context>
 <context>
     <name>UnsavedKeeper</name>
     <message>
-        <source>Unsaved changes cannot be kept: a document cannot be written.</source>
+        <source>Unsaved changes of “%1” cannot be kept: it cannot be written.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -914,6 +934,10 @@
     </message>
     <message>
         <source>&amp;Overwrite</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Untitled</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

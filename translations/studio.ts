@@ -990,6 +990,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Visibility</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Unlocked</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1003,6 +1007,10 @@
     </message>
     <message>
         <source>Unlock layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lock</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
