@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -25,6 +27,7 @@ constexpr int kSubFormat = 24;          ///< where that begins; the tag are its 
 constexpr qint64 kFramesAtOnce = 16384;
 constexpr int kMostChunks = 1000; ///< before the sound
 constexpr int kMostChannels = 8;
+constexpr qint64 kUnknownSize = 0xFFFF'FFFF;
 constexpr quint32 kMostSampleRate = 768'000;
 
 /// What follows the tag in the names of all formats that have one.
@@ -74,13 +77,20 @@ QString complaint(const Format& format, int blockAlign)
                                              : Texts::tr("its format contradicts itself");
 }
 
+/// What a float cannot hold is held at its ends.
+float narrowed(double sample)
+{
+    constexpr double kMost = std::numeric_limits<float>::max();
+    return std::isnan(sample) ? 0.0F : static_cast<float>(std::clamp(sample, -kMost, kMost));
+}
+
 /// One sample, -1 to 1 for whole numbers.
 float sampleAt(const char* bytes, const Format& format)
 {
     constexpr float kScale = 1.0F / 2147483648.0F; // of 32 bits
     if (format.tag == kFloat) {
         return format.bits == 32 ? qFromLittleEndian<float>(bytes)
-                                 : static_cast<float>(qFromLittleEndian<double>(bytes));
+                                 : narrowed(qFromLittleEndian<double>(bytes));
     }
     if (format.bits == 8) {
         return (static_cast<float>(static_cast<unsigned char>(*bytes)) - 128.0F) / 128.0F;
@@ -100,12 +110,13 @@ public:
 
     WavSound read()
     {
-        const QByteArray head = m_device.read(12);
+        const QByteArray head = next(12);
         if (head.size() < 12 || !head.startsWith("RIFF") || head.mid(8) != "WAVE") {
             return refused(Texts::tr("it is no WAV file"));
         }
+        m_end = qint64(at<quint32>(head, 4)) + 8;
         for (int chunks = 0; chunks < kMostChunks; ++chunks) {
-            const QByteArray chunk = m_device.read(8);
+            const QByteArray chunk = next(8);
             if (chunk.size() < 8) {
                 break;
             }
@@ -127,14 +138,29 @@ public:
 private:
     static WavSound refused(const QString& error) { return {{}, 0, error}; }
 
+    /// As many bytes as there are: a sequential device gives them in pieces.
+    QByteArray next(qint64 count)
+    {
+        QByteArray bytes;
+        while (bytes.size() < count) {
+            const QByteArray piece = m_device.read(count - bytes.size());
+            if (piece.isEmpty()) {
+                break;
+            }
+            bytes += piece;
+        }
+        m_read += bytes.size();
+        return bytes;
+    }
+
     void skip(qint64 bytes)
     {
-        m_device.skip(bytes); // at the end of the file the next chunk is missing
+        m_read += std::max<qint64>(0, m_device.skip(bytes)); // at the end the next chunk is missing
     }
 
     QString readFormat(qint64 size)
     {
-        const QByteArray bytes = m_device.read(std::min(size, kExtensibleBytes));
+        const QByteArray bytes = next(std::min(size, kExtensibleBytes));
         if (bytes.size() < kFormatBytes) {
             return Texts::tr("its format is incomplete");
         }
@@ -160,20 +186,30 @@ private:
         if (!m_format) {
             return refused(Texts::tr("its format comes too late"));
         }
-        // What is written while it is recorded has a size that means nothing.
-        const qint64 there = m_device.isSequential() ? size : m_device.size() - m_device.pos();
-        const qint64 frames = std::min(size, there) / m_format->frameBytes();
-        if (frames > kMostSoundSamples) {
+        // While it is written a recorder knows no size; an empty sound may have chunks behind it.
+        const bool isOpen = size == kUnknownSize || (size == 0 && m_end <= m_read);
+        const qint64 most = (kMostSoundSamples + 1) * m_format->frameBytes();
+        qint64 there = isOpen ? most : size;
+        if (!m_device.isSequential()) {
+            there = std::min(there, m_device.size() - m_device.pos());
+        }
+        const qint64 frames = there / m_format->frameBytes();
+        if (frames > kMostSoundSamples && !(isOpen && m_device.isSequential())) {
             return refused(Texts::tr("it is too long"));
         }
         WavSound result{{}, static_cast<double>(m_format->rate), {}};
-        result.samples.reserve(static_cast<std::size_t>(std::max<qint64>(0, frames)));
+        if (!m_device.isSequential()) { // else nobody knows
+            result.samples.reserve(static_cast<std::size_t>(std::max<qint64>(0, frames)));
+        }
         for (qint64 left = frames; left > 0;) {
             const qint64 wanted = std::min(left, kFramesAtOnce);
-            const QByteArray block = m_device.read(wanted * m_format->frameBytes());
+            const QByteArray block = next(wanted * m_format->frameBytes());
             const qint64 got = block.size() / m_format->frameBytes();
             mix(block, got, result.samples);
             left = got == wanted ? left - got : 0;
+        }
+        if (result.samples.size() > static_cast<std::size_t>(kMostSoundSamples)) {
+            return refused(Texts::tr("it is too long"));
         }
         return result.samples.empty() ? refused(Texts::tr("it holds no sound")) : std::move(result);
     }
@@ -192,6 +228,8 @@ private:
     }
 
     QIODevice& m_device;
+    qint64 m_read = 0; ///< bytes, which sequential devices do not count
+    qint64 m_end = 0;  ///< of the file as its head has it
     std::optional<Format> m_format;
 };
 
