@@ -17,13 +17,20 @@
 
 namespace {
 
-constexpr int kMargin = 4;  ///< logical pixels, at either end of a label
-constexpr int kIndent = 14; ///< logical pixels a level
-constexpr int kArrow = 16;  ///< logical pixels across, the arrow's own place
-constexpr int kIcon = 16;   ///< logical pixels across
-constexpr int kSpacing = 4; ///< logical pixels between icon and text
+constexpr int kMargin = 4;      ///< logical pixels, at either end of a label
+constexpr int kIndent = 14;     ///< logical pixels a level
+constexpr int kArrow = 16;      ///< logical pixels across, the arrow's own place
+constexpr int kIcon = 16;       ///< logical pixels across
+constexpr int kSpacing = 4;     ///< logical pixels between icon and text
+constexpr int kDeepest = 10000; ///< levels that are told apart: pixels are whole numbers
 constexpr int kUsualWidth = 200;
-constexpr float kLineAlpha = 0.28F; ///< of the line below a row, as the view draws it
+constexpr std::size_t kLeastTidied = 64; ///< entries that came since
+constexpr float kLineAlpha = 0.28F;      ///< of the line below a row, as the view draws it
+
+int indent(const TimeRowLabel& label)
+{
+    return kMargin + std::clamp(label.depth, 0, kDeepest) * kIndent;
+}
 
 } // namespace
 
@@ -55,10 +62,25 @@ void TimeEditorRowHeader::setLabel(TimeEditorBaseItem* row, const TimeRowLabel& 
     if (const Entry* const known = find(row)) {
         m_entries[static_cast<std::size_t>(known - m_entries.data())].label = label;
     } else {
-        std::erase_if(m_entries, [](const Entry& entry) { return !entry.row; });
+        tidy();
+        m_places.insert(row, m_entries.size());
         m_entries.push_back({row, label});
     }
     update();
+}
+
+/// Forgets dead rows, seldom enough for that to cost nothing.
+void TimeEditorRowHeader::tidy()
+{
+    if (m_entries.size() < m_tidyAt) {
+        return;
+    }
+    std::erase_if(m_entries, [](const Entry& entry) { return !entry.row; });
+    m_places.clear();
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        m_places.insert(m_entries[i].row, i);
+    }
+    m_tidyAt = 2 * m_entries.size() + kLeastTidied;
 }
 
 const TimeRowLabel* TimeEditorRowHeader::label(const TimeEditorBaseItem* row) const
@@ -70,19 +92,20 @@ const TimeRowLabel* TimeEditorRowHeader::label(const TimeEditorBaseItem* row) co
 void TimeEditorRowHeader::clear()
 {
     m_entries.clear();
-    m_current = nullptr;
+    m_places.clear();
+    m_current = nullptr; // readers hear of it when the next one is set, perhaps the same again
     update();
 }
 
 void TimeEditorRowHeader::setCurrentRow(TimeEditorBaseItem* row)
 {
     TimeEditorBaseItem* const wanted = find(row) ? row : nullptr;
+    const QString text = wanted ? label(wanted)->text : QString();
+    if (text != accessibleDescription()) { // of rows that were filled anew
+        setAccessibleDescription(text);
+    }
     if (m_current != wanted) {
         m_current = wanted;
-        const QString text = wanted ? label(wanted)->text : QString();
-        if (text != accessibleDescription()) { // of rows that were filled anew
-            setAccessibleDescription(text);
-        }
         update();
     }
 }
@@ -130,10 +153,9 @@ QSize TimeEditorRowHeader::sizeHint() const
 
 const TimeEditorRowHeader::Entry* TimeEditorRowHeader::find(const TimeEditorBaseItem* row) const
 {
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(), [row](const Entry& entry) {
-        return row && entry.row == row;
-    });
-    return found != m_entries.end() ? &*found : nullptr;
+    const auto place = m_places.constFind(row);
+    const Entry* const entry = place != m_places.cend() ? &m_entries[*place] : nullptr;
+    return row && entry && entry->row == row ? entry : nullptr; // another may have had its address
 }
 
 std::vector<const TimeEditorRowHeader::Entry*> TimeEditorRowHeader::living() const
@@ -172,9 +194,8 @@ QRect TimeEditorRowHeader::labelRect(const Entry& entry) const
 QRect TimeEditorRowHeader::foldRect(const Entry& entry) const
 {
     const QRect place = labelRect(entry);
-    return entry.label.foldable
-               ? QRect(kMargin + entry.label.depth * kIndent, place.top(), kArrow, place.height())
-               : QRect();
+    return entry.label.foldable ? QRect(indent(entry.label), place.top(), kArrow, place.height())
+                                : QRect();
 }
 
 bool TimeEditorRowHeader::eventFilter(QObject* watched, QEvent* event)
@@ -224,7 +245,7 @@ void TimeEditorRowHeader::paintLabel(QPainter& painter, const Entry& entry) cons
         const Qt::ArrowType way = label.folded ? Qt::RightArrow : Qt::DownArrow;
         ui::drawChevron(painter, foldRect(entry), way, ink);
     }
-    QRect room = place.adjusted(kMargin + label.depth * kIndent + kArrow, 0, -kMargin, 0);
+    QRect room = place.adjusted(indent(label) + kArrow, 0, -kMargin, 0);
     if (!label.icon.isNull()) {
         const QRect icon(room.left(), place.center().y() - kIcon / 2 + 1, kIcon, kIcon);
         label.icon.paint(

@@ -6,8 +6,10 @@
 #include <MorrantUI/timeeditor/TimeEditorBaseItem.h>
 #include <MorrantUI/timeeditor/dopesheetlines.h>
 
+#include <QHash>
 #include <QPointer>
 
+#include <cstddef>
 #include <vector>
 
 class QPainter;
@@ -53,7 +55,9 @@ public:
 Q_SIGNALS:
     /// The user has chosen a row. It is the current one already.
     void currentRowChosen(TimeEditorBaseItem* row);
-    /// The user wants to fold or unfold what belongs to a row, with Control all of its kind.
+    /// The user wants to fold or unfold what belongs to a row, with Control all of its kind. A
+    /// DopeSheetOutline does so in its slot, which may delete the row before later slots: those
+    /// hear of it better by DopeSheetOutline::foldedChanged().
     void foldRequested(TimeEditorBaseItem* row, bool folded, bool all);
 
 protected:
@@ -73,6 +77,7 @@ private:
         TimeRowLabel label;
     };
 
+    void tidy();
     const Entry* find(const TimeEditorBaseItem* row) const;
     std::vector<const Entry*> living() const;
     QRect viewportRect() const;
@@ -85,6 +90,8 @@ private:
 
     QPointer<TimeEditorView> m_view;
     std::vector<Entry> m_entries; ///< in the order in which they came; rows may have died
+    QHash<const TimeEditorBaseItem*, std::size_t> m_places; ///< of the entries
+    std::size_t m_tidyAt = 0; ///< entries, from which on those of dead rows go
     QPointer<TimeEditorBaseItem> m_current;
     bool m_showsFocus = false; ///< it came by the keyboard
 };
