@@ -7,6 +7,7 @@
 #include <QGraphicsItem>
 
 #include <algorithm>
+#include <functional>
 
 class GraphicsView;
 
@@ -67,8 +68,8 @@ private:
     QAccessible::Role m_role;
 };
 
-/// A list of the view. @tparam kName QString (const List&) @tparam kItems the member of List that
-/// returns its items in the order in which they are read
+/// A list of the view. @tparam kName QString (const List&) @tparam kItems the member of List,
+/// or function of one, that returns its items in the order in which they are read
 template <class List, auto kName, auto kItems>
 class AccessibleList : public AccessibleSceneItem
 {
@@ -82,7 +83,7 @@ protected:
     QString name() const override { return kName(*m_list); }
     QObjectList items() const override
     {
-        const auto all = (m_list->*kItems)();
+        const auto all = std::invoke(kItems, *m_list);
         return {all.begin(), all.end()};
     }
 
@@ -90,9 +91,9 @@ private:
     List* m_list;
 };
 
-/// An item whose curve() is such a list. @tparam kName QString (const Item&, int number), the
-/// number being 1 for the first item of the list @tparam kItems as in AccessibleList
-template <class Item, auto kName, auto kItems>
+/// An item of such a list. @tparam kName QString (const Item&, int number), the number being 1 for
+/// the first item of the list @tparam kItems as in AccessibleList @tparam kList gives the item's
+template <class Item, auto kName, auto kItems, auto kList = &Item::curve>
 class AccessibleListItem : public AccessibleSceneItem
 {
 public:
@@ -102,11 +103,11 @@ public:
     {}
 
 protected:
-    QObject* list() const override { return m_item->curve(); }
+    QObject* list() const override { return std::invoke(kList, *m_item); }
     QString name() const override
     {
-        const auto* const curve = m_item->curve();
-        const auto all = curve ? (curve->*kItems)() : decltype((curve->*kItems)())();
+        const auto* const list = std::invoke(kList, *m_item);
+        const auto all = list ? std::invoke(kItems, *list) : decltype(std::invoke(kItems, *list))();
         const auto found = std::find(all.begin(), all.end(), m_item);
         return kName(*m_item, found == all.end() ? 0 : static_cast<int>(found - all.begin()) + 1);
     }

@@ -2,6 +2,7 @@
 #include "MorrantUI/timeeditor/DopeSheetView.h"
 
 #include "MorrantUI/timeeditor/SelectionTold.h"
+#include "MorrantUI/timeeditor/keywalk.h"
 #include "MorrantUI/timeeditor/outlinelines.h"
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
@@ -66,18 +67,13 @@ void DopeSheetView::selectKeysWhere(const IsWanted& isWanted)
     TimeEditorScene& scene = *getEditorScene();
     const ui::SelectionTold told(scene);
     scene.clearSelection();
-    const auto select = [&isWanted](const auto& rows) {
-        for (const TimeEditorBaseItem* const row : rows) {
-            for (QGraphicsItem* const child : row->childItems()) {
-                auto* const key = dynamic_cast<TimeEditorKeyframeItem*>(child);
-                if (key && isWanted(key->scenePos().x())) {
-                    key->setSelected(true);
-                }
+    for (const TimeEditorBaseItem* const row : scene.keyRows()) {
+        for (TimeEditorKeyframeItem* const key : ui::keysIn(*row)) {
+            if (isWanted(key->scenePos().x())) {
+                key->setSelected(true);
             }
         }
-    };
-    select(scene.curves());
-    select(scene.clips());
+    }
 }
 
 void DopeSheetView::selectAllKeys()

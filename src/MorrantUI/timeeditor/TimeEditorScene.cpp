@@ -5,6 +5,7 @@
 #include "MorrantUI/timeeditor/RowHover.h"
 #include "MorrantUI/timeeditor/SelectionTold.h"
 #include "MorrantUI/timeeditor/beatgrid.h"
+#include "MorrantUI/timeeditor/keywalk.h"
 #include "MorrantUI/timeeditor/rowpass.h"
 #include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/theme/colors.h>
@@ -231,6 +232,15 @@ void TimeEditorScene::strike(TimeEditorBaseItem* item)
     std::erase_if(m_curves, isIt);
     std::erase_if(m_clips, isIt);
     m_others.erase(item);
+}
+
+std::vector<TimeEditorBaseItem*> TimeEditorScene::keyRows() const
+{
+    std::vector<TimeEditorBaseItem*> rows(m_curves.begin(), m_curves.end());
+    const auto hasKeys = [](const TimeEditorBaseItem* row) { return !ui::keysIn(*row).empty(); };
+    std::copy_if(m_clips.begin(), m_clips.end(), std::back_inserter(rows), hasKeys);
+    std::copy_if(m_others.begin(), m_others.end(), std::back_inserter(rows), hasKeys);
+    return rows;
 }
 
 void TimeEditorScene::takeOut(TimeEditorBaseItem& dying)

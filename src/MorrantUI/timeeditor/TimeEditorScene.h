@@ -84,6 +84,8 @@ public:
     /// All curves and all clips of the scene, ordered by address.
     const std::set<TimeEditorCurveItem*>& curves() const { return m_curves; }
     const std::set<TimeEditorClipItem*>& clips() const { return m_clips; }
+    /// All curves, and what else has keys for its children, such as clips, in no order.
+    std::vector<TimeEditorBaseItem*> keyRows() const;
 
 protected:
     void drawBackground(QPainter* painter, const QRectF& exposed) override;

@@ -9,6 +9,7 @@
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keylook.h"
 #include "MorrantUI/timeeditor/keyscaling.h"
+#include "MorrantUI/timeeditor/keywalk.h"
 #include "MorrantUI/timeeditor/marqueefilter.h"
 #include <MorrantUI/controls/connections/ConnectionInstance.h>
 #include <MorrantUI/controls/gestures/modifiers.h>
@@ -18,6 +19,7 @@
 #include <MorrantUI/timeeditor/TimeEditorCurveItem.h>
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
+#include <MorrantUI/timeeditor/TimeEditorSoundItem.h>
 #include <MorrantUI/timeeditor/TranslateScaleTool.h>
 #include <MorrantUI/timeline/TimeHandle.h>
 
@@ -34,9 +36,10 @@ namespace {
 
 constexpr double kToolZ = 100.0;
 
-QString spokenRow(const TimeEditorCurveItem& row)
+QString spokenRow(const TimeEditorBaseItem& row)
 {
-    return row.text().isEmpty() ? TimeEditorView::tr("Keys") : row.text();
+    const QString name = ui::rowName(row);
+    return name.isEmpty() ? TimeEditorView::tr("Keys") : name;
 }
 
 QString spokenKey(const TimeEditorKeyframeItem& key, int number)
@@ -45,12 +48,19 @@ QString spokenKey(const TimeEditorKeyframeItem& key, int number)
     return TimeEditorView::tr("Keyframe %1: frame %2").arg(QString::number(number), frame);
 }
 
+template <class Row>
+void installReader()
+{
+    ui::installAccessible<Row, ui::AccessibleList<Row, &spokenRow, &ui::keysIn>>();
+}
+
 void installReaders()
 {
-    using Row = TimeEditorCurveItem;
+    installReader<TimeEditorCurveItem>();
+    installReader<TimeEditorClipItem>();
+    installReader<TimeEditorSoundItem>();
     using Key = TimeEditorKeyframeItem;
-    ui::installAccessible<Row, ui::AccessibleList<Row, &spokenRow, &Row::keyframes>>();
-    ui::installAccessible<Key, ui::AccessibleListItem<Key, &spokenKey, &Row::keyframes>>();
+    ui::installAccessible<Key, ui::AccessibleListItem<Key, &spokenKey, &ui::keysIn, &ui::rowOf>>();
 }
 
 bool isHeld(Qt::KeyboardModifier modifier)

@@ -243,9 +243,10 @@ void TimeEditorView::selectWalked(TimeEditorKeyframeItem& key, bool extends)
             m_scene->clearSelection();
         }
         key.setSelected(true);
-        if (extends && key.curve() && m_walkAnchor->curve() == key.curve()) {
+        const TimeEditorBaseItem* const row = ui::rowOf(key);
+        if (extends && row && ui::rowOf(*m_walkAnchor) == row) {
             const auto [first, last] = std::minmax({m_walkAnchor->x(), key.x()});
-            for (TimeEditorKeyframeItem* const each : key.curve()->keyframes()) {
+            for (TimeEditorKeyframeItem* const each : ui::keysIn(*row)) {
                 each->setSelected(each->x() >= first && each->x() <= last);
             }
         }
@@ -258,22 +259,22 @@ void TimeEditorView::describeWalkedKey()
     if (!m_walkedKey) {
         return;
     }
-    const TimeEditorCurveItem* const row = m_walkedKey->curve();
+    const TimeEditorBaseItem* const row = ui::rowOf(*m_walkedKey);
+    const QString name = row ? ui::rowName(*row) : QString();
     const QString frame = QString::number(ui::nearestFrame(m_walkedKey->scenePos().x()));
-    const QString text = row && !row->text().isEmpty()
-                             ? tr("%1, key at frame %2").arg(row->text(), frame)
-                             : tr("Key at frame %1").arg(frame);
+    const QString text = name.isEmpty() ? tr("Key at frame %1").arg(frame)
+                                        : tr("%1, key at frame %2").arg(name, frame);
     setAccessibleDescription(m_walkedKey->isSelected() ? tr("%1, selected").arg(text) : text);
 }
 
 QObjectList TimeEditorView::listsForReaders() const
 {
-    std::vector<std::pair<double, TimeEditorCurveItem*>> rows;
-    if (m_scene) {
-        for (TimeEditorCurveItem* const row : m_scene->curves()) {
-            if (row->isVisible()) {
-                rows.emplace_back(row->scenePos().y(), row);
-            }
+    std::vector<std::pair<double, TimeEditorBaseItem*>> rows;
+    for (TimeEditorBaseItem* const row :
+         m_scene ? m_scene->keyRows() : std::vector<TimeEditorBaseItem*>())
+    {
+        if (row->isVisible()) {
+            rows.emplace_back(row->scenePos().y(), row);
         }
     }
     std::sort(rows.begin(), rows.end());

@@ -8,6 +8,7 @@
 #include "MorrantUI/timeeditor/SelectionTold.h"
 #include "MorrantUI/timeeditor/clipselection.h"
 #include "MorrantUI/timeeditor/keysnapping.h"
+#include "MorrantUI/timeeditor/keywalk.h"
 #include <MorrantUI/controls/gestures/modifiers.h>
 #include <MorrantUI/scene/framemath.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
@@ -140,8 +141,8 @@ bool TimeEditorView::selectClipsUpTo(TimeEditorBaseItem* pressed, QPoint positio
 
 bool TimeEditorView::selectKeysUpTo(TimeEditorKeyframeItem* pressed)
 {
-    TimeEditorCurveItem* const curve = pressed->curve();
-    if (!m_rangeAnchor || !curve || m_rangeAnchor->curve() != curve) {
+    const TimeEditorBaseItem* const row = ui::rowOf(*pressed);
+    if (!m_rangeAnchor || !row || ui::rowOf(*m_rangeAnchor) != row) {
         return false;
     }
     const auto [first, last] =
@@ -149,7 +150,7 @@ bool TimeEditorView::selectKeysUpTo(TimeEditorKeyframeItem* pressed)
     m_rangeAnchor = pressed;
     {
         const QSignalBlocker quiet(m_scene); // one signal for all of them
-        for (TimeEditorKeyframeItem* const key : curve->keyframes()) {
+        for (TimeEditorKeyframeItem* const key : ui::keysIn(*row)) {
             const double x = key->scenePos().x();
             key->setSelected(x >= first && x <= last);
         }

@@ -17,12 +17,12 @@ namespace ui {
 namespace {
 
 /// The rows that keys can be in, from the top.
-std::vector<TimeEditorCurveItem*> rowsOf(const TimeEditorLayoutContainer& stack)
+std::vector<TimeEditorBaseItem*> rowsOf(const TimeEditorLayoutContainer& stack)
 {
-    std::vector<TimeEditorCurveItem*> rows;
+    std::vector<TimeEditorBaseItem*> rows;
     for (int i = 0; i < stack.linearLayout()->count(); ++i) {
         QGraphicsItem* const item = stack.linearLayout()->itemAt(i)->graphicsItem();
-        auto* const row = dynamic_cast<TimeEditorCurveItem*>(item);
+        auto* const row = dynamic_cast<TimeEditorBaseItem*>(item);
         if (row && row->isVisible()) {
             rows.push_back(row);
         }
@@ -30,9 +30,9 @@ std::vector<TimeEditorCurveItem*> rowsOf(const TimeEditorLayoutContainer& stack)
     return rows;
 }
 
-TimeEditorKeyframeItem* nearestKey(const TimeEditorCurveItem& row, double x)
+TimeEditorKeyframeItem* nearestKey(const TimeEditorBaseItem& row, double x)
 {
-    const std::vector<TimeEditorKeyframeItem*> keys = row.keyframes();
+    const std::vector<TimeEditorKeyframeItem*> keys = keysIn(row);
     const auto nearest = std::min_element(keys.begin(), keys.end(), [x](auto* a, auto* b) {
         return std::abs(a->x() - x) < std::abs(b->x() - x);
     });
@@ -41,7 +41,7 @@ TimeEditorKeyframeItem* nearestKey(const TimeEditorCurveItem& row, double x)
 
 TimeEditorKeyframeItem* keyInRow(TimeEditorKeyframeItem* from, int key)
 {
-    const std::vector<TimeEditorKeyframeItem*> keys = from->curve()->keyframes();
+    const std::vector<TimeEditorKeyframeItem*> keys = keysIn(*rowOf(*from));
     const auto here = std::find(keys.begin(), keys.end(), from);
     if (key == Qt::Key_Home) {
         return keys.front();
@@ -58,7 +58,7 @@ TimeEditorKeyframeItem* keyInRow(TimeEditorKeyframeItem* from, int key)
 template <typename Rows>
 TimeEditorKeyframeItem* keyBeyond(const Rows& rows, TimeEditorKeyframeItem* from)
 {
-    auto row = std::find(rows.begin(), rows.end(), from->curve());
+    auto row = std::find(rows.begin(), rows.end(), rowOf(*from));
     while (row != rows.end() && ++row != rows.end()) {
         if (TimeEditorKeyframeItem* const key = nearestKey(**row, from->x())) {
             return key;
@@ -69,10 +69,37 @@ TimeEditorKeyframeItem* keyBeyond(const Rows& rows, TimeEditorKeyframeItem* from
 
 } // namespace
 
+std::vector<TimeEditorKeyframeItem*> keysIn(const TimeEditorBaseItem& row)
+{
+    if (const auto* const curve = dynamic_cast<const TimeEditorCurveItem*>(&row)) {
+        return curve->keyframes(); // which it has in order
+    }
+    std::vector<TimeEditorKeyframeItem*> keys;
+    for (QGraphicsItem* const child : row.childItems()) {
+        if (auto* const key = dynamic_cast<TimeEditorKeyframeItem*>(child)) {
+            keys.push_back(key);
+        }
+    }
+    std::stable_sort(keys.begin(), keys.end(), [](auto* a, auto* b) { return a->x() < b->x(); });
+    return keys;
+}
+
+TimeEditorBaseItem* rowOf(const TimeEditorKeyframeItem& key)
+{
+    return dynamic_cast<TimeEditorBaseItem*>(key.parentItem());
+}
+
+QString rowName(const TimeEditorBaseItem& row)
+{
+    const auto* const curve = dynamic_cast<const TimeEditorCurveItem*>(&row);
+    const QString name = row.data(kRowName).toString();
+    return name.isEmpty() && curve ? curve->text() : name;
+}
+
 TimeEditorKeyframeItem* walkedKey(
     const TimeEditorLayoutContainer& rows, TimeEditorKeyframeItem* from, int key)
 {
-    if (!from->curve()) {
+    if (!rowOf(*from)) {
         return from;
     }
     switch (key) {
@@ -82,7 +109,7 @@ TimeEditorKeyframeItem* walkedKey(
     case Qt::Key_End: return keyInRow(from, key);
     case Qt::Key_Down: return keyBeyond(rowsOf(rows), from);
     case Qt::Key_Up: {
-        std::vector<TimeEditorCurveItem*> upwards = rowsOf(rows);
+        std::vector<TimeEditorBaseItem*> upwards = rowsOf(rows);
         std::reverse(upwards.begin(), upwards.end());
         return keyBeyond(upwards, from);
     }
@@ -93,7 +120,7 @@ TimeEditorKeyframeItem* walkedKey(
 TimeEditorKeyframeItem* firstWalkedKey(
     const TimeEditorLayoutContainer& rows, const QRectF& visible, int frame)
 {
-    for (const TimeEditorCurveItem* const row : rowsOf(rows)) {
+    for (const TimeEditorBaseItem* const row : rowsOf(rows)) {
         TimeEditorKeyframeItem* const key = nearestKey(*row, frame);
         if (key && row->scenePos().y() + row->rect().bottom() > visible.top()) {
             return key;
