@@ -44,6 +44,15 @@ struct Sheet
         showActive(pane);
     }
     QPoint at(double frame, int row) { return pane.view().mapFromScene(frame, 22 * row + 11); }
+    /// Into its document, and back.
+    void pushMoves()
+    {
+        std::vector<DopeSheetLine> lines = outline.lines();
+        for (const DopeSheetKeyMove& move : outline.movedKeys()) {
+            lines[move.place.line].keys[move.place.key].frame = move.frame;
+        }
+        outline.setLines(lines);
+    }
     QString selection() const { return text(outline.selectedKeys()); }
 
     DopeSheetPane pane;
@@ -102,12 +111,9 @@ private Q_SLOTS:
 
         sheet.pointer.press(sheet.at(10, 0));
         sheet.pointer.drop(sheet.at(13, 0));
+        QCOMPARE(outline.movedKeys()[0].distance, 3.0);
+        sheet.pushMoves();
         std::vector<DopeSheetLine> lines = outline.lines();
-        for (const DopeSheetKeyMove& move : outline.movedKeys()) {
-            QVERIFY(move.selected && move.distance == 3);
-            lines[move.place.line].keys[move.place.key].frame = move.frame;
-        }
-        outline.setLines(lines);
         QCOMPARE(sheet.selection(), u"1.1 2.0 5.1"_qs);
         std::rotate(lines.begin(), lines.begin() + 4, lines.end());
         std::swap(lines[1].keys[0], lines[1].keys[1]);
@@ -124,10 +130,114 @@ private Q_SLOTS:
         const TimeEditorBaseItem* const row = outline.row(3);
         outline.updateLines(4, {lines[4]});
         QVERIFY(told.size() == 1 && outline.row(3) == row && !outline.row(4)->isEnabled());
+        sheet.pane.view().selectAllKeys();
+        QCOMPARE(sheet.selection(), u"1.0 1.1 3.0 3.1 5.0"_qs);
+        sheet.pointer.press(sheet.at(20, 4));
+        sheet.pointer.drop(sheet.at(25, 4));
+        QCOMPARE(outline.row(4)->childItems()[1]->x(), 20.0);
+        outline.selectKeys({{1, 0}, {3, 1}});
         outline.setFolded({u"a"_qs});
         QCOMPARE(sheet.selection(), u"1.0"_qs);
         outline.updateLines(5, {lines[0], lines[1]}); // one too many, and another id
         QCOMPARE(outline.lines().back().id, u"b"_qs);
+    }
+
+    void aFoldedMarkStandsForTheKeysOfItsPress()
+    {
+        const std::tuple<int, int, bool, QString> cases[] = {
+            {10, 25, false, u"25 25 20, 4 marks"_qs},
+            {20, 5, false, u"10 10 5, 4 marks"_qs},
+            {10, 20, false, u"20 20 20, 3 marks"_qs},
+            {10, 25, true, u"10 10 20, 4 marks"_qs}};
+        for (const auto& [from, to, escapes, expected] : cases) {
+            Sheet sheet;
+            DopeSheetOutline& outline = sheet.outline;
+            outline.setFolded({u"a"_qs});
+            connect(
+                &sheet.pane.view(), &TimeEditorView::keysMoving, this, [&] { sheet.pushMoves(); });
+            QSignalSpy moved(&sheet.pane.view(), &TimeEditorView::keysMoved);
+            sheet.pointer.press(sheet.at(from, 0));
+            sheet.pointer.dragTo(sheet.at(to, 0));
+            if (escapes) {
+                QTest::keyClick(&sheet.pane.view(), Qt::Key_Escape);
+            }
+            sheet.pointer.release();
+            const auto& lines = outline.lines();
+            QCOMPARE(
+                u"%1 %2 %3, %4 marks"_qs.arg(lines[1].keys[1].frame)
+                    .arg(lines[2].keys[0].frame)
+                    .arg(lines[2].keys[1].frame)
+                    .arg(dynamic_cast<TimeEditorCurveItem&>(*outline.row(0)).keyframes().size()),
+                expected);
+            QCOMPARE(moved.size(), escapes ? 0 : 1);
+        }
+
+        // And its selection is that of its keys, whatever a command makes of their frames.
+        Sheet sheet;
+        sheet.outline.setFolded({u"a"_qs});
+        sheet.outline.selectKeys({{1, 1}, {2, 0}});
+        auto lines = sample();
+        for (const auto& [frame, selection] :
+             {std::pair(15, u"1.1 2.0"_qs), {20, u"1.1"_qs}, {15, u"1.1"_qs}})
+        {
+            lines[2].keys[0].frame = frame;
+            sheet.outline.setLines(lines);
+            QCOMPARE(sheet.selection(), selection);
+        }
+        const TimeEditorBaseItem* const row = sheet.outline.row(0);
+        sheet.outline.setFolded({u"a"_qs, u"y"_qs, u"gone"_qs}); // nothing else is seen
+        QCOMPARE(sheet.outline.row(0), row);
+    }
+
+    void aDragThatCannotGoOnEndsBeforeTheLinesChange()
+    {
+        using Lines = std::vector<DopeSheetLine>;
+        const std::function<void(DopeSheetOutline&, Lines&)> cases[] = {
+            [](auto&, Lines& lines) { lines[2].locked = true; },
+            [](auto&, Lines& lines) { lines[2].keys[1].locked = true; },
+            [](auto&, Lines& lines) { lines[2].keys.clear(); },
+            [](auto&, Lines& lines) { lines.erase(lines.begin() + 2); },
+            [](auto& outline, Lines&) { outline.setFolded({u"a"_qs}); }};
+        for (const auto& change : cases) {
+            Sheet sheet;
+            DopeSheetOutline& outline = sheet.outline;
+            QStringList told;
+            connect(&sheet.pane.view(), &TimeEditorView::keysMoved, &outline, [&] {
+                const DopeSheetKeyMove move = outline.movedKeys().at(0);
+                told << u"%1 to %2"_qs.arg(text({move.place})).arg(move.frame);
+                auto first = outline.lines().front();
+                first.label.text = u"newer"_qs;
+                outline.updateLines(0, {first});
+            });
+            sheet.pointer.press(sheet.at(20, 2));
+            sheet.pointer.dragTo(sheet.at(27, 2));
+            Lines lines = sample();
+            change(outline, lines);
+            outline.setLines(lines);
+            sheet.pointer.release();
+            QCOMPARE(told, QStringList{u"2.1 to 27"_qs});
+            QCOMPARE(outline.lines().size(), lines.size());
+            const bool isFolded = !outline.folded().isEmpty(); // set before the lines
+            QCOMPARE(outline.lines()[0].label.text, isFolded ? u"a"_qs : u"newer"_qs);
+        }
+
+        // So does that of a row which is filled by itself.
+        Sheet sheet;
+        auto* const row = new DopeSheetRow(&sheet.pane.view());
+        sheet.pane.scene().addLayoutItem(row);
+        row->setKeys({{10}, {30}});
+        sheet.pane.rowsChanged();
+        connect(&sheet.pane.view(), &TimeEditorView::keysMoved, row, [row] {
+            QCOMPARE(row->keys()[0].frame, 15.0);
+            row->setKeys({{16}});
+        });
+        sheet.pointer.press(sheet.at(10, 6));
+        sheet.pointer.dragTo(sheet.at(15, 6));
+        row->setKeys({{15, KeyEasing::Bezier, true}, {30}});
+        QVERIFY(row->keys() == std::vector<DopeSheetKey>{{16}});
+        connect(&sheet.pane.scene(), &QGraphicsScene::selectionChanged, row, [row] { delete row; });
+        row->setKeys({{16, KeyEasing::Bezier, true}}); // it was selected
+        QCOMPARE(sheet.pane.scene().curves().size(), std::size_t(5));
     }
 
     void barsAndSoundsAreLinesToo()
@@ -146,7 +256,23 @@ private Q_SLOTS:
         sheet.pointer.drop(sheet.at(40, 4));
         QVERIFY(!told.empty() && told.back() == (DopeSheetClip{15, 70, 0}));
         QVERIFY(sheet.outline.selectedLines() == std::vector<std::size_t>{4});
+        sheet.outline.setFolded({u"b"_qs});
+        DopeSheetView& view = sheet.pane.view();
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down}) {
+            QTest::keyClick(&view, key); // onto the bar's keys too
+        }
+        QCOMPARE(view.accessibleDescription(), u"b, key at frame 20, selected"_qs);
+        QAccessibleInterface* const bar = QAccessible::queryAccessibleInterface(&view)->child(4);
+        QVERIFY(bar->text(QAccessible::Name) == u"b"_qs && bar->childCount() == 2);
+        QCOMPARE(bar->child(1)->parent(), bar);
+        sheet.outline.setFolded({});
+        sheet.outline.selectKeys({});
+        dynamic_cast<TimeEditorClipItem*>(sheet.outline.row(4))->selectItemAndClips();
         auto lines = sample();
+        lines[4].color = Qt::red;
+        sheet.outline.setLines(lines);
+        QCOMPARE(sheet.outline.row(4)->getBaseColor(), QColor(Qt::red));
+        lines[4].color = {};
         lines.insert(lines.begin(), {.id = u"beat"_qs, .sound = DopeSheetSound()});
         sheet.outline.setLines(lines);
         QVERIFY(sheet.outline.selectedLines() == std::vector<std::size_t>{5});

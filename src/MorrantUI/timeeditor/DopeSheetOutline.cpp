@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/timeeditor/DopeSheetOutline.h"
 
-#include "MorrantUI/scene/placematching.h"
 #include "MorrantUI/timeeditor/KeyMarks.h"
+#include "MorrantUI/timeeditor/keywalk.h"
 #include "MorrantUI/timeeditor/outlinelines.h"
 #include <MorrantUI/timeeditor/DopeSheetView.h>
 #include <MorrantUI/timeeditor/TimeEditorClipItem.h>
@@ -11,28 +11,13 @@
 #include <MorrantUI/timeeditor/TimeEditorRowHeader.h>
 #include <MorrantUI/timeeditor/TimeEditorScene.h>
 #include <MorrantUI/timeeditor/TimeEditorSoundItem.h>
+#include <MorrantUI/timeline/TimeHandle.h>
 
-#include <QHash>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
-
-namespace {
-
-/// What keys are known by when rows are built anew.
-std::vector<QPointF> framesOf(const DopeSheetLine& line)
-{
-    std::vector<QPointF> frames;
-    for (const DopeSheetKey& key : line.keys) {
-        frames.emplace_back(ui::shownFrame(key), 0.0);
-    }
-    return frames;
-}
-
-} // namespace
 
 struct DopeSheetOutline::Row
 {
@@ -41,6 +26,17 @@ struct DopeSheetOutline::Row
     QPointer<TimeEditorBaseItem> item; ///< the scene's
     ui::KeyMarks marks;
     std::vector<ui::KeySum> sums = {}; ///< what marks stand for, of one that is folded
+    bool keepsSums = false;            ///< as they were when the mouse took hold
+    QColor usual = {};                 ///< the item's own, once a line has given another
+
+    bool isSelected() const
+    {
+        const ui::KeyMarks::Items& items = marks.items();
+        return (item && item->isSelected())
+               || std::any_of(items.begin(), items.end(), [](const auto& mark) {
+                      return mark && mark->isSelected();
+                  });
+    }
 };
 
 struct DopeSheetOutline::Selection
@@ -53,12 +49,7 @@ struct DopeSheetOutline::Selection
 
 struct DopeSheetOutline::Kept
 {
-    struct Keys
-    {
-        std::vector<QPointF> frames; ///< of all keys of a line
-        std::vector<bool> selected;
-    };
-    QHash<QString, Keys> keys;
+    ui::KeyTraces keys;
     QSet<QString> rows;
     std::vector<QString> current; ///< and the groups around it, from the inside
 };
@@ -70,6 +61,7 @@ DopeSheetOutline::DopeSheetOutline(
     , m_header(&header)
 {
     connect(&header, &TimeEditorRowHeader::foldRequested, this, &DopeSheetOutline::fold);
+    connect(&view, &DopeSheetView::gestureEnded, this, &DopeSheetOutline::sumUpAgain);
 }
 
 DopeSheetOutline::~DopeSheetOutline() = default;
@@ -90,37 +82,56 @@ bool DopeSheetOutline::isShown(const Row& row, const DopeSheetLine& line, bool f
            && shown.sound.has_value() == line.sound.has_value();
 }
 
-bool DopeSheetOutline::showsRowsOf(const std::vector<DopeSheetLine>& lines) const
+bool DopeSheetOutline::showsRowsOf(
+    const std::vector<DopeSheetLine>& lines, const QSet<QString>& folded) const
 {
-    const std::vector<std::size_t> seen = ui::seenLines(lines, m_folded);
+    const std::vector<std::size_t> seen = ui::seenLines(lines, folded);
     const auto isSame = [&](const Row& row, std::size_t line) {
-        return isShown(row, lines[line], ui::isFolded(lines, m_folded, line));
+        return isShown(row, lines[line], ui::isFolded(lines, folded, line));
     };
     return std::equal(m_rows.begin(), m_rows.end(), seen.begin(), seen.end(), isSame);
 }
 
 void DopeSheetOutline::setLines(std::vector<DopeSheetLine> lines)
 {
+    m_next = nullptr; // these are newer
+    if (scene() && endsGesture(lines) && !endGesture(lines)) {
+        return;
+    }
     if (!scene()) {
         m_rows.clear();
         m_lines = std::move(lines);
         return;
     }
-    if (!showsRowsOf(lines)) {
+    if (!showsRowsOf(lines, m_folded)) {
         rebuild([&] { m_lines = std::move(lines); });
         return;
     }
-    const Selection before = selectionOf(m_rows);
-    {
-        const QSignalBlocker quiet(scene()); // one signal for all of them
+    refill(m_rows, [&] {
         m_lines = std::move(lines);
         const std::vector<std::size_t> seen = ui::seenLines(m_lines, m_folded);
         for (std::size_t i = 0; i < seen.size(); ++i) {
             m_rows[i].line = seen[i];
-            showRow(m_rows[i]);
+        }
+    });
+}
+
+/// Shows in rows that are there already what a change of their lines makes of them.
+template <typename Change>
+void DopeSheetOutline::refill(std::span<Row> rows, const Change& change)
+{
+    const Selection before = selectionOf(rows);
+    const ui::KeyTraces traces = tracesOf(rows);
+    {
+        const QSignalBlocker quiet(scene()); // one signal for all of them
+        change();
+        for (Row& row : rows) {
+            if (row.item) { // the scene may have been cleared by others
+                showRow(row, traces);
+            }
         }
     }
-    tellSelection(selectionOf(m_rows) != before);
+    tellSelection(selectionOf(rows) != before);
 }
 
 /// Whether lines could take the place of as many from one on, in the rows that show those.
@@ -140,40 +151,44 @@ bool DopeSheetOutline::showsRowsOf(
 
 void DopeSheetOutline::updateLines(std::size_t first, std::vector<DopeSheetLine> lines)
 {
-    lines.resize(std::min(lines.size(), m_lines.size() - std::min(first, m_lines.size())));
+    const std::size_t count = m_next ? m_next->size() : m_lines.size();
+    lines.resize(std::min(lines.size(), count - std::min(first, count)));
+    const auto place = [&](std::vector<DopeSheetLine>& all) {
+        std::move(lines.begin(), lines.end(), all.begin() + std::ptrdiff_t(first));
+    };
     if (lines.empty()) {
+        return;
+    }
+    if (m_next) {
+        place(*m_next);
         return;
     }
     const std::size_t begin = m_rows.empty() ? 0 : rowIndexOf(first);
     const std::size_t end = m_rows.empty() ? 0 : rowIndexOf(first + lines.size() - 1) + 1;
-    const Rows rows = Rows(m_rows).subspan(begin, end - begin);
-    const auto place = [&](std::vector<DopeSheetLine>& all) {
-        std::move(lines.begin(), lines.end(), all.begin() + std::ptrdiff_t(first));
-    };
-    if (!scene() || rows.empty() || !showsRowsOf(first, lines, rows)) {
+    const auto rows = std::span<Row>(m_rows).subspan(begin, end - begin);
+    if (!scene() || rows.empty() || heldItem() || !showsRowsOf(first, lines, rows)) {
         std::vector<DopeSheetLine> all = m_lines;
         place(all);
         setLines(std::move(all));
         return;
     }
-    const Selection before = selectionOf(rows);
-    {
-        const QSignalBlocker quiet(scene());
-        place(m_lines);
-        std::for_each(
-            m_rows.begin() + std::ptrdiff_t(begin),
-            m_rows.begin() + std::ptrdiff_t(end),
-            [this](Row& row) { showRow(row); });
-    }
-    tellSelection(selectionOf(rows) != before);
+    refill(rows, [&] { place(m_lines); });
 }
 
 void DopeSheetOutline::setFolded(const QSet<QString>& ids)
 {
-    if (!scene()) {
-        m_folded = ids;
-    } else if (m_folded != ids) {
-        rebuild([&] { m_folded = ids; });
+    const QSet<QString> wanted = ids; // whoever hears of a gesture's end may change the host's
+    const QPointer<DopeSheetOutline> alive(this);
+    if (scene() && heldItem() && !showsRowsOf(m_lines, wanted)) {
+        m_view->finishGesture();
+    }
+    if (!alive) {
+        return;
+    }
+    if (!scene() || showsRowsOf(m_lines, wanted)) {
+        m_folded = wanted;
+    } else {
+        rebuild([&] { m_folded = wanted; });
     }
 }
 
@@ -194,12 +209,95 @@ void DopeSheetOutline::fold(const TimeEditorBaseItem* row, bool folded, bool all
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         const DopeSheetLine& each = m_lines[i];
         if (ui::isGroup(m_lines, i) && (all ? each.label.depth == depth : each.id == id)) {
-            folded ? void(ids.insert(each.id)) : void(ids.remove(each.id));
+            if (folded) {
+                ids.insert(each.id);
+            } else {
+                ids.remove(each.id);
+            }
         }
     }
     setFolded(ids);
     if (alive) {
         Q_EMIT foldedChanged();
+    }
+}
+
+// What the mouse holds
+
+/// A row, a mark or the tool; the playhead is none of the outline's.
+const QGraphicsItem* DopeSheetOutline::heldItem() const
+{
+    const QGraphicsItem* const held = scene()->mouseGrabberItem();
+    return held != scene()->getTimeHandle() ? held : nullptr;
+}
+
+/// Whether new lines would take away or lock what the mouse holds, or what goes along with that.
+bool DopeSheetOutline::endsGesture(const std::vector<DopeSheetLine>& lines) const
+{
+    const QGraphicsItem* const held = heldItem();
+    if (!showsRowsOf(lines, m_folded)) {
+        return held || m_view->rubberBandRect().isValid();
+    }
+    const std::vector<std::size_t> seen = ui::seenLines(lines, m_folded);
+    for (std::size_t i = 0; held && i < seen.size(); ++i) {
+        const Row& row = m_rows[i];
+        if (held != row.item.data() && held->parentItem() != row.item.data() && !row.isSelected()) {
+            continue;
+        }
+        const DopeSheetLine& line = lines[seen[i]];
+        const auto keys =
+            row.folded ? ui::keysOf(sumsOf(tracesOf(Rows(&row, 1)), lines, seen[i])) : line.keys;
+        if (line.locked || row.marks.endDragOf(held, keys)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Before anything is touched: whoever hears of the gesture's end finds rows and lines as before.
+/// @return whether the next lines are still the next ones
+bool DopeSheetOutline::endGesture(std::vector<DopeSheetLine>& next)
+{
+    const QPointer<DopeSheetOutline> alive(this);
+    m_next = &next;
+    m_view->finishGesture();
+    return alive && std::exchange(m_next, nullptr) == &next;
+}
+
+/// What folded rows have to find again: which keys are selected and, in mid-drag, summed up.
+ui::KeyTraces DopeSheetOutline::tracesOf(Rows rows) const
+{
+    ui::KeyTraces traces;
+    for (const Row& row : rows) {
+        if (!row.folded || !(heldItem() || row.isSelected())) {
+            continue;
+        }
+        std::size_t number = 0;
+        visitMarks(Rows(&row, 1), [&](const auto& mark, double frame, auto keys) {
+            for (const auto& [line, key] : keys) {
+                const double own = ui::shownFrame(m_lines[line].keys[key]);
+                ui::trace(
+                    traces, m_lines[line], key, own + mark.x() - frame, mark.isSelected(), number);
+            }
+            ++number;
+        });
+    }
+    return traces;
+}
+
+/// A mark that is dragged over another one does not take it along.
+std::vector<ui::KeySum> DopeSheetOutline::sumsOf(
+    const ui::KeyTraces& traces, const std::vector<DopeSheetLine>& lines, std::size_t line) const
+{
+    const std::size_t end = ui::groupEnd(lines, line);
+    return heldItem() ? ui::keptSums(traces, lines, line, end) : ui::keySums(lines, line, end);
+}
+
+void DopeSheetOutline::sumUpAgain()
+{
+    const auto keepsSums = [](const Row& row) { return row.keepsSums; };
+    if (scene() && std::any_of(m_rows.begin(), m_rows.end(), keepsSums)) {
+        refill(m_rows, [] {});
     }
 }
 
@@ -216,6 +314,7 @@ void DopeSheetOutline::rebuild(const Change& change)
         const QSignalBlocker quiet(scene());
         change();
         m_rows.clear();
+        m_places.clear();
         m_header->clear();
         scene()->clearScene();
         for (const std::size_t line : ui::seenLines(m_lines, m_folded)) {
@@ -237,12 +336,7 @@ DopeSheetOutline::Kept DopeSheetOutline::keep(const Selection& selection) const
     Kept kept;
     for (const DopeSheetPlace& place : selection.keys) {
         const DopeSheetLine& line = m_lines[place.line];
-        Kept::Keys& keys = kept.keys[line.id];
-        if (keys.frames.empty()) {
-            keys.frames = framesOf(line);
-        }
-        keys.selected.resize(std::max(keys.frames.size(), place.key + 1)); // ids may be shared
-        keys.selected[place.key] = true;
+        ui::trace(kept.keys, line, place.key, ui::shownFrame(line.keys[place.key]), true, 0);
     }
     for (const std::size_t line : selection.lines) {
         kept.rows.insert(m_lines[line].id);
@@ -255,35 +349,25 @@ DopeSheetOutline::Kept DopeSheetOutline::keep(const Selection& selection) const
 
 void DopeSheetOutline::restore(const Kept& kept)
 {
-    std::vector<DopeSheetPlace> places;
-    for (std::size_t line = 0; line < m_lines.size(); ++line) {
-        const auto keys = kept.keys.constFind(m_lines[line].id);
-        if (keys == kept.keys.cend()) {
-            continue;
-        }
-        const auto matches = ui::matchedPlaces(keys->frames, framesOf(m_lines[line]));
-        for (std::size_t key = 0; key < matches.size(); ++key) {
-            if (matches[key] && keys->selected[*matches[key]]) {
-                places.push_back({line, key});
-            }
-        }
-    }
-    select(places);
+    scene()->clearSelection();
+    select(m_rows, ui::selectedAgain(kept.keys, m_lines, 0, m_lines.size()));
     for (const Row& row : m_rows) {
         auto* const clip = dynamic_cast<TimeEditorClipItem*>(row.item.data());
         if (kept.rows.contains(m_lines[row.line].id)) {
             clip ? clip->selectItemAndClips() : row.item->setSelected(true);
         }
     }
+    TimeEditorBaseItem* current = nullptr;
     for (const QString& id : kept.current) {
         const auto seen = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& row) {
             return m_lines[row.line].id == id;
         });
         if (seen != m_rows.end()) {
-            m_header->setCurrentRow(seen->item);
+            current = seen->item;
             break; // what is around it is farther from what was current
         }
     }
+    m_header->setCurrentRow(current);
 }
 
 void DopeSheetOutline::addRow(std::size_t line)
@@ -291,7 +375,8 @@ void DopeSheetOutline::addRow(std::size_t line)
     TimeEditorBaseItem* const item = makeItem(m_lines[line]);
     m_rows.push_back(
         {line, ui::isFolded(m_lines, m_folded, line), item, ui::KeyMarks(m_view, item)});
-    showRow(m_rows.back()); // before it is in the scene: nobody has to be told of each key
+    m_places.insert(item, m_rows.size() - 1);
+    showRow(m_rows.back(), {}); // before it is in the scene: nobody has to be told of each key
     scene()->addLayoutItem(item);
 }
 
@@ -324,22 +409,22 @@ void DopeSheetOutline::tellClip(const TimeEditorClipItem& clip)
 }
 
 /// Shows its line in a row that is there already.
-void DopeSheetOutline::showRow(Row& row)
+void DopeSheetOutline::showRow(Row& row, const ui::KeyTraces& traces)
 {
     const DopeSheetLine& line = m_lines[row.line];
     if (row.item->isEnabled() == line.locked) {
         row.item->setEnabled(!line.locked);
     }
     if (row.folded) {
-        row.sums = ui::keySums(m_lines, row.line, ui::groupEnd(m_lines, row.line));
-        std::vector<DopeSheetKey> keys;
-        std::transform(
-            row.sums.begin(), row.sums.end(), std::back_inserter(keys), [](const auto& sum) {
-                return sum.key;
-            });
-        row.marks.set(keys);
+        row.keepsSums = heldItem();
+        row.sums = sumsOf(traces, m_lines, row.line);
+        row.marks.set(ui::keysOf(row.sums), line.locked);
+        const std::size_t end = ui::groupEnd(m_lines, row.line);
+        if (!traces.isEmpty()) {
+            select(Rows(&row, 1), ui::selectedAgain(traces, m_lines, row.line, end));
+        }
     } else {
-        row.marks.set(line.keys);
+        row.marks.set(line.keys, line.locked);
     }
     showItem(row);
     TimeRowLabel label = line.label;
@@ -348,19 +433,33 @@ void DopeSheetOutline::showRow(Row& row)
     m_header->setLabel(row.item, label);
 }
 
-void DopeSheetOutline::showItem(const Row& row) const
+void DopeSheetOutline::showItem(Row& row) const
 {
     const DopeSheetLine& line = m_lines[row.line];
+    row.item->setData(ui::kRowName, line.label.text);
+    const QColor base = row.item->getBaseColor();
+    if (line.color.isValid() && !row.usual.isValid()) {
+        row.usual = base;
+    }
+    const QColor color = line.color.isValid() ? line.color : row.usual;
+    if (color.isValid() && color != base) {
+        row.item->setColor(color);
+    }
     if (auto* const curve = dynamic_cast<TimeEditorCurveItem*>(row.item.data())) {
         curve->setText(line.label.text); // for who hears the keys
     } else if (auto* const sound = dynamic_cast<TimeEditorSoundItem*>(row.item.data())) {
         sound->setPeaks(line.sound->peaks);
         sound->setPlacement(line.sound->placement);
+        if (line.sound->audible) {
+            sound->setAudibleRange(line.sound->audible->first, line.sound->audible->second);
+        }
+        sound->setText(line.text);
     } else if (auto* const clip = dynamic_cast<TimeEditorClipItem*>(row.item.data())) {
         const std::vector<VisClip*> areas = clip->getClipAreas();
         if (!areas.empty()) {
             areas.front()->setRange(line.clip->start, line.clip->end);
             areas.front()->setSlip(line.clip->slip);
+            clip->setText(line.text);
             clip->refresh();
         }
     }
@@ -385,9 +484,9 @@ TimeEditorBaseItem* DopeSheetOutline::row(std::size_t line) const
 
 std::optional<std::size_t> DopeSheetOutline::lineOf(const TimeEditorBaseItem* row) const
 {
-    const auto found = std::find_if(
-        m_rows.begin(), m_rows.end(), [row](const Row& each) { return row && each.item == row; });
-    return found != m_rows.end() ? std::optional(found->line) : std::nullopt;
+    const auto place = m_places.constFind(row);
+    const bool isSeen = row && place != m_places.cend() && m_rows[*place].item == row;
+    return isSeen ? std::optional(m_rows[*place].line) : std::nullopt;
 }
 
 // What is selected and moved
@@ -442,27 +541,23 @@ void DopeSheetOutline::selectKeys(const std::vector<DopeSheetPlace>& keys)
     const Selection before = selectionOf(m_rows);
     {
         const QSignalBlocker quiet(scene());
-        select(keys);
+        scene()->clearSelection();
+        select(m_rows, keys);
     }
     tellSelection(selectionOf(m_rows) != before);
 }
 
-void DopeSheetOutline::select(const std::vector<DopeSheetPlace>& keys)
+/// Selects the rows' marks all of whose keys are among these, and no other marks of theirs.
+void DopeSheetOutline::select(Rows rows, std::vector<DopeSheetPlace> keys)
 {
-    std::vector<std::vector<bool>> wanted(m_lines.size());
-    for (const auto& [line, key] : keys) {
-        if (line < m_lines.size() && key < m_lines[line].keys.size()) {
-            wanted[line].resize(m_lines[line].keys.size());
-            wanted[line][key] = true;
-        }
-    }
-    const auto isWanted = [&wanted](const DopeSheetPlace& place) {
-        return !wanted[place.line].empty() && wanted[place.line][place.key];
+    std::sort(keys.begin(), keys.end());
+    const auto isWanted = [&keys](const DopeSheetPlace& place) {
+        return std::binary_search(keys.begin(), keys.end(), place);
     };
-    scene()->clearSelection();
-    visitMarks(m_rows, [&](TimeEditorKeyframeItem& mark, double, auto own) {
-        if (std::all_of(own.begin(), own.end(), isWanted)) {
-            mark.setSelected(true);
+    visitMarks(rows, [&](TimeEditorKeyframeItem& mark, double, auto own) {
+        const bool selected = std::all_of(own.begin(), own.end(), isWanted);
+        if (mark.isSelected() != selected) {
+            mark.setSelected(selected);
         }
     });
 }
@@ -477,11 +572,7 @@ std::vector<std::size_t> DopeSheetOutline::selectedLines() const
 {
     std::vector<std::size_t> lines;
     for (const Row& row : m_rows) {
-        const ui::KeyMarks::Items& marks = row.marks.items();
-        const bool hasMark = std::any_of(marks.begin(), marks.end(), [](const auto& mark) {
-            return mark && mark->isSelected();
-        });
-        if (hasMark || (row.item && row.item->isSelected())) {
+        if (row.isSelected()) {
             lines.push_back(row.line);
         }
     }

@@ -4,6 +4,7 @@
 #include <MorrantUI/morrantui_export.h>
 #include <MorrantUI/timeeditor/dopesheetlines.h>
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QSet>
@@ -15,11 +16,18 @@
 #include <vector>
 
 class DopeSheetView;
+class QGraphicsItem;
 class TimeEditorBaseItem;
 class TimeEditorClipItem;
 class TimeEditorKeyframeItem;
 class TimeEditorRowHeader;
 class TimeEditorScene;
+
+namespace ui {
+struct KeySum;
+struct KeyTrace;
+using KeyTraces = QHash<QString, KeyTrace>;
+} // namespace ui
 
 /// All rows of a dope sheet, as a list of lines that a host fills from its document and never keeps
 /// in step by hand: rows, labels, folds, what is selected and what is being dragged.
@@ -37,7 +45,8 @@ class MORRANT_UI_EXPORT DopeSheetOutline : public QObject
     Q_OBJECT
 
 public:
-    /// @param view with its scene, and header, as of a DopeSheetPane; without them it shows nothing
+    /// @param view with its scene, and header, as of a DopeSheetPane; without them, and once one of
+    /// them has died, it shows nothing. The rows are the scene's: they outlive the outline.
     DopeSheetOutline(DopeSheetView& view, TimeEditorRowHeader& header, QObject* parent = nullptr);
     ~DopeSheetOutline() override;
 
@@ -45,6 +54,12 @@ public:
     /// their items, and all keep what is selected, the current row and what is scrolled to. Where
     /// other keys are selected afterwards, or the same ones stand at other places, the scene's
     /// selectionChanged() tells so once.
+    ///
+    /// A drag goes on while its lines stay and are not locked; a folded mark stands meanwhile for
+    /// the keys of its press. A drag that cannot go on ends before anything else, as by its
+    /// release: keysMoved() or clipsChanged(), and gestureEnded(), come while lines() is as before,
+    /// and lines that are set by their slots are newer than these. A host that has a list of its
+    /// own beside the lines calls DopeSheetView::finishGesture() before it changes that.
     void setLines(std::vector<DopeSheetLine> lines);
     /// The same for as many lines from one on, quicker where their ids and depths stay. What would
     /// lie behind the last line is ignored.
@@ -52,7 +67,9 @@ public:
     const std::vector<DopeSheetLine>& lines() const { return m_lines; }
 
     /// The ids of groups that are folded, also of such as are no lines now. Where other lines are
-    /// seen once they are set, rowsChanged() follows, as from setLines(), but not foldedChanged().
+    /// seen once they are set, a drag ends and rowsChanged() follows, as from setLines(), but not
+    /// foldedChanged(). A mark is selected where all of its keys are: folding drops the selection
+    /// of those that share one with others.
     const QSet<QString>& folded() const { return m_folded; }
     void setFolded(const QSet<QString>& ids);
 
@@ -73,6 +90,8 @@ public:
 
 Q_SIGNALS:
     /// The user drags a line's bar, by a step, or has taken that back. lines() has it as before.
+    /// TimeEditorView::clipsChanged() or, also without a change, DopeSheetView::gestureEnded()
+    /// tells that it is over.
     void clipChanging(std::size_t line, const DopeSheetClip& now);
     /// The user has folded or unfolded. A drag that was going on has been ended before.
     void foldedChanged();
@@ -88,8 +107,19 @@ private:
 
     TimeEditorScene* scene() const;
     bool isShown(const Row& row, const DopeSheetLine& line, bool folded) const;
-    bool showsRowsOf(const std::vector<DopeSheetLine>& lines) const;
+    bool showsRowsOf(const std::vector<DopeSheetLine>& lines, const QSet<QString>& folded) const;
     bool showsRowsOf(std::size_t first, const std::vector<DopeSheetLine>& lines, Rows rows) const;
+    const QGraphicsItem* heldItem() const;
+    bool endsGesture(const std::vector<DopeSheetLine>& lines) const;
+    bool endGesture(std::vector<DopeSheetLine>& next);
+    ui::KeyTraces tracesOf(Rows rows) const;
+    std::vector<ui::KeySum> sumsOf(
+        const ui::KeyTraces& traces,
+        const std::vector<DopeSheetLine>& lines,
+        std::size_t line) const;
+    void sumUpAgain();
+    template <typename Change>
+    void refill(std::span<Row> rows, const Change& change);
     template <typename Change>
     void rebuild(const Change& change);
     Kept keep(const Selection& selection) const;
@@ -97,13 +127,13 @@ private:
     void addRow(std::size_t line);
     TimeEditorBaseItem* makeItem(const DopeSheetLine& line);
     void tellClip(const TimeEditorClipItem& clip);
-    void showRow(Row& row);
-    void showItem(const Row& row) const;
+    void showRow(Row& row, const ui::KeyTraces& traces);
+    void showItem(Row& row) const;
     std::size_t rowIndexOf(std::size_t line) const;
     void fold(const TimeEditorBaseItem* row, bool folded, bool all);
     Selection selectionOf(Rows rows) const;
     void tellSelection(bool isChanged);
-    void select(const std::vector<DopeSheetPlace>& keys);
+    void select(Rows rows, std::vector<DopeSheetPlace> keys);
     template <typename Visit>
     void visitMarks(Rows rows, const Visit& visit) const;
 
@@ -112,4 +142,6 @@ private:
     std::vector<DopeSheetLine> m_lines;
     QSet<QString> m_folded;
     std::vector<Row> m_rows; ///< of the lines that are seen, in order
+    QHash<const TimeEditorBaseItem*, std::size_t> m_places; ///< of the rows, which may have died
+    std::vector<DopeSheetLine>* m_next = nullptr; ///< while a gesture ends before they are shown
 };

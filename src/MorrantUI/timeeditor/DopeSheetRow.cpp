@@ -2,7 +2,11 @@
 #include "MorrantUI/timeeditor/DopeSheetRow.h"
 
 #include "MorrantUI/timeeditor/KeyMarks.h"
+#include "MorrantUI/timeeditor/SelectionTold.h"
 #include <MorrantUI/timeeditor/TimeEditorKeyframeItem.h>
+#include <MorrantUI/timeeditor/TimeEditorView.h>
+
+#include <optional>
 
 DopeSheetRow::DopeSheetRow(TimeEditorView* view, QGraphicsItem* parent)
     : TimeEditorCurveItem(view, parent)
@@ -13,6 +17,18 @@ DopeSheetRow::~DopeSheetRow() = default;
 
 void DopeSheetRow::setKeys(const std::vector<DopeSheetKey>& keys)
 {
+    const int turn = ++m_turn;
+    if (scene() && m_marks->endDragOf(scene()->mouseGrabberItem(), keys) && m_marks->view()) {
+        const QPointer<DopeSheetRow> alive(this);
+        m_marks->view()->finishDrags(); // before anything is touched
+        if (!alive || turn != m_turn) {
+            return; // what was set by whoever heard of it is newer
+        }
+    }
+    std::optional<ui::SelectionTold> told; // tells at the end, when the row may die
+    if (scene() && !scene()->signalsBlocked()) {
+        told.emplace(*scene());
+    }
     m_marks->set(keys);
 }
 

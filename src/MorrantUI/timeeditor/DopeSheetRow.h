@@ -28,7 +28,9 @@ public:
     /// Shows what the host has now; during a drag too, which goes on. Items stay selected as the
     /// keys that they show, wherever in the list these have come: an item goes on as the key at its
     /// frame, and what is left of both in its order. Nothing is told of the keys; where a selected
-    /// one has gone, the scene's selectionChanged() is. Frames that are not finite are shown at 0.
+    /// one has gone or been locked, the scene's selectionChanged() is. Where that is the one that
+    /// is dragged, the drag ends before, as by its release, and keys that its slots set are newer.
+    /// Frames that are not finite are shown at 0.
     void setKeys(const std::vector<DopeSheetKey>& keys);
     /// What is shown, as the user has moved it: in the order in which the host gave the keys, also
     /// where they have passed each other.
@@ -38,4 +40,5 @@ public:
 
 private:
     std::unique_ptr<ui::KeyMarks> m_marks;
+    int m_turn = 0; ///< of setKeys()
 };

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QGraphicsItem;
 class TimeEditorBaseItem;
 class TimeEditorKeyframeItem;
 class TimeEditorView;
@@ -23,12 +24,22 @@ public:
     /// @param row whose children the keys are
     KeyMarks(TimeEditorView* view, TimeEditorBaseItem* row);
 
-    /// As DopeSheetRow::setKeys() tells. Nothing once the row has died.
-    void set(const std::vector<DopeSheetKey>& keys);
+    /// As DopeSheetRow::setKeys() tells. Nothing once the row has died. What the mouse would lose
+    /// by it has to be ended before, and the scene to be quiet: nobody may hear of a row half done.
+    /// @param locked all of them
+    void set(const std::vector<DopeSheetKey>& keys, bool locked = false);
+    /// Whether these keys would take from the mouse the item that it holds, or lock it or another
+    /// one that is selected, which goes along. @param held may be null, or no item of these
+    bool endDragOf(
+        const QGraphicsItem* held,
+        const std::vector<DopeSheetKey>& keys,
+        bool locked = false) const;
+    TimeEditorView* view() const { return m_view; }
     /// As they were set; null where one has died since.
     const Items& items() const { return m_items; }
 
 private:
+    Items living() const;
     TimeEditorKeyframeItem* make(double frame) const;
 
     QPointer<TimeEditorView> m_view;

@@ -206,6 +206,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    friend class DopeSheetRow;
     friend class TimeEditorClipItem;
     friend class TimeEditorKeyframeItem;
     friend class TimeEditorScene;

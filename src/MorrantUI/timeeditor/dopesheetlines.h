@@ -4,6 +4,7 @@
 #include <MorrantUI/timeeditor/KeyEasing.h>
 #include <MorrantUI/timeeditor/soundpeaks.h>
 
+#include <QColor>
 #include <QIcon>
 #include <QString>
 
@@ -11,6 +12,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 // The rows of a dope sheet as plain values: see DopeSheetOutline, DopeSheetRow and
@@ -37,8 +39,8 @@ struct DopeSheetKey
     friend bool operator==(const DopeSheetKey&, const DopeSheetKey&) = default;
 };
 
-/// When something is shown: the frames from start up to, and without, end. Its contents begin by
-/// slip later.
+/// When something is shown: the frames from start up to, and without, end, which is the start
+/// where it lies before that. Its contents begin by slip later.
 struct DopeSheetClip
 {
     int start = 0;
@@ -53,6 +55,9 @@ struct DopeSheetSound
 {
     std::shared_ptr<const ui::SoundPeaks> peaks = {};
     ui::SoundPlacement placement = {};
+    /// The frames [first, second) that can be heard, as of TimeEditorSoundItem::setAudibleRange();
+    /// the whole sound without.
+    std::optional<std::pair<double, double>> audible = {};
 };
 
 /// A line of a DopeSheetOutline, as a host has it.
@@ -67,6 +72,8 @@ struct DopeSheetLine
     std::vector<DopeSheetKey> keys = {};
     std::optional<DopeSheetClip> clip = {};   ///< for a row with a bar
     std::optional<DopeSheetSound> sound = {}; ///< for a row with a wave form, else
+    QColor color = {}; ///< of bar, wave form or the line between keys; the row's own if invalid
+    QString text = {}; ///< in the bar or over the wave form, where there is room
 };
 
 /// A key by the places of its line and in that line's list.
