@@ -401,7 +401,7 @@ private:
         default: m_grabbed ? m_grabbed->undockAndClose() : void();
         }
     }
-    /// Another step, from inside the next signal of a window or tab.
+    /// Another step, from inside the next signal of a window or tab, or event of a content.
     void reactToNext(Do s)
     {
         static constexpr std::array<Step, 8> kReactions{
@@ -418,6 +418,12 @@ private:
         const auto spring = [trap = m_trap.get()](auto* sender, auto signal) {
             QObject::connect(sender, signal, trap, &Trap::spring);
         };
+        if (s.a % 2 == 0 && s.b % 8U != 7) { // Qt itself cannot have one deleted in an event
+            for (DockableWindow* panel : all<DockableWindow>()) {
+                panel->content() ? panel->content()->installEventFilter(m_trap.get()) : void();
+            }
+            return;
+        }
         spring(&m_tree.root(), &DockableGroup::layoutChanged);
         for (DockableWindow* window : all<DockableWindow>()) {
             spring(window, &DockableWindow::docked);

@@ -5,7 +5,9 @@
 
 #include <QtWidgets>
 
+#include <algorithm>
 #include <functional>
+#include <initializer_list>
 #include <utility>
 
 namespace ui::test {
@@ -59,7 +61,8 @@ private:
     bool m_refuses;
 };
 
-/// Acts once, in the next signal that is connected to it.
+/// Acts once, in the next signal that is connected to it, or when one that it watches is shown,
+/// hidden, or gets or loses the focus.
 class Trap : public QObject
 {
 public:
@@ -70,6 +73,16 @@ public:
         if (const auto once = std::exchange(action, nullptr)) {
             once();
         }
+    }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        const std::initializer_list<int> springs{
+            QEvent::Show, QEvent::Hide, QEvent::FocusIn, QEvent::FocusOut};
+        if (std::find(springs.begin(), springs.end(), event->type()) != springs.end()) {
+            spring();
+        }
+        return false;
     }
 };
 

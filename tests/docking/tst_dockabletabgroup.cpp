@@ -202,7 +202,7 @@ private Q_SLOTS:
         QVERIFY(tree["n"]->updatesEnabled() && tree["n"]->content()->updatesEnabled());
         tree.play(u"select c"_qs);
         content->whenShown = [&tree] { tree.play(u"select b"_qs); };
-        tree.play(u"select r"_qs);
+        tree.play(u"select r, settle"_qs);
         QCOMPARE(tree.tabs("^b")->activeIndex(), 0);
         QCOMPARE(tree.text(), u"H(a T(b c d r n) e)"_qs);
         tree.play(u"undock r, undock c, settle"_qs);

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/DockOperation.h"
 
+#include "MorrantUI/docking/Departure.h"
 #include "MorrantUI/docking/GroupSplitter.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
 #include "MorrantUI/docking/SplitterSizes.h"
 #include "MorrantUI/docking/WindowLayout.h"
 #include "MorrantUI/docking/docktree.h"
+#include "MorrantUI/docking/panelfocus.h"
 #include "MorrantUI/theme/FrozenUpdates.h"
 #include <MorrantUI/docking/DockableTabGroup.h>
+#include <MorrantUI/docking/arrangement.h>
 
 namespace ui::docking {
 
@@ -28,6 +31,44 @@ bool DockOperation::isPossible() const
 bool DockOperation::isNeedless() const
 {
     return m_target.hasAt(m_window, m_area);
+}
+
+DockableWindow* DockOperation::dock()
+{
+    if (!isPossible()) {
+        return nullptr;
+    }
+    if (isNeedless()) {
+        groupOf(m_window)->bringForward(m_window);
+        return &m_target;
+    }
+    const QPointer<DockableWindow> target(&m_target);
+    const QPointer<DockableWindow> newcomer(&m_window);
+    restorePanels(); // which runs slots
+    if (!target || !newcomer || !target->canTake(newcomer)) {
+        return nullptr;
+    }
+    QPointer<DockableWindow> result; // slots that hear of it may delete it
+    {
+        LayoutChange change;
+        const FocusKeeper focus;
+        change.note(m_target);
+        change.note(m_window);
+        m_window.settleLimits();
+        const QPointer<DockableGroup> old = groupOf(m_window);
+        if (old) {
+            Departure::takeOut(m_window, *old);
+        }
+        result = run();
+        if (newcomer && !newcomer->m_closing && !groupOf(*newcomer)) {
+            newcomer->makeFloating(); // something has come in between
+            newcomer->show();
+        }
+        if (old && old != result) {
+            old->collapseIfNeedless();
+        }
+    }
+    return result;
 }
 
 QPointer<DockableWindow> DockOperation::run()

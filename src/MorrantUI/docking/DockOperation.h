@@ -10,21 +10,22 @@ class DockableWindow;
 
 namespace ui::docking {
 
-/// A window docks at an area of a target; it is in no group, or will have left it by then. What
+/// A window docks at an area of a target, out of the group that it may be in. What
 /// hears that it is shown may delete any of those that take part.
 class DockOperation
 {
 public:
     DockOperation(DockableWindow& target, DockableWindow& window, DockableArea area);
 
+    /// @return the group that now holds both, if it still lives; null if nothing was docked
+    DockableWindow* dock();
+
+private:
     /// Whether there is a way: a main window keeps its kind.
     bool isPossible() const;
     /// The window is a child of the target and already where it would come.
     bool isNeedless() const;
-    /// @return the group that now holds both, if it still lives
     QPointer<DockableWindow> run();
-
-private:
     /// A new group for target and newcomer.
     DockableGroup* makeGroup() const;
     void splitRoot(DockableGroup& root);

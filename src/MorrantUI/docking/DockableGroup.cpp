@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/DockableGroup.h"
 
+#include "MorrantUI/docking/Answers.h"
 #include "MorrantUI/docking/GroupSplitter.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/Rearranging.h"
@@ -23,6 +24,7 @@
 #include <numeric>
 #include <utility>
 
+using ui::docking::Answers;
 using ui::docking::groupOf;
 using ui::docking::isMainWindow;
 using ui::docking::kBorder;
@@ -81,6 +83,9 @@ int DockableGroup::indexOfChild(DockableWindow* window)
 DockableWindow* DockableGroup::takeChild(int index)
 {
     const QPointer<DockableWindow> child = getChild(index);
+    if (Answers::areDue()) {
+        return nullptr; // it could not be out at once
+    }
     if (ui::docking::restoreBefore(*this, child) && indexOfChild(child) >= 0) {
         ui::docking::LayoutChange change; // slots that hear of it may delete the child
         change.note(*child);
@@ -128,6 +133,10 @@ void DockableGroup::appendChild(DockableWindow* window)
 
 void DockableGroup::insertChild(int index, DockableWindow* window)
 {
+    const auto later = [this, index, guest = QPointer(window)] { insertChild(index, guest); };
+    if (Answers::putOff(*this, later)) {
+        return;
+    }
     if (!ui::docking::restoreBefore(*this, window) || !m_splitter || !canTake(window)) {
         return;
     }
@@ -334,7 +343,7 @@ QSize DockableGroup::combinedSize(DockableWindow* window)
 
 void DockableGroup::collapseGroup()
 {
-    if (isMainWindow(*this) || isClosing()) {
+    if (isMainWindow(*this) || isClosing() || Answers::putOff(*this, [this] { collapseGroup(); })) {
         return;
     }
     ui::docking::LayoutChange change;
@@ -476,16 +485,7 @@ bool DockableGroup::mayClose()
         }
     }
     return std::all_of(panels.begin(), panels.end(), [](const QPointer<DockableWindow>& panel) {
-        if (!panel) {
-            return true;
-        }
-        QCloseEvent question;
-        const QEvent* const outer = std::exchange(panel->m_question, &question);
-        QCoreApplication::sendEvent(panel, &question);
-        if (panel) {
-            panel->m_question = outer; // its answer may wait, in a dialog, while it is asked again
-        }
-        return question.isAccepted();
+        return !panel || TreeAccess::agreesToClose(*panel);
     });
 }
 

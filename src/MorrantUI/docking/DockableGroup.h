@@ -39,7 +39,8 @@ public:
     DockableGroup();
     ~DockableGroup() override;
 
-    /// Takes the child out and returns it, floating and hidden; null for an index out of range.
+    /// Takes the child out and returns it, floating and hidden; null for an index out of range, and
+    /// while a window is being shown or hidden.
     virtual DockableWindow* takeChild(int index);
     virtual int childCount() const;
     /// Null for an index out of range, and for a widget that is no dockable window.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/DockableTabGroup.h"
 
+#include "MorrantUI/docking/Answers.h"
 #include "MorrantUI/docking/DockTabStrip.h"
 #include "MorrantUI/docking/LayoutChange.h"
 #include "MorrantUI/docking/PageStack.h"
@@ -14,6 +15,7 @@
 #include <set>
 #include <utility>
 
+using ui::docking::Answers;
 using ui::docking::TreeAccess;
 
 static const QSizePolicy& noSay()
@@ -73,6 +75,10 @@ void DockableTabGroup::appendChild(DockableWindow* window)
 
 void DockableTabGroup::insertChild(int index, DockableWindow* window)
 {
+    const auto later = [this, index, guest = QPointer(window)] { insertChild(index, guest); };
+    if (Answers::putOff(*this, later)) {
+        return;
+    }
     if (!ui::docking::restoreBefore(*this, window) || !canTake(window)) {
         return;
     }
@@ -135,6 +141,9 @@ bool DockableTabGroup::eventFilter(QObject* watched, QEvent* event)
 DockableWindow* DockableTabGroup::takeChild(int index)
 {
     const QPointer<DockableWindow> child = getChild(index);
+    if (Answers::areDue()) {
+        return nullptr; // it could not be out at once
+    }
     if (ui::docking::restoreBefore(*this, child) && indexOfChild(child) >= 0) {
         ui::docking::LayoutChange change; // slots that hear of it may delete the child
         change.note(*child);
@@ -219,7 +228,8 @@ void DockableTabGroup::forgetTab(int index)
 void DockableTabGroup::setActiveIndex(int index)
 {
     DockableWindow* const next = getChild(index);
-    if (!next || !m_kept.contains(next)) {
+    const auto later = [this, child = QPointer(next)] { setActiveIndex(indexOfChild(child)); };
+    if (!next || !m_kept.contains(next) || Answers::putOff(*this, later)) {
         return;
     }
     if (next == m_active && m_stack->currentIndex() == index) {

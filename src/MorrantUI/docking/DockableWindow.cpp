@@ -3,6 +3,7 @@
 
 #include "MorrantUI/controls/accessibility.h"
 #include "MorrantUI/docking/AccessibleDocking.h"
+#include "MorrantUI/docking/Answers.h"
 #include "MorrantUI/docking/Departure.h"
 #include "MorrantUI/docking/DockOperation.h"
 #include "MorrantUI/docking/DragOrigin.h"
@@ -28,6 +29,7 @@
 
 #include <utility>
 
+using ui::docking::Answers;
 using ui::docking::groupOf;
 using ui::docking::isMainWindow;
 using ui::docking::mainWindow;
@@ -283,6 +285,12 @@ void DockableWindow::onApplicationDeactivate()
     }
 }
 
+void DockableWindow::setVisible(bool visible)
+{
+    const Answers answers; // of what is in it
+    Widget::setVisible(visible);
+}
+
 bool DockableWindow::event(QEvent* event)
 {
     switch (event->type()) {
@@ -305,6 +313,10 @@ bool DockableWindow::event(QEvent* event)
         Widget::event(event); // hands it down to the content
         return true;
     case QEvent::Close: {
+        if (event != m_question && Answers::putOff(*this, [this] { close(); })) {
+            event->ignore();
+            return true;
+        }
         ui::docking::LayoutChange change(ui::docking::LayoutChange::Report::Later);
         const QPointer<DockableWindow> self(this);
         const bool handled = Widget::event(event);
@@ -443,6 +455,9 @@ void DockableWindow::showInGroup()
 
 void DockableWindow::undock(bool collapse)
 {
+    if (Answers::putOff(*this, [this, collapse] { undock(collapse); })) {
+        return;
+    }
     if (DockableGroup* group = groupOf(*this)) {
         ui::docking::Departure(*this, *group).undock(collapse);
     }
@@ -450,6 +465,9 @@ void DockableWindow::undock(bool collapse)
 
 void DockableWindow::undockAndClose()
 {
+    if (Answers::putOff(*this, [this] { undockAndClose(); })) {
+        return;
+    }
     if (DockableGroup* group = groupOf(*this)) {
         ui::docking::Departure(*this, *group).close();
     }
@@ -457,6 +475,9 @@ void DockableWindow::undockAndClose()
 
 void DockableWindow::floatAgain()
 {
+    if (Answers::putOff(*this, [this] { floatAgain(); })) {
+        return;
+    }
     const QRect place = m_floatPlace;
     const QPointer<DockableWindow> self(this);
     undock(true);
@@ -468,6 +489,9 @@ void DockableWindow::floatAgain()
 
 void DockableWindow::dockAgain()
 {
+    if (Answers::putOff(*this, [this] { dockAgain(); })) {
+        return;
+    }
     if (const auto home = std::exchange(m_home, nullptr)) {
         home->dockAgain(*this);
     }
@@ -480,6 +504,9 @@ void DockableWindow::toggleFloating()
 
 void DockableWindow::mouseUndock()
 {
+    if (Answers::putOff(*this, [this] { mouseUndock(); })) {
+        return;
+    }
     if (DockableGroup* parent = groupOf(*this)) {
         const QPointer<DockableGroup> left(parent);
         const QPointer<DockableWindow> self(this);
@@ -526,42 +553,9 @@ DockableWindow* DockableWindow::dockInArea(DockableWindow* window, DockableArea 
     if (!canTake(window)) {
         return nullptr;
     }
-    ui::docking::DockOperation operation(*this, *window, area);
-    if (!operation.isPossible()) {
-        return nullptr;
-    }
-    if (operation.isNeedless()) {
-        groupOf(*window)->bringForward(*window);
-        return this;
-    }
-    const QPointer<DockableWindow> self(this);
-    const QPointer<DockableWindow> guest(window);
-    ui::restorePanels(); // which runs slots
-    if (!self || !guest || !canTake(window)) {
-        return nullptr;
-    }
-    QPointer<DockableWindow> result; // slots that hear of it may delete it
-    {
-        ui::docking::LayoutChange change;
-        const ui::docking::FocusKeeper focus;
-        change.note(*this);
-        change.note(*window);
-        window->settleLimits();
-        const QPointer<DockableGroup> old = groupOf(*window);
-        if (old) {
-            ui::docking::Departure::takeOut(*window, *old);
-        }
-        const QPointer<DockableWindow> newcomer(window);
-        result = operation.run();
-        if (newcomer && !newcomer->m_closing && !groupOf(*newcomer)) {
-            newcomer->makeFloating(); // something has come in between
-            newcomer->show();
-        }
-        if (old && old != result) {
-            old->collapseIfNeedless();
-        }
-    }
-    return result;
+    const auto later = [this, area, guest = QPointer(window)] { dockInArea(guest, area); };
+    return Answers::putOff(*this, later) ? nullptr
+                                         : ui::docking::DockOperation(*this, *window, area).dock();
 }
 
 QString DockableWindow::shownTitle()

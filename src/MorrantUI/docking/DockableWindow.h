@@ -32,6 +32,9 @@ class WindowOverlays;
 /// closed deletes itself; one that is deleted leaves its group, and takes it along as its last
 /// child.
 ///
+/// What a content does to the windows when one is shown or hidden, or another tab comes forward, is
+/// done when control returns to the event loop: docking, undocking, closing, choosing a tab.
+///
 /// Lengths are logical pixels. Windows to dock that are null, closed, gMainWindow or the parent of
 /// where they would go are ignored.
 class MORRANT_UI_EXPORT DockableWindow : public Widget
@@ -74,7 +77,7 @@ public:
     /// Docks `window` into this one at an area, where it shares the room of this window with it;
     /// into a floating group it brings its own size instead. A window that is docked somewhere else
     /// leaves there first, and a group left with fewer than two children dissolves.
-    /// @return the group that now holds both; null if nothing was docked
+    /// @return the group that now holds both; null if nothing was docked, or not yet
     DockableWindow* dockInArea(DockableWindow* window, DockableArea area);
 
     /// Takes the window out of its group and makes it float where it is. Does nothing when it
@@ -146,6 +149,7 @@ public:
     void onApplicationDeactivate(); ///< see onApplicationActivate()
 
     bool event(QEvent* event) override;
+    void setVisible(bool visible) override;
 
 Q_SIGNALS:
     void textChanged(const QString& text); ///< the title is another

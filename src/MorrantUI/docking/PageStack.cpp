@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/PageStack.h"
 
+#include "MorrantUI/docking/Answers.h"
+
 #include <QPointer>
 
 PageStack::PageStack(QWidget* parent)
@@ -22,7 +24,10 @@ void PageStack::showPage(int index)
     const bool paints = updatesEnabled();
     setAttribute(Qt::WA_UpdatesDisabled); // only of the stack, unlike setUpdatesEnabled()
     const QPointer<PageStack> self(this);
-    setCurrentIndex(index);
+    {
+        const ui::docking::Answers answers; // Qt would go by a page that is no more
+        setCurrentIndex(index);
+    }
     if (!self) {
         return;
     }

@@ -4,9 +4,12 @@
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/arrangement.h>
 
+#include <QCloseEvent>
+#include <QCoreApplication>
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace ui::docking {
 
@@ -133,6 +136,18 @@ bool TreeAccess::reportActive(DockableGroup& group)
 void TreeAccess::applySizes(DockableGroup& group, const QList<int>& sizes)
 {
     group.applySizes(sizes);
+}
+
+bool TreeAccess::agreesToClose(DockableWindow& panel)
+{
+    const QPointer<DockableWindow> guard(&panel);
+    QCloseEvent question;
+    const QEvent* const outer = std::exchange(panel.m_question, &question);
+    QCoreApplication::sendEvent(&panel, &question);
+    if (guard) {
+        guard->m_question = outer; // its answer may wait, in a dialog, while it is asked again
+    }
+    return question.isAccepted();
 }
 
 Limits TreeAccess::limitsOf(DockableWindow& window)

@@ -66,6 +66,8 @@ public:
     static bool reportActive(DockableGroup& group);
     /// DockableGroup::setSizes(), but newcomers that leave still give back what they took.
     static void applySizes(DockableGroup& group, const QList<int>& sizes);
+    /// Asks a panel whether it may be closed. It may do anything when it is asked.
+    static bool agreesToClose(DockableWindow& panel);
     /// Of what is in the window; of a group those of its children together.
     static Limits limitsOf(DockableWindow& window);
     /// Lets a docked window have these, but for those that are lifted.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/saving/savedlayouts.h"
 
+#include "MorrantUI/docking/Answers.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/saving/LayoutRestore.h"
 #include "MorrantUI/docking/saving/layoutjson.h"
@@ -275,6 +276,10 @@ bool restoreLayout(const QByteArray& json, const PanelForName& panelForName, QSt
     DockableGroup* const root = mainWindow();
     if (!layout || !root || !panelForName) {
         return false;
+    }
+    const auto later = [json, panelForName] { restoreLayout(json, panelForName, nullptr); };
+    if (Answers::putOff(*root, later)) {
+        return true;
     }
     const QPointer<DockableGroup> alive(root);
     LayoutRestore restore(*root, *layout);
