@@ -40,6 +40,7 @@ public:
     ~DockSession()
     {
         ui::setLayoutLocked(false);
+        m_trap.reset();
         const Deleting deleting;
         m_tree.destroy();
         for (const auto& panel : m_kept) { // which belong to nobody now
@@ -59,6 +60,7 @@ public:
     {
         m_hand.release();
         settleAll({});
+        m_trap.reset();
         const QString found = broken();
         const auto living = [this] {
             return std::count_if(

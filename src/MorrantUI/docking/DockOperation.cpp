@@ -59,7 +59,9 @@ DockableWindow* DockOperation::dock()
         if (old) {
             Departure::takeOut(m_window, *old);
         }
-        result = run();
+        if (target && newcomer) {
+            result = run();
+        }
         if (newcomer && !newcomer->m_closing && !groupOf(*newcomer)) {
             newcomer->makeFloating(); // something has come in between
             newcomer->show();

@@ -73,6 +73,9 @@ DockableWindow::DockableWindow(QWidget* content)
 
 DockableWindow::~DockableWindow()
 {
+    if (isWindow()) {
+        hide(); // now, as long as answers to that can wait
+    }
     // When this window is gone; a group that goes with it takes these calls along. One that was
     // closed has left already.
     DockableGroup* group = groupOf(*this);
