@@ -75,11 +75,12 @@ public:
         }
     }
 
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    bool eventFilter(QObject* watched, QEvent* event) override
     {
         const std::initializer_list<int> springs{
             QEvent::Show, QEvent::Hide, QEvent::FocusIn, QEvent::FocusOut};
-        if (std::find(springs.begin(), springs.end(), event->type()) != springs.end()) {
+        const bool lives = qobject_cast<DockableWindow*>(watched->parent());
+        if (lives && std::find(springs.begin(), springs.end(), event->type()) != springs.end()) {
             spring();
         }
         return false;
