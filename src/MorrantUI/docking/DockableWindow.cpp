@@ -411,7 +411,8 @@ void DockableWindow::makeFloating()
     }
     DockableGroup* main = mainWindow();
     const bool floats = parentWidget() == main && windowFlags().testFlag(Qt::Window);
-    if (!floats && !Rearranging::active()) {
+    const bool passing = Rearranging::active() && !Answers::areDue(); // a content may make new ones
+    if (!floats && !passing) {
         setParent(main, windowFlags() | Qt::Window);
     }
     if (!updatesEnabled() && !testAttribute(Qt::WA_ForceUpdatesDisabled)) {
