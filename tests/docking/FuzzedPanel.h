@@ -5,9 +5,7 @@
 
 #include <QtWidgets>
 
-#include <algorithm>
 #include <functional>
-#include <initializer_list>
 #include <utility>
 
 namespace ui::test {
@@ -61,8 +59,8 @@ private:
     bool m_refuses;
 };
 
-/// Acts once, in the next signal that is connected to it, or when one that it watches is shown,
-/// hidden, or gets or loses the focus.
+/// Acts once, in the next signal that is connected to it, or when one that it watches is shown or
+/// hidden.
 class Trap : public QObject
 {
 public:
@@ -77,10 +75,8 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        const std::initializer_list<int> springs{
-            QEvent::Show, QEvent::Hide, QEvent::FocusIn, QEvent::FocusOut};
-        const bool lives = qobject_cast<DockableWindow*>(watched->parent());
-        if (lives && std::find(springs.begin(), springs.end(), event->type()) != springs.end()) {
+        const bool springs = event->type() == QEvent::Show || event->type() == QEvent::Hide;
+        if (springs && qobject_cast<DockableWindow*>(watched->parent())) {
             spring();
         }
         return false;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/Answers.h"
 
-#include "MorrantUI/docking/panelfocus.h"
-
 #include <QMetaObject>
 #include <QPointer>
 
@@ -34,11 +32,8 @@ Waiting& waiting()
 void post(Answer answer)
 {
     if (answer.window) {
-        const auto act = [operation = std::move(answer.operation)] {
-            settleFocus();
-            operation();
-        };
-        QMetaObject::invokeMethod(answer.window, act, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            answer.window, std::move(answer.operation), Qt::QueuedConnection);
     }
 }
 
@@ -60,19 +55,16 @@ Answers::~Answers()
 
 bool Answers::putOff(QObject& window, std::function<void()> operation)
 {
-    if (waiting().depth > 0) {
+    const bool isDue = areDue();
+    if (isDue) {
         waiting().answers.push_back({&window, std::move(operation)});
-    } else if (isFocusMoving()) {
-        post({&window, std::move(operation)});
-    } else {
-        return false;
     }
-    return true;
+    return isDue;
 }
 
 bool Answers::areDue()
 {
-    return waiting().depth > 0 || isFocusMoving();
+    return waiting().depth > 0;
 }
 
 } // namespace ui::docking

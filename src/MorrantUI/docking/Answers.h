@@ -11,7 +11,7 @@ namespace ui::docking {
 
 /// While one lives, what is in the windows hears that it is shown or hidden, and may answer by
 /// docking or closing windows. Qt is in the midst of them then: answers wait until the last of
-/// these ends, and are done from the event loop. So they do while the focus moves.
+/// these ends, and are done from the event loop.
 class Answers
 {
 public:

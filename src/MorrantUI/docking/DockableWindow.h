@@ -32,9 +32,8 @@ class WindowOverlays;
 /// closed deletes itself; one that is deleted leaves its group, and takes it along as its last
 /// child.
 ///
-/// What a content does to the windows when one is shown or hidden, another tab comes forward or the
-/// focus moves, is done when control returns to the event loop: docking, undocking, closing,
-/// choosing a tab.
+/// What a content does to the windows when one is shown or hidden, or another tab comes forward, is
+/// done when control returns to the event loop: docking, undocking, closing, choosing a tab.
 ///
 /// Lengths are logical pixels. Windows to dock that are null, closed, gMainWindow or the parent of
 /// where they would go are ignored.

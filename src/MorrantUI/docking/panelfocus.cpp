@@ -58,13 +58,6 @@ QPointer<QWidget>& awaitedFocus()
     return widget;
 }
 
-/// Who the application has last told that it has the focus.
-QPointer<QWidget>& toldFocus()
-{
-    static QPointer<QWidget> widget;
-    return widget;
-}
-
 /// Where the focus goes from a page that lies behind another tab now.
 QWidget* inFrontOf(QWidget* hidden)
 {
@@ -87,25 +80,9 @@ void rememberFocus()
     if (!isFirstFor(followed)) {
         return;
     }
-    settleFocus();
     QObject::connect(qApp, &QApplication::focusChanged, qApp, [](QWidget* /*old*/, QWidget* now) {
-        settleFocus();
         noteFocus(now);
     });
-}
-
-bool isFocusMoving()
-{
-    const QWidget* told = toldFocus();
-    while (told && told->focusProxy()) { // which may have been given to it since, without a word
-        told = told->focusProxy();
-    }
-    return told != QApplication::focusWidget();
-}
-
-void settleFocus()
-{
-    toldFocus() = QApplication::focusWidget();
 }
 
 QWidget* focusTarget(const DockableWindow& panel)

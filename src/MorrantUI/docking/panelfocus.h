@@ -13,12 +13,6 @@ namespace ui::docking {
 /// whenever the panel changes places. Only the first call does anything.
 void rememberFocus();
 
-/// Whether widgets are just hearing that they have the focus, or have it no more. Qt may be making
-/// a window active then, and goes on with it afterwards.
-bool isFocusMoving();
-/// It is not, whatever may seem.
-void settleFocus();
-
 /// What in a panel's content last had the focus, else what the Tab key would come to first there;
 /// null if nothing there takes it.
 QWidget* focusTarget(const DockableWindow& panel);
