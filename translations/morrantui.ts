@@ -513,11 +513,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1, key at frame %2</source>
+        <source>Key at frame %1</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Key at frame %1</source>
+        <source>%1, key at frame %2</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

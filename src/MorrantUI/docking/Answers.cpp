@@ -32,8 +32,7 @@ Waiting& waiting()
 void post(Answer answer)
 {
     if (answer.window) {
-        QMetaObject::invokeMethod(
-            answer.window, std::move(answer.operation), Qt::QueuedConnection);
+        QMetaObject::invokeMethod(answer.window, std::move(answer.operation), Qt::QueuedConnection);
     }
 }
 
