@@ -290,7 +290,7 @@ private Q_SLOTS:
         QVERIFY(layouts.names().isEmpty());
         DockTree tree(u"H(a b)"_qs);
         saved();
-        const QString longest(80, u'歩');
+        const QString longest(78, u'歩');
         const QStringList names{u"../x: 1"_qs, u"a"_qs, u"con"_qs, u"Über 10"_qs, longest};
         for (const QString& name : names) {
             QVERIFY(layouts.save(name));

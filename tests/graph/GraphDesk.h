@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/StyledApplication.h"
+#include "support/FakePointerSystem.h"
 #include <MorrantUI/MorrantUI.h>
 
 namespace ui::test {

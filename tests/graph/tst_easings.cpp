@@ -160,6 +160,7 @@ private Q_SLOTS:
     }
     void numbersThatAreScrubbedAndTypedAreSteps()
     {
+        const FakePointerSystem system(morrant::native::PointerSystem::Drive::Moves);
         Desk<KeyFields> desk;
         KeyFields& fields = *desk.control;
         const auto tell = [&](double number) { desk.told << QString::number(number); };

@@ -208,6 +208,7 @@ private Q_SLOTS:
     }
     void aPaneTiesListAndFieldsToItsView()
     {
+        const ui::test::FakePointerSystem system(morrant::native::PointerSystem::Drive::Moves);
         ValueGraphPane pane;
         ui::test::showActive(pane);
         pane.setEmptyHint(u"Empty"_qs);

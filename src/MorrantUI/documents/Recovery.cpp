@@ -192,7 +192,9 @@ Recovery::Held Recovery::makeFolder() const
     Held made;
     for (int i = 0; i < kMostNames && !made.lock; ++i) {
         const QString name = m_run + u'-' + QUuid::createUuid().toString(QUuid::Id128);
-        all.mkdir(name, kOwn);
+        if (!all.mkdir(name, kOwn)) {
+            continue;
+        }
         made = {all.filePath(name), lockOf(QDir(all.filePath(name)))};
         if (!made.lock) {
             all.rmdir(name); // unless it is the other run's
