@@ -146,7 +146,7 @@ void AnimatorWindow::showAnimation()
     }
     m_outline->setLines(lines);
     m_sheet->ruler().getTimelineScene()->setMarkers(m_now.markers);
-    m_sheet->setPlaybackRange(m_now.playback.first, m_now.playback.second);
+    m_clock.setPlaybackRange(m_now.playback.first, m_now.playback.second);
 }
 
 void AnimatorWindow::takeKeys()
@@ -170,10 +170,9 @@ void AnimatorWindow::takeCurves()
 
 void AnimatorWindow::takeTime()
 {
-    const TimelineScene& scene = *m_sheet->ruler().getTimelineScene();
     Animation animation = m_now;
-    animation.markers = scene.markers();
-    animation.playback = {scene.getPlaybackStartFrame(), scene.getPlaybackEndFrame()};
+    animation.markers = m_sheet->ruler().getTimelineScene()->markers();
+    animation.playback = m_clock.playbackRange();
     preview(animation);
     finish(tr("Change Time"));
 }

@@ -2,6 +2,8 @@
 #include "guide.h"
 #include <MorrantUI/MorrantUI.h>
 
+#include <QCoreApplication>
+
 #include <include/core/SkCanvas.h>
 #include <include/core/SkPaint.h>
 

@@ -25,6 +25,5 @@ QMenu* menuChapter(QWidget* panel)
     // menu->exec(event->globalPos()) or menu->popup(…) shows it
     // [menus]
     solo->setToolTip(tr("Solo"));
-    menu->addAction(hide);
     return menu;
 }

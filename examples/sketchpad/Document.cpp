@@ -34,7 +34,6 @@ Document::Document(Rosette start)
 
 Document::~Document() = default;
 
-// [steps]
 void Document::preview(const Rosette& rosette)
 {
     m_shown = rosette;
@@ -43,14 +42,7 @@ void Document::preview(const Rosette& rosette)
 
 void Document::finishStep(const QString& text)
 {
-    QMetaObject::invokeMethod(
-        this, [this, text] { push(text); }, Qt::QueuedConnection);
-}
-
-void Document::push(const QString& text)
-{
     if (m_shown != m_kept) {
         m_history.push(new Step(this, text));
     }
 }
-// [steps]

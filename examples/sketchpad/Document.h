@@ -8,9 +8,8 @@
 
 /// The rosette and its history.
 ///
-/// What the user is doing is shown at once, by preview(). finishStep() makes one step of all that
-/// was previewed when control returns to the event loop: a row whose fields are linked, or that is
-/// reset, reports several changes at once, and they are one step.
+/// What the user is doing is shown at once, by preview(), and finishStep() makes one step of all
+/// that was previewed.
 class Document : public QObject
 {
     Q_OBJECT
@@ -31,8 +30,6 @@ Q_SIGNALS:
 
 private:
     class Step;
-
-    void push(const QString& text);
 
     Rosette m_kept;  ///< as the history has it
     Rosette m_shown; ///< with what is under way

@@ -53,10 +53,11 @@ AttributeRow* RosettePanel::addNumbers(const QString& name, const Numbers& numbe
     row->setPickWhipShown(false);
     layout()->addWidget(row);
 
-    connect(row, &AttributeRow::valueChanged, this, [=, this](int, bool committed) {
+    // Once for a change, however many fields take part: linked ones have followed by then.
+    connect(row, &AttributeRow::edited, this, [=, this](bool committed) {
         Rosette rosette = m_document.rosette();
         int index = 0;
-        for (const auto number : numbers) { // all: a linked one has followed by now
+        for (const auto number : numbers) {
             rosette.*number = row->value(index++);
         }
         m_document.preview(rosette);
@@ -81,7 +82,7 @@ AttributeRow* RosettePanel::addColor(const QString& name)
     row->setPickWhipShown(false);
     layout()->addWidget(row);
 
-    connect(row, &AttributeRow::colorChanged, this, [=, this](bool committed) {
+    connect(row, &AttributeRow::edited, this, [=, this](bool committed) {
         Rosette rosette = m_document.rosette();
         rosette.color = row->color();
         m_document.preview(rosette);

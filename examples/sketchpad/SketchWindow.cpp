@@ -4,14 +4,17 @@
 #include "RosettePanel.h"
 #include "RosetteView.h"
 #include <MorrantUI/docking/DockableGroup.h>
+#include <MorrantUI/docking/panelnavigation.h>
 #include <MorrantUI/docking/saving/LayoutFile.h>
 #include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/menus/ModalDialog.h>
+#include <MorrantUI/menus/NoticeStack.h>
 #include <MorrantUI/menus/dialogs.h>
 #include <MorrantUI/menus/hostmenus.h>
 #include <MorrantUI/platform/native.h>
 #include <MorrantUI/platform/notifications.h>
 #include <MorrantUI/theme/colors.h>
+#include <MorrantUI/theme/events.h>
 
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -29,6 +32,10 @@ SketchWindow::SketchWindow(const QString& layoutFile)
     resize(900, 600);
     // [restore]
     m_layout = new LayoutFile(layoutFile, *m_panels, *this); // a path of yours
+    auto* notices = new NoticeStack(m_panels.get());
+    connect(m_layout, &LayoutFile::failed, notices, [notices](const QString& sentence) {
+        notices->add(sentence);
+    });
     m_layout->restore();
     // [restore]
 
@@ -74,7 +81,7 @@ void SketchWindow::addMenus()
     QAction* undo = m_document.history().createUndoAction(this, tr("&Undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction* redo = m_document.history().createRedoAction(this, tr("&Redo"));
-    redo->setShortcut(QKeySequence::Redo);
+    redo->setShortcuts(ui::redoKeys());
     edit->addActions({undo, redo});
 
     // [panels]
@@ -84,6 +91,7 @@ void SketchWindow::addMenus()
     panels->addAction(tr("&Reset"), this, [this] { m_panels->reset(); });
     // [panels]
     ui::shareShortcuts(*menuBar()); // in floating panels too
+    ui::addPanelNavigation(this);   // F6 from the menu bar, too
 }
 
 void SketchWindow::rename()
