@@ -49,7 +49,8 @@ public:
     ~CanvasView() override;
 
     /// The page's size in its own pixels. A size that is empty or not a number, or has a side above
-    /// 1e9, is no page, as at first: there is nothing but the hint. Another size ends a gesture.
+    /// 1e9, is no page, as at first: there is nothing but the hint, and nothing is zoomed, panned
+    /// or clicked. Another size ends a gesture.
     void setPageSize(QSizeF size);
     QSizeF pageSize() const { return m_pageSize; }
     bool hasPage() const { return !m_pageSize.isEmpty(); }
@@ -63,7 +64,8 @@ public:
     CanvasBackdrop backdrop() const { return m_backdrop; }
 
     /// Whether a drag with the left button pans, which it does at first; the cursor is a hand then.
-    /// Without it cursor and drag are the subclass's, and Space held lends the hand.
+    /// Without it cursor and drag are the subclass's, and Space held lends the hand. A change ends
+    /// a gesture.
     void setHand(bool hand);
     bool hasHand() const { return m_hand; }
     bool isPanning() const { return m_press == Press::Pan; } ///< the mouse holds the page
@@ -95,9 +97,10 @@ public:
     bool isFitted() const { return m_fitted; }
     /// One logical pixel for each of the page's, its middle in the middle.
     void showActualSize();
-    /// About the middle of the view. @param scale logical pixels a pixel of the page
+    /// About the middle of the view, within the limits. One that is not above 0 and finite is
+    /// ignored, and so are factors below. @param scale logical pixels a pixel of the page
     void setScale(double scale);
-    /// The same by a factor, above 1 to enlarge. One that is not above 0 and finite is ignored.
+    /// The same by a factor, above 1 to enlarge.
     void zoomBy(double factor);
     /// About a point of the view.
     void zoomAt(QPointF point, double factor);

@@ -35,7 +35,7 @@ public:
     ~DockableTabGroup() override;
 
     /// Takes the child out with its tab and returns it, floating and hidden; null for an index out
-    /// of range.
+    /// of range, and while a window is being shown or hidden.
     DockableWindow* takeChild(int index) override;
     int childCount() const override;
     DockableWindow* getChild(int index) override;

@@ -32,9 +32,9 @@ public:
     /// @param suffix that a name without one gets, such as "json"; empty for none
     void setFileType(const QString& filter, const QString& suffix);
 
-    /// How the user is asked for a path, by default in a file dialog, and then before an existing
-    /// file is taken. An empty path is none. An empty function: as by default. It may delete the
-    /// page and the saver.
+    /// How the user is asked for a path: by default in a file dialog, which is followed by a
+    /// question where there is such a file. A host's function asks that itself; an empty path is
+    /// none. It may delete the page and the saver. An empty function: as by default.
     using ChoosePath = std::function<QString(const QString& suggested)>;
     void setChoosePath(ChoosePath choose) { m_choosePath = std::move(choose); }
 
@@ -45,7 +45,7 @@ public:
     /// file is not what was read from it or written to it last, asks first.
     /// @return whether it was saved; the page may have been deleted meanwhile, which saves nothing
     bool save(FilePage& page);
-    /// Asks for a file, which from then on is the document's.
+    /// Asks for a file, which from then on is the document's. @return as save()
     bool saveAs(FilePage& page);
 
 Q_SIGNALS:

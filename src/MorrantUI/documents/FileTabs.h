@@ -53,8 +53,8 @@ public:
     /// @param question such as "Quit?"
     /// @return whether they may be left
     bool mayLeave(const QString& question);
-    /// Saves all documents that have changes; one of which something has to be asked comes to the
-    /// front.
+    /// Saves all documents that have changes, with what is being typed; one of which something has
+    /// to be asked comes to the front.
     /// @return false when one of them was not saved; the ones behind it are then left alone
     bool saveAll();
     FileSaver& saver() { return *m_saver; }

@@ -22,7 +22,7 @@ using TakeFiles = std::function<void(const QStringList& paths, bool hasOthers)>;
 /// taken is let in too, so that the drop can say why. They are taken once control returns to the
 /// event loop, as whoever has dropped them waits until then, and not once the widget has died. A
 /// widget in a floating panel needs an offer of its own, as drops there do not reach the main
-/// window.
+/// window. The last offer to a widget counts.
 /// @param suffix such as "json", in any case; empty for every file
 MORRANT_UI_EXPORT void offerFileDrops(QWidget& widget, const QString& suffix, TakeFiles take);
 

@@ -16,8 +16,8 @@ class SegmentedButton;
 ///
 /// It changes no keys: it tells what the user did. A drag and a choice are one step of a history,
 /// with editStarted() before and editEnded() behind all of it; Escape takes a drag back. A slot may
-/// delete the editor, of which nothing is told then, and may take the easing away, which ends the
-/// step.
+/// delete the editor, of which nothing is told then. The slot of a choice may take the easing away,
+/// which ends that; in a drag other easings are ignored.
 ///
 /// Tab goes to the one handle and then to the other, which the arrow keys move. Handles beyond the
 /// room for what overshoots are brought into sight between drags.
@@ -33,7 +33,8 @@ public:
     /// drags a handle. One with numbers that are not finite is shown as a linear one.
     void setEasing(const std::optional<SegmentEasing>& easing);
     /// The same of several that are edited together, as of a position's numbers: the first one's
-    /// curve, and a preset only where it is all of theirs. What the user does then is for all.
+    /// curve, and a preset only where it is all of theirs. What the user does then is for all. None
+    /// is no easing to edit.
     void setEasings(const std::vector<SegmentEasing>& easings);
     /// What is shown; none where there is none to edit.
     std::optional<SegmentEasing> easing() const;

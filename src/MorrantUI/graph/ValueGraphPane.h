@@ -73,8 +73,8 @@ public:
     /// What the view says where there is nothing to choose from, such as why.
     void setEmptyHint(const QString& hint);
 
-    /// For menus and shortcuts. The Delete key and T act while the view has the focus: a list takes
-    /// letters to find its rows by.
+    /// For menus and shortcuts; the pane's. The Delete key and T act while the view has the focus:
+    /// a list takes letters to find its rows by.
     QAction* command(Command command) const;
     QList<QAction*> commands() const; ///< all of them, as in the pane's own context menu
 

@@ -34,8 +34,8 @@ struct SegmentEasing
     }
 };
 
-/// Itself, or, of numbers that are not finite, a linear one that holds where it does. What is eased
-/// below goes by it.
+/// Itself, or, of numbers that are not finite, a linear one that holds where it does. easedShare()
+/// and setEasing() go by it.
 MORRANT_UI_EXPORT SegmentEasing finiteEasing(const SegmentEasing& easing);
 
 /// Those that have names; others are made by hand.
@@ -92,8 +92,7 @@ MORRANT_UI_EXPORT void setEasing(
 MORRANT_UI_EXPORT SegmentEasing
 easingOf(const ValueGraphKey& from, const ValueGraphKey& to, const SegmentEasing& before = {});
 /// Whether a key has both handles, and these lie on one line to its two sides, so that they should
-/// stay so:
-/// ValueGraphKey::handlesLocked for a host whose document does not say.
+/// stay so: ValueGraphKey::handlesLocked for a host whose document does not say.
 MORRANT_UI_EXPORT bool isSmooth(const ValueGraphKey& key);
 
 /// The data's value of an easing's 0, and as far below 1 that of its 1: a fixed graph keeps its
@@ -101,6 +100,7 @@ MORRANT_UI_EXPORT bool isSmooth(const ValueGraphKey& key);
 inline constexpr double kOvershootRoom = 0.25;
 
 /// Keys for a GraphCurveData that show an easing: two, or three for a hold.
+/// @param easing of finite numbers, see finiteEasing()
 /// @param room as kOvershootRoom, from 0 on and below a half
 MORRANT_UI_EXPORT std::vector<GraphCurveKey> curveOf(
     const SegmentEasing& easing, double room = kOvershootRoom);

@@ -63,7 +63,8 @@ public:
 
     /// Shows what has become of the rows: identities that are gone, have come, or are elsewhere,
     /// and whatever else has changed. Views are told no more than that, except that of changes in
-    /// very many places they are told as of one.
+    /// very many places they are told as of one; where two rows have one identity, the list counts
+    /// as another one.
     void setRows(std::vector<ListedRow> rows);
     /// Shows other rows, of which views know none, whatever their identities.
     void resetRows(std::vector<ListedRow> rows);
@@ -82,8 +83,8 @@ public:
         const QModelIndex& parent, int row, int count, const QModelIndex& target, int to) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// Tells of rows that the user has taken elsewhere, by moveWanted(), as TreeView does. What is
-    /// no such rows, or would move none, is ignored.
+    /// Tells of rows that the user has taken elsewhere, by moveWanted(), which see: TreeView does
+    /// so. Rows that there are not, or that are not in order, and what would move none are ignored.
     /// @return whether the host has moved them by then
     bool moveTo(const QList<int>& rows, int to);
 

@@ -75,7 +75,9 @@ public:
 
     /// The keys that selected marks stand for, in order.
     std::vector<DopeSheetPlace> selectedKeys() const;
-    /// Selects the marks all of whose keys are among these, and nothing else.
+    /// Selects the marks all of whose keys are among these, and nothing else; what is no key of the
+    /// lines does not count. Where that is another selection, the scene's selectionChanged() tells
+    /// so once.
     void selectKeys(const std::vector<DopeSheetPlace>& keys);
     /// The lines whose row, or any mark in it, is selected, in order.
     std::vector<std::size_t> selectedLines() const;
@@ -83,7 +85,7 @@ public:
     /// their lines say, as by a scaling that ripples. For TimeEditorView::keysMoving().
     std::vector<DopeSheetKeyMove> movedKeys() const;
 
-    /// The row of a line; null for one that is folded away.
+    /// The row of a line, which is the scene's; null for one that is folded away, or none.
     TimeEditorBaseItem* row(std::size_t line) const;
     /// The line of a row; none for null and for rows that are not the outline's.
     std::optional<std::size_t> lineOf(const TimeEditorBaseItem* row) const;

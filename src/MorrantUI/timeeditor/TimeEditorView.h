@@ -125,7 +125,7 @@ public:
     QRectF getTranslateToolRect() const;
     void clearSelection(); ///< of the scene
 
-    /// The rows of keys, from the top.
+    /// The curves, and other rows that have keys, as far as they are visible: from the top.
     QObjectList listsForReaders() const override;
 
     /// Scaling of the selected keys in time, as the transform tool drives it.

@@ -36,8 +36,8 @@ MORRANT_UI_EXPORT WavSound readWav(QIODevice& device);
 /// A sound as a TimeEditorSoundItem draws it.
 struct SoundFile
 {
-    QString name = {};                            ///< the file's, without its suffix
-    double rate = 0.0;                            ///< samples a second
+    QString name = {}; ///< the file's, without its suffix; empty, too, where there is none
+    double rate = 0.0; ///< samples a second
     std::shared_ptr<const SoundPeaks> peaks = {}; ///< null for no sound
     QString error = {};                           ///< why there is none, as of a WavSound
 };

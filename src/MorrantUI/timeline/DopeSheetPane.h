@@ -46,17 +46,18 @@ public:
     void setCorner(QWidget* corner);
 
     /// Shows and moves a clock's time, as TimelineView::setClock() has it for the ruler; a tap of
-    /// Space in the view plays and pauses. Null and the clock's death leave the pane as it is.
+    /// Space in the view plays and pauses. The clock is not owned; null and its death leave the
+    /// pane as it is.
     void setClock(PlaybackClock* clock);
     PlaybackClock* clock() const;
 
-    /// The frames of the document. The scene reaches a little beyond them, and down to the last row
-    /// that there is now.
+    /// The frames of the document, any two of them, as for the ruler's scene. The editor's scene
+    /// reaches a little beyond them, and down to the last row that there is now.
     void setFrameRange(int first, int last);
     /// To be called when rows have come or gone.
     void rowsChanged();
     void setPlaybackRange(int first, int last); ///< nothing is reported as the user's
-    /// Frames a second, of time codes and beats.
+    /// Frames a second, of time codes and beats; without either where it is not above 0 and finite.
     void setRate(double framesPerSecond);
 
     int currentFrame() const;

@@ -42,10 +42,12 @@ MORRANT_UI_EXPORT QByteArray saveLayout();
 /// that it has as closed are closed. A floating window whose screen is gone comes to the closest
 /// one, whole. Before gMainWindow is shown the sizes count as proportions; they are exact from then
 /// on.
+///
 /// What a content restores when it is shown or hidden is arranged when control returns to the event
 /// loop.
 /// @param error if not null and this fails: what is wrong, the rest of a translated sentence
-/// @return false, and nothing is changed, for what is no layout, and without gMainWindow
+/// @return false, and nothing is changed, for what is no layout, without gMainWindow and for an
+///     empty function
 MORRANT_UI_EXPORT bool restoreLayout(
     const QByteArray& json, const PanelForName& panelForName, QString* error = nullptr);
 /// The same with the panels that there are.
