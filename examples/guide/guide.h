@@ -6,6 +6,7 @@ class QWidget;
 
 /// One window a chapter of docs/host-guide.md, or a page of docs/widgets.
 QWidget* dockingChapter();
+QWidget* documentsChapter();
 QWidget* timeEditorChapter();
 QWidget* timeRulerChapter();
 QWidget* fixedGraphChapter();

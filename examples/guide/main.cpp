@@ -16,6 +16,7 @@ int main(int argc, char** argv)
     bool drawn = ui::version() >= MORRANT_UI_VERSION;
     for (const auto chapter :
          {dockingChapter,
+          documentsChapter,
           timeEditorChapter,
           timeRulerChapter,
           fixedGraphChapter,
