@@ -19,7 +19,7 @@ public:
     explicit FilePage(QWidget* parent = nullptr);
     ~FilePage() override;
 
-    /// Tells of the document that the page shows from now on.
+    /// Tells of the document that the page shows from now on; changed() and documentSet() follow.
     /// @param title what tabs and questions call it; empty for none yet
     /// @param path of its file; empty for a document of no file
     /// @param fingerprint of what that file holds, see ui::fingerprintOf()
@@ -30,10 +30,11 @@ public:
     /// Of what its file held when it was read or written last.
     const QByteArray& fingerprint() const { return m_fingerprint; }
 
-    /// The document is now what a file holds. Another file than before gives it its name.
+    /// The document is now what a file holds; changed() follows. Another file than before gives it
+    /// its name.
     void setSaved(const QString& path, const QByteArray& fingerprint);
     /// The document has changes that are not in its file, and that no undo takes back, as one that
-    /// was recovered.
+    /// was recovered; changed() follows.
     /// @param fingerprint of what the file held that it began with
     void setUnsaved(const QByteArray& fingerprint);
 

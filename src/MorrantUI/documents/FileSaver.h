@@ -32,10 +32,11 @@ public:
     /// @param suffix that a name without one gets, such as "json"; empty for none
     void setFileType(const QString& filter, const QString& suffix);
 
-    /// How the user is asked for a path: by default in a file dialog, which is followed by a
-    /// question where there is such a file. A host's function asks that itself; an empty path is
-    /// none. It may delete the page and the saver. An empty function: as by default.
+    /// Asks the user for a path; an empty one is none. May delete the page and the saver.
     using ChoosePath = std::function<QString(const QString& suggested)>;
+    /// How the user is asked for a path: by default, and by an empty function, in a file dialog,
+    /// which is followed by a question where there is such a file. A host's function asks that
+    /// itself.
     void setChoosePath(ChoosePath choose) { m_choosePath = std::move(choose); }
 
     /// For documents that lie elsewhere, as in other windows.

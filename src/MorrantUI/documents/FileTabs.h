@@ -57,6 +57,7 @@ public:
     /// to be asked comes to the front.
     /// @return false when one of them was not saved; the ones behind it are then left alone
     bool saveAll();
+    /// What saves the pages, with signals of its own; the tabs'.
     FileSaver& saver() { return *m_saver; }
 
     /// The documents that have changes, as they are. One that cannot be written is as this has told

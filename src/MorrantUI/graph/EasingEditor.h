@@ -48,6 +48,7 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
+    /// The user begins to drag, or has chosen a preset.
     void editStarted();
     /// A step: what is shown now.
     void edited(const SegmentEasing& easing);

@@ -161,7 +161,7 @@ protected:
     void asEdit(const std::function<bool()>& change);
     /// Of a gesture that ends with the release, or with finishEdit(). @param changed already
     void beginEdit(bool changed);
-    void finishEdit();
+    void finishEdit(); ///< nothing without one
 
     void abandonGesture() override;
 

@@ -38,8 +38,9 @@ public:
 Q_SIGNALS:
     /// The user has begun to drag, to step by key, or has typed.
     void editStarted();
+    /// A step: what is shown now.
     void frameEdited(double frame);
-    void valueEdited(double value);
+    void valueEdited(double value); ///< likewise
     /// @param changed false where the number is as before, after Escape too
     void editEnded(bool changed);
 

@@ -58,6 +58,7 @@ inline constexpr std::array kPresets{
     EasingPreset::Back,
     EasingPreset::Hold};
 
+/// Linear for what is none of them.
 MORRANT_UI_EXPORT SegmentEasing easingOf(EasingPreset preset);
 /// The one that an easing is. Whatever has both handles on the diagonal is linear.
 /// @param tolerance by which each number may be another one
@@ -75,10 +76,12 @@ MORRANT_UI_EXPORT double easedShare(const SegmentEasing& easing, double time);
 
 MORRANT_UI_EXPORT QPointF outHandle(QPointF share, QPointF distance); ///< of the first key
 MORRANT_UI_EXPORT QPointF inHandle(QPointF share, QPointF distance);  ///< of the second one
-/// The way back. The share of time is kept within 0 to 1. Where the value does not change, or both
-/// keys are at one frame, the handle says nothing about that share, which stays.
+/// The way back, of the first key. The share of time is kept within 0 to 1. Where the value does
+/// not change, or both keys are at one frame, the handle says nothing about that share, which
+/// stays.
 /// @param before the share that there was
 MORRANT_UI_EXPORT QPointF outShare(QPointF handle, QPointF distance, QPointF before = {0, 0});
+/// The same of the second key.
 MORRANT_UI_EXPORT QPointF inShare(QPointF handle, QPointF distance, QPointF before = {1, 1});
 
 /// Eases the segment between two keys: its two handles, whether it holds, and, unless it does, that

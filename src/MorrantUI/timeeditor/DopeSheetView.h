@@ -20,8 +20,9 @@ public:
     explicit DopeSheetView(QWidget* parent = nullptr);
     ~DopeSheetView() override;
 
-    // Each selects keys and nothing else, of rows and on clips, and is told once where that is
-    // another selection. Keys that are hidden or disabled are left out.
+    /// Selects keys and nothing else, of rows and on bars, as those below do; the scene's
+    /// selectionChanged() tells once where that is another selection. Keys that are hidden or
+    /// disabled are left out.
     void selectAllKeys();
     /// Those at the frames of the keys that are selected; without any, at the current frame.
     void selectKeyColumn();

@@ -96,8 +96,8 @@ Q_SIGNALS:
     /// There is another document, by setTrack() or the first setFrameRange(): what was under way is
     /// about the one before. Comes before the others, of which those follow that are different.
     void trackChanged();
-    void frameRangeChanged(int first, int last);
-    void rateChanged(double framesPerSecond);
+    void frameRangeChanged(int first, int last); ///< by setFrameRange(), too
+    void rateChanged(double framesPerSecond);    ///< by setRate(), too
     /// By the host or by the user, as those below.
     void playbackRangeChanged(int first, int last);
     void loopingChanged(bool loops);   ///< by setLooping()

@@ -58,6 +58,7 @@ public:
     /// Null while the panel is closed, since it goes then.
     DockableWindow* windowOf(const QString& id) const;
 
+    /// False for an unknown one, too.
     bool isPanelOpen(const QString& id) const { return windowOf(id) != nullptr; }
     /// Shows a panel, at its place in the default layout if it was closed, in front and active; or
     /// closes it. An unknown one is ignored.
