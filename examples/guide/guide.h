@@ -11,6 +11,7 @@ QWidget* timeEditorChapter();
 QWidget* timeRulerChapter();
 QWidget* fixedGraphChapter();
 QWidget* undoChapter();
+QWidget* listChapter();
 QWidget* canvasChapter();
 
 /// The menu of the menus' chapter, filled but not shown.

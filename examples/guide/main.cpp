@@ -21,6 +21,7 @@ int main(int argc, char** argv)
           timeRulerChapter,
           fixedGraphChapter,
           undoChapter,
+          listChapter,
           canvasChapter})
     {
         const std::unique_ptr<QWidget> window(chapter());

@@ -58,7 +58,7 @@ public:
     /// wide as an icon, and a press of the left button in one tells of its cell by switchPressed(),
     /// and neither selects nor drags. Keys get there by the arrows to both sides, from a row that
     /// they do not unfold or close, and Space presses. Columns that the model does not have are
-    /// ignored.
+    /// ignored. How the others share the rest of the width is the header's, which QTreeView has.
     void setSwitchColumns(const QList<int>& columns);
     QList<int> switchColumns() const { return m_switches; }
 
