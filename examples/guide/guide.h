@@ -12,6 +12,7 @@ QWidget* timeRulerChapter();
 QWidget* fixedGraphChapter();
 QWidget* undoChapter();
 QWidget* listChapter();
+QWidget* graphPaneChapter();
 QWidget* canvasChapter();
 
 /// The menu of the menus' chapter, filled but not shown.

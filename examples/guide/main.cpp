@@ -22,6 +22,7 @@ int main(int argc, char** argv)
           fixedGraphChapter,
           undoChapter,
           listChapter,
+          graphPaneChapter,
           canvasChapter})
     {
         const std::unique_ptr<QWidget> window(chapter());
