@@ -110,7 +110,9 @@ AnimatorWindow::AnimatorWindow(Animation animation)
 
     QAction* undo = m_history.createUndoAction(this);
     undo->setShortcut(QKeySequence::Undo);
-    addAction(undo);
+    QAction* redo = m_history.createRedoAction(this);
+    redo->setShortcuts(ui::redoKeys());
+    addActions({undo, redo});
 }
 
 AnimatorWindow::~AnimatorWindow() = default;
