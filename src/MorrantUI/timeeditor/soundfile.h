@@ -42,7 +42,7 @@ struct SoundFile
     QString error = {};                           ///< why there is none, as of a WavSound
 };
 
-/// Reads a file by readWav().
+/// Reads a file by readWav(), in any thread, too.
 MORRANT_UI_EXPORT SoundFile readSoundFile(const QString& path);
 
 } // namespace ui
