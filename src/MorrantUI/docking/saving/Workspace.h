@@ -78,7 +78,8 @@ public:
     /// @param error if not null and this fails: what is wrong, the rest of a translated sentence
     /// @return false, and nothing is changed, for what is no layout
     bool setLayout(const QByteArray& layout, QString* error = nullptr);
-    /// The arrangement as ui::saveLayout() has it, panels that are closed included.
+    /// The arrangement as ui::saveLayout() has it, panels that are closed included; empty while
+    /// gMainWindow is another. Hides the function of QWidget.
     QByteArray layout() const;
 
 protected:
