@@ -56,13 +56,13 @@ void KeyFields::watch(NumericField& field)
 void KeyFields::setKey(std::optional<double> frame, std::optional<double> value)
 {
     const QPointer<KeyFields> alive(this);
-    show(*m_frame, m_shownFrame, frame);
+    showIn(*m_frame, m_shownFrame, frame);
     if (alive) {
-        show(*m_value, m_shownValue, value);
+        showIn(*m_value, m_shownValue, value);
     }
 }
 
-void KeyFields::show(NumericField& field, double& shown, std::optional<double> number)
+void KeyFields::showIn(NumericField& field, double& shown, std::optional<double> number)
 {
     const bool isNumber = number && std::isfinite(*number);
     const QPointer<KeyFields> alive(this);

@@ -46,7 +46,7 @@ Q_SIGNALS:
 
 private:
     void watch(NumericField& field);
-    void show(NumericField& field, double& shown, std::optional<double> number);
+    void showIn(NumericField& field, double& shown, std::optional<double> number);
     void take(NumericField& field, double number, bool committed);
     void begin(NumericField& field);
     void commit(NumericField& field);

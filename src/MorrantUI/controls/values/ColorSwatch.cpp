@@ -143,7 +143,7 @@ void ColorSwatch::setValue(const QColor& color)
         const QSignalBlocker quiet(m_dialog);
         m_dialog->setCurrentColor(wanted);
     }
-    show(wanted);
+    showColor(wanted);
 }
 
 void ColorSwatch::setAlphaEnabled(bool enabled)
@@ -155,7 +155,7 @@ void ColorSwatch::setAlphaEnabled(bool enabled)
         m_dialog->setOption(QColorDialog::ShowAlphaChannel, enabled);
         m_dialog->setCurrentColor(admitted(m_color));
     }
-    show(admitted(m_color));
+    showColor(admitted(m_color));
 }
 
 void ColorSwatch::openDialog()
@@ -222,7 +222,7 @@ QSize ColorSwatch::minimumSizeHint() const
 void ColorSwatch::preview(const QColor& color)
 {
     const QPointer<ColorSwatch> self(this);
-    if (show(admitted(color)) && self) {
+    if (showColor(admitted(color)) && self) {
         Q_EMIT valueChanged(false);
     }
 }
@@ -249,14 +249,14 @@ void ColorSwatch::finishChoosing(bool accepted)
     }
     const QPointer<ColorSwatch> self(this);
     if (!accepted) {
-        show(m_before);
+        showColor(m_before);
     }
     if (self) {
         Q_EMIT valueChanged(accepted);
     }
 }
 
-bool ColorSwatch::show(const QColor& color)
+bool ColorSwatch::showColor(const QColor& color)
 {
     if (!color.isValid() || color == m_color) {
         return false;

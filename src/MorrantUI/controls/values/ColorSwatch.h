@@ -86,7 +86,7 @@ protected:
 
 private:
     void preview(const QColor& color);
-    bool show(const QColor& color);
+    bool showColor(const QColor& color);
     void commit(const QColor& color);
     void finishChoosing(bool accepted);
     void dismissDialog();

@@ -61,7 +61,7 @@ void SliderField::setValue(double value)
 {
     // A host that hands back what it was told must not disturb the field in the middle of an edit.
     if (!std::isnan(value) && admitted(value) != m_track->value()) {
-        show(value);
+        showValue(value);
     }
 }
 
@@ -224,10 +224,10 @@ void SliderField::applySetup()
     m_field->setDragMultiplier(m_setup.step);
     m_setup.resetValue = defaultValue();
     m_track->setUp(m_setup);
-    show(m_track->value());
+    showValue(m_track->value());
 }
 
-void SliderField::show(double value)
+void SliderField::showValue(double value)
 {
     m_track->setValue(admitted(value));
     m_shown->show(m_track->value());

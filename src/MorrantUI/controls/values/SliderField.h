@@ -110,7 +110,7 @@ private:
     void takeDragState(bool dragging);
     void applySetup();
     void commit();
-    void show(double value);
+    void showValue(double value);
     double admitted(double value) const;
     bool tellChange();
 
