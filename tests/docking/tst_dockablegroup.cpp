@@ -266,7 +266,7 @@ private Q_SLOTS:
         }
     }
 
-    void aGroupClosesWithItsChildrenUnlessOneRefuses()
+    void aGroupClosesWithItsChildrenUnlessOneRefusesOrComes()
     {
         DockTree tree(u"H(a)"_qs);
         QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);
@@ -285,16 +285,12 @@ private Q_SLOTS:
         QCOMPARE(tree.text(), u"H(a)"_qs);
         QVERIFY(group.isNull());
         QCOMPARE(lastClosed.size(), 0);
-    }
 
-    void aPanelThatComesWhileItsGroupClosesStays()
-    {
-        DockTree tree(u"H(a)"_qs);
-        auto* first = new StubbornPanel;
-        first->show();
+        stubborn = new StubbornPanel;
+        stubborn->show();
         tree.play(u"dock x s right, dock y x bottom"_qs);
-        first->stays = false;
-        first->whenAsked = [&tree] { tree.play(u"undock x"_qs); }; // y takes its group's place
+        stubborn->stays = false;
+        stubborn->whenAsked = [&tree] { tree.play(u"undock x"_qs); }; // y takes its group's place
         tree["^s"]->close();
         settle();
         QCOMPARE(tree.text(), u"H(a) x y"_qs);

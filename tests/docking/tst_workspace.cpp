@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "docking/DockTree.h"
+#include "docking/FuzzedPanel.h"
 #include "support/TestCase.h"
 #include <MorrantUI/docking/saving/LayoutFile.h>
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/Workspace.h>
 #include <MorrantUI/docking/saving/savedlayouts.h>
+#include <MorrantUI/documents/savedfiles.h>
 
 using ui::test::settle;
 
@@ -17,6 +19,11 @@ const QByteArray kDefault = QByteArrayLiteral(
     R"({"type":"tabGroup","active":0,"children":[{"type":"panel","panel":"layers"},)"
     R"({"type":"panel","panel":"notes"}]},{"type":"panel","panel":"view"}]},)"
     R"({"type":"panel","panel":"bar"}]}})");
+
+/// Of a program that did not know "notes".
+const QByteArray kFormer =
+    QByteArrayLiteral(R"({"version":1,"closed":["bar"],"root":{"type":"group","children":[)"
+                      R"({"type":"panel","panel":"view"},{"type":"panel","panel":"layers"}]}})");
 
 struct Host : QWidget
 {
@@ -108,6 +115,7 @@ private Q_SLOTS:
         QCOMPARE(Host::order(), u"notes view bar"_qs);
         host.panels.addPanel(u"view"_qs, new QWidget(&host));
         host.panels.addPanel(u"around"_qs, &host);
+        host.panels.addPanel(u"root"_qs, &host.panels.root());
         host.panels.addPanel(u"again"_qs, host.panels.content(u"view"_qs));
         host.panels.addPanel({}, &host);
         host.panels.addPanel(u"none"_qs, nullptr);
@@ -150,18 +158,47 @@ private Q_SLOTS:
     {
         Host host;
         host.open();
-        const QByteArray former = QByteArrayLiteral(
-            R"({"version":1,"closed":["bar"],"root":{"type":"group","children":[)"
-            R"({"type":"panel","panel":"view"},{"type":"panel","panel":"layers"}]}})");
         for (const bool open : {false, true}) {
             host.setOpen(u"notes"_qs, open);
-            QVERIFY(host.panels.setLayout(former));
+            QVERIFY(host.panels.setLayout(kFormer));
             settle();
             QCOMPARE(Host::order(), u"view layers notes"_qs);
         }
         QString error;
         QVERIFY(!host.panels.setLayout("{", &error) && !error.isEmpty() && host.panels.reset());
         QCOMPARE(Host::order(), u"layers notes view bar"_qs);
+        host.hide();
+        QVERIFY(host.panels.setLayout(kFormer));
+        host.setOpen(u"notes"_qs, false); // before it could be seen
+        host.setOpen(u"view"_qs, false);
+        QVERIFY(host.panels.setLayout(host.panels.layout()));
+        host.open();
+        QCOMPARE(Host::order(), u"layers"_qs);
+    }
+
+    void contentsMayDoAnythingWhenTheHostShowsOrHidesThem()
+    {
+        const std::pair<QString, void (*)(Workspace&)> rows[] = {
+            {u"notes view bar"_qs, [](Workspace& w) { w.windowOf(u"layers"_qs)->close(); }},
+            {u"view layers notes"_qs, [](Workspace& w) { w.setLayout(kFormer); }},
+            {u"layers notes view bar"_qs, [](Workspace& w) { w.setPanelOpen(u"notes"_qs, true); }},
+            {u"notes bar layers"_qs, [](Workspace& w) { delete w.content(u"view"_qs); }}};
+        for (unsigned i = 0; i < 8; ++i) {
+            ui::test::Trap trap;
+            Host host;
+            host.open();
+            for (const char* const id : {"layers", "view"}) {
+                i < 6 ? void() : host.window(QLatin1String(id)).undock(true);
+            }
+            host.setVisible(i % 2 == 0);
+            host.panels.content(u"layers"_qs)->installEventFilter(&trap);
+            trap.action = [&] { rows[i / 2].second(host.panels); };
+            host.setVisible(i % 2 != 0);
+            host.open();
+            QCOMPARE(Host::order(), rows[i / 2].first);
+            QVERIFY(host.panels.content(u"notes"_qs)->isVisible());
+            trap.action = [&] { host.panels.addPanel(u"new"_qs, new QWidget); }; // as it dies
+        }
     }
 
     void aLayoutFileKeepsTheArrangementTheWindowAndValues()
@@ -205,26 +242,20 @@ private Q_SLOTS:
         const QByteArray newer = R"({"version":99,"loop":7})";
         Host host;
         host.open();
-        const auto contents = [](const QString& name) {
-            QFile file(name);
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        const auto holds = [](const QString& name, const QByteArray& bytes) {
+            return ui::fileState(name, ui::fingerprintOf(bytes)) == ui::FileState::Known;
         };
         for (const bool isKept : {false, true}) { // as a copy, which else a folder is in the way of
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(newer) == newer.size());
-            file.close();
+            QCOMPARE(ui::replaceFile(path, newer), QString());
             QDir copy(path + u".bad"_qs);
             QVERIFY(isKept ? copy.removeRecursively() : copy.mkpath(u"."_qs));
             LayoutFile layout(path, host.panels, host);
             QSignalSpy failed(&layout, &LayoutFile::failed);
-            layout.setValue(u"early"_qs, 1);
             layout.restore();
             layout.save();
             QVERIFY(failed.size() == 1 && layout.value(u"loop"_qs) == QJsonValue(7));
-            QCOMPARE(contents(path + u".bad"_qs), isKept ? newer : QByteArray());
-            QCOMPARE(contents(path) == newer, !isKept);
+            QVERIFY(holds(path + u".bad"_qs, newer) == isKept && holds(path, newer) != isKept);
         }
-        QVERIFY(contents(path).contains("early"));
         LayoutFile nowhere(path + u"/x/layout.json"_qs, host.panels, host);
         QSignalSpy failed(&nowhere, &LayoutFile::failed);
         nowhere.restore();

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/Answers.h"
 
+#include "MorrantUI/docking/onceperapplication.h"
+#include <MorrantUI/docking/DockableWindow.h>
+
+#include <QCoreApplication>
+#include <QEvent>
 #include <QMetaObject>
 #include <QPointer>
 
@@ -36,6 +41,26 @@ void post(Answer answer)
     }
 }
 
+/// Stands around what is in the windows as it is told.
+class HostFilter final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isTold = event->type() == QEvent::Show || event->type() == QEvent::Hide;
+        if (!isTold || Answers::areDue()
+            || !DockableWindow::findDockableParent(qobject_cast<QWidget*>(watched)))
+        {
+            return false;
+        }
+        const Answers answers;
+        qApp->notify(watched, event);
+        return true;
+    }
+};
+
 } // namespace
 
 Answers::Answers()
@@ -64,6 +89,14 @@ bool Answers::putOff(QObject& window, std::function<void()> operation)
 bool Answers::areDue()
 {
     return waiting().depth > 0;
+}
+
+void Answers::followHosts()
+{
+    static QPointer<QCoreApplication> followed;
+    if (isFirstFor(followed)) {
+        qApp->installEventFilter(new HostFilter(qApp));
+    }
 }
 
 } // namespace ui::docking

@@ -25,6 +25,9 @@ public:
     static bool putOff(QObject& window, std::function<void()> operation);
     /// Whether operations would have to wait.
     static bool areDue();
+    /// Also lets those wait that answer when a host shows or hides what the windows lie in, of
+    /// which nobody else knows. Once for an application.
+    static void followHosts();
 };
 
 } // namespace ui::docking

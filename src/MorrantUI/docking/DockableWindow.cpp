@@ -46,6 +46,7 @@ DockableWindow::DockableWindow()
     ui::installAccessible<DockableWindow, ui::AccessibleDockable>();
     ui::docking::rememberFocus();
     ui::docking::followApplication();
+    Answers::followHosts();
     m_inactive = ui::docking::isApplicationLeft();
     makeFloating();
     setAttribute(Qt::WA_DeleteOnClose);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/saving/Workspace.h"
 
+#include "MorrantUI/docking/Answers.h"
 #include "MorrantUI/docking/afloat.h"
 #include "MorrantUI/docking/docktree.h"
 #include "MorrantUI/docking/saving/PanelWindow.h"
@@ -13,6 +14,7 @@
 #include <MorrantUI/menus/hostmenus.h>
 
 #include <QAction>
+#include <QSet>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -94,9 +96,15 @@ Workspace::Workspace(QWidget* parent)
 Workspace::~Workspace()
 {
     m_root->disconnect(this);
+    std::vector<QPointer<DockableWindow>> windows; // contents that are hidden may do anything
+    for (const Panel& panel : m_panels) {
+        windows.push_back(panel.window);
+    }
+    for (const QPointer<DockableWindow>& window : windows) {
+        delete window; // while its content can still go to the shelf
+    }
     for (const Panel& panel : m_panels) {
         panel.content->disconnect(this);
-        delete panel.window; // while its content can still go to the shelf
     }
     m_root.reset();
 }
@@ -107,7 +115,9 @@ void Workspace::addPanel(const QString& id, QWidget* content, Kind kind)
         std::any_of(m_panels.begin(), m_panels.end(), [content](const Panel& panel) {
             return panel.content == content;
         });
-    const bool isAround = content && (content == this || content->isAncestorOf(this));
+    const bool isAround =
+        content
+        && (content == m_root.get() || content == m_shelf || content->isAncestorOf(m_root.get()));
     if (id.isEmpty() || !content || find(id) || isKnown || isAround) {
         return;
     }
@@ -165,6 +175,9 @@ bool Workspace::setLayout(const QByteArray& layout, QString* error)
         }
         return false;
     }
+    if (Answers::putOff(*this, [this, layout] { setLayout(layout); })) {
+        return true;
+    }
     const QStringList mentioned = mentionedIn(*saved);
     m_unplaced.clear();
     for (const QString& id : panels()) {
@@ -202,16 +215,29 @@ QByteArray Workspace::layout() const
     if (!saved || !isMain()) {
         return {};
     }
+    const QStringList mentioned = mentionedIn(*saved);
+    QSet<QString> left(mentioned.begin(), mentioned.end());
+    const qsizetype before = left.size();
     for (const Panel& panel : m_panels) {
         if (!isOpen(panel.window) && !m_unplaced.contains(panel.id)) {
             saved->closed.append(panel.id);
+            left.remove(panel.id);
         }
+    }
+    if (left.size() < before) { // some were closed before they were ever shown
+        const QStringList closed = std::exchange(saved->closed, {});
+        *saved = withOnly(*saved, left);
+        saved->closed = closed;
     }
     return layoutJson(*saved);
 }
 
 void Workspace::setPanelOpen(const QString& id, bool open)
 {
+    if (Answers::putOff(*this, [this, id, open] { setPanelOpen(id, open); })) {
+        return;
+    }
+    m_unplaced.removeAll(id); // the last word counts
     const QPointer<DockableWindow> window = windowOf(id);
     if (!open && window) {
         closeWindow(*window);
@@ -245,12 +271,18 @@ void Workspace::hideEvent(QHideEvent* event)
     if (event->spontaneous() || !m_root) {
         return;
     }
-    const auto children =
-        m_root->findChildren<DockableWindow*>(QString(), Qt::FindDirectChildrenOnly);
-    for (DockableWindow* window : children) {
+    std::vector<QPointer<DockableWindow>> floating; // contents that hear of it may delete any
+    for (DockableWindow* window :
+         m_root->findChildren<DockableWindow*>(QString(), Qt::FindDirectChildrenOnly))
+    {
         if (window->isWindow() && window->isVisible()) {
+            floating.emplace_back(window);
+        }
+    }
+    for (const QPointer<DockableWindow>& window : floating) {
+        if (window) {
             window->hide();
-            m_hidden.emplace_back(window);
+            m_hidden.push_back(window);
         }
     }
 }

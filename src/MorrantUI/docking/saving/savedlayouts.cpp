@@ -298,7 +298,8 @@ bool restoreLayout(const QByteArray& json, QString* error)
 void dockAsInLayout(DockableWindow* panel, const QByteArray& json)
 {
     DockableGroup* const root = mainWindow();
-    if (!root || !panel || groupOf(*panel)) {
+    const auto later = [json, guest = QPointer(panel)] { dockAsInLayout(guest, json); };
+    if (!root || !panel || groupOf(*panel) || Answers::putOff(*root, later)) {
         return;
     }
     if (const auto layout = readLayout(json, nullptr)) {
