@@ -29,6 +29,11 @@ QStringList filesIn(const QString& folder)
     return QDir(folder).entryList({u'*' + kSuffix}, QDir::Files);
 }
 
+bool isVisible(uint sign)
+{
+    return QChar::isPrint(sign) && !QChar::isSpace(sign);
+}
+
 QString inPercent(QChar sign)
 {
     QString text;
@@ -44,7 +49,8 @@ QString fileOf(const QString& name)
 {
     QString file;
     for (const QChar sign : name) {
-        const bool isPlain = sign.category() != QChar::Other_Control && sign.toLower() == sign
+        const bool isPlain = sign.category() != QChar::Other_Control
+                             && sign.toUpper().toLower() == sign // as "ς" is not
                              && !QStringView(u"%/\\:*?\"<>|.~").contains(sign)
                              && !(file.isEmpty() && isDeviceName(name));
         file += isPlain ? QString(sign) : inPercent(sign);
@@ -78,7 +84,8 @@ bool NamedLayouts::save(const QString& name) const
 
 bool NamedLayouts::save(const QString& name, const QByteArray& layout) const
 {
-    if (name.trimmed().isEmpty()) {
+    const auto signs = name.toUcs4();
+    if (std::none_of(signs.begin(), signs.end(), &isVisible)) {
         return false;
     }
     QString error;

@@ -22,9 +22,10 @@ public:
     QStringList names() const;
 
     /// Saves the arrangement as it is, in place of one that has the name. As a whole or not at all.
-    /// @return false for a name without any visible character or of more than about 80, for what is
-    ///     no layout, as without gMainWindow, and when the file cannot be written; but for the
-    ///     first, which is one line in the log
+    /// @return false for a name without any visible character or of more than about 80, and of
+    ///     capitals other than A to Z of more than 40, for what is no layout, as without
+    ///     gMainWindow, and when the file cannot be written; but for the first, which is one line
+    ///     in the log
     bool save(const QString& name) const;
     /// The same with a layout that there is, such as Workspace::layout().
     bool save(const QString& name, const QByteArray& layout) const;

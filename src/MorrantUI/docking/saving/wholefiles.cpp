@@ -17,7 +17,7 @@ QString writeWhole(const QString& path, const QByteArray& bytes)
 bool isDeviceName(const QString& name)
 {
     static const QRegularExpression devices(
-        QStringLiteral("^(con|prn|aux|nul|(com|lpt)[0-9])\\s*(\\.|$)"),
+        QStringLiteral("^(con|prn|aux|nul|conin\\$|conout\\$|(com|lpt)[0-9¹²³])\\s*(\\.|$)"),
         QRegularExpression::CaseInsensitiveOption);
     return devices.match(name).hasMatch();
 }
