@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QUuid>
 
 #include <algorithm>
@@ -44,6 +45,14 @@ QByteArray fingerprintIn(const QJsonValue& entry, const QString& key)
 QString textOf(const QByteArray& fingerprint)
 {
     return QString::fromLatin1(fingerprint.toBase64());
+}
+
+/// Whether it is named as makeFolder() does: others, and what is in them, are not ours to clear
+/// away, nor is what a link leads to.
+bool isOfRun(const QString& name)
+{
+    static const QRegularExpression ours(QStringLiteral("^[0-9a-f]{32}-"));
+    return ours.match(name).hasMatch();
 }
 
 /// What the names of a run's folders begin with.
@@ -86,7 +95,16 @@ std::unique_ptr<QLockFile> lockOf(const QDir& folder)
 {
     auto lock = std::make_unique<QLockFile>(folder.filePath(kLock));
     lock->setStaleLockTime(0);
-    return lock->tryLock(0) ? std::move(lock) : nullptr;
+    if (lock->tryLock(0)) {
+        return lock;
+    }
+    qint64 holder = 0; // by its number, which in a sandbox is the same for every run
+    QString host;
+    QString name;
+    const bool mayBeOver =
+        lock->getLockInfo(&holder, &host, &name) && holder == QCoreApplication::applicationPid();
+    const bool isOver = mayBeOver && lock->removeStaleLockFile() && lock->tryLock(0);
+    return isOver ? std::move(lock) : nullptr;
 }
 
 QString write(const QDir& folder, const std::vector<UnsavedDocument>& documents)
@@ -129,7 +147,10 @@ std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
     std::vector<UnsavedDocument> documents;
     std::vector<Held> unfinished; // the index is written last
     const QDir all(m_folder);
-    for (const QString& name : all.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Time)) {
+    for (const QString& name : all.entryList(QDir::Dirs | QDir::NoSymLinks, QDir::Time)) {
+        if (!isOfRun(name)) {
+            continue;
+        }
         const QDir folder(all.filePath(name));
         auto lock = lockOf(folder);
         if (!lock) {
@@ -212,8 +233,12 @@ void Recovery::forget()
 void Recovery::drop(std::vector<Held> held)
 {
     for (Held& one : held) {
-        QFile::remove(QDir(one.folder).filePath(kIndex)); // nobody reads what goes
-        one.lock.reset();                                 // its file lies in the folder
-        QDir(one.folder).removeRecursively();
+        QDir folder(one.folder);
+        folder.remove(kIndex); // first, as nobody reads what goes
+        for (const QString& file : folder.entryList({u'*' + kSuffix}, QDir::Files)) {
+            folder.remove(file); // or it would be unfinished to a run that comes now
+        }
+        one.lock.reset(); // its file lies in the folder
+        folder.removeRecursively();
     }
 }

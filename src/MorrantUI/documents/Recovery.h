@@ -30,7 +30,7 @@ struct UnsavedDocument
 class MORRANT_UI_EXPORT Recovery
 {
 public:
-    /// @param folder of all runs, made when it is first needed
+    /// @param folder of all runs, made when it is first needed; what else lies in it is left alone
     explicit Recovery(const QString& folder);
     ~Recovery();
     Recovery(const Recovery&) = delete;
