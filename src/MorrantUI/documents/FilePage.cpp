@@ -22,7 +22,9 @@ void FilePage::setSaved(const QString& path, const QByteArray& fingerprint)
 {
     if (m_path != path) {
         m_path = path;
-        m_title = QFileInfo(path).completeBaseName();
+        const QFileInfo file(path);
+        const bool isAllEnding = file.completeBaseName().isEmpty(); // as of ".json"
+        m_title = isAllEnding ? file.fileName() : file.completeBaseName();
     }
     m_fingerprint = fingerprint;
     setModified(false);

@@ -145,14 +145,16 @@ QString FileSaver::askForPath(const FilePage& page)
 
 bool FileSaver::writeTo(FilePage& page, const QString& path)
 {
-    const ui::OverrideCursor busy(Qt::WaitCursor);
-    const auto contents = page.contents();
+    std::optional<QByteArray> contents;
     QString error;
-    if (!contents || !page.canBeRead(*contents)) { // better no file than one that nobody can open
-        error = tr("“%1” was not saved: the document could not be read again.")
-                    .arg(QDir::toNativeSeparators(path));
-    } else {
-        error = ui::replaceFile(path, *contents);
+    {
+        const ui::OverrideCursor busy(Qt::WaitCursor); // not over what failed() may ask
+        contents = page.contents();
+        const bool isReadable = contents && page.canBeRead(*contents);
+        error = isReadable // better no file than one that nobody can open
+                    ? ui::replaceFile(path, *contents)
+                    : tr("“%1” was not saved: the document could not be read again.")
+                          .arg(QDir::toNativeSeparators(path));
     }
     if (!error.isEmpty()) {
         Q_EMIT failed(error);

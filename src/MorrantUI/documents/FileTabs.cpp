@@ -16,6 +16,23 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// Of pages that may die before it is their turn.
+QList<QPointer<FilePage>> guarded(const QList<FilePage*>& pages)
+{
+    return {pages.begin(), pages.end()};
+}
+
+/// As mark-up, if that is what it would be taken for.
+QString toolTipFor(const QString& path)
+{
+    const QString shown = QDir::toNativeSeparators(path);
+    return Qt::mightBeRichText(shown) ? u"<span>%1</span>"_qs.arg(shown.toHtmlEscaped()) : shown;
+}
+
+} // namespace
+
 FileTabs::FileTabs(QWidget* parent)
     : TabBar(tr("Documents"), true, parent)
     , m_saver(new FileSaver(this, [this](const FilePage& page, const QString& path) {
@@ -122,7 +139,7 @@ void FileTabs::closeCurrent()
 
 void FileTabs::finishEditing()
 {
-    for (const QPointer<FilePage> page : pages()) { // it may take others along, and the tabs
+    for (const QPointer<FilePage>& page : guarded(pages())) { // who may take others along
         if (page) {
             page->finishEditing();
         }
@@ -157,7 +174,7 @@ bool FileTabs::saveAll()
 {
     const QPointer<FileTabs> alive(this);
     finishEditing();
-    for (const QPointer<FilePage> page : alive ? pages() : QList<FilePage*>()) {
+    for (const QPointer<FilePage>& page : guarded(alive ? pages() : QList<FilePage*>())) {
         if (page && page->isModified() && (!m_saver->save(*page) || !alive)) {
             return false;
         }
@@ -254,7 +271,7 @@ void FileTabs::showTitle(FilePage& page)
         if (getPage(i) == &page) {
             const bool isModified = page.isModified();
             renameTab(i, isModified ? tr("%1*").arg(page.title()) : page.title());
-            getTab(i)->setToolTip(QDir::toNativeSeparators(page.path()));
+            getTab(i)->setToolTip(toolTipFor(page.path()));
             getTab(i)->setAccessibleDescription(isModified ? tr("Has unsaved changes") : QString());
         }
     }

@@ -19,7 +19,11 @@ constexpr qsizetype kLongestTitle = 60; ///< characters
 QString shortTitle(const QString& title)
 {
     const QString line = title.simplified();
-    return line.size() > kLongestTitle ? line.left(kLongestTitle) + u'…' : line;
+    if (line.size() <= kLongestTitle) {
+        return line;
+    }
+    const bool isInHalf = line[kLongestTitle].isLowSurrogate();
+    return line.left(isInHalf ? kLongestTitle - 1 : kLongestTitle) + u'…';
 }
 
 QString unsavedText(const QStringList& titles)
