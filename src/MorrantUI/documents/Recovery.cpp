@@ -4,6 +4,7 @@
 #include <MorrantUI/documents/savedfiles.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <utility>
 
 namespace {
@@ -47,12 +49,19 @@ QString textOf(const QByteArray& fingerprint)
     return QString::fromLatin1(fingerprint.toBase64());
 }
 
-/// Whether it is named as makeFolder() does: others, and what is in them, are not ours to clear
-/// away, nor is what a link leads to.
-bool isOfRun(const QString& name)
+/// Those that are named as makeFolder() does, by the time at which they were finished, the last one
+/// first. Others, and what is in them, are not ours to clear away, nor is what a link leads to.
+std::multimap<QDateTime, QString, std::greater<>> runsIn(const QDir& all)
 {
     static const QRegularExpression ours(QStringLiteral("^[0-9a-f]{32}-"));
-    return ours.match(name).hasMatch();
+    std::multimap<QDateTime, QString, std::greater<>> runs;
+    for (const QString& name : all.entryList(QDir::Dirs | QDir::NoSymLinks)) {
+        if (ours.match(name).hasMatch()) {
+            const QString path = all.filePath(name);
+            runs.emplace(QFileInfo(path + u'/' + kIndex).lastModified(), path);
+        }
+    }
+    return runs;
 }
 
 /// What the names of a run's folders begin with.
@@ -146,12 +155,14 @@ std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
     m_unreadable.clear();
     std::vector<UnsavedDocument> documents;
     std::vector<Held> unfinished; // the index is written last
-    const QDir all(m_folder);
-    for (const QString& name : all.entryList(QDir::Dirs | QDir::NoSymLinks, QDir::Time)) {
-        if (!isOfRun(name)) {
-            continue;
-        }
-        const QDir folder(all.filePath(name));
+    const auto isReplaced = [this](const QString& folder) {
+        return std::any_of(m_taken.begin(), m_taken.end(), [&folder](const Held& other) {
+            return runOf(other.folder) == runOf(folder)
+                   && QFile::exists(QDir(other.folder).filePath(kIndex));
+        });
+    };
+    for (const auto& [finished, path] : runsIn(m_folder)) {
+        const QDir folder(path);
         auto lock = lockOf(folder);
         if (!lock) {
             continue; // of a run that goes on
@@ -165,15 +176,13 @@ std::vector<UnsavedDocument> Recovery::take(const IsDocument& isDocument)
             m_unreadable.append(folder.path());
             continue;
         }
-        std::move(found->begin(), found->end(), std::back_inserter(documents));
+        if (!isReplaced(folder.path())) { // the power may have gone before it was cleared away
+            std::move(found->begin(), found->end(), std::back_inserter(documents));
+        }
         m_taken.push_back({folder.path(), std::move(lock)});
     }
     for (Held& one : unfinished) {
-        const bool hasFormer = std::any_of(m_taken.begin(), m_taken.end(), [&](const Held& former) {
-            return runOf(former.folder) == runOf(one.folder)
-                   && QFile::exists(QDir(former.folder).filePath(kIndex));
-        });
-        if (hasFormer) { // which its run was about to replace
+        if (isReplaced(one.folder)) { // or was to replace that
             m_taken.push_back(std::move(one));
         } else {
             m_unreadable.append(one.folder);

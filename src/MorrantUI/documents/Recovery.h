@@ -39,7 +39,8 @@ public:
     /// What runs that are over have left, which is this run's from now on and stays on disk, also
     /// beside what keep() writes, until it is told by setTakenOver() that it has become part of
     /// that, or until forget(). A folder in which anything cannot be read is nobody's and stays;
-    /// one that was not finished goes with what the same run had kept before.
+    /// one that was not finished goes with what the same run had kept before, and so does what the
+    /// run had replaced.
     /// @param isDocument whether contents can be opened; an empty function: all can
     std::vector<UnsavedDocument> take(const std::function<bool(const QByteArray&)>& isDocument);
 
