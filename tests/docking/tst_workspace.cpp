@@ -2,6 +2,7 @@
 #include "docking/DockTree.h"
 #include "docking/FuzzedPanel.h"
 #include "support/TestCase.h"
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/saving/LayoutFile.h>
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/Workspace.h>
@@ -103,6 +104,11 @@ private Q_SLOTS:
             settle();
             QVERIFY(!actions[1]->isChecked() && host.panels.reset() && actions[1]->isChecked());
         }
+        host.window(u"layers"_qs).dockInArea(&host.window(u"bar"_qs), DockableArea::Bottom);
+        host.setOpen(u"notes"_qs, true);
+        QVERIFY(ui::maximizePanel(&host.window(u"view"_qs)));
+        host.setOpen(u"bar"_qs, true); // in a group behind a tab of what is out of sight
+        QVERIFY(host.panels.content(u"bar"_qs)->isVisible());
     }
 
     void aPanelGoesWithItsContentAndBadOnesAreIgnored()
@@ -148,6 +154,8 @@ private Q_SLOTS:
         host.setOpen(u"notes"_qs, true);
         host.window(u"notes"_qs).undock(true);
         host.panels.hide();
+        host.window(u"bar"_qs).undock(true);
+        QVERIFY(host.window(u"bar"_qs).isHidden());
         QVERIFY(host.panels.reset()); // behind a tab, meanwhile
         host.panels.show();
         settle();

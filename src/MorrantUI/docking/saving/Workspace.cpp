@@ -10,6 +10,7 @@
 #include <MorrantUI/docking/DockableGroup.h>
 #include <MorrantUI/docking/DockableTabGroup.h>
 #include <MorrantUI/docking/DockableToolBarHeader.h>
+#include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/saving/savedlayouts.h>
 #include <MorrantUI/menus/hostmenus.h>
 
@@ -29,13 +30,30 @@ bool isOpen(const DockableWindow* window)
     return window && !window->isClosing();
 }
 
+/// In every group that it is in, whatever it was behind.
 void bringForward(DockableWindow& window)
 {
-    if (auto* tabs = qobject_cast<DockableTabGroup*>(groupOf(window))) {
-        tabs->setActiveIndex(tabs->indexOfChild(&window));
+    const QPointer<DockableWindow> shown(&window); // pages that come and go may do anything
+    if (ui::maximizedPanel() && !window.isVisibleTo(window.window())) {
+        ui::restorePanels();
     }
-    if (window.window()->isVisible()) { // whether the host's window is shown is its own affair
-        bringToFront(*window.window());
+    for (QPointer<DockableWindow> inner = shown; inner;) {
+        const QPointer<DockableGroup> group = groupOf(*inner);
+        if (auto* tabs = qobject_cast<DockableTabGroup*>(group.data())) {
+            tabs->setActiveIndex(tabs->indexOfChild(inner));
+        } else if (group && inner->isHidden()) {
+            inner->show();
+        }
+        inner = group.data();
+    }
+    const DockableGroup* const main = mainWindow();
+    if (!shown || !main) {
+        return;
+    }
+    QWidget& top = *shown->window();
+    const bool floats = &top != main->window() && main->isVisible();
+    if (top.isVisible() || floats) { // whether the host's window is shown is its own affair
+        bringToFront(top);
     }
 }
 
@@ -268,9 +286,13 @@ void Workspace::showEvent(QShowEvent* event)
 void Workspace::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    if (event->spontaneous() || !m_root) {
-        return;
+    if (!event->spontaneous() && m_root) {
+        hideFloating();
     }
+}
+
+void Workspace::hideFloating()
+{
     std::vector<QPointer<DockableWindow>> floating; // contents that hear of it may delete any
     for (DockableWindow* window :
          m_root->findChildren<DockableWindow*>(QString(), Qt::FindDirectChildrenOnly))
@@ -352,6 +374,9 @@ void Workspace::forget(const QObject* content)
 /// Panels come and go by many ways: this is what is there now.
 void Workspace::showOpen()
 {
+    if (m_root && !isVisible()) {
+        hideFloating();
+    }
     std::vector<std::pair<QPointer<QAction>, bool>> shown; // slots may add panels, and delete them
     for (const Panel& panel : m_panels) {
         shown.emplace_back(panel.action, isOpen(panel.window));

@@ -102,6 +102,7 @@ private:
     DockableWindow* makeWindow(const QString& id);
     void forget(const QObject* content);
     void placeUnplaced();
+    void hideFloating();
     void showOpen();
 
     std::unique_ptr<DockableGroup> m_root; ///< dies while this is still a whole widget
