@@ -30,6 +30,7 @@ namespace {
 
 constexpr int kWidth = 460;              ///< logical pixels
 constexpr double kHeight = 0.12;         ///< of the widget, above the list
+constexpr int kLeastShare = 3;           ///< part of the screen that a long list gets
 constexpr double kUnderline = 1.5;       ///< logical pixels, below the letters that were found
 constexpr double kDisabledOpacity = 0.5; ///< of that line
 constexpr qsizetype kMostPasted = 200;   ///< UTF-16 units
@@ -104,7 +105,35 @@ void CommandPalette::openOver(const QWidget& widget)
     ui::menus::closeWith(*this, widget.window());
     const QPoint top((widget.width() - sizeHint().width()) / 2, qRound(widget.height() * kHeight));
     m_top = widget.mapToGlobal(top);
+    const QRect screen = widget.screen()->availableGeometry();
+    const int lowest = screen.bottom() - screen.height() / kLeastShare;
+    m_top.setY(std::clamp(m_top.y(), screen.top(), lowest));
+    m_room = screen.bottom() - m_top.y() + 1;
     popup(m_top);
+}
+
+bool CommandPalette::isTooLong() const
+{
+    const int above = m_prompt ? actionGeometry(m_prompt).top() : 0; // out of sight, below 0
+    return m_room > 0 && ContextMenu::sizeHint().height() - std::min(above, 0) > m_room;
+}
+
+/// Only a list that is longer than the screen is one that QMenu scrolls; others it moves up, from
+/// where typing would bring them down again.
+QSize CommandPalette::sizeHint() const
+{
+    const QSize whole = ContextMenu::sizeHint();
+    const int least = isTooLong() ? screen()->geometry().height() + 1 : 0;
+    return {whole.width(), std::max(whole.height(), least)};
+}
+
+/// With each popup(), which has placed it by then.
+void CommandPalette::setVisible(bool visible)
+{
+    if (visible && isTooLong()) {
+        setGeometry(x(), m_top.y(), width(), m_room);
+    }
+    ContextMenu::setVisible(visible);
 }
 
 void CommandPalette::list(
@@ -223,6 +252,17 @@ void CommandPalette::keyPressEvent(QKeyEvent* event)
     }
 }
 
+/// A pointer beside the list, or one that the list has shrunk away from, leaves Return its row.
+void CommandPalette::mouseMoveEvent(QMouseEvent* event)
+{
+    if (actionAt(event->position().toPoint())) {
+        ContextMenu::mouseMoveEvent(event);
+    }
+}
+
+void CommandPalette::leaveEvent(QEvent* /*event*/)
+{}
+
 void CommandPalette::inputMethodEvent(QInputMethodEvent* event)
 {
     if (ui::menus::searches(Qt::NoModifier, event->commitString())) {
@@ -253,6 +293,7 @@ void CommandPalette::find(const QString& text)
 /// and out.
 void CommandPalette::arrange()
 {
+    const bool wasWhole = y() == m_top.y() && ui::menus::freeOfArrows(*this) == rect();
     std::vector<std::pair<int, std::size_t>> ranks;
     for (std::size_t i = 0; i < m_listed.size(); ++i) {
         Command& command = m_listed[i];
@@ -270,17 +311,20 @@ void CommandPalette::arrange()
     }
     sayWhetherFound();
     m_isArranging = false;
-    const bool wasWhole = y() == m_top.y() && ui::menus::freeOfArrows(*this) == rect();
     ui::menus::layOutAgain(*this);
-    if (isVisible() && !wasWhole) { // Qt forgets only by this how far a longer list was scrolled
-        popup(m_top);
+    if (isVisible() && (!wasWhole || isTooLong())) {
+        popup(m_top); // Qt forgets only by this how far a longer list was scrolled
     }
 }
 
 void CommandPalette::actionEvent(QActionEvent* event)
 {
     if (!m_isArranging || event->type() != QEvent::ActionChanged) {
+        const QRect place = geometry();
         ContextMenu::actionEvent(event);
+        if (isVisible() && isTooLong()) {
+            setGeometry(place); // also what QMenu has made higher to scroll
+        }
     }
 }
 

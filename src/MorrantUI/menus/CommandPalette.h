@@ -20,8 +20,8 @@ struct CommandMatch;
 /// case and accents. The row that fits best stands first and is the active one: a word counts most
 /// at the beginning of a command's name, less at that of another word, still less within a word,
 /// and least in the name of a menu. The letters that were found are underlined. Backspace takes a
-/// letter back, with Control a word; Paste works, too. Return runs the active row, closing gives
-/// the focus back.
+/// letter back, with Control a word; Paste works, too. Return runs the active row, which stays so
+/// when the pointer leaves the list; closing gives the focus back.
 ///
 /// The rows show icon, shortcut, tick and state of their actions and follow them while the list is
 /// open; an action is disabled and hidden with each of the menus that it is in. Actions without a
@@ -40,17 +40,22 @@ public:
     /// An action that is not listed, such as the one that opens the palette. Null for none.
     void leaveOut(const QAction* action) { m_leftOut = action; }
 
-    /// Opens empty-handed in the upper middle of a widget, usually a window; closes when the
-    /// widget's window is hidden.
+    /// Opens empty-handed in the upper middle of a widget, usually a window, and keeps its top
+    /// there; closes when the widget's window is hidden.
     void openOver(const QWidget& widget);
 
     /// What has been typed since it opened.
     QString typed() const { return m_typed; }
 
+    QSize sizeHint() const override;
+    void setVisible(bool visible) override;
+
 protected:
     bool event(QEvent* event) override;
     void actionEvent(QActionEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -74,6 +79,7 @@ private:
     void run(const QAction* row);
 
     QString edited(const QKeyEvent& key) const;
+    bool isTooLong() const;
     void find(const QString& text);
     void showTyped(const QString& composed);
     void arrange();
@@ -87,6 +93,7 @@ private:
     QPointer<QAction> m_nothing;              ///< says that no command was found
     QString m_typed;
     QPoint m_top;                    ///< where it was to open, on the screen
+    int m_room = 0;                  ///< below that, logical pixels
     std::vector<Command> m_listed;   ///< in the order of the menus
     QList<QPointer<QAction>> m_rows; ///< from top to bottom
     bool m_isArranging = false;
