@@ -55,6 +55,15 @@ private Q_SLOTS:
         pane.setCurrentFrame(0);
         QVERIFY(view.getVisibleRect().left() > 0);
 
+        view.verticalScrollBar()->setValue(40);
+        const double left = view.getVisibleRect().left();
+        ui::test::turnWheel(*view.viewport(), {9, 9}, {0, 240}, Qt::ShiftModifier); // sideways
+        QVERIFY(view.getVisibleRect().left() < left);
+        pane.ruler().zoomAt(1e-9, 300);
+        QTest::keyClick(&view, Qt::Key_F);
+        QVERIFY(std::abs(pane.zoomedFrames()->second - 204) < 2);
+        QCOMPARE(view.verticalScrollBar()->value(), 40);
+
         pane.setFrameRange(0, 100);
         pane.ruler().fitFrameRange();
         QVERIFY(isWhole() && !pane.zoomedFrames());
@@ -73,7 +82,6 @@ private Q_SLOTS:
         QVERIFY(pixelsOff(pane, kept) < 1e-6);
         pane.setZoomedFrames({});
         QVERIFY(isWhole());
-        view.verticalScrollBar()->setValue(40);
         pane.setZoomedFrames(kept); // comes back
         QVERIFY(pixelsOff(pane, kept) < 1e-6);
         QCOMPARE(view.verticalScrollBar()->value(), 40);

@@ -202,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(ruler.view.mapFromScene(frame, 0.0).x(), 700);
         for (const double factor : {0.0, -1.0, qQNaN(), qInf(), 1e300, 1e300, 1e-300}) {
             ruler.view.zoomAt(factor, 0);
-            QVERIFY(ruler.view.pixelsPerFrame() > 0.0 && ruler.view.pixelsPerFrame() <= 1e6);
+            QVERIFY(ruler.view.pixelsPerFrame() > 0.3 && ruler.view.pixelsPerFrame() <= 1e6);
         }
     }
 

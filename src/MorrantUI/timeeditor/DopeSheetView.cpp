@@ -206,6 +206,22 @@ void DopeSheetView::mouseReleaseEvent(QMouseEvent* event)
 
 void DopeSheetView::wheelEvent(QWheelEvent* event)
 {
+    if (event->modifiers() == Qt::ShiftModifier && event->angleDelta().x() == 0) {
+        QWheelEvent sideways(
+            event->position(),
+            event->globalPosition(),
+            event->pixelDelta().transposed(),
+            event->angleDelta().transposed(),
+            event->buttons(),
+            Qt::NoModifier, // with Shift a scroll bar goes by pages
+            event->phase(),
+            event->inverted(),
+            event->source(),
+            event->pointingDevice());
+        TimeEditorView::wheelEvent(&sideways);
+        event->accept();
+        return;
+    }
     if (!event->modifiers().testFlag(Qt::ControlModifier)) {
         TimeEditorView::wheelEvent(event);
         return;
@@ -231,8 +247,20 @@ void DopeSheetView::keyReleaseEvent(QKeyEvent* event)
 {
     const bool isTap =
         event->key() == Qt::Key_Space && !event->isAutoRepeat() && std::exchange(m_isTap, false);
+    const bool isFit = event->key() == Qt::Key_F && !event->isAutoRepeat() && getEditorScene()
+                       && (event->modifiers().testFlag(Qt::ShiftModifier)
+                           || getEditorScene()->selectedItems().isEmpty());
+    const int rowsAbove = verticalScrollBar()->value();
     const QPointer<DopeSheetView> alive(this);
-    TimeEditorView::keyReleaseEvent(event);
+    if (isFit && getScale() > 1.0) {
+        setScale(1.0); // or the margins would be as far away as what was zoomed out to
+    }
+    if (alive) {
+        TimeEditorView::keyReleaseEvent(event);
+    }
+    if (alive && isFit) {
+        verticalScrollBar()->setValue(rowsAbove);
+    }
     if (alive && isTap) {
         Q_EMIT spaceTapped();
     }

@@ -31,7 +31,9 @@ constexpr int kUsualWidth = 480; ///< logical pixels
 constexpr int kLeastWidth = 64;
 constexpr std::chrono::milliseconds kEdgeInterval{30};
 constexpr double kHalfPixel = 0.5;
-constexpr int kNameWidth = 140; ///< logical pixels, of a name that is edited
+constexpr double kLeastShown = 40.0; ///< logical pixels that all frames take, zoomed out
+constexpr double kFewFrames = 100.0; ///< a shorter range is zoomed out as one of these
+constexpr int kNameWidth = 140;      ///< logical pixels, of a name that is edited
 
 } // namespace
 
@@ -219,7 +221,9 @@ void TimelineView::zoomAt(double factor, int x)
     }
     m_fitsRange = false;
     const double scale = pixelsPerFrame();
-    const double wanted = std::clamp(scale * factor, ui::kLeastZoom, ui::kMostZoom);
+    const double frames = std::max(ui::frameSpan(this->frames()) + 1.0, kFewFrames);
+    const double least = std::min(scale, std::max(kLeastShown / frames, ui::kLeastZoom));
+    const double wanted = std::clamp(scale * factor, least, ui::kMostZoom);
     const double frame = zoomCentre(x);
     if (m_editor) {
         // What the editor shows, also after a fit that its own scale does not know.

@@ -88,7 +88,8 @@ public:
     /// Logical pixels.
     double pixelsPerFrame() const;
     /// Zooms so that the frame at a place of the viewport stays there, the editor's ends allowing.
-    /// What is not a factor above 0 is ignored.
+    /// Zooming out ends with all frames, or a hundred, on forty pixels, lest they are lost from
+    /// sight. What is not a factor above 0 is ignored.
     void zoomAt(double factor, int x);
     /// Positive distances, in logical pixels, show later frames.
     void scrollBy(int pixels);
