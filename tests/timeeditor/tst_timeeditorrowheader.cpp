@@ -63,6 +63,8 @@ private Q_SLOTS:
         QCOMPARE(chosen.size(), 3);
         QCOMPARE(folds.size(), 2);
         QVERIFY(!folds[0][1].toBool() && !folds[0][2].toBool() && folds[1][2].toBool());
+        header.setLayoutDirection(Qt::RightToLeft);
+        QVERIFY(header.foldRect(rows[0]).left() > header.width() / 2);
     }
 };
 

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -41,7 +42,6 @@ TimeEditorRowHeader::TimeEditorRowHeader(TimeEditorView* view, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     ui::installAccessible<TimeEditorRowHeader, ui::AccessibleAs<QAccessible::List>>();
     setAccessibleName(tr("Rows"));
-    setLayoutDirection(Qt::LeftToRight); // as the rows beside it
     if (!view) {
         return;
     }
@@ -194,8 +194,14 @@ QRect TimeEditorRowHeader::labelRect(const Entry& entry) const
 QRect TimeEditorRowHeader::foldRect(const Entry& entry) const
 {
     const QRect place = labelRect(entry);
-    return entry.label.foldable ? QRect(indent(entry.label), place.top(), kArrow, place.height())
-                                : QRect();
+    const QRect fold(indent(entry.label), place.top(), kArrow, place.height());
+    return entry.label.foldable ? mirrored(fold) : QRect();
+}
+
+/// Where something is whose place is meant from left to right.
+QRect TimeEditorRowHeader::mirrored(const QRect& place) const
+{
+    return QStyle::visualRect(layoutDirection(), rect(), place);
 }
 
 bool TimeEditorRowHeader::eventFilter(QObject* watched, QEvent* event)
@@ -233,7 +239,7 @@ void TimeEditorRowHeader::paintLabel(QPainter& painter, const Entry& entry) cons
     const TimeRowLabel& label = entry.label;
     if (entry.row == m_current) {
         painter.fillRect(place, ui::colorQt(QStringLiteral("RowHighlight2")));
-        ui::drawSelectionEdge(painter, place, Qt::LeftEdge);
+        ui::drawSelectionEdge(painter, place, isRightToLeft() ? Qt::RightEdge : Qt::LeftEdge);
     }
     QColor line = ui::colorQt(QStringLiteral("Shadow"));
     line.setAlphaF(kLineAlpha);
@@ -242,21 +248,21 @@ void TimeEditorRowHeader::paintLabel(QPainter& painter, const Entry& entry) cons
     const QColor ink =
         ui::colorQt(label.dimmed ? QStringLiteral("HelperHints") : QStringLiteral("Text"));
     if (label.foldable) {
-        const Qt::ArrowType way = label.folded ? Qt::RightArrow : Qt::DownArrow;
-        ui::drawChevron(painter, foldRect(entry), way, ink);
+        const Qt::ArrowType aside = isRightToLeft() ? Qt::LeftArrow : Qt::RightArrow;
+        ui::drawChevron(painter, foldRect(entry), label.folded ? aside : Qt::DownArrow, ink);
     }
     QRect room = place.adjusted(indent(label) + kArrow, 0, -kMargin, 0);
     if (!label.icon.isNull()) {
         const QRect icon(room.left(), place.center().y() - kIcon / 2 + 1, kIcon, kIcon);
-        label.icon.paint(
-            &painter, icon, Qt::AlignCenter, label.dimmed ? QIcon::Disabled : QIcon::Normal);
+        const auto mode = label.dimmed ? QIcon::Disabled : QIcon::Normal;
+        label.icon.paint(&painter, mirrored(icon), Qt::AlignCenter, mode);
         room.setLeft(icon.right() + 1 + kSpacing);
     }
     painter.setPen(ink);
     morrant::native::clearVectorRegisters();
     painter.drawText(
-        room,
-        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        mirrored(room),
+        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, // the painter mirrors it
         fontMetrics().elidedText(label.text, Qt::ElideRight, room.width()));
 }
 
@@ -332,8 +338,8 @@ void TimeEditorRowHeader::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Down: chooseBy(1); break;
     case Qt::Key_Home: chooseBy(-all); break;
     case Qt::Key_End: chooseBy(all); break;
-    case Qt::Key_Left: fold(true, event->modifiers()); break;
-    case Qt::Key_Right: fold(false, event->modifiers()); break;
+    case Qt::Key_Left: fold(!isRightToLeft(), event->modifiers()); break;
+    case Qt::Key_Right: fold(isRightToLeft(), event->modifiers()); break;
     default: Widget::keyPressEvent(event); break;
     }
 }

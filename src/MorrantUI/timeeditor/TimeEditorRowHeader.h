@@ -83,6 +83,7 @@ private:
     QRect viewportRect() const;
     QRect labelRect(const Entry& entry) const;
     QRect foldRect(const Entry& entry) const;
+    QRect mirrored(const QRect& place) const;
     void paintLabel(QPainter& painter, const Entry& entry) const;
     void choose(TimeEditorBaseItem* row);
     void chooseBy(int steps);
