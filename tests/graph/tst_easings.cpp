@@ -168,7 +168,8 @@ private Q_SLOTS:
         connect(&fields, &KeyFields::valueEdited, this, tell);
         fields.setKey(40, std::nullopt);
         NumericField& frame = fields.frame();
-        QVERIFY(frame.isEnabled() && !fields.value().isEnabled());
+        QVERIFY(
+            frame.isEnabled() && !fields.value().isEnabled() && fields.value().text().isEmpty());
         FakePointer pointer(&frame);
         scrub(pointer, frame);
         const QString scrubbed = desk.take();

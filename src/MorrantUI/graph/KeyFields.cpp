@@ -74,6 +74,8 @@ void KeyFields::showIn(NumericField& field, double& shown, std::optional<double>
     if (isNumber && !isStepped && (field.isReadOnly() || !field.isModified())) {
         field.setValue(*number);
         shown = field.value();
+    } else if (!isNumber && m_edited != &field) {
+        field.clear();
     }
 }
 

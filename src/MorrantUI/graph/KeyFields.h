@@ -23,7 +23,7 @@ public:
 
     /// Shows a key, and tells nobody: without a value only its frame, as of several at one frame,
     /// and without a frame only its value. A field without a number, or with one that is not
-    /// finite, is disabled; one that is being typed in stays as it is.
+    /// finite, is disabled and empty; one that is being typed in stays as it is.
     void setKey(std::optional<double> frame, std::optional<double> value);
     /// Takes over what is being typed, and ends the step and the drag.
     void finishEditing();
