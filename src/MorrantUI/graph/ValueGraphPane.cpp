@@ -104,7 +104,8 @@ void ValueGraphPane::buildCommands()
         }
     });
     connect(
-        addCommand(Command::FitSelection, tr("Fit &Selection"), {}),
+        addCommand(
+            Command::FitSelection, tr("Fit &Selection"), QStringLiteral("icons:fitSelection.png")),
         &QAction::triggered,
         m_view,
         &ValueGraphView::fitSelected);
