@@ -186,7 +186,12 @@ private Q_SLOTS:
         QCOMPARE(presets.currentIndex(), static_cast<int>(EasingPreset::Hold));
         presets.segment(static_cast<int>(EasingPreset::Linear))->click();
         QCOMPARE(window.rotation(), u"10:0 | 50:100 | 70:100"_qs);
-        for (int step = 0; step < 4; ++step) {
+        for (GraphPointWidget* point : window.view().utils()->pointItems(false)) {
+            point->setSelected(true);
+        }
+        presets.segment(static_cast<int>(EasingPreset::Hold))->click();
+        QCOMPARE(window.rotation(), u"10:0 hold | 50:100 hold | 70:100"_qs);
+        for (int step = 0; step < 5; ++step) {
             window.undo();
         }
         QCOMPARE(window.rotation(), kStart);

@@ -56,7 +56,11 @@ GraphEditor::~GraphEditor()
 void GraphEditor::connectParts()
 {
     setClock(&m_player);
-    connect(&m_player, &PlaybackClock::frameChanged, this, &GraphEditor::showEasing);
+    connect(&m_player, &PlaybackClock::frameChanged, this, [this] {
+        if (m_curves->selection().empty()) {
+            showEasing();
+        }
+    });
     connect(m_curves, &ValueCurves::editingStarted, &m_player, &PlaybackClock::pause);
     connect(m_curves, &ValueCurves::selectionChanged, this, &GraphEditor::chooseKeys);
     connect(this, &GraphEditor::propertiesChosen, this, &GraphEditor::showProperties);
@@ -162,16 +166,44 @@ void GraphEditor::showEasing()
     if (m_isEasing) {
         return;
     }
-    m_segment.reset();
+    m_segments = easedSegments();
     std::vector<SegmentEasing> easings;
-    const auto& shown = m_curves->properties();
-    const auto* property = m_editor && !shown.empty() ? m_editor->property(shown.front()) : nullptr;
-    const auto segment = property ? segmentAt(*property, m_player.frame()) : std::nullopt;
-    if (segment && !m_editor->isLocked(m_layer)) {
-        m_segment = KeyAddress{shown.front(), *segment};
-        easings = easingsOf(property->keys[*segment]);
+    for (const auto& [address, key] : m_segments) {
+        const auto those = easingsOf(m_editor->property(address)->keys[key]);
+        easings.insert(easings.end(), those.begin(), those.end());
     }
     easingEditor().setEasings(easings);
+}
+
+/// Those of the selected keys, or else the one at the playhead.
+std::vector<KeyAddress> GraphEditor::easedSegments() const
+{
+    const auto& shown = m_curves->properties();
+    if (!m_editor || m_editor->isLocked(m_layer) || shown.empty()) {
+        return {};
+    }
+    const std::vector<KeyAddress> selected = selectedKeys();
+    std::vector<KeyAddress> segments;
+    for (const PropertyAddress& address : shown) {
+        const NumberProperty* property = m_editor->property(address);
+        const std::size_t count = property ? property->keys.size() : 0;
+        std::vector<std::size_t> keys;
+        for (const KeyAddress& key : selected) {
+            if (key.property == address && key.key < count) {
+                keys.push_back(key.key);
+            }
+        }
+        std::sort(keys.begin(), keys.end());
+        for (const std::size_t key : segmentsOf(keys, count)) {
+            segments.push_back({address, key});
+        }
+    }
+    const NumberProperty* first = m_editor->property(shown.front());
+    const auto passed = first ? segmentAt(*first, m_player.frame()) : std::nullopt;
+    if (segments.empty() && selected.empty() && passed) {
+        segments.push_back({shown.front(), *passed});
+    }
+    return segments;
 }
 
 void GraphEditor::chooseKeys()
@@ -179,6 +211,7 @@ void GraphEditor::chooseKeys()
     const std::vector<KeyAddress> keys = selectedKeys();
     const bool isColor = !keys.empty() && keys.front().property.attribute == Attribute::ShapeColor;
     fields().value().setDragMultiplier(isColor ? kColorStep : 1);
+    showEasing();
     if (!m_isFollowing && !m_isEasing) {
         Q_EMIT keysChosen(keys);
     }
@@ -245,9 +278,15 @@ void GraphEditor::beginEasing()
 
 void GraphEditor::editEasing(const SegmentEasing& easing)
 {
-    if (m_isEasing && m_editor && m_segment) {
-        m_editor->changeKeys(easingChanges(m_segment->property, m_segment->key, easing));
+    if (!m_isEasing || !m_editor) {
+        return;
     }
+    std::vector<PropertyKeyChange> changes;
+    for (const auto& [address, key] : m_segments) {
+        const auto those = easingChanges(address, key, easing);
+        changes.insert(changes.end(), those.begin(), those.end());
+    }
+    m_editor->changeKeys(changes);
 }
 
 void GraphEditor::endEasing(bool changed)

@@ -48,6 +48,7 @@ private:
     void showEasing();
     void chooseKeys();
     std::vector<KeyAddress> selectedKeys() const;
+    std::vector<KeyAddress> easedSegments() const;
     void deleteSelected();
     void beginEasing();
     void endEasing(bool changed);
@@ -64,7 +65,7 @@ private:
     bool m_isFollowing = false;          ///< the selection of others
     bool m_isStale = false;              ///< a refresh is on its way
     bool m_isEasing = false;
-    std::optional<KeyAddress> m_segment; ///< whose easing is shown
+    std::vector<KeyAddress> m_segments; ///< whose easing is shown, by the keys that they leave
 };
 
 } // namespace studio

@@ -105,6 +105,19 @@ std::optional<std::size_t> segmentAt(const NumberProperty& property, double fram
     return std::clamp<std::size_t>(passed, 1, keys.size() - 1) - 1;
 }
 
+std::vector<std::size_t> segmentsOf(const std::vector<std::size_t>& keys, std::size_t count)
+{
+    std::vector<std::size_t> between;
+    std::vector<std::size_t> beside;
+    for (std::size_t i = 0; i < keys.size() && count > 1; ++i) {
+        if (i > 0 && keys[i - 1] + 1 == keys[i]) {
+            between.push_back(keys[i - 1]);
+        }
+        beside.push_back(std::min(keys[i], count - 2));
+    }
+    return between.empty() ? beside : between;
+}
+
 double allowedValue(Attribute attribute, double value)
 {
     const double rounded = std::round(value * kFinest) / kFinest;

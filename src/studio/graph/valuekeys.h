@@ -34,6 +34,11 @@ std::vector<PropertyKeyChange> easingChanges(
 /// than two keys.
 std::optional<std::size_t> segmentAt(const NumberProperty& property, double frame);
 
+/// The segments between selected keys that are neighbours, by the key that each begins with. Where
+/// none are, those that the keys begin with, or the last one ends.
+/// @param keys selected, upwards @param count of all keys
+std::vector<std::size_t> segmentsOf(const std::vector<std::size_t>& keys, std::size_t count);
+
 /// The nearest value that a property can have, in thousandths, as number fields have it.
 double allowedValue(Attribute attribute, double value);
 
