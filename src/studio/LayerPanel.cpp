@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QLocale>
 #include <QMenu>
+#include <QStackedWidget>
 
 #include <algorithm>
 
@@ -38,9 +39,12 @@ bool hasAny(const DocumentEditor& editor, const std::vector<int>& layers, bool L
 LayerPanel::LayerPanel(QWidget* parent)
     : Panel(tr("Layers"), parent)
     , m_tree(new LayerTree)
+    , m_pages(new QStackedWidget)
     , m_menu(new QMenu(tr("&Layer"), this))
 {
-    setContent(m_tree);
+    m_pages->addWidget(m_tree);
+    m_pages->addWidget(makeHint(tr("The animation has no layers")));
+    setContent(m_pages);
     buildMenu();
     connect(
         m_tree->selectionModel(),
@@ -70,7 +74,9 @@ void LayerPanel::setEditor(DocumentEditor& editor)
     selectLayer(-1);
     m_tree->setEditor(editor);
     selectLayer(-1); // names of layers may be the same in another document
-    setRemark(QLocale().toString(m_tree->model()->rowCount()));
+    const int count = m_tree->model()->rowCount();
+    m_pages->setCurrentIndex(count > 0 ? 0 : 1);
+    setRemark(QLocale().toString(count));
     showSelection();
 }
 

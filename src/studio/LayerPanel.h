@@ -5,6 +5,7 @@
 
 class QAction;
 class QMenu;
+class QStackedWidget;
 
 namespace studio {
 
@@ -45,6 +46,7 @@ private:
     void showActions();
 
     LayerTree* m_tree;
+    QStackedWidget* m_pages; ///< the tree, or why there is nothing in it
     QMenu* m_menu;
     QList<QAction*> m_actions;
 };
