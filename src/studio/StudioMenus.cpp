@@ -76,9 +76,11 @@ void StudioMenus::buildFileMenu()
              [this] { m_window.saveAs(); }},
         });
     menu.addSeparator();
-    m_editorActions += addCommands(menu, {{tr("&Close"), {}, {QKeySequence::Close}, [this] {
-                                               m_window.documents().closeCurrent();
-                                           }}});
+    const QList<QAction*> close =
+        addCommands(menu, {{tr("&Close"), {}, {QKeySequence::Close}, [this] {
+                                m_window.documents().closeCurrent();
+                            }}});
+    m_close = close.first();
     addCommands(menu, {{tr("&Quit"), {}, {QKeySequence::Quit}, [this] { m_window.close(); }}});
 }
 
@@ -195,6 +197,7 @@ void StudioMenus::setGalleryShown(bool shown)
 
 void StudioMenus::showHistory(const DocumentEditor& editor)
 {
+    m_close->setEnabled(!m_isGalleryShown && m_window.documents().count() > 1);
     m_history.at(0)->setEnabled(!m_isGalleryShown && editor.canUndo());
     m_history.at(0)->setText(tr("&Undo %1").arg(ui::menuText(editor.undoText())).trimmed());
     m_history.at(1)->setEnabled(!m_isGalleryShown && editor.canRedo());

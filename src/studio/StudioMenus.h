@@ -53,6 +53,7 @@ private:
     CommandPalette* m_palette;
     TransportActions* m_playback;
     QMenu* m_panels = nullptr;
+    QAction* m_close = nullptr;
     QList<QAction*> m_history; ///< undo and redo
     QList<QAction*> m_zooms;
     QList<QAction*> m_backdrops;

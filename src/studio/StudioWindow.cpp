@@ -213,6 +213,7 @@ void StudioWindow::connectPanels()
     connect(m_attributes, &AttributePanel::editingStarted, m_player, &PlaybackClock::pause);
     connect(m_documents, &DocumentTabs::currentChanged, this, &StudioWindow::showDocument);
     connect(m_documents, &DocumentTabs::currentEdited, this, &StudioWindow::showHistory);
+    connect(m_documents, &DocumentTabs::unsavedChanged, this, &StudioWindow::showHistory);
     connect(m_documents, &DocumentTabs::restored, this, &StudioWindow::selectLayer);
     connect(m_documents, &DocumentTabs::scaleChanged, m_zoom, &ZoomField::setScale);
     connect(m_documents, &DocumentTabs::wanted, this, &StudioWindow::chooseFiles);
