@@ -106,7 +106,7 @@ private Q_SLOTS:
         Form form(kSize);
         form.record.onSignal = [&form] { form.other->setFocus(); };
         QCOMPARE(form.after("click =new Return in =newer out"), QByteArray("CC"));
-        QVERIFY(form.other->hasFocus());
+        QVERIFY(form.other->hasFocus() && form.control->cursorPosition() == 0);
     }
 
     void colorsFollowTheThemeWithTheNextPaint()

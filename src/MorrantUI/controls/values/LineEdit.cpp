@@ -147,6 +147,9 @@ void LineEdit::noteText(const QString& text)
     if (!isEdit && !isEcho) {
         m_committed = text;
         m_hasSteps = false;
+        if (!hasFocus()) {
+            setCursorPosition(0); // of what is too long the beginning is seen
+        }
     }
 }
 
@@ -316,6 +319,10 @@ void LineEdit::focusOutEvent(QFocusEvent* event)
     if (self) {
         QLineEdit::focusOutEvent(event);
         followMode();
+        if (event->reason() != Qt::ActiveWindowFocusReason
+            && event->reason() != Qt::PopupFocusReason) {
+            setCursorPosition(0); // the caret is where it was when the window is active again
+        }
     }
 }
 
