@@ -18,8 +18,12 @@
 
 using ui::tabs::Command;
 
-static constexpr int kWidestFade = 24; ///< logical pixels
-static constexpr int kLeastWidth = 40; ///< of the strip, whatever its tabs need
+namespace {
+
+constexpr int kWidestFade = 24; ///< logical pixels
+constexpr int kLeastWidth = 40; ///< of the strip, whatever its tabs need
+
+} // namespace
 
 DockTabStrip::DockTabStrip(QWidget* group)
     : QWidget(group)

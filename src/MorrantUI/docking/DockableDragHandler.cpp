@@ -25,7 +25,11 @@
 #include <algorithm>
 #include <utility>
 
-static constexpr double kDragOpacity = 0.5;
+namespace {
+
+constexpr double kDragOpacity = 0.5;
+
+} // namespace
 
 DockableDragHandler::DockableDragHandler(DockableWindow* window)
     : m_window(window)

@@ -18,11 +18,15 @@
 using ui::docking::Answers;
 using ui::docking::TreeAccess;
 
-static const QSizePolicy& noSay()
+namespace {
+
+const QSizePolicy& noSay()
 {
     static const QSizePolicy ignored(QSizePolicy::Ignored, QSizePolicy::Ignored);
     return ignored;
 }
+
+} // namespace
 
 DockableTabGroup::DockableTabGroup()
     : DockableGroup(WindowMode::TabGroup)

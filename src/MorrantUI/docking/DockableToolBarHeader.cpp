@@ -8,7 +8,11 @@
 #include <QEvent>
 #include <QLabel>
 
-static constexpr QSize kGripSize(22, 10); // logical pixels, of the horizontal one
+namespace {
+
+constexpr QSize kGripSize(22, 10); // logical pixels, of the horizontal one
+
+} // namespace
 
 DockableToolBarHeader::DockableToolBarHeader(Direction direction)
     : m_direction(direction)

@@ -36,9 +36,13 @@ using ui::docking::mainWindow;
 using ui::docking::Rearranging;
 namespace native = morrant::native;
 
+namespace {
+
 /// Behind contents of any colour, whatever the theme: a neutral grey that shows between a window's
 /// parts and until its content paints.
-static constexpr QColor kGround(31, 31, 31);
+constexpr QColor kGround(31, 31, 31);
+
+} // namespace
 
 DockableWindow::DockableWindow()
     : m_dragHandler(this)

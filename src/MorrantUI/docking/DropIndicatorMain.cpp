@@ -5,11 +5,15 @@
 #include <QPainter>
 #include <QResizeEvent>
 
+namespace {
+
 // Neutral and half transparent, whatever the theme: they lie over contents of any colour, a picture
 // or a curve, and have to be told from it and from each other.
-static constexpr QColor kHighlight(150, 150, 150, 200);
-static constexpr QColor kShade(0x55, 0x55, 0x55, 0xdd); // of the bands and the header strip
-static constexpr QColor kOutline(255, 255, 255);
+constexpr QColor kHighlight(150, 150, 150, 200);
+constexpr QColor kShade(0x55, 0x55, 0x55, 0xdd); // of the bands and the header strip
+constexpr QColor kOutline(255, 255, 255);
+
+} // namespace
 
 DropIndicatorMain::DropIndicatorMain(QWidget* parent)
     : Widget(parent)

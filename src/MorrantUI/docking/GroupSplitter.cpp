@@ -17,8 +17,12 @@ using ui::docking::Cell;
 using ui::docking::Limits;
 using ui::docking::TreeAccess;
 
+namespace {
+
 /// As proportions, before there is any room: more than any minimum in pixels.
-static constexpr int kUnknownRoom = 100'000;
+constexpr int kUnknownRoom = 100'000;
+
+} // namespace
 
 GroupSplitter::GroupSplitter()
 {

@@ -13,15 +13,19 @@
 
 namespace ui::docking {
 
-static constexpr int kFlashDuration = 1500; ///< milliseconds
+namespace {
+
+constexpr int kFlashDuration = 1500; ///< milliseconds
 
 /// That of the first theme, for the life of the process: a frame's own colour is what its flash
 /// comes back to, which must be the same for all frames.
-static const QColor& focusFrameColor()
+const QColor& focusFrameColor()
 {
     static const QColor color = colorQt(QStringLiteral("Green"));
     return color;
 }
+
+} // namespace
 
 WindowOverlays::WindowOverlays(DockableWindow& window)
     : m_window(window)

@@ -9,7 +9,11 @@
 
 namespace ui::docking {
 
-static constexpr Qt::WindowStates kFillingScreen = Qt::WindowMaximized | Qt::WindowFullScreen;
+namespace {
+
+constexpr Qt::WindowStates kFillingScreen = Qt::WindowMaximized | Qt::WindowFullScreen;
+
+} // namespace
 
 void makeUsualSize(QWidget& window)
 {

@@ -87,7 +87,7 @@ void FileTabs::add(FilePage* page)
     }
 }
 
-QList<FilePage*> FileTabs::pages()
+QList<FilePage*> FileTabs::pages() const
 {
     QList<FilePage*> pages;
     for (int i = 0; i < count(); ++i) {
@@ -98,12 +98,12 @@ QList<FilePage*> FileTabs::pages()
     return pages;
 }
 
-FilePage* FileTabs::current()
+FilePage* FileTabs::current() const
 {
     return qobject_cast<FilePage*>(currentPage());
 }
 
-FilePage* FileTabs::pageOf(const QString& path)
+FilePage* FileTabs::pageOf(const QString& path) const
 {
     for (FilePage* page : pages()) {
         if (ui::isSameFile(page->path(), path)) {

@@ -34,11 +34,11 @@ public:
     /// already, are ignored.
     void add(FilePage* page);
     /// In the order of their tabs.
-    QList<FilePage*> pages();
+    QList<FilePage*> pages() const;
     /// The page in front; null only before the first one.
-    FilePage* current();
+    FilePage* current() const;
     /// The page of a file, however its path is spelled; null when it is not open.
-    FilePage* pageOf(const QString& path);
+    FilePage* pageOf(const QString& path) const;
     /// Brings the page of a file to the front.
     /// @return whether there is one
     bool showFile(const QString& path);
@@ -58,7 +58,7 @@ public:
     /// @return false when one of them was not saved; the ones behind it are then left alone
     bool saveAll();
     /// What saves the pages, with signals of its own; the tabs'.
-    FileSaver& saver() { return *m_saver; }
+    FileSaver& saver() const { return *m_saver; }
 
     /// The documents that have changes, as they are. One that cannot be written is as this has told
     /// it last, or left out if it never has; until then the last ones stay in memory.

@@ -310,7 +310,8 @@ void ValueGraphPane::place(std::optional<double> frame, std::optional<double> va
 
 QAction* ValueGraphPane::command(Command command) const
 {
-    return m_commands.at(static_cast<std::size_t>(command));
+    const auto index = static_cast<std::size_t>(command);
+    return index < m_commands.size() ? m_commands.at(index) : nullptr;
 }
 
 QList<QAction*> ValueGraphPane::commands() const

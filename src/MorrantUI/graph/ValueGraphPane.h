@@ -74,7 +74,7 @@ public:
     void setEmptyHint(const QString& hint);
 
     /// For menus and shortcuts; the pane's. The Delete key and T act while the view has the focus:
-    /// a list takes letters to find its rows by.
+    /// a list takes letters to find its rows by. Null for what is no command.
     QAction* command(Command command) const;
     QList<QAction*> commands() const; ///< all of them, as in the pane's own context menu
 

@@ -34,7 +34,7 @@ public:
     /// The tree goes first and the contents after it, so that whatever they are shown in is whole.
     ~Workspace() override;
 
-    DockableGroup& root() { return *m_root; } ///< owned by the workspace
+    DockableGroup& root() const { return *m_root; } ///< owned by the workspace
 
     enum class Kind
     {

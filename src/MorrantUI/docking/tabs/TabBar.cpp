@@ -134,13 +134,13 @@ void TabBar::dropTabWithoutPage()
     }
 }
 
-QWidget* TabBar::getPage(int index)
+QWidget* TabBar::getPage(int index) const
 {
     const TabItem* const tab = m_impl->header->tab(index);
     return tab != nullptr ? tab->page() : nullptr;
 }
 
-QWidget* TabBar::currentPage()
+QWidget* TabBar::currentPage() const
 {
     return getPage(activeTab());
 }

@@ -37,9 +37,9 @@ public:
     void addPage(TabItem* tab, QWidget* page);
 
     /// Null for an index out of range.
-    QWidget* getPage(int index);
+    QWidget* getPage(int index) const;
     /// Null without tabs.
-    QWidget* currentPage();
+    QWidget* currentPage() const;
     /// Null for an index out of range.
     TabItem* getTab(int index);
 

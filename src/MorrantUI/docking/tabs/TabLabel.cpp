@@ -6,7 +6,11 @@
 
 #include <QEvent>
 
-static constexpr int kMostChars = 24; ///< of a text that is shown whole, about
+namespace {
+
+constexpr int kMostChars = 24; ///< of a text that is shown whole, about
+
+} // namespace
 
 TabLabel::TabLabel(QWidget* tab)
     : RolloverLabel(tab)
