@@ -919,6 +919,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>The animation has no layers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Rename</source>
         <translation type="unfinished"></translation>
     </message>
