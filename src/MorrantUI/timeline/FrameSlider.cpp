@@ -42,18 +42,7 @@ FrameSlider::~FrameSlider() = default;
 
 void FrameSlider::setClock(PlaybackClock* wanted)
 {
-    const QPointer<FrameSlider> alive(this);
-    const QPointer<PlaybackClock> clock(wanted);
-    finishGesture();
-    if (!alive) {
-        return;
-    }
-    m_clock = clock;
-    m_clockLink.reset();
-    if (clock) {
-        m_clockLink = ui::linkClock(*clock, *this);
-        ui::showClock(*clock, *this);
-    }
+    ui::followClock(wanted, *this, m_clock, m_clockLink);
 }
 
 PlaybackClock* FrameSlider::clock() const

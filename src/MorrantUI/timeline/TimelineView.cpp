@@ -107,18 +107,7 @@ TimeEditorView* TimelineView::editor() const
 
 void TimelineView::setClock(PlaybackClock* wanted)
 {
-    const QPointer<TimelineView> alive(this);
-    const QPointer<PlaybackClock> clock(wanted);
-    finishGesture();
-    if (!alive) {
-        return;
-    }
-    m_clock = clock;
-    m_clockLink.reset();
-    if (clock) {
-        m_clockLink = ui::linkClock(*clock, *this);
-        ui::showClock(*clock, *this);
-    }
+    ui::followClock(wanted, *this, m_clock, m_clockLink);
 }
 
 PlaybackClock* TimelineView::clock() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMetaObject>
+#include <QPointer>
 
 #include <initializer_list>
 #include <memory>
@@ -41,5 +42,28 @@ std::unique_ptr<ClockLink> linkClock(PlaybackClock& clock, DopeSheetPane& pane);
 void showClock(const PlaybackClock& clock, FrameSlider& slider);
 void showClock(const PlaybackClock& clock, TimelineView& ruler);
 void showClock(const PlaybackClock& clock, DopeSheetPane& pane);
+
+/// setClock() of a view whose drags end before it follows another clock; whoever is told of that
+/// may delete either.
+template <typename View>
+void followClock(
+    PlaybackClock* wanted,
+    View& view,
+    QPointer<PlaybackClock>& clock,
+    std::unique_ptr<ClockLink>& link)
+{
+    const QPointer<View> alive(&view);
+    const QPointer<PlaybackClock> next(wanted);
+    view.finishGesture();
+    if (!alive) {
+        return;
+    }
+    clock = next;
+    link.reset();
+    if (next) {
+        link = linkClock(*next, view);
+        showClock(*next, view);
+    }
+}
 
 } // namespace ui
