@@ -3,7 +3,6 @@
 #include <MorrantUI/MorrantUI.h>
 
 #include <QCoreApplication>
-#include <QHeaderView>
 
 #include <algorithm>
 #include <functional>
@@ -27,7 +26,6 @@ public:
         setModel(model);
         setKeyRole(kListedIdentityRole);
         setSwitchColumns(model->switchColumns());
-        header()->setSectionResizeMode(0, QHeaderView::Stretch); // names have the rest of the room
         setReordering(Reordering::Siblings);
         model->setRows(m_layers); // whenever the document has changed
 

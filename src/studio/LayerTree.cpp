@@ -5,7 +5,6 @@
 #include "lottie/Document.h"
 #include <MorrantUI/menus/RowListModel.h>
 
-#include <QHeaderView>
 
 #include <map>
 #include <utility>
@@ -94,7 +93,6 @@ LayerTree::LayerTree(QWidget* parent)
     setReordering(Reordering::Siblings);
     setKeyRole(kListedIdentityRole);
     setModel(m_model);
-    header()->setSectionResizeMode(0, QHeaderView::Stretch);
     setSwitchColumns(m_model->switchColumns());
     connect(this, &TreeView::switchPressed, m_model, &RowListModel::pressSwitch);
     connect(m_model, &RowListModel::switchWanted, this, [this](int layer, int number, bool on) {

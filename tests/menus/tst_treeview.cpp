@@ -305,6 +305,7 @@ private Q_SLOTS:
         QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
         QTest::mousePress(viewport, Qt::RightButton, {}, at);
         QVERIFY(pressed.size() == 2 && garden.tree.columnWidth(1) == 24);
+        QCOMPARE(garden.tree.columnWidth(0), viewport->width() - 24);
         QCOMPARE(notationOf(garden.model), u"abc"_qs);
     }
 

@@ -162,6 +162,23 @@ void TreeView::fitSwitches()
             header()->resizeSection(column, kSwitchWidth);
         }
     }
+    giveRoomToNames();
+}
+
+/// To the one column that is no switch; of several the host knows which is how wide.
+void TreeView::giveRoomToNames()
+{
+    QList<int> others;
+    for (int column = 0; column < header()->count(); ++column) {
+        if (!m_switches.contains(column)) {
+            others.append(column);
+        }
+    }
+    const bool isHosts = others.size() != 1 || m_switches.isEmpty()
+                         || header()->sectionResizeMode(others[0]) != QHeaderView::Interactive;
+    if (!isHosts) {
+        header()->setSectionResizeMode(others[0], QHeaderView::Stretch);
+    }
 }
 
 bool TreeView::pressesSwitch(const QKeyEvent& key) const

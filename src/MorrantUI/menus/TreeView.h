@@ -58,7 +58,8 @@ public:
     /// wide as an icon, and a press of the left button in one tells of its cell by switchPressed(),
     /// and neither selects nor drags. Keys get there by the arrows to both sides, from a row that
     /// they do not unfold or close, and Space presses. Columns that the model does not have are
-    /// ignored. How the others share the rest of the width is the header's, which QTreeView has.
+    /// ignored. A single other column has the rest of the width; how several share it is the
+    /// header's.
     void setSwitchColumns(const QList<int>& columns);
     QList<int> switchColumns() const { return m_switches; }
 
@@ -124,6 +125,7 @@ private:
     bool pressSwitch(const QMouseEvent& event);
     bool pressesSwitch(const QKeyEvent& key) const;
     void fitSwitches();
+    void giveRoomToNames();
     bool isOnSwitch() const;
     QModelIndex cellBeside(int step) const;
     void recall();
