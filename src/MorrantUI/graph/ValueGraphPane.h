@@ -46,6 +46,7 @@ public:
         FitAll,
         TransformTool, ///< shows it or not
     };
+    Q_ENUM(Command)
 
     explicit ValueGraphPane(QWidget* parent = nullptr);
     ~ValueGraphPane() override;

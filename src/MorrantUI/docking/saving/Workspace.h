@@ -42,6 +42,7 @@ public:
         Bar,     ///< with a grip before it; docks at top and bottom only
         SideBar, ///< with a grip above it; docks at the sides only
     };
+    Q_ENUM(Kind)
 
     /// Takes a panel, closed at first. Its title is the content's window title, also when that
     /// changes; its share of the room is told by the content's size policy. A content that is
