@@ -12,7 +12,7 @@ NotesPanel::NotesPanel(QWidget* parent)
     , m_text(new PlainTextEdit)
 {
     m_text->setFrameShape(QFrame::NoFrame);
-    m_text->setPlaceholderText(tr("Notes about this document"));
+    m_text->setPlaceholderText(tr("Notes about this document\nShift+Return begins a new line"));
     m_text->setAccessibleName(tr("Notes"));
     m_text->setEnabled(false); // until there is a document
     m_text->setUndoLeftToHost(true);

@@ -292,8 +292,12 @@ void ValueGraphView::drawForeground(QPainter* painter, const QRectF& rect)
     painter->resetTransform();
     paintLabels(*painter);
     if (m_curves.empty()) {
+        constexpr int kCentred = Qt::AlignCenter | Qt::TextWordWrap;
+        const QRect place = painter->boundingRect(viewport()->rect(), kCentred, m_hint);
+        const QMargins around(kLabelMargin, 0, kLabelMargin, 0);
+        painter->fillRect(place + around, ui::colorQt(QStringLiteral("WindowBase"))); // no grid
         painter->setPen(ui::colorQt(QStringLiteral("HelperHints")));
-        painter->drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+        painter->drawText(viewport()->rect(), kCentred, m_hint);
     }
     painter->restore();
 }
@@ -315,8 +319,11 @@ void ValueGraphView::paintLabels(QPainter& painter) const
         }
     }
     for (const double frame : axisLines(seen.left(), seen.right(), step.width())) {
-        const double at = mapFromScene(frame, 0).x();
-        painter.drawText(QPointF(at + kLabelMargin, bottom), axisLabel(frame, step.width()));
+        const double left = mapFromScene(frame, 0).x() + kLabelMargin;
+        const QString label = axisLabel(frame, step.width());
+        if (left >= 0.0 && left + metrics.horizontalAdvance(label) <= viewport()->width()) {
+            painter.drawText(QPointF(left, bottom), label);
+        }
     }
 }
 
