@@ -225,6 +225,10 @@ private Q_SLOTS:
         }
         QCOMPARE(bare.field(0)->x(), stage.row.field(0)->x());
         QCOMPARE(bare.field(0)->geometry().right(), stage.row.field(2)->geometry().right());
+        stage.row.resize(stage.row.minimumSizeHint());
+        QCoreApplication::processEvents();
+        QVERIFY(stage.row.field(0)->x() < bare.nameWidth());
+        QVERIFY(stage.row.field(2)->geometry().right() < stage.row.pickWhip()->x());
         bare.setLayoutDirection(Qt::RightToLeft);
         QCoreApplication::processEvents();
         QVERIFY(bare.pickWhip()->x() < bare.field(0)->x());

@@ -135,7 +135,6 @@ void AttributeRow::layOut()
     QHBoxLayout* const name = tightLine(0, m_parts->nameColumn);
     name->addWidget(m_parts->label, 1);
     name->addWidget(m_parts->chain);
-    applyNameWidth();
 
     m_parts->editors = tightLine(kSpacing);
     QHBoxLayout* const buttons = tightLine(0);
@@ -147,6 +146,7 @@ void AttributeRow::layOut()
     line->addWidget(m_parts->nameColumn);
     line->addLayout(m_parts->editors, 1);
     line->addLayout(buttons);
+    applyNameWidth();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
@@ -246,9 +246,32 @@ int AttributeRow::nameWidth() const
                                   : kNameCharacters * fontMetrics().averageCharWidth();
 }
 
+/// Narrowed where two fields, or more that this row has, leave no room for it, so that rows of one
+/// width stay aligned.
 void AttributeRow::applyNameWidth()
 {
-    m_parts->nameColumn->setFixedWidth(nameWidth());
+    const int two = 2 * kFieldCharacters * fontMetrics().averageCharWidth() + kSpacing;
+    const int more = std::max(0, two - m_parts->editors->minimumSize().width());
+    const int others = minimumSizeHint().width() - leastNameWidth() + more;
+    const int wanted = std::min(nameWidth(), width() - others);
+    m_parts->nameColumn->setFixedWidth(std::max(wanted, leastNameWidth()));
+}
+
+int AttributeRow::leastNameWidth() const
+{
+    return m_parts->nameWidth > 0 ? nameWidth() : nameWidth() / 2;
+}
+
+QSize AttributeRow::minimumSizeHint() const
+{
+    const int spare = m_parts->nameColumn->minimumWidth() - leastNameWidth();
+    return Widget::minimumSizeHint() - QSize(spare, 0);
+}
+
+void AttributeRow::resizeEvent(QResizeEvent* event)
+{
+    Widget::resizeEvent(event);
+    applyNameWidth();
 }
 
 NumericField* AttributeRow::addField(double value)

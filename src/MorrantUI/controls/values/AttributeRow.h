@@ -54,9 +54,11 @@ public:
     bool isRenamable() const;
 
     /// The width of the name column in logical pixels, to align rows with each other; 0 or less
-    /// gives the default, which follows the font.
+    /// gives the default, which follows the font, and of which a narrow row shows less, down to its
+    /// half.
     void setNameWidth(int width);
     int nameWidth() const;
+    QSize minimumSizeHint() const override;
 
     /// Adds a floating-point field at the end; its default is `value`. The row owns it; the caller
     /// may set type, limits and step on it, and then sets the value again. Null when there are
@@ -140,6 +142,7 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Parts;
@@ -148,6 +151,7 @@ private:
     void connectParts();
     void nameParts();
     void applyNameWidth();
+    int leastNameWidth() const;
     QWidget* lastEditor() const;
     QList<QWidget*> parts() const;
     bool leadOn(QKeyEvent& key, bool plain);
