@@ -27,6 +27,7 @@ using style::translucent;
 
 constexpr double kFontShare = 0.85; ///< of the widget's font
 constexpr double kLabelTick = 8.0;  ///< pixels high
+constexpr double kPillGap = 3.0;    ///< pixels, from the playhead's number to a label beside it
 constexpr double kMediumTick = 6.0;
 constexpr double kMinorTick = 4.0;
 constexpr double kBookendWidth = 6.0; ///< inside the range
@@ -107,12 +108,15 @@ double baselineOf(const QFont& font, double top, double height)
 /// @param distance pixels from label to label
 void paintLabel(QPainter& painter, const RulerPicture& picture, int frame, double distance)
 {
-    const QRectF& taken = picture.playheadLabel;
+    const QRectF taken = picture.playheadLabel.adjusted(-kPillGap, 0.0, kPillGap, 0.0);
     const RulerGeometry& geometry = picture.geometry;
     const QString text = rulerLabel(frame, picture.scale);
     const double width = nameWidth(picture.font, text);
     const auto start = labelStart(geometry.x(frame), width, distance, geometry.width);
-    if (start && (*start > taken.right() || *start + width < taken.left() || taken.isEmpty())) {
+    if (start
+        && (*start > taken.right() || *start + width < taken.left()
+            || picture.playheadLabel.isEmpty()))
+    {
         const double baseline = baselineOf(picture.font, 0.0, geometry.bands.ticks);
         painter.drawText(QPointF(std::round(*start), baseline), text);
     }
