@@ -2,6 +2,7 @@
 #include "MorrantUI/documents/FilePage.h"
 
 #include <QFileInfo>
+#include <QPointer>
 
 FilePage::FilePage(QWidget* parent)
     : QWidget(parent)
@@ -14,8 +15,11 @@ void FilePage::setFile(const QString& title, const QString& path, const QByteArr
     m_title = title;
     m_path = path;
     m_fingerprint = fingerprint;
+    const QPointer<FilePage> alive(this);
     Q_EMIT changed(); // so that it is shown under its name
-    Q_EMIT documentSet();
+    if (alive) {
+        Q_EMIT documentSet();
+    }
 }
 
 void FilePage::setSaved(const QString& path, const QByteArray& fingerprint)

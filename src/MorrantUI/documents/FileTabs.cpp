@@ -82,8 +82,12 @@ void FileTabs::add(FilePage* page)
     if (page && !pages().contains(page)) {
         m_written.remove(page); // one of this address may have been here
         follow(*page);
+        const QPointer<FileTabs> alive(this); // whoever hears of a page may do anything
+        const QPointer<FilePage> added(page);
         addTab(*page);
-        setTab(count() - 1);
+        if (alive && added) {
+            showPage(page);
+        }
     }
 }
 
@@ -248,9 +252,15 @@ void FileTabs::addTab(FilePage& page)
     tab->setMenuType(TabItem::Closable);
     tab->addCloseButton();
     connect(tab, &TabItem::closed, this, [this, tab] { askToClose(*tab); });
+    const QPointer<FileTabs> alive(this);
+    const QPointer<FilePage> added(&page);
     addPage(tab, &page);
-    showTitle(page);
-    showTabs();
+    if (alive && added) {
+        showTitle(page);
+    }
+    if (alive) {
+        showTabs();
+    }
 }
 
 /// Not above a single page without a document; the last one cannot be closed.

@@ -149,6 +149,9 @@ private Q_SLOTS:
             QTest::keyClick(&tabs, key, Qt::ControlModifier);
             QCOMPARE(tabs.activeTab(), shown);
         }
+        connect(&tabs, &FileTabs::currentEdited, &tabs, [&tabs] { delete tabs.current(); });
+        tabs.front().setFile(u"gone"_qs, {}, {});
+        QCOMPARE(tabs.texts(), u"b c"_qs);
     }
 
     void closingAsksOnlyOverChanges()
