@@ -7,6 +7,7 @@
 #include <MorrantUI/docking/DockableTabWidget.h>
 #include <MorrantUI/docking/arrangement.h>
 #include <MorrantUI/docking/panelnavigation.h>
+#include <MorrantUI/docking/saving/savedlayouts.h>
 
 #include <QtWidgets>
 
@@ -360,6 +361,13 @@ private:
             ui::maximizePanel(some(s.a, ui::panelsInOrder()));
         }
     }
+    void arrange(Do s)
+    {
+        for (DockableWindow* panel : ui::allPanels()) {
+            panel->setObjectName(panel->getText());
+        }
+        s.a % 3 == 0 ? void(m_layout = ui::saveLayout()) : void(ui::restoreLayout(m_layout));
+    }
     void lockLayout(Do s) { ui::setLayoutLocked(s.a % 4 == 0); }
     /// Of a window that floats, or the main window.
     void changeState(Do s)
@@ -451,6 +459,7 @@ private:
     std::unique_ptr<Trap> m_trap;
     QPointer<DockableWindow> m_grabbed;           ///< at the last press
     std::vector<QPointer<DockableWindow>> m_kept; ///< when they are closed
+    QByteArray m_layout;
     int m_panels = 0;
     bool m_settled = false; ///< by the last step
 };
@@ -462,7 +471,7 @@ const std::array<DockSession::Step, 64> DockSession::kSteps{
     &S::cleanup,      &S::collapse,       &S::takeAndInsert,  &S::insertStolen,
     &S::changeHeader, &S::changeLook,     &S::destroyWindow,  &S::resizeWindow,
     &S::moveHandles,  &S::closeWindow,    &S::activation,     &S::settleAll,
-    &S::settleAll,    &S::addPanel,       &S::focusSomething, &S::processSome,
+    &S::arrange,      &S::addPanel,       &S::focusSomething, &S::processSome,
     &S::dockAsTab,    &S::dockAsTab,      &S::dockAsTab,      &S::setActive,
     &S::setActive,    &S::setTabText,     &S::takeTab,        &S::insertTab,
     &S::insertTab,    &S::drag,           &S::drag,           &S::drag,
@@ -472,7 +481,7 @@ const std::array<DockSession::Step, 64> DockSession::kSteps{
     &S::doubleClick,  &S::doubleClick,    &S::doubleClick,    &S::escape,
     &S::escape,       &S::toggleFloating, &S::maximize,       &S::maximize,
     &S::lockLayout,   &S::changeState,    &S::showClosed,     &S::showClosed,
-    &S::changeMind,   &S::askAll,         &S::settleAll,      &S::drag};
+    &S::changeMind,   &S::askAll,         &S::arrange,        &S::drag};
 
 } // namespace
 

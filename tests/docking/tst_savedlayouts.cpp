@@ -4,6 +4,7 @@
 #include <MorrantUI/docking/DockableHeader.h>
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/NamedLayouts.h>
+#include <MorrantUI/theme/events.h>
 
 using ui::test::DockTree;
 using ui::test::settle;
@@ -229,6 +230,21 @@ private Q_SLOTS:
         }));
         settle();
         QCOMPARE(tree.text(), u"H(a b)"_qs);
+    }
+
+    void whatComesAsAnotherIsAskedToCloseStays()
+    {
+        DockTree tree(u"H(V(a x) b)"_qs);
+        saved();
+        DockTree::panel(u"n"_qs); // nobody has seen it
+        const auto come = [&tree](QObject*, QEvent* event) {
+            event->type() == QEvent::Close ? tree.play(u"dock n x left"_qs) : void();
+            return false;
+        };
+        ui::installEventFilter(tree["a"], come, nullptr);
+        QVERIFY(ui::restoreLayout(layout(node("h:b,x"), ",'closed':['a']")));
+        settle();
+        QCOMPARE(tree.text(), u"H(b x n)"_qs);
     }
 
     void sizesWaitForTheMainWindow()

@@ -80,8 +80,11 @@ void LayoutRestore::run(const PanelForName& panelForName)
     }
     const LayoutChange change;
     const FocusReturn focus;
-    sortOutOthers();
     closeUnwanted();
+    if (!m_root) {
+        return; // or what is in a panel, as it was asked
+    }
+    noteOthers();
     const std::vector<QPointer<DockableGroup>> before = groupsNow();
     {
         const Rearranging rearranging;
@@ -129,19 +132,36 @@ void LayoutRestore::claim(const PanelForName& panelForName)
     m_layout.closed = closed;
 }
 
-void LayoutRestore::sortOutOthers()
+bool LayoutRestore::isClaimed(const DockableWindow& window) const
+{
+    return std::any_of(m_panels.cbegin(), m_panels.cend(), [&window](const auto& panel) {
+        return panel == &window;
+    });
+}
+
+/// What they do as they are asked comes before anything else is looked at.
+void LayoutRestore::closeUnwanted()
+{
+    Windows unwanted;
+    for (DockableWindow* window : allPanels()) {
+        if (!isClaimed(*window) && m_layout.closed.contains(window->objectName())) {
+            unwanted.emplace_back(window);
+        }
+    }
+    for (const QPointer<DockableWindow>& window : unwanted) {
+        if (window && window->isFloating()) {
+            window->close();
+        } else if (window) {
+            window->undockAndClose();
+        }
+    }
+}
+
+/// Also those that have refused to close.
+void LayoutRestore::noteOthers()
 {
     for (DockableWindow* window : allPanels()) {
-        const bool claimed =
-            std::any_of(m_panels.cbegin(), m_panels.cend(), [window](const auto& panel) {
-                return panel == window;
-            });
-        if (claimed) {
-            continue;
-        }
-        if (m_layout.closed.contains(window->objectName())) {
-            m_unwanted.emplace_back(window);
-        } else if (groupOf(*window) || !window->isHidden()) {
+        if (!isClaimed(*window) && (groupOf(*window) || !window->isHidden())) {
             m_others.emplace_back(window);
         }
     }
@@ -235,21 +255,6 @@ void LayoutRestore::floatWindow(const SavedWindow& saved)
     window->setVisible(m_root->isVisible());
     m_floated.push_back(window);
     applySizes(*window, saved.root);
-}
-
-/// A panel that refuses comes to the others.
-void LayoutRestore::closeUnwanted()
-{
-    for (const QPointer<DockableWindow>& window : m_unwanted) {
-        if (window && window->isFloating()) {
-            window->close();
-        } else if (window) {
-            window->undockAndClose();
-        }
-        if (window && !window->isClosing() && !window->isHidden()) {
-            m_others.push_back(window);
-        }
-    }
 }
 
 } // namespace ui::docking

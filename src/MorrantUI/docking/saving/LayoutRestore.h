@@ -34,19 +34,19 @@ private:
     using Windows = std::vector<QPointer<DockableWindow>>;
 
     void claim(const PanelForName& panelForName);
-    void sortOutOthers();
+    bool isClaimed(const DockableWindow& window) const;
+    void closeUnwanted();
+    void noteOthers();
     std::vector<QPointer<DockableGroup>> groupsNow() const;
     static void deleteEmptied(const std::vector<QPointer<DockableGroup>>& groups);
     void fill(DockableGroup& group, const LayoutNode& node);
     DockableWindow* assemble(const LayoutNode& node);
     void floatWindow(const SavedWindow& saved);
-    void closeUnwanted();
 
     QPointer<DockableGroup> m_root;
     SavedLayout m_layout;
     QHash<QString, QPointer<DockableWindow>> m_panels; ///< by the layout's names
     Windows m_others;                                  ///< not in the layout, and to be seen
-    Windows m_unwanted;                                ///< to be closed
     Windows m_floated;
 };
 
