@@ -84,6 +84,7 @@ void LayoutRestore::run(const PanelForName& panelForName)
     if (!m_root) {
         return; // or what is in a panel, as it was asked
     }
+    prune();
     noteOthers();
     const std::vector<QPointer<DockableGroup>> before = groupsNow();
     {
@@ -121,9 +122,14 @@ void LayoutRestore::claim(const PanelForName& panelForName)
             m_panels.insert(name, window);
         }
     }
+}
+
+/// Leaves out what cannot be had, or not any more.
+void LayoutRestore::prune()
+{
     QSet<QString> found;
     for (auto panel = m_panels.cbegin(); panel != m_panels.cend(); ++panel) {
-        if (panel.value()) {
+        if (panel.value() && !panel.value()->isClosing()) {
             found.insert(panel.key());
         }
     }

@@ -36,6 +36,7 @@ private:
     void claim(const PanelForName& panelForName);
     bool isClaimed(const DockableWindow& window) const;
     void closeUnwanted();
+    void prune();
     void noteOthers();
     std::vector<QPointer<DockableGroup>> groupsNow() const;
     static void deleteEmptied(const std::vector<QPointer<DockableGroup>>& groups);
