@@ -214,7 +214,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"new/layout.json"_qs);
         QByteArray before;
-        for (int run = 0; run < 3; ++run) {
+        for (int run = 0; run < 4; ++run) {
             Host host;
             LayoutFile file(path, host.panels, host);
             file.save(); // not before it was read
@@ -224,7 +224,7 @@ private Q_SLOTS:
             host.panels.setHidden(run == 1); // its panels never get a size
             host.open();
             if (run == 0) {
-                host.resize(560, 420);
+                host.resize(360, 310);
                 host.window(u"view"_qs).dockInArea(&host.window(u"notes"_qs), DockableArea::Bottom);
                 host.window(u"layers"_qs).undock(true);
                 host.window(u"layers"_qs).setGeometry(50, 60, 300, 200);
@@ -235,9 +235,13 @@ private Q_SLOTS:
                 ui::test::FakeClock(host.findChild<LayoutWatch*>()).fireTimers(ui::kLayoutRest);
             } else if (run == 1) {
                 file.save();
-            } else {
+            } else if (run == 2) {
                 QCOMPARE(host.panels.layout(), before);
-                QCOMPARE(host.size(), QSize(560, 420));
+                QCOMPARE(host.size(), QSize(360, 310));
+                host.resize(9000, 310);
+                file.save(); // on a screen that is larger than the next run's
+            } else {
+                QVERIFY(host.screen()->availableGeometry().contains(host.geometry()));
             }
             QVERIFY(failed.isEmpty() && file.value(u"loop"_qs) == QJsonValue(7));
         }

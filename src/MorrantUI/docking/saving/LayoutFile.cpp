@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MorrantUI/docking/saving/LayoutFile.h"
 
+#include "MorrantUI/docking/saving/layoutnode.h"
 #include "MorrantUI/docking/saving/wholefiles.h"
 #include <MorrantUI/docking/saving/LayoutWatch.h>
 #include <MorrantUI/docking/saving/Workspace.h>
+#include <MorrantUI/theme/screens.h>
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +16,7 @@
 
 namespace {
 
-constexpr QSize kFrameRoom(16, 40); ///< logical pixels of a screen, for a window's frame
+constexpr QMargins kFrameRoom(8, 32, 8, 8); ///< logical pixels of a screen, for a window's frame
 
 const QString kWindow = QStringLiteral("window");
 
@@ -26,6 +28,27 @@ bool isOwn(const QString& key)
         QStringLiteral("floating"),
         QStringLiteral("closed")};
     return key == kWindow || layout.contains(key);
+}
+
+/// What a screen has for a window without its frame.
+QRect roomOn(const QScreen& screen)
+{
+    return screen.availableGeometry().marginsRemoved(kFrameRoom);
+}
+
+/// Where a window was, which Qt does not shrink for a screen that is smaller now.
+/// @return false without a place that can be used
+bool place(QWidget& window, const QByteArray& saved)
+{
+    if (!window.restoreGeometry(saved)) {
+        return false;
+    }
+    const QScreen* const screen = getClosestScreenAt(window.geometry().center());
+    const bool fillsScreen = window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+    if (screen && !fillsScreen && !screen->availableGeometry().contains(window.geometry())) {
+        window.setGeometry(ui::docking::within(window.geometry(), roomOn(*screen)));
+    }
+    return true;
 }
 
 } // namespace
@@ -47,8 +70,7 @@ void LayoutFile::restore()
     QFile file(m_path);
     if (!file.exists() || !m_workspace) {
         m_mayWrite = true;
-        const QSize most = m_window.screen()->availableSize() - kFrameRoom;
-        m_window.resize(m_window.size().boundedTo(most));
+        fitScreen();
         return;
     }
     const QByteArray saved = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -62,12 +84,17 @@ void LayoutFile::restore()
     takeValues(all);
     QString error;
     if (m_workspace->setLayout(saved, &error)) {
-        const QByteArray place = all[kWindow].toString().toLatin1();
-        m_window.restoreGeometry(QByteArray::fromBase64(place));
+        const QByteArray window = all[kWindow].toString().toLatin1();
+        place(m_window, QByteArray::fromBase64(window)) ? void() : fitScreen();
         return;
     }
     m_mayWrite = ui::writeWhole(m_path + QStringLiteral(".bad"), saved).isEmpty();
     Q_EMIT failed(tr("The layout in “%1” cannot be used: %2.").arg(shown, error));
+}
+
+void LayoutFile::fitScreen()
+{
+    m_window.resize(m_window.size().boundedTo(roomOn(*m_window.screen()).size()));
 }
 
 /// Those that have not been set meanwhile.

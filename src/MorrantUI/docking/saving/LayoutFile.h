@@ -48,6 +48,7 @@ Q_SIGNALS:
     void failed(const QString& sentence);
 
 private:
+    void fitScreen();
     void takeValues(const QJsonObject& saved);
 
     QString m_path;
