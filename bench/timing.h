@@ -33,9 +33,9 @@ double medianNanosecondsOf(Work&& work)
     return median(times);
 }
 
-/// How many times as long `ours` takes as `floor`: the median over kRuns rounds of floor, ours, ours,
-/// floor. Who runs after itself is faster, and the rounds give both the same share of that and of a
-/// slow moment of the machine.
+/// How many times as long `ours` takes as `floor`: the median over kRuns rounds of floor, ours,
+/// ours, floor. Who runs after itself is faster, and the rounds give both the same share of that
+/// and of a slow moment of the machine.
 template <typename Ours, typename Floor>
 double medianRatio(Ours&& ours, Floor&& floor)
 {

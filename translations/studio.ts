@@ -1060,7 +1060,8 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Notes about this document</source>
+        <source>Notes about this document
+Shift+Return begins a new line</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

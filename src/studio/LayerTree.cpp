@@ -5,7 +5,6 @@
 #include "lottie/Document.h"
 #include <MorrantUI/menus/RowListModel.h>
 
-
 #include <map>
 #include <utility>
 
