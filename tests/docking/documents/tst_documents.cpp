@@ -231,6 +231,9 @@ private Q_SLOTS:
         QVERIFY(tabs.errors.value(0).endsWith(u"it is open in another tab or window."_qs));
 
         tabs.saver().setChoosePath({});
+        constexpr auto kNoNative = Qt::AA_DontUseNativeDialogs; // the system's take no answers
+        QCoreApplication::setAttribute(kNoNative);
+        const auto native = qScopeGuard([] { QCoreApplication::setAttribute(kNoNative, false); });
         const QString walk = folder.filePath(u"walk.txt"_qs);
         ui::replaceFile(walk, "old");
         tabs.add(new TextPage(u"w"_qs, {}));
