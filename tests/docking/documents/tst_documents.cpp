@@ -120,6 +120,14 @@ class DocumentsTest : public ui::test::TestCase
 {
     Q_OBJECT
 
+public:
+    // The system's own file dialogs take no answers.
+    DocumentsTest() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+    ~DocumentsTest() override
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
+    }
+
 private Q_SLOTS:
     void theFirstDocumentShowsTheTabsAndTheLastOneStays()
     {
@@ -231,9 +239,6 @@ private Q_SLOTS:
         QVERIFY(tabs.errors.value(0).endsWith(u"it is open in another tab or window."_qs));
 
         tabs.saver().setChoosePath({});
-        constexpr auto kNoNative = Qt::AA_DontUseNativeDialogs; // the system's take no answers
-        QCoreApplication::setAttribute(kNoNative);
-        const auto native = qScopeGuard([] { QCoreApplication::setAttribute(kNoNative, false); });
         const QString walk = folder.filePath(u"walk.txt"_qs);
         ui::replaceFile(walk, "old");
         tabs.add(new TextPage(u"w"_qs, {}));
