@@ -70,6 +70,7 @@ struct Bench
         control->setGeometry({{10, 10}, size});
         other->setGeometry(10, size.height() + 20, 100, 24);
         window->setGeometry(30, 30, std::max(200, size.width() + 40), size.height() + 60);
+        control->show(); // a control's own operations must not hide this one
         showActive(*window);
         other->setFocus();
     }
