@@ -31,6 +31,7 @@ struct Desk : QWidget
         connect(control, &Control::editEnded, this, [this](bool changed) {
             told << (changed ? u"C)"_qs : u")"_qs);
         });
+        control->show();
         showActive(*this);
     }
     QString take() { return std::exchange(told, {}).join(u' '); }
